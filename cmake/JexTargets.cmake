@@ -1,0 +1,85 @@
+# Toolkit, warnings, sanitizers and the three kinds of target of this project.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/forms)
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+# One name for the toolkit, whichever major version is behind it.
+add_library(jex_qtcore INTERFACE)
+add_library(jex_qtgui INTERFACE)
+if(JEX_QT_MAJOR EQUAL 4)
+  find_package(Qt4 4.8 REQUIRED QtCore QtGui)
+  target_link_libraries(jex_qtcore INTERFACE Qt4::QtCore)
+  target_link_libraries(jex_qtgui INTERFACE Qt4::QtGui)
+else()
+  find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Test)
+  target_link_libraries(jex_qtcore INTERFACE Qt5::Core)
+  target_link_libraries(jex_qtgui INTERFACE Qt5::Widgets)
+endif()
+
+add_library(jex_flags INTERFACE)
+target_include_directories(jex_flags INTERFACE ${PROJECT_SOURCE_DIR})
+# The host may define Qt's keyword macros away; our headers must not need them. The sources stay on
+# the API that Qt 4.8 has, so Qt 5.15's notes on it would only be noise.
+target_compile_definitions(jex_flags INTERFACE QT_NO_KEYWORDS QT_NO_DEPRECATED_WARNINGS)
+target_compile_options(jex_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wno-deprecated-declarations)
+if(JEX_WERROR)
+  target_compile_options(jex_flags INTERFACE -Werror)
+endif()
+if(JEX_SANITIZE)
+  target_compile_options(jex_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
+    -fno-sanitize-recover=undefined)
+  target_link_options(jex_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# jex_core_library(NAME SHARED|STATIC sources...): code that needs no widget. It links QtCore alone,
+# so a widget include that creeps in fails the build.
+function(jex_core_library name kind)
+  add_library(${name} ${kind} ${ARGN})
+  target_link_libraries(${name} PUBLIC jex_flags jex_qtcore)
+endfunction()
+
+# jex_gui_library(NAME SHARED|STATIC sources...)
+function(jex_gui_library name kind)
+  add_library(${name} ${kind} ${ARGN})
+  target_link_libraries(${name} PUBLIC jex_flags jex_qtgui)
+endfunction()
+
+# jex_room(NAME sources...): one room of the plug-in, compiled once and linked both into the plug-in
+# and into the tests of the room.
+function(jex_room name)
+  add_library(${name} OBJECT ${ARGN})
+  target_link_libraries(${name} PUBLIC jex_flags jex_qtgui)
+endfunction()
+
+# jex_test(NAME [XVFB] SOURCES ... LIBS ...): one test program, run without a display; XVFB runs it in
+# a real window on a virtual X server instead.
+function(jex_test name)
+  cmake_parse_arguments(T "XVFB" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${T_SOURCES})
+  target_link_libraries(${name} PRIVATE jex_flags Qt5::Test ${T_LIBS})
+  if(T_XVFB)
+    add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x800x24" $<TARGET_FILE:${name}>)
+    set(platform xcb)
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+    set(platform offscreen)
+  endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
+    "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;QT_LOGGING_RULES=;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0;ASAN_OPTIONS=detect_odr_violation=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QAction;
+
+namespace Core {
+
+// Commands by identifier, such as "Core.Action.Save". The host shows the command's own action in menus
+// and tool bars; plug-ins register theirs for a context, and the command mirrors the text, tool tip and
+// enabled state of the one whose context is active, and triggers it. Without one the command is
+// disabled under its default text.
+class ActionManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    static ActionManager *instance();
+
+    // The host's own action for a command, made on first use; for menus and tool bars.
+    QAction *command(const QString &actionId, const QString &defaultText = QString());
+
+    // The action is not owned and forgotten when it dies.
+    static void registerAction(QAction *action, const QString &actionId, const QString &context);
+};
+
+} // namespace Core

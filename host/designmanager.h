@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+#include "host/devicearg.h"
+
+namespace TE {
+
+// The host's numbers of file types. 2 to 4 are the kinds of design source.
+enum FileType {
+    UnknownFile = 0,
+    ConfigFile = 1, // ".zub" and everything else that is not design source
+    VerilogFile = 2,
+    SystemVerilogFile = 3,
+    VhdlFile = 4
+};
+
+// The type that a suffix stands for: .v .vh .vlg Verilog, .sv .svh SystemVerilog, .vhd .vhdl VHDL.
+FileType fileTypeFromName(const QString &path);
+
+struct FileInfo
+{
+    int type = UnknownFile;
+    bool enabled = false; // false too for a file that the project does not hold
+};
+
+// The design side of the open project: what its sources are, what its options say, which device it is
+// for. Reads Core::ProjectManager::currentProject(); with no project every answer is empty.
+// Watches the project's design files on disk and posts "TE.File.Modified" {"file"} when one changed.
+//
+// Events about the project, with their data:
+//   "TE.File.Add"           "file"
+//   "TE.File.Modified"      "file"
+//   "TE.File.Remove"        "file" "enable" "type"
+//   "TE.File.Change.Enable" "file" "enable" "type"
+//   "TE.File.Change.Type"   "file" "type" "previous"
+//   "TE.Option.Change"      "option"
+//   "TE.Device.Change"      none
+class DesignManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DesignManager(QObject *parent = nullptr);
+
+    // "Top" (text), "Files" (list of maps with "Path" absolute and "Type", enabled design files only, in
+    // project order), "IncludePath" "LibraryPath" (absolute lists), "Defines" (list),
+    // "Verilog_Standard" (text), "WorkingDir" (text).
+    QMap<QString, QVariant> getSourceFileInfo() const;
+    FileInfo getFileInfo(const QString &path) const;
+    QVariant getOptionValue(const QString &option) const; // names as in Core::Project::setOption
+    QString workingDir() const;
+    DEV::DeviceArg currentDevice() const;
+
+    // Follows the project that is open now; called by Core::ProjectManager and Core::Project.
+    void updateWatchedFiles();
+
+private Q_SLOTS:
+    void onFileChanged(const QString &path);
+};
+
+class TaskEngine
+{
+public:
+    static TaskEngine *instance();
+    DesignManager *designManager() const;
+
+private:
+    TaskEngine();
+    DesignManager *m_designManager;
+};
+
+} // namespace TE

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include "host/devicearg.h"
+
+namespace Core {
+
+// One source file of a project. Paths are absolute in memory and relative to the project's folder in
+// the project file.
+struct SourceFile
+{
+    QString path;
+    int type = 0; // TE::FileType
+    bool enabled = true;
+};
+
+// All that a project file holds. A value: load, edit and save are separate steps.
+struct ProjectData
+{
+    QString name;
+    QList<SourceFile> files;  // in the order given; design files and ".zub" files alike
+    QString topModule;        // empty: found from the sources
+    QStringList includePaths; // absolute, or relative to the project's folder
+    QStringList libraryPaths; // folders searched for modules that no source defines, same forms
+    QStringList defines;      // NAME or NAME=VALUE
+    QString verilogStandard;  // "1364-1995" "1364-2001" "1364-2005" "1800-2005" ... as the elaborator
+                              // takes them; empty: by file type
+    QString synthesisTool;
+    DEV::DeviceArg device;
+};
+
+// The open project. Every change posts the host event that belongs to it (see TE::DesignManager) and
+// marks the project modified; nothing reaches the disk before save().
+class Project : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Project(QObject *parent = nullptr);
+
+    QString name() const;
+    QString filePath() const;   // the project file; empty for a project made from the command line
+    QString workingDir() const; // folder of the project file; the current folder when there is none
+    const ProjectData &data() const;
+    bool isModified() const;
+
+    // Both fail with a sentence that names the file and the line or key at fault; a failed load leaves
+    // the project as it was, a failed save the file. Saving replaces the file in one step.
+    bool load(const QString &filePath, QString *errorMessage);
+    bool save(QString *errorMessage);
+    bool saveAs(const QString &filePath, QString *errorMessage);
+    void setData(const ProjectData &data);
+
+    // Adds a file (type from its suffix) unless it is in the project already. Posts "TE.File.Add".
+    void addFile(const QString &path);
+    void removeFile(const QString &path);                   // posts "TE.File.Remove"
+    void setFileEnabled(const QString &path, bool enabled); // posts "TE.File.Change.Enable"
+    void setFileType(const QString &path, int type);        // posts "TE.File.Change.Type"
+    // Options by the host's names: "TopModule", "IncludePath", "Verilog_Standard", "Synthesize_tool",
+    // "Defines", "LibraryPath". Posts "TE.Option.Change" when the value differs.
+    void setOption(const QString &option, const QVariant &value);
+    void setDevice(const DEV::DeviceArg &device); // posts "TE.Device.Change"
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    ProjectData m_data;
+    QString m_filePath;
+    bool m_modified;
+};
+
+// Knows the project that is open. Not more than one is.
+class ProjectManager
+{
+public:
+    static Project *currentProject(); // null when none is open; not owned by the caller
+    static void setCurrentProject(Project *project);
+};
+
+} // namespace Core

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+class QTabWidget;
+
+namespace Core {
+
+class IView;
+
+// Shows views in tabs. Every view sits in a container widget of its own, which is the page of the tab:
+// a view that closes its parent widget closes itself and nothing else. A user who closes a tab asks
+// the view first, through its closeEvent; a view that refuses stays. Closing the container goes straight
+// to the end: the view is deleted without being asked again.
+class ViewManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    static ViewManager *instance();
+
+    // The widget with the tabs, for a main window to embed. Made on first use, then owned by whoever
+    // becomes its parent.
+    QTabWidget *tabWidget();
+
+    // Shows and activates a view; a new one is put into a container and belongs to the manager from then.
+    void showView(IView *view);
+    // Sends the view a close event; false when the view refuses. Reports viewClosed and deletes it.
+    bool closeView(IView *view);
+    // Closes every view, the active one last; stops at the first that refuses.
+    bool closeAllViews();
+
+    // Actions that are registered for a context are live while the widget that it is bound to is active.
+    void registerContext(QWidget *widget, const QString &context, bool enabled);
+
+    QList<IView *> views() const;
+    IView *currentView() const;
+    QStringList activeContexts() const;
+    QWidget *dialogParent() const; // parent for message boxes: the window that shows the tabs
+    void setDialogParent(QWidget *parent);
+
+Q_SIGNALS:
+    // The argument of the first may be null: no view is left. The second comes before the view is
+    // deleted.
+    void viewActiveted(Core::IView *view);
+    void viewClosed(Core::IView *view);
+    void contextsChanged(const QStringList &contexts);
+};
+
+} // namespace Core

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "model/jex/signalitem.h"
+
+namespace JEX {
+
+// Coding of the implementation fields.
+enum Implementation { BsramImplementation = 0, RegImplementation = 1, SsramImplementation = 2 };
+
+// The mode of a configuration file; any other value means neither.
+enum JexMode { InvalidMode = 0, StandardMode = 10087, LiteMode = 10088 };
+
+// One trigger port of a Standard core; owned by the core.
+struct TriggerPort
+{
+    qint32 portNumber = 0;
+    QList<SignalItem> signalItems;
+
+    QList<SignalItem> singleSignals() const; // flattened to bits: each bus replaced by its members
+};
+
+// One comparator of a Standard core; owned by the core.
+struct MatchUnit
+{
+    qint32 unitNumber = 0; // M0 to M15
+    bool enabled = false;
+    TriggerPort *triggerPort = nullptr; // of the same core; null: not bound
+    qint32 function = 0;                // comparison, see MatchFunction
+    QString value;                      // one character a bit of the bound port
+    QString upperValue;                 // second bound of a range; empty otherwise
+};
+
+// What a unit compares for. Only the first two take edge characters.
+enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
+
+// One analyzer core of a Standard file. Owns its ports and units; not copied.
+class AoCore
+{
+public:
+    explicit AoCore(int number);
+    ~AoCore();
+
+    qint32 coreNumber;
+    QString sampleClock;                     // full name of the clock net; empty: none chosen
+    qint32 sampleEdge = 0;                   // 0 rising, 1 falling
+    qint32 triggerMode = 0;                  // 0 Dynamic, 1 Static
+    qint32 triggerImplementation = 0;        // Implementation
+    qint32 captureImplementation = 0;        // Implementation
+    qint32 storageSize = 1024;               // power of two, 4 to 65536
+    qint32 captureAmount = 1024;             // power of two, 4 to storage size / segments
+    qint32 triggerPosition = 0;              // 0 to capture amount - 4
+    qint32 windowNumber = 1;                 // segments, 1 to storage size / 4
+    QList<TriggerPort *> triggerPorts;       // 16, numbered from 0
+    QList<MatchUnit *> matchUnits;           // 16, M0 to M15
+    QStringList expressions;                 // at most 16
+    QList<SignalItem> enabledCaptureSignals; // those of captureSignals with capEnable, same order
+    QList<SignalItem> captureSignals;
+    QString topModuleName;
+    bool forceTriggerByFallingEdge = false;
+    bool captureInitialData = false;
+
+    QList<TriggerPort *> availableTriggers() const; // ports that hold signals
+    QList<MatchUnit *> enabledMatchUnits() const;
+    TriggerPort *getTrigger(int index) const; // null when there is none
+    MatchUnit *matchUnit(int number) const;   // null for a number that is no unit
+
+private:
+    AoCore(const AoCore &);
+    AoCore &operator=(const AoCore &);
+};
+
+// One analyzer core of a Lite file.
+struct AOCore_Lite
+{
+    qint32 coreNumber = 0;
+    QString sampleClock;
+    qint32 sampleEdge = 0;     // 0 rising, 1 falling
+    qint32 implementation = 0; // Implementation
+    qint32 captureAmount = 1024;
+    bool enableCaptureDataInputRegister = false;
+    bool captureInitialData = false;
+    QList<SignalItem> enabledCaptureSignals;
+    QList<SignalItem> captureSignals;
+    QString topModuleName; // never set by the Lite editor
+};
+
+} // namespace JEX

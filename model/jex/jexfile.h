@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "model/jex/core.h"
+
+namespace JEX {
+
+// The ".zub" file. Paths are absolute. Reading loads the whole file and judges it before a record is made;
+// writing replaces the file in one step, and a failed write leaves the old file as it was.
+
+// The mode of a file; InvalidMode when it cannot be read or says neither.
+JexMode jexModeFromJexConfigFile(const QString &path);
+
+// True when the file is a well-formed file of the mode.
+bool checkJEXStandardFile(const QString &path);
+bool checkJEXLiteFile(const QString &path);
+
+// The cores in file order, owned by the caller. On failure the list is empty, *ok false and the message a
+// sentence that names file, line and fault. ok and errorMessage may be null.
+QList<AoCore *> readJEXConfigFromXml(const QString &path, bool *ok, QString *errorMessage);
+QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QString *errorMessage);
+
+bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path);
+bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path);
+
+// Writes a file of the mode without cores. Overwrites.
+void fillInfoForEmptyJexConfig(const QString &path, JexMode mode);
+
+} // namespace JEX

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QList>
+#include <QMetaType>
+#include <QString>
+
+namespace JEX {
+
+// One capture or trigger signal row. A value; stored whole in the rows of signal trees.
+struct SignalItem
+{
+    QString name;              // full name of the net or bus in the netlist: the signal's identity
+    QString alias;             // display name given by the user; empty: none
+    QList<SignalItem> members; // of a bus or group, one record a bit, in row order; empty for a single net
+    bool valid = true;         // exists in the current netlist
+    bool auxFlag = true;       // the library's; copied unchanged, a row without it is drawn red
+    qint32 type = -1;          // 0 single net, 1 netlist bus or a bit of one, -1 user's group or unknown
+    bool capEnable = true;     // takes part in the capture
+};
+
+bool operator==(const SignalItem &a, const SignalItem &b);
+inline bool operator!=(const SignalItem &a, const SignalItem &b)
+{
+    return !(a == b);
+}
+
+} // namespace JEX
+
+Q_DECLARE_METATYPE(JEX::SignalItem)

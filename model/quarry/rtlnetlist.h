@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace QUARRY {
+
+class Hierachy;
+class RtlNet;
+class RtlNetBus;
+
+// What the source says about a declared name: shared by all nets of that declaration, in all instances.
+struct Declaration
+{
+    QString file; // absolute path
+    int line = 0;
+    QString type;           // as declared, "logic [7:0]", "state_t"; may be empty
+    QStringList enumLabels; // "IDLE=0", in order of declaration; empty when the type is no enumeration
+};
+
+// One single-bit net, or one bit of a bus.
+// Full names: instance path joined by '/' from the top instance, "top/u0/ready", "top/u0/count[3]".
+class RtlNet
+{
+public:
+    bool excluded = false; // must not be offered for probing
+
+    QString name() const;         // "ready", "count[3]"
+    QString fullPathName() const; // the identity under which a configuration stores the signal
+    const Declaration &declaration() const;
+    Hierachy *module() const;
+};
+
+// One bus. Members in declared order, the left index of the range first: a[7:0] gives a[7] ... a[0].
+class RtlNetBus
+{
+public:
+    bool excluded = false; // as for a net, for the bus as a whole
+    QList<RtlNet *> members;
+
+    QString BusName() const;     // "count[7:0]"
+    QString fullBusName() const; // "top/u0/count[7:0]"
+    const Declaration &declaration() const;
+    Hierachy *module() const;
+};
+
+// One instance of a module; generate scopes and interfaces are nodes too.
+class Hierachy
+{
+public:
+    QString instanceName;
+    QString moduleName;
+    Hierachy *parent = nullptr; // null exactly for the top node
+    QList<Hierachy *> children; // in design order
+    QList<RtlNet *> nets;       // declared directly here
+    QList<RtlNetBus *> buses;
+
+    QString fullPathName() const;                 // "top/u0"
+    QList<RtlNet *> singleNetsIncludeSub() const; // own nets, then those of all descendants
+    QList<RtlNetBus *> netbusesIncludeSub() const;
+};
+
+// The root of one elaborated design. Immutable once built; frees everything below it when it dies.
+class RtlNetlist
+{
+public:
+    Hierachy *topHierarchy = nullptr; // null in a model that holds no design
+    bool usesTsJtag = false;
+
+    RtlNetlist();
+    ~RtlNetlist();
+
+    // The net or bus bit of that full name; null when there is none. Walks down the instance path, so it
+    // needs no index: names may contain the separator themselves.
+    RtlNet *findNet(const QString &name) const;
+    RtlNetBus *findBus(const QString &name) const;
+};
+
+} // namespace QUARRY
