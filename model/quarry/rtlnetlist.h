@@ -4,9 +4,15 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
+#include <memory>
+#include <vector>
+
 namespace QUARRY {
 
 class Hierachy;
+class NetlistBuilder;
+class RtlModule;
 class RtlNet;
 class RtlNetBus;
 
@@ -29,7 +35,12 @@ public:
     QString name() const;         // "ready", "count[3]"
     QString fullPathName() const; // the identity under which a configuration stores the signal
     const Declaration &declaration() const;
-    Hierachy *module() const;
+    Hierachy *module() const { return m_module; }
+
+private:
+    friend class NetlistBuilder;
+    quint32 m_slot = 0; // number in RtlModule
+    Hierachy *m_module = nullptr;
 };
 
 // One bus. Members in declared order, the left index of the range first: a[7:0] gives a[7] ... a[0].
@@ -42,7 +53,12 @@ public:
     QString BusName() const;     // "count[7:0]"
     QString fullBusName() const; // "top/u0/count[7:0]"
     const Declaration &declaration() const;
-    Hierachy *module() const;
+    Hierachy *module() const { return m_module; }
+
+private:
+    friend class NetlistBuilder;
+    quint32 m_entry = 0; // number in RtlModule
+    Hierachy *m_module = nullptr;
 };
 
 // One instance of a module; generate scopes and interfaces are nodes too.
@@ -56,9 +72,24 @@ public:
     QList<RtlNet *> nets;       // declared directly here
     QList<RtlNetBus *> buses;
 
-    QString fullPathName() const;                 // "top/u0"
-    QList<RtlNet *> singleNetsIncludeSub() const; // own nets, then those of all descendants
+    const QString &fullPathName() const { return m_path; } // "top/u0"
+    QList<RtlNet *> singleNetsIncludeSub() const;          // own nets, then those of all descendants
     QList<RtlNetBus *> netbusesIncludeSub() const;
+
+    // What all instances of the module share. Its single nets and buses stand in the order of `nets` and
+    // `buses`.
+    const RtlModule &declarations() const { return *m_declarations; }
+
+private:
+    friend class NetlistBuilder;
+    friend class RtlNetlist;
+    RtlNet *findNet(const QString &name, int from) const;
+    RtlNetBus *findBus(const QString &name, int from) const;
+
+    QString m_path;
+    const RtlModule *m_declarations = nullptr;
+    std::vector<RtlNet> m_bits; // all single nets and bus bits, by slot
+    std::vector<RtlNetBus> m_buses;
 };
 
 // The root of one elaborated design. Immutable once built; frees everything below it when it dies.
@@ -75,6 +106,12 @@ public:
     // needs no index: names may contain the separator themselves.
     RtlNet *findNet(const QString &name) const;
     RtlNetBus *findBus(const QString &name) const;
+
+private:
+    Q_DISABLE_COPY(RtlNetlist)
+    friend class NetlistBuilder;
+    std::vector<std::unique_ptr<RtlModule>> m_modules;
+    std::deque<Hierachy> m_nodes;
 };
 
 } // namespace QUARRY

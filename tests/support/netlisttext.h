@@ -6,7 +6,8 @@ namespace QUARRY {
 class RtlNetlist;
 }
 
-// A netlist drawn as text, for tests. One line each, two blanks of indentation a level:
+// A netlist drawn as text, for tests. One line each, two blanks of indentation a level more than the
+// first line; empty lines are skipped:
 //
 //   top                      the top instance (its module has the same name)
 //     clk                    a net
@@ -17,5 +18,7 @@ class RtlNetlist;
 //       ready
 //     TS_JTAG!               the design uses TS_JTAG
 //
-// The caller owns the result. A line that it cannot read ends the test program with a message.
+// Instances of one module that show the same nets share their declarations. The caller owns the result. A
+// line that it cannot read ends the test program with a message.
 QUARRY::RtlNetlist *netlistFromText(const char *text);
+QUARRY::RtlNetlist *netlistFromText(const QString &text);
