@@ -1,6 +1,7 @@
 #include "netselect/netsearch.h"
 
 #include "model/quarry/rtlnetlist.h"
+#include "netselect/nodematcher.h"
 
 namespace RTLJEX {
 
@@ -21,15 +22,49 @@ QString displayName(const QUARRY::Hierachy *module)
                           : module->instanceName;
 }
 
-void addOwnMatches(ModuleForWidget &node, const QUARRY::Hierachy *module, SearchOptions &options)
+// Finds the matches of one search, node by node.
+class Search
 {
-    for (QUARRY::RtlNet *net : module->nets)
-        if (checkNetForHierarchy(net, options))
-            node.nets.append(net);
-    for (QUARRY::RtlNetBus *bus : module->buses)
-        if (checkNetForHierarchy(bus, options))
-            node.buses.append(bus);
-}
+public:
+    explicit Search(const SearchOptions &options) : m_takesAll(options.pattern.isEmpty()), m_matcher(options)
+    {
+    }
+
+    void addOwn(const QUARRY::Hierachy *module, QList<QUARRY::RtlNet *> &nets,
+                QList<QUARRY::RtlNetBus *> &buses)
+    {
+        if (m_takesAll) {
+            nets += module->nets;
+            buses += module->buses;
+        } else {
+            m_matcher.addMatches(module, nets, buses);
+        }
+    }
+
+    void addSubtree(const QUARRY::Hierachy *module, QList<QUARRY::RtlNet *> &nets,
+                    QList<QUARRY::RtlNetBus *> &buses)
+    {
+        addOwn(module, nets, buses);
+        for (const QUARRY::Hierachy *child : module->children)
+            addSubtree(child, nets, buses);
+    }
+
+    void addNode(ModuleForWidget &parent, const QUARRY::Hierachy *module)
+    {
+        parent.subModules.append(ModuleForWidget());
+        ModuleForWidget &node = parent.subModules.last();
+        node.name = displayName(module);
+        addOwn(module, node.nets, node.buses);
+        for (const QUARRY::Hierachy *child : module->children)
+            addNode(node, child);
+        if (node.nets.isEmpty() && node.buses.isEmpty() && node.subModules.isEmpty())
+            parent.subModules.removeLast();
+    }
+
+private:
+    bool m_takesAll;
+    NodeMatcher m_matcher;
+};
 
 } // namespace
 
@@ -49,37 +84,23 @@ void searchNets(QUARRY::RtlNetlist *netlist, SearchOptions options, QList<QUARRY
     if (!netlist)
         return;
     const QUARRY::Hierachy *module = options.searchInModule ? options.module : netlist->topHierarchy;
-    const bool wholeSubtree = options.searchInModule && options.includeSubentries;
-    QList<QUARRY::RtlNet *> candidateNets;
-    QList<QUARRY::RtlNetBus *> candidateBuses;
-    if (module) {
-        candidateNets = wholeSubtree ? module->singleNetsIncludeSub() : module->nets;
-        candidateBuses = wholeSubtree ? module->netbusesIncludeSub() : module->buses;
-    }
     if (options.pattern.isEmpty()) {
-        nets = candidateNets;
-        buses = candidateBuses;
-        return;
+        nets.clear();
+        buses.clear();
     }
-    for (QUARRY::RtlNet *net : candidateNets)
-        if (checkNetForHierarchy(net, options))
-            nets.append(net);
-    for (QUARRY::RtlNetBus *bus : candidateBuses)
-        if (checkNetForHierarchy(bus, options))
-            buses.append(bus);
+    if (!module)
+        return;
+    Search search(options);
+    if (options.searchInModule && options.includeSubentries)
+        search.addSubtree(module, nets, buses);
+    else
+        search.addOwn(module, nets, buses);
 }
 
 void createModuleForWidget(ModuleForWidget &parent, QUARRY::Hierachy *module, SearchOptions &options)
 {
-    if (!module)
-        return;
-    ModuleForWidget node;
-    node.name = displayName(module);
-    addOwnMatches(node, module, options);
-    for (QUARRY::Hierachy *child : module->children)
-        createModuleForWidget(node, child, options);
-    if (!node.nets.isEmpty() || !node.buses.isEmpty() || !node.subModules.isEmpty())
-        parent.subModules.append(node);
+    if (module)
+        Search(options).addNode(parent, module);
 }
 
 ModuleForWidget searchNetsHierarchy(SearchOptions options)
@@ -90,10 +111,11 @@ ModuleForWidget searchNetsHierarchy(SearchOptions options)
     result.name = displayName(options.module);
     if (!options.searchInModule)
         return result;
-    addOwnMatches(result, options.module, options);
+    Search search(options);
+    search.addOwn(options.module, result.nets, result.buses);
     if (options.includeSubentries)
-        for (QUARRY::Hierachy *child : options.module->children)
-            createModuleForWidget(result, child, options);
+        for (const QUARRY::Hierachy *child : options.module->children)
+            search.addNode(result, child);
     return result;
 }
 
