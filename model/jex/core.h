@@ -37,10 +37,14 @@ struct MatchUnit
 // What a unit compares for. Only the first two take edge characters.
 enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
 
+// What a file and a core hold at most.
+enum Limit { CoreLimit = 16, PortCount = 16, UnitCount = 16, ExpressionLimit = 16 };
+
 // One analyzer core of a Standard file. Owns its ports and units; not copied.
 class AoCore
 {
 public:
+    // A core with the defaults below, 16 empty ports and 16 units that are disabled and not bound.
     explicit AoCore(int number);
     ~AoCore();
 
@@ -51,8 +55,8 @@ public:
     qint32 triggerImplementation = 0;        // Implementation
     qint32 captureImplementation = 0;        // Implementation
     qint32 storageSize = 1024;               // power of two, 4 to 65536
-    qint32 captureAmount = 1024;             // power of two, 4 to storage size / segments
-    qint32 triggerPosition = 0;              // 0 to capture amount - 4
+    qint32 captureAmount = 1024;             // power of two, 4 to storage size / segments; 0: none fits
+    qint32 triggerPosition = 0;              // 0 to capture amount - 4, which may be -4
     qint32 windowNumber = 1;                 // segments, 1 to storage size / 4
     QList<TriggerPort *> triggerPorts;       // 16, numbered from 0
     QList<MatchUnit *> matchUnits;           // 16, M0 to M15

@@ -7,13 +7,15 @@
 
 namespace JEX {
 
-// The ".zub" file. Paths are absolute. Reading loads the whole file and judges it before a record is made;
-// writing replaces the file in one step, and a failed write leaves the old file as it was.
+// The ".zub" file. Paths are absolute. Reading gives all records of a file or none; writing replaces the
+// file in one step, and a failed write leaves the old file as it was and says why in the debug output.
+// The format is described in docs/zub-format.md.
 
 // The mode of a file; InvalidMode when it cannot be read or says neither.
 JexMode jexModeFromJexConfigFile(const QString &path);
 
-// True when the file is a well-formed file of the mode.
+// True when the whole file is well-formed XML and of the mode. What its values are worth is judged by
+// reading, which can say what is wrong with them.
 bool checkJEXStandardFile(const QString &path);
 bool checkJEXLiteFile(const QString &path);
 

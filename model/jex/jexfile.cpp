@@ -1,0 +1,122 @@
+#include "model/jex/jexfile.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include "host/atomicfile.h"
+#include "model/jex/zubreader.h"
+#include "model/jex/zubwriter.h"
+
+namespace JEX {
+
+namespace {
+
+bool readBytes(const QString &path, QByteArray *bytes, QString *error)
+{
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly)) {
+        *bytes = file.readAll();
+        if (file.error() == QFile::NoError) {
+            return true;
+        }
+    }
+    *error = QLatin1String("The file \"") + path + QLatin1String("\" cannot be read: ") + file.errorString() +
+             QLatin1String(".");
+    return false;
+}
+
+bool isFileOfMode(const QString &path, JexMode mode)
+{
+    QByteArray bytes;
+    QString error;
+    return readBytes(path, &bytes, &error) && ZubReader(bytes, path).isWellFormed(mode);
+}
+
+template <class Core>
+QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(), bool *ok,
+                        QString *errorMessage)
+{
+    QList<Core *> cores;
+    QByteArray bytes;
+    QString error;
+    if (readBytes(path, &bytes, &error)) {
+        ZubReader reader(bytes, path);
+        cores = (reader.*read)();
+        error = reader.error();
+    }
+    if (ok) {
+        *ok = error.isEmpty();
+    }
+    if (errorMessage && !error.isEmpty()) {
+        *errorMessage = error;
+    }
+    return cores;
+}
+
+template <class Core>
+bool writeCores(const QList<Core *> &cores, const QString &path)
+{
+    QByteArray bytes;
+    QString error;
+    if (zubFromCores(cores, &bytes, &error) && QUtil::writeFileAtomically(path, bytes, &error)) {
+        return true;
+    }
+    qWarning() << "configuration not written:" << path << error;
+    return false;
+}
+
+} // namespace
+
+JexMode jexModeFromJexConfigFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return InvalidMode;
+    }
+    QXmlStreamReader xml(&file);
+    return zubMode(&xml);
+}
+
+bool checkJEXStandardFile(const QString &path)
+{
+    return isFileOfMode(path, StandardMode);
+}
+
+bool checkJEXLiteFile(const QString &path)
+{
+    return isFileOfMode(path, LiteMode);
+}
+
+QList<AoCore *> readJEXConfigFromXml(const QString &path, bool *ok, QString *errorMessage)
+{
+    return readCores(path, &ZubReader::standardCores, ok, errorMessage);
+}
+
+QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QString *errorMessage)
+{
+    return readCores(path, &ZubReader::liteCores, ok, errorMessage);
+}
+
+bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path)
+{
+    return writeCores(cores, path);
+}
+
+bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path)
+{
+    return writeCores(cores, path);
+}
+
+void fillInfoForEmptyJexConfig(const QString &path, JexMode mode)
+{
+    if (mode == StandardMode) {
+        writeJEXConfigToXml(QList<AoCore *>(), path);
+    } else if (mode == LiteMode) {
+        writeJEXConfigToXml_Lite(QList<AOCore_Lite *>(), path);
+    } else {
+        qWarning() << "no configuration of mode" << int(mode) << "exists:" << path;
+    }
+}
+
+} // namespace JEX

@@ -1,0 +1,476 @@
+#include "model/jex/zubreader.h"
+
+#include <QtAlgorithms>
+
+#include "model/jex/zubfields.h"
+
+namespace JEX {
+
+namespace {
+
+inline QLatin1String latin(const char *text)
+{
+    return QLatin1String(text);
+}
+
+QString quoted(const QString &text)
+{
+    return latin("\"") + text + latin("\"");
+}
+
+const FieldTable<AoCore> &fieldsOf(const AoCore *)
+{
+    return standardFields();
+}
+
+const FieldTable<AOCore_Lite> &fieldsOf(const AOCore_Lite *)
+{
+    return liteFields();
+}
+
+AoCore *makeCore(QList<AoCore *> *cores)
+{
+    cores->append(new AoCore(0));
+    return cores->last();
+}
+
+AOCore_Lite *makeCore(QList<AOCore_Lite *> *cores)
+{
+    cores->append(new AOCore_Lite);
+    return cores->last();
+}
+
+QList<SignalItem> enabledOf(const QList<SignalItem> &items)
+{
+    QList<SignalItem> enabled;
+    for (const SignalItem &item : items) {
+        if (item.capEnable) {
+            enabled.append(item);
+        }
+    }
+    return enabled;
+}
+
+JexMode modeOf(const QXmlStreamReader &xml)
+{
+    const QStringRef mode = xml.attributes().value(latin("mode"));
+    if (xml.qualifiedName() != latin("jexconfig")) {
+        return InvalidMode;
+    }
+    return mode == latin(modeName(StandardMode)) ? StandardMode
+           : mode == latin(modeName(LiteMode))   ? LiteMode
+                                                 : InvalidMode;
+}
+
+} // namespace
+
+JexMode zubMode(QXmlStreamReader *xml)
+{
+    while (!xml->atEnd()) {
+        if (xml->readNext() == QXmlStreamReader::StartElement) {
+            return modeOf(*xml);
+        }
+    }
+    return InvalidMode;
+}
+
+ZubReader::ZubReader(const QByteArray &bytes, const QString &path) : m_xml(bytes), m_path(path)
+{
+    m_xml.setNamespaceProcessing(false);
+}
+
+QList<AoCore *> ZubReader::standardCores()
+{
+    return cores<AoCore>(StandardMode);
+}
+
+QList<AOCore_Lite *> ZubReader::liteCores()
+{
+    return cores<AOCore_Lite>(LiteMode);
+}
+
+bool ZubReader::isWellFormed(JexMode mode)
+{
+    if (zubMode(&m_xml) != mode) {
+        return false;
+    }
+    while (!m_xml.atEnd()) {
+        m_xml.readNext();
+    }
+    return !m_xml.hasError();
+}
+
+template <class Core>
+QList<Core *> ZubReader::cores(JexMode mode)
+{
+    QList<Core *> cores;
+    if (!readHead(mode) || !readCores(&cores) || !readToEnd()) {
+        qDeleteAll(cores);
+        cores.clear();
+    }
+    return cores;
+}
+
+bool ZubReader::readHead(JexMode mode)
+{
+    if (!nextChild()) {
+        return false;
+    }
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    if (m_xml.qualifiedName() != latin("jexconfig")) {
+        return failFile(latin(" is no JEX configuration: its outermost element is ") + element() +
+                        latin("."));
+    }
+    const QString version = attributes.value(latin("version")).toString();
+    if (version != QString::number(ZubVersion)) {
+        return failFile(latin(" has the format version ") + quoted(version) +
+                        latin("; this editor reads version ") + QString::number(ZubVersion) + latin("."));
+    }
+    const JexMode found = modeOf(m_xml);
+    if (found == InvalidMode) {
+        return failFile(latin(" has the mode ") + quoted(attributes.value(latin("mode")).toString()) +
+                        latin("; it must be Standard or Lite."));
+    }
+    if (found != mode) {
+        return failFile(latin(" is a ") + latin(modeName(found)) + latin(" configuration, not a ") +
+                        latin(modeName(mode)) + latin(" one."));
+    }
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (attribute.qualifiedName() != latin("version") && attribute.qualifiedName() != latin("mode")) {
+            return failUnknownAttribute(attribute);
+        }
+    }
+    return true;
+}
+
+template <class Core>
+bool ZubReader::readCores(QList<Core *> *cores)
+{
+    while (nextChild()) {
+        if (m_xml.qualifiedName() != latin("core")) {
+            return failUnknownElement();
+        }
+        if (cores->size() == CoreLimit) {
+            return fail(latin("there are more than ") + QString::number(CoreLimit) + latin(" cores."));
+        }
+        Core *core = makeCore(cores);
+        if (!readCoreAttributes(core, fieldsOf(core)) || !readSignalLists(core)) {
+            return false;
+        }
+    }
+    return m_error.isEmpty();
+}
+
+template <class Core>
+bool ZubReader::readCoreAttributes(Core *core, const FieldTable<Core> &table)
+{
+    if (!readNumberOnce(table.begin->rule, &m_coreNumbers, &core->coreNumber)) {
+        return false;
+    }
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        const Field<Core> *field = table.begin;
+        const Field<Core> *const end = table.begin + table.size;
+        while (field != end && attribute.qualifiedName() != latin(field->name)) {
+            ++field;
+        }
+        if (field == end) {
+            return failUnknownAttribute(attribute);
+        }
+        if (field->text) {
+            core->*field->text = attribute.value().toString();
+        } else if (field->number ? !readNumber(attribute, field->rule, &(core->*field->number))
+                                 : !readFlag(attribute, &(core->*field->flag))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The list of enabled signals is the enabled ones of all signals, unless the file says otherwise.
+template <class Core>
+bool ZubReader::readSignalLists(Core *core)
+{
+    m_portNumbers = m_unitNumbers = 0;
+    m_hasSignals = m_hasEnabled = false;
+    while (nextChild()) {
+        const bool isSignals = m_xml.qualifiedName() == latin("signals");
+        if (!isSignals && m_xml.qualifiedName() != latin("enabled")) {
+            if (!readCoreChild(core)) {
+                return false;
+            }
+            continue;
+        }
+        bool &seen = isSignals ? m_hasSignals : m_hasEnabled;
+        if (seen) {
+            return fail(latin("the core has a second ") + element() + latin("."));
+        }
+        seen = true;
+        if (!hasOnly(nullptr) ||
+            !readSignals(isSignals ? &core->captureSignals : &core->enabledCaptureSignals, 1)) {
+            return false;
+        }
+    }
+    if (!m_hasEnabled) {
+        core->enabledCaptureSignals = enabledOf(core->captureSignals);
+    }
+    return m_error.isEmpty();
+}
+
+bool ZubReader::readCoreChild(AOCore_Lite *)
+{
+    return failUnknownElement();
+}
+
+bool ZubReader::readCoreChild(AoCore *core)
+{
+    if (m_xml.qualifiedName() == latin("port")) {
+        return readPort(core);
+    }
+    if (m_xml.qualifiedName() == latin("unit")) {
+        return readUnit(core);
+    }
+    if (m_xml.qualifiedName() == latin("expression")) {
+        return readExpression(core);
+    }
+    return failUnknownElement();
+}
+
+bool ZubReader::readPort(AoCore *core)
+{
+    int number = 0;
+    if (!readNumberOnce(portNumberRule, &m_portNumbers, &number)) {
+        return false;
+    }
+    return hasOnly("number") && readSignals(&core->triggerPorts.at(number)->signalItems, 1);
+}
+
+bool ZubReader::readUnit(AoCore *core)
+{
+    int number = 0;
+    if (!readNumberOnce(unitNumberRule, &m_unitNumbers, &number)) {
+        return false;
+    }
+    MatchUnit *unit = core->matchUnits.at(number);
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (!readUnitAttribute(core, unit, attribute)) {
+            return false;
+        }
+    }
+    return readNoChildren();
+}
+
+bool ZubReader::readUnitAttribute(AoCore *core, MatchUnit *unit, const QXmlStreamAttribute &attribute)
+{
+    const QStringRef key = attribute.qualifiedName();
+    if (key == latin("number")) {
+        return true;
+    }
+    if (key == latin("enabled")) {
+        return readFlag(attribute, &unit->enabled);
+    }
+    if (key == latin("function")) {
+        return readNumber(attribute, matchFunctionRule, &unit->function);
+    }
+    if (key == latin("port")) {
+        int port = 0;
+        const bool done = readNumber(attribute, portNumberRule, &port);
+        unit->triggerPort = done ? core->triggerPorts.at(port) : nullptr;
+        return done;
+    }
+    if (key != latin("value") && key != latin("upperValue")) {
+        return failUnknownAttribute(attribute);
+    }
+    (key == latin("value") ? unit->value : unit->upperValue) = attribute.value().toString();
+    return true;
+}
+
+bool ZubReader::readExpression(AoCore *core)
+{
+    if (core->expressions.size() == ExpressionLimit) {
+        return fail(latin("the core has more than ") + QString::number(ExpressionLimit) +
+                    latin(" expressions."));
+    }
+    if (!hasOnly("text")) {
+        return false;
+    }
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    if (attributes.isEmpty()) {
+        return fail(element() + latin(" has no \"text\"."));
+    }
+    core->expressions.append(attributes.first().value().toString());
+    return readNoChildren();
+}
+
+bool ZubReader::readSignals(QList<SignalItem> *items, int depth)
+{
+    while (nextChild()) {
+        if (m_xml.qualifiedName() != latin("signal")) {
+            return failUnknownElement();
+        }
+        if (depth > SignalDepthLimit) {
+            return fail(latin("signals are nested more than ") + QString::number(SignalDepthLimit) +
+                        latin(" deep."));
+        }
+        items->append(SignalItem());
+        if (!readSignal(&items->last(), depth)) {
+            return false;
+        }
+    }
+    return m_error.isEmpty();
+}
+
+bool ZubReader::readSignal(SignalItem *item, int depth)
+{
+    return readSignalAttributes(item) && readSignals(&item->members, depth + 1);
+}
+
+bool ZubReader::readSignalAttributes(SignalItem *item)
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    bool hasName = false;
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        const QStringRef key = attribute.qualifiedName();
+        bool done = true;
+        if (key == latin("name")) {
+            hasName = true;
+            item->name = attribute.value().toString();
+        } else if (key == latin("type")) {
+            done = readNumber(attribute, signalTypeRule, &item->type);
+        } else if (key == latin("alias")) {
+            item->alias = attribute.value().toString();
+        } else if (key == latin("capture")) {
+            done = readFlag(attribute, &item->capEnable);
+        } else if (key == latin("valid")) {
+            done = readFlag(attribute, &item->valid);
+        } else if (key == latin("aux")) {
+            done = readFlag(attribute, &item->auxFlag);
+        } else {
+            done = failUnknownAttribute(attribute);
+        }
+        if (!done) {
+            return false;
+        }
+    }
+    return hasName || fail(latin("<signal> has no \"name\"."));
+}
+
+bool ZubReader::nextChild()
+{
+    while (!m_xml.atEnd()) {
+        switch (m_xml.readNext()) {
+        case QXmlStreamReader::StartElement:
+            return true;
+        case QXmlStreamReader::EndElement:
+            return false;
+        case QXmlStreamReader::DTD:
+            return fail(latin("a configuration holds no document type declaration."));
+        case QXmlStreamReader::Characters:
+            if (!m_xml.isWhitespace()) {
+                return fail(latin("there is text between the elements: ") +
+                            quoted(m_xml.text().toString().simplified()) + latin("."));
+            }
+            break;
+        default:
+            break;
+        }
+    }
+    if (m_xml.hasError() && m_error.isEmpty()) {
+        const QString reason = m_xml.errorString();
+        fail(latin("this is no well-formed XML: ") + reason +
+             latin(reason.endsWith(QLatin1Char('.')) ? "" : "."));
+    }
+    return false;
+}
+
+bool ZubReader::readNoChildren()
+{
+    return nextChild() ? failUnknownElement() : m_error.isEmpty();
+}
+
+// nextChild() came to the end of the outermost element; whatever follows must not be more of a file.
+bool ZubReader::readToEnd()
+{
+    return !nextChild() && m_error.isEmpty();
+}
+
+bool ZubReader::hasOnly(const char *name)
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (!name || attribute.qualifiedName() != latin(name)) {
+            return failUnknownAttribute(attribute);
+        }
+    }
+    return true;
+}
+
+bool ZubReader::readNumber(const QXmlStreamAttribute &attribute, const Rule &rule, int *value)
+{
+    return rule.fromText(attribute.value(), value) || failAttribute(attribute, rule.description());
+}
+
+bool ZubReader::readFlag(const QXmlStreamAttribute &attribute, bool *value)
+{
+    *value = attribute.value() == latin("true");
+    return *value || attribute.value() == latin("false") || failAttribute(attribute, latin("true or false"));
+}
+
+// The "number" of the present element, which no sister before it may have.
+bool ZubReader::readNumberOnce(const Rule &rule, quint32 *seen, int *value)
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (attribute.qualifiedName() != latin("number")) {
+            continue;
+        }
+        if (!readNumber(attribute, rule, value)) {
+            return false;
+        }
+        if (*seen & (1u << *value)) {
+            return fail(latin("there is a second ") + element() + latin(" with the number ") +
+                        QString::number(*value) + latin("."));
+        }
+        *seen |= 1u << *value;
+        return true;
+    }
+    return fail(element() + latin(" has no \"number\"."));
+}
+
+bool ZubReader::failAttribute(const QXmlStreamAttribute &attribute, const QString &expected)
+{
+    return fail(quoted(attribute.qualifiedName().toString()) + latin(" of ") + element() + latin(" is ") +
+                quoted(attribute.value().toString()) + latin("; it must be ") + expected + latin("."));
+}
+
+bool ZubReader::failUnknownAttribute(const QXmlStreamAttribute &attribute)
+{
+    return fail(element() + latin(" has an attribute ") + quoted(attribute.qualifiedName().toString()) +
+                latin(" that is not known."));
+}
+
+bool ZubReader::failUnknownElement()
+{
+    return fail(element() + latin(" is not expected here."));
+}
+
+bool ZubReader::fail(const QString &text)
+{
+    m_error = latin("Line ") + QString::number(m_xml.lineNumber()) + latin(" of the file ") + quoted(m_path) +
+              latin(": ") + text;
+    return false;
+}
+
+bool ZubReader::failFile(const QString &text)
+{
+    m_error = latin("The file ") + quoted(m_path) + text;
+    return false;
+}
+
+QString ZubReader::element() const
+{
+    return latin("<") + m_xml.qualifiedName().toString() + latin(">");
+}
+
+} // namespace JEX

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QXmlStreamReader>
+
+#include "model/jex/core.h"
+
+namespace JEX {
+
+template <class Core>
+struct FieldTable;
+struct Rule;
+
+// Turns the bytes of one ".zub" file into records. One use each. The format is strict: what a file of the
+// version cannot hold is a fault, since saving would drop it; only comments, processing instructions and
+// blanks are passed over. The first fault ends the reading.
+class ZubReader
+{
+public:
+    ZubReader(const QByteArray &bytes, const QString &path); // path: for messages
+
+    // The cores, owned by the caller; none when error() is not empty.
+    QList<AoCore *> standardCores();
+    QList<AOCore_Lite *> liteCores();
+
+    // Reads all of the file, but judges only that it is XML and a file of that mode.
+    bool isWellFormed(JexMode mode);
+
+    QString error() const { return m_error; } // a finished sentence
+
+private:
+    template <class Core>
+    QList<Core *> cores(JexMode mode);
+    bool readHead(JexMode mode);
+    template <class Core>
+    bool readCores(QList<Core *> *cores);
+    template <class Core>
+    bool readCoreAttributes(Core *core, const FieldTable<Core> &table);
+    bool readCoreChild(AoCore *core);
+    bool readCoreChild(AOCore_Lite *core);
+    template <class Core>
+    bool readSignalLists(Core *core);
+    bool readPort(AoCore *core);
+    bool readUnit(AoCore *core);
+    bool readUnitAttribute(AoCore *core, MatchUnit *unit, const QXmlStreamAttribute &attribute);
+    bool readExpression(AoCore *core);
+    bool readSignals(QList<SignalItem> *items, int depth);
+    bool readSignal(SignalItem *item, int depth);
+    bool readSignalAttributes(SignalItem *item);
+
+    bool nextChild(); // false at the end of the element, and on a fault
+    bool readNoChildren();
+    bool readToEnd();
+    bool hasOnly(const char *attribute); // or none, when null
+    bool readNumber(const QXmlStreamAttribute &attribute, const Rule &rule, int *value);
+    bool readFlag(const QXmlStreamAttribute &attribute, bool *value);
+    bool readNumberOnce(const Rule &rule, quint32 *seen, int *value);
+    bool failAttribute(const QXmlStreamAttribute &attribute, const QString &expected);
+    bool failUnknownAttribute(const QXmlStreamAttribute &attribute);
+    bool failUnknownElement();
+    bool fail(const QString &text);
+    bool failFile(const QString &text);
+    QString element() const; // "<core>"
+
+    QXmlStreamReader m_xml;
+    QString m_path;
+    QString m_error;
+    quint32 m_coreNumbers = 0; // bit n: a core n, and likewise below for the core that is being read
+    quint32 m_portNumbers = 0;
+    quint32 m_unitNumbers = 0;
+    bool m_hasSignals = false;
+    bool m_hasEnabled = false;
+};
+
+// The mode that the outermost element names, whatever follows it.
+JexMode zubMode(QXmlStreamReader *xml);
+
+} // namespace JEX

@@ -1,0 +1,316 @@
+#include <QFile>
+#include <QTemporaryDir>
+#include <QVariant>
+#include <QtTest>
+
+#include <memory>
+
+#include "model/jex/jexfile.h"
+
+using namespace JEX;
+
+namespace {
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+void put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+const char liteFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<jexconfig version="1" mode="Lite">
+    <core number="0" clock="top/clk" edge="falling" implementation="SSRAM" captureAmount="64" inputRegister="true" captureInitialData="false" topModule="">
+        <signals>
+            <signal name="top/u0/cnt[1:0]" type="bus" alias="größe &lt;&quot;&amp;%1&quot;&gt;">
+                <signal name="top/u0/cnt[1]" type="bus" alias=" msb&#9;&#10;&#13;"/>
+                <signal name="top/u0/cnt[0]" type="bus" aux="false"/>
+            </signal>
+            <signal name="group_0[1:0]" type="group" capture="false">
+                <signal name="top/a" type="net" capture="false" valid="false"/>
+                <signal name="top/\b[0] " type="bus" capture="false"/>
+            </signal>
+            <signal name="top/ready" type="net"/>
+        </signals>
+    </core>
+    <core number="1" clock="" edge="rising" implementation="REG" captureAmount="2" inputRegister="false" captureInitialData="true" topModule="top">
+        <signals/>
+        <enabled>
+            <signal name="top/x" type="net"/>
+        </enabled>
+    </core>
+</jexconfig>
+)";
+
+const char standardFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<jexconfig version="1" mode="Standard">
+    <core number="3" clock="top/clk" edge="rising" triggerMode="static" triggerImplementation="REG" captureImplementation="BSRAM" storageSize="8" segments="3" captureAmount="0" triggerPosition="-4" forceTriggerByFallingEdge="true" captureInitialData="false" topModule="top">
+        <port number="2">
+            <signal name="top/a[1:0]" type="bus">
+                <signal name="top/a[1]" type="bus"/>
+                <signal name="top/a[0]" type="bus"/>
+            </signal>
+            <signal name="top/b" type="net"/>
+        </port>
+        <unit number="0" enabled="true" port="2" function="inRange" value="1X0" upperValue="111"/>
+        <unit number="15" enabled="false" port="4" function="equal" value=""/>
+        <expression text="M0&amp;&amp;!M1"/>
+        <expression text="M0"/>
+        <signals/>
+    </core>
+</jexconfig>
+)";
+
+} // namespace
+
+class JexFileTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString m_path = m_dir.filePath("a %1 'b'.zub");
+
+private Q_SLOTS:
+    void liteRoundTrip()
+    {
+        put(m_path, liteFile);
+        QCOMPARE(jexModeFromJexConfigFile(m_path), LiteMode);
+        QVERIFY(checkJEXLiteFile(m_path) && !checkJEXStandardFile(m_path));
+        bool ok = false;
+        QList<AOCore_Lite *> cores = readJEXConfigFromXml_Lite(m_path, &ok, nullptr);
+        QVERIFY(ok && cores.size() == 2);
+        const AOCore_Lite &core = *cores.first();
+        QCOMPARE(core.sampleEdge, 1);
+        QCOMPARE(core.implementation, 2);
+        QVERIFY(core.enableCaptureDataInputRegister && !core.captureInitialData);
+        QCOMPARE(core.captureSignals[0].alias, QString::fromUtf8("größe <\"&%1\">"));
+        QCOMPARE(core.captureSignals[0].members[0].alias, QString(" msb\t\n\r"));
+        QVERIFY(!core.captureSignals[0].members[1].auxFlag);
+        QVERIFY(!core.captureSignals[1].members[0].valid);
+        QCOMPARE(core.captureSignals[1].type, -1);
+        QCOMPARE(core.captureSignals[2].type, 0);
+        QCOMPARE(core.enabledCaptureSignals, QList<SignalItem>()
+                                                 << core.captureSignals[0] << core.captureSignals[2]);
+        QCOMPARE(cores.last()->enabledCaptureSignals.size(), 1);
+
+        QVERIFY(writeJEXConfigToXml_Lite(cores, m_path));
+        QCOMPARE(contents(m_path), QByteArray(liteFile));
+        qDeleteAll(cores);
+    }
+
+    void standardRoundTrip()
+    {
+        put(m_path, standardFile);
+        QCOMPARE(jexModeFromJexConfigFile(m_path), StandardMode);
+        QVERIFY(checkJEXStandardFile(m_path) && !checkJEXLiteFile(m_path));
+        QList<AoCore *> cores = readJEXConfigFromXml(m_path, nullptr, nullptr);
+        QCOMPARE(cores.size(), 1);
+        const AoCore &core = *cores.first();
+        QCOMPARE(core.triggerPorts.size(), 16);
+        QCOMPARE(core.availableTriggers(), QList<TriggerPort *>() << core.getTrigger(2));
+        QCOMPARE(core.getTrigger(2)->singleSignals().size(), 3);
+        QCOMPARE(core.enabledMatchUnits(), QList<MatchUnit *>() << core.matchUnit(0));
+        QCOMPARE(core.matchUnit(0)->triggerPort, core.getTrigger(2));
+        QCOMPARE(core.matchUnit(15)->triggerPort, core.getTrigger(4));
+        QVERIFY(!core.matchUnit(16) && !core.getTrigger(-1));
+        QCOMPARE(core.expressions, QStringList() << "M0&&!M1"
+                                                 << "M0");
+        QCOMPARE(core.windowNumber, 3);
+
+        QVERIFY(writeJEXConfigToXml(cores, m_path));
+        QCOMPARE(contents(m_path), QByteArray(standardFile));
+        qDeleteAll(cores);
+    }
+
+    void recordInVariant()
+    {
+        QVERIFY(QMetaType::type("JEX::SignalItem") != QMetaType::UnknownType);
+        SignalItem item;
+        QVERIFY(item.valid && item.auxFlag && item.capEnable && item.type == -1);
+        item.name = "top/a[0:0]";
+        item.alias = "x";
+        item.members.append(SignalItem());
+        item.members[0].auxFlag = item.valid = item.auxFlag = item.capEnable = false;
+        item.type = 1;
+        QCOMPARE(QVariant::fromValue(item).value<SignalItem>(), item);
+    }
+
+    void emptyFiles()
+    {
+        fillInfoForEmptyJexConfig(m_path, LiteMode);
+        QVERIFY(checkJEXLiteFile(m_path));
+        bool ok = false;
+        QVERIFY(readJEXConfigFromXml_Lite(m_path, &ok, nullptr).isEmpty() && ok);
+        fillInfoForEmptyJexConfig(m_path, StandardMode);
+        QVERIFY(readJEXConfigFromXml(m_path, &ok, nullptr).isEmpty() && ok);
+        const QByteArray before = contents(m_path);
+        fillInfoForEmptyJexConfig(m_path, InvalidMode);
+        QCOMPARE(contents(m_path), before);
+    }
+
+    // Whatever a file holds, writing it back must not make it unreadable.
+    void textThatXmlCannotHold()
+    {
+        AOCore_Lite core;
+        core.captureSignals.append(SignalItem());
+        core.captureSignals[0].alias =
+            QString("a") + QChar(1) + QChar(0xd800) + "b" + QChar(0xffff) + QString::fromUtf8("😀");
+        core.enabledCaptureSignals = core.captureSignals;
+        QVERIFY(writeJEXConfigToXml_Lite({&core}, m_path));
+        QString error;
+        QList<AOCore_Lite *> read = readJEXConfigFromXml_Lite(m_path, nullptr, &error);
+        QCOMPARE(error, QString());
+        QCOMPARE(read[0]->captureSignals[0].alias, QString::fromUtf8("a\ufffd\ufffdb\ufffd😀"));
+        qDeleteAll(read);
+    }
+
+    void faults_data()
+    {
+        QTest::addColumn<QByteArray>("old");
+        QTest::addColumn<QByteArray>("fresh");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("wellFormed");
+        const auto row = [](const char *name, const char *old, const char *fresh, const char *message,
+                            bool wellFormed = true) {
+            QTest::newRow(name) << QByteArray(old) << QByteArray(fresh) << QString(message) << wellFormed;
+        };
+        const char *core1 = "<core number=\"1\"";
+        row("cut off", "</jexconfig>\n", "",
+            "Line 22 of the file %: this is no well-formed XML: Premature end of document.", false);
+        row("wrong tag", "</signals>", "</signal>",
+            "Line 14 of the file %: this is no well-formed XML: Opening and ending tag mismatch.", false);
+        row("other file", "jexconfig", "project",
+            "The file % is no JEX configuration: its outermost element is <project>.", false);
+        row("newer", "version=\"1\" mode", "version=\"2\" mode",
+            "The file % has the format version \"2\"; this editor reads version 1.");
+        row("no mode", " mode=\"Lite\"", "", "The file % has the mode \"\"; it must be Standard or Lite.",
+            false);
+        row("other mode", "mode=\"Lite\"", "mode=\"Standard\"",
+            "The file % is a Standard configuration, not a Lite one.", false);
+        row("unknown attribute", core1, "<core colour=\"1\" number=\"1\"",
+            "Line 16 of the file %: <core> has an attribute \"colour\" that is not known.");
+        row("unknown root attribute", "mode=", "date=\"now\" mode=",
+            "Line 2 of the file %: <jexconfig> has an attribute \"date\" that is not known.");
+        row("unknown element", "<enabled>", "<port number=\"0\"/><enabled>",
+            "Line 18 of the file %: <port> is not expected here.");
+        row("text", "<enabled>", "zzz<enabled>",
+            "Line 18 of the file %: there is text between the elements: \"zzz\".");
+        row("DTD", "<jexconfig", "<!DOCTYPE jexconfig [<!ENTITY a \"b\">]>\n<jexconfig",
+            "Line 2 of the file %: a configuration holds no document type declaration.");
+        row("word", "edge=\"falling\"", "edge=\"up\"",
+            "Line 3 of the file %: \"edge\" of <core> is \"up\"; it must be one of rising, falling.");
+        row("number", "captureAmount=\"64\"", "captureAmount=\"100\"",
+            "Line 3 of the file %: \"captureAmount\" of <core> is \"100\"; it must be a power of two from 2 "
+            "to "
+            "65536.");
+        row("huge number", core1, "<core number=\"99999999999\"",
+            "Line 16 of the file %: \"number\" of <core> is \"99999999999\"; it must be a number from 0 to "
+            "15.");
+        row("no number", core1, "<core", "Line 16 of the file %: <core> has no \"number\".");
+        row("same number", core1, "<core number=\"0\"",
+            "Line 16 of the file %: there is a second <core> with the number 0.");
+        row("flag", "aux=\"false\"", "aux=\"0\"",
+            "Line 7 of the file %: \"aux\" of <signal> is \"0\"; it must be true or false.");
+        row("no name", "<signal name=\"top/x\"", "<signal",
+            "Line 19 of the file %: <signal> has no \"name\".");
+        row("two lists", "<enabled>", "<signals/><enabled>",
+            "Line 18 of the file %: the core has a second <signals>.");
+        row("second root", "</jexconfig>\n", "</jexconfig>\n<jexconfig/>",
+            "Line 23 of the file %: this is no well-formed XML: Extra content at end of document.", false);
+    }
+
+    void faults()
+    {
+        QFETCH(QByteArray, old);
+        QFETCH(QByteArray, fresh);
+        QFETCH(QString, message);
+        QByteArray bytes(liteFile);
+        QVERIFY(bytes.contains(old));
+        put(m_path, bytes.replace(old, fresh));
+        bool ok = true;
+        QString error;
+        QVERIFY(readJEXConfigFromXml_Lite(m_path, &ok, &error).isEmpty());
+        QCOMPARE(error, message.replace('%', '"' + m_path + '"'));
+        QVERIFY(!ok);
+        QTEST(checkJEXLiteFile(m_path), "wellFormed");
+    }
+
+    void standardFaults_data()
+    {
+        QTest::addColumn<QByteArray>("old");
+        QTest::addColumn<QByteArray>("fresh");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("unit")
+            << QByteArray("<unit number=\"15\"") << QByteArray("<unit number=\"16\"")
+            << "Line 12 of the file %: \"number\" of <unit> is \"16\"; it must be a number from "
+               "0 to 15.";
+        QTest::newRow("same unit") << QByteArray("<unit number=\"15\"") << QByteArray("<unit number=\"0\"")
+                                   << "Line 12 of the file %: there is a second <unit> with the number 0.";
+        QTest::newRow("function")
+            << QByteArray("inRange") << QByteArray("near")
+            << "Line 11 of the file %: \"function\" of <unit> is \"near\"; it must be one of "
+               "equal, notEqual, less, greater, inRange.";
+        QTest::newRow("17 expressions")
+            << QByteArray("<expression text=\"M0\"/>") << QByteArray("<expression text=\"M0\"/>").repeated(16)
+            << "Line 14 of the file %: the core has more than 16 expressions.";
+        QTest::newRow("no text") << QByteArray("<expression text=\"M0\"/>") << QByteArray("<expression/>")
+                                 << "Line 14 of the file %: <expression> has no \"text\".";
+    }
+
+    void standardFaults()
+    {
+        QFETCH(QByteArray, old);
+        QFETCH(QByteArray, fresh);
+        QFETCH(QString, message);
+        put(m_path, QByteArray(standardFile).replace(old, fresh));
+        QString error;
+        QVERIFY(readJEXConfigFromXml(m_path, nullptr, &error).isEmpty());
+        QCOMPARE(error, message.replace('%', '"' + m_path + '"'));
+    }
+
+    void limits()
+    {
+        QByteArray cores;
+        for (int i = 0; i < 17; ++i) {
+            cores += "<core number=\"" + QByteArray::number(i) + "\"/>";
+        }
+        put(m_path, "<jexconfig version=\"1\" mode=\"Lite\">" + cores + "</jexconfig>");
+        QString error;
+        QVERIFY(readJEXConfigFromXml_Lite(m_path, nullptr, &error).isEmpty());
+        QCOMPARE(error, "Line 1 of the file \"" + m_path + "\": there are more than 16 cores.");
+        put(m_path, "<jexconfig version=\"1\" mode=\"Lite\"><core number=\"0\"><signals>" +
+                        QByteArray("<signal name=\"a\">").repeated(100000));
+        QVERIFY(readJEXConfigFromXml_Lite(m_path, nullptr, &error).isEmpty());
+        QCOMPARE(error, "Line 1 of the file \"" + m_path + "\": signals are nested more than 8 deep.");
+        error.clear();
+        QVERIFY(readJEXConfigFromXml_Lite("/none.zub", nullptr, &error).isEmpty());
+        QCOMPARE(error, QString("The file \"/none.zub\" cannot be read: No such file or directory."));
+        QCOMPARE(jexModeFromJexConfigFile("/none.zub"), InvalidMode);
+    }
+
+    // What could not be read again is not written, and the old file stays.
+    void refusesToWrite()
+    {
+        put(m_path, "old");
+        AOCore_Lite first, second;
+        QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_path));
+        second.coreNumber = 1;
+        second.captureAmount = 1000;
+        QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_path));
+        second.captureAmount = 1024;
+        QCOMPARE(contents(m_path), QByteArray("old"));
+        QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_dir.filePath("none/a.zub")));
+        QVERIFY(writeJEXConfigToXml_Lite({&first, &second}, m_path));
+        QVERIFY(checkJEXLiteFile(m_path));
+    }
+};
+
+QTEST_GUILESS_MAIN(JexFileTest)
+#include "tst_jexfile.moc"
