@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QList>
+#include <QMap>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 class QAction;
@@ -23,6 +26,29 @@ public:
 
     // The action is not owned and forgotten when it dies.
     static void registerAction(QAction *action, const QString &actionId, const QString &context);
+
+private Q_SLOTS:
+    void refresh();
+    void onCommandTriggered();
+
+private:
+    struct Command
+    {
+        QAction *action;
+        QString defaultText;
+    };
+    struct Registration
+    {
+        QPointer<QAction> action;
+        QString actionId;
+        QString context;
+    };
+
+    ActionManager();
+    QAction *activeAction(const QString &actionId) const;
+
+    QMap<QString, Command> m_commands;
+    QList<Registration> m_registrations;
 };
 
 } // namespace Core

@@ -3,9 +3,13 @@
 #include <QMap>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include "host/devicearg.h"
+
+class QFileSystemWatcher;
+class QTimer;
 
 namespace TE {
 
@@ -21,6 +25,11 @@ enum FileType {
 // The type that a suffix stands for: .v .vh .vlg Verilog, .sv .svh SystemVerilog, .vhd .vhdl VHDL.
 FileType fileTypeFromName(const QString &path);
 
+inline bool isDesignFileType(int type)
+{
+    return type >= VerilogFile && type <= VhdlFile;
+}
+
 struct FileInfo
 {
     int type = UnknownFile;
@@ -29,7 +38,8 @@ struct FileInfo
 
 // The design side of the open project: what its sources are, what its options say, which device it is
 // for. Reads Core::ProjectManager::currentProject(); with no project every answer is empty.
-// Watches the project's design files on disk and posts "TE.File.Modified" {"file"} when one changed.
+// Watches the project's design files on disk and posts "TE.File.Modified" {"file"} when one changed, was
+// replaced, vanished or came back; changes within a tenth of a second make one event a file.
 //
 // Events about the project, with their data:
 //   "TE.File.Add"           "file"
@@ -60,6 +70,17 @@ public:
 
 private Q_SLOTS:
     void onFileChanged(const QString &path);
+    void lookForMissingFiles();
+    void postModified();
+
+private:
+    void watch(const QString &path);
+
+    QFileSystemWatcher *m_watcher;
+    QTimer *m_postTimer;
+    QTimer *m_missingTimer; // runs while a design file is not there
+    QStringList m_changed;  // to be posted, in order of change
+    QStringList m_missing;
 };
 
 class TaskEngine

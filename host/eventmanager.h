@@ -41,9 +41,19 @@ public:
     void post(const QString &topic, const QMap<QString, QVariant> &data);
 
 private:
-    EventManager();
+    // Numbered, so that a handler that is subscribed anew while an event is under way is told from the
+    // one that was there when it began.
+    struct Subscription
+    {
+        IEventHandler *handler;
+        quint64 number;
+    };
 
-    QMap<QString, QList<IEventHandler *>> m_handlers;
+    EventManager();
+    bool isSubscribed(const QString &topic, const Subscription &subscription) const;
+
+    QMap<QString, QList<Subscription>> m_subscriptions;
+    quint64 m_lastNumber;
 };
 
 } // namespace QUtil

@@ -9,6 +9,12 @@
 
 namespace Core {
 
+// The suffix of project files, without the dot.
+inline const char *projectFileSuffix()
+{
+    return "jexprj";
+}
+
 // One source file of a project. Paths are absolute in memory and relative to the project's folder in
 // the project file.
 struct SourceFile
@@ -33,14 +39,15 @@ struct ProjectData
     DEV::DeviceArg device;
 };
 
-// The open project. Every change posts the host event that belongs to it (see TE::DesignManager) and
-// marks the project modified; nothing reaches the disk before save().
+// The open project. Every single change posts the host event that belongs to it (see TE::DesignManager)
+// and marks the project modified; nothing reaches the disk before save().
 class Project : public QObject
 {
     Q_OBJECT
 
 public:
     explicit Project(QObject *parent = nullptr);
+    ~Project() override;
 
     QString name() const;
     QString filePath() const;   // the project file; empty for a project made from the command line
@@ -48,12 +55,17 @@ public:
     const ProjectData &data() const;
     bool isModified() const;
 
-    // Both fail with a sentence that names the file and the line or key at fault; a failed load leaves
+    // All fail with a sentence that names the file and the line or key at fault; a failed load leaves
     // the project as it was, a failed save the file. Saving replaces the file in one step.
     bool load(const QString &filePath, QString *errorMessage);
     bool save(QString *errorMessage);
+    // Paths that are relative to the project's folder are adjusted to the new one.
     bool saveAs(const QString &filePath, QString *errorMessage);
+    // Replaces everything at once, like load(), for a project that no view shows yet: posts no events.
     void setData(const ProjectData &data);
+
+    // The form in which the project holds a path: absolute and clean, relative ones from workingDir().
+    QString absolutePath(const QString &path) const;
 
     // Adds a file (type from its suffix) unless it is in the project already. Posts "TE.File.Add".
     void addFile(const QString &path);
@@ -62,6 +74,7 @@ public:
     void setFileType(const QString &path, int type);        // posts "TE.File.Change.Type"
     // Options by the host's names: "TopModule", "IncludePath", "Verilog_Standard", "Synthesize_tool",
     // "Defines", "LibraryPath". Posts "TE.Option.Change" when the value differs.
+    QVariant option(const QString &option) const; // invalid for a name that is none of these
     void setOption(const QString &option, const QVariant &value);
     void setDevice(const DEV::DeviceArg &device); // posts "TE.Device.Change"
 
@@ -69,6 +82,9 @@ Q_SIGNALS:
     void changed();
 
 private:
+    int indexOf(const QString &path) const;
+    void finishChange();
+
     ProjectData m_data;
     QString m_filePath;
     bool m_modified;

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
@@ -11,6 +12,7 @@ class QTabWidget;
 namespace Core {
 
 class IView;
+class ViewContainer;
 
 // Shows views in tabs. Every view sits in a container widget of its own, which is the page of the tab:
 // a view that closes its parent widget closes itself and nothing else. A user who closes a tab asks
@@ -49,6 +51,45 @@ Q_SIGNALS:
     void viewActiveted(Core::IView *view);
     void viewClosed(Core::IView *view);
     void contextsChanged(const QStringList &contexts);
+
+private Q_SLOTS:
+    void onCurrentTabChanged();
+    void onTabCloseRequested(int index);
+    void onContainerClosed(QWidget *container);
+    void onViewDestroyed();
+    void onBoundWidgetDestroyed();
+    void updateTitles();
+
+private:
+    struct Entry
+    {
+        IView *view; // null once the view died unasked
+        QPointer<ViewContainer> container;
+    };
+    struct Binding
+    {
+        QPointer<QWidget> widget;
+        QString context;
+        bool enabled;
+    };
+
+    ViewManager();
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void addView(IView *view);
+    void dropTab(int index);
+    void updateActiveView();
+    void updateContexts();
+    int indexOf(const IView *view) const;
+
+    QPointer<QTabWidget> m_tabs;
+    QPointer<QWidget> m_dialogParent;
+    QList<Entry> m_entries; // in order of opening
+    QList<Binding> m_bindings;
+    QList<IView *> m_asked; // views whose closeEvent is under way
+    IView *m_active;
+    QStringList m_contexts;
+    bool m_activeLost;   // the active view was closed or died, and who follows is not reported yet
+    bool m_changingTabs; // a view is being added or taken out: activation is reported at the end
 };
 
 } // namespace Core

@@ -1,0 +1,208 @@
+#include "host/designmanager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
+#include <QSet>
+#include <QTimer>
+
+#include "host/eventmanager.h"
+#include "host/project.h"
+
+namespace TE {
+namespace {
+
+const int postDelay = 100;       // ms
+const int missingInterval = 300; // ms between two looks for a file that vanished
+
+QStringList absolutePaths(const Core::Project &project, const QStringList &paths)
+{
+    QStringList result;
+    for (const QString &path : paths)
+        result.append(project.absolutePath(path));
+    return result;
+}
+
+QVariant fileEntry(const Core::SourceFile &file)
+{
+    QMap<QString, QVariant> entry;
+    entry.insert(QLatin1String("Path"), file.path);
+    entry.insert(QLatin1String("Type"), file.type);
+    return entry;
+}
+
+} // namespace
+
+FileType fileTypeFromName(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("v") || suffix == QLatin1String("vh") || suffix == QLatin1String("vlg"))
+        return VerilogFile;
+    if (suffix == QLatin1String("sv") || suffix == QLatin1String("svh"))
+        return SystemVerilogFile;
+    if (suffix == QLatin1String("vhd") || suffix == QLatin1String("vhdl"))
+        return VhdlFile;
+    return ConfigFile;
+}
+
+DesignManager::DesignManager(QObject *parent)
+    : QObject(parent),
+      m_watcher(new QFileSystemWatcher(this)),
+      m_postTimer(new QTimer(this)),
+      m_missingTimer(new QTimer(this))
+{
+    m_postTimer->setSingleShot(true);
+    m_postTimer->setInterval(postDelay);
+    m_missingTimer->setInterval(missingInterval);
+    connect(m_watcher, SIGNAL(fileChanged(QString)), this, SLOT(onFileChanged(QString)));
+    connect(m_postTimer, SIGNAL(timeout()), this, SLOT(postModified()));
+    connect(m_missingTimer, SIGNAL(timeout()), this, SLOT(lookForMissingFiles()));
+}
+
+QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
+{
+    QMap<QString, QVariant> info;
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    if (!project)
+        return info;
+    const Core::ProjectData &data = project->data();
+    QList<QVariant> files;
+    for (const Core::SourceFile &file : data.files) {
+        if (file.enabled && isDesignFileType(file.type))
+            files.append(fileEntry(file));
+    }
+    info.insert(QLatin1String("Top"), data.topModule);
+    info.insert(QLatin1String("Files"), files);
+    info.insert(QLatin1String("IncludePath"), absolutePaths(*project, data.includePaths));
+    info.insert(QLatin1String("LibraryPath"), absolutePaths(*project, data.libraryPaths));
+    info.insert(QLatin1String("Defines"), data.defines);
+    info.insert(QLatin1String("Verilog_Standard"), data.verilogStandard);
+    info.insert(QLatin1String("WorkingDir"), project->workingDir());
+    return info;
+}
+
+FileInfo DesignManager::getFileInfo(const QString &path) const
+{
+    FileInfo info;
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    if (!project)
+        return info;
+    const QString absolute = project->absolutePath(path);
+    for (const Core::SourceFile &file : project->data().files) {
+        if (file.path == absolute) {
+            info.type = file.type;
+            info.enabled = file.enabled;
+            return info;
+        }
+    }
+    return info;
+}
+
+QVariant DesignManager::getOptionValue(const QString &option) const
+{
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    return project ? project->option(option) : QVariant();
+}
+
+QString DesignManager::workingDir() const
+{
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    return project ? project->workingDir() : QString();
+}
+
+DEV::DeviceArg DesignManager::currentDevice() const
+{
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    return project ? project->data().device : DEV::DeviceArg();
+}
+
+void DesignManager::updateWatchedFiles()
+{
+    QStringList wanted;
+    if (const Core::Project *project = Core::ProjectManager::currentProject()) {
+        for (const Core::SourceFile &file : project->data().files) {
+            if (isDesignFileType(file.type))
+                wanted.append(file.path);
+        }
+    }
+    const QSet<QString> keep = wanted.toSet();
+    const QStringList watchedNow = m_watcher->files();
+    for (const QString &path : watchedNow) {
+        if (!keep.contains(path))
+            m_watcher->removePath(path);
+    }
+    const QSet<QString> known = (m_watcher->files() + m_missing).toSet();
+    for (int i = m_missing.size() - 1; i >= 0; --i) {
+        if (!keep.contains(m_missing.at(i)))
+            m_missing.removeAt(i);
+    }
+    for (const QString &path : wanted) {
+        if (!known.contains(path))
+            watch(path);
+    }
+}
+
+// A file that is replaced by renaming is reported once and then forgotten by the watcher, and one that is
+// not there can not be watched at all.
+void DesignManager::watch(const QString &path)
+{
+    if (QFile::exists(path))
+        m_watcher->addPath(path);
+    else if (!m_missing.contains(path))
+        m_missing.append(path);
+    if (!m_missing.isEmpty() && !m_missingTimer->isActive())
+        m_missingTimer->start();
+}
+
+void DesignManager::onFileChanged(const QString &path)
+{
+    watch(path);
+    if (!m_changed.contains(path))
+        m_changed.append(path);
+    if (!m_postTimer->isActive())
+        m_postTimer->start();
+}
+
+void DesignManager::lookForMissingFiles()
+{
+    const QStringList missing = m_missing;
+    m_missing.clear();
+    for (const QString &path : missing) {
+        if (QFile::exists(path))
+            onFileChanged(path);
+        else
+            m_missing.append(path);
+    }
+    if (m_missing.isEmpty())
+        m_missingTimer->stop();
+}
+
+void DesignManager::postModified()
+{
+    const QStringList changed = m_changed;
+    m_changed.clear();
+    for (const QString &path : changed) {
+        QMap<QString, QVariant> data;
+        data.insert(QLatin1String("file"), path);
+        QUtil::EventManager::instance()->post(QLatin1String("TE.File.Modified"), data);
+    }
+}
+
+TaskEngine::TaskEngine() : m_designManager(new DesignManager)
+{
+}
+
+// Never destroyed: views may ask until the process ends.
+TaskEngine *TaskEngine::instance()
+{
+    static TaskEngine *engine = new TaskEngine;
+    return engine;
+}
+
+DesignManager *TaskEngine::designManager() const
+{
+    return m_designManager;
+}
+
+} // namespace TE

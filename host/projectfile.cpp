@@ -1,0 +1,313 @@
+#include "host/projectfile.h"
+
+#include <QDir>
+
+#include <nlohmann/json.hpp>
+
+#include "host/designmanager.h"
+
+namespace Core {
+namespace {
+
+typedef nlohmann::ordered_json Json;
+
+const int formatVersion = 1;
+
+// The names of file types in the file, by TE::FileType.
+const char *const typeNames[] = {"", "Other", "Verilog", "SystemVerilog", "VHDL"};
+const int typeCount = 5;
+
+QString fromStd(const std::string &text)
+{
+    return QString::fromUtf8(text.data(), int(text.size()));
+}
+
+std::string toStd(const QString &text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return std::string(utf8.constData(), size_t(utf8.size()));
+}
+
+// Finds out where and why a text is no JSON, which the reading that builds the document only says by
+// throwing.
+class FaultFinder : public nlohmann::json_sax<Json>
+{
+public:
+    std::size_t position = 0;
+    QString reason;
+
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const string_t &) override { return true; }
+    bool string(string_t &) override { return true; }
+    bool binary(binary_t &) override { return true; }
+    bool start_object(std::size_t) override { return true; }
+    bool key(string_t &) override { return true; }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t at, const std::string &, const nlohmann::detail::exception &cause) override
+    {
+        // "[json.exception.parse_error.101] parse error at line 3, column 5: ... - unexpected '}'; expected
+        // ..."
+        const QString text = fromStd(cause.what());
+        reason = text.mid(text.indexOf(QLatin1String(" - ")) + 3);
+        position = at;
+        return false;
+    }
+};
+
+QString jsonFault(const QByteArray &bytes)
+{
+    FaultFinder finder;
+    Json::sax_parse(bytes.constData(), bytes.constData() + bytes.size(), &finder);
+    const int line = 1 + bytes.left(int(finder.position) - 1).count('\n');
+    return QString::fromLatin1("line %1: %2.").arg(QString::number(line), finder.reason);
+}
+
+// Takes values out of one object of the document and remembers the first thing that is wrong with it.
+class ObjectReader
+{
+public:
+    ObjectReader(const Json &object, const QString &where) : m_object(object), m_where(where)
+    {
+        if (!object.is_object())
+            setFault(QString::fromLatin1("%1 must be an object.").arg(where));
+    }
+
+    QString text(const char *key)
+    {
+        const Json *value = find(key);
+        if (!value)
+            return QString();
+        if (!value->is_string())
+            return setFault(QString::fromLatin1("%1 must be a text.").arg(name(key))), QString();
+        return fromStd(value->get_ref<const std::string &>());
+    }
+
+    bool flag(const char *key, bool missing)
+    {
+        const Json *value = find(key);
+        if (!value)
+            return missing;
+        if (!value->is_boolean())
+            setFault(QString::fromLatin1("%1 must be true or false.").arg(name(key)));
+        return value->is_boolean() && value->get<bool>();
+    }
+
+    int number(const char *key, int missing)
+    {
+        const Json *value = find(key);
+        if (!value)
+            return missing;
+        if (!value->is_number_integer())
+            return setFault(QString::fromLatin1("%1 must be a whole number.").arg(name(key))), missing;
+        return value->get<int>();
+    }
+
+    const Json *list(const char *key)
+    {
+        const Json *value = find(key);
+        if (!value || value->is_array())
+            return value;
+        setFault(QString::fromLatin1("%1 must be a list.").arg(name(key)));
+        return nullptr;
+    }
+
+    QStringList texts(const char *key)
+    {
+        QStringList result;
+        const Json *values = list(key);
+        for (size_t i = 0; values && i < values->size(); ++i) {
+            const Json &value = (*values)[i];
+            if (!value.is_string()) {
+                setFault(QString::fromLatin1("%1 must hold texts only.").arg(name(key)));
+                break;
+            }
+            result.append(fromStd(value.get_ref<const std::string &>()));
+        }
+        return result;
+    }
+
+    const Json *find(const char *key)
+    {
+        m_known.append(QLatin1String(key));
+        if (!m_object.is_object())
+            return nullptr;
+        const Json::const_iterator found = m_object.find(key);
+        return found == m_object.end() ? nullptr : &*found;
+    }
+
+    QString name(const char *key) const
+    {
+        const QString quoted = QString::fromLatin1("\"%1\"").arg(QLatin1String(key));
+        return m_where.isEmpty() ? quoted : m_where + QLatin1String(", ") + quoted;
+    }
+
+    void setFault(const QString &fault)
+    {
+        if (m_fault.isEmpty())
+            m_fault = fault;
+    }
+
+    // The first fault, keys that were never asked for included; empty when all is well.
+    QString finish()
+    {
+        for (Json::const_iterator it = m_object.begin(); m_object.is_object() && it != m_object.end(); ++it) {
+            const QString key = fromStd(it.key());
+            if (!m_known.contains(key))
+                setFault(QString::fromLatin1("%1 is not known here.").arg(name(key.toUtf8().constData())));
+        }
+        return m_fault;
+    }
+
+private:
+    const Json &m_object;
+    QString m_where;
+    QString m_fault;
+    QStringList m_known;
+};
+
+int typeFromText(const QString &text)
+{
+    for (int type = 1; type < typeCount; ++type) {
+        if (text == QLatin1String(typeNames[type]))
+            return type;
+    }
+    return TE::UnknownFile;
+}
+
+QString absoluteFrom(const QString &folder, const QString &path)
+{
+    return QDir::cleanPath(QDir(folder).absoluteFilePath(path));
+}
+
+QString readFile(const Json &entry, int index, const QString &folder, SourceFile &file)
+{
+    const QString where = QString::fromLatin1("\"files\", entry %1").arg(index + 1);
+    ObjectReader reader(entry, where);
+    const QString path = reader.text("path");
+    const QString type = reader.text("type");
+    file.enabled = reader.flag("enabled", true);
+    file.path = absoluteFrom(folder, path);
+    file.type = type.isEmpty() ? TE::fileTypeFromName(path) : typeFromText(type);
+    if (path.isEmpty())
+        reader.setFault(QString::fromLatin1("%1 is missing.").arg(reader.name("path")));
+    if (file.type == TE::UnknownFile)
+        reader.setFault(QString::fromLatin1("%1 must be Verilog, SystemVerilog, VHDL or Other.")
+                            .arg(reader.name("type")));
+    return reader.finish();
+}
+
+QString readDevice(const Json *object, DEV::DeviceArg &device)
+{
+    if (!object)
+        return QString();
+    ObjectReader reader(*object, QLatin1String("\"device\""));
+    device.series = reader.text("series");
+    device.device = reader.text("device");
+    device.package = reader.text("package");
+    device.partNumber = reader.text("partNumber");
+    return reader.finish();
+}
+
+QString readProject(const Json &document, const QString &folder, ProjectData &data)
+{
+    ObjectReader reader(document, QString());
+    if (!document.is_object())
+        return QLatin1String("it must hold one object.");
+    const int version = reader.number("version", 0);
+    if (version > formatVersion)
+        return QString::fromLatin1("its version %1 is newer than this program.").arg(version);
+    if (version < 1)
+        reader.setFault(QLatin1String("\"version\" is missing."));
+    data.name = reader.text("name");
+    const Json *files = reader.list("files");
+    for (size_t i = 0; files && i < files->size(); ++i) {
+        SourceFile file;
+        const QString fault = readFile((*files)[i], int(i), folder, file);
+        if (!fault.isEmpty())
+            reader.setFault(fault);
+        data.files.append(file);
+    }
+    data.topModule = reader.text("topModule");
+    data.includePaths = reader.texts("includePaths");
+    data.libraryPaths = reader.texts("libraryPaths");
+    data.defines = reader.texts("defines");
+    data.verilogStandard = reader.text("verilogStandard");
+    data.synthesisTool = reader.text("synthesisTool");
+    const QString fault = readDevice(reader.find("device"), data.device);
+    if (!fault.isEmpty())
+        reader.setFault(fault);
+    return reader.finish();
+}
+
+Json textList(const QStringList &texts)
+{
+    Json list = Json::array();
+    for (const QString &text : texts)
+        list.push_back(toStd(text));
+    return list;
+}
+
+// Type and flag are left out where they are what a reader assumes anyway.
+Json fileObject(const SourceFile &file, const QString &folder)
+{
+    Json object;
+    object["path"] = toStd(QDir(folder).relativeFilePath(file.path));
+    if (file.type != TE::fileTypeFromName(file.path) && file.type > 0 && file.type < typeCount)
+        object["type"] = typeNames[file.type];
+    if (!file.enabled)
+        object["enabled"] = false;
+    return object;
+}
+
+Json deviceObject(const DEV::DeviceArg &device)
+{
+    Json object;
+    object["series"] = toStd(device.series);
+    object["device"] = toStd(device.device);
+    object["package"] = toStd(device.package);
+    object["partNumber"] = toStd(device.partNumber);
+    return object;
+}
+
+} // namespace
+
+bool projectFromJson(const QByteArray &bytes, const QString &folder, ProjectData &data, QString &fault)
+{
+    const Json document = Json::parse(bytes.constData(), bytes.constData() + bytes.size(), nullptr, false);
+    if (document.is_discarded()) {
+        fault = jsonFault(bytes);
+        return false;
+    }
+    ProjectData read;
+    fault = readProject(document, folder, read);
+    if (!fault.isEmpty())
+        return false;
+    data = read;
+    return true;
+}
+
+QByteArray projectToJson(const ProjectData &data, const QString &folder)
+{
+    Json document;
+    document["version"] = formatVersion;
+    document["name"] = toStd(data.name);
+    document["files"] = Json::array();
+    for (const SourceFile &file : data.files)
+        document["files"].push_back(fileObject(file, folder));
+    document["topModule"] = toStd(data.topModule);
+    document["includePaths"] = textList(data.includePaths);
+    document["libraryPaths"] = textList(data.libraryPaths);
+    document["defines"] = textList(data.defines);
+    document["verilogStandard"] = toStd(data.verilogStandard);
+    document["synthesisTool"] = toStd(data.synthesisTool);
+    document["device"] = deviceObject(data.device);
+    const std::string text = document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return QByteArray(text.data(), int(text.size()));
+}
+
+} // namespace Core

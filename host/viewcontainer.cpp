@@ -1,0 +1,31 @@
+#include "host/viewcontainer.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include "host/iview.h"
+
+namespace Core {
+
+ViewContainer::ViewContainer(IView *view) : m_view(view)
+{
+    QVBoxLayout *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view);
+    // Both were made as windows, but closing the last of them does not end the program.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    view->setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+IView *ViewContainer::view() const
+{
+    return m_view;
+}
+
+void ViewContainer::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    Q_EMIT closed(this);
+}
+
+} // namespace Core

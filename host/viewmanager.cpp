@@ -1,0 +1,287 @@
+#include "host/viewmanager.h"
+
+#include <QEvent>
+#include <QTabWidget>
+#include <QTextDocument>
+
+#include "host/iview.h"
+#include "host/viewcontainer.h"
+
+namespace Core {
+namespace {
+
+// Tool tips take texts that look like HTML for it; file names may.
+QString plainToolTip(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
+QString tabText(const IView *view)
+{
+    QString text = view->shortTitle().isEmpty() ? view->windowTitle() : view->shortTitle();
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+ViewManager::ViewManager() : m_active(nullptr), m_activeLost(false), m_changingTabs(false)
+{
+}
+
+// Lives as long as the process: plug-ins are connected to it until they are shut down.
+ViewManager *ViewManager::instance()
+{
+    static ViewManager *manager = new ViewManager;
+    return manager;
+}
+
+QTabWidget *ViewManager::tabWidget()
+{
+    if (!m_tabs) {
+        m_tabs = new QTabWidget;
+        m_tabs->setTabsClosable(true);
+        m_tabs->setMovable(true);
+        m_tabs->setDocumentMode(true);
+        connect(m_tabs, SIGNAL(currentChanged(int)), this, SLOT(onCurrentTabChanged()));
+        connect(m_tabs, SIGNAL(tabCloseRequested(int)), this, SLOT(onTabCloseRequested(int)));
+    }
+    return m_tabs;
+}
+
+void ViewManager::showView(IView *view)
+{
+    if (!view)
+        return;
+    m_changingTabs = true;
+    if (indexOf(view) < 0)
+        addView(view);
+    tabWidget()->setCurrentWidget(m_entries.at(indexOf(view)).container);
+    m_changingTabs = false;
+    updateActiveView();
+    if (m_active == view)
+        view->setFocus();
+}
+
+void ViewManager::addView(IView *view)
+{
+    Entry entry = {view, new ViewContainer(view)};
+    m_entries.append(entry);
+    connect(entry.container, SIGNAL(closed(QWidget *)), this, SLOT(onContainerClosed(QWidget *)));
+    connect(view, SIGNAL(destroyed()), this, SLOT(onViewDestroyed()));
+    connect(view, SIGNAL(shortTitleChanged(QString)), this, SLOT(updateTitles()));
+    view->installEventFilter(this);
+    tabWidget()->addTab(entry.container, QString());
+    updateTitles();
+}
+
+bool ViewManager::closeView(IView *view)
+{
+    const int index = indexOf(view);
+    if (index < 0 || m_asked.contains(view))
+        return false;
+    const QPointer<ViewContainer> container = m_entries.at(index).container;
+    const QPointer<QWidget> guard = view;
+    m_asked.append(view);
+    const bool accepted = view->close();
+    m_asked.removeAll(view);
+    // The view may have gone its own way while it asked the user.
+    if (!guard || indexOf(view) < 0)
+        return true;
+    if (accepted && container)
+        container->close();
+    return accepted;
+}
+
+bool ViewManager::closeAllViews()
+{
+    const QPointer<IView> last = m_active;
+    const QList<IView *> opened = views();
+    for (IView *view : opened) {
+        if (view != last && indexOf(view) >= 0 && !closeView(view))
+            return false;
+    }
+    return !last || closeView(last);
+}
+
+void ViewManager::registerContext(QWidget *widget, const QString &context, bool enabled)
+{
+    for (int i = m_bindings.size() - 1; i >= 0; --i) {
+        if (m_bindings.at(i).widget == widget && m_bindings.at(i).context == context)
+            m_bindings.removeAt(i);
+    }
+    Binding binding;
+    binding.widget = widget;
+    binding.context = context;
+    binding.enabled = enabled;
+    m_bindings.append(binding);
+    connect(widget, SIGNAL(destroyed()), this, SLOT(onBoundWidgetDestroyed()), Qt::UniqueConnection);
+    updateContexts();
+}
+
+QList<IView *> ViewManager::views() const
+{
+    QList<IView *> result;
+    for (const Entry &entry : m_entries)
+        result.append(entry.view);
+    return result;
+}
+
+IView *ViewManager::currentView() const
+{
+    return m_active;
+}
+
+QStringList ViewManager::activeContexts() const
+{
+    return m_contexts;
+}
+
+QWidget *ViewManager::dialogParent() const
+{
+    if (m_dialogParent)
+        return m_dialogParent;
+    return m_tabs ? m_tabs->window() : nullptr;
+}
+
+void ViewManager::setDialogParent(QWidget *parent)
+{
+    m_dialogParent = parent;
+}
+
+int ViewManager::indexOf(const IView *view) const
+{
+    for (int i = 0; i < m_entries.size(); ++i) {
+        if (m_entries.at(i).view == view)
+            return i;
+    }
+    return -1;
+}
+
+void ViewManager::onCurrentTabChanged()
+{
+    if (!m_changingTabs)
+        updateActiveView();
+}
+
+void ViewManager::onTabCloseRequested(int index)
+{
+    const QWidget *page = m_tabs ? m_tabs->widget(index) : nullptr;
+    for (const Entry &entry : m_entries) {
+        if (page && entry.container == page) {
+            closeView(entry.view);
+            return;
+        }
+    }
+}
+
+// However it came about: the user, the host or the view itself closed the container.
+void ViewManager::onContainerClosed(QWidget *container)
+{
+    for (int i = 0; i < m_entries.size(); ++i) {
+        if (m_entries.at(i).container != container)
+            continue;
+        IView *view = m_entries.at(i).view;
+        dropTab(i);
+        view->removeEventFilter(this);
+        disconnect(view, nullptr, this, nullptr);
+        Q_EMIT viewClosed(view);
+        updateActiveView();
+        container->deleteLater();
+        return;
+    }
+}
+
+void ViewManager::onViewDestroyed()
+{
+    for (int i = m_entries.size() - 1; i >= 0; --i) {
+        const QPointer<ViewContainer> container = m_entries.at(i).container;
+        if (container && container->view())
+            continue;
+        dropTab(i);
+        if (container)
+            container->deleteLater();
+    }
+    updateActiveView();
+}
+
+// Takes a view out of the books; who is active then is found out by updateActiveView().
+void ViewManager::dropTab(int index)
+{
+    const Entry entry = m_entries.takeAt(index);
+    if (m_active == entry.view) {
+        m_active = nullptr;
+        m_activeLost = true;
+    }
+    for (int i = m_bindings.size() - 1; i >= 0; --i) {
+        if (!m_bindings.at(i).widget || m_bindings.at(i).widget == entry.view)
+            m_bindings.removeAt(i);
+    }
+    m_changingTabs = true;
+    if (m_tabs && entry.container)
+        m_tabs->removeTab(m_tabs->indexOf(entry.container));
+    m_changingTabs = false;
+}
+
+void ViewManager::updateActiveView()
+{
+    IView *current = nullptr;
+    for (const Entry &entry : m_entries) {
+        if (m_tabs && entry.container && entry.container == m_tabs->currentWidget())
+            current = entry.view;
+    }
+    if (current == m_active && !m_activeLost)
+        return;
+    IView *previous = m_active;
+    m_active = current;
+    m_activeLost = false;
+    updateContexts();
+    if (previous)
+        previous->onDeactivated();
+    if (current)
+        current->onActivated();
+    Q_EMIT viewActiveted(current);
+}
+
+void ViewManager::updateContexts()
+{
+    QStringList contexts;
+    for (const Binding &binding : m_bindings) {
+        const QWidget *widget = binding.widget;
+        if (m_active && widget && binding.enabled && (widget == m_active || m_active->isAncestorOf(widget)))
+            contexts.append(binding.context);
+    }
+    if (contexts == m_contexts)
+        return;
+    m_contexts = contexts;
+    Q_EMIT contextsChanged(contexts);
+}
+
+void ViewManager::onBoundWidgetDestroyed()
+{
+    for (int i = m_bindings.size() - 1; i >= 0; --i) {
+        if (!m_bindings.at(i).widget)
+            m_bindings.removeAt(i);
+    }
+    updateContexts();
+}
+
+void ViewManager::updateTitles()
+{
+    for (const Entry &entry : m_entries) {
+        const int tab = m_tabs && entry.container ? m_tabs->indexOf(entry.container) : -1;
+        if (tab < 0)
+            continue;
+        m_tabs->setTabText(tab, tabText(entry.view));
+        m_tabs->setTabToolTip(tab, plainToolTip(entry.view->windowTitle()));
+    }
+}
+
+// Qt 4 has no signal for a changed window title.
+bool ViewManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::WindowTitleChange)
+        updateTitles();
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Core
