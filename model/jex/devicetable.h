@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "host/devicearg.h"
+
+namespace JEX_TOOL {
+
+// One way in which a memory can be used: so many words of so many bits.
+struct MemoryShape
+{
+    int depth;
+    int width;
+};
+
+// What the devices of a family have in common. The lists of shapes end with {0, 0}.
+struct DeviceFamily
+{
+    const char *series;
+    const MemoryShape *blockShapes;  // with a write and a read port of their own
+    const MemoryShape *shadowShapes; // null: the family has no memory made of logic cells
+    const char *source;              // the public data sheet that the figures are from
+};
+
+// One device and the part that the workbench offers for it.
+struct Device
+{
+    const DeviceFamily *family;
+    const char *device;
+    const char *package;
+    const char *partNumber;
+    int blocks;    // block memories
+    int shadows;   // shadow memories, see jextool.h
+    int registers; // of the logic cells; those of pins do not count
+};
+
+// Null for a device that the table does not hold.
+const Device *findDevice(const QString &series, const QString &device);
+
+// One whose memories are of the most common kind: 18 Kbit blocks, 16x4 shadow memories.
+const DeviceFamily *usualFamily();
+
+// Every part of the table, ordered by series; part numbers are unique.
+QList<DEV::DeviceArg> knownDevices();
+
+// How many memories of the best of these shapes hold `depth` words of `width` bits; all of them are used
+// in that one shape. 0 when there is nothing to hold.
+int memoriesRequired(const MemoryShape *shapes, int width, int depth);
+
+} // namespace JEX_TOOL

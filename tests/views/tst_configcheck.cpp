@@ -1,0 +1,162 @@
+#include <QtTest>
+
+#include <memory>
+
+#include "model/jex/core.h"
+#include "model/quarry/rtlnetlist.h"
+#include "tests/support/netlisttext.h"
+#include "views/configcheck.h"
+
+using namespace JEX;
+using namespace RTLJEX;
+
+namespace {
+
+SignalItem signal(const char *name, int bits = 0)
+{
+    SignalItem item;
+    item.name = name;
+    for (int i = 0; i < bits; ++i) {
+        item.members.append(signal(name));
+    }
+    return item;
+}
+
+// Everything in order: port 2 of three bits, M3 bound to it.
+void fill(AoCore *core)
+{
+    core->getTrigger(2)->signalItems << signal("top/a[1:0]", 2) << signal("top/b");
+    MatchUnit *unit = core->matchUnit(3);
+    unit->enabled = true;
+    unit->triggerPort = core->getTrigger(2);
+    unit->value = "01X";
+    core->expressions << "M3";
+    core->sampleClock = "top/clk";
+    core->enabledCaptureSignals << signal("top/b");
+}
+
+typedef void (*Change)(AoCore *core);
+
+} // namespace
+Q_DECLARE_METATYPE(Change)
+
+class ConfigCheckTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QUARRY::RtlNetlist> m_netlist{netlistFromText("top\n"
+                                                                  "  clk\n"
+                                                                  "  a[1:0]\n")};
+
+private Q_SLOTS:
+    void standard_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<QString>("errors");
+        const auto row = [](const char *name, Change change, const char *errors) {
+            QTest::newRow(name) << change << errors;
+        };
+        row(
+            "in order", [](AoCore *) {}, "");
+        row(
+            "new core",
+            [](AoCore *core) {
+                core->getTrigger(2)->signalItems.clear();
+                core->matchUnit(3)->enabled = false;
+                core->expressions.clear();
+                core->sampleClock.clear();
+                core->enabledCaptureSignals.clear();
+            },
+            "Core 5: No available trigger ports\nCore 5: No available match units\n"
+            "Core 5: No expressions specified\nCore 5: No sample clock specified\n"
+            "Core 5: No capture signals specified");
+        row(
+            "no unit, expressions still scanned", [](AoCore *core) { core->matchUnit(3)->enabled = false; },
+            "Core 5: No available match units\nCore 5: M3 in expression \"M3\" is not enable");
+        row(
+            "unit without port", [](AoCore *core) { core->matchUnit(3)->triggerPort = nullptr; },
+            "Core 5: M3 doesn't bind a trigger port");
+        row(
+            "port without signals",
+            [](AoCore *core) {
+                core->matchUnit(12)->enabled = true;
+                core->matchUnit(12)->triggerPort = core->getTrigger(7);
+            },
+            "Core 5: Trigger port 7 for M12 is not available");
+        row(
+            "length", [](AoCore *core) { core->matchUnit(3)->value = "01"; },
+            "Core 5: Length of M3 is not equal to trigger port 2");
+        row(
+            "disabled unit", [](AoCore *core) { core->expressions[0] = "M3&&M12"; },
+            "Core 5: M12 in expression \"M3&&M12\" is not enable");
+        row(
+            "named twice", [](AoCore *core) { core->expressions[0] = "M1||!M1"; },
+            "Core 5: M1 in expression \"M1||!M1\" is not enable\n"
+            "Core 5: M1 in expression \"M1||!M1\" is not enable");
+        row(
+            "constant, no unit", [](AoCore *core) { core->expressions << "M03%1 99%2"; },
+            "Core 5: M1 in expression \"M03%1 99%2\" is not enable\n"
+            "Core 5: M99 in expression \"M03%1 99%2\" is not enable\n"
+            "Core 5: M2 in expression \"M03%1 99%2\" is not enable");
+        row(
+            "too long for a number", [](AoCore *core) { core->expressions << "M99999999999"; }, "");
+        row(
+            "unknown clock", [](AoCore *core) { core->sampleClock = "top/none"; },
+            "Core 5: The specified sample clock does not exist");
+        row(
+            "clock is a bus bit", [](AoCore *core) { core->sampleClock = "top/a[1]"; }, "");
+        row(
+            "clock is a bus", [](AoCore *core) { core->sampleClock = "top/a[1:0]"; },
+            "Core 5: The specified sample clock does not exist");
+        row(
+            "nothing enabled", [](AoCore *core) { core->enabledCaptureSignals[0].capEnable = false; },
+            "Core 5: No capture signals specified");
+    }
+
+    void standard()
+    {
+        QFETCH(Change, change);
+        QFETCH(QString, errors);
+        AoCore core(5);
+        fill(&core);
+        change(&core);
+        QString found = "old";
+        const bool ok = checkStandardCores({&core}, m_netlist.get(), &found);
+        QCOMPARE(found, errors);
+        QCOMPARE(ok, errors.isEmpty());
+        QCOMPARE(checkStandardCores({&core}, m_netlist.get(), nullptr), ok);
+    }
+
+    void coresInOrder()
+    {
+        AoCore a(7), b(0);
+        fill(&a);
+        fill(&b);
+        a.sampleClock.clear();
+        b.expressions.clear();
+        QString found;
+        QVERIFY(!checkStandardCores({&a, &b}, m_netlist.get(), &found));
+        QCOMPARE(found, QString("Core 7: No sample clock specified\nCore 0: No expressions specified"));
+    }
+
+    void lite()
+    {
+        AOCore_Lite good, bad;
+        good.sampleClock = "top/clk";
+        good.enabledCaptureSignals << signal("top/b");
+        good.enabledCaptureSignals[0].capEnable = false; // not scanned
+        bad.coreNumber = 1;
+        QString found;
+        QVERIFY(!checkLiteCores({&good, &bad}, m_netlist.get(), &found));
+        QCOMPARE(found, QString("Core 1: No sample clock specified\nCore 1: No capture signals specified"));
+        QVERIFY(!checkLiteCores({&bad}, m_netlist.get(), &found));
+        QCOMPARE(found, QString("Core 0: No sample clock specified\nCore 0: No capture signals specified"));
+        QVERIFY(!checkLiteCores({&good}, nullptr, &found));
+        QCOMPARE(found, QString("Core 0: The specified sample clock does not exist"));
+        QVERIFY(checkLiteCores({&good}, m_netlist.get(), &found) && found.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(ConfigCheckTest)
+#include "tst_configcheck.moc"
