@@ -1,0 +1,53 @@
+#include "plugin/jexconfigfilepage.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegExpValidator>
+
+#include "host/modal.h"
+#include "host/project.h"
+#include "ui_jexconfigfilepage.h"
+
+namespace RTLJEX {
+
+JexConfigFilePage::JexConfigFilePage(QMap<QString, QVariant> *fields, QWidget *parent)
+    : QWizardPage(parent), m_fields(fields), m_ui(new Ui::JexConfigFilePage)
+{
+    m_ui->setupUi(this);
+    // What no file system takes in a name, and the dot: the extension is fixed.
+    const QRegExp allowed("[^~\\.<>/\\\\|\\:\"\\*\\?]*", Qt::CaseSensitive);
+    m_ui->fileLineEdit->setValidator(new QRegExpValidator(allowed, this));
+    connect(m_ui->fileLineEdit, SIGNAL(textChanged(QString)), this, SIGNAL(completeChanged()));
+    m_ui->fileLineEdit->setText(findProperName());
+    m_ui->fileLineEdit->selectAll();
+}
+
+JexConfigFilePage::~JexConfigFilePage()
+{
+}
+
+QString JexConfigFilePage::findProperName()
+{
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    return project ? project->name() : QString::fromLatin1("fpga_project");
+}
+
+bool JexConfigFilePage::isComplete() const
+{
+    return !m_ui->fileLineEdit->text().isEmpty();
+}
+
+bool JexConfigFilePage::validatePage()
+{
+    const QString path =
+        m_fields->value("jex_config_path").toString() + "/" + m_ui->fileLineEdit->text() + ".zub";
+    m_fields->insert("jex_config_file", path);
+    if (!QFileInfo(path).exists())
+        return true;
+    const QString text =
+        tr("File %1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path));
+    return QUtil::messageBox(this, QMessageBox::Question, tr("Create File"), text,
+                             QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel) == QMessageBox::Ok;
+}
+
+} // namespace RTLJEX

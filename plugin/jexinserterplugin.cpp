@@ -1,0 +1,28 @@
+#include "plugin/jexinserterplugin.h"
+
+#include <QtPlugin>
+
+#include "plugin/jexviewmanager.h"
+
+namespace RTLJEX {
+
+bool JexInserterPlugin::initialize()
+{
+    JexViewManager::instance()->initialize();
+    return true;
+}
+
+void JexInserterPlugin::extensionsInitialized()
+{
+}
+
+void JexInserterPlugin::shutDown()
+{
+    JexViewManager::instance()->deinit();
+}
+
+} // namespace RTLJEX
+
+#if QT_VERSION < 0x050000
+Q_EXPORT_PLUGIN2(RtlJEXIns, RTLJEX::JexInserterPlugin)
+#endif

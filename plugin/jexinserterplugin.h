@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/iplugin.h"
+
+namespace RTLJEX {
+
+// What the host loads.
+class JexInserterPlugin : public ExtSys::IPlugin
+{
+    Q_OBJECT
+    Q_INTERFACES(ExtSys::IPlugin)
+#if QT_VERSION >= 0x050000
+    Q_PLUGIN_METADATA(IID EXTSYS_IPLUGIN_IID)
+#endif
+
+public:
+    bool initialize();
+    void extensionsInitialized();
+    void shutDown();
+};
+
+} // namespace RTLJEX

@@ -1,0 +1,226 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QDir>
+#include <QPointer>
+#include <QTabWidget>
+#include <QTest>
+
+#include "host/actionmanager.h"
+#include "host/iview.h"
+#include "host/viewmanager.h"
+#include "plugin/jexviewmanager.h"
+#include "tests/support/modaldriver.h"
+#include "tests/support/workspace.h"
+#include "views/jexinserterview.h"
+
+using namespace RTLJEX;
+
+class JexViewManagerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+    void opensOneViewPerFile();
+    void refusals_data();
+    void refusals();
+    void openingTwiceAtOnce();
+    void saveFollowsTheActiveView();
+    void closedAndDyingViews();
+
+private:
+    bool open(const QString &file)
+    {
+        DEV::DeviceArg device;
+        device.series = "series";
+        device.partNumber = "part-1";
+        return JexViewManager::instance()->openInserterView(file, device);
+    }
+    // "a.zub *, b.zub" in order of opening, as the manager and the host see them
+    static QString views()
+    {
+        QStringList titles;
+        for (JexInserterView *view : JexViewManager::instance()->jexViews())
+            titles << view->windowTitle();
+        return titles.join(", ");
+    }
+    // What the Save command shows.
+    QString save() const { return m_save->text() + (m_save->isEnabled() ? " on" : " off"); }
+    static void edit(Core::IView *view) { view->findChild<QCheckBox *>("enableInputRegCheckBox")->click(); }
+
+    QScopedPointer<Workspace> m_work;
+    QAction *m_save = nullptr;
+};
+
+void JexViewManagerTest::initTestCase()
+{
+    QVERIFY(JexViewManager::instance());
+    QVERIFY(JexViewManager::instance()->jexViews().isEmpty());
+    JexViewManager::instance()->initialize();
+    m_save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
+    Core::ViewManager::instance()->tabWidget()->show();
+}
+
+void JexViewManagerTest::init()
+{
+    m_work.reset(new Workspace);
+    m_work->addDesign("design.v", counterDesign);
+    QCOMPARE(save(), QString("&Save off"));
+}
+
+void JexViewManagerTest::cleanup()
+{
+    ModalDriver driver;
+    for (int i = 0; i < 2; ++i)
+        driver.press(QMessageBox::Discard);
+    QVERIFY(Core::ViewManager::instance()->closeAllViews());
+    QCOMPARE(views(), QString());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_work.reset();
+}
+
+void JexViewManagerTest::cleanupTestCase()
+{
+    JexViewManager::instance()->deinit();
+    QCOMPARE(save(), QString("&Save off"));
+    delete Core::ViewManager::instance()->tabWidget();
+}
+
+void JexViewManagerTest::opensOneViewPerFile()
+{
+    const QString a = m_work->writeLite("a.zub", 1);
+    m_work->writeLite("b.zub", 1);
+    m_work->writeLite("A.zub", 1);
+    QVERIFY(open(a) && open(m_work->path("b.zub")) && open(m_work->path("A.zub")));
+    QCOMPARE(views(), QString("a.zub, b.zub, A.zub"));
+    JexInserterView *first = JexViewManager::instance()->jexViews().first();
+    QCOMPARE(first->device, QString("part-1"));
+    QCOMPARE(Core::ViewManager::instance()->views().size(), 3);
+    QVERIFY(Core::ViewManager::instance()->currentView() != first);
+
+    // The same file by other spellings, which is not read again.
+    m_work->write("a.zub", "broken");
+    const QString here = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_work->dir.path()));
+    for (const QString &spelling : {a, m_work->path("./a.zub"), QString("a.zub"), QString("./x/../a.zub")}) {
+        QVERIFY(open(m_work->path("b.zub")));
+        QVERIFY(open(spelling));
+        QCOMPARE(Core::ViewManager::instance()->currentView(), static_cast<Core::IView *>(first));
+    }
+    QVERIFY(!JexViewManager::instance()->closeInserterView("c.zub"));
+    QVERIFY(JexViewManager::instance()->closeInserterView("./a.zub"));
+    QDir::setCurrent(here);
+    QCOMPARE(views(), QString("b.zub, A.zub"));
+}
+
+void JexViewManagerTest::refusals_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("said");
+
+    QTest::newRow("no such file") << QByteArray() << "Can not open %1:\nInvalid JEX file.";
+    QTest::newRow("another file") << QByteArray("text\n") << "Can not open %1:\nInvalid JEX file.";
+    QTest::newRow("damaged Lite file") << QByteArray("lite") << "%1 open file failed.";
+    QTest::newRow("Standard file")
+        << QByteArray("standard")
+        << "Can not open %1:\nIt is a Standard mode file, and this build edits Lite mode "
+           "files only.";
+}
+
+void JexViewManagerTest::refusals()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, said);
+    const QString file = m_work->path("<b>%1.zub");
+    if (content == "standard") {
+        JEX::fillInfoForEmptyJexConfig(file, JEX::StandardMode);
+    } else if (content == "lite") {
+        m_work->writeLite("<b>%1.zub", 1);
+        m_work->write("<b>%1.zub", m_work->read("<b>%1.zub").replace("sampleClock", "sampleClick"));
+    } else if (!content.isEmpty()) {
+        m_work->write("<b>%1.zub", content);
+    }
+    ModalDriver driver;
+    driver.press(QMessageBox::Ok);
+    QVERIFY(!open(file));
+    QCOMPARE(driver.seen.join("\n"), "critical | Error | " + QString(said).replace("%1", file) + " | OK*");
+    QCOMPARE(views(), QString());
+    QVERIFY(Core::ViewManager::instance()->views().isEmpty());
+}
+
+void JexViewManagerTest::openingTwiceAtOnce()
+{
+    const QString file = m_work->writeLite("a.zub", 1);
+    m_work->project.setOption("TopModule", "nosuch");
+    ModalDriver driver;
+    bool second = false;
+    driver.then([&](QDialog *dialog) {
+        second = open(file);
+        dialog->accept();
+    });
+    QVERIFY(!open(file));
+    QVERIFY2(second, "it is on its way already");
+    QCOMPARE(driver.seen.size(), 1);
+
+    m_work->project.setOption("TopModule", "");
+    QVERIFY(open(file));
+    QCOMPARE(views(), QString("a.zub"));
+}
+
+void JexViewManagerTest::saveFollowsTheActiveView()
+{
+    QVERIFY(open(m_work->writeLite("a.zub", 1)) && open(m_work->writeLite("b.zub", 1)));
+    JexInserterView *a = JexViewManager::instance()->jexViews().at(0);
+    JexInserterView *b = JexViewManager::instance()->jexViews().at(1);
+    Core::ViewManager *host = Core::ViewManager::instance();
+    QCOMPARE(save(), QString("&Save \"b.zub\" off"));
+    edit(b);
+    QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
+    QCOMPARE(m_save->toolTip(), QString("Save \"b.zub *\""));
+    edit(a);
+    QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
+    m_save->trigger();
+    QCOMPARE(save(), QString("&Save \"b.zub\" off"));
+    host->showView(a);
+    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+
+    Core::IView *foreign = new Core::IView(nullptr);
+    host->showView(foreign);
+    QCOMPARE(save(), QString("&Save off"));
+    edit(a);
+    JexViewManager::instance()->onInserterViewModified(true);
+    QVERIFY(!m_save->isEnabled());
+    QVERIFY(host->closeView(b));
+    QVERIFY(!m_save->isEnabled());
+    host->showView(a);
+    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+    host->closeView(foreign);
+    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+}
+
+void JexViewManagerTest::closedAndDyingViews()
+{
+    for (const char *name : {"a.zub", "b.zub", "c.zub"})
+        QVERIFY(open(m_work->writeLite(name, 1)));
+    const QPointer<JexInserterView> a = JexViewManager::instance()->jexViews().at(0);
+    const QPointer<JexInserterView> b = JexViewManager::instance()->jexViews().at(1);
+    const QPointer<JexInserterView> c = JexViewManager::instance()->jexViews().at(2);
+    edit(c);
+    edit(b);
+
+    delete b;
+    QCOMPARE(views(), QString("a.zub, c.zub *"));
+    QCOMPARE(save(), QString("&Save \"c.zub *\" on"));
+    // What the host says about the current view takes effect at once, whatever else is open.
+    JexViewManager::instance()->onInserterViewClosed(c);
+    QCOMPARE(views(), QString("a.zub"));
+    QVERIFY(!m_save->isEnabled());
+    JexViewManager::instance()->onCurrentViewChanged(a);
+    QCOMPARE(save(), QString("&Save \"a.zub\" off"));
+}
+
+QTEST_MAIN(JexViewManagerTest)
+#include "tst_jexviewmanager.moc"

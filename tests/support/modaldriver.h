@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QMessageBox>
+#include <QObject>
+#include <QPushButton>
+#include <QStringList>
+#include <QTimer>
+#include <functional>
+
+// Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the
+// message boxes said is kept as "icon | title | text | buttons", with a star at the default button.
+// A dialog that nobody expected is noted and rejected, so that a test fails instead of waiting.
+class ModalDriver : public QObject
+{
+public:
+    typedef std::function<void(QDialog *)> Step;
+
+    ModalDriver() { tick(); }
+
+    QStringList seen;
+
+    void then(const Step &step) { m_steps << step; }
+    void press(QMessageBox::StandardButton button)
+    {
+        m_steps << [button](QDialog *dialog) {
+            QAbstractButton *found = qobject_cast<QMessageBox *>(dialog)->button(button);
+            if (found)
+                found->click();
+            else
+                dialog->reject();
+        };
+    }
+    bool done() const { return m_steps.isEmpty(); }
+
+    static QString describe(QDialog *dialog)
+    {
+        const QMessageBox *box = qobject_cast<QMessageBox *>(dialog);
+        if (!box)
+            return QString("dialog | %1").arg(dialog->windowTitle());
+        const char *const icons[] = {"none", "information", "warning", "critical", "question"};
+        QStringList buttons;
+        for (QAbstractButton *button : box->buttons())
+            buttons << button->text().remove('&') + (button == box->defaultButton() ? "*" : "");
+        buttons.sort();
+        return QStringList({icons[box->icon()], box->windowTitle(), box->text(), buttons.join(" ")})
+            .join(" | ");
+    }
+
+private:
+    void tick()
+    {
+        QTimer::singleShot(5, this, [this] { tick(); });
+        QDialog *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog || dialog == m_last)
+            return;
+        m_last = dialog;
+        seen << describe(dialog);
+        if (m_steps.isEmpty()) {
+            seen.last().prepend("unexpected: ");
+            dialog->reject();
+        } else {
+            m_steps.takeFirst()(dialog);
+        }
+        m_last = nullptr;
+    }
+
+    QList<Step> m_steps;
+    QDialog *m_last = nullptr; // the one that a step is busy with
+};

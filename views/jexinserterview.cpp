@@ -1,0 +1,13 @@
+#include "views/jexinserterview.h"
+
+namespace RTLJEX {
+
+JexInserterView::JexInserterView(QWidget *parent) : Core::IView(parent)
+{
+}
+
+JexInserterView::~JexInserterView()
+{
+}
+
+} // namespace RTLJEX

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QMap>
+#include <QScopedPointer>
+#include <QStringList>
+#include <QVariant>
+
+#include "host/eventmanager.h"
+#include "views/jexinserterview.h"
+
+class QCloseEvent;
+namespace QUARRY {
+class RtlNetlist;
+}
+
+namespace RTLJEX {
+
+namespace private_impl {
+class JexLiteInserterViewPrivate;
+}
+
+// The editor of a Lite configuration file: one page for each of its cores, over one netlist. Opens only
+// with a design that can be parsed. Watches its file and the project's design, and asks in banners
+// before it reads either again.
+class JexLiteInserterView : public JexInserterView, public QUtil::IEventHandler
+{
+    Q_OBJECT
+
+public:
+    explicit JexLiteInserterView(QWidget *parent);
+    ~JexLiteInserterView();
+
+    QString file() const;
+    bool open(const QString &fileName, const QString &extra, QString *errorMessage);
+    bool save();
+    bool isModified() const;
+    void handleIEvent(const QUtil::IEvent *event);
+
+    QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
+    void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+                       QStringList &messages);
+    static QStringList includePaths();
+
+    // Both ask whether to read the design again.
+    void designFileChanged();
+    void topModuleChanged();
+
+    // Reads the file again and drops all edits, but keeps the netlist. Nothing changes when it fails.
+    bool reloadJexFile();
+
+    void subscribeEvent();
+    void unsubscribeEvent();
+
+public Q_SLOTS:
+    void onFileChanged();
+    void checkForReload();
+    void onBannerReload();
+    void onBannerCancel();
+    void onBannerKeep();
+    void onBannerClose();
+    bool readRtlNetlist(); // false: the user knows why, and the old netlist stays
+    void onRtlReload();
+    void onReloadCancel();
+
+protected:
+    void closeEvent(QCloseEvent *event);
+
+private:
+    void askForDesignReload(const QString &question);
+    void dropChanges();
+
+    QScopedPointer<private_impl::JexLiteInserterViewPrivate> d;
+    bool m_designChangePending; // while a design banner is shown, further events are of no interest
+};
+
+} // namespace RTLJEX

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+#include <QScopedPointer>
+#include <QStringList>
+
+namespace RTLJEX {
+
+namespace Ui {
+class MessageDlg;
+}
+
+// Lists the messages of the design parser. A double click selects the whole line that it hits, so that
+// one message can be copied; Ctrl and the wheel zoom, as in every read-only text.
+class MessageDlg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit MessageDlg(QWidget *parent);
+    ~MessageDlg();
+
+    void setDetailMsg(const QStringList &lines);
+
+    bool eventFilter(QObject *watched, QEvent *event);
+
+private:
+    QScopedPointer<Ui::MessageDlg> m_ui;
+};
+
+} // namespace RTLJEX

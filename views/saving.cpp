@@ -1,0 +1,58 @@
+#include "views/saving.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include "host/designmanager.h"
+#include "host/modal.h"
+
+namespace RTLJEX {
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("RTLJEX::Saving", text);
+}
+
+} // namespace
+
+bool refusesSynthesisTool(QWidget *editor)
+{
+    const QVariant tool = TE::TaskEngine::instance()->designManager()->getOptionValue("Synthesize_tool");
+    if (tool.toString() != QLatin1String("Synplify"))
+        return false;
+    QUtil::messageBox(
+        editor, QMessageBox::Critical, tr("Error"),
+        tr("For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
+           "TarselSynthesis in Configurations."));
+    return true;
+}
+
+void showCheckErrors(QWidget *editor, const QString &text, const QString &findings)
+{
+    QUtil::Modal<QMessageBox> box(
+        new QMessageBox(QMessageBox::Critical, tr("Error"), text, QMessageBox::Ok, editor));
+    box->setDetailedText(findings);
+    box->setDefaultButton(QMessageBox::Ok);
+    box->setEscapeButton(QMessageBox::Ok);
+    box->exec();
+}
+
+void showWriteFailure(QWidget *editor, const QString &fileName)
+{
+    QUtil::messageBox(editor, QMessageBox::Critical, tr("Error"),
+                      tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)));
+}
+
+SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName)
+{
+    const QString text = tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(fileName));
+    const int answer =
+        QUtil::messageBox(editor, QMessageBox::Question, tr("Save"), text,
+                          QMessageBox::Ok | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Ok);
+    if (answer == QMessageBox::Ok)
+        return SaveChanges;
+    return answer == QMessageBox::Discard ? DiscardChanges : KeepOpen;
+}
+
+} // namespace RTLJEX

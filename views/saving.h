@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace RTLJEX {
+
+// What editors ask and say around saving. Each lives through the death of the editor while its box is
+// open; what is returned then is the answer that does nothing.
+
+// Tells the user, and returns true, when the project's synthesis tool is the one that cannot be used.
+bool refusesSynthesisTool(QWidget *editor);
+
+// The findings of the check as the details of one box.
+void showCheckErrors(QWidget *editor, const QString &text, const QString &findings);
+
+void showWriteFailure(QWidget *editor, const QString &fileName);
+
+enum SaveAnswer { SaveChanges, DiscardChanges, KeepOpen };
+SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName);
+
+} // namespace RTLJEX
