@@ -35,7 +35,7 @@ public:
         QList<Word> words;
         while (fault.isEmpty() && skipBlanksAndComments()) {
             Word word = {QString(), m_line};
-            while (fault.isEmpty() && m_at < m_text.size() && !m_text.at(m_at).isSpace())
+            while (fault.isEmpty() && m_at < m_text.size() && !next().isSpace() && !atContinuation())
                 takeOne(word.text);
             words.append(word);
         }
@@ -48,6 +48,8 @@ private:
         return m_at + offset < m_text.size() ? m_text.at(m_at + offset) : QChar();
     }
 
+    bool atContinuation() const { return next() == QLatin1Char('\\') && next(1) == QLatin1Char('\n'); }
+
     void advance(int count = 1)
     {
         for (; count > 0 && m_at < m_text.size(); --count)
@@ -59,7 +61,7 @@ private:
     {
         while (m_at < m_text.size()) {
             const QChar c = next();
-            if (c.isSpace() || (c == QLatin1Char('\\') && next(1).isSpace()))
+            if (c.isSpace() || atContinuation())
                 advance();
             else if (c == QLatin1Char('#') || (c == QLatin1Char('/') && next(1) == QLatin1Char('/')))
                 skipTo(QLatin1String("\n"), false);
@@ -87,7 +89,9 @@ private:
         } else if (c == QLatin1Char('$')) {
             takeVariable(word);
         } else {
-            word.append(c);
+            if (c == QLatin1Char('\\') && next(1) == QLatin1Char(' '))
+                advance();
+            word.append(next());
             advance();
         }
     }
@@ -178,7 +182,7 @@ private:
         Words splitter(text, list);
         const QList<Word> words = splitter.all();
         if (!splitter.fault.isEmpty())
-            fail(QString(), splitter.fault);
+            return fail(QString(), splitter.fault);
         m_open.append(list);
         for (int i = 0; i < words.size(); ++i) {
             const QString &option = words.at(i).text;

@@ -8,7 +8,7 @@
 namespace Core {
 
 // Reads a list of sources in the form that simulators take with -f and adds what it names to a project:
-//   file.v "with blanks.sv" $DIR/x.v   sources; a name that is listed twice counts once
+//   file.v "with blanks.sv" $DIR/x.v a\ b.v   sources; a name that is listed twice counts once
 //   +incdir+a+b  -Idir                 include folders
 //   +define+X=1+Y  -DX=1               macros
 //   -y dir  -v file                    library folder, library file (taken as a source)

@@ -7,7 +7,7 @@
 
 namespace Core {
 
-ViewContainer::ViewContainer(IView *view) : m_view(view)
+ViewContainer::ViewContainer(IView *view)
 {
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -17,9 +17,9 @@ ViewContainer::ViewContainer(IView *view) : m_view(view)
     view->setAttribute(Qt::WA_QuitOnClose, false);
 }
 
-IView *ViewContainer::view() const
+ViewContainer::~ViewContainer()
 {
-    return m_view;
+    Q_EMIT dying(this);
 }
 
 void ViewContainer::closeEvent(QCloseEvent *event)

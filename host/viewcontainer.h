@@ -1,30 +1,27 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 
 namespace Core {
 
 class IView;
 
-// The page of one view's tab. Owns the view; tells when it is closed, by whomever, and never refuses.
+// The page of one view's tab. Holds the view as its child; tells when it is closed, by whomever, and never
+// refuses.
 class ViewContainer : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit ViewContainer(IView *view);
-
-    IView *view() const; // null once the view has died
+    ~ViewContainer() override;
 
 Q_SIGNALS:
     void closed(QWidget *container);
+    void dying(QWidget *container); // with its view, unasked: the tabs themselves may be going
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-
-private:
-    QPointer<IView> m_view;
 };
 
 } // namespace Core

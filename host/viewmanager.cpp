@@ -64,10 +64,11 @@ void ViewManager::showView(IView *view)
 
 void ViewManager::addView(IView *view)
 {
-    Entry entry = {view, new ViewContainer(view)};
+    const Entry entry = {view, view, new ViewContainer(view)};
     m_entries.append(entry);
     connect(entry.container, SIGNAL(closed(QWidget *)), this, SLOT(onContainerClosed(QWidget *)));
-    connect(view, SIGNAL(destroyed()), this, SLOT(onViewDestroyed()));
+    connect(entry.container, SIGNAL(dying(QWidget *)), this, SLOT(onContainerDying(QWidget *)));
+    connect(view, SIGNAL(destroyed(QObject *)), this, SLOT(onViewDestroyed(QObject *)));
     connect(view, SIGNAL(shortTitleChanged(QString)), this, SLOT(updateTitles()));
     view->installEventFilter(this);
     tabWidget()->addTab(entry.container, QString());
@@ -79,7 +80,7 @@ bool ViewManager::closeView(IView *view)
     const int index = indexOf(view);
     if (index < 0 || m_asked.contains(view))
         return false;
-    const QPointer<ViewContainer> container = m_entries.at(index).container;
+    ViewContainer *container = m_entries.at(index).container;
     const QPointer<QWidget> guard = view;
     m_asked.append(view);
     const bool accepted = view->close();
@@ -87,7 +88,7 @@ bool ViewManager::closeView(IView *view)
     // The view may have gone its own way while it asked the user.
     if (!guard || indexOf(view) < 0)
         return true;
-    if (accepted && container)
+    if (accepted)
         container->close();
     return accepted;
 }
@@ -109,12 +110,10 @@ void ViewManager::registerContext(QWidget *widget, const QString &context, bool 
         if (m_bindings.at(i).widget == widget && m_bindings.at(i).context == context)
             m_bindings.removeAt(i);
     }
-    Binding binding;
-    binding.widget = widget;
-    binding.context = context;
-    binding.enabled = enabled;
+    const Binding binding = {widget, context, enabled};
     m_bindings.append(binding);
-    connect(widget, SIGNAL(destroyed()), this, SLOT(onBoundWidgetDestroyed()), Qt::UniqueConnection);
+    connect(widget, SIGNAL(destroyed(QObject *)), this, SLOT(onBoundWidgetDestroyed(QObject *)),
+            Qt::UniqueConnection);
     updateContexts();
 }
 
@@ -191,34 +190,53 @@ void ViewManager::onContainerClosed(QWidget *container)
     }
 }
 
-void ViewManager::onViewDestroyed()
+// The tabs may be half gone, too: nothing is asked of them now.
+void ViewManager::onContainerDying(QWidget *container)
 {
-    for (int i = m_entries.size() - 1; i >= 0; --i) {
-        const QPointer<ViewContainer> container = m_entries.at(i).container;
-        if (container && container->view())
+    for (int i = 0; i < m_entries.size(); ++i) {
+        if (m_entries.at(i).container != container)
             continue;
-        dropTab(i);
-        if (container)
-            container->deleteLater();
+        disconnect(m_entries.at(i).view, nullptr, this, nullptr);
+        takeEntry(i);
+        QMetaObject::invokeMethod(this, "updateActiveView", Qt::QueuedConnection);
+        return;
     }
-    updateActiveView();
 }
 
-// Takes a view out of the books; who is active then is found out by updateActiveView().
-void ViewManager::dropTab(int index)
+void ViewManager::onViewDestroyed(QObject *view)
 {
-    const Entry entry = m_entries.takeAt(index);
-    if (m_active == entry.view) {
+    for (int i = 0; i < m_entries.size(); ++i) {
+        if (m_entries.at(i).identity != view)
+            continue;
+        ViewContainer *container = m_entries.at(i).container;
+        dropTab(i);
+        container->deleteLater();
+        updateActiveView();
+        return;
+    }
+}
+
+// Takes a view, which may be dying, out of the books; who is active then is found out by updateActiveView().
+void ViewManager::takeEntry(int index)
+{
+    const IView *view = m_entries.takeAt(index).view;
+    if (m_active == view) {
         m_active = nullptr;
         m_activeLost = true;
     }
     for (int i = m_bindings.size() - 1; i >= 0; --i) {
-        if (!m_bindings.at(i).widget || m_bindings.at(i).widget == entry.view)
+        if (m_bindings.at(i).widget == view)
             m_bindings.removeAt(i);
     }
+}
+
+void ViewManager::dropTab(int index)
+{
+    ViewContainer *container = m_entries.at(index).container;
+    takeEntry(index);
     m_changingTabs = true;
-    if (m_tabs && entry.container)
-        m_tabs->removeTab(m_tabs->indexOf(entry.container));
+    if (m_tabs)
+        m_tabs->removeTab(m_tabs->indexOf(container));
     m_changingTabs = false;
 }
 
@@ -226,7 +244,7 @@ void ViewManager::updateActiveView()
 {
     IView *current = nullptr;
     for (const Entry &entry : m_entries) {
-        if (m_tabs && entry.container && entry.container == m_tabs->currentWidget())
+        if (m_tabs && entry.container == m_tabs->currentWidget())
             current = entry.view;
     }
     if (current == m_active && !m_activeLost)
@@ -246,8 +264,9 @@ void ViewManager::updateContexts()
 {
     QStringList contexts;
     for (const Binding &binding : m_bindings) {
-        const QWidget *widget = binding.widget;
-        if (m_active && widget && binding.enabled && (widget == m_active || m_active->isAncestorOf(widget)))
+        const bool active =
+            m_active && (binding.widget == m_active || m_active->isAncestorOf(binding.widget));
+        if (active && binding.enabled)
             contexts.append(binding.context);
     }
     if (contexts == m_contexts)
@@ -256,10 +275,10 @@ void ViewManager::updateContexts()
     Q_EMIT contextsChanged(contexts);
 }
 
-void ViewManager::onBoundWidgetDestroyed()
+void ViewManager::onBoundWidgetDestroyed(QObject *widget)
 {
     for (int i = m_bindings.size() - 1; i >= 0; --i) {
-        if (!m_bindings.at(i).widget)
+        if (m_bindings.at(i).widget == widget)
             m_bindings.removeAt(i);
     }
     updateContexts();
@@ -268,7 +287,7 @@ void ViewManager::onBoundWidgetDestroyed()
 void ViewManager::updateTitles()
 {
     for (const Entry &entry : m_entries) {
-        const int tab = m_tabs && entry.container ? m_tabs->indexOf(entry.container) : -1;
+        const int tab = m_tabs ? m_tabs->indexOf(entry.container) : -1;
         if (tab < 0)
             continue;
         m_tabs->setTabText(tab, tabText(entry.view));

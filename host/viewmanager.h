@@ -56,19 +56,22 @@ private Q_SLOTS:
     void onCurrentTabChanged();
     void onTabCloseRequested(int index);
     void onContainerClosed(QWidget *container);
-    void onViewDestroyed();
-    void onBoundWidgetDestroyed();
+    void onContainerDying(QWidget *container);
+    void onViewDestroyed(QObject *view);
+    void onBoundWidgetDestroyed(QObject *widget);
     void updateTitles();
+    void updateActiveView();
 
 private:
     struct Entry
     {
-        IView *view; // null once the view died unasked
-        QPointer<ViewContainer> container;
+        IView *view;
+        QObject *identity; // the view again, as what is left of it when it reports its death
+        ViewContainer *container;
     };
     struct Binding
     {
-        QPointer<QWidget> widget;
+        QWidget *widget;
         QString context;
         bool enabled;
     };
@@ -76,8 +79,8 @@ private:
     ViewManager();
     bool eventFilter(QObject *watched, QEvent *event) override;
     void addView(IView *view);
+    void takeEntry(int index);
     void dropTab(int index);
-    void updateActiveView();
     void updateContexts();
     int indexOf(const IView *view) const;
 

@@ -1,0 +1,83 @@
+#include <QtTest>
+
+#include "host/eventmanager.h"
+
+using QUtil::EventManager;
+
+namespace {
+
+QStringList heard;
+
+// Writes its name down and then does what its script says: "+x" subscribes handler x, "-x" takes it away.
+class Scripted : public QUtil::IEventHandler
+{
+public:
+    QString name;
+    QStringList script;
+    static QMap<QString, Scripted *> all;
+
+    void handleIEvent(const QUtil::IEvent *event) override
+    {
+        heard << name + ":" + event->data().value("n").toString();
+        for (const QString &step : script) {
+            Scripted *other = all.value(step.mid(1));
+            if (step.startsWith('+'))
+                EventManager::instance()->subscribe(other, "T");
+            else
+                EventManager::instance()->unsubscribe(other, "T");
+        }
+    }
+};
+QMap<QString, Scripted *> Scripted::all;
+
+} // namespace
+
+class EventsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void delivery_data()
+    {
+        QTest::addColumn<QString>("scripts"); // of a, b and c, of which a and b are subscribed
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("in order") << "||"
+                                  << "a:1 b:1 a:2 b:2";
+        QTest::newRow("twice counts once") << "+a||"
+                                           << "a:1 b:1 a:2 b:2";
+        QTest::newRow("later one is taken away") << "-b||"
+                                                 << "a:1 a:2";
+        QTest::newRow("takes itself away") << "-a||"
+                                           << "a:1 b:1 b:2";
+        QTest::newRow("new one hears the next") << "+c||"
+                                                << "a:1 b:1 a:2 b:2 c:2";
+        QTest::newRow("away and back hears the next") << "-b +b||"
+                                                      << "a:1 a:2";
+    }
+    void delivery()
+    {
+        QFETCH(QString, scripts);
+        QFETCH(QString, expected);
+        Scripted handlers[3];
+        const char *const names[] = {"a", "b", "c"};
+        for (int i = 0; i < 3; ++i) {
+            handlers[i].name = names[i];
+            handlers[i].script = scripts.section('|', i, i).split(' ', Qt::SkipEmptyParts);
+            Scripted::all.insert(handlers[i].name, &handlers[i]);
+        }
+        heard.clear();
+        EventManager *manager = EventManager::instance();
+        manager->subscribe(&handlers[0], "T");
+        manager->subscribe(&handlers[1], "T");
+        manager->post("other", {{"n", 0}});
+        manager->post("T", {{"n", 1}});
+        manager->post("T", {{"n", 2}});
+        for (Scripted &handler : handlers)
+            manager->unsubscribe(&handler, "T");
+        manager->post("T", {{"n", 3}});
+        QCOMPARE(heard.join(' '), expected);
+    }
+};
+
+QTEST_GUILESS_MAIN(EventsTest)
+#include "tst_events.moc"

@@ -1,0 +1,348 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "host/designmanager.h"
+#include "host/eventmanager.h"
+#include "host/filelist.h"
+#include "host/project.h"
+#include "host/projectfile.h"
+
+using Core::Project;
+using Core::ProjectData;
+using Core::ProjectManager;
+
+namespace {
+
+const char *const topics[] = {"TE.File.Add",           "TE.File.Modified",    "TE.File.Remove",
+                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change",
+                              "TE.Device.Change"};
+
+// Every host event as one line, file names without their folder.
+class Recorder : public QUtil::IEventHandler
+{
+public:
+    QStringList lines;
+
+    Recorder()
+    {
+        for (const char *topic : topics)
+            QUtil::EventManager::instance()->subscribe(this, topic);
+    }
+    ~Recorder() override
+    {
+        for (const char *topic : topics)
+            QUtil::EventManager::instance()->unsubscribe(this, topic);
+    }
+    void handleIEvent(const QUtil::IEvent *event) override
+    {
+        QStringList words(event->topic());
+        const QMap<QString, QVariant> data = event->data();
+        for (auto it = data.begin(); it != data.end(); ++it)
+            words << it.key() + "=" + it->toString().section('/', -1);
+        lines << words.join(' ');
+    }
+};
+
+void put(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+const char *const fullProject = R"({
+  "version": 1,
+  "name": "demo",
+  "files": [
+    {
+      "path": "rtl/top.v"
+    },
+    {
+      "path": "../common/a b.v",
+      "type": "SystemVerilog"
+    },
+    {
+      "path": "old.vhd",
+      "enabled": false
+    },
+    {
+      "path": "probe.zub"
+    }
+  ],
+  "topModule": "top",
+  "includePaths": [
+    "inc",
+    "/opt/inc"
+  ],
+  "libraryPaths": [
+    "../lib"
+  ],
+  "defines": [
+    "WIDTH=8"
+  ],
+  "verilogStandard": "1364-2005",
+  "synthesisTool": "Yosys",
+  "device": {
+    "series": "S",
+    "device": "D",
+    "package": "P",
+    "partNumber": "é"
+  }
+}
+)";
+
+QString described(const ProjectData &data, const QString &folder)
+{
+    QStringList words;
+    for (const Core::SourceFile &file : data.files)
+        words << QDir(folder).relativeFilePath(file.path) + ":" + QString::number(file.type);
+    for (const QString &path : data.includePaths)
+        words << "I:" + QDir(folder).relativeFilePath(path);
+    for (const QString &path : data.libraryPaths)
+        words << "y:" + QDir(folder).relativeFilePath(path);
+    for (const QString &define : data.defines)
+        words << "D:" + define;
+    if (!data.topModule.isEmpty())
+        words << "top:" + data.topModule;
+    return words.join(", ");
+}
+
+} // namespace
+
+class ProjectTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void loadThenSaveGivesTheSameBytes()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("p/demo.jexprj");
+        put(path, fullProject);
+        Project project;
+        QString error;
+        QVERIFY2(project.load(path, &error), qPrintable(error));
+        QCOMPARE(project.data().files.at(1).path, dir.filePath("common/a b.v"));
+        QVERIFY(!project.isModified());
+        project.setOption("TopModule", "other");
+        QVERIFY(project.isModified());
+        project.setOption("TopModule", "top");
+        QVERIFY(project.save(&error));
+        QVERIFY(!project.isModified());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray(fullProject));
+
+        QVERIFY(QDir().mkpath(dir.filePath("elsewhere/deep")));
+        QVERIFY2(project.saveAs(dir.filePath("elsewhere/deep/q.jexprj"), &error), qPrintable(error));
+        QCOMPARE(project.data().includePaths.join(' '), QString("../../p/inc /opt/inc"));
+        QCOMPARE(project.data().files.at(0).path, dir.filePath("p/rtl/top.v"));
+    }
+
+    void refusedFiles_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("cut off") << QByteArray("{\n\"version\": 1,\n")
+                                 << "line 3: unexpected end of input; expected string literal.";
+        QTest::newRow("list") << QByteArray("[]") << "it must hold one object.";
+        QTest::newRow("no version") << QByteArray("{}") << "\"version\" is missing.";
+        QTest::newRow("newer") << QByteArray("{\"version\": 2}")
+                               << "its version 2 is newer than this program.";
+        QTest::newRow("mistyped key")
+            << QByteArray("{\"version\": 1, \"tops\": \"x\"}") << "\"tops\" is not known here.";
+        QTest::newRow("text for list")
+            << QByteArray("{\"version\": 1, \"defines\": \"x\"}") << "\"defines\" must be a list.";
+        QTest::newRow("number in list")
+            << QByteArray("{\"version\": 1, \"defines\": [1]}") << "\"defines\" must hold texts only.";
+        QTest::newRow("file without path")
+            << QByteArray("{\"version\": 1, \"files\": [{\"path\": \"a.v\"}, {}]}")
+            << "\"files\", entry 2, \"path\" is missing.";
+        QTest::newRow("bad type")
+            << QByteArray("{\"version\": 1, \"files\": [{\"path\": \"a\", \"type\": \"C\"}]}")
+            << "\"files\", entry 1, \"type\" must be Verilog, SystemVerilog, VHDL or Other.";
+        QTest::newRow("bad flag") << QByteArray(
+                                         "{\"version\": 1, \"files\": [{\"path\": \"a\", \"enabled\": 1}]}")
+                                  << "\"files\", entry 1, \"enabled\" must be true or false.";
+        QTest::newRow("bad device") << QByteArray("{\"version\": 1, \"device\": []}")
+                                    << "\"device\" must be an object.";
+    }
+    void refusedFiles()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, fault);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("demo.jexprj");
+        put(path, text);
+        Project project;
+        project.addFile("/kept.v");
+        QString error;
+        QVERIFY(!project.load(path, &error));
+        QCOMPARE(error, "Can not read the project " + path + ": " + fault);
+        QCOMPARE(project.data().files.size(), 1);
+        QCOMPARE(project.filePath(), QString());
+    }
+
+    void everyChangePostsItsEvent()
+    {
+        Project project;
+        ProjectManager::setCurrentProject(&project);
+        Recorder recorder;
+        project.addFile("a.v");
+        project.addFile("./a.v");
+        project.addFile("n.zub");
+        project.setFileEnabled("a.v", true);
+        project.setFileEnabled("a.v", false);
+        project.setFileType("a.v", TE::SystemVerilogFile);
+        project.setOption("IncludePath", QStringList("inc"));
+        project.setOption("IncludePath", QStringList("inc"));
+        project.setOption("Verilog_Standard", "1800-2017");
+        project.setOption("nonsense", "x");
+        DEV::DeviceArg device;
+        device.device = "d";
+        project.setDevice(device);
+        project.setDevice(device);
+        project.removeFile("a.v");
+        project.removeFile("a.v");
+        QCOMPARE(recorder.lines.join('\n'), QString("TE.File.Add file=a.v\n"
+                                                    "TE.File.Add file=n.zub\n"
+                                                    "TE.File.Change.Enable enable=false file=a.v type=2\n"
+                                                    "TE.File.Change.Type file=a.v previous=2 type=3\n"
+                                                    "TE.Option.Change option=IncludePath\n"
+                                                    "TE.Option.Change option=Verilog_Standard\n"
+                                                    "TE.Device.Change\n"
+                                                    "TE.File.Remove enable=false file=a.v type=3"));
+    }
+
+    void designManagerAnswersForTheOpenProject()
+    {
+        const TE::DesignManager *manager = TE::TaskEngine::instance()->designManager();
+        QVERIFY(manager->getSourceFileInfo().isEmpty());
+        QVERIFY(manager->workingDir().isEmpty() && !manager->getOptionValue("TopModule").isValid());
+        QTemporaryDir dir;
+        put(dir.filePath("demo.jexprj"), fullProject);
+        Project project;
+        QVERIFY(project.load(dir.filePath("demo.jexprj"), nullptr));
+        ProjectManager::setCurrentProject(&project);
+
+        const QMap<QString, QVariant> info = manager->getSourceFileInfo();
+        QStringList files;
+        for (const QVariant &file : info.value("Files").toList())
+            files << file.toMap().value("Path").toString() + ":" + file.toMap().value("Type").toString();
+        QCOMPARE(files.join(' '),
+                 dir.filePath("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3");
+        QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.filePath("inc"), "/opt/inc"}));
+        QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
+        QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
+        QCOMPARE(manager->getFileInfo(dir.filePath("old.vhd")).enabled, false);
+        QCOMPARE(manager->getFileInfo("nowhere.v").type, 0);
+        QCOMPARE(manager->currentDevice().package, QString("P"));
+    }
+
+    // Each kind of change on disk is reported once, also after the file was replaced or away for a while.
+    void designFilesAreWatched()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("a.v");
+        put(path, "1");
+        put(dir.filePath("n.zub"), "1");
+        Project project;
+        project.addFile(path);
+        project.addFile(dir.filePath("n.zub"));
+        ProjectManager::setCurrentProject(&project);
+        Recorder recorder;
+        const QStringList one("TE.File.Modified file=a.v");
+        put(path, "22");
+        put(path, "333");
+        put(dir.filePath("n.zub"), "22");
+        QTRY_COMPARE(recorder.lines, one);
+        for (int round = 0; round < 2; ++round) {
+            recorder.lines.clear();
+            put(dir.filePath("new"), "4");
+            QCOMPARE(rename(qPrintable(dir.filePath("new")), qPrintable(path)), 0);
+            QTRY_COMPARE(recorder.lines, one);
+        }
+        recorder.lines.clear();
+        QVERIFY(QFile::remove(path));
+        QTRY_COMPARE(recorder.lines, one);
+        recorder.lines.clear();
+        put(path, "back");
+        QTRY_COMPARE(recorder.lines, one);
+        recorder.lines.clear();
+        put(path, "again");
+        QTRY_COMPARE(recorder.lines, one);
+        recorder.lines.clear();
+        project.removeFile(path);
+        put(path, "not ours any more");
+        QTest::qWait(300);
+        QCOMPARE(recorder.lines.size(), 1); // the removal itself
+    }
+
+    void fileLists_data()
+    {
+        QTest::addColumn<QByteArray>("list");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<QString>("message"); // %1: the list's path; a list that fails adds nothing
+        QTest::newRow("sources") << QByteArray("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n")
+                                 << "a.v:2, b.sv:3, my dir/c d.vhd:4"
+                                 << "";
+        QTest::newRow("no folder") << QByteArray("+incdir+my\\ dir+other") << ""
+                                   << "%1:1: there is no folder \"%2/other\".";
+        QTest::newRow("folders and macros") << QByteArray("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a "
+                                                          "b\"\n-y lib +libext+.v -v a.v --top-module t")
+                                            << "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t"
+                                            << "";
+        QTest::newRow("comments") << QByteArray("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv")
+                                  << "a.v:2, lib/l.v:2, b.sv:3"
+                                  << "";
+        QTest::newRow("variables") << QByteArray("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"") << "lib/l.v:2"
+                                   << "";
+        QTest::newRow("system verilog") << QByteArray("a.v -sv") << "a.v:3"
+                                        << "";
+        QTest::newRow("nested") << QByteArray("-F lib/in.f -f lib/in2.f") << "lib/l.v:2, a.v:2"
+                                << "";
+        QTest::newRow("unknown option") << QByteArray("a.v\n-timescale=1ns/1ps") << "a.v:2"
+                                        << "%1:2: the option \"-timescale=1ns/1ps\" was passed over.";
+        QTest::newRow("missing source") << QByteArray("a.v\nx.v") << ""
+                                        << "%1:2: there is no file \"%2/x.v\".";
+        QTest::newRow("no argument") << QByteArray("a.v -y") << ""
+                                     << "%1:1: \"-y\" names nothing.";
+        QTest::newRow("itself") << QByteArray("\n-f list.f") << ""
+                                << "%1:2: the list \"%1\" reads itself.";
+        QTest::newRow("missing list")
+            << QByteArray("-f none.f") << ""
+            << "%1:1: the list \"%2/none.f\" can not be read (No such file or directory).";
+        QTest::newRow("open quotes") << QByteArray("a.v\n\"b.sv") << ""
+                                     << "%1:2: these quotes do not end.";
+        QTest::newRow("open comment") << QByteArray("a.v\n/* b") << ""
+                                      << "%1:2: this comment does not end.";
+        QTest::newRow("unset variable") << QByteArray("$JEX_NOT_SET/a.v") << ""
+                                        << "%1:1: the environment variable \"JEX_NOT_SET\" is not set.";
+    }
+    void fileLists()
+    {
+        QFETCH(QByteArray, list);
+        QFETCH(QString, expected);
+        QFETCH(QString, message);
+        QTemporaryDir dir;
+        for (const char *file : {"a.v", "b.sv", "my dir/c d.vhd", "lib/l.v", "inc/h.vh"})
+            put(dir.filePath(file), "");
+        put(dir.filePath("lib/in.f"), "l.v");
+        put(dir.filePath("lib/in2.f"), "a.v\nl.v");
+        put(dir.filePath("list.f"), list);
+        qputenv("JEX_T", dir.filePath("lib").toLocal8Bit());
+        ProjectData data;
+        QStringList messages;
+        const bool read = Core::readFileList(dir.filePath("list.f"), dir.path(), data, messages);
+        QCOMPARE(messages.join('\n'),
+                 message.replace("%1", dir.filePath("list.f")).replace("%2", dir.path()));
+        QCOMPARE(described(data, dir.path()), expected);
+        QCOMPARE(read, !expected.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(ProjectTest)
+#include "tst_project.moc"

@@ -1,0 +1,195 @@
+#include <QAction>
+#include <QCloseEvent>
+#include <QMainWindow>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QtTest>
+
+#include "host/actionmanager.h"
+#include "host/iview.h"
+#include "host/viewmanager.h"
+
+using Core::ActionManager;
+using Core::ViewManager;
+
+namespace {
+
+QStringList happened;
+
+class TestView : public Core::IView
+{
+public:
+    explicit TestView(const QString &name, bool refuses = false) : m_refuses(refuses)
+    {
+        setObjectName(name);
+        setWindowTitle("/full/" + name);
+        setShortTitle(name);
+    }
+    ~TestView() override { happened << "~" + objectName(); }
+    void onActivated() override { happened << "on " + objectName(); }
+    void onDeactivated() override { happened << "off " + objectName(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        happened << "ask " + objectName();
+        event->setAccepted(!m_refuses);
+    }
+
+private:
+    bool m_refuses;
+};
+
+} // namespace
+
+class ViewsTest : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void noteActive(Core::IView *view)
+    {
+        happened << "active " + (view ? view->objectName() : QString("none"));
+    }
+    void noteClosed(Core::IView *view) { happened << "closed " + view->objectName(); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_window = new QMainWindow;
+        m_tabs = ViewManager::instance()->tabWidget();
+        m_window->setCentralWidget(m_tabs);
+        m_window->show();
+        ViewManager::instance()->disconnect(this);
+        connect(ViewManager::instance(), SIGNAL(viewActiveted(Core::IView *)),
+                SLOT(noteActive(Core::IView *)));
+        connect(ViewManager::instance(), SIGNAL(viewClosed(Core::IView *)), SLOT(noteClosed(Core::IView *)));
+        for (const char *name : {"a", "b", "c"})
+            ViewManager::instance()->showView(new TestView(name, *name == 'c'));
+        happened.clear();
+    }
+    void cleanup()
+    {
+        delete m_window;
+        QCOMPARE(ViewManager::instance()->views().size(), 0);
+    }
+
+    void showing()
+    {
+        QCOMPARE(m_tabs->count(), 3);
+        QCOMPARE(view("a")->parentWidget(), m_tabs->widget(0));
+        ViewManager::instance()->showView(view("a"));
+        ViewManager::instance()->showView(view("a"));
+        m_tabs->setCurrentIndex(1);
+        check("off c, on a, active a, off a, on b, active b");
+        QCOMPARE(ViewManager::instance()->dialogParent(), m_window);
+        view("b")->setShortTitle("b & <i>c</i> *");
+        view("b")->setWindowTitle("<i>b</i> *");
+        QCOMPARE(m_tabs->tabText(1), QString("b && <i>c</i> *"));
+        QVERIFY(!m_tabs->tabToolTip(1).contains("<i>b"));
+    }
+
+    void closing_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("user closes another") << "tab a"
+                                             << "ask a, closed a, ~a";
+        QTest::newRow("user closes the active one") << "show b, tab b"
+                                                    << "ask b, closed b, on c, active c, ~b";
+        QTest::newRow("a view refuses") << "tab c"
+                                        << "ask c";
+        QTest::newRow("a view closes itself") << "self c"
+                                              << "closed c, on b, active b, ~c";
+        QTest::newRow("one in the background too") << "self a"
+                                                   << "closed a, ~a";
+        QTest::newRow("the last one")
+            << "self c, self b, self a"
+            << "closed c, on b, active b, closed b, on a, active a, closed a, active none, "
+               "~c, ~b, ~a";
+        QTest::newRow("a view dies unasked") << "kill c"
+                                             << "~c, on b, active b";
+        QTest::newRow("all, the active last") << "show a, all"
+                                              << "ask b, closed b, ask c, ~b";
+    }
+    void closing()
+    {
+        QFETCH(QString, how);
+        QFETCH(QString, expected);
+        for (const QString &step : how.split(", ")) {
+            Core::IView *target = view(step.section(' ', 1));
+            if (step.startsWith("show")) {
+                ViewManager::instance()->showView(target);
+                happened.clear();
+            } else if (step.startsWith("tab")) {
+                Q_EMIT m_tabs->tabCloseRequested(m_tabs->indexOf(target->parentWidget()));
+            } else if (step.startsWith("self")) {
+                target->parentWidget()->setAttribute(Qt::WA_DeleteOnClose);
+                QVERIFY(target->parentWidget()->close());
+            } else if (step.startsWith("kill")) {
+                delete target;
+            } else {
+                QVERIFY(!ViewManager::instance()->closeAllViews());
+            }
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        check(expected);
+        QCOMPARE(m_tabs->count(), ViewManager::instance()->views().size());
+    }
+
+    void commandsFollowTheActiveContext()
+    {
+        ViewManager *views = ViewManager::instance();
+        QAction *command = ActionManager::instance()->command("Test.Save", "&Save");
+        views->registerContext(view("a"), "ctx", true);
+        QAction *own = new QAction("&Save \"a\"", this);
+        int triggered = 0;
+        connect(own, &QAction::triggered, this, [&triggered] { ++triggered; });
+        ActionManager::registerAction(own, "Test.Save", "ctx");
+        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save off"));
+        views->showView(view("a"));
+        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save \"a\" on"));
+        command->trigger();
+        own->setEnabled(false);
+        own->setText("&Save \"a *\"");
+        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save \"a *\" off"));
+        own->setEnabled(true);
+        views->showView(view("b"));
+        QVERIFY(!command->isEnabled());
+        views->showView(view("a"));
+        delete own;
+        command->trigger();
+        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save off"));
+        QCOMPARE(triggered, 1);
+    }
+
+    void imagesAreThere_data()
+    {
+        QTest::addColumn<QString>("path");
+        for (const char *path : {":/fpgaprj/image/warning.png", ":/netlist/image/magnifier.png",
+                                 ":/netlist/image/module.png", ":/utils/image/attention.png"})
+            QTest::newRow(path) << path;
+    }
+    void imagesAreThere()
+    {
+        QFETCH(QString, path);
+        QCOMPARE(QImage(path).size(), QSize(32, 32));
+    }
+
+private:
+    Core::IView *view(const QString &name)
+    {
+        for (Core::IView *view : ViewManager::instance()->views()) {
+            if (view->objectName() == name)
+                return view;
+        }
+        return nullptr;
+    }
+    void check(const QString &expected) { QCOMPARE(happened.join(", "), expected); }
+
+    QMainWindow *m_window = nullptr;
+    QTabWidget *m_tabs = nullptr;
+};
+
+QTEST_MAIN(ViewsTest)
+#include "tst_views.moc"
