@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -12,11 +13,14 @@ class RtlNetlist;
 // What the driver knows and the elaborator's output does not.
 struct ReadOptions
 {
-    QString top;              // instance name of the top node
+    QString top;              // the top module, and the name of its node; empty: Verilator's choice
     QSet<QString> blackBoxes; // modules that stand for missing definitions: instances of them are nodes
                               // without children, their made-up ports are not nets of the design
     QSet<QString> generated;  // files that a tool wrote (VHDL turned into Verilog): their line numbers
                               // mean nothing to the user
+    QString workingDir;       // relative file names in the XML are taken from here
+    QMap<QString, QString> fileNames;   // a file as Verilator saw it -> the user's own, absolute
+    QMap<QString, QString> moduleNames; // a module that a tool named -> the name that the user gave it
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it.

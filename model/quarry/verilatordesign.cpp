@@ -1,0 +1,280 @@
+#include "model/quarry/verilatordesign.h"
+
+#include "model/quarry/verilatornames.h"
+#include "model/quarry/verilatorties.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <cstring>
+
+namespace QUARRY {
+
+namespace {
+
+QString text(const char *words)
+{
+    return QCoreApplication::translate("QUARRY::VerilatorDesign", words);
+}
+
+bool is(const pugi::xml_node &node, const char *name)
+{
+    return std::strcmp(node.name(), name) == 0;
+}
+
+// The loop variables of generate loops stand among the variables; the user's own are marked public.
+bool isGenvar(const pugi::xml_node &var)
+{
+    return std::strcmp(var.attribute("vartype").value(), "integer") == 0 && !var.attribute("public");
+}
+
+// Of "c,12,8,12,15": file, first line, first column, last line, column behind the last.
+struct Location
+{
+    explicit Location(const pugi::xml_node &node)
+    {
+        const char *text = node.attribute("loc").value();
+        const char *comma = std::strchr(text, ',');
+        if (!comma)
+            return;
+        file = std::string_view(text, size_t(comma - text));
+        line = int(std::strtol(comma + 1, const_cast<char **>(&text), 10));
+        column = *text ? int(std::strtol(text + 1, const_cast<char **>(&text), 10)) : 0;
+        const char *last = std::strrchr(node.attribute("loc").value(), ',');
+        end = std::atoi(last + 1);
+    }
+
+    std::string_view file;
+    int line = 0;
+    int column = 0;
+    int end = 0;
+};
+
+} // namespace
+
+VerilatorDesign::VerilatorDesign(const ReadOptions &options, NetlistBuilder &builder)
+    : m_options(options), m_builder(builder)
+{
+}
+VerilatorDesign::~VerilatorDesign() = default;
+
+bool VerilatorDesign::load(const QString &xmlFile, QString &error)
+{
+    QFile file(xmlFile);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = text("ERROR: The elaborated design %1 cannot be read: %2.").arg(xmlFile, file.errorString());
+        return false;
+    }
+    m_text = file.readAll();
+    const pugi::xml_parse_result result =
+        m_document.load_buffer_inplace(m_text.data(), size_t(m_text.size()), pugi::parse_escapes);
+    const pugi::xml_node netlist = m_document.child("verilator_xml").child("netlist");
+    if (!result || !netlist) {
+        error = text("ERROR: %1 is not a complete design that Verilator wrote. Read the design again.");
+        error = error.arg(xmlFile);
+        return false;
+    }
+    addFiles(m_document.child("verilator_xml").child("files"));
+    m_types.reset(new VerilatorTypes(netlist.child("typetable")));
+    for (const pugi::xml_node &node : netlist.children())
+        if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
+            addModule(node);
+    return true;
+}
+
+void VerilatorDesign::addFiles(const pugi::xml_node &files)
+{
+    for (const pugi::xml_node &node : files.children("file")) {
+        const QString seen = QString::fromUtf8(node.attribute("filename").value());
+        File file;
+        file.source = QDir::cleanPath(QDir(m_options.workingDir).absoluteFilePath(seen));
+        file.isGenerated = m_options.generated.contains(seen) || m_options.generated.contains(file.source);
+        if (m_options.fileNames.contains(seen))
+            file.name = m_options.fileNames.value(seen);
+        else if (!file.isGenerated)
+            file.name = file.source;
+        m_files.emplace(node.attribute("id").value(), file);
+    }
+}
+
+void VerilatorDesign::addModule(const pugi::xml_node &node)
+{
+    std::unique_ptr<VerilatorModule> module(new VerilatorModule);
+    module->node = node;
+    module->name = decodedVerilatorName(node.attribute("origName").value());
+    // A user primitive has no nets but its ports, which are those it is connected to.
+    module->isBlackBox = is(node, "primitive") || m_options.blackBoxes.contains(module->name);
+    module->name = m_options.moduleNames.value(module->name, module->name);
+    m_byName.emplace(node.attribute("name").value(), module.get());
+    m_modules.push_back(std::move(module));
+}
+
+VerilatorModule *VerilatorDesign::top()
+{
+    VerilatorModule *chosen = nullptr;
+    for (const std::unique_ptr<VerilatorModule> &module : m_modules) {
+        if (!m_options.top.isEmpty() && module->name == m_options.top)
+            return module.get();
+        if (!chosen && module->node.attribute("topModule"))
+            chosen = module.get();
+    }
+    return chosen;
+}
+
+VerilatorModule *VerilatorDesign::module(const char *defName)
+{
+    const QString name = decodedVerilatorName(defName);
+    VerilatorModule *&module = m_byName[name.toStdString()];
+    if (!module) {
+        m_modules.emplace_back(new VerilatorModule);
+        module = m_modules.back().get();
+        module->name = m_options.moduleNames.value(name, name);
+        module->isBlackBox = true;
+    }
+    return module;
+}
+
+const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
+{
+    if (module.body)
+        return *module.body;
+    module.body.reset(new VerilatorScope);
+    module.body->decl.name = module.name;
+    if (!module.isBlackBox)
+        readBody(module.node, module, *module.body);
+    const VerilatorTies ties(*m_types, module);
+    if (ties.anyConstant()) {
+        module.contested = ties.contested();
+        module.hasContested = true;
+        module.tied = ties.inEveryInstance();
+    }
+    module.body->builderModule = m_builder.addModule(module.body->decl);
+    module.body->decl = ModuleDecl();
+    for (const std::unique_ptr<VerilatorScope> &scope : module.generates) {
+        scope->builderModule = m_builder.addModule(scope->decl);
+        scope->decl = ModuleDecl();
+    }
+    return *module.body;
+}
+
+void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope)
+{
+    for (const pugi::xml_node &node : body.children()) {
+        if (is(node, "var"))
+            readVariable(node, module, scope);
+        else if (is(node, "begin"))
+            readGenerate(node, module, scope);
+        else if (is(node, "instance"))
+            readInstance(node, scope);
+        else if (is(node, "contassign"))
+            scope.assigns.push_back(node);
+    }
+}
+
+bool VerilatorDesign::isShown(const pugi::xml_node &var, const VerilatorType &type) const
+{
+    if (!type.isNet || var.attribute("param") || var.attribute("localparam") || isGenvar(var))
+        return false;
+    if (isVerilatorOwnName(var.attribute("origName").value()))
+        return false;
+    return !fileOf(var).isGenerated || !isGhdlOwnName(QString::fromUtf8(var.attribute("name").value()));
+}
+
+void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
+{
+    const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
+    if (!isShown(var, type))
+        return;
+    NetDecl decl;
+    decl.name = nameOf(var);
+    decl.isBus = type.isVector;
+    decl.left = type.left;
+    decl.right = type.right;
+    const File &file = fileOf(var);
+    decl.info.file = file.name;
+    decl.info.line = file.isGenerated ? 0 : Location(var).line;
+    const QString words = m_types->declaredText(var);
+    decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));
+    decl.info.enumLabels = m_types->enumLabels(var, module.name);
+
+    VerilatorNet net;
+    net.scope = &scope;
+    net.position = scope.decl.nets.size();
+    net.isBus = decl.isBus;
+    net.left = decl.left;
+    net.right = decl.right;
+    net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
+    // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
+    net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
+    const int number = int(module.nets.size());
+    if (var.attribute("pinIndex"))
+        module.pins[var.attribute("pinIndex").as_int()] = number;
+    scope.names.emplace(var.attribute("name").value(), number);
+    scope.decl.nets.append(decl);
+    module.nets.push_back(net);
+}
+
+// A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name
+// around the scope that counts.
+void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope)
+{
+    if (!begin.attribute("name")) {
+        readBody(begin, module, scope);
+        return;
+    }
+    VerilatorChild child;
+    child.name = nameOf(begin);
+    const size_t position = module.generates.size();
+    module.generates.emplace_back(new VerilatorScope);
+    VerilatorScope *inner = module.generates.back().get();
+    inner->outer = &scope;
+    inner->decl.name = scopeBaseName(child.name);
+    readBody(begin, module, *inner);
+    if (inner->decl.nets.isEmpty() && inner->children.empty() && module.generates.size() == position + 1) {
+        module.generates.pop_back();
+        return;
+    }
+    child.generate = inner;
+    scope.children.push_back(child);
+}
+
+void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorScope &scope)
+{
+    VerilatorChild child;
+    child.name = nameOf(instance);
+    child.node = instance;
+    child.isArray = verilatorRange(instance, child.left, child.right);
+    scope.children.push_back(child);
+}
+
+const VerilatorDesign::File &VerilatorDesign::fileOf(const pugi::xml_node &node) const
+{
+    static const File unknown;
+    const auto file = m_files.find(Location(node).file);
+    return file == m_files.end() ? unknown : file->second;
+}
+
+QString VerilatorDesign::nameOf(const pugi::xml_node &node) const
+{
+    const char *name = node.attribute("name").value();
+    return isHashedVerilatorName(name) ? writtenName(node) : QString::fromUtf8(name);
+}
+
+// The name as it stands in the source, which is the only place that still has a very long one.
+QString VerilatorDesign::writtenName(const pugi::xml_node &node) const
+{
+    const Location location(node);
+    QFile source(fileOf(node).source);
+    QByteArray line;
+    if (source.open(QIODevice::ReadOnly))
+        for (int i = 0; i < location.line; ++i)
+            line = source.readLine();
+    QByteArray name = line.mid(location.column - 1, location.end - location.column);
+    if (name.startsWith('\\'))
+        name.remove(0, 1);
+    return QString::fromUtf8(name.isEmpty() ? QByteArray(node.attribute("name").value()) : name);
+}
+
+} // namespace QUARRY

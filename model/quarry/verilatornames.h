@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+namespace QUARRY {
+
+// Verilator writes characters that C++ identifiers cannot hold as "__0" and two hexadecimal digits, and
+// its own separators as "__DOT__", "__BRA__" and "__KET__". Gives the name as the user wrote it.
+QString decodedVerilatorName(const char *name);
+
+// True for a name that Verilator made up. A user's own double underscore is encoded, so that "__V" in an
+// `origName` never comes from the source.
+bool isVerilatorOwnName(const char *origName);
+
+// True for a name in the Verilog that GHDL writes which stands for no signal of the source: "n12_o".
+bool isGhdlOwnName(const QString &name);
+
+// Verilator replaces the tail of a name of more than 127 characters by a hash.
+bool isHashedVerilatorName(const char *name);
+
+// "g" of "g[3]".
+QString scopeBaseName(const QString &scope);
+
+} // namespace QUARRY
