@@ -218,7 +218,8 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
 
 // A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name
 // around the scope that counts.
-void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope)
+void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule &module,
+                                   VerilatorScope &scope)
 {
     if (!begin.attribute("name")) {
         readBody(begin, module, scope);

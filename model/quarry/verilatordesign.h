@@ -31,8 +31,8 @@ public:
 private:
     struct File
     {
-        QString name;            // absolute; empty when a tool wrote it
-        QString source;          // where it can be read
+        QString name;   // absolute; empty when a tool wrote it
+        QString source; // where it can be read
         bool isGenerated = false;
     };
 

@@ -13,8 +13,8 @@ inline QStringList verilatorReadFlags()
     return QStringList() << QLatin1String("--xml-only") << QLatin1String("-O0")
                          << QLatin1String("--public-flat-rw") << QLatin1String("-Wno-fatal")
                          << QLatin1String("-Wno-lint") << QLatin1String("-Wno-style")
-                         << QLatin1String("--timing")
-                         << QLatin1String("--bbox-sys") << QLatin1String("--bbox-unsup");
+                         << QLatin1String("--timing") << QLatin1String("--bbox-sys")
+                         << QLatin1String("--bbox-unsup");
 }
 
 } // namespace QUARRY

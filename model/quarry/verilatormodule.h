@@ -18,8 +18,8 @@ struct VerilatorScope;
 struct VerilatorChild
 {
     QString name;
-    pugi::xml_node node;                       // <instance>; null for a generate scope
-    const VerilatorScope *generate = nullptr;  // owned by the module
+    pugi::xml_node node;                      // <instance>; null for a generate scope
+    const VerilatorScope *generate = nullptr; // owned by the module
     bool isArray = false;
     int left = 0;
     int right = 0;
@@ -69,10 +69,10 @@ struct VerilatorModule
     std::unique_ptr<VerilatorScope> body; // null until it is first needed
     std::vector<std::unique_ptr<VerilatorScope>> generates;
     std::vector<VerilatorNet> nets;
-    std::unordered_map<int, int> pins;      // numbers of nets, by position in the port list, from 1
-    bool hasContested = false;              // the next member is filled
-    TiedNets contested;                     // bits with more than one driver, which no constant decides
-    TiedNets tied;                          // in every instance
+    std::unordered_map<int, int> pins; // numbers of nets, by position in the port list, from 1
+    bool hasContested = false;         // the next member is filled
+    TiedNets contested;                // bits with more than one driver, which no constant decides
+    TiedNets tied;                     // in every instance
 
     // The net that a connection names, by its own name or as "__pinNumber3"; -1 when it is no net.
     int netOfPort(std::string_view port) const;

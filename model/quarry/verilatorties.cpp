@@ -150,8 +150,8 @@ void VerilatorTies::addTargets(const pugi::xml_node &left, const VerilatorScope 
         addTargets(left.first_child(), scope, targets);
     } else if (is(left, "sel") && is(left.first_child().next_sibling(), "const") &&
                is(left.first_child(), "varref")) {
-        targets.push_back({netNumber(left.first_child(), scope), number(left.first_child().next_sibling()),
-                           width(left)});
+        targets.push_back(
+            {netNumber(left.first_child(), scope), number(left.first_child().next_sibling()), width(left)});
     } else {
         targets.push_back({-1, 0, width(left)});
     }
@@ -229,9 +229,8 @@ void VerilatorTies::follow(TiedNets &tied) const
     bool grown = true;
     for (int round = 0; grown && round < 16; ++round) {
         grown = false;
-        eachScope([this, &tied, &grown](const VerilatorScope &scope) {
-            grown = assignAll(scope, tied) || grown;
-        });
+        eachScope(
+            [this, &tied, &grown](const VerilatorScope &scope) { grown = assignAll(scope, tied) || grown; });
     }
 }
 

@@ -38,12 +38,14 @@ private:
     int width(const pugi::xml_node &expression) const;
     int netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const;
     // Appended with the least significant first.
-    void addTargets(const pugi::xml_node &left, const VerilatorScope &scope, std::vector<Target> &targets) const;
+    void addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
+                    std::vector<Target> &targets) const;
     void count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const;
     void countScope(const VerilatorScope &scope, Drivers &drivers) const;
     TiedBits selected(const pugi::xml_node &select, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits joined(const pugi::xml_node &concat, const VerilatorScope &scope, const TiedNets &tied) const;
-    TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope, const TiedNets &tied) const;
+    TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
+                      const TiedNets &tied) const;
     TiedBits extended(const pugi::xml_node &extend, const VerilatorScope &scope, const TiedNets &tied) const;
     bool assign(const pugi::xml_node &assignment, const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;

@@ -93,7 +93,7 @@ VerilatorType VerilatorTypes::resolved(const pugi::xml_node &node) const
         return structure(node);
     if (std::strcmp(kind, "packarraydtype") == 0)
         return packedArray(node);
-    if (isOneOf(kind, {"refdtype", "enumdtype", "constdtype", "memberdtype"}))
+    if (isOneOf(kind, {"refdtype", "enumdtype", "constdtype"}))
         return type(node.attribute("sub_dtype_id").value());
     return VerilatorType();
 }
@@ -122,7 +122,7 @@ VerilatorType VerilatorTypes::structure(const pugi::xml_node &node) const
     VerilatorType whole;
     int width = 0;
     for (const pugi::xml_node &member : node.children("memberdtype")) {
-        const VerilatorType &part = type(member.attribute("id").value());
+        const VerilatorType &part = type(member.attribute("sub_dtype_id").value());
         if (!part.isNet)
             return VerilatorType();
         width = isUnion ? qMax(width, part.width()) : width + part.width();

@@ -1,0 +1,7 @@
+#include "model/quarry/elaboration.h"
+
+namespace QUARRY {
+
+ElaborationProgress::~ElaborationProgress() = default;
+
+} // namespace QUARRY
