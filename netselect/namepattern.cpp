@@ -70,21 +70,40 @@ NamePattern::NamePattern(const SearchOptions &options)
         m_usable = readRegExp(options.pattern);
     if (m_gapBefore)
         m_anchoredEnd = false;
-    // QRegExp compares letters by their lower and upper forms and not by their folded ones. Both agree on
-    // ASCII only.
-    m_onlyAscii = options.usePatternSyntax && !m_caseSensitive;
+    // QRegExp compares letters by their lower and upper forms and not by their folded ones: both agree on
+    // ASCII only. Sets are only known there, too.
+    m_onlyAscii = (options.usePatternSyntax && !m_caseSensitive) || !m_sets.empty();
     if (m_onlyAscii && !isAscii(options.pattern))
         m_usable = false;
 }
 
-int NamePattern::fold(QChar unit) const
+void NamePattern::fold(QChar *text, int length)
 {
-    const int c = unit.unicode();
-    if (m_caseSensitive)
-        return c;
-    if (c < 128)
-        return 'A' <= c && c <= 'Z' ? c + ('a' - 'A') : c;
-    return unit.toCaseFolded().unicode();
+    for (QChar *unit = text; unit != text + length; ++unit) {
+        const int c = unit->unicode();
+        if (c >= 128)
+            *unit = unit->toCaseFolded();
+        else if ('A' <= c && c <= 'Z')
+            *unit = QLatin1Char(char(c + ('a' - 'A')));
+    }
+}
+
+int NamePattern::textUnit(QChar unit) const
+{
+    if (!m_caseSensitive)
+        fold(&unit, 1);
+    return unit.unicode();
+}
+
+// QRegExp itself is asked what is in the set.
+int NamePattern::setUnit(const QString &regExp)
+{
+    const QRegExp asked(regExp, m_caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
+    Set set;
+    for (size_t c = 0; c < set.size(); ++c)
+        set[c] = asked.exactMatch(QString(QLatin1Char(char(c))));
+    m_sets.push_back(set);
+    return firstSet - int(m_sets.size() - 1);
 }
 
 void NamePattern::addUnit(int unit)
@@ -102,13 +121,14 @@ void NamePattern::addGap()
     m_gapBefore = true;
 }
 
+// Matching such a pair depends on how Qt takes surrogates together when it folds.
 bool NamePattern::readSubstring(const QString &pattern)
 {
     addGap();
     for (QChar c : pattern) {
         if (c.isSurrogate() && !m_caseSensitive)
             return false;
-        addUnit(fold(c));
+        addUnit(textUnit(c));
     }
     addGap();
     return true;
@@ -123,66 +143,81 @@ bool NamePattern::readWildcard(const QString &pattern)
         } else if (c == QLatin1Char('?')) {
             addUnit(anyUnit);
         } else if (c == QLatin1Char('[')) {
-            i = setEnd(pattern, i, false) - 1;
-            if (i < 0)
+            const int end = setEnd(pattern, i, false);
+            if (end < 0)
                 return false;
-            addUnit(anyUnit);
-            m_exact = false;
+            addUnit(setUnit(pattern.mid(i, end - i)));
+            i = end - 1;
         } else if (c == QLatin1Char(']')) {
             return false;
         } else if (c == QLatin1Char('\\')) {
             if (++i == pattern.size() || !isOneOf(pattern.at(i), "*?[]"))
                 return false;
-            addUnit(fold(pattern.at(i)));
+            addUnit(textUnit(pattern.at(i)));
         } else {
-            addUnit(fold(c));
+            addUnit(textUnit(c));
         }
     }
     return true;
 }
 
-// Reads one atom: its end, or -1 when it is none or an unusual one. `unit` becomes the text unit or
-// anyUnit, gapUnit when the atom can stand for any text.
-static const int gapUnit = -2;
-
+// Reads one atom of a regular expression: its end, or -1 when it is none or an unusual one. What can stand
+// for text of any length is a gapUnit.
 int NamePattern::atomEnd(const QString &pattern, int from, int &unit)
 {
     const QChar c = pattern.at(from);
+    int end = from + 1;
     unit = anyUnit;
     if (c == QLatin1Char('.'))
-        return from + 1;
+        return end;
     if (isOneOf(c, "|)*+?{}]"))
         return -1;
-    if (c != QLatin1Char('\\') && !isOneOf(c, "[(^$")) {
-        unit = fold(c);
-        return from + 1;
-    }
-    if (c == QLatin1Char('\\') && from + 1 < pattern.size()) {
-        const QChar escaped = pattern.at(from + 1);
-        if (escaped.unicode() < 128 && !escaped.isLetterOrNumber()) {
-            unit = fold(escaped);
-            return from + 2;
+    if (c == QLatin1Char('[')) {
+        end = setEnd(pattern, from, true);
+    } else if (c == QLatin1Char('\\')) {
+        const QChar escaped = ++end <= pattern.size() ? pattern.at(from + 1) : QChar();
+        if (escaped.unicode() < 128 && escaped.isPrint() && !escaped.isLetterOrNumber()) {
+            unit = textUnit(escaped);
+            return end;
         }
+        if (!isOneOf(escaped, "dDwWsS"))
+            return -1;
+    } else if (isOneOf(c, "(^$")) {
         m_exact = false;
-        return isOneOf(escaped, "dDwWsS") ? from + 2 : -1;
+        unit = gapUnit;
+        return c == QLatin1Char('(') ? groupEnd(pattern, from) : end;
+    } else {
+        unit = textUnit(c);
+        return end;
     }
-    m_exact = false;
-    if (c == QLatin1Char('['))
-        return setEnd(pattern, from, true);
-    unit = gapUnit;
-    if (c == QLatin1Char('('))
-        return groupEnd(pattern, from);
-    return c == QLatin1Char('\\') ? -1 : from + 1;
+    if (end > 0)
+        unit = setUnit(pattern.mid(from, end - from));
+    return end;
+}
+
+// May be true of a group that does not: only groups of words are looked into.
+bool NamePattern::matchesSeparator(const QString &atom, int unit) const
+{
+    if (unit == gapUnit)
+        return !QRegExp(QLatin1String("\\((\\?:)?[a-zA-Z0-9_|]*\\)")).exactMatch(atom);
+    return unit == anyUnit || unit == '/' || (unit <= firstSet && m_sets[size_t(firstSet - unit)]['/']);
 }
 
 bool NamePattern::readRegExp(const QString &pattern)
 {
+    const QLatin1String anything(".*");
+    m_partsDecide = pattern.startsWith(anything);
     int i = 0;
     while (i < pattern.size()) {
         int unit = 0;
+        const int begin = i;
         i = atomEnd(pattern, i, unit);
         if (i < 0)
             return false;
+        const bool isOuter = begin == 0 || begin + 2 == pattern.size();
+        if (matchesSeparator(pattern.mid(begin, i - begin), unit) &&
+            !(isOuter && pattern.mid(begin, 2) == anything))
+            m_partsDecide = false;
         const QChar quantifier = i < pattern.size() ? pattern.at(i) : QChar();
         const bool isQuantified = isOneOf(quantifier, "*+?{");
         const bool isOptional = isQuantified && quantifier != QLatin1Char('+');
@@ -203,17 +238,22 @@ bool NamePattern::readRegExp(const QString &pattern)
 
 bool NamePattern::fitsAt(const Piece &piece, const QChar *name, int count) const
 {
-    for (int i = 0; i < count; ++i)
-        if (piece[size_t(i)] != anyUnit && piece[size_t(i)] != fold(name[i]))
+    for (int i = 0; i < count; ++i) {
+        const int unit = piece[size_t(i)];
+        const size_t c = name[i].unicode();
+        if (unit <= firstSet ? c >= 128 || !m_sets[size_t(firstSet - unit)][c]
+                             : unit != anyUnit && unit != int(c))
             return false;
+    }
     return true;
 }
 
 int NamePattern::find(const Piece &piece, const QChar *name, int length, int from) const
 {
+    const int first = piece.front();
     const int size = int(piece.size());
     for (int at = from; at + size <= length; ++at)
-        if (fitsAt(piece, name + at, size))
+        if ((first < 0 || first == name[at].unicode()) && fitsAt(piece, name + at, size))
             return at;
     return -1;
 }
@@ -241,37 +281,35 @@ NamePattern::Lead NamePattern::lead(const QString &beginning, State &state) cons
         state.piece = 1;
         state.from = size;
     }
-    while (state.piece < m_pieces.size()) {
+    for (; state.piece < m_pieces.size(); ++state.piece) {
         const Piece &piece = m_pieces[state.piece];
         const int at = endsAnchored(state.piece) ? -1 : find(piece, name, beginning.size(), state.from);
-        if (at < 0) {
-            if (mayStraddle(piece, beginning, state.from))
-                return Open;
-            break;
-        }
+        if (at < 0)
+            return mayStraddle(piece, beginning, state.from) ? Open : Closed;
         state.from = at + int(piece.size());
-        ++state.piece;
     }
-    state.from = qMax(state.from, beginning.size());
     return Closed;
+}
+
+// Where the piece is, not before `from`; -1 when it is not there.
+int NamePattern::place(size_t number, const QChar *name, int length, int from) const
+{
+    const Piece &piece = m_pieces[number];
+    const int last = length - int(piece.size());
+    if (!beginsAnchored(number) && !endsAnchored(number))
+        return find(piece, name, length, from);
+    const int at = beginsAnchored(number) ? 0 : last;
+    const bool isThere = from <= at && at <= last && (at == last || !endsAnchored(number));
+    return isThere && fitsAt(piece, name + at, int(piece.size())) ? at : -1;
 }
 
 bool NamePattern::fits(const QChar *name, int length, State state) const
 {
     for (; state.piece < m_pieces.size(); ++state.piece) {
-        const Piece &piece = m_pieces[state.piece];
-        const int size = int(piece.size());
-        if (endsAnchored(state.piece)) {
-            const bool isWhole = m_anchoredStart && state.piece == 0;
-            const int at = length - size;
-            return at >= state.from && (!isWhole || at == 0) && fitsAt(piece, name + at, size);
-        }
-        const bool isFirst = m_anchoredStart && state.piece == 0;
-        const int at = isFirst ? (size <= length && fitsAt(piece, name, size) ? 0 : -1)
-                               : find(piece, name, length, state.from);
+        const int at = place(state.piece, name, length, state.from);
         if (at < 0)
             return false;
-        state.from = at + size;
+        state.from = at + int(m_pieces[state.piece].size());
     }
     return true;
 }

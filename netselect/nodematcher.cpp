@@ -29,6 +29,11 @@ int writeName(const RtlModule &module, const RtlModule::Entry &entry, QChar *out
     return entry.isBus ? length + RtlModule::writeRange(entry, out + length) : length;
 }
 
+QString shortName(const RtlModule &module, const RtlModule::Entry &entry)
+{
+    return entry.isBus ? module.busName(entry, nullptr) : module.netName(entry.firstSlot, nullptr);
+}
+
 } // namespace
 
 NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_pattern(options)
@@ -77,25 +82,48 @@ const NodeMatcher::Numbers &NodeMatcher::candidates(const RtlModule &module, boo
     const bool isPlain = facts.isAscii && isAscii(m_beginning.constData(), m_beginning.size());
     if (!m_pattern.usable() || (m_pattern.onlyAscii() && !isPlain))
         return facts.all;
-    mustAsk = !m_pattern.exact();
+    mustAsk = !m_pattern.exact() && !m_pattern.partsDecide();
+    if (m_pattern.partsDecide() && !m_pattern.exact() && matches(m_beginning))
+        return facts.all;
     NamePattern::State state;
-    const NamePattern::Lead lead = m_pattern.lead(m_beginning, state);
+    const NamePattern::Lead lead = m_pattern.lead(m_folded, state);
     if (lead == NamePattern::Closed) {
         QHash<int, Numbers>::iterator it = facts.fitting.find(int(state.piece));
-        if (it == facts.fitting.end())
-            it = facts.fitting.insert(int(state.piece), fittingNumbers(module, state));
+        if (it == facts.fitting.end()) {
+            state.from = 0;
+            it = facts.fitting.insert(int(state.piece), fittingNumbers(module, QString(), state));
+        }
         return *it;
     }
-    m_open = lead == NamePattern::Open ? fittingNumbers(module, state) : Numbers();
+    m_open = lead == NamePattern::Open ? fittingNumbers(module, m_folded, state) : Numbers();
     return m_open;
 }
 
-NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, NamePattern::State state)
+// The entries whose names, with `beginning` in front, fit from the state on; where short names decide, those
+// that match.
+NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, const QString &beginning,
+                                                 NamePattern::State state)
 {
     Numbers numbers;
+    const int lead = beginning.size();
+    std::vector<QChar> buffer(beginning.constBegin(), beginning.constEnd());
     for (quint32 number = 0; number < module.entries().size(); ++number) {
-        const QString &name = compose(module, number);
-        if (m_pattern.fits(name.constData(), name.size(), state))
+        const RtlModule::Entry &entry = module.entries()[number];
+        const QChar *name = module.text(entry);
+        int length = int(entry.textLength);
+        if (lead > 0 || entry.isBus || m_pattern.folds()) {
+            if (buffer.size() < size_t(lead + nameRoom(entry)))
+                buffer.resize(size_t(lead + nameRoom(entry)));
+            length = writeName(module, entry, buffer.data() + lead);
+            if (m_pattern.folds())
+                NamePattern::fold(buffer.data() + lead, length);
+            length += lead;
+            name = buffer.data();
+        }
+        if (!m_pattern.fits(name, length, state))
+            continue;
+        const bool isAsked = lead == 0 && !m_pattern.exact() && m_pattern.partsDecide();
+        if (!isAsked || matches(shortName(module, entry)))
             numbers.push_back(number);
     }
     return numbers;
@@ -104,6 +132,9 @@ NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, NamePa
 void NodeMatcher::setPath(const QString &path)
 {
     m_beginning = path + QLatin1Char('/');
+    m_folded = m_beginning;
+    if (m_pattern.folds())
+        NamePattern::fold(m_folded.data(), m_folded.size());
     for (QString &name : m_names) {
         name.reserve(m_beginning.size() + 64);
         name.replace(0, qMin(name.size(), m_beginning.size()), m_beginning);

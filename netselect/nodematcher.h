@@ -35,7 +35,8 @@ private:
 
     ModuleFacts &factsOf(const QUARRY::RtlModule &module);
     const Numbers &candidates(const QUARRY::RtlModule &module, bool &mustAsk);
-    Numbers fittingNumbers(const QUARRY::RtlModule &module, NamePattern::State state);
+    Numbers fittingNumbers(const QUARRY::RtlModule &module, const QString &beginning,
+                           NamePattern::State state);
     void setPath(const QString &path);
     const QString &compose(const QUARRY::RtlModule &module, quint32 number);
     bool matches(const QString &fullName) const;
@@ -45,6 +46,7 @@ private:
     QRegExp m_regExp;
     QHash<const QUARRY::RtlModule *, ModuleFacts> m_facts;
     QString m_beginning; // of the instance's full names: path and separator
+    QString m_folded;    // the same as the pattern wants it
     Numbers m_open;      // what fits in this instance alone
 
     // Full names are composed in turn in two strings: QRegExp keeps the last one that it was asked about, so

@@ -29,8 +29,7 @@ QChar *writeNumber(QChar *out, int value)
 QString compose(const QString *path, const QChar *text, int length, const QChar *range, int rangeLength)
 {
     const int lead = path ? path->size() + 1 : 0;
-    QString name;
-    name.resize(lead + length + rangeLength);
+    QString name(lead + length + rangeLength, Qt::Uninitialized);
     QChar *out = name.data();
     if (path) {
         memcpy(out, path->constData(), size_t(lead - 1) * sizeof(QChar));

@@ -1,0 +1,114 @@
+#include "bench/bench.h"
+#include "bench/context.h"
+#include "netselect/netsearch.h"
+
+#include <QProcess>
+
+using namespace QUARRY;
+using namespace RTLJEX;
+
+namespace {
+
+class SearchRows
+{
+public:
+    explicit SearchRows(Context &context) : m_netlist(context.netlist.get())
+    {
+        m_options.searchInModule = true;
+        m_options.module = m_netlist->topHierarchy;
+        m_options.includeSubentries = true;
+        for (const RtlNet *net : m_netlist->topHierarchy->singleNetsIncludeSub())
+            m_names += net->fullPathName();
+        for (const RtlNetBus *bus : m_netlist->topHierarchy->netbusesIncludeSub())
+            m_names += bus->fullBusName();
+        m_file.setFileName(context.dir.filePath(QStringLiteral("names.txt")));
+        if (!m_file.open(QIODevice::WriteOnly) || m_file.write(m_names.join('\n').toLatin1() + '\n') < 0)
+            qFatal("Cannot write %s: %s", qPrintable(m_file.fileName()), qPrintable(m_file.errorString()));
+        m_file.close();
+    }
+
+    void substring(const QString &pattern, Qt::CaseSensitivity sensitivity, double goal)
+    {
+        m_options.usePatternSyntax = false;
+        const bool folds = sensitivity == Qt::CaseInsensitive;
+        QString counted;
+        const double limit = fastest(7, [&] { counted = grep(pattern, folds); });
+        const double figure = search(pattern, sensitivity);
+        report(QLatin1String("Substring") + QLatin1String(folds ? ", any case" : ""), "grep -F", figure,
+               limit, goal, counted.toInt());
+    }
+
+    void syntax(const QString &pattern, QRegExp::PatternSyntax syntax, double goal)
+    {
+        m_options.usePatternSyntax = true;
+        m_options.patternSyntax = syntax;
+        int counted = 0;
+        QRegExp expression(pattern, Qt::CaseSensitive, syntax);
+        const double limit = fastest(3, [&] {
+            counted = 0;
+            for (const QString &name : m_names)
+                counted += expression.exactMatch(name) ? 1 : 0;
+        });
+        const double figure = search(pattern, Qt::CaseSensitive);
+        const bool isWildcard = syntax == QRegExp::WildcardUnix;
+        report(QLatin1String(isWildcard ? "Wildcard" : "Regular expression"), "QRegExp over stored names",
+               figure, limit, goal, counted);
+    }
+
+private:
+    double search(const QString &pattern, Qt::CaseSensitivity sensitivity)
+    {
+        m_options.pattern = pattern;
+        m_options.caseSensitivity = sensitivity;
+        return fastest(7, [&] {
+            QList<RtlNet *> nets;
+            QList<RtlNetBus *> buses;
+            searchNets(m_netlist, m_options, nets, buses);
+            m_found = nets.size() + buses.size();
+        });
+    }
+
+    QString grep(const QString &pattern, bool folds) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral("grep"), {QLatin1String(folds ? "-ciF" : "-cF"), QStringLiteral("--"),
+                                               pattern, m_file.fileName()});
+        process.waitForFinished(-1);
+        return QString::fromLatin1(process.readAllStandardOutput()).trimmed();
+    }
+
+    void report(const QString &kind, const char *against, double figure, double limit, double goal,
+                int counted) const
+    {
+        if (counted != m_found)
+            qFatal("%s finds %d names for %s and the search %d", against, counted,
+                   qPrintable(m_options.pattern), m_found);
+        const QString hits = QString::number(m_found) + QLatin1String(" hits");
+        print(
+            {kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, figure, limit, goal, "ms"});
+    }
+
+    RtlNetlist *m_netlist;
+    SearchOptions m_options;
+    QStringList m_names;
+    QFile m_file;
+    int m_found = 0;
+};
+
+} // namespace
+
+void measureSearch(Context &context)
+{
+    SearchRows rows(context);
+    for (const char *pattern : {"fifo_ready", "u_core_0123/valid", "cluster_07", "not_there"}) {
+        rows.substring(pattern, Qt::CaseSensitive, 1.0);
+        rows.substring(QString(pattern).toUpper(), Qt::CaseInsensitive, 1.5);
+    }
+    for (const char *pattern : {"*ready*", "top/u_cluster_0?/*grant*", "*addr*\\[7:0\\]", "*_0[12]/*flag_*"})
+        rows.syntax(pattern, QRegExp::WildcardUnix, 0.1);
+    for (const char *pattern : {".*ready_0*[1-5]\\d*", ".*(irq|se.)_\\d+", ".*(irq|sel)_\\d+", ".*[13579]"})
+        rows.syntax(pattern, QRegExp::RegExp, 1.0);
+}
