@@ -148,7 +148,9 @@ const QString &NodeMatcher::compose(const RtlModule &module, quint32 number)
     QString &name = m_names[m_turn];
     const int lead = m_beginning.size();
     name.resize(lead + nameRoom(entry));
-    name.resize(lead + writeName(module, entry, name.data() + lead));
+    const int length = writeName(module, entry, name.data() + lead);
+    if (entry.isBus)
+        name.resize(lead + length);
     return name;
 }
 
