@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QList>
+
+#include "model/jex/signalitem.h"
+
+class QTreeWidget;
+
+namespace RTLJEX {
+
+// Reconciles the rows of a tree with new signals, as Grouped() sorted them, before they are added: what the
+// tree shows already leaves the lists and is enabled for capture, bits that a new bus brings leave the tree,
+// and so do groups that lost members, whose rest stands at the front of `busList`.
+void CheckRepeat(QTreeWidget *tree, QList<JEX::SignalItem> &busList, QList<JEX::SignalItem> &otherList);
+
+// One row of it. A row that is deleted lowers the index by one, so that the next one is looked at after
+// the caller's increment.
+void CheckRepeatBus(QTreeWidget *tree, int &index, QList<JEX::SignalItem> &busList);
+void CheckRepeatGroupBus(QTreeWidget *tree, int &index, QList<JEX::SignalItem> &otherList,
+                         QList<JEX::SignalItem> &busList);
+
+} // namespace RTLJEX

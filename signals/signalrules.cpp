@@ -1,0 +1,155 @@
+#include "signals/signalrules.h"
+
+#include "model/quarry/rtlmodule.h"
+#include "model/quarry/rtlnetlist.h"
+#include "signals/busmerge.h"
+
+namespace RTLJEX {
+
+namespace {
+
+enum SignalType { GroupType = -1, SingleType = 0, BusType = 1 };
+
+void setBusType(JEX::SignalItem &bus)
+{
+    bus.type = BusType;
+    for (JEX::SignalItem &member : bus.members)
+        member.type = BusType;
+}
+
+// A name that is no scalar net is taken for a bit of a bus.
+template <typename IsNet, typename IsBus>
+void classify(JEX::SignalItem &item, IsNet isNet, IsBus isBus)
+{
+    if (item.members.isEmpty()) {
+        item.type = isNet(item.name) ? SingleType : BusType;
+    } else if (isBus(item.name)) {
+        setBusType(item);
+    } else {
+        item.type = GroupType;
+        for (JEX::SignalItem &member : item.members)
+            member.type = isNet(member.name) ? SingleType : BusType;
+    }
+}
+
+bool hasNets(const QUARRY::Hierachy *node)
+{
+    if (!node->nets.isEmpty() || !node->buses.isEmpty())
+        return true;
+    for (const QUARRY::Hierachy *child : node->children)
+        if (hasNets(child))
+            return true;
+    return false;
+}
+
+// The netlist finds bits of buses by name too; those are no scalar nets.
+bool isScalarNet(const QUARRY::RtlNet *net)
+{
+    const QUARRY::RtlModule &declarations = net->module()->declarations();
+    const qint64 slot = declarations.findSlot(net->name(), 0);
+    return slot >= 0 && !declarations.entryOfSlot(quint32(slot)).isBus;
+}
+
+} // namespace
+
+bool isBussignalInBus(JEX::SignalItem bus, JEX::SignalItem single)
+{
+    if (!single.members.isEmpty())
+        return false;
+    for (const JEX::SignalItem &member : bus.members)
+        if (member.name == single.name)
+            return true;
+    return false;
+}
+
+void getAllnlsNet(QUARRY::Hierachy *node, QList<QUARRY::RtlNet *> &nets, QList<QUARRY::RtlNetBus *> &buses)
+{
+    if (!node)
+        return;
+    for (QUARRY::Hierachy *child : node->children) {
+        nets += child->nets;
+        buses += child->buses;
+        getAllnlsNet(child, nets, buses);
+    }
+}
+
+void setBusCapEnable(JEX::SignalItem &item)
+{
+    for (JEX::SignalItem &member : item.members)
+        member.capEnable = item.capEnable;
+}
+
+void CheckBusOrSignal(QList<QUARRY::RtlNet *> nets, QList<QUARRY::RtlNetBus *> buses, JEX::SignalItem &item)
+{
+    if (nets.isEmpty() && buses.isEmpty())
+        return;
+    const auto isNet = [&nets](const QString &name) {
+        for (const QUARRY::RtlNet *net : nets)
+            if (net->fullPathName() == name)
+                return true;
+        return false;
+    };
+    const auto isBus = [&buses](const QString &name) {
+        for (const QUARRY::RtlNetBus *bus : buses)
+            if (bus->fullBusName() == name)
+                return true;
+        return false;
+    };
+    classify(item, isNet, isBus);
+}
+
+void classifySignals(const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &items)
+{
+    if (!netlist || !netlist->topHierarchy || !hasNets(netlist->topHierarchy))
+        return;
+    const auto isNet = [netlist](const QString &name) {
+        const QUARRY::RtlNet *net = netlist->findNet(name);
+        return net && isScalarNet(net);
+    };
+    const auto isBus = [netlist](const QString &name) { return netlist->findBus(name) != nullptr; };
+    for (JEX::SignalItem &item : items)
+        classify(item, isNet, isBus);
+}
+
+void CheckRepeatSignal(JEX::SignalItem &item, QList<JEX::SignalItem> &list)
+{
+    for (int i = 0; i < list.size(); ++i) {
+        if (list.at(i).name == item.name) {
+            list.removeAt(i);
+            item.capEnable = true;
+            return;
+        }
+    }
+}
+
+void CheckBus(QList<JEX::SignalItem> &list, JEX::SignalItem item)
+{
+    BusMerge merge(list);
+    merge.add(item);
+    list = merge.records();
+}
+
+void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
+             QList<JEX::SignalItem> &otherList)
+{
+    BusMerge merge(busList);
+    for (JEX::SignalItem &item : newItems) {
+        QList<JEX::SignalItem> usable;
+        for (const JEX::SignalItem &member : item.members)
+            if (member.valid)
+                usable.append(member);
+        item.members = usable;
+        if (item.type == BusType)
+            merge.add(item);
+        else
+            otherList.append(item);
+    }
+    busList = merge.records();
+}
+
+int captureBits(const JEX::SignalItem &item)
+{
+    return item.capEnable ? qMax(1, item.members.size()) : 0;
+}
+
+} // namespace RTLJEX
