@@ -1,0 +1,128 @@
+// Talks to the whole system over its serial line and ends with PASS or the first thing that is wrong.
+`timescale 1ns / 1ps
+
+module soc_tb;
+
+    localparam DIVISOR = 16;
+
+    reg        clk = 1'b0;
+    reg        rst_n = 1'b0;
+    reg        to_soc = 1'b1;
+    wire       from_soc;
+    tri0 [3:0] gpio; // pulled down on the board
+    reg  [3:0] gpio_drive = 4'bzzzz;
+    wire [1:0] pwm;
+    wire [0:3] led;
+    integer    high_clocks;
+    integer    i;
+
+    assign gpio = gpio_drive;
+    always #10 clk = ~clk;
+
+    soc #(.CLOCK_HZ(DIVISOR), .BAUD(1)) dut (
+        .clk(clk), .rst_n(rst_n), .uart_rx(to_soc), .uart_tx(from_soc), .gpio(gpio), .pwm(pwm), .led(led));
+
+    task send(input [7:0] data);
+        integer n;
+        begin
+            to_soc = 1'b0;
+            repeat (DIVISOR) @(posedge clk);
+            for (n = 0; n < 8; n = n + 1) begin
+                to_soc = data[n];
+                repeat (DIVISOR) @(posedge clk);
+            end
+            to_soc = 1'b1;
+            repeat (DIVISOR) @(posedge clk);
+        end
+    endtask
+
+    task expect_reply(input [7:0] wanted);
+        integer   n;
+        reg [7:0] data;
+        begin
+            @(negedge from_soc);
+            repeat (DIVISOR / 2) @(posedge clk);
+            for (n = 0; n < 8; n = n + 1) begin
+                repeat (DIVISOR) @(posedge clk);
+                data[n] = from_soc;
+            end
+            repeat (DIVISOR) @(posedge clk);
+            if (data !== wanted || from_soc !== 1'b1) begin
+                $display("FAIL: reply %h instead of %h", data, wanted);
+                $finish;
+            end
+        end
+    endtask
+
+    task write_register(input [15:0] address, input [7:0] data);
+        begin
+            send("W");
+            send(address[15:8]);
+            send(address[7:0]);
+            fork
+                send(data);
+                expect_reply("K");
+            join
+        end
+    endtask
+
+    task read_register(input [15:0] address, input [7:0] wanted);
+        begin
+            send("R");
+            send(address[15:8]);
+            fork
+                send(address[7:0]);
+                expect_reply(wanted);
+            join
+        end
+    endtask
+
+    initial begin
+        repeat (5) @(posedge clk);
+        rst_n = 1'b1;
+        repeat (5) @(posedge clk);
+
+        write_register(16'h0012, 8'ha5);
+        write_register(16'h0013, 8'h5a);
+        read_register(16'h0012, 8'ha5);
+        read_register(16'h0013, 8'h5a);
+
+        // CRC-8 of "123456789" is f4.
+        for (i = 1; i <= 9; i = i + 1)
+            write_register(16'h5000, 8'h30 + i);
+        read_register(16'h5000, 8'hf4);
+
+        write_register(16'h3000, 8'h05);
+        write_register(16'h3001, 8'h07);
+        gpio_drive = 4'b1zzz;
+        read_register(16'h3002, 8'h0d);
+        read_register(16'h3003, 8'h0d);
+
+        write_register(16'h4001, 8'd64);
+        repeat (512) @(posedge clk);
+        high_clocks = 0;
+        repeat (256) @(posedge clk) high_clocks = high_clocks + pwm[1];
+        if (high_clocks != 64 || pwm[0] !== 1'b0) begin
+            $display("FAIL: PWM high for %0d clocks", high_clocks);
+            $finish;
+        end
+
+        write_register(16'h2000, 8'd3);
+        write_register(16'h2001, 8'd0);
+        write_register(16'h2002, 8'd1);
+        read_register(16'h2002, 8'h03);
+
+        read_register(16'h7000, 8'hff);
+        read_register(16'h1002, 8'h00);
+        read_register(16'h6000, 8'd17);
+        $display("PASS");
+        $finish;
+    end
+
+    initial begin
+        #20_000_000;
+        $display("FAIL: no end");
+        $finish;
+    end
+
+endmodule

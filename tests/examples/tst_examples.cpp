@@ -1,0 +1,101 @@
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "host/designmanager.h"
+#include "host/project.h"
+#include "model/jex/devicetable.h"
+#include "model/jex/jexfile.h"
+
+namespace {
+
+const QString folder = QStringLiteral(EXAMPLES_DIR "/soc/");
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+// What the program printed; an empty text and a failed test when it did not end well.
+QByteArray run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0) {
+        const QByteArray text = process.errorString().toUtf8() + process.readAllStandardError();
+        QTest::qFail(program.toUtf8() + ": " + text.constData(), __FILE__, __LINE__);
+        return QByteArray();
+    }
+    return process.readAllStandardOutput();
+}
+
+} // namespace
+
+class ExamplesTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    Core::Project m_project;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QString error;
+        QVERIFY2(m_project.load(folder + "soc.jexprj", &error), qPrintable(error));
+    }
+
+    void project()
+    {
+        const DEV::DeviceArg device = m_project.data().device;
+        QVERIFY(JEX_TOOL::knownDevices().contains(device));
+        QString error;
+        QVERIFY2(QDir(m_dir.path()).mkpath("soc"), "mkpath");
+        QFile::copy(folder + "soc.jexprj", m_dir.filePath("soc/soc.jexprj"));
+        Core::Project copy;
+        QVERIFY2(copy.load(m_dir.filePath("soc/soc.jexprj"), &error), qPrintable(error));
+        QVERIFY2(copy.save(&error), qPrintable(error));
+        QCOMPARE(contents(m_dir.filePath("soc/soc.jexprj")), contents(folder + "soc.jexprj"));
+    }
+
+    void configurationKeepsItsBytes()
+    {
+        QString error;
+        const QList<JEX::AOCore_Lite *> cores =
+            JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, &error);
+        QCOMPARE(error, QString());
+        QVERIFY(JEX::writeJEXConfigToXml_Lite(cores, m_dir.filePath("capture.zub")));
+        QCOMPARE(contents(m_dir.filePath("capture.zub")), contents(folder + "capture.zub"));
+        qDeleteAll(cores);
+    }
+
+    // The files of the project are a whole design that works: the bench talks to it over the serial line.
+    void simulation()
+    {
+        QStringList arguments = {"-g2012", "-I", folder + "rtl", "-o", m_dir.filePath("tb.vvp")};
+        for (const Core::SourceFile &file : m_project.data().files) {
+            if (file.type == TE::VerilogFile || file.type == TE::SystemVerilogFile) {
+                arguments << file.path;
+            } else if (file.type == TE::VhdlFile) {
+                const QString entity = QFileInfo(file.path).baseName();
+                run("ghdl", {"-a", "--std=08", "--workdir=" + m_dir.path(), file.path});
+                const QByteArray verilog = run("ghdl", {"--synth", "--std=08", "--workdir=" + m_dir.path(),
+                                                        "--out=verilog", file.path, "-e", entity});
+                QFile out(m_dir.filePath(entity + ".v"));
+                QVERIFY(out.open(QIODevice::WriteOnly) && out.write(verilog) == verilog.size());
+                arguments << out.fileName();
+            }
+        }
+        arguments << folder + "tb/soc_tb.v";
+        run("iverilog", arguments);
+        QCOMPARE(run("vvp", {m_dir.filePath("tb.vvp")}), QByteArray("PASS\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(ExamplesTest)
+#include "tst_examples.moc"
