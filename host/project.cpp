@@ -130,8 +130,6 @@ bool Project::load(const QString &filePath, QString *errorMessage)
     }
     m_filePath = absolute;
     setData(read);
-    m_modified = false;
-    Q_EMIT changed();
     return true;
 }
 
@@ -169,7 +167,7 @@ void Project::setData(const ProjectData &data)
     m_data = data;
     for (SourceFile &file : m_data.files)
         file.path = absolutePath(file.path);
-    finishChange();
+    finishChange(false);
 }
 
 int Project::indexOf(const QString &path) const
@@ -183,9 +181,9 @@ int Project::indexOf(const QString &path) const
 }
 
 // What every change ends with, before its event is posted: handlers see the new state everywhere.
-void Project::finishChange()
+void Project::finishChange(bool modified)
 {
-    m_modified = true;
+    m_modified = modified;
     if (ProjectManager::currentProject() == this)
         TE::TaskEngine::instance()->designManager()->updateWatchedFiles();
     Q_EMIT changed();

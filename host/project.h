@@ -61,7 +61,8 @@ public:
     bool save(QString *errorMessage);
     // Paths that are relative to the project's folder are adjusted to the new one.
     bool saveAs(const QString &filePath, QString *errorMessage);
-    // Replaces everything at once, like load(), for a project that no view shows yet: posts no events.
+    // Replaces everything at once, like load(), for a project that no view shows yet: posts no events, and
+    // the project counts as unmodified.
     void setData(const ProjectData &data);
 
     // The form in which the project holds a path: absolute and clean, relative ones from workingDir().
@@ -83,7 +84,7 @@ Q_SIGNALS:
 
 private:
     int indexOf(const QString &path) const;
-    void finishChange();
+    void finishChange(bool modified = true);
 
     ProjectData m_data;
     QString m_filePath;

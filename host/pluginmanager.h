@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace ExtSys {
+
+class IPlugin;
+
+// Loads plug-ins and takes them through their life. The libraries stay loaded until the process ends:
+// widgets of a plug-in may go late.
+class PluginManager
+{
+public:
+    // False with a sentence that names the file and why it can not be used.
+    bool load(const QString &path, QString *errorMessage);
+
+    // Calls initialize() of all that are loaded, then extensionsInitialized() of those that agreed. The
+    // others are not used; a sentence names each.
+    QStringList initialize();
+
+    // In reverse order. Afterwards no plug-in is left.
+    void shutDown();
+
+    QStringList loadedFiles() const; // in order of loading
+
+private:
+    struct Loaded
+    {
+        QString path;
+        IPlugin *plugin; // belongs to the library
+    };
+
+    QList<Loaded> m_plugins;
+};
+
+} // namespace ExtSys

@@ -1,0 +1,49 @@
+// Three plug-ins from one source: NAME writes down what is asked of it, REFUSES says no to initialize(),
+// FOREIGN is for another program.
+
+#include <QCoreApplication>
+#include <QVariant>
+
+#include "host/iplugin.h"
+
+#ifdef FOREIGN
+class TestPlugin : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "org.example.other")
+};
+#else
+class TestPlugin : public ExtSys::IPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID EXTSYS_IPLUGIN_IID)
+    Q_INTERFACES(ExtSys::IPlugin)
+
+public:
+    bool initialize() override
+    {
+        note("initialize");
+#ifdef REFUSES
+        return false;
+#else
+        return true;
+#endif
+    }
+    void extensionsInitialized() override
+    {
+        note("extensions");
+    }
+    void shutDown() override
+    {
+        note("shutDown");
+    }
+
+private:
+    static void note(const char *call)
+    {
+        const QStringList calls = qApp->property("calls").toStringList();
+        qApp->setProperty("calls", calls + QStringList(QString(NAME " ") + call));
+    }
+};
+#endif
+#include "testplugin.moc"
