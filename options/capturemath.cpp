@@ -1,0 +1,104 @@
+#include "options/capturemath.h"
+
+#include <QCoreApplication>
+
+#include "model/jex/core.h"
+#include "model/jex/jextool.h"
+
+namespace RTLJEX {
+
+namespace {
+
+const qint64 largestRegisterCapture = 512; // bits
+
+const char bsram[] = "BSRAM";
+const char ssram[] = "SSRAM";
+const char reg[] = "REG";
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("RTLJEX::CaptureUsage", text);
+}
+
+} // namespace
+
+QList<int> doublingNumbers(int first, int last)
+{
+    QList<int> numbers;
+    for (qint64 number = first; number <= last; number *= 2)
+        numbers.append(int(number));
+    return numbers;
+}
+
+QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits)
+{
+    QStringList offered(QLatin1String{bsram});
+    if (deviceHasSsram)
+        offered.append(QLatin1String(ssram));
+    if (captureBits <= largestRegisterCapture)
+        offered.append(QLatin1String(reg));
+    return offered;
+}
+
+bool keepsImplementations(const QStringList &offered, int count, const QString &current)
+{
+    if (count != offered.size())
+        return false;
+    return count != 2 || current == offered.at(1);
+}
+
+int restoredImplementation(const QStringList &offered, const QString &previous)
+{
+    return qMax(0, offered.indexOf(previous));
+}
+
+int liteImplementationFromText(const QString &text)
+{
+    if (text == QLatin1String(bsram))
+        return JEX::BsramImplementation;
+    return text == QLatin1String(ssram) ? JEX::SsramImplementation : JEX::RegImplementation;
+}
+
+QString liteImplementationText(int implementation)
+{
+    switch (implementation) {
+    case JEX::SsramImplementation:
+        return QLatin1String(ssram);
+    case JEX::RegImplementation:
+        return QLatin1String("Logic");
+    default:
+        return QLatin1String(bsram);
+    }
+}
+
+CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,
+                          int depth, bool adjusted)
+{
+    using namespace JEX_TOOL;
+    CaptureUsage usage;
+    if (implementation == QLatin1String(bsram)) {
+        usage.name = translated("BSRAM Usage :");
+        usage.available = currentDeviceBsramAmount(device.series, device.device);
+        usage.required = adjusted ? bsramNumberRequiredWithAdjust(signalCount, depth)
+                                  : bsramNumberRequired(signalCount, depth);
+    } else if (implementation == QLatin1String(ssram)) {
+        usage.name = translated("SSRAM Usage :");
+        usage.available = currentDeviceSsramAmount(device.series, device.device);
+        usage.required = ssramNumberRequiredWithAdjust(signalCount, depth, adjusted);
+    } else if (implementation == QLatin1String(reg)) {
+        usage.name = translated("Register Usage :");
+        usage.available = currentDeviceRegAmount(device.series, device.device);
+        usage.required = regNumberRequiredWidthAdjust(signalCount, depth, adjusted);
+    }
+    return usage;
+}
+
+QString usageText(int required, int available)
+{
+    if (available < required)
+        return translated("<font color = red>%1</font>").arg(required) + QLatin1Char('/') +
+               QString::number(available);
+    return QString::fromLatin1("%1/%2").arg(required).arg(available);
+}
+
+} // namespace RTLJEX

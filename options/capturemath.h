@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "host/devicearg.h"
+
+namespace RTLJEX {
+
+// The arithmetic of the capture settings, on plain values: what the boxes of a capture page offer and what
+// its usage line says.
+
+// first, 2 first, 4 first ... up to and including last; empty when last is below first.
+QList<int> doublingNumbers(int first, int last);
+
+// The implementations that suit a device and a capture of that many bits, block memory first. Registers
+// are worth offering for small captures only, shadow memory only where the device has it.
+QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits);
+
+// True when a box with `count` items and the current text `current` is left as it is rather than filled
+// with `offered` again.
+bool keepsImplementations(const QStringList &offered, int count, const QString &current);
+
+// Where the earlier choice is in the list; the first item when it is no longer offered.
+int restoredImplementation(const QStringList &offered, const QString &previous);
+
+// Coding of the implementation of a Lite core, see JEX::Implementation. The text is what the page looks for
+// in its box: registers are looked up as "Logic", which the box never offers, so that such a core opens
+// with the box as it stands.
+int liteImplementationFromText(const QString &text);
+QString liteImplementationText(int implementation);
+
+// What a capture takes of the device.
+struct CaptureUsage
+{
+    QString name; // "BSRAM Usage :"; empty for a text that is no implementation
+    int required = 0;
+    int available = 0;
+};
+
+// `signalCount` bits, `depth` samples. `adjusted` picks the estimates for cores that trigger, which need
+// more than the captured bits.
+CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,
+                          int depth, bool adjusted);
+
+// "required/available"; the required number in red when it is more than there is.
+QString usageText(int required, int available);
+
+} // namespace RTLJEX

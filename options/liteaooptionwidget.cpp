@@ -1,0 +1,25 @@
+#include "options/liteaooptionwidget.h"
+
+#include "options/litecaptureoptionwidget.h"
+
+namespace RTLJEX {
+
+LiteAoOptionWidget::LiteAoOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist, QWidget *parent)
+    : QTabWidget(parent), m_capture(new LiteCaptureOptionWidget(core, netlist, this))
+{
+    addTab(m_capture, tr("Capture Options"));
+    connect(m_capture, SIGNAL(modified()), SIGNAL(modified()));
+}
+
+void LiteAoOptionWidget::save()
+{
+    m_capture->save();
+}
+
+void LiteAoOptionWidget::setNlsData(QUARRY::RtlNetlist *netlist)
+{
+    m_capture->setNlsdata(netlist);
+    m_capture->updateTree();
+}
+
+} // namespace RTLJEX

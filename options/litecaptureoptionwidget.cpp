@@ -1,0 +1,204 @@
+#include "options/litecaptureoptionwidget.h"
+
+#include <QPointer>
+
+#include "model/jex/core.h"
+#include "netselect/jexsignalselectdialog.h"
+#include "options/capturecontrols.h"
+#include "options/capturemath.h"
+#include "signals/signalrules.h"
+#include "ui_litecaptureoptionwidget.h"
+
+namespace RTLJEX {
+
+namespace {
+
+const char deviceChange[] = "TE.Device.Change";
+
+const int smallestAmount = 2;
+const int largestAmount = 65536;
+
+// A Lite core has no trigger, so nothing comes on top of the captured bits.
+const bool adjustedUsage = false;
+
+Ui_LiteCaptureOptionWidget *makeForm(QWidget *page)
+{
+    Ui_LiteCaptureOptionWidget *form = new Ui_LiteCaptureOptionWidget;
+    form->setupUi(page);
+    return form;
+}
+
+} // namespace
+
+LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist,
+                                                 QWidget *parent)
+    : QWidget(parent),
+      m_ui(makeForm(this)),
+      m_core(core),
+      m_netlist(netlist),
+      m_rows(m_ui->treeWidgetSignal)
+{
+    m_ui->treeWidgetSignal->setStyleSheet(QLatin1String("QTreeWidget::item { height: 20px;}"));
+    m_ui->btnRemove->setEnabled(false);
+    fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
+    connectControls();
+    loadCore();
+}
+
+LiteCaptureOptionWidget::~LiteCaptureOptionWidget()
+{
+    QUtil::EventManager::instance()->unsubscribe(this, QLatin1String(deviceChange));
+}
+
+void LiteCaptureOptionWidget::connectControls()
+{
+    const signalTreeWidget *tree = m_ui->treeWidgetSignal;
+    connect(tree, SIGNAL(itemDragged()), SIGNAL(modified()));
+    connect(tree->model(), SIGNAL(layoutChanged()), SIGNAL(modified()));
+    connect(tree, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
+    connect(m_ui->btnSampleClock, SIGNAL(clicked()), SLOT(onSelectClock()));
+    connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
+    connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
+    connect(m_ui->editSampleClock, SIGNAL(textChanged(QString)), SIGNAL(modified()));
+    connect(m_ui->radioButtonRising, SIGNAL(toggled(bool)), SIGNAL(modified()));
+    connect(m_ui->implementation, SIGNAL(currentIndexChanged(int)), SLOT(onImplementation()));
+    connect(m_ui->enableInputRegCheckBox, SIGNAL(toggled(bool)), SIGNAL(modified()));
+    connect(m_ui->capIniDataCheckBox, SIGNAL(toggled(bool)), SLOT(onCapInitData()));
+    connect(m_ui->comboCapAmount, SIGNAL(currentIndexChanged(int)), SLOT(onCapAmountOrDataSigalChanged()));
+    QUtil::EventManager::instance()->subscribe(this, QLatin1String(deviceChange));
+}
+
+void LiteCaptureOptionWidget::loadCore()
+{
+    m_ui->editSampleClock->setText(m_core->sampleClock);
+    (m_core->sampleEdge == 1 ? m_ui->radioButtonFalling : m_ui->radioButtonRising)->setChecked(true);
+    selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
+    m_ui->enableInputRegCheckBox->setChecked(m_core->enableCaptureDataInputRegister);
+    m_ui->capIniDataCheckBox->setChecked(m_core->captureInitialData);
+    m_rows.append(m_core->captureSignals);
+    // The list on offer depends on the rows and has to stand before the stored choice is looked up in it.
+    updateImplType();
+    selectText(m_ui->implementation, liteImplementationText(m_core->implementation));
+    updateBsramCount();
+}
+
+void LiteCaptureOptionWidget::save()
+{
+    m_core->sampleClock = m_ui->editSampleClock->text();
+    m_core->sampleEdge = m_ui->radioButtonRising->isChecked() ? 0 : 1;
+    m_core->implementation = liteImplementationFromText(m_ui->implementation->currentText());
+    m_core->captureAmount = captureAmount();
+    m_core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
+    m_core->captureInitialData = m_ui->capIniDataCheckBox->isChecked();
+    m_rows.write(m_core->enabledCaptureSignals, m_core->captureSignals);
+}
+
+void LiteCaptureOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
+{
+    m_netlist = netlist;
+}
+
+void LiteCaptureOptionWidget::updateTree()
+{
+    m_rows.rebuild(m_netlist, m_core->captureSignals);
+    // Only the figures: offering implementations anew could change the choice, and with it mark a file
+    // modified that the user has not touched.
+    updateBsramCount();
+}
+
+void LiteCaptureOptionWidget::handleIEvent(const QUtil::IEvent *event)
+{
+    if (event->topic() == QLatin1String(deviceChange))
+        onCapAmountOrDataSigalChanged();
+}
+
+void LiteCaptureOptionWidget::onSelectClock()
+{
+    selectClock(m_ui->editSampleClock, m_netlist, this);
+}
+
+void LiteCaptureOptionWidget::onAddDataSignals()
+{
+    const QPointer<QWidget> guard(this); // the page can be closed under the dialog
+    const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(m_netlist, this);
+    if (!guard || chosen.isEmpty())
+        return;
+    qDebug("get infor from search");
+    m_rows.add(chosen);
+    onCapAmountOrDataSigalChanged();
+}
+
+void LiteCaptureOptionWidget::onRemoveSignals()
+{
+    if (!m_rows.removeSelected())
+        return;
+    updateImplType();
+    updateBsramCount();
+    Q_EMIT modified();
+}
+
+void LiteCaptureOptionWidget::onImplementation()
+{
+    updateInputRegCheck();
+    updateBsramCount();
+    Q_EMIT modified();
+}
+
+void LiteCaptureOptionWidget::onCapInitData()
+{
+    updateInputRegCheck();
+    Q_EMIT modified();
+}
+
+void LiteCaptureOptionWidget::onCapAmountOrDataSigalChanged()
+{
+    updateImplType();
+    updateBsramCount();
+    updateCapEnable(m_ui->treeWidgetSignal);
+    sortEnableSignal();
+    Q_EMIT modified();
+}
+
+void LiteCaptureOptionWidget::onCaptureSignalChange()
+{
+    updateBsramCount();
+}
+
+void LiteCaptureOptionWidget::on_treeWidgetSignal_itemSelectionChanged()
+{
+    m_ui->btnRemove->setEnabled(m_rows.canRemove());
+}
+
+void LiteCaptureOptionWidget::updateBsramCount()
+{
+    showUsage(m_ui->label_3, m_ui->label_8, m_ui->implementation->currentText(),
+              m_ui->treeWidgetSignal->signalCount(), captureAmount(), adjustedUsage);
+}
+
+void LiteCaptureOptionWidget::updateImplType()
+{
+    offerImplementations(m_ui->implementation, qint64(m_ui->treeWidgetSignal->signalCount()) * captureAmount());
+}
+
+// Initial data can be captured only through the input register of a block memory, so the user has no say
+// while it is asked for.
+void LiteCaptureOptionWidget::updateInputRegCheck()
+{
+    const bool forced = m_ui->capIniDataCheckBox->isChecked();
+    m_ui->enableInputRegCheckBox->setEnabled(!forced);
+    const QString text = m_ui->implementation->currentText();
+    if (forced && m_ui->implementation->currentIndex() >= 0)
+        m_ui->enableInputRegCheckBox->setChecked(text == QLatin1String("BSRAM"));
+}
+
+void LiteCaptureOptionWidget::sortEnableSignal()
+{
+    m_rows.sortEnabledFirst();
+}
+
+int LiteCaptureOptionWidget::captureAmount() const
+{
+    return m_ui->comboCapAmount->currentText().toInt();
+}
+
+} // namespace RTLJEX

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "host/eventmanager.h"
+#include "options/capturerows.h"
+
+namespace JEX {
+struct AOCore_Lite;
+}
+
+namespace RTLJEX {
+
+class Ui_LiteCaptureOptionWidget;
+
+// The "Capture Options" of one Lite core. Core and netlist (may be null) belong to the view; the core is
+// written by save() and otherwise only by updateTree(), which classifies its stored signals anew.
+class LiteCaptureOptionWidget : public QWidget, public QUtil::IEventHandler
+{
+    Q_OBJECT
+
+public:
+    LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist, QWidget *parent = nullptr);
+    ~LiteCaptureOptionWidget() override;
+
+    void save();
+    void setNlsdata(QUARRY::RtlNetlist *netlist);
+    // Rebuilds the rows from the core's stored signals, so edits that were not saved are gone.
+    void updateTree();
+    void handleIEvent(const QUtil::IEvent *event) override;
+
+Q_SIGNALS:
+    void modified();
+
+private Q_SLOTS:
+    void onSelectClock();
+    void onAddDataSignals();
+    void onRemoveSignals();
+    void onImplementation();
+    void onCapInitData();
+    void onCapAmountOrDataSigalChanged();
+    void onCaptureSignalChange();
+    void on_treeWidgetSignal_itemSelectionChanged();
+
+private:
+    void connectControls();
+    void loadCore();
+    void updateBsramCount();
+    void updateImplType();
+    void updateInputRegCheck();
+    void sortEnableSignal();
+    int captureAmount() const;
+
+    std::unique_ptr<Ui_LiteCaptureOptionWidget> m_ui;
+    JEX::AOCore_Lite *m_core;
+    QUARRY::RtlNetlist *m_netlist;
+    CaptureRows m_rows;
+};
+
+} // namespace RTLJEX
