@@ -1,9 +1,11 @@
 #include "options/capturecontrols.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QStyledItemDelegate>
 
 #include "host/designmanager.h"
 #include "model/jex/jextool.h"
@@ -18,6 +20,18 @@ DEV::DeviceArg currentDevice()
 {
     return TE::TaskEngine::instance()->designManager()->currentDevice();
 }
+
+class ReadableRows : public QStyledItemDelegate
+{
+public:
+    explicit ReadableRows(QObject *parent) : QStyledItemDelegate(parent) {}
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index)
+            .expandedTo(QSize(0, option.fontMetrics.height()));
+    }
+};
 
 void selectIndex(QComboBox *box, int index)
 {
@@ -63,6 +77,12 @@ void showUsage(QLabel *name, QLabel *value, const QString &implementation, int s
     if (!usage.name.isEmpty())
         name->setText(usage.name);
     value->setText(usageText(usage.required, usage.available));
+}
+
+void setSignalRowHeight(QAbstractItemView *view)
+{
+    view->setStyleSheet(QLatin1String("QTreeWidget::item { height: 20px;}"));
+    view->setItemDelegate(new ReadableRows(view));
 }
 
 void selectClock(QLineEdit *field, QUARRY::RtlNetlist *netlist, QWidget *page)

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 
+class QAbstractItemView;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -30,6 +31,10 @@ void offerImplementations(QComboBox *box, qint64 captureBits);
 // no implementation leaves the name as it is.
 void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,
                bool adjusted);
+
+// Gives the rows of a signal tree the height they have in this editor, and more where the font of the
+// desktop would not fit into it.
+void setSignalRowHeight(QAbstractItemView *view);
 
 // Lets the user pick one net and writes its full name into the field; leaves it alone when the choice is
 // cancelled, or when `page`, the parent of the dialog, died meanwhile.

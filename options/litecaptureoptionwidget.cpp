@@ -38,7 +38,7 @@ LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY:
       m_netlist(netlist),
       m_rows(m_ui->treeWidgetSignal)
 {
-    m_ui->treeWidgetSignal->setStyleSheet(QLatin1String("QTreeWidget::item { height: 20px;}"));
+    setSignalRowHeight(m_ui->treeWidgetSignal);
     m_ui->btnRemove->setEnabled(false);
     fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
     connectControls();
