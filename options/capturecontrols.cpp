@@ -28,8 +28,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return QStyledItemDelegate::sizeHint(option, index)
-            .expandedTo(QSize(0, option.fontMetrics.height()));
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, option.fontMetrics.height()));
     }
 };
 

@@ -1,6 +1,7 @@
 #include "options/litecaptureoptionwidget.h"
 
 #include <QPointer>
+#include <QShortcut>
 
 #include "model/jex/core.h"
 #include "netselect/jexsignalselectdialog.h"
@@ -21,6 +22,12 @@ const int largestAmount = 65536;
 // A Lite core has no trigger, so nothing comes on top of the captured bits.
 const bool adjustedUsage = false;
 
+// The key of the tree alone: while a row is renamed it belongs to the text.
+QShortcut *makeDeleteKey(QWidget *tree)
+{
+    return new QShortcut(QKeySequence(Qt::Key_Delete), tree, nullptr, nullptr, Qt::WidgetShortcut);
+}
+
 Ui_LiteCaptureOptionWidget *makeForm(QWidget *page)
 {
     Ui_LiteCaptureOptionWidget *form = new Ui_LiteCaptureOptionWidget;
@@ -32,11 +39,7 @@ Ui_LiteCaptureOptionWidget *makeForm(QWidget *page)
 
 LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist,
                                                  QWidget *parent)
-    : QWidget(parent),
-      m_ui(makeForm(this)),
-      m_core(core),
-      m_netlist(netlist),
-      m_rows(m_ui->treeWidgetSignal)
+    : QWidget(parent), m_ui(makeForm(this)), m_core(core), m_netlist(netlist), m_rows(m_ui->treeWidgetSignal)
 {
     setSignalRowHeight(m_ui->treeWidgetSignal);
     m_ui->btnRemove->setEnabled(false);
@@ -59,6 +62,7 @@ void LiteCaptureOptionWidget::connectControls()
     connect(m_ui->btnSampleClock, SIGNAL(clicked()), SLOT(onSelectClock()));
     connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
     connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
+    m_ui->btnRemove->connect(makeDeleteKey(m_ui->treeWidgetSignal), SIGNAL(activated()), SLOT(click()));
     connect(m_ui->editSampleClock, SIGNAL(textChanged(QString)), SIGNAL(modified()));
     connect(m_ui->radioButtonRising, SIGNAL(toggled(bool)), SIGNAL(modified()));
     connect(m_ui->implementation, SIGNAL(currentIndexChanged(int)), SLOT(onImplementation()));
@@ -177,7 +181,8 @@ void LiteCaptureOptionWidget::updateBsramCount()
 
 void LiteCaptureOptionWidget::updateImplType()
 {
-    offerImplementations(m_ui->implementation, qint64(m_ui->treeWidgetSignal->signalCount()) * captureAmount());
+    offerImplementations(m_ui->implementation,
+                         qint64(m_ui->treeWidgetSignal->signalCount()) * captureAmount());
 }
 
 // Initial data can be captured only through the input register of a block memory, so the user has no say

@@ -64,14 +64,19 @@ class Page
 {
 public:
     explicit Page(const JEX::AOCore_Lite &stored = JEX::AOCore_Lite())
-        : core(stored), netlist(netlistFromText(design)),
+        : core(stored),
+          netlist(netlistFromText(design)),
           widget(new LiteCaptureOptionWidget(&core, netlist.get())),
           modified(widget.get(), SIGNAL(modified()))
     {
         widget->show();
     }
 
-    template <typename T> T *child(const char *name) const { return widget->findChild<T *>(name); }
+    template <typename T>
+    T *child(const char *name) const
+    {
+        return widget->findChild<T *>(name);
+    }
     QComboBox *amount() const { return child<QComboBox>("comboCapAmount"); }
     QComboBox *implementation() const { return child<QComboBox>("implementation"); }
     QCheckBox *inputRegister() const { return child<QCheckBox>("enableInputRegCheckBox"); }
