@@ -1,54 +1,26 @@
 #include "options/capturerows.h"
 
-#include <QTreeWidgetItem>
+#include <QTreeWidget>
 
+#include "signals/checkrepeat.h"
+#include "signals/signalrows.h"
 #include "signals/signalrules.h"
-#include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
 
-namespace {
-
-const int rowType = 0;
-
-JEX::SignalItem recordOf(const QTreeWidgetItem *row)
-{
-    return row->data(0, Qt::UserRole).value<JEX::SignalItem>();
-}
-
-} // namespace
-
-CaptureRows::CaptureRows(signalTreeWidget *tree) : m_tree(tree)
-{
-}
-
-void CaptureRows::append(const QList<JEX::SignalItem> &items)
-{
-    insertSignalRows(m_tree, items, m_tree->topLevelItemCount(), rowType);
-    updateCapEnable(m_tree);
-}
-
-void CaptureRows::add(const QList<JEX::SignalItem> &chosen)
+void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 {
     QList<JEX::SignalItem> buses;
     QList<JEX::SignalItem> others;
     Grouped(chosen, buses, others);
-    CheckRepeat(m_tree, buses, others);
+    CheckRepeat(tree, buses, others);
     // Rows may have gone or become enabled by now, so the place is looked up only here.
-    insertSignalRows(m_tree, buses + others, firstDisabled(), rowType);
+    insertCaptureRows(tree, buses + others, firstDisabledRow(tree));
 }
 
-int CaptureRows::firstDisabled() const
+bool canRemoveRows(const QTreeWidget *tree)
 {
-    int row = 0;
-    while (row < m_tree->topLevelItemCount() && recordOf(m_tree->topLevelItem(row)).capEnable)
-        ++row;
-    return row;
-}
-
-bool CaptureRows::canRemove() const
-{
-    const QList<QTreeWidgetItem *> selected = m_tree->selectedItems();
+    const QList<QTreeWidgetItem *> selected = tree->selectedItems();
     for (const QTreeWidgetItem *row : selected) {
         if (row->parent())
             return false;
@@ -56,36 +28,19 @@ bool CaptureRows::canRemove() const
     return !selected.isEmpty();
 }
 
-bool CaptureRows::removeSelected()
-{
-    if (!canRemove())
-        return false;
-    const QList<QTreeWidgetItem *> selected = m_tree->selectedItems();
-    m_tree->clearSelection();
-    const bool blocked = m_tree->blockSignals(true);
-    qDeleteAll(selected);
-    m_tree->blockSignals(blocked);
-    return true;
-}
-
-void CaptureRows::sortEnabledFirst()
-{
-    RTLJEX::sortEnabledFirst(m_tree);
-}
-
-void CaptureRows::rebuild(QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored)
+void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored)
 {
     classifySignals(netlist, stored);
-    m_tree->clear();
-    append(stored);
+    tree->clear();
+    insertCaptureRows(tree, stored, 0);
 }
 
-void CaptureRows::write(QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all) const
+void collectCaptureRows(const QTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all)
 {
     enabled.clear();
     all.clear();
-    for (int row = 0; row < m_tree->topLevelItemCount(); ++row) {
-        const QVariant data = m_tree->topLevelItem(row)->data(0, Qt::UserRole);
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        const QVariant data = tree->topLevelItem(i)->data(0, Qt::UserRole);
         if (!data.canConvert<JEX::SignalItem>())
             continue;
         const JEX::SignalItem item = data.value<JEX::SignalItem>();

@@ -4,41 +4,26 @@
 
 #include "model/jex/signalitem.h"
 
+class QTreeWidget;
 namespace QUARRY {
 class RtlNetlist;
 }
 
 namespace RTLJEX {
 
-class signalTreeWidget;
+// The capture rows of a page's signal tree. Nothing here tells anyone about a change; the page does.
 
-// The capture rows of a page's signal tree: adding, removing, sorting, rebuilding and writing them. The
-// tree is the page's and outlives this. Nothing here tells anyone about a change; the page does.
-class CaptureRows
-{
-public:
-    explicit CaptureRows(signalTreeWidget *tree);
+// Merges the chosen signals with the rows and puts what is new after the enabled ones.
+void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
 
-    void append(const QList<JEX::SignalItem> &items);
-    // Merges the chosen signals with the rows and puts what is new after the enabled ones.
-    void add(const QList<JEX::SignalItem> &chosen);
-    // Whether the selection may be removed: it has rows, and none of them is a member of another.
-    bool canRemove() const;
-    // False when there was nothing to remove. The tree reports its selection at most once.
-    bool removeSelected();
-    void sortEnabledFirst();
+// Whether the selection may be removed: it has rows, and none of them is a member of another.
+bool canRemoveRows(const QTreeWidget *tree);
 
-    // Clears the tree and makes the rows from `stored`, which is classified against the netlist (may be
-    // null) first.
-    void rebuild(QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored);
+// Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.
+void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored);
 
-    // The records of the rows, in row order: all of them, and those that are enabled.
-    void write(QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all) const;
-
-private:
-    int firstDisabled() const; // the number of rows when all are enabled
-
-    signalTreeWidget *m_tree;
-};
+// The records of the rows, in row order: all of them, and those that are enabled.
+void collectCaptureRows(const QTreeWidget *tree, QList<JEX::SignalItem> &enabled,
+                        QList<JEX::SignalItem> &all);
 
 } // namespace RTLJEX

@@ -7,7 +7,8 @@
 #include "netselect/jexsignalselectdialog.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
-#include "signals/signalrules.h"
+#include "options/capturerows.h"
+#include "signals/signalrows.h"
 #include "ui_litecaptureoptionwidget.h"
 
 namespace RTLJEX {
@@ -79,7 +80,7 @@ void LiteCaptureOptionWidget::loadCore()
     selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
     m_ui->enableInputRegCheckBox->setChecked(m_core->enableCaptureDataInputRegister);
     m_ui->capIniDataCheckBox->setChecked(m_core->captureInitialData);
-    m_rows.append(m_core->captureSignals);
+    insertCaptureRows(m_ui->treeWidgetSignal, m_core->captureSignals, 0);
     // The list on offer depends on the rows and has to stand before the stored choice is looked up in it.
     updateImplType();
     selectText(m_ui->implementation, liteImplementationText(m_core->implementation));
@@ -94,7 +95,7 @@ void LiteCaptureOptionWidget::save()
     m_core->captureAmount = captureAmount();
     m_core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
     m_core->captureInitialData = m_ui->capIniDataCheckBox->isChecked();
-    m_rows.write(m_core->enabledCaptureSignals, m_core->captureSignals);
+    collectCaptureRows(m_ui->treeWidgetSignal, m_core->enabledCaptureSignals, m_core->captureSignals);
 }
 
 void LiteCaptureOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
@@ -104,7 +105,7 @@ void LiteCaptureOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
 
 void LiteCaptureOptionWidget::updateTree()
 {
-    m_rows.rebuild(m_netlist, m_core->captureSignals);
+    rebuildCaptureRows(m_ui->treeWidgetSignal, m_netlist, m_core->captureSignals);
     // Only the figures: offering implementations anew could change the choice, and with it mark a file
     // modified that the user has not touched.
     updateBsramCount();
@@ -128,13 +129,13 @@ void LiteCaptureOptionWidget::onAddDataSignals()
     if (!guard || chosen.isEmpty())
         return;
     qDebug("get infor from search");
-    m_rows.add(chosen);
+    addCaptureRows(m_ui->treeWidgetSignal, chosen);
     onCapAmountOrDataSigalChanged();
 }
 
 void LiteCaptureOptionWidget::onRemoveSignals()
 {
-    if (!m_rows.removeSelected())
+    if (!canRemoveRows(m_ui->treeWidgetSignal) || !removeSelectedRows(m_ui->treeWidgetSignal))
         return;
     updateImplType();
     updateBsramCount();
@@ -170,7 +171,7 @@ void LiteCaptureOptionWidget::onCaptureSignalChange()
 
 void LiteCaptureOptionWidget::on_treeWidgetSignal_itemSelectionChanged()
 {
-    m_ui->btnRemove->setEnabled(m_rows.canRemove());
+    m_ui->btnRemove->setEnabled(canRemoveRows(m_ui->treeWidgetSignal));
 }
 
 void LiteCaptureOptionWidget::updateBsramCount()
@@ -198,7 +199,7 @@ void LiteCaptureOptionWidget::updateInputRegCheck()
 
 void LiteCaptureOptionWidget::sortEnableSignal()
 {
-    m_rows.sortEnabledFirst();
+    sortEnabledFirst(m_ui->treeWidgetSignal);
 }
 
 int LiteCaptureOptionWidget::captureAmount() const

@@ -4,10 +4,12 @@
 #include <memory>
 
 #include "host/eventmanager.h"
-#include "options/capturerows.h"
 
 namespace JEX {
 struct AOCore_Lite;
+}
+namespace QUARRY {
+class RtlNetlist;
 }
 
 namespace RTLJEX {
@@ -55,7 +57,6 @@ private:
     std::unique_ptr<Ui_LiteCaptureOptionWidget> m_ui;
     JEX::AOCore_Lite *m_core;
     QUARRY::RtlNetlist *m_netlist;
-    CaptureRows m_rows;
 };
 
 } // namespace RTLJEX
