@@ -29,19 +29,13 @@ QShortcut *makeDeleteKey(QWidget *tree)
     return new QShortcut(QKeySequence(Qt::Key_Delete), tree, nullptr, nullptr, Qt::WidgetShortcut);
 }
 
-Ui_LiteCaptureOptionWidget *makeForm(QWidget *page)
-{
-    Ui_LiteCaptureOptionWidget *form = new Ui_LiteCaptureOptionWidget;
-    form->setupUi(page);
-    return form;
-}
-
 } // namespace
 
 LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist,
                                                  QWidget *parent)
-    : QWidget(parent), m_ui(makeForm(this)), m_core(core), m_netlist(netlist), m_rows(m_ui->treeWidgetSignal)
+    : QWidget(parent), m_ui(new Ui_LiteCaptureOptionWidget), m_core(core), m_netlist(netlist)
 {
+    m_ui->setupUi(this);
     setSignalRowHeight(m_ui->treeWidgetSignal);
     m_ui->btnRemove->setEnabled(false);
     fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
