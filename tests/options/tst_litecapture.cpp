@@ -191,8 +191,8 @@ void TestLiteCapture::cleanup()
 void TestLiteCapture::useDevice(bool withSsram)
 {
     DEV::DeviceArg device;
-    device.series = withSsram ? "@SSRAM_SERIES@" : "@PLAIN_SERIES@";
-    device.device = withSsram ? "@SSRAM_DEVICE@" : "@PLAIN_DEVICE@";
+    device.series = withSsram ? "ECP5" : "iCE40";
+    device.device = withSsram ? "LFE5U-25F" : "iCE40HX8K";
     QVERIFY(JEX_TOOL::currentDeviceBsramAmount(device.series, device.device) > 0);
     QCOMPARE(JEX_TOOL::currentDeviceSsramAmount(device.series, device.device) > 0, withSsram);
     m_project->setDevice(device);
