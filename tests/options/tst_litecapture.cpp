@@ -1,10 +1,7 @@
 #include <QtTest>
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,6 +19,7 @@
 #include "options/liteaooptionwidget.h"
 #include "options/litecaptureoptionwidget.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/netpicker.h"
 
 using namespace RTLJEX;
 
@@ -106,37 +104,16 @@ public:
         return texts.join(',');
     }
 
-    // Clicks a button that opens the search dialog, lists the whole design and picks rows by their text;
-    // with `accept` false the dialog is cancelled.
-    void pick(const char *opener, const QStringList &names, bool accept = true) const
+    // Clicks a button that opens the search dialog and picks rows by their text there.
+    void pick(const char *opener, const QStringList &names,
+              QDialogButtonBox::StandardButton leave = QDialogButtonBox::Ok)
     {
-        inDialog(opener, [=](QDialog *dialog) {
-            QTest::mouseClick(dialog->findChild<QPushButton *>("pushButtonSearch"), Qt::LeftButton);
-            QTreeWidget *result = dialog->findChild<QTreeWidget *>("treeWidget");
-            for (const QString &name : names) {
-                const auto hits = result->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
-                QCOMPARE(hits.size(), 1);
-                hits.first()->setSelected(true);
-            }
-            QTest::mouseClick(dialog->findChild<QDialogButtonBox *>("buttonBox")
-                                  ->button(accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
-                              Qt::LeftButton);
-        });
-    }
-
-    void inDialog(const char *opener, const std::function<void(QDialog *)> &act) const
-    {
-        bool seen = false;
-        QTimer::singleShot(0, [&] {
-            if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
-                seen = true;
-                act(dialog);
-            }
-        });
+        user.then(pickNets(QString(), names, leave));
         QTest::mouseClick(button(opener), Qt::LeftButton);
-        QVERIFY(seen);
+        QVERIFY(user.done());
     }
 
+    ModalDriver user;
     JEX::AOCore_Lite core;
     std::unique_ptr<QUARRY::RtlNetlist> netlist;
     std::unique_ptr<LiteCaptureOptionWidget> widget;
@@ -356,7 +333,7 @@ void TestLiteCapture::picksClock()
     QCOMPARE(page.clock()->text(), QString("top/u0/count[2]"));
     page.modified.clear();
     page.pick("btnSampleClock", {});
-    page.pick("btnSampleClock", {"top/clk"}, false);
+    page.pick("btnSampleClock", {"top/clk"}, QDialogButtonBox::Cancel);
     QCOMPARE(page.clock()->text(), QString("top/u0/count[2]"));
     QCOMPARE(page.modified.size(), 0);
 }
@@ -366,7 +343,7 @@ void TestLiteCapture::addsSignals()
     JEX::AOCore_Lite core;
     core.captureSignals << single("top/u0/ready") << single("top/rst", false);
     Page page(core);
-    page.pick("btnAdd", {"top/clk"}, false);
+    page.pick("btnAdd", {"top/clk"}, QDialogButtonBox::Cancel);
     QCOMPARE(page.modified.size(), 0);
 
     // Buses and bits first, then single nets, after the enabled rows.
@@ -490,7 +467,8 @@ void TestLiteCapture::dialogOutlivesPage()
 {
     for (const char *opener : {"btnAdd", "btnSampleClock"}) {
         Page page;
-        page.inDialog(opener, [&](QDialog *) { page.widget.reset(); });
+        page.user.then([&](QDialog *) { page.widget.reset(); });
+        QTest::mouseClick(page.button(opener), Qt::LeftButton);
         QVERIFY(!page.widget);
     }
 }
