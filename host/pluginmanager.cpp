@@ -20,7 +20,7 @@ bool PluginManager::load(const QString &path, QString *errorMessage)
     else if (!file.isFile())
         reason = QLatin1String("it is not a file.");
     else if (!object)
-        reason = loader.errorString();
+        reason = loader.errorString() + QLatin1Char('.');
     else if (!plugin)
         reason =
             QLatin1String("it is a plug-in for another program (this one takes " EXTSYS_IPLUGIN_IID ").");

@@ -36,7 +36,7 @@ private Q_SLOTS:
         QTest::newRow("foreign") << PLUGIN_FOREIGN
                                  << "it is a plug-in for another program (this one takes "
                                     "org.jexworkbench.plugins.IPlugin/1.0).";
-        QTest::newRow("no library") << QFINDTESTDATA("tst_plugins.cpp") << "The file ";
+        QTest::newRow("no library") << QFINDTESTDATA("tst_plugins.cpp") << "'";
     }
     void refused()
     {
@@ -46,6 +46,7 @@ private Q_SLOTS:
         QString error;
         QVERIFY(!manager.load(path, &error));
         QVERIFY2(error.startsWith("The plug-in " + path + " can not be used: " + reason), qPrintable(error));
+        QVERIFY(error.endsWith('.'));
         QVERIFY(manager.loadedFiles().isEmpty());
     }
 };
