@@ -15,3 +15,4 @@ struct Context
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
+void measureConfiguration(Context &context);

@@ -34,6 +34,7 @@ int main(int argc, char **argv)
     printf("%-84s %9s %9s %-3s %8s %7s\n", "work | limit", "figure", "limit", "", "ratio", "goal");
     measureNetlist(context);
     measureSearch(context);
+    measureConfiguration(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;
 }
