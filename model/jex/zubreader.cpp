@@ -8,16 +8,6 @@ namespace JEX {
 
 namespace {
 
-inline QLatin1String latin(const char *text)
-{
-    return QLatin1String(text);
-}
-
-QString quoted(const QString &text)
-{
-    return latin("\"") + text + latin("\"");
-}
-
 const FieldTable<AoCore> &fieldsOf(const AoCore *)
 {
     return standardFields();
@@ -74,11 +64,6 @@ JexMode zubMode(QXmlStreamReader *xml)
     return InvalidMode;
 }
 
-ZubReader::ZubReader(const QByteArray &bytes, const QString &path) : m_xml(bytes), m_path(path)
-{
-    m_xml.setNamespaceProcessing(false);
-}
-
 QList<AoCore *> ZubReader::standardCores()
 {
     return cores<AoCore>(StandardMode);
@@ -117,7 +102,7 @@ bool ZubReader::readHead(JexMode mode)
         return false;
     }
     const QXmlStreamAttributes attributes = m_xml.attributes();
-    if (m_xml.qualifiedName() != latin("jexconfig")) {
+    if (!isElement("jexconfig")) {
         return failFile(latin(" is no JEX configuration: its outermost element is ") + element() +
                         latin("."));
     }
@@ -147,7 +132,7 @@ template <class Core>
 bool ZubReader::readCores(QList<Core *> *cores)
 {
     while (nextChild()) {
-        if (m_xml.qualifiedName() != latin("core")) {
+        if (!isElement("core")) {
             return failUnknownElement();
         }
         if (cores->size() == CoreLimit) {
@@ -194,8 +179,8 @@ bool ZubReader::readSignalLists(Core *core)
     m_portNumbers = m_unitNumbers = 0;
     m_hasSignals = m_hasEnabled = false;
     while (nextChild()) {
-        const bool isSignals = m_xml.qualifiedName() == latin("signals");
-        if (!isSignals && m_xml.qualifiedName() != latin("enabled")) {
+        const bool isSignals = isElement("signals");
+        if (!isSignals && !isElement("enabled")) {
             if (!readCoreChild(core)) {
                 return false;
             }
@@ -224,13 +209,13 @@ bool ZubReader::readCoreChild(AOCore_Lite *)
 
 bool ZubReader::readCoreChild(AoCore *core)
 {
-    if (m_xml.qualifiedName() == latin("port")) {
+    if (isElement("port")) {
         return readPort(core);
     }
-    if (m_xml.qualifiedName() == latin("unit")) {
+    if (isElement("unit")) {
         return readUnit(core);
     }
-    if (m_xml.qualifiedName() == latin("expression")) {
+    if (isElement("expression")) {
         return readExpression(core);
     }
     return failUnknownElement();
@@ -306,7 +291,7 @@ bool ZubReader::readExpression(AoCore *core)
 bool ZubReader::readSignals(QList<SignalItem> *items, int depth)
 {
     while (nextChild()) {
-        if (m_xml.qualifiedName() != latin("signal")) {
+        if (!isElement("signal")) {
             return failUnknownElement();
         }
         if (depth > SignalDepthLimit) {
@@ -354,123 +339,6 @@ bool ZubReader::readSignalAttributes(SignalItem *item)
         }
     }
     return hasName || fail(latin("<signal> has no \"name\"."));
-}
-
-bool ZubReader::nextChild()
-{
-    while (!m_xml.atEnd()) {
-        switch (m_xml.readNext()) {
-        case QXmlStreamReader::StartElement:
-            return true;
-        case QXmlStreamReader::EndElement:
-            return false;
-        case QXmlStreamReader::DTD:
-            return fail(latin("a configuration holds no document type declaration."));
-        case QXmlStreamReader::Characters:
-            if (!m_xml.isWhitespace()) {
-                return fail(latin("there is text between the elements: ") +
-                            quoted(m_xml.text().toString().simplified()) + latin("."));
-            }
-            break;
-        default:
-            break;
-        }
-    }
-    if (m_xml.hasError() && m_error.isEmpty()) {
-        const QString reason = m_xml.errorString();
-        fail(latin("this is no well-formed XML: ") + reason +
-             latin(reason.endsWith(QLatin1Char('.')) ? "" : "."));
-    }
-    return false;
-}
-
-bool ZubReader::readNoChildren()
-{
-    return nextChild() ? failUnknownElement() : m_error.isEmpty();
-}
-
-// nextChild() came to the end of the outermost element; whatever follows must not be more of a file.
-bool ZubReader::readToEnd()
-{
-    return !nextChild() && m_error.isEmpty();
-}
-
-bool ZubReader::hasOnly(const char *name)
-{
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        if (!name || attribute.qualifiedName() != latin(name)) {
-            return failUnknownAttribute(attribute);
-        }
-    }
-    return true;
-}
-
-bool ZubReader::readNumber(const QXmlStreamAttribute &attribute, const Rule &rule, int *value)
-{
-    return rule.fromText(attribute.value(), value) || failAttribute(attribute, rule.description());
-}
-
-bool ZubReader::readFlag(const QXmlStreamAttribute &attribute, bool *value)
-{
-    *value = attribute.value() == latin("true");
-    return *value || attribute.value() == latin("false") || failAttribute(attribute, latin("true or false"));
-}
-
-// The "number" of the present element, which no sister before it may have.
-bool ZubReader::readNumberOnce(const Rule &rule, quint32 *seen, int *value)
-{
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.qualifiedName() != latin("number")) {
-            continue;
-        }
-        if (!readNumber(attribute, rule, value)) {
-            return false;
-        }
-        if (*seen & (1u << *value)) {
-            return fail(latin("there is a second ") + element() + latin(" with the number ") +
-                        QString::number(*value) + latin("."));
-        }
-        *seen |= 1u << *value;
-        return true;
-    }
-    return fail(element() + latin(" has no \"number\"."));
-}
-
-bool ZubReader::failAttribute(const QXmlStreamAttribute &attribute, const QString &expected)
-{
-    return fail(quoted(attribute.qualifiedName().toString()) + latin(" of ") + element() + latin(" is ") +
-                quoted(attribute.value().toString()) + latin("; it must be ") + expected + latin("."));
-}
-
-bool ZubReader::failUnknownAttribute(const QXmlStreamAttribute &attribute)
-{
-    return fail(element() + latin(" has an attribute ") + quoted(attribute.qualifiedName().toString()) +
-                latin(" that is not known."));
-}
-
-bool ZubReader::failUnknownElement()
-{
-    return fail(element() + latin(" is not expected here."));
-}
-
-bool ZubReader::fail(const QString &text)
-{
-    m_error = latin("Line ") + QString::number(m_xml.lineNumber()) + latin(" of the file ") + quoted(m_path) +
-              latin(": ") + text;
-    return false;
-}
-
-bool ZubReader::failFile(const QString &text)
-{
-    m_error = latin("The file ") + quoted(m_path) + text;
-    return false;
-}
-
-QString ZubReader::element() const
-{
-    return latin("<") + m_xml.qualifiedName().toString() + latin(">");
 }
 
 } // namespace JEX

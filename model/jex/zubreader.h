@@ -1,25 +1,23 @@
 #pragma once
 
-#include <QByteArray>
 #include <QList>
-#include <QString>
-#include <QXmlStreamReader>
 
 #include "model/jex/core.h"
+#include "model/jex/zubtokens.h"
 
 namespace JEX {
 
 template <class Core>
 struct FieldTable;
-struct Rule;
 
 // Turns the bytes of one ".zub" file into records. One use each. The format is strict: what a file of the
 // version cannot hold is a fault, since saving would drop it; only comments, processing instructions and
 // blanks are passed over. The first fault ends the reading.
-class ZubReader
+class ZubReader : private ZubTokens
 {
 public:
-    ZubReader(const QByteArray &bytes, const QString &path); // path: for messages
+    using ZubTokens::error;
+    using ZubTokens::ZubTokens;
 
     // The cores, owned by the caller; none when error() is not empty.
     QList<AoCore *> standardCores();
@@ -27,8 +25,6 @@ public:
 
     // Reads all of the file, but judges only that it is XML and a file of that mode.
     bool isWellFormed(JexMode mode);
-
-    QString error() const { return m_error; } // a finished sentence
 
 private:
     template <class Core>
@@ -50,23 +46,6 @@ private:
     bool readSignal(SignalItem *item, int depth);
     bool readSignalAttributes(SignalItem *item);
 
-    bool nextChild(); // false at the end of the element, and on a fault
-    bool readNoChildren();
-    bool readToEnd();
-    bool hasOnly(const char *attribute); // or none, when null
-    bool readNumber(const QXmlStreamAttribute &attribute, const Rule &rule, int *value);
-    bool readFlag(const QXmlStreamAttribute &attribute, bool *value);
-    bool readNumberOnce(const Rule &rule, quint32 *seen, int *value);
-    bool failAttribute(const QXmlStreamAttribute &attribute, const QString &expected);
-    bool failUnknownAttribute(const QXmlStreamAttribute &attribute);
-    bool failUnknownElement();
-    bool fail(const QString &text);
-    bool failFile(const QString &text);
-    QString element() const; // "<core>"
-
-    QXmlStreamReader m_xml;
-    QString m_path;
-    QString m_error;
     quint32 m_coreNumbers = 0; // bit n: a core n, and likewise below for the core that is being read
     quint32 m_portNumbers = 0;
     quint32 m_unitNumbers = 0;
