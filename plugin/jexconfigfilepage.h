@@ -22,8 +22,8 @@ public:
     JexConfigFilePage(QMap<QString, QVariant> *fields, QWidget *parent);
     ~JexConfigFilePage();
 
-    bool isComplete() const;
-    bool validatePage();
+    bool isComplete() const override;
+    bool validatePage() override;
 
 private:
     static QString findProperName();

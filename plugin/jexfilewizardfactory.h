@@ -9,10 +9,10 @@ namespace RTLJEX {
 class JexFileWizardFactory : public Core::IFileWizardFactory
 {
 public:
-    QString id() const;
-    QString displayName() const;
-    QString description() const;
-    void runWizard(QWidget *parent, const QString &path);
+    QString id() const override;
+    QString displayName() const override;
+    QString description() const override;
+    void runWizard(QWidget *parent, const QString &path) override;
 };
 
 } // namespace RTLJEX

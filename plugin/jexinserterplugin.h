@@ -14,9 +14,9 @@ class JexInserterPlugin : public ExtSys::IPlugin
 #endif
 
 public:
-    bool initialize();
-    void extensionsInitialized();
-    void shutDown();
+    bool initialize() override;
+    void extensionsInitialized() override;
+    void shutDown() override;
 };
 
 } // namespace RTLJEX

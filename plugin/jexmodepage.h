@@ -21,7 +21,7 @@ public:
     JexModePage(QMap<QString, QVariant> *fields, QWidget *parent);
     ~JexModePage();
 
-    bool validatePage();
+    bool validatePage() override;
 
 private:
     QMap<QString, QVariant> *m_fields; // the wizard's

@@ -21,7 +21,7 @@ public:
     JexSummaryPage(QMap<QString, QVariant> *fields, QWidget *parent);
     ~JexSummaryPage();
 
-    void initializePage();
+    void initializePage() override;
 
 private:
     QMap<QString, QVariant> *m_fields; // the wizard's

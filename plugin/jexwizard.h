@@ -19,7 +19,7 @@ public:
     QString jexConfigFile() const; // empty before the file page was passed
     int jexMode() const;           // JEX::JexMode; 0 before the mode page was passed
 
-    QSize sizeHint() const;
+    QSize sizeHint() const override;
 
 private:
     QMap<QString, QVariant> m_fields;

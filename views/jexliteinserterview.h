@@ -30,11 +30,11 @@ public:
     explicit JexLiteInserterView(QWidget *parent);
     ~JexLiteInserterView();
 
-    QString file() const;
-    bool open(const QString &fileName, const QString &extra, QString *errorMessage);
-    bool save();
-    bool isModified() const;
-    void handleIEvent(const QUtil::IEvent *event);
+    QString file() const override;
+    bool open(const QString &fileName, const QString &extra, QString *errorMessage) override;
+    bool save() override;
+    bool isModified() const override;
+    void handleIEvent(const QUtil::IEvent *event) override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
@@ -63,7 +63,7 @@ public Q_SLOTS:
     void onReloadCancel();
 
 protected:
-    void closeEvent(QCloseEvent *event);
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void askForDesignReload(const QString &question);

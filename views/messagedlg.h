@@ -22,7 +22,7 @@ public:
 
     void setDetailMsg(const QStringList &lines);
 
-    bool eventFilter(QObject *watched, QEvent *event);
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QScopedPointer<Ui::MessageDlg> m_ui;
