@@ -7,7 +7,7 @@ module bus_fabric #(
     input  wire                rst,
     input  wire                request,
     input  wire [15:0]         address,
-    output reg  [7:0]          rdata,
+    output wire [7:0]          rdata,
     output wire                ack,
     output reg                 decode_error,
     output wire [SLAVES-1:0]   slave_select,
@@ -17,22 +17,24 @@ module bus_fabric #(
 
     wire none_selected = request && slave_select == 0;
 
+    // Slaves that are not acknowledging add nothing to the data.
     genvar s;
     generate
         for (s = 0; s < SLAVES; s = s + 1) begin : decode
-            wire hit = address[15:12] == s;
+            wire       hit    = address[15:12] == s;
+            wire [7:0] chosen = slave_rdata[8*s +: 8] & {8{slave_ack[s]}};
+            wire [7:0] merged;
+
             assign slave_select[s] = request && hit;
+            if (s == 0)
+                assign merged = chosen | {8{decode_error}};
+            else
+                assign merged = chosen | decode[s-1].merged;
         end
     endgenerate
 
-    assign ack = |slave_ack || decode_error;
-
-    integer i;
-    always @* begin
-        rdata = {8{decode_error}};
-        for (i = 0; i < SLAVES; i = i + 1)
-            rdata = rdata | (slave_rdata[8*i +: 8] & {8{slave_ack[i]}});
-    end
+    assign rdata = decode[SLAVES-1].merged;
+    assign ack   = |slave_ack || decode_error;
 
     always @(posedge clk)
         if (rst)
