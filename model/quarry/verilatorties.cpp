@@ -114,6 +114,7 @@ TiedBits VerilatorTies::joined(const pugi::xml_node &concat, const VerilatorScop
         return TiedBits();
     all.resize(size_t(width(low)));
     all.insert(all.end(), upper.begin(), upper.end());
+    all.resize(size_t(width(concat)));
     return all;
 }
 
