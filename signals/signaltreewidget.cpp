@@ -291,12 +291,14 @@ void signalTreeWidget::setCaptured(bool captured)
     if (changed.isEmpty())
         return;
     {
+        const QTreeWidgetItem newRow;
         RowEdit edit(this);
         for (int index : changed) {
             JEX::SignalItem item = recordOf(edit.rows.at(index));
             item.capEnable = captured;
             setBusCapEnable(item);
             setRecord(edit.rows.at(index), item);
+            edit.rows.at(index)->setFlags(newRow.flags());
         }
         edit.reorder(captured ? orderAfterEnabling(enabled, changed)
                               : orderAfterMove(enabled.size(), changed, enabled.size()));

@@ -1,0 +1,119 @@
+#include <QtTest>
+
+#include <QProcess>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+#include "signals/signalrows.h"
+#include "signals/signaltreewidget.h"
+#include "tests/signals/rowtext.h"
+#include "tests/signals/signaltext.h"
+
+using namespace RTLJEX;
+
+namespace {
+
+QString at(const QPoint &global)
+{
+    return QString("mousemove %1 %2 ").arg(global.x()).arg(global.y());
+}
+
+// The place for a row to be dropped at: a share of its height from its top.
+QPoint placeIn(const signalTreeWidget &tree, const QString &name, double share)
+{
+    const QRect rect =
+        tree.visualItemRect(tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first());
+    return tree.viewport()->mapToGlobal(QPoint(60, rect.top() + int(share * rect.height())));
+}
+
+} // namespace
+
+// Drags with a mouse that the X server believes in: the drag loop takes its events from there.
+class TestSignalDrag : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void dragging_data();
+    void dragging();
+
+private:
+    static bool drag(const QPoint &from, const QPoint &to);
+};
+
+bool TestSignalDrag::drag(const QPoint &from, const QPoint &to)
+{
+    QProcess mouse;
+    const QPoint near = from + QPoint(0, from.y() < to.y() ? 15 : -15);
+    const QString script = at(from) + "mousedown 1 sleep 0.05 " + at(near) + "sleep 0.05 " + at(to) +
+                           "sleep 0.05 " + at(to + QPoint(1, 0)) + "sleep 0.2 mouseup 1 sleep 0.1";
+    mouse.start("xdotool", script.split(' '));
+    QElapsedTimer timer;
+    timer.start();
+    while (mouse.state() != QProcess::NotRunning && timer.elapsed() < 10000)
+        QTest::qWait(20);
+    QTest::qWait(100);
+    return mouse.exitCode() == 0;
+}
+
+void TestSignalDrag::dragging_data()
+{
+    QTest::addColumn<QString>("chosen");
+    QTest::addColumn<QString>("over"); // empty: below all rows
+    QTest::addColumn<double>("share");
+    QTest::addColumn<QString>("rows"); // what the tree starts with
+    QTest::addColumn<QString>("result");
+    const QString rows = "s:a b:b{x,y} s:c s:d !s:e";
+    const QString enabled = "s:a s:b s:c";
+    QTest::newRow("upper half") << "d" << "b" << 0.2 << rows << "a d b c e";
+    QTest::newRow("lower half") << "a" << "c" << 0.8 << rows << "b c a d e";
+    QTest::newRow("several, in tree order") << "d b" << "a" << 0.2 << rows << "b d a c e";
+    QTest::newRow("a member stays") << "x c" << "a" << 0.2 << rows << "c a b d e";
+    QTest::newRow("onto a disabled row") << "a" << "e" << 0.2 << rows << "a b c d e";
+    QTest::newRow("onto a member") << "d" << "x" << 0.2 << rows << "a b c d e";
+    QTest::newRow("onto a selected row") << "d a" << "d" << 0.8 << rows << "a b c d e";
+    QTest::newRow("below, the last row disabled") << "a" << "" << 0.0 << rows << "a b c d e";
+    QTest::newRow("below") << "b a" << "" << 0.0 << enabled << "c a b";
+    QTest::newRow("a disabled row") << "e" << "a" << 0.2 << rows << "a b c d e";
+}
+
+void TestSignalDrag::dragging()
+{
+    QFETCH(QString, chosen);
+    QFETCH(QString, over);
+    QFETCH(double, share);
+    QFETCH(QString, rows);
+    QFETCH(QString, result);
+    QWidget window;
+    QVBoxLayout layout(&window);
+    signalTreeWidget tree;
+    layout.addWidget(&tree);
+    tree.setHeaderHidden(true);
+    tree.setStyleSheet("QTreeWidget::item { height: 20px;}");
+    window.setGeometry(100, 100, 300, 400);
+    insertCaptureRows(&tree, signalsFromText(rows), 0);
+    tree.expandAll();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    const QStringList names = chosen.split(' ');
+    for (const QString &name : names)
+        tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+    const int selected = tree.selectedItems().size();
+    const QString before = rowNames(&tree);
+    QSignalSpy dragged(&tree, SIGNAL(itemDragged()));
+    const QPoint from = placeIn(tree, names.last(), 0.5);
+    const QPoint to =
+        over.isEmpty() ? tree.viewport()->mapToGlobal(QPoint(60, 300)) : placeIn(tree, over, share);
+    QVERIFY(drag(from, to));
+
+    QCOMPARE(rowNames(&tree), result);
+    QCOMPARE(dragged.count(), rowNames(&tree) == before ? 0 : 1);
+    if (chosen != "e") // there the mouse selects, as no drag begins
+        QCOMPARE(tree.selectedItems().size(), selected);
+    for (int i = 0; i < tree.topLevelItemCount(); ++i)
+        QVERIFY(tree.topLevelItem(i)->isExpanded() || tree.topLevelItem(i)->childCount() == 0);
+}
+
+QTEST_MAIN(TestSignalDrag)
+#include "tst_signaldrag.moc"
