@@ -56,9 +56,8 @@ JexMode modeOf(const QXmlStreamReader &xml)
 
 JexMode zubMode(QXmlStreamReader *xml)
 {
-    // A document type declaration is no part of a configuration, and its entities could blow up the text.
-    while (!xml->atEnd() && xml->readNext() != QXmlStreamReader::DTD) {
-        if (xml->isStartElement()) {
+    while (!xml->atEnd()) {
+        if (xml->readNext() == QXmlStreamReader::StartElement) {
             return modeOf(*xml);
         }
     }
