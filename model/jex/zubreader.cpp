@@ -56,8 +56,9 @@ JexMode modeOf(const QXmlStreamReader &xml)
 
 JexMode zubMode(QXmlStreamReader *xml)
 {
-    while (!xml->atEnd()) {
-        if (xml->readNext() == QXmlStreamReader::StartElement) {
+    // A document type declaration is no part of a configuration, and its entities could blow up the text.
+    while (!xml->atEnd() && xml->readNext() != QXmlStreamReader::DTD) {
+        if (xml->isStartElement()) {
             return modeOf(*xml);
         }
     }

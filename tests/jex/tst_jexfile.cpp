@@ -203,7 +203,7 @@ private Q_SLOTS:
         row("text", "<enabled>", "zzz<enabled>",
             "Line 18 of the file %: there is text between the elements: \"zzz\".");
         row("DTD", "<jexconfig", "<!DOCTYPE jexconfig [<!ENTITY a \"b\">]>\n<jexconfig",
-            "Line 2 of the file %: a configuration holds no document type declaration.");
+            "Line 2 of the file %: a configuration holds no document type declaration.", false);
         row("word", "edge=\"falling\"", "edge=\"up\"",
             "Line 3 of the file %: \"edge\" of <core> is \"up\"; it must be one of rising, falling.");
         row("number", "captureAmount=\"64\"", "captureAmount=\"100\"",

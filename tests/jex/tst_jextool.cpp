@@ -20,8 +20,8 @@ private Q_SLOTS:
             QVERIFY2(!parts.contains(arg.partNumber), qPrintable(arg.partNumber));
             parts.insert(arg.partNumber);
             const Device *device = findDevice(arg.series, arg.device);
-            QVERIFY2(device && QLatin1String(device->partNumber) == arg.partNumber,
-                     qPrintable(arg.partNumber));
+            QVERIFY(device);
+            QCOMPARE(QLatin1String(device->partNumber), arg.partNumber);
             QVERIFY2(*device->family->source && device->registers > 0, qPrintable(arg.partNumber));
             QVERIFY2(!device->shadows == !device->family->shadowShapes, qPrintable(arg.partNumber));
         }

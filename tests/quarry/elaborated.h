@@ -22,16 +22,18 @@ public:
         return file.fileName();
     }
 
-    // What the tool printed; empty when it could not be started.
-    QByteArray run(const QString &program, const QStringList &arguments) const
+    // What the tool wrote to its output, and in `error` why it failed, if it did.
+    QByteArray run(const QString &program, const QStringList &arguments, QString &error) const
     {
         QProcess process;
         process.setWorkingDirectory(m_dir.path());
-        process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(program, arguments);
+        error.clear();
         if (!process.waitForStarted() || !process.waitForFinished(120000))
-            return QByteArray();
-        return process.readAll() + "ended with " + QByteArray::number(process.exitCode());
+            error = program + ": " + process.errorString();
+        else if (process.exitCode() != 0)
+            error = program + ": " + process.readAllStandardError();
+        return process.readAllStandardOutput();
     }
 
     QString xml(const QString &top, const QStringList &sources, const QStringList &includePaths = {}) const
@@ -40,9 +42,10 @@ public:
         arguments << "--top-module" << top << "-Mdir" << m_dir.path() << "--xml-output" << path("design.xml");
         for (const QString &folder : includePaths)
             arguments << "-I" + folder;
-        const QByteArray output = run("verilator_bin", arguments + sources);
-        if (!output.contains("ended with 0"))
-            qFatal("Verilator: %s", output.constData());
+        QString error;
+        run("verilator_bin", arguments + sources, error);
+        if (!error.isEmpty())
+            qFatal("%s", qPrintable(error));
         return path("design.xml");
     }
 

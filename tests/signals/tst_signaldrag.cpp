@@ -65,16 +65,26 @@ void TestSignalDrag::dragging_data()
     QTest::addColumn<QString>("result");
     const QString rows = "s:a b:b{x,y} s:c s:d !s:e";
     const QString enabled = "s:a s:b s:c";
-    QTest::newRow("upper half") << "d" << "b" << 0.2 << rows << "a d b c e";
-    QTest::newRow("lower half") << "a" << "c" << 0.8 << rows << "b c a d e";
-    QTest::newRow("several, in tree order") << "d b" << "a" << 0.2 << rows << "b d a c e";
-    QTest::newRow("a member stays") << "x c" << "a" << 0.2 << rows << "c a b d e";
-    QTest::newRow("onto a disabled row") << "a" << "e" << 0.2 << rows << "a b c d e";
-    QTest::newRow("onto a member") << "d" << "x" << 0.2 << rows << "a b c d e";
-    QTest::newRow("onto a selected row") << "d a" << "d" << 0.8 << rows << "a b c d e";
-    QTest::newRow("below, the last row disabled") << "a" << "" << 0.0 << rows << "a b c d e";
-    QTest::newRow("below") << "b a" << "" << 0.0 << enabled << "c a b";
-    QTest::newRow("a disabled row") << "e" << "a" << 0.2 << rows << "a b c d e";
+    QTest::newRow("upper half") << "d"
+                                << "b" << 0.2 << rows << "a d b c e";
+    QTest::newRow("lower half") << "a"
+                                << "c" << 0.8 << rows << "b c a d e";
+    QTest::newRow("several, in tree order") << "d b"
+                                            << "a" << 0.2 << rows << "b d a c e";
+    QTest::newRow("a member stays") << "x c"
+                                    << "a" << 0.2 << rows << "c a b d e";
+    QTest::newRow("onto a disabled row") << "a"
+                                         << "e" << 0.2 << rows << "a b c d e";
+    QTest::newRow("onto a member") << "d"
+                                   << "x" << 0.2 << rows << "a b c d e";
+    QTest::newRow("onto a selected row") << "d a"
+                                         << "d" << 0.8 << rows << "a b c d e";
+    QTest::newRow("below, the last row disabled") << "a"
+                                                  << "" << 0.0 << rows << "a b c d e";
+    QTest::newRow("below") << "b a"
+                           << "" << 0.0 << enabled << "c a b";
+    QTest::newRow("a disabled row") << "e"
+                                    << "a" << 0.2 << rows << "a b c d e";
 }
 
 void TestSignalDrag::dragging()

@@ -27,7 +27,8 @@ QString memberRecords(const QTreeWidgetItem *row)
 {
     QStringList texts;
     for (int i = 0; i < row->childCount(); ++i)
-        texts.append(row->child(i)->data(0, Qt::UserRole).isValid() ? toText(recordOf(row->child(i))) : "none");
+        texts.append(row->child(i)->data(0, Qt::UserRole).isValid() ? toText(recordOf(row->child(i)))
+                                                                    : "none");
     return texts.join(' ');
 }
 
@@ -53,8 +54,7 @@ private Q_SLOTS:
     void manyAreAddedInTime();
 };
 
-static const char mixedSignals[] =
-    "s:clk b:a[1:0]=bus{a[1]=high,~a[0]} ~s:gone g:group_0[0:0]{s:x}";
+static const char mixedSignals[] = "s:clk b:a[1:0]=bus{a[1]=high,~a[0]} ~s:gone g:group_0[0:0]{s:x}";
 
 void TestSignalRows::rowsShowTheirRecord()
 {
@@ -117,7 +117,8 @@ void TestSignalRows::aRecordSurvivesItsRow()
     const SignalItem item = signalFromText("!~^b:a[1:0]=bus{!~^a[1]=high,s:a[0]}");
     signal2TreeItem(&tree, item, 0);
     QVERIFY(recordOf(tree.topLevelItem(0)) == item);
-    QCOMPARE(QByteArray(tree.topLevelItem(0)->data(0, Qt::UserRole).typeName()), QByteArray("JEX::SignalItem"));
+    QCOMPARE(QByteArray(tree.topLevelItem(0)->data(0, Qt::UserRole).typeName()),
+             QByteArray("JEX::SignalItem"));
 }
 
 void TestSignalRows::captureColours()

@@ -106,15 +106,24 @@ void TestSignalTree::menuActions_data()
 {
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QString>("actions");
-    QTest::newRow("nothing") << "" << "-, -, -, -, -, -, -";
-    QTest::newRow("single") << "clk" << "-, -, Rename, Restore Original Name, -, -, Disable";
-    QTest::newRow("bus") << "a[1:0]" << "Ungroup, -, Rename, Restore Original Name, Reverse, -, Disable";
-    QTest::newRow("two enabled") << "clk a[1:0]" << "Ungroup, Group, -, Restore Original Name, -, -, Disable";
-    QTest::newRow("two disabled") << "off off2" << "-, Group, -, Restore Original Name, -, Enable, -";
-    QTest::newRow("both kinds") << "clk off" << "-, -, -, Restore Original Name, -, Enable, Disable";
-    QTest::newRow("member") << "a[0]" << "-, -, Rename, Restore Original Name, -, -, Disable";
-    QTest::newRow("member of a disabled bus") << "b[0]" << "-, -, Rename, Restore Original Name, -, Enable, -";
-    QTest::newRow("member and row") << "a[0] clk" << "-, -, -, Restore Original Name, -, -, Disable";
+    QTest::newRow("nothing") << ""
+                             << "-, -, -, -, -, -, -";
+    QTest::newRow("single") << "clk"
+                            << "-, -, Rename, Restore Original Name, -, -, Disable";
+    QTest::newRow("bus") << "a[1:0]"
+                         << "Ungroup, -, Rename, Restore Original Name, Reverse, -, Disable";
+    QTest::newRow("two enabled") << "clk a[1:0]"
+                                 << "Ungroup, Group, -, Restore Original Name, -, -, Disable";
+    QTest::newRow("two disabled") << "off off2"
+                                  << "-, Group, -, Restore Original Name, -, Enable, -";
+    QTest::newRow("both kinds") << "clk off"
+                                << "-, -, -, Restore Original Name, -, Enable, Disable";
+    QTest::newRow("member") << "a[0]"
+                            << "-, -, Rename, Restore Original Name, -, -, Disable";
+    QTest::newRow("member of a disabled bus") << "b[0]"
+                                              << "-, -, Rename, Restore Original Name, -, Enable, -";
+    QTest::newRow("member and row") << "a[0] clk"
+                                    << "-, -, -, Restore Original Name, -, -, Disable";
 }
 
 void TestSignalTree::menuActions()
@@ -185,30 +194,37 @@ void TestSignalTree::edits_data()
     const QString moved = "1 dragged 0 changed";
     const QString captured = "1 dragged 1 changed";
     QTest::newRow("group: at the first selected row")
-        << "s:c b:a[1] s:d b:a[0]" << "a[1] a[0]" << QByteArray("onMerge") << "s:c g:a[1:0]{a[1],a[0]} s:d"
-        << moved;
+        << "s:c b:a[1] s:d b:a[0]"
+        << "a[1] a[0]" << QByteArray("onMerge") << "s:c g:a[1:0]{a[1],a[0]} s:d" << moved;
     QTest::newRow("group: numbered, with the members of buses")
-        << "g:group_0[0:0]{s:x} b:a[1:0]{a[1],a[0]} s:clk" << "a[1:0] clk" << QByteArray("onMerge")
-        << "g:group_0[0:0]{s:x} g:group_1[2:0]{a[1],a[0],s:clk}" << moved;
+        << "g:group_0[0:0]{s:x} b:a[1:0]{a[1],a[0]} s:clk"
+        << "a[1:0] clk" << QByteArray("onMerge") << "g:group_0[0:0]{s:x} g:group_1[2:0]{a[1],a[0],s:clk}"
+        << moved;
     QTest::newRow("group: numbers are read from names, not from what is shown")
-        << "s:x=group_0[1:0] g:group_0[0:0]=mine{s:y} s:c s:d" << "c d" << QByteArray("onMerge")
+        << "s:x=group_0[1:0] g:group_0[0:0]=mine{s:y} s:c s:d"
+        << "c d" << QByteArray("onMerge")
         << "s:x=group_0[1:0] g:group_0[0:0]=mine{s:y} g:group_1[1:0]{s:c,s:d}" << moved;
-    QTest::newRow("group: disabled") << "s:a !s:c !s:d" << "c d" << QByteArray("onMerge")
-                                     << "s:a !g:group_0[1:0]{!s:c,!s:d}" << moved;
+    QTest::newRow("group: disabled") << "s:a !s:c !s:d"
+                                     << "c d" << QByteArray("onMerge") << "s:a !g:group_0[1:0]{!s:c,!s:d}"
+                                     << moved;
     QTest::newRow("group: what is shown counts")
-        << "b:a[1]=n[0] b:a[0]=n[1]" << "n[0] n[1]" << QByteArray("onMerge")
-        << "g:n[0:1]{a[1]=n[0],a[0]=n[1]}" << moved;
+        << "b:a[1]=n[0] b:a[0]=n[1]"
+        << "n[0] n[1]" << QByteArray("onMerge") << "g:n[0:1]{a[1]=n[0],a[0]=n[1]}" << moved;
     QTest::newRow("ungroup: members as stored, at the first selected row")
-        << "s:a s:b b:c[1:0]{c[1]=C,!c[0]} s:d g:group_0[0:0]{s:x}" << "group_0[0:0] b c[1:0]"
-        << QByteArray("onSplit") << "s:a s:x b:c[1]=C !b:c[0] s:b s:d" << moved;
+        << "s:a s:b b:c[1:0]{c[1]=C,!c[0]} s:d g:group_0[0:0]{s:x}"
+        << "group_0[0:0] b c[1:0]" << QByteArray("onSplit") << "s:a s:x b:c[1]=C !b:c[0] s:b s:d" << moved;
     QTest::newRow("disable: to the end, as selected")
-        << "s:a b:b{x} s:c !s:d" << "c b d" << QByteArray("onDisable") << "s:a !s:d !s:c !b:b{!x}" << captured;
-    QTest::newRow("disable: members alone do nothing")
-        << "b:b{x}" << "x" << QByteArray("onDisable") << "b:b{x}" << "0 dragged 0 changed";
+        << "s:a b:b{x} s:c !s:d"
+        << "c b d" << QByteArray("onDisable") << "s:a !s:d !s:c !b:b{!x}" << captured;
+    QTest::newRow("disable: members alone do nothing") << "b:b{x}"
+                                                       << "x" << QByteArray("onDisable") << "b:b{x}"
+                                                       << "0 dragged 0 changed";
     QTest::newRow("enable: behind the enabled, as selected")
-        << "s:a !s:b !b:c{!x} !s:d" << "d c" << QByteArray("onEnable") << "s:a s:d b:c{x} !s:b" << captured;
+        << "s:a !s:b !b:c{!x} !s:d"
+        << "d c" << QByteArray("onEnable") << "s:a s:d b:c{x} !s:b" << captured;
     QTest::newRow("restore: rows and members")
-        << "s:a=A b:b=B{x=X,y=Y}" << "A B Y" << QByteArray("onRestoreOrgName") << "s:a b:b{x=X,y}" << moved;
+        << "s:a=A b:b=B{x=X,y=Y}"
+        << "A B Y" << QByteArray("onRestoreOrgName") << "s:a b:b{x=X,y}" << moved;
 }
 
 void TestSignalTree::edits()
@@ -274,16 +290,25 @@ void TestSignalTree::renaming_data()
     QTest::addColumn<QString>("records");
     QTest::addColumn<int>("dragged");
     const QString unchanged = "s:clk b:a[1:0]=bus{a[1],a[0]=low}";
-    QTest::newRow("alias") << "clk" << "C k" << int(Qt::Key_Return) << "s:clk=C k b:a[1:0]=bus{a[1],a[0]=low}" << 1;
-    QTest::newRow("keypad") << "clk" << "C" << int(Qt::Key_Enter) << "s:clk=C b:a[1:0]=bus{a[1],a[0]=low}" << 1;
-    QTest::newRow("own name") << "bus" << "a[1:0]" << int(Qt::Key_Return) << "s:clk b:a[1:0]{a[1],a[0]=low}" << 1;
-    QTest::newRow("member") << "a[1]" << "h" << int(Qt::Key_Return) << "s:clk b:a[1:0]=bus{a[1]=h,a[0]=low}" << 1;
+    QTest::newRow("alias") << "clk"
+                           << "C k" << int(Qt::Key_Return) << "s:clk=C k b:a[1:0]=bus{a[1],a[0]=low}" << 1;
+    QTest::newRow("keypad") << "clk"
+                            << "C" << int(Qt::Key_Enter) << "s:clk=C b:a[1:0]=bus{a[1],a[0]=low}" << 1;
+    QTest::newRow("own name") << "bus"
+                              << "a[1:0]" << int(Qt::Key_Return) << "s:clk b:a[1:0]{a[1],a[0]=low}" << 1;
+    QTest::newRow("member") << "a[1]"
+                            << "h" << int(Qt::Key_Return) << "s:clk b:a[1:0]=bus{a[1]=h,a[0]=low}" << 1;
     QTest::newRow("member's own name")
-        << "low" << "a[0]" << int(Qt::Key_Return) << "s:clk b:a[1:0]=bus{a[1],a[0]}" << 1;
-    QTest::newRow("leaving the row") << "clk" << "C" << int(Qt::Key_Tab) << "s:clk=C b:a[1:0]=bus{a[1],a[0]=low}" << 1;
-    QTest::newRow("empty") << "clk" << "" << int(Qt::Key_Return) << unchanged << 0;
-    QTest::newRow("unchanged") << "bus" << "bus" << int(Qt::Key_Return) << unchanged << 0;
-    QTest::newRow("escape") << "clk" << "C" << int(Qt::Key_Escape) << unchanged << 0;
+        << "low"
+        << "a[0]" << int(Qt::Key_Return) << "s:clk b:a[1:0]=bus{a[1],a[0]}" << 1;
+    QTest::newRow("leaving the row") << "clk"
+                                     << "C" << int(Qt::Key_Tab) << "s:clk=C b:a[1:0]=bus{a[1],a[0]=low}" << 1;
+    QTest::newRow("empty") << "clk"
+                           << "" << int(Qt::Key_Return) << unchanged << 0;
+    QTest::newRow("unchanged") << "bus"
+                               << "bus" << int(Qt::Key_Return) << unchanged << 0;
+    QTest::newRow("escape") << "clk"
+                            << "C" << int(Qt::Key_Escape) << unchanged << 0;
 }
 
 void TestSignalTree::renaming()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace QUARRY {
+
+class ScratchDir;
+
+// The tools expand $VAR in file names and trip over blanks, quotes and the like. Files and folders with
+// such names are handed over through links in the scratch folder; what a tool says about a link is
+// turned back into the name that the user knows.
+class SafeNames
+{
+public:
+    explicit SafeNames(const ScratchDir &scratch);
+
+    // A name for that file that any tool takes, and whose suffix is `suffix` (".sv"), by which the tools
+    // tell the language.
+    QString file(const QString &path, const QString &suffix);
+    QString folder(const QString &path);
+    QString real(const QString &handedOver) const;
+    // Folders of files that were linked out of them: what they include from there is found only here.
+    QStringList includeFolders() const { return m_includeFolders; }
+    bool anyLinks() const { return !m_real.isEmpty(); }
+
+private:
+    QString link(const QString &path, const QString &suffix);
+
+    const ScratchDir &m_scratch;
+    QHash<QString, QString> m_real;  // link to path
+    QHash<QString, QString> m_links; // path and suffix to link
+    QStringList m_includeFolders;
+};
+
+} // namespace QUARRY

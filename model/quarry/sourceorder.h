@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+namespace QUARRY {
+
+enum SourceLanguage { VerilogSource, VhdlSource };
+
+// The files in an order in which every package and entity stands before the files that use it; files
+// that do not depend on each other stay as they were. Reads the words of the files, not their grammar:
+// good enough for an order, which the tool then judges.
+QStringList orderedByUse(const QStringList &files, SourceLanguage language);
+
+// The entities that a VHDL file declares, and the names of those that it instantiates in lower case.
+struct VhdlNames
+{
+    QStringList entities;
+    QSet<QString> instantiated;
+};
+VhdlNames vhdlNames(const QString &file);
+
+} // namespace QUARRY

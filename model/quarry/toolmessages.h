@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace QUARRY {
+
+class SafeNames;
+
+// One finding of a tool.
+struct ToolMessage
+{
+    enum Severity { Error, Warning };
+    Severity severity = Error;
+    QString code; // Verilator's name for the kind, "PKGNODECL"; may be empty
+    QString file; // as the tool names it; empty when the message has no place
+    int line = 0;
+    int column = 0;
+    QString text;
+    QStringList notes; // the indented lines below the message
+};
+
+// "%Error-PKGNODECL: a.sv:1:16: text", "%Warning-MULTITOP: a.v:3:8: text", "%Error: text"; source lines
+// and carets are left out.
+QList<ToolMessage> parseVerilatorMessages(const QByteArray &output);
+
+// "a.vhd:1:53: text", "a.vhd:9:2:warning: text", "ghdl-mcode: text"
+QList<ToolMessage> parseGhdlMessages(const QByteArray &output);
+
+// "ERROR: /path/a.v:12: text" with the real name of the file. Relative names are taken from workingDir.
+QString messageText(const ToolMessage &message, const SafeNames &names, const QString &workingDir);
+
+} // namespace QUARRY

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace QUARRY {
+
+class ElaborationProgress;
+
+// One run of an external tool. No shell is involved: every argument reaches the tool as it stands.
+struct ToolCall
+{
+    QString name;        // as users know it: "Verilator"
+    QString program;     // file, or a name that is looked up in PATH
+    QString variable;    // the environment variable that names another program
+    QString environment; // NAME=VALUE added to the tool's environment; may be empty
+    QString workingDir;  // must exist
+    QString outputFile;  // takes the standard output instead of ToolResult::output; may be empty
+    QStringList arguments;
+};
+
+struct ToolResult
+{
+    enum Outcome { Finished, Missing, Died, Hung, Cancelled };
+    Outcome outcome = Finished;
+    int exitCode = 0;
+    QByteArray output;
+    QByteArray errors;
+    QString message; // an "ERROR ..." sentence unless the tool finished or was cancelled
+};
+
+// Runs the tool to its end, with a group of processes of its own that is killed as a whole when the user
+// cancels or when it takes longer than toolTimeLimit(). A tool that ends by itself is judged by its
+// caller: some report findings through their exit code.
+ToolResult runTool(const ToolCall &call, ElaborationProgress *progress);
+
+// Seconds that a tool may take: 600, or what the environment variable JEX_TOOL_TIMEOUT says.
+int toolTimeLimit();
+
+// What `variable` names when it is set, or else the first of `names` that is in PATH, or else the first.
+QString findTool(const char *variable, const QStringList &names);
+
+} // namespace QUARRY
