@@ -4,10 +4,15 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <memory>
+
 #include "host/designmanager.h"
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jexfile.h"
+#include "model/quarry/elaboration.h"
+#include "model/quarry/rtlnetlist.h"
+#include "views/configcheck.h"
 
 namespace {
 
@@ -31,6 +36,24 @@ QByteArray run(const QString &program, const QStringList &arguments)
         return QByteArray();
     }
     return process.readAllStandardOutput();
+}
+
+// Names that the design does not have, or not for probing.
+QStringList strangers(const QList<JEX::SignalItem> &items, const QUARRY::RtlNetlist &netlist)
+{
+    QStringList names;
+    for (const JEX::SignalItem &item : items) {
+        names += strangers(item.members, netlist);
+        const QUARRY::RtlNet *net = netlist.findNet(item.name);
+        const QUARRY::RtlNetBus *bus = netlist.findBus(item.name);
+        const bool isKnown = item.members.isEmpty() ? net && !net->excluded
+                             : item.type == 1       ? bus && !bus->excluded
+                                                    : !net && !bus;
+        if (!isKnown) {
+            names.append(item.name);
+        }
+    }
+    return names;
 }
 
 } // namespace
@@ -71,6 +94,25 @@ private Q_SLOTS:
         QCOMPARE(error, QString());
         QVERIFY(JEX::writeJEXConfigToXml_Lite(cores, m_dir.filePath("capture.zub")));
         QCOMPARE(contents(m_dir.filePath("capture.zub")), contents(folder + "capture.zub"));
+        qDeleteAll(cores);
+    }
+
+    void configurationFitsTheDesign()
+    {
+        Core::ProjectManager::setCurrentProject(&m_project);
+        const QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
+        Core::ProjectManager::setCurrentProject(nullptr);
+        QStringList messages;
+        const std::unique_ptr<QUARRY::RtlNetlist> netlist(
+            QUARRY::buildNetlist(QUARRY::designInputFromInfo(info), messages, nullptr));
+        QVERIFY2(netlist, qPrintable(messages.join('\n')));
+        QCOMPARE(messages, QStringList());
+        const QList<JEX::AOCore_Lite *> cores =
+            JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, nullptr);
+        QString errors;
+        RTLJEX::checkLiteCores(cores, netlist.get(), &errors);
+        QCOMPARE(errors, QString());
+        QCOMPARE(strangers(cores.first()->captureSignals, *netlist), QStringList());
         qDeleteAll(cores);
     }
 
