@@ -1,0 +1,104 @@
+#include "workbench/devicedialog.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "model/jex/devicetable.h"
+
+namespace Workbench {
+namespace {
+
+enum Column {
+    PartColumn,
+    SeriesColumn,
+    DeviceColumn,
+    PackageColumn,
+    BlockColumn,
+    ShadowColumn,
+    RegisterColumn
+};
+
+QTreeWidgetItem *deviceRow(const DEV::DeviceArg &device)
+{
+    auto *row = new QTreeWidgetItem({device.partNumber, device.series, device.device, device.package});
+    const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device.series, device.device);
+    const int amounts[] = {known ? known->blocks : 0, known ? known->shadows : 0,
+                           known ? known->registers : 0};
+    for (int i = 0; i < 3; ++i) {
+        row->setData(BlockColumn + i, Qt::DisplayRole, amounts[i]);
+        row->setTextAlignment(BlockColumn + i, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return row;
+}
+
+} // namespace
+
+DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
+    : QDialog(parent),
+      m_current(current),
+      m_filter(new QLineEdit),
+      m_tree(new QTreeWidget),
+      m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
+{
+    setWindowTitle("Device");
+    resize(760, 460);
+    m_filter->setPlaceholderText("Filter");
+    m_filter->setClearButtonEnabled(true);
+    m_tree->setHeaderLabels({"Part", "Series", "Device", "Package", "BSRAM", "SSRAM", "Registers"});
+    m_tree->setRootIsDecorated(false);
+    m_tree->setSortingEnabled(true);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_tree);
+    layout->addWidget(m_buttons);
+    connect(m_filter, &QLineEdit::textChanged, this, &DeviceDialog::filter);
+    connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &DeviceDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &DeviceDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &DeviceDialog::reject);
+    fill();
+}
+
+void DeviceDialog::fill()
+{
+    m_tree->addTopLevelItem(new QTreeWidgetItem({"(none)"}));
+    for (const DEV::DeviceArg &device : JEX_TOOL::knownDevices())
+        m_tree->addTopLevelItem(deviceRow(device));
+    m_tree->sortItems(SeriesColumn, Qt::AscendingOrder);
+    for (int column = 0; column < m_tree->columnCount(); ++column)
+        m_tree->resizeColumnToContents(column);
+    const QString shown = m_current == DEV::DeviceArg() ? "(none)" : m_current.partNumber;
+    const QList<QTreeWidgetItem *> found = m_tree->findItems(shown, Qt::MatchExactly, PartColumn);
+    if (!found.isEmpty())
+        m_tree->setCurrentItem(found.first());
+}
+
+void DeviceDialog::filter(const QString &text)
+{
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *row = m_tree->topLevelItem(i);
+        const QString all =
+            row->text(PartColumn) + ' ' + row->text(SeriesColumn) + ' ' + row->text(DeviceColumn);
+        row->setHidden(!all.contains(text, Qt::CaseInsensitive));
+    }
+}
+
+DEV::DeviceArg DeviceDialog::device() const
+{
+    const QTreeWidgetItem *row = m_tree->currentItem();
+    if (!row)
+        return m_current;
+    DEV::DeviceArg device;
+    if (row->columnCount() == 1)
+        return device;
+    device.partNumber = row->text(PartColumn);
+    device.series = row->text(SeriesColumn);
+    device.device = row->text(DeviceColumn);
+    device.package = row->text(PackageColumn);
+    return device;
+}
+
+} // namespace Workbench

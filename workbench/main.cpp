@@ -1,0 +1,144 @@
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTextStream>
+#include <QTimer>
+#include <memory>
+
+#include "host/editorregistry.h"
+#include "host/filewizard.h"
+#include "host/pluginmanager.h"
+#include "workbench/boxrecorder.h"
+#include "workbench/commandline.h"
+#include "workbench/mainwindow.h"
+#include "workbench/report.h"
+#include "workbench/workspace.h"
+
+namespace {
+
+using namespace Workbench;
+
+void print(const QString &text)
+{
+    QTextStream(stdout) << text << '\n';
+}
+
+// Opens the window's contents and says, to whom it may concern, what went wrong.
+class Start
+{
+public:
+    Start(const StartOptions &options, MainWindow &window) : m_options(options), m_window(window) {}
+
+    bool loadPlugins(ExtSys::PluginManager &plugins)
+    {
+        const QString fallback = QCoreApplication::applicationDirPath() + "/../lib/libRtlJEXIns.so";
+        QString error;
+        if (!plugins.load(m_options.plugin.isEmpty() ? QDir::cleanPath(fallback) : m_options.plugin, &error))
+            return tell(error);
+        bool good = true;
+        for (const QString &message : plugins.initialize())
+            good = tell(message);
+        Core::FileWizardRegistry::createFactories();
+        return good;
+    }
+
+    bool openProject()
+    {
+        if (!namesProject(m_options))
+            return true;
+        auto project = std::make_unique<Core::Project>();
+        QStringList messages;
+        const bool good = fillProject(m_options, *project, messages);
+        for (const QString &message : qAsConst(messages))
+            tell(message);
+        if (!good && !m_options.projectFile.isEmpty() && project->filePath().isEmpty())
+            return false;
+        return m_window.workspace()->useProject(std::move(project)) && good;
+    }
+
+    bool openEditors()
+    {
+        bool good = true;
+        for (const QString &file : m_options.editorFiles)
+            good = m_window.workspace()->openFile(QFileInfo(file).absoluteFilePath()) && good;
+        return good;
+    }
+
+private:
+    bool tell(const QString &message)
+    {
+        m_window.addMessage(message, true);
+        QTextStream(stderr) << message << '\n';
+        return false;
+    }
+
+    const StartOptions &m_options;
+    MainWindow &m_window;
+};
+
+// Everything is opened, written down and closed again, without anybody at the screen.
+int runUnattended(const StartOptions &options, MainWindow &window, bool good)
+{
+    const BoxRecorder boxes;
+    Start start(options, window);
+    good = start.openProject() && good;
+    good = start.openEditors() && good;
+    if (options.report)
+        print(designReport(options.editorFiles));
+    for (const QString &text : boxes.texts())
+        print("Message box \"" + text + "\"");
+    if (!options.shot.isEmpty()) {
+        QApplication::processEvents();
+        const bool saved = window.grab().save(options.shot);
+        print((saved ? "Picture: " : "Can not write the picture ") + options.shot);
+        good = saved && good;
+    }
+    return good && boxes.texts().isEmpty() ? 0 : 1;
+}
+
+int run(const StartOptions &options)
+{
+    const bool unattended = options.report || !options.shot.isEmpty();
+    QSettings settings("jexworkbench", "jexworkbench");
+    ExtSys::PluginManager plugins;
+    int result = 0;
+    {
+        MainWindow window(unattended ? nullptr : &settings);
+        Start start(options, window);
+        const bool good = start.loadPlugins(plugins);
+        window.show();
+        if (unattended) {
+            result = runUnattended(options, window, good);
+        } else {
+            QTimer::singleShot(0, &window, [&start] { start.openProject() && start.openEditors(); });
+            result = QApplication::exec();
+        }
+    }
+    // What plug-ins gave out goes before they do.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Core::FileWizardRegistry::clear();
+    Core::EditorRegistry::clear();
+    plugins.shutDown();
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName("jexworkbench");
+    QCoreApplication::setApplicationVersion(WORKBENCH_VERSION);
+    StartOptions options;
+    QString error;
+    if (!parseCommandLine(QCoreApplication::arguments(), options, error)) {
+        QTextStream(stderr) << "jexworkbench: " << error << '\n';
+        return 2;
+    }
+    if (options.help || options.version) {
+        print(options.help ? helpText() : "jexworkbench " WORKBENCH_VERSION);
+        return 0;
+    }
+    return run(options);
+}

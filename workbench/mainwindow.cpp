@@ -1,0 +1,387 @@
+#include "workbench/mainwindow.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QUrl>
+
+#include "host/actionmanager.h"
+#include "host/designmanager.h"
+#include "host/filewizard.h"
+#include "host/iview.h"
+#include "host/modal.h"
+#include "host/viewmanager.h"
+#include "workbench/devicedialog.h"
+#include "workbench/messagepane.h"
+#include "workbench/newfiledialog.h"
+#include "workbench/optionsdialog.h"
+#include "workbench/projecttree.h"
+#include "workbench/recentprojects.h"
+#include "workbench/workspace.h"
+
+namespace Workbench {
+namespace {
+
+const char *const projectFilter = "Projects (*.jexprj)";
+const char *const sourceFilter =
+    "Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
+    "All files (*)";
+const char *const aboutText =
+    "JEX Workbench %1\n\nEdits the configuration of logic analyzers that are built into an FPGA design: "
+    "choose the "
+    "nets to record, say how much is recorded, and save it for the implementation flow.";
+
+QLabel *newHint()
+{
+    auto *hint = new QLabel("Open a project (Project > Open Project) or a configuration (File > Open).\n"
+                            "File > New makes a configuration for the open project.");
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setEnabled(false);
+    return hint;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QSettings *settings, QWidget *parent)
+    : QMainWindow(parent),
+      m_settings(settings),
+      m_workspace(new Workspace(this)),
+      m_center(new QStackedWidget),
+      m_tree(new ProjectTree),
+      m_messages(new MessagePane),
+      m_topLabel(new QLabel),
+      m_deviceLabel(new QLabel)
+{
+    Core::ViewManager *views = Core::ViewManager::instance();
+    m_center->addWidget(newHint());
+    m_center->addWidget(views->tabWidget());
+    setCentralWidget(m_center);
+    views->setDialogParent(this);
+    for (QLabel *label : {m_topLabel, m_deviceLabel}) {
+        label->setTextFormat(Qt::PlainText);
+        statusBar()->addPermanentWidget(label);
+    }
+    createDocks();
+    createFileMenu();
+    createProjectMenu();
+    createOtherMenus();
+    connectTree();
+    connect(m_workspace, &Workspace::projectReplaced, this, &MainWindow::onProjectReplaced);
+    connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
+    connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
+    connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
+    connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
+    resize(1280, 800);
+    updateProject();
+    restoreLayout();
+}
+
+// The views report their end to this window, so they go first.
+MainWindow::~MainWindow()
+{
+    delete m_workspace;
+}
+
+Workspace *MainWindow::workspace() const
+{
+    return m_workspace;
+}
+
+void MainWindow::addMessage(const QString &text, bool isError)
+{
+    m_messages->addMessage(text, isError);
+}
+
+QAction *MainWindow::addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,
+                               void (MainWindow::*slot)())
+{
+    QAction *action = menu->addAction(text);
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, this, slot);
+    return action;
+}
+
+void MainWindow::createFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&File");
+    addAction(menu, "&New...", QKeySequence::New, &MainWindow::onNewFile);
+    addAction(menu, "&Open...", QKeySequence::Open, &MainWindow::onOpen);
+    menu->addSeparator();
+    QAction *save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
+    save->setShortcut(QKeySequence::Save);
+    menu->addAction(save);
+    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    menu->addSeparator();
+    m_recentMenu = menu->addMenu("&Recent Projects");
+    connect(m_recentMenu, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    menu->addSeparator();
+    QAction *quit = menu->addAction("&Quit");
+    quit->setShortcut(QKeySequence::Quit);
+    connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::createProjectMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&Project");
+    addAction(menu, "&New Project...", QKeySequence("Ctrl+Shift+N"), &MainWindow::onNewProject);
+    addAction(menu, "&Open Project...", QKeySequence("Ctrl+Shift+O"), &MainWindow::onOpenProject);
+    QAction *save =
+        addAction(menu, "&Save Project", QKeySequence("Ctrl+Shift+S"), &MainWindow::onSaveProject);
+    QAction *close = addAction(menu, "&Close Project", QKeySequence(), &MainWindow::onCloseProject);
+    menu->addSeparator();
+    QAction *add = addAction(menu, "&Add Files...", QKeySequence(), &MainWindow::onAddFiles);
+    m_removeAction = addAction(menu, "&Remove Files", QKeySequence(), &MainWindow::onRemoveFiles);
+    menu->addSeparator();
+    QAction *options = addAction(menu, "O&ptions...", QKeySequence("Ctrl+,"), &MainWindow::onOptions);
+    QAction *device = addAction(menu, "&Device...", QKeySequence(), &MainWindow::onDevice);
+    m_projectActions = {save, close, add, options, device};
+}
+
+void MainWindow::createOtherMenus()
+{
+    QMenu *view = menuBar()->addMenu("&View");
+    for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        view->addAction(dock->toggleViewAction());
+    addAction(menuBar()->addMenu("&Help"), "&About", QKeySequence(), &MainWindow::onAbout);
+}
+
+void MainWindow::createDocks()
+{
+    struct
+    {
+        const char *name;
+        const char *title;
+        QWidget *widget;
+        Qt::DockWidgetArea area;
+        int size;
+    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 260},
+                       {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
+    for (const auto &entry : docks) {
+        auto *dock = new QDockWidget(entry.title, this);
+        dock->setObjectName(entry.name);
+        dock->setWidget(entry.widget);
+        addDockWidget(entry.area, dock);
+        const bool left = entry.area == Qt::LeftDockWidgetArea;
+        resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
+    }
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+}
+
+void MainWindow::connectTree()
+{
+    connect(m_tree, &ProjectTree::fileActivated, this, &MainWindow::openFromTree);
+    connect(m_tree, &ProjectTree::optionsActivated, this, &MainWindow::onOptions);
+    connect(m_tree, &ProjectTree::deviceActivated, this, &MainWindow::onDevice);
+    connect(m_tree, &ProjectTree::removeRequested, this, &MainWindow::removeFiles);
+    connect(m_tree, &ProjectTree::enableRequested, this, [this](const QStringList &paths, bool enabled) {
+        for (const QString &path : paths)
+            m_workspace->project()->setFileEnabled(path, enabled);
+    });
+    connect(m_tree, &ProjectTree::typeRequested, this, [this](const QStringList &paths, int type) {
+        for (const QString &path : paths)
+            m_workspace->project()->setFileType(path, type);
+    });
+}
+
+void MainWindow::restoreLayout()
+{
+    if (!m_settings)
+        return;
+    restoreGeometry(m_settings->value("geometry").toByteArray());
+    restoreState(m_settings->value("layout").toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_workspace->closeProject());
+    if (event->isAccepted() && m_settings) {
+        m_settings->setValue("geometry", saveGeometry());
+        m_settings->setValue("layout", saveState());
+    }
+}
+
+QStringList MainWindow::projectFiles() const
+{
+    QStringList paths;
+    if (!m_workspace->project())
+        return paths;
+    for (const Core::SourceFile &file : m_workspace->project()->data().files)
+        paths << file.path;
+    return paths;
+}
+
+QString MainWindow::startFolder() const
+{
+    return m_workspace->project() ? m_workspace->project()->workingDir() : QDir::currentPath();
+}
+
+void MainWindow::onNewFile()
+{
+    NewFileDialog dialog(startFolder(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QStringList before = projectFiles();
+    dialog.factory()->runWizard(this, dialog.folder());
+    openNewFiles(before);
+}
+
+// A wizard adds what it made to the project; the user expects to see it.
+void MainWindow::openNewFiles(const QStringList &before)
+{
+    for (const QString &path : projectFiles()) {
+        if (!before.contains(path) && m_workspace->canEdit(path))
+            m_workspace->openFile(path);
+    }
+}
+
+void MainWindow::onOpen()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, "Open", startFolder(), "Configurations and projects (*.zub *.jexprj);;All files (*)");
+    if (!path.isEmpty())
+        m_workspace->openFile(path);
+}
+
+void MainWindow::onCloseView()
+{
+    if (Core::IView *view = Core::ViewManager::instance()->currentView())
+        Core::ViewManager::instance()->closeView(view);
+}
+
+void MainWindow::onNewProject()
+{
+    QString path = QFileDialog::getSaveFileName(this, "New Project", startFolder(), projectFilter);
+    if (path.isEmpty())
+        return;
+    if (QFileInfo(path).suffix() != Core::projectFileSuffix())
+        path += QString(".") + Core::projectFileSuffix();
+    m_workspace->createProject(path);
+}
+
+void MainWindow::onOpenProject()
+{
+    const QString path = QFileDialog::getOpenFileName(this, "Open Project", startFolder(), projectFilter);
+    if (!path.isEmpty())
+        m_workspace->openProject(path);
+}
+
+void MainWindow::onSaveProject()
+{
+    if (m_workspace->saveProject())
+        addRecentProject(m_settings, m_workspace->project()->filePath());
+}
+
+void MainWindow::onCloseProject()
+{
+    m_workspace->closeProject();
+}
+
+void MainWindow::onAddFiles()
+{
+    const QStringList paths = QFileDialog::getOpenFileNames(this, "Add Files", startFolder(), sourceFilter);
+    for (const QString &path : paths)
+        m_workspace->project()->addFile(path);
+}
+
+void MainWindow::onRemoveFiles()
+{
+    removeFiles(m_tree->selectedFiles());
+}
+
+void MainWindow::removeFiles(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        m_workspace->project()->removeFile(path);
+}
+
+void MainWindow::onOptions()
+{
+    if (m_workspace->project())
+        OptionsDialog(m_workspace->project(), this).exec();
+}
+
+void MainWindow::onDevice()
+{
+    if (!m_workspace->project())
+        return;
+    DeviceDialog dialog(m_workspace->project()->data().device, this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_workspace->project()->setDevice(dialog.device());
+}
+
+void MainWindow::onAbout()
+{
+    QUtil::messageBox(this, QMessageBox::Information, "About",
+                      QString(aboutText).arg(QCoreApplication::applicationVersion()));
+}
+
+// Sources have no editor here: the desktop knows the user's.
+void MainWindow::openFromTree(const QString &path)
+{
+    if (m_workspace->canEdit(path))
+        m_workspace->openFile(path);
+    else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+        addMessage("The desktop has no program for " + QDir::toNativeSeparators(path) + ".", true);
+}
+
+void MainWindow::onProjectReplaced()
+{
+    const Core::Project *project = m_workspace->project();
+    if (project && !project->filePath().isEmpty())
+        addRecentProject(m_settings, project->filePath());
+    updateProject();
+}
+
+void MainWindow::updateProject()
+{
+    const Core::Project *project = m_workspace->project();
+    m_tree->showProject(project);
+    const QString name = project && project->name().isEmpty() ? "Unnamed project"
+                         : project                            ? project->name()
+                                                              : "";
+    setWindowTitle(project ? name + "[*] - JEX Workbench" : QString("JEX Workbench"));
+    setWindowModified(project && project->isModified());
+    const QString top = project ? project->data().topModule : QString();
+    const DEV::DeviceArg device = project ? project->data().device : DEV::DeviceArg();
+    m_topLabel->setText(project ? "Top: " + (top.isEmpty() ? "from the sources" : top) : QString());
+    m_deviceLabel->setText(project ? "Device: " + (device.partNumber.isEmpty() ? "none" : device.partNumber)
+                                   : "");
+    updateState();
+}
+
+void MainWindow::updateState()
+{
+    const bool viewOpen = Core::ViewManager::instance()->currentView() != nullptr;
+    m_center->setCurrentIndex(viewOpen ? 1 : 0);
+    m_closeAction->setEnabled(viewOpen);
+    for (QAction *action : qAsConst(m_projectActions))
+        action->setEnabled(m_workspace->project() != nullptr);
+    m_removeAction->setEnabled(!m_tree->selectedFiles().isEmpty());
+}
+
+void MainWindow::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    for (const QString &path : recentProjects(m_settings)) {
+        QString text = QDir::toNativeSeparators(path);
+        QAction *action = m_recentMenu->addAction(text.replace('&', "&&"));
+        connect(action, &QAction::triggered, this, [this, path] {
+            if (!m_workspace->openProject(path) && !QFileInfo::exists(path))
+                removeRecentProject(m_settings, path);
+        });
+    }
+    if (m_recentMenu->isEmpty())
+        m_recentMenu->addAction("(none)")->setEnabled(false);
+}
+
+} // namespace Workbench

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QLabel;
+class QMenu;
+class QSettings;
+class QStackedWidget;
+
+namespace Workbench {
+
+class MessagePane;
+class ProjectTree;
+class Workspace;
+
+// The window: project tree and message pane around the tabs of the views, menus and status bar.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // `settings`, not owned, keeps geometry and recent projects; null: nothing is remembered.
+    explicit MainWindow(QSettings *settings, QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    Workspace *workspace() const;
+    void addMessage(const QString &text, bool isError);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QAction *addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,
+                       void (MainWindow::*slot)());
+    void createFileMenu();
+    void createProjectMenu();
+    void createOtherMenus();
+    void createDocks();
+    void connectTree();
+    void restoreLayout();
+
+    void onNewFile();
+    void onOpen();
+    void onCloseView();
+    void onNewProject();
+    void onOpenProject();
+    void onSaveProject();
+    void onCloseProject();
+    void onAddFiles();
+    void onRemoveFiles();
+    void onOptions();
+    void onDevice();
+    void onAbout();
+
+    void openFromTree(const QString &path);
+    void openNewFiles(const QStringList &before);
+    void removeFiles(const QStringList &paths);
+    void updateProject();
+    void onProjectReplaced();
+    void updateState();
+    void fillRecentMenu();
+    QStringList projectFiles() const;
+    QString startFolder() const;
+
+    QSettings *m_settings;
+    Workspace *m_workspace;
+    QStackedWidget *m_center; // a hint, or the tabs
+    ProjectTree *m_tree;
+    MessagePane *m_messages;
+    QLabel *m_topLabel;
+    QLabel *m_deviceLabel;
+    QMenu *m_recentMenu = nullptr;
+    QAction *m_closeAction = nullptr;
+    QAction *m_removeAction = nullptr;
+    QList<QAction *> m_projectActions; // enabled while a project is open
+};
+
+} // namespace Workbench

@@ -1,0 +1,148 @@
+#include "workbench/workspace.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QWidget>
+
+#include "host/designmanager.h"
+#include "host/editorregistry.h"
+#include "host/iview.h"
+#include "host/modal.h"
+#include "host/viewmanager.h"
+
+namespace Workbench {
+
+Workspace::Workspace(QWidget *window) : QObject(window), m_window(window)
+{
+}
+
+Workspace::~Workspace()
+{
+    for (Core::IView *view : Core::ViewManager::instance()->views())
+        view->parentWidget()->close();
+}
+
+Core::Project *Workspace::project() const
+{
+    return m_project.get();
+}
+
+bool Workspace::fail(const QString &text)
+{
+    Q_EMIT message(text, true);
+    QUtil::messageBox(m_window, QMessageBox::Critical, "Error", text);
+    return false;
+}
+
+bool Workspace::createProject(const QString &path)
+{
+    auto project = std::make_unique<Core::Project>();
+    QString error;
+    if (!project->saveAs(path, &error))
+        return fail(error);
+    return useProject(std::move(project));
+}
+
+bool Workspace::openProject(const QString &path)
+{
+    auto project = std::make_unique<Core::Project>();
+    QString error;
+    if (!project->load(path, &error))
+        return fail(error);
+    return useProject(std::move(project));
+}
+
+bool Workspace::useProject(std::unique_ptr<Core::Project> project)
+{
+    if (!closeProject())
+        return false;
+    m_project = std::move(project);
+    connect(m_project.get(), &Core::Project::changed, this, &Workspace::projectChanged);
+    Core::ProjectManager::setCurrentProject(m_project.get());
+    Q_EMIT projectReplaced();
+    if (!m_project->filePath().isEmpty())
+        Q_EMIT message("Opened the project " + QDir::toNativeSeparators(m_project->filePath()) + ".", false);
+    for (const Core::SourceFile &file : m_project->data().files) {
+        if (!QFileInfo::exists(file.path))
+            Q_EMIT message("The project's file " + QDir::toNativeSeparators(file.path) + " is missing.",
+                           true);
+    }
+    return true;
+}
+
+bool Workspace::saveProject()
+{
+    if (!m_project)
+        return true;
+    QString error;
+    if (!m_project->filePath().isEmpty())
+        return m_project->save(&error) || fail(error);
+    const QString suffix = QString(".") + Core::projectFileSuffix();
+    QString path = QFileDialog::getSaveFileName(m_window, "Save Project", m_project->workingDir(),
+                                                "Projects (*" + suffix + ")");
+    if (path.isEmpty())
+        return false;
+    if (!path.endsWith(suffix))
+        path += suffix;
+    return m_project->saveAs(path, &error) || fail(error);
+}
+
+bool Workspace::mayCloseProject()
+{
+    if (!m_project || !m_project->isModified())
+        return true;
+    const QString name = m_project->name().isEmpty() ? "this project" : "\"" + m_project->name() + "\"";
+    const auto answer =
+        QUtil::messageBox(m_window, QMessageBox::Question, "Save Project",
+                          "The project has changes that are not saved.\nSave the changes to " + name + "?",
+                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return saveProject();
+    return answer == QMessageBox::Discard;
+}
+
+bool Workspace::closeProject()
+{
+    if (!Core::ViewManager::instance()->closeAllViews() || !mayCloseProject())
+        return false;
+    if (!m_project)
+        return true;
+    Core::ProjectManager::setCurrentProject(nullptr);
+    m_project.reset();
+    Q_EMIT projectReplaced();
+    return true;
+}
+
+bool Workspace::canEdit(const QString &path) const
+{
+    return Core::EditorRegistry::editorFor(path) != nullptr;
+}
+
+void Workspace::openProjectBeside(const QString &path)
+{
+    const QDir folder = QFileInfo(path).absoluteDir();
+    const QStringList projects =
+        folder.entryList({QString("*.") + Core::projectFileSuffix()}, QDir::Files | QDir::Readable);
+    if (projects.size() == 1)
+        openProject(folder.filePath(projects.first()));
+}
+
+bool Workspace::openFile(const QString &path)
+{
+    const QString shown = QDir::toNativeSeparators(path);
+    if (QFileInfo(path).suffix().toLower() == Core::projectFileSuffix())
+        return openProject(path);
+    if (!QFileInfo::exists(path))
+        return fail("There is no file " + shown + ".");
+    if (!canEdit(path))
+        return fail("There is no editor for " + shown + ".");
+    if (!m_project)
+        openProjectBeside(path);
+    const bool opened = Core::EditorRegistry::editorFor(path)(
+        path, TE::TaskEngine::instance()->designManager()->currentDevice());
+    Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
+    return opened;
+}
+
+} // namespace Workbench
