@@ -1,0 +1,214 @@
+#include "netselect/resultrows.h"
+
+#include <QBrush>
+#include <QHash>
+#include <QIcon>
+#include <QTreeWidget>
+#include <QTreeWidgetItem>
+#include <vector>
+
+#include "model/quarry/rtlnetlist.h"
+#include "netselect/netsearch.h"
+
+namespace RTLJEX {
+
+namespace {
+
+enum SignalType { SingleType = 0, BusType = 1 };
+enum NameForm { FullName, ShortName };
+
+const Qt::ItemFlags usable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+
+JEX::SignalItem signalNamed(const QString &name, bool excluded, SignalType type)
+{
+    JEX::SignalItem item;
+    item.name = name;
+    item.valid = !excluded;
+    item.type = type;
+    return item;
+}
+
+class ResultRow : public QTreeWidgetItem
+{
+public:
+    QVariant data(int column, int role) const override
+    {
+        if (column == 0) {
+            if (role == Qt::DisplayRole)
+                return text();
+            if (role == Qt::UserRole)
+                return QVariant::fromValue(record());
+            if (role == Qt::ForegroundRole)
+                return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
+            if (role == Qt::ToolTipRole)
+                return record().name;
+        }
+        return QTreeWidgetItem::data(column, role);
+    }
+
+    virtual JEX::SignalItem record() const = 0;
+    virtual QString text() const = 0;
+
+protected:
+    // At the end of construction: it holds for the rows below, too.
+    void useUnless(bool excluded)
+    {
+        if (excluded)
+            setFlags(flags() & ~usable);
+    }
+};
+
+class NetRow : public ResultRow
+{
+public:
+    NetRow(const QUARRY::RtlNet *net, SignalType type, NameForm form) : m_net(net), m_type(type), m_form(form)
+    {
+        useUnless(net->excluded);
+    }
+
+    JEX::SignalItem record() const override
+    {
+        return signalNamed(m_net->fullPathName(), m_net->excluded, m_type);
+    }
+
+    QString text() const override { return m_form == FullName ? m_net->fullPathName() : m_net->name(); }
+
+private:
+    const QUARRY::RtlNet *m_net;
+    SignalType m_type : 8;
+    NameForm m_form : 8;
+};
+
+class BusRow : public ResultRow
+{
+public:
+    BusRow(const QUARRY::RtlNetBus *bus, NameForm form) : m_bus(bus), m_form(form)
+    {
+        QList<QTreeWidgetItem *> bits;
+        bits.reserve(bus->members.size());
+        for (const QUARRY::RtlNet *net : bus->members)
+            bits.append(new NetRow(net, BusType, form));
+        addChildren(bits);
+        useUnless(bus->excluded);
+    }
+
+    JEX::SignalItem record() const override { return signalOfBus(m_bus); }
+    QString text() const override { return m_form == FullName ? m_bus->fullBusName() : m_bus->BusName(); }
+
+private:
+    const QUARRY::RtlNetBus *m_bus;
+    NameForm m_form;
+};
+
+QList<QTreeWidgetItem *> makeRows(const QList<QUARRY::RtlNet *> &nets, const QList<QUARRY::RtlNetBus *> &buses,
+                                  NameForm form)
+{
+    QList<QTreeWidgetItem *> rows;
+    rows.reserve(nets.size() + buses.size());
+    for (const QUARRY::RtlNetBus *bus : buses)
+        rows.append(new BusRow(bus, form));
+    for (const QUARRY::RtlNet *net : nets)
+        rows.append(new NetRow(net, SingleType, form));
+    return rows;
+}
+
+QTreeWidgetItem *makeModuleRow(const ModuleForWidget &module, const QIcon &icon)
+{
+    QTreeWidgetItem *row = new QTreeWidgetItem;
+    row->setText(0, module.name);
+    row->setIcon(0, icon);
+    row->setFlags(row->flags() & ~Qt::ItemIsSelectable);
+    QList<QTreeWidgetItem *> rows = makeRows(module.nets, module.buses, ShortName);
+    for (const ModuleForWidget &child : module.subModules)
+        rows.append(makeModuleRow(child, icon));
+    row->addChildren(rows);
+    return row;
+}
+
+// Goes through the tree by the ranges of its selection. To ask for the selected rows themselves would hash
+// each of them.
+class SelectionWalk
+{
+public:
+    explicit SelectionWalk(const QTreeWidget *tree) : m_model(tree->model())
+    {
+        for (const QItemSelectionRange &range : tree->selectionModel()->selection())
+            m_ranges[range.parent()].append(range);
+        visit(tree->invisibleRootItem(), QModelIndex());
+    }
+
+    QList<JEX::SignalItem> found;
+
+private:
+    void visit(const QTreeWidgetItem *parent, const QModelIndex &parentIndex)
+    {
+        const std::vector<bool> selected = selectedChildren(parent, parentIndex);
+        const bool deeper = m_ranges.size() > (m_ranges.contains(QModelIndex()) ? 1 : 0);
+        for (int i = 0; i < parent->childCount(); ++i) {
+            const QTreeWidgetItem *row = parent->child(i);
+            if (!selected.empty() && selected[size_t(i)] && (row->flags() & usable) == usable)
+                add(row);
+            if (deeper && row->childCount() > 0)
+                visit(row, m_model->index(i, 0, parentIndex));
+        }
+    }
+
+    std::vector<bool> selectedChildren(const QTreeWidgetItem *parent, const QModelIndex &parentIndex) const
+    {
+        std::vector<bool> selected;
+        const QList<QItemSelectionRange> ranges = m_ranges.value(parentIndex);
+        if (!ranges.isEmpty())
+            selected.resize(size_t(parent->childCount()));
+        for (const QItemSelectionRange &range : ranges)
+            for (int i = range.top(); i <= range.bottom(); ++i)
+                selected[size_t(i)] = true;
+        return selected;
+    }
+
+    void add(const QTreeWidgetItem *row)
+    {
+        if (const ResultRow *result = dynamic_cast<const ResultRow *>(row))
+            found.append(result->record());
+        else if (row->data(0, Qt::UserRole).userType() == qMetaTypeId<JEX::SignalItem>())
+            found.append(row->data(0, Qt::UserRole).value<JEX::SignalItem>());
+    }
+
+    const QAbstractItemModel *m_model;
+    QHash<QModelIndex, QList<QItemSelectionRange>> m_ranges;
+};
+
+} // namespace
+
+JEX::SignalItem signalOfNet(const QUARRY::RtlNet *net)
+{
+    return signalNamed(net->fullPathName(), net->excluded, SingleType);
+}
+
+JEX::SignalItem signalOfBus(const QUARRY::RtlNetBus *bus)
+{
+    JEX::SignalItem item = signalNamed(bus->fullBusName(), bus->excluded, BusType);
+    item.members.reserve(bus->members.size());
+    for (const QUARRY::RtlNet *net : bus->members)
+        item.members.append(signalNamed(net->fullPathName(), net->excluded, BusType));
+    return item;
+}
+
+void showFlatResult(QTreeWidget *tree, const QList<QUARRY::RtlNet *> &nets,
+                    const QList<QUARRY::RtlNetBus *> &buses)
+{
+    tree->addTopLevelItems(makeRows(nets, buses, FullName));
+}
+
+void showModuleResult(QTreeWidget *tree, const ModuleForWidget &root)
+{
+    QTreeWidgetItem *row = makeModuleRow(root, QIcon(QLatin1String(":/jexins/image/module.png")));
+    tree->addTopLevelItem(row);
+    row->setExpanded(true);
+}
+
+QList<JEX::SignalItem> selectedSignals(const QTreeWidget *tree)
+{
+    return SelectionWalk(tree).found;
+}
+
+} // namespace RTLJEX
