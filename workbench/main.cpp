@@ -123,16 +123,36 @@ int run(const StartOptions &options)
     return result;
 }
 
+// Qt has a --plugin option of its own and would take ours away, so it does not get to see it.
+QStringList takePluginOption(int &argc, char *argv[])
+{
+    QStringList taken;
+    int kept = 1;
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray word(argv[i]);
+        if (word == "--plugin" && i + 1 < argc)
+            taken << "--plugin=" + QString::fromLocal8Bit(argv[++i]);
+        else if (word.startsWith("--plugin="))
+            taken << QString::fromLocal8Bit(word);
+        else
+            argv[kept++] = argv[i];
+    }
+    argc = kept;
+    argv[argc] = nullptr;
+    return taken;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    const QStringList pluginOption = takePluginOption(argc, argv);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("jexworkbench");
     QCoreApplication::setApplicationVersion(WORKBENCH_VERSION);
     StartOptions options;
     QString error;
-    if (!parseCommandLine(QCoreApplication::arguments(), options, error)) {
+    if (!parseCommandLine(QCoreApplication::arguments() + pluginOption, options, error)) {
         QTextStream(stderr) << "jexworkbench: " << error << '\n';
         return 2;
     }

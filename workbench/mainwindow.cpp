@@ -69,6 +69,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     views->setDialogParent(this);
     for (QLabel *label : {m_topLabel, m_deviceLabel}) {
         label->setTextFormat(Qt::PlainText);
+        label->setMargin(4);
         statusBar()->addPermanentWidget(label);
     }
     createDocks();
@@ -164,7 +165,7 @@ void MainWindow::createDocks()
         QWidget *widget;
         Qt::DockWidgetArea area;
         int size;
-    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 260},
+    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 300},
                        {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);

@@ -81,7 +81,7 @@ void ProjectTree::showProject(const Core::Project *project)
         newItem(project->name().isEmpty() ? "Unnamed project" : project->name(), GroupItem);
     root->setIcon(0, style()->standardIcon(QStyle::SP_DirOpenIcon));
     QTreeWidgetItem *design = newItem("Design files", GroupItem);
-    QTreeWidgetItem *others = newItem("Analyzer configurations", GroupItem);
+    QTreeWidgetItem *others = newItem("Configurations", GroupItem);
     QList<QTreeWidgetItem *> marked;
     for (const Core::SourceFile &file : data.files) {
         QTreeWidgetItem *item = fileItem(file, folder, palette());

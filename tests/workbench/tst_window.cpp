@@ -140,7 +140,7 @@ private Q_SLOTS:
                                                           "  a.v\n"
                                                           "  gone.sv (missing)\n"
                                                           "  b.vhd (disabled)\n"
-                                                          " Analyzer configurations (1)\n"
+                                                          " Configurations (1)\n"
                                                           "  c.zub\n"));
         QStringList labels;
         for (const QLabel *label : m_window->statusBar()->findChildren<QLabel *>())
