@@ -50,10 +50,9 @@ void showFailure(const QStringList &messages, QWidget *parent)
         if (first.isEmpty() && message.startsWith(QLatin1String("ERROR")))
             first = message;
     }
-    QUtil::Modal<QMessageBox> box(new QMessageBox(QMessageBox::Critical, tr("Error"),
-                                                  tr("The design could not be read.") +
-                                                      QLatin1String("\n\n") + first,
-                                                  QMessageBox::Ok, parent));
+    QUtil::Modal<QMessageBox> box(new QMessageBox(
+        QMessageBox::Critical, tr("Error"),
+        tr("The design could not be read.") + QLatin1String("\n\n") + first, QMessageBox::Ok, parent));
     box->setTextFormat(Qt::PlainText);
     box->setDetailedText(messages.join(QLatin1String("\n")));
     box->exec();

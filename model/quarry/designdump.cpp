@@ -120,7 +120,8 @@ private:
         if (line.rest.startsWith("->UNLINKED:")) {
             target = line.rest.mid(int(qstrlen("->UNLINKED:")));
         } else {
-            const QByteArray tail = line.rest.mid(line.rest.indexOf("}  ") + 3);
+            const int nameStart = line.rest.indexOf("  ", line.rest.indexOf('}')) + 2;
+            const QByteArray tail = line.rest.mid(nameStart);
             target = tail.left(tail.indexOf(' '));
         }
         cell.target = decodedVerilatorName(target.constData());

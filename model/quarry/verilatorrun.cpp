@@ -1,6 +1,7 @@
 #include "model/quarry/verilatorrun.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include "host/designmanager.h"
@@ -89,7 +90,9 @@ QString VerilatorRun::xmlFile() const
 
 QString VerilatorRun::treeFile() const
 {
-    return m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree"));
+    // The second is what there is when an error ended the run before modules were looked up.
+    const QString tree = m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree"));
+    return QFileInfo(tree).exists() ? tree : m_scratch.file(QLatin1String("dump/Vdesign_990_final.tree"));
 }
 
 QStringList VerilatorRun::optionArguments() const
@@ -144,6 +147,7 @@ ToolResult VerilatorRun::read(ElaborationProgress *progress)
 
 ToolResult VerilatorRun::dump(ElaborationProgress *progress)
 {
+    QFile::remove(m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree")));
     return runTool(call(QStringList() << QLatin1String("--dump-tree") << QLatin1String("--debug-exit-parse")
                                       << QLatin1String("--Mdir") << m_scratch.file(QLatin1String("dump"))),
                    progress);

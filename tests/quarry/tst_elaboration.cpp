@@ -1,0 +1,439 @@
+#include "model/quarry/elaboration.h"
+#include "model/quarry/rtlnetlist.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using namespace QUARRY;
+
+namespace {
+
+class CancelAfter : public ElaborationProgress
+{
+public:
+    explicit CancelAfter(int ms) : m_ms(ms) { m_clock.start(); }
+    void stage(const QString &text) override { stages += text; }
+    bool cancelled() override { return m_clock.elapsed() >= m_ms; }
+    QStringList stages;
+
+private:
+    QElapsedTimer m_clock;
+    int m_ms;
+};
+
+void draw(const Hierachy &node, QStringList &lines)
+{
+    QStringList names;
+    for (const RtlNet *net : node.nets)
+        names += net->name();
+    for (const RtlNetBus *bus : node.buses)
+        names += bus->BusName();
+    lines += QString("%1:%2 %3").arg(node.fullPathName(), node.moduleName, names.join(' ')).trimmed();
+    for (const Hierachy *child : node.children)
+        draw(*child, lines);
+}
+
+} // namespace
+
+class tst_Elaboration : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void readsDesigns_data();
+    void readsDesigns();
+    void takesAnyFileName_data();
+    void takesAnyFileName();
+    void reportsFailingTools_data();
+    void reportsFailingTools();
+    void cancelsAtOnce_data();
+    void cancelsAtOnce();
+    void elaboratesOnce();
+    void readsTheHostsMap();
+
+private:
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    void write(const QString &name, const QByteArray &text) const;
+    QString script(const QString &name, const QByteArray &text) const;
+    DesignInput input(const QStringList &sources) const;
+    QString listed(const DesignInput &input) const;
+    QString built(const DesignInput &input) const;
+    QString shown(const QStringList &lines) const;
+    QStringList leftInTemp() const { return QDir(path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+void tst_Elaboration::init()
+{
+    m_dir.reset(new QTemporaryDir);
+    QDir(m_dir->path()).mkpath("tmp");
+    qputenv("TMPDIR", path("tmp").toUtf8());
+}
+
+void tst_Elaboration::cleanup()
+{
+    for (const char *variable : {"JEX_VERILATOR", "JEX_GHDL", "JEX_TOOL_TIMEOUT"})
+        qunsetenv(variable);
+    listModules(DesignInput(), nullptr); // drops the remembered design
+    QCOMPARE(leftInTemp(), QStringList());
+}
+
+void tst_Elaboration::write(const QString &name, const QByteArray &text) const
+{
+    QDir().mkpath(QFileInfo(path(name)).path());
+    QFile file(path(name));
+    QVERIFY2(file.open(QIODevice::WriteOnly) && file.write(text) == text.size(), qPrintable(name));
+}
+
+QString tst_Elaboration::script(const QString &name, const QByteArray &text) const
+{
+    write(name, "#!/bin/sh\n" + text + "\n");
+    QFile::setPermissions(path(name), QFile::ReadOwner | QFile::ExeOwner);
+    return path(name);
+}
+
+DesignInput tst_Elaboration::input(const QStringList &sources) const
+{
+    DesignInput input;
+    input.workingDir = m_dir->path();
+    for (const QString &source : sources) {
+        DesignSource file;
+        file.path = path(source);
+        file.type = source.endsWith(".vhd") ? 4 : source.endsWith(".sv") ? 3 : 2;
+        input.files += file;
+    }
+    return input;
+}
+
+// The test's folder is @; the order of modules is the tool's own and not compared.
+QString tst_Elaboration::shown(const QStringList &lines) const
+{
+    return lines.join('\n').replace(m_dir->path(), "@").trimmed();
+}
+
+QString tst_Elaboration::listed(const DesignInput &input) const
+{
+    ModuleList list = listModules(input, nullptr);
+    list.topModules.sort();
+    list.modules.sort();
+    return shown(QStringList("top " + list.topModules.join(' ')) + QStringList("modules " + list.modules.join(' ')) +
+                 list.messages);
+}
+
+QString tst_Elaboration::built(const DesignInput &input) const
+{
+    QStringList lines;
+    QStringList messages;
+    const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages, nullptr));
+    if (netlist)
+        draw(*netlist->topHierarchy, lines);
+    return shown(lines);
+}
+
+void tst_Elaboration::readsDesigns_data()
+{
+    // Sources stand one after the other, each below a line "== name"; "top=", "include=", "library=",
+    // "define=" and "standard=" set options. Files in folders are not given to the tool. In the expected
+    // lists * stands for the tool's own words.
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("sources");
+    QTest::addColumn<QString>("lists");
+    QTest::addColumn<QString>("design");
+
+    const QString two = "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
+                        "module b(input y); leaf \\v.w (y); endmodule\n";
+    QTest::newRow("several tops") << "" << two << "top a b\nmodules a b leaf" << "";
+    QTest::newRow("named top") << "top=b" << two << "top b\nmodules b leaf"
+                               << "b:b y\nb/v.w:leaf x";
+    QTest::newRow("unknown top") << "top=c" << two << "top \nmodules" << "";
+    QTest::newRow("syntax error") << "" << "== a.v\nmodule a;\nwire x = ;\nendmodule\n"
+                                  << "top \nmodules \nERROR: @/a.v:2: syntax error*" << "";
+    QTest::newRow("missing source") << "" << "== sub/a.v\n== -a.v\n"
+                                    << "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
+                                       "project or restore it."
+                                    << "";
+    QTest::newRow("users before packages")
+        << "" << "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; endmodule\n"
+                 "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
+                 "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
+        << "top t\nmodules t" << "t:t x[2:0] y[1:0]";
+    QTest::newRow("includes, defines and libraries")
+        << "include=inc\nlibrary=lib\ndefine=WIDTH=1+2\ndefine=SOME=\"a $HOME b\""
+        << "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
+           "localparam A = `SOME; cell1 u(x[0]); endmodule\n"
+           "== inc/far.vh\n`include \"near.vh\"\n== inc/near.vh\n`define BITS [`WIDTH:0]\n== sub/mid.vh\n\n"
+           "== lib/cell1.v\nmodule cell1(input c); endmodule\n"
+        << "top t\nmodules cell1 t" << "t:t x[3:0]\nt/u:cell1 c";
+    const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
+    QTest::newRow("Verilog names") << "" << keyword << "top t\nmodules t" << "t:t logic bit";
+    QTest::newRow("standard") << "standard=SystemVerilog" << keyword << "top \nmodules \nERROR: @/t.v:1: *" << "";
+    QTest::newRow("black boxes")
+        << ""
+        << "== t.sv\ninterface ifc; logic v; modport m(input v); endinterface\n"
+           "package p; typedef logic [2:0] t; endpackage\n"
+           "module t(input clk, input [31:0] a, output [1:0] y);\n"
+           "ifc i0(), ia[2](); logic [7:0] mem [4];\n"
+           "prim #(.W(4), .T(p::t), .S(\"x\")) u0(.clk(clk), .\\d[0] (a), .\\do (y[0]));\n"
+           "prim #(1) u1(clk, , a);\n"
+           "split us[3:0](.d(a), .c(clk));\n"
+           "bus ub(.i(i0), .m(i0.m), .e(ia[1]), .mem(mem), .v(i0.v));\n"
+           "none un(); \\odd$ uo(.*);\n"
+           "if (0) begin : g dead ud(clk); end\nendmodule\n"
+        << "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
+           "nothing inside: *"
+        << "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
+           "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$";
+    const QString vhdl =
+        "== top.vhd\nlibrary ieee; use ieee.std_logic_1164.all; use work.pack.all;\n"
+        "entity Top is port (clk : in std_logic; q : out std_logic_vector(C downto 0)); end;\n"
+        "architecture a of Top is component prim is port (Aa : in std_logic); end component;\n"
+        "signal reg : std_logic_vector(C downto 0); begin\n"
+        "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q <= reg; end;\n"
+        "== leaf.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
+        "entity Leaf is generic (W : integer := 2);\n"
+        "port (c : in std_logic; q : out std_logic_vector(W - 1 downto 0)); end;\n"
+        "architecture a of Leaf is begin q <= (others => c); end;\n"
+        "== pack.vhd\npackage pack is constant C : integer := 3; end;\n";
+    const QString boxed = "\nWARNING: These modules have no definition and are shown as black boxes, with "
+                          "nothing inside: prim";
+    QTest::newRow("VHDL in any order") << "" << vhdl << "top Top\nmodules Leaf Top" + boxed
+                                       << "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:prim";
+    QTest::newRow("VHDL top in another case")
+        << "top=TOP" << vhdl << "top TOP\nmodules Leaf TOP" + boxed
+        << "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim";
+    QTest::newRow("unknown VHDL top") << "top=c" << vhdl << "top \nmodules" << "";
+    QTest::newRow("VHDL error") << "" << "== a.vhd\nentity a is\nport (x : inn bit); end;\n"
+                                << "top \nmodules \nERROR: @/a.vhd:2: no declaration for \"inn\"" << "";
+    QTest::newRow("Verilog in VHDL") << "" << vhdl + "== prim.v\nmodule PRIM(input AA); wire inner; endmodule\n"
+                                     << "top Top\nmodules Leaf PRIM Top"
+                                     << "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:PRIM AA inner";
+    QTest::newRow("VHDL in Verilog")
+        << "" << vhdl + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); endmodule\n"
+        << "top Top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no effect "
+           "here: the entity is shown with its default values." + boxed
+        << "";
+    QTest::newRow("VHDL in Verilog, named")
+        << "top=v"
+        << vhdl + "== v.v\nmodule v(input x); LEAF u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); endmodule\n"
+        << "top v\nmodules *" + boxed
+        << "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\nv/u2/u:Leaf c q[3:0]\n"
+           "v/u2/p:prim";
+    QTest::newRow("test bench beside the design")
+        << ""
+        << "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is begin "
+           "process begin wait for 1 ns;\nend process; end;\n"
+        << "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *" << "";
+}
+
+void tst_Elaboration::readsDesigns()
+{
+    QFETCH(QString, options);
+    QFETCH(QString, sources);
+    QFETCH(QString, lists);
+    QFETCH(QString, design);
+    QStringList given;
+    for (const QString &part : sources.split("== ", Qt::SkipEmptyParts)) {
+        const QString name = part.section('\n', 0, 0);
+        if (part.count('\n') > 1)
+            write(name, part.section('\n', 1).toUtf8());
+        if (!name.contains('/'))
+            given += name;
+    }
+    DesignInput design_ = input(given);
+    for (const QString &option : options.split('\n', Qt::SkipEmptyParts)) {
+        const QString value = option.section('=', 1);
+        if (option.startsWith("top="))
+            design_.top = value;
+        else if (option.startsWith("include="))
+            design_.includePaths += path(value);
+        else if (option.startsWith("library="))
+            design_.libraryPaths += path(value);
+        else if (option.startsWith("define="))
+            design_.defines += value;
+        else
+            design_.verilogStandard = value;
+    }
+    const QString found = listed(design_);
+    const QString pattern = QRegularExpression::escape(lists).replace("\\*", ".*");
+    const QRegularExpression expected("^" + pattern + "$", QRegularExpression::DotMatchesEverythingOption);
+    QVERIFY2(expected.match(found).hasMatch(), qPrintable("\nfound:\n" + found + "\nexpected:\n" + lists));
+    QCOMPARE(built(design_), design);
+}
+
+void tst_Elaboration::takesAnyFileName_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"two words", "it's \"quoted\"", "a;touch hacked;", "$(touch hacked)", "$HOME", "${HOME}x",
+                             "`touch hacked`", "-f", "+incdir+x", "new\nline", "back\\slash", "\u00fcml\u00e4ut", "a:3:4:b"})
+        QTest::newRow(name) << QString::fromUtf8(name);
+}
+
+void tst_Elaboration::takesAnyFileName()
+{
+    QFETCH(QString, name);
+    for (const QString &file : {name + ".v", name + "/m.v", name + "/" + name + ".vhd"}) {
+        write(name + "/near.vh", "wire near;");
+        const bool isVhdl = file.endsWith(".vhd");
+        write(file, isVhdl ? "entity m is port (x : in bit; y : out bit); end;\narchitecture a of m is begin y <= x; end;"
+                           : "module m(input x);\n`include \"near.vh\"\nendmodule");
+        DesignInput design = input({file});
+        design.workingDir = path(name);
+        QCOMPARE(listed(design), QString("top m\nmodules m"));
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(design, messages, nullptr));
+        QVERIFY2(netlist, qPrintable(messages.join('\n')));
+        if (!isVhdl) {
+            QCOMPARE(netlist->findNet("m/x")->declaration().file, path(file));
+            QCOMPARE(netlist->findNet("m/near")->declaration().file, path(name + "/near.vh"));
+        }
+        write(file, isVhdl ? "entity m is\nport (x : inn bit); end;" : "module m;\nwire = ;\nendmodule");
+        const QString text = listModules(design, nullptr).messages.value(0);
+        QVERIFY2(text.startsWith("ERROR: " + path(file) + ":2: "), qPrintable(text));
+    }
+    QVERIFY(!QFile::exists(path("hacked")) && !QFile::exists(path(name + "/hacked")));
+}
+
+void tst_Elaboration::reportsFailingTools_data()
+{
+    QTest::addColumn<QByteArray>("body"); // empty: there is no such program
+    QTest::addColumn<QString>("message"); // %1 is the tool, %2 its variable, %3 its program
+
+    QTest::newRow("missing") << QByteArray()
+                             << "ERROR: %1 could not be started (%3: *). Install it, or let the variable %2 name the "
+                                "program.";
+    const QString died = "ERROR: %1 crashed or was killed before it finished. Read the design again; if it happens "
+                         "again, look for the source that causes it by leaving files out.";
+    QTest::newRow("crashes") << QByteArray("echo oh no >&2; kill -SEGV $$") << died + " Its last words: oh no";
+    QTest::newRow("is killed") << QByteArray("kill -KILL $$") << died;
+    QTest::newRow("hangs") << QByteArray("sleep 60 & wait")
+                           << "ERROR: %1 did not end within 1 seconds and was stopped. If the design needs longer, set "
+                              "JEX_TOOL_TIMEOUT to a larger number of seconds.";
+    QTest::newRow("prints garbage") << QByteArray("head -c 100000 /dev/urandom; head -c 10000 /dev/urandom >&2")
+                                    << "ERROR: %1 ended with code 0 and gave no design. *";
+    QTest::newRow("fails") << QByteArray("exit 3") << "ERROR: %1 ended with code 3 and gave no design. *";
+}
+
+void tst_Elaboration::reportsFailingTools()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(QString, message);
+    qputenv("JEX_TOOL_TIMEOUT", "1");
+    write("a.v", "module a; endmodule");
+    write("b.vhd", "entity b is end; architecture a of b is begin end;");
+    const QStringList tools[] = {{"Verilator", "JEX_VERILATOR", "a.v"}, {"GHDL", "JEX_GHDL", "b.vhd"}};
+    for (const QStringList &tool : tools) {
+        const QString program = body.isEmpty() ? path("none") : script(tool.at(0), body);
+        qputenv(qPrintable(tool.at(1)), program.toUtf8());
+        const ModuleList list = listModules(input({tool.at(2)}), nullptr);
+        QCOMPARE(list.messages.size(), 1);
+        QString pattern = QString(message).replace("%1", tool.at(0)).replace("%2", tool.at(1));
+        pattern = QRegularExpression::escape(pattern.replace("%3", program)).replace("\\*", ".*");
+        QVERIFY2(QRegularExpression("^" + pattern + "$").match(list.messages.at(0)).hasMatch(),
+                 qPrintable(list.messages.at(0)));
+        QVERIFY(list.modules.isEmpty() && list.topModules.isEmpty());
+    }
+}
+
+void tst_Elaboration::cancelsAtOnce_data()
+{
+    QTest::addColumn<QString>("tool");
+    QTest::addColumn<QString>("source");
+    QTest::newRow("Verilator") << "JEX_VERILATOR" << "a.v";
+    QTest::newRow("GHDL") << "JEX_GHDL" << "a.vhd";
+}
+
+void tst_Elaboration::cancelsAtOnce()
+{
+    QFETCH(QString, tool);
+    QFETCH(QString, source);
+    write(source, "module a; endmodule");
+    qputenv(qPrintable(tool), script("slow", "sleep 60 & echo $$ $! > " + path("pids").toUtf8() + "; wait").toUtf8());
+    CancelAfter progress(300);
+    QElapsedTimer clock;
+    clock.start();
+    const ModuleList list = listModules(input({source}), &progress);
+    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(list.cancelled);
+    QCOMPARE(list.messages, QStringList());
+    QVERIFY(!progress.stages.isEmpty());
+    QCOMPARE(leftInTemp(), QStringList());
+    QFile file(path("pids"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList pids = QString(file.readAll()).simplified().split(' ');
+    QCOMPARE(pids.size(), 2);
+    const auto isRunning = [](const QString &pid) {
+        QFile state("/proc/" + pid + "/stat"); // an orphan waits as a zombie for the init process
+        return state.open(QIODevice::ReadOnly) && !state.readAll().contains(") Z ");
+    };
+    for (const QString &pid : pids)
+        QTRY_VERIFY(!isRunning(pid));
+    QStringList messages;
+    CancelAfter again(0);
+    QVERIFY(!buildNetlist(input({source}), messages, &again));
+    QCOMPARE(messages, QStringList());
+}
+
+void tst_Elaboration::elaboratesOnce()
+{
+    write("t.v", "`include \"bits.vh\"\nmodule t(input `BITS x); endmodule");
+    write("bits.vh", "`define BITS [3:0]");
+    const QByteArray count = path("count").toUtf8();
+    qputenv("JEX_VERILATOR", script("tool", "echo run >> " + count + "\nexec verilator_bin \"$@\"").toUtf8());
+    const auto runs = [this] {
+        QFile file(path("count"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().count('\n') : 0;
+    };
+    DesignInput design = input({"t.v"});
+    QTest::qWait(20); // file times count in ticks of the kernel
+    QCOMPARE(listed(design), QString("top t\nmodules t"));
+    QCOMPARE(built(design), QString("t:t x[3:0]"));
+    QCOMPARE(runs(), 1);
+    QCOMPARE(leftInTemp(), QStringList()); // used once, then gone
+    QCOMPARE(built(design), QString("t:t x[3:0]"));
+    QCOMPARE(runs(), 2);
+
+    listed(design);
+    write("bits.vh", "`define BITS [7:4]"); // same size
+    QCOMPARE(built(design), QString("t:t x[7:4]"));
+    QCOMPARE(runs(), 4);
+
+    listed(design);
+    design.defines += "UNUSED";
+    QCOMPARE(built(design), QString("t:t x[7:4]"));
+    QCOMPARE(runs(), 6);
+    design.top = "t";
+    listed(design);
+    QCOMPARE(built(design), QString("t:t x[7:4]"));
+    QCOMPARE(runs(), 7);
+}
+
+void tst_Elaboration::readsTheHostsMap()
+{
+    QMap<QString, QVariant> typed{{"Path", "/p/a.v"}, {"Type", 3}};
+    QMap<QString, QVariant> untyped{{"Path", "/p/b.vhd"}};
+    const DesignInput input = designInputFromInfo({{"Top", "t"},
+                                                   {"Files", QVariantList{typed, untyped}},
+                                                   {"IncludePath", QStringList{"/i"}},
+                                                   {"LibraryPath", QStringList{"/l"}},
+                                                   {"Defines", QStringList{"A=1"}},
+                                                   {"Verilog_Standard", "2001"},
+                                                   {"WorkingDir", "/w"}});
+    QStringList found{input.top, input.verilogStandard, input.workingDir};
+    found += input.includePaths + input.libraryPaths + input.defines;
+    for (const DesignSource &file : input.files)
+        found += file.path + ' ' + QString::number(file.type);
+    QCOMPARE(found.join(','), QString("t,2001,/w,/i,/l,A=1,/p/a.v 3,/p/b.vhd 4"));
+    QVERIFY(designInputFromInfo({}).files.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_Elaboration)
+#include "tst_elaboration.moc"
