@@ -167,7 +167,6 @@ void JexLiteInserterView::onFileChanged()
 
 void JexLiteInserterView::checkForReload()
 {
-    watchFile(d->fileWatcher, d->fileName);
     offerFileReload(d->ui.bannerContainer, this, d->fileName);
 }
 
@@ -188,9 +187,7 @@ bool JexLiteInserterView::reloadJexFile()
 void JexLiteInserterView::onBannerReload()
 {
     if (reloadJexFile()) {
-        dismissBanner(sender());
-        d->reloadCheckPending = false;
-        watchFile(d->fileWatcher, d->fileName);
+        endFileBanner();
         return;
     }
     const QPointer<QObject> alive(this);
@@ -201,25 +198,28 @@ void JexLiteInserterView::onBannerReload()
 
 void JexLiteInserterView::onBannerCancel()
 {
-    dismissBanner(sender());
-    d->reloadCheckPending = false;
+    endFileBanner();
     m_designChangePending = false;
-    watchFile(d->fileWatcher, d->fileName);
 }
 
 void JexLiteInserterView::onBannerKeep()
 {
-    dismissBanner(sender());
-    d->reloadCheckPending = false;
-    watchFile(d->fileWatcher, d->fileName);
+    endFileBanner();
 }
 
 void JexLiteInserterView::onBannerClose()
 {
-    dismissBanner(sender());
-    d->reloadCheckPending = false;
+    endFileBanner();
     dropChanges();
     closeContainer(this);
+}
+
+void JexLiteInserterView::endFileBanner()
+{
+    dismissBanner(sender());
+    d->reloadCheckPending = false;
+    // The file that was replaced or removed may be back.
+    watchFile(d->fileWatcher, d->fileName);
 }
 
 void JexLiteInserterView::dropChanges()

@@ -67,6 +67,7 @@ protected:
 
 private:
     void askForDesignReload(const QString &question);
+    void endFileBanner();
     void dropChanges();
 
     QScopedPointer<private_impl::JexLiteInserterViewPrivate> d;

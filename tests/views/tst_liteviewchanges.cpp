@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QTreeWidget>
 
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
@@ -32,6 +33,9 @@ private Q_SLOTS:
     void burstAndOwnSave();
     void removedFile_data();
     void removedFile();
+    void cancellingAFileBanner();
+    void reloadedRowsAreClassified();
+    void invalidFileOnReload_data();
     void invalidFileOnReload();
     void designBanner();
     void designReloadFails();
@@ -125,17 +129,65 @@ void LiteViewChangesTest::removedFile()
     QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
 }
 
-void LiteViewChangesTest::invalidFileOnReload()
+// The answer to the one question ends the waiting for the other as well.
+void LiteViewChangesTest::cancellingAFileBanner()
 {
     Workspace work;
     work.addDesign("design.v", counterDesign);
     const QString file = work.writeLite("a.zub", 1);
+    Shown shown(file);
+    work.write("a.zub", work.read("a.zub") + " ");
+    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+    work.project.setOption("TopModule", "top");
+    QCOMPARE(shown.banners().size(), 2);
+    shown.answer("Cancel");
+    QCOMPARE(shown.banners(), QStringList("Top module changed. Do you want to reload?"));
+    work.project.setOption("TopModule", "");
+    QCOMPARE(shown.banners().size(), 2);
+}
+
+void LiteViewChangesTest::reloadedRowsAreClassified()
+{
+    Workspace work;
+    work.addDesign("design.v", counterDesign);
+    const QString file = work.writeLite("a.zub", 1);
+    Shown shown(file);
+    const auto type = [&shown] {
+        const QTreeWidgetItem *row = shown.find<QTreeWidget>("treeWidgetSignal")->topLevelItem(0);
+        return row->data(0, Qt::UserRole).value<JEX::SignalItem>().type;
+    };
+    QCOMPARE(type(), 0);
+    work.write("a.zub", work.read("a.zub").replace("signal name=\"top/clk\"", "signal name=\"top/lost\""));
+    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+    shown.answer("Reload");
+    QCOMPARE(type(), 1);
+}
+
+void LiteViewChangesTest::invalidFileOnReload_data()
+{
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+
+    QTest::newRow("another mode") << QByteArray("\"Lite\"") << QByteArray("\"Standard\"");
+    QTest::newRow("not well-formed") << QByteArray("</core>") << QByteArray();
+    QTest::newRow("wrong value") << QByteArray("\"rising\"") << QByteArray("\"raising\"");
+}
+
+void LiteViewChangesTest::invalidFileOnReload()
+{
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    Workspace work;
+    work.addDesign("design.v", counterDesign);
+    const QString file = work.writeLite("a.zub", 1);
     Shown shown(file), other(work.writeLite("other.zub", 1));
-    QFile::remove(file);
-    JEX::fillInfoForEmptyJexConfig(file, JEX::StandardMode);
+    work.write("a.zub", work.read("a.zub").replace(from, to));
     QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
     ModalDriver driver;
-    driver.press(QMessageBox::Ok);
+    driver.then([&shown](QDialog *dialog) {
+        QCOMPARE(shown.find<QStackedWidget>("stackedWidget")->count(), 1);
+        dialog->findChild<QPushButton *>()->click();
+    });
     shown.answer("Reload");
     QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
     QTRY_VERIFY(!shown.container);
