@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QObject>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QStringList>
 #include <QTimer>
@@ -12,7 +13,8 @@
 
 // Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the
 // message boxes said is kept as "icon | title | text | buttons", with a star at the default button.
-// A dialog that nobody expected is noted and rejected, so that a test fails instead of waiting.
+// Progress dialogs are left alone. A dialog that nobody expected is noted and rejected, so that a test
+// fails instead of waiting.
 class ModalDriver : public QObject
 {
 public:
@@ -54,7 +56,7 @@ private:
     {
         QTimer::singleShot(5, this, [this] { tick(); });
         QDialog *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog || dialog == m_last)
+        if (!dialog || dialog == m_last || qobject_cast<QProgressDialog *>(dialog))
             return;
         m_last = dialog;
         seen << describe(dialog);

@@ -47,7 +47,7 @@ void LiteViewTest::openJudgesTheDesign_data()
     QTest::newRow("syntax error") << QByteArray(faultyDesign) << ""
                                   << "dialog | Design files contain some errors.";
     QTest::newRow("no module")
-        << QByteArray("// nothing\n") << ""
+        << QByteArray("package p;\n  localparam int x = 1;\nendpackage\n") << ""
         << "critical | Design files contain some errors | Get no module from design. | OK";
     QTest::newRow("wrong top")
         << QByteArray(counterDesign) << "nosuch"
@@ -66,7 +66,7 @@ void LiteViewTest::openJudgesTheDesign()
     QFETCH(QString, said);
     Workspace work;
     if (!design.isEmpty())
-        work.addDesign("design.v", design);
+        work.addDesign("design.sv", design);
     work.project.setOption("TopModule", top);
     ModalDriver driver;
     QString details;
@@ -82,7 +82,7 @@ void LiteViewTest::openJudgesTheDesign()
     QCOMPARE(shown.opened, said.isEmpty());
     QCOMPARE(shown.error, QString());
     if (said.startsWith("dialog"))
-        QVERIFY2(details.contains("ERROR") && details.contains("design.v"), qPrintable(details));
+        QVERIFY2(details.contains("ERROR") && details.contains("design.sv"), qPrintable(details));
 }
 
 void LiteViewTest::openRefusesOtherFiles()
