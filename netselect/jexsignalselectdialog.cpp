@@ -200,8 +200,7 @@ SearchOptions JexSignalSelectDialog::searchOptions() const
     options.caseSensitivity =
         m_ui->checkBoxCaseSensitive->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive;
     options.usePatternSyntax = !m_ui->radioButtonNormal->isChecked();
-    options.patternSyntax =
-        m_ui->radioButtonWildcard->isChecked() ? QRegExp::WildcardUnix : QRegExp::RegExp;
+    options.patternSyntax = m_ui->radioButtonWildcard->isChecked() ? QRegExp::WildcardUnix : QRegExp::RegExp;
     options.searchInModule = true;
     options.module = chosenModule();
     options.includeSubentries = !advanced || m_ui->checkBoxIncludeSubentries->isChecked();

@@ -100,8 +100,8 @@ private:
     NameForm m_form;
 };
 
-QList<QTreeWidgetItem *> makeRows(const QList<QUARRY::RtlNet *> &nets, const QList<QUARRY::RtlNetBus *> &buses,
-                                  NameForm form)
+QList<QTreeWidgetItem *> makeRows(const QList<QUARRY::RtlNet *> &nets,
+                                  const QList<QUARRY::RtlNetBus *> &buses, NameForm form)
 {
     QList<QTreeWidgetItem *> rows;
     rows.reserve(nets.size() + buses.size());

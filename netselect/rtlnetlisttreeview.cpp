@@ -40,8 +40,9 @@ void RtlNetlistTreeView::updateTree()
 
 RtlTreeItem *RtlNetlistTreeView::buildHierachyItem(QUARRY::Hierachy *node)
 {
-    const QString text = node->parent ? node->instanceName + QLatin1Char('[') + node->moduleName + QLatin1Char(']')
-                                      : node->instanceName;
+    const QString text = node->parent
+                             ? node->instanceName + QLatin1Char('[') + node->moduleName + QLatin1Char(']')
+                             : node->instanceName;
     RtlTreeItem *item = makeItem(RtlTreeItem::HierachyItem, text, node);
     item->setIcon(0, m_moduleIcon);
     for (QUARRY::Hierachy *child : node->children)

@@ -57,6 +57,8 @@ void BlackBoxes::add(const DumpCell &cell, const DesignDump &dump)
     Box &box = m_boxes[cell.target];
     for (const DumpPin &pin : cell.ports) {
         QString port = pin.name;
+        if (port.isEmpty() && !pin.position)
+            continue; // "u0()"
         if (pin.position) {
             box.positionalPorts = qMax(box.positionalPorts, pin.position);
             extend(box.ports, box.positionalPorts, "port");

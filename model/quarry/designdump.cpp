@@ -171,7 +171,8 @@ private:
     void startPin(const DumpLine &line)
     {
         DumpPin pin;
-        pin.name = decodedVerilatorName(line.name.constData());
+        if (!line.name.startsWith("->"))
+            pin.name = decodedVerilatorName(line.name.constData());
         pin.line = line.line;
         pin.column = line.column;
         QRegExp numbered(QLatin1String("__(?:pin|param)Number(\\d+)"));

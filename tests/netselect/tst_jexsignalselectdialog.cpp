@@ -197,22 +197,30 @@ void TestJexSignalSelectDialog::searches_data()
     const QString below = "checkBoxIncludeSubentries";
     const QString modules = "checkBoxHierarchyView";
     const QString exact = "checkBoxCaseSensitive";
-    QTest::newRow("substring") << QStringList() << "FULL" << "top/u1/u2/Full";
-    QTest::newRow("case") << QStringList{exact} << "FULL" << "";
-    QTest::newRow("wildcard is the whole name") << QStringList{wildcard} << "full" << "";
-    QTest::newRow("wildcard crosses instances") << QStringList{wildcard} << "*full" << "top/u1/u2/Full";
-    QTest::newRow("expression") << QStringList{expression} << ".*/(ready|clk)" << "top/clk top/u0/ready";
-    QTest::newRow("broken expression") << QStringList{expression} << "(" << "";
-    QTest::newRow("advanced: top alone") << QStringList{advanced} << "a" << "top/part[1:0]";
-    QTest::newRow("advanced: below it, too")
-        << QStringList{advanced, below} << "a" << "top/part[1:0] top/u0/data[0:1] top/u0/ready";
-    QTest::newRow("a hidden panel says nothing")
-        << QStringList{advanced, modules, advanced} << "ready" << "top/u0/ready";
-    QTest::newRow("modules") << QStringList{advanced, below, modules} << "ll" << "top(gap:u1(fifo:u2(Full)))";
-    QTest::newRow("modules: buses first")
-        << QStringList{advanced, below, modules} << "u0"
-        << "top(uart:u0(data[0:1](data[0] data[1]) ready))";
-    QTest::newRow("modules: nothing found") << QStringList{advanced, below, modules} << "xyz" << "top";
+    QTest::newRow("substring") << QStringList() << "FULL"
+                               << "top/u1/u2/Full";
+    QTest::newRow("case") << QStringList{exact} << "FULL"
+                          << "";
+    QTest::newRow("wildcard is the whole name") << QStringList{wildcard} << "full"
+                                                << "";
+    QTest::newRow("wildcard crosses instances") << QStringList{wildcard} << "*full"
+                                                << "top/u1/u2/Full";
+    QTest::newRow("expression") << QStringList{expression} << ".*/(ready|clk)"
+                                << "top/clk top/u0/ready";
+    QTest::newRow("broken expression") << QStringList{expression} << "("
+                                       << "";
+    QTest::newRow("advanced: top alone") << QStringList{advanced} << "a"
+                                         << "top/part[1:0]";
+    QTest::newRow("advanced: below it, too") << QStringList{advanced, below} << "a"
+                                             << "top/part[1:0] top/u0/data[0:1] top/u0/ready";
+    QTest::newRow("a hidden panel says nothing") << QStringList{advanced, modules, advanced} << "ready"
+                                                 << "top/u0/ready";
+    QTest::newRow("modules") << QStringList{advanced, below, modules} << "ll"
+                             << "top(gap:u1(fifo:u2(Full)))";
+    QTest::newRow("modules: buses first") << QStringList{advanced, below, modules} << "u0"
+                                          << "top(uart:u0(data[0:1](data[0] data[1]) ready))";
+    QTest::newRow("modules: nothing found") << QStringList{advanced, below, modules} << "xyz"
+                                            << "top";
 }
 
 void TestJexSignalSelectDialog::searches()
@@ -269,18 +277,19 @@ void TestJexSignalSelectDialog::picksAreReturned_data()
     QTest::addColumn<bool>("modules");
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QString>("records");
-    QTest::newRow("none") << false << "" << "";
-    QTest::newRow("in the order of the tree")
-        << false << "top/clk top/count[1:0]" << "b:top/count[1:0]{top/count[1],top/count[0]} s:top/clk";
-    QTest::newRow("a bus and its bit")
-        << false << "top/count[0] top/count[1:0]"
-        << "b:top/count[1:0]{top/count[1],top/count[0]} b:top/count[0]";
+    QTest::newRow("none") << false << ""
+                          << "";
+    QTest::newRow("in the order of the tree") << false << "top/clk top/count[1:0]"
+                                              << "b:top/count[1:0]{top/count[1],top/count[0]} s:top/clk";
+    QTest::newRow("a bus and its bit") << false << "top/count[0] top/count[1:0]"
+                                       << "b:top/count[1:0]{top/count[1],top/count[0]} b:top/count[0]";
     QTest::newRow("bits of several") << false << "top/u0/data[1] top/part[0] top/count[1]"
                                      << "b:top/count[1] b:top/part[0] b:top/u0/data[1]";
     QTest::newRow("what is not valid cannot be picked")
-        << false << "top/tied top/held[1:0] top/held[0] top/part[1]" << "";
-    QTest::newRow("modules cannot be picked")
-        << true << "uart:u0 data[0] ready" << "b:top/u0/data[0] s:top/u0/ready";
+        << false << "top/tied top/held[1:0] top/held[0] top/part[1]"
+        << "";
+    QTest::newRow("modules cannot be picked") << true << "uart:u0 data[0] ready"
+                                              << "b:top/u0/data[0] s:top/u0/ready";
 }
 
 void TestJexSignalSelectDialog::picksAreReturned()
@@ -289,7 +298,8 @@ void TestJexSignalSelectDialog::picksAreReturned()
     QFETCH(QString, chosen);
     const QList<JEX::SignalItem> picked = run([&](const Hand &hand) {
         if (modules)
-            for (const char *box : {"checkBoxAdvancedFilter", "checkBoxIncludeSubentries", "checkBoxHierarchyView"})
+            for (const char *box :
+                 {"checkBoxAdvancedFilter", "checkBoxIncludeSubentries", "checkBoxHierarchyView"})
                 hand.click(box);
         hand.search("");
         hand.tree()->expandAll();
@@ -344,14 +354,15 @@ void TestJexSignalSelectDialog::modulesAreChosenFromTheTree()
         QVERIFY(fifo && fifo->parent()->isExpanded());
         QTest::qWait(QApplication::doubleClickInterval() + 50); // a release right after opening is not taken
         QTest::mouseMove(view->viewport(), view->visualItemRect(fifo).center());
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualItemRect(fifo).center());
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          view->visualItemRect(fifo).center());
         QTRY_VERIFY(!view->isVisible());
         QCOMPARE(box->currentText(), QString("u2[fifo]"));
         hand.search("");
         QCOMPARE(rowNames(hand.tree()), QString("top/u1/u2/Full"));
 
-        QWheelEvent wheel(QPointF(5, 5), box->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent wheel(QPointF(5, 5), box->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, 120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(box, &wheel);
         QCOMPARE(box->currentText(), QString("u2[fifo]"));
         box->setFocus();

@@ -67,7 +67,10 @@ private:
     QString listed(const DesignInput &input) const;
     QString built(const DesignInput &input) const;
     QString shown(const QStringList &lines) const;
-    QStringList leftInTemp() const { return QDir(path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); }
+    QStringList leftInTemp() const
+    {
+        return QDir(path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
@@ -125,8 +128,8 @@ QString tst_Elaboration::listed(const DesignInput &input) const
     ModuleList list = listModules(input, nullptr);
     list.topModules.sort();
     list.modules.sort();
-    return shown(QStringList("top " + list.topModules.join(' ')) + QStringList("modules " + list.modules.join(' ')) +
-                 list.messages);
+    return shown(QStringList("top " + list.topModules.join(' ')) +
+                 QStringList("modules " + list.modules.join(' ')) + list.messages);
 }
 
 QString tst_Elaboration::built(const DesignInput &input) const
@@ -151,31 +154,41 @@ void tst_Elaboration::readsDesigns_data()
 
     const QString two = "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
                         "module b(input y); leaf \\v.w (y); endmodule\n";
-    QTest::newRow("several tops") << "" << two << "top a b\nmodules a b leaf" << "";
+    QTest::newRow("several tops") << "" << two << "top a b\nmodules a b leaf"
+                                  << "";
     QTest::newRow("named top") << "top=b" << two << "top b\nmodules b leaf"
                                << "b:b y\nb/v.w:leaf x";
-    QTest::newRow("unknown top") << "top=c" << two << "top \nmodules" << "";
-    QTest::newRow("syntax error") << "" << "== a.v\nmodule a;\nwire x = ;\nendmodule\n"
-                                  << "top \nmodules \nERROR: @/a.v:2: syntax error*" << "";
-    QTest::newRow("missing source") << "" << "== sub/a.v\n== -a.v\n"
+    QTest::newRow("unknown top") << "top=c" << two << "top \nmodules"
+                                 << "";
+    QTest::newRow("syntax error") << ""
+                                  << "== a.v\nmodule a;\nwire x = ;\nendmodule\n"
+                                  << "top \nmodules \nERROR: @/a.v:2: syntax error*"
+                                  << "";
+    QTest::newRow("missing source") << ""
+                                    << "== sub/a.v\n== -a.v\n"
                                     << "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
                                        "project or restore it."
                                     << "";
     QTest::newRow("users before packages")
-        << "" << "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; endmodule\n"
-                 "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
-                 "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
-        << "top t\nmodules t" << "t:t x[2:0] y[1:0]";
+        << ""
+        << "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; endmodule\n"
+           "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
+           "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
+        << "top t\nmodules t"
+        << "t:t x[2:0] y[1:0]";
     QTest::newRow("includes, defines and libraries")
         << "include=inc\nlibrary=lib\ndefine=WIDTH=1+2\ndefine=SOME=\"a $HOME b\""
         << "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
            "localparam A = `SOME; cell1 u(x[0]); endmodule\n"
            "== inc/far.vh\n`include \"near.vh\"\n== inc/near.vh\n`define BITS [`WIDTH:0]\n== sub/mid.vh\n\n"
            "== lib/cell1.v\nmodule cell1(input c); endmodule\n"
-        << "top t\nmodules cell1 t" << "t:t x[3:0]\nt/u:cell1 c";
+        << "top t\nmodules cell1 t"
+        << "t:t x[3:0]\nt/u:cell1 c";
     const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
-    QTest::newRow("Verilog names") << "" << keyword << "top t\nmodules t" << "t:t logic bit";
-    QTest::newRow("standard") << "standard=SystemVerilog" << keyword << "top \nmodules \nERROR: @/t.v:1: *" << "";
+    QTest::newRow("Verilog names") << "" << keyword << "top t\nmodules t"
+                                   << "t:t logic bit";
+    QTest::newRow("standard") << "standard=SystemVerilog" << keyword << "top \nmodules \nERROR: @/t.v:1: *"
+                              << "";
     QTest::newRow("black boxes")
         << ""
         << "== t.sv\ninterface ifc; logic v; modport m(input v); endinterface\n"
@@ -197,7 +210,8 @@ void tst_Elaboration::readsDesigns_data()
         "entity Top is port (clk : in std_logic; q : out std_logic_vector(C downto 0)); end;\n"
         "architecture a of Top is component prim is port (Aa : in std_logic); end component;\n"
         "signal reg : std_logic_vector(C downto 0); begin\n"
-        "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q <= reg; end;\n"
+        "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q <= "
+        "reg; end;\n"
         "== leaf.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
         "entity Leaf is generic (W : integer := 2);\n"
         "port (c : in std_logic; q : out std_logic_vector(W - 1 downto 0)); end;\n"
@@ -210,28 +224,37 @@ void tst_Elaboration::readsDesigns_data()
     QTest::newRow("VHDL top in another case")
         << "top=TOP" << vhdl << "top TOP\nmodules Leaf TOP" + boxed
         << "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim";
-    QTest::newRow("unknown VHDL top") << "top=c" << vhdl << "top \nmodules" << "";
-    QTest::newRow("VHDL error") << "" << "== a.vhd\nentity a is\nport (x : inn bit); end;\n"
-                                << "top \nmodules \nERROR: @/a.vhd:2: no declaration for \"inn\"" << "";
-    QTest::newRow("Verilog in VHDL") << "" << vhdl + "== prim.v\nmodule PRIM(input AA); wire inner; endmodule\n"
-                                     << "top Top\nmodules Leaf PRIM Top"
-                                     << "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:PRIM AA inner";
+    QTest::newRow("unknown VHDL top") << "top=c" << vhdl << "top \nmodules"
+                                      << "";
+    QTest::newRow("VHDL error") << ""
+                                << "== a.vhd\nentity a is\nport (x : inn bit); end;\n"
+                                << "top \nmodules \nERROR: @/a.vhd:2: no declaration for \"inn\""
+                                << "";
+    QTest::newRow("Verilog in VHDL")
+        << "" << vhdl + "== prim.v\nmodule PRIM(input AA); wire inner; endmodule\n"
+        << "top Top\nmodules Leaf PRIM Top"
+        << "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:PRIM AA inner";
     QTest::newRow("VHDL in Verilog")
         << "" << vhdl + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); endmodule\n"
-        << "top Top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no effect "
-           "here: the entity is shown with its default values." + boxed
+        << "top Top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
+           "effect "
+           "here: the entity is shown with its default values." +
+               boxed
         << "";
     QTest::newRow("VHDL in Verilog, named")
         << "top=v"
         << vhdl + "== v.v\nmodule v(input x); LEAF u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); endmodule\n"
         << "top v\nmodules *" + boxed
-        << "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\nv/u2/u:Leaf c q[3:0]\n"
+        << "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\nv/u2/u:Leaf c "
+           "q[3:0]\n"
            "v/u2/p:prim";
     QTest::newRow("test bench beside the design")
         << ""
-        << "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is begin "
+        << "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is "
+           "begin "
            "process begin wait for 1 ns;\nend process; end;\n"
-        << "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *" << "";
+        << "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *"
+        << "";
 }
 
 void tst_Elaboration::readsDesigns()
@@ -272,8 +295,9 @@ void tst_Elaboration::readsDesigns()
 void tst_Elaboration::takesAnyFileName_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name : {"two words", "it's \"quoted\"", "a;touch hacked;", "$(touch hacked)", "$HOME", "${HOME}x",
-                             "`touch hacked`", "-f", "+incdir+x", "new\nline", "back\\slash", "\u00fcml\u00e4ut", "a:3:4:b"})
+    for (const char *name :
+         {"two words", "it's \"quoted\"", "a;touch hacked;", "$(touch hacked)", "$HOME", "${HOME}x",
+          "`touch hacked`", "-f", "+incdir+x", "new\nline", "back\\slash", "\u00fcml\u00e4ut", "a:3:4:b"})
         QTest::newRow(name) << QString::fromUtf8(name);
 }
 
@@ -283,7 +307,8 @@ void tst_Elaboration::takesAnyFileName()
     for (const QString &file : {name + ".v", name + "/m.v", name + "/" + name + ".vhd"}) {
         write(name + "/near.vh", "wire near;");
         const bool isVhdl = file.endsWith(".vhd");
-        write(file, isVhdl ? "entity m is port (x : in bit; y : out bit); end;\narchitecture a of m is begin y <= x; end;"
+        write(file, isVhdl ? "entity m is port (x : in bit; y : out bit); end;\narchitecture a of m is begin "
+                             "y <= x; end;"
                            : "module m(input x);\n`include \"near.vh\"\nendmodule");
         DesignInput design = input({file});
         design.workingDir = path(name);
@@ -307,17 +332,22 @@ void tst_Elaboration::reportsFailingTools_data()
     QTest::addColumn<QByteArray>("body"); // empty: there is no such program
     QTest::addColumn<QString>("message"); // %1 is the tool, %2 its variable, %3 its program
 
-    QTest::newRow("missing") << QByteArray()
-                             << "ERROR: %1 could not be started (%3: *). Install it, or let the variable %2 name the "
-                                "program.";
-    const QString died = "ERROR: %1 crashed or was killed before it finished. Read the design again; if it happens "
-                         "again, look for the source that causes it by leaving files out.";
-    QTest::newRow("crashes") << QByteArray("echo oh no >&2; kill -SEGV $$") << died + " Its last words: oh no";
+    QTest::newRow("missing")
+        << QByteArray()
+        << "ERROR: %1 could not be started (%3: *). Install it, or let the variable %2 name the "
+           "program.";
+    const QString died =
+        "ERROR: %1 crashed or was killed before it finished. Read the design again; if it happens "
+        "again, look for the source that causes it by leaving files out.";
+    QTest::newRow("crashes") << QByteArray("echo oh no >&2; kill -SEGV $$")
+                             << died + " Its last words: oh no";
     QTest::newRow("is killed") << QByteArray("kill -KILL $$") << died;
-    QTest::newRow("hangs") << QByteArray("sleep 60 & wait")
-                           << "ERROR: %1 did not end within 1 seconds and was stopped. If the design needs longer, set "
-                              "JEX_TOOL_TIMEOUT to a larger number of seconds.";
-    QTest::newRow("prints garbage") << QByteArray("head -c 100000 /dev/urandom; head -c 10000 /dev/urandom >&2")
+    QTest::newRow("hangs")
+        << QByteArray("sleep 60 & wait")
+        << "ERROR: %1 did not end within 1 seconds and was stopped. If the design needs longer, set "
+           "JEX_TOOL_TIMEOUT to a larger number of seconds.";
+    QTest::newRow("prints garbage") << QByteArray(
+                                           "head -c 100000 /dev/urandom; head -c 10000 /dev/urandom >&2")
                                     << "ERROR: %1 ended with code 0 and gave no design. *";
     QTest::newRow("fails") << QByteArray("exit 3") << "ERROR: %1 ended with code 3 and gave no design. *";
 }
@@ -347,8 +377,10 @@ void tst_Elaboration::cancelsAtOnce_data()
 {
     QTest::addColumn<QString>("tool");
     QTest::addColumn<QString>("source");
-    QTest::newRow("Verilator") << "JEX_VERILATOR" << "a.v";
-    QTest::newRow("GHDL") << "JEX_GHDL" << "a.vhd";
+    QTest::newRow("Verilator") << "JEX_VERILATOR"
+                               << "a.v";
+    QTest::newRow("GHDL") << "JEX_GHDL"
+                          << "a.vhd";
 }
 
 void tst_Elaboration::cancelsAtOnce()
@@ -356,7 +388,8 @@ void tst_Elaboration::cancelsAtOnce()
     QFETCH(QString, tool);
     QFETCH(QString, source);
     write(source, "module a; endmodule");
-    qputenv(qPrintable(tool), script("slow", "sleep 60 & echo $$ $! > " + path("pids").toUtf8() + "; wait").toUtf8());
+    qputenv(qPrintable(tool),
+            script("slow", "sleep 60 & echo $$ $! > " + path("pids").toUtf8() + "; wait").toUtf8());
     CancelAfter progress(300);
     QElapsedTimer clock;
     clock.start();
