@@ -7,8 +7,10 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -82,7 +84,8 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
-    resize(1280, 800);
+    const QSize frame(0, 40); // what a window manager puts around the window, about
+    resize(QSize(1280, 800).boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     updateProject();
     restoreLayout();
 }
