@@ -1,0 +1,123 @@
+// Writes pictures of the editor's dialogs, banners and wizard pages over a real project:
+//     jexshot PROJECT DIRECTORY
+// The main window has its own way: jexworkbench --shot.
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QMap>
+#include <QPushButton>
+#include <QTextStream>
+#include <QTreeWidget>
+#include <memory>
+
+#include "host/designmanager.h"
+#include "host/project.h"
+#include "model/quarry/elaboration.h"
+#include "model/quarry/rtlnetlist.h"
+#include "netselect/jexsignalselectdialog.h"
+#include "plugin/jexwizard.h"
+#include "views/messagedlg.h"
+#include "views/reloadbanner.h"
+
+namespace {
+
+using namespace RTLJEX;
+
+class Camera
+{
+public:
+    explicit Camera(const QString &directory) : m_directory(directory) {}
+
+    // Shows the window, lets it settle and takes its picture.
+    void take(QWidget *window, const char *name)
+    {
+        window->show();
+        QCoreApplication::processEvents();
+        const QString file = m_directory.filePath(QString("%1.png").arg(name));
+        if (window->grab().save(file))
+            return;
+        QTextStream(stderr) << "Can not write the picture " << file << ".\n";
+        m_failed = true;
+    }
+
+    bool failed() const { return m_failed; }
+
+private:
+    QDir m_directory;
+    bool m_failed = false;
+};
+
+void shootSearch(Camera &camera, QUARRY::RtlNetlist *netlist)
+{
+    JexSignalSelectDialog dialog(netlist);
+    dialog.show();
+    dialog.findChild<QLineEdit *>("lineEditName")->setText("count");
+    dialog.findChild<QPushButton *>("pushButtonSearch")->click();
+    camera.take(&dialog, "search");
+    dialog.findChild<QLineEdit *>("lineEditName")->setText("ready");
+    for (const char *box : {"checkBoxAdvancedFilter", "checkBoxIncludeSubentries", "checkBoxHierarchyView"})
+        dialog.findChild<QCheckBox *>(box)->setChecked(true);
+    dialog.findChild<QPushButton *>("pushButtonSearch")->click();
+    dialog.findChild<QTreeWidget *>("treeWidget")->expandAll();
+    camera.take(&dialog, "search-hierarchy");
+}
+
+void shootWizard(Camera &camera, const QString &directory)
+{
+    JexWizard wizard(directory, nullptr);
+    wizard.show();
+    for (const char *page : {"wizard-mode", "wizard-file", "wizard-summary"}) {
+        camera.take(&wizard, page);
+        wizard.next();
+    }
+}
+
+// As wide as the strips are above an editor.
+void shootBanner(Camera &camera, ReloadBanner::CheckType type, const char *name)
+{
+    ReloadBanner banner(type, "capture.zub", nullptr);
+    banner.resize(900, banner.sizeHint().height());
+    camera.take(&banner, name);
+}
+
+void shootMessages(Camera &camera)
+{
+    MessageDlg messages(nullptr);
+    messages.setWindowTitle("Design files contain some errors.");
+    messages.setDetailMsg(QStringList() << "ERROR: rtl/timer.v:12: syntax error, unexpected '='");
+    camera.take(&messages, "messages");
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    QTextStream err(stderr);
+    if (arguments.size() != 3) {
+        err << "Usage: jexshot PROJECT DIRECTORY\n";
+        return 2;
+    }
+    Core::Project project;
+    QString error;
+    if (!project.load(arguments.at(1), &error)) {
+        err << error << '\n';
+        return 1;
+    }
+    Core::ProjectManager::setCurrentProject(&project);
+    QStringList messages;
+    const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(
+        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
+        messages, nullptr));
+    Camera camera(arguments.at(2));
+    shootSearch(camera, netlist.get());
+    shootWizard(camera, arguments.at(2));
+    shootBanner(camera, ReloadBanner::Changed, "banner-changed");
+    shootBanner(camera, ReloadBanner::Removed, "banner-removed");
+    shootMessages(camera);
+    Core::ProjectManager::setCurrentProject(nullptr);
+    return camera.failed() ? 1 : 0;
+}
