@@ -136,12 +136,26 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
     return module;
 }
 
+const VhdlScope *VerilatorDesign::vhdlScope(VerilatorModule &module)
+{
+    const QString made = decodedVerilatorName(module.node.attribute("origName").value());
+    if (!m_options.vhdlScopes.contains(made))
+        return nullptr;
+    std::unique_ptr<VhdlScope> &scope = m_vhdlScopes[&module];
+    if (!scope)
+        scope = readVhdlScopes(m_options.vhdlScopes.value(made), module.name);
+    return scope.get();
+}
+
 const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
 {
     if (module.body)
         return *module.body;
     module.body.reset(new VerilatorScope);
     module.body->decl.name = module.name;
+    m_outputWires.clear();
+    if (isGenerated(module))
+        findOutputWires(module.node);
     if (!module.isBlackBox)
         readBody(module.node, module, *module.body);
     const VerilatorTies ties(*m_types, module);
@@ -157,6 +171,18 @@ const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
         scope->decl = ModuleDecl();
     }
     return *module.body;
+}
+
+// GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.
+void VerilatorDesign::findOutputWires(const pugi::xml_node &body)
+{
+    for (const pugi::xml_node &instance : body.children("instance"))
+        for (const pugi::xml_node &port : instance.children("port")) {
+            const QString wire = QString::fromUtf8(instance.attribute("name").value()) + QLatin1Char('_') +
+                                 QString::fromUtf8(port.attribute("name").value());
+            if (std::strcmp(port.attribute("direction").value(), "in") != 0)
+                m_outputWires.insert(wire);
+        }
 }
 
 void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope)
@@ -179,7 +205,10 @@ bool VerilatorDesign::isShown(const pugi::xml_node &var, const VerilatorType &ty
         return false;
     if (isVerilatorOwnName(var.attribute("origName").value()))
         return false;
-    return !fileOf(var).isGenerated || !isGhdlOwnName(QString::fromUtf8(var.attribute("name").value()));
+    if (!fileOf(var).isGenerated || var.attribute("dir"))
+        return true;
+    const QString name = QString::fromUtf8(var.attribute("name").value());
+    return !isGhdlOwnName(name) && !m_outputWires.contains(name);
 }
 
 void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
@@ -200,11 +229,13 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
     decl.info.enumLabels = m_types->enumLabels(var, module.name);
 
     VerilatorNet net;
+    net.name = var.attribute("name").value();
     net.scope = &scope;
     net.position = scope.decl.nets.size();
     net.isBus = decl.isBus;
     net.left = decl.left;
     net.right = decl.right;
+    net.isPort = var.attribute("dir");
     net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
     // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
     net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());

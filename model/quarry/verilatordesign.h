@@ -3,6 +3,7 @@
 #include "model/quarry/netlistreader.h"
 #include "model/quarry/verilatormodule.h"
 #include "model/quarry/verilatortypes.h"
+#include "model/quarry/vhdlscopes.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -26,6 +27,9 @@ public:
     // The module that an instance names; one that the XML does not hold is a black box.
     VerilatorModule *module(const char *defName);
     const VerilatorScope &body(VerilatorModule &module);
+    // What the VHDL of the entity declares that the module was made of; null when that is not known.
+    const VhdlScope *vhdlScope(VerilatorModule &module);
+    bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
     const VerilatorTypes &types() const { return *m_types; }
 
 private:
@@ -38,6 +42,7 @@ private:
 
     void addFiles(const pugi::xml_node &files);
     void addModule(const pugi::xml_node &node);
+    void findOutputWires(const pugi::xml_node &body);
     void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
     void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);
@@ -55,6 +60,8 @@ private:
     std::unordered_map<std::string_view, File> m_files; // by id
     std::vector<std::unique_ptr<VerilatorModule>> m_modules;
     std::unordered_map<std::string, VerilatorModule *> m_byName;
+    std::unordered_map<const VerilatorModule *, std::unique_ptr<VhdlScope>> m_vhdlScopes;
+    QSet<QString> m_outputWires;         // of the module being read
     QHash<QString, QString> m_typeTexts; // one copy of each text for all declarations
 };
 

@@ -40,11 +40,13 @@ struct VerilatorScope
 // One declared net in any scope of a module.
 struct VerilatorNet
 {
+    std::string_view name; // as Verilator has it
     const VerilatorScope *scope = nullptr;
     int position = 0; // in the scope's ModuleDecl
     bool isBus = false;
     int left = 0;
     int right = 0;
+    bool isPort = false;
     bool isInout = false;
     bool isTied = false; // by its declaration
 

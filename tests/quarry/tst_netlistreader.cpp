@@ -37,6 +37,7 @@ private Q_SLOTS:
     void declarations();
     void longNames();
     void toolNames();
+    void vhdl();
     void blackBoxes();
     void unusableFiles_data();
     void unusableFiles();
@@ -328,6 +329,94 @@ void TestNetlistReader::toolNames()
     QCOMPARE(drawn(read->topHierarchy), drawn(wanted->topHierarchy));
     QCOMPARE(read->findNet("top/d")->declaration().line, 0);
     QCOMPARE(read->findNet("top/d")->declaration().file, QString());
+}
+
+void TestNetlistReader::vhdl()
+{
+    const QString source = m_elaborated.write("design.vhd", R"(
+        library ieee; use ieee.std_logic_1164.all;
+        entity leaf is
+          generic (W : positive);
+          port (a : in std_logic; y : out std_logic_vector(0 to W - 1));
+        end entity;
+        architecture rtl of leaf is signal s, never : std_logic_vector(7 downto 4); begin
+          s <= (others => a); y <= (others => s(4));
+        end architecture;
+        library ieee; use ieee.std_logic_1164.all;
+        entity top is port (clk, a : in std_logic; pad : inout std_logic; q : out std_logic_vector(15 downto 8)); end;
+        architecture rtl of top is
+          type state_t is (IDLE, RUN, STOP); signal state : state_t;
+          type rec_t is record x : std_logic; y : std_logic_vector(1 downto 0); end record; signal rec : rec_t;
+          signal n1_o, tied : std_logic; signal one : std_logic_vector(0 downto 0);
+          component box is port (a, b : in std_logic; z : out std_logic); end component;
+        begin
+          pad <= a when n1_o = '1' else 'Z'; tied <= '1'; one(0) <= tied;
+          gen : for i in 6 downto 5 generate signal inner : std_logic; begin
+            inner <= a xor n1_o;
+            u : entity work.leaf generic map (W => i) port map (a => inner, y => open);
+            extra : if i = 5 generate signal only : std_logic; begin only <= inner; q(8) <= only; end generate;
+          end generate;
+          blk : block begin b : box port map (a => a, b => one(0), z => n1_o); end block;
+          process (clk) variable v : std_logic; begin
+            if rising_edge(clk) then
+              v := a; rec.x <= v; rec.y <= rec.x & v;
+              case state is when IDLE => state <= RUN; when RUN => state <= STOP; when STOP => state <= IDLE; end case;
+            end if;
+          end process;
+          q(15) <= '1' when state = IDLE else '0'; q(14 downto 13) <= rec.y; q(12 downto 9) <= (others => '0');
+        end architecture;)");
+    QString error;
+    m_elaborated.run("ghdl", {"-a", "--std=08", source}, error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    QByteArray verilog = m_elaborated.run("ghdl", {"--synth", "--std=08", "--out=verilog", "top"}, error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    m_elaborated.run("ghdl",
+                     {"--elab-run", "--std=08", "top", "--stop-time=0ns", "--stop-delta=0", "--vcd=top.vcd"},
+                     error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    verilog.insert(verilog.indexOf("endmodule", verilog.indexOf("module box")), "wire buried;\n");
+
+    ReadOptions options;
+    options.top = "top";
+    options.generated << m_elaborated.path("design.sv");
+    options.vhdlScopes["top"] = m_elaborated.path("top.vcd");
+    for (int width : {5, 6})
+        options.moduleNames[QString("leaf_%1").arg(width)] = "leaf";
+    const std::unique_ptr<RtlNetlist> read = m_elaborated.netlist(verilog, options);
+    const std::unique_ptr<RtlNetlist> wanted(netlistFromText(R"(
+        top
+          clk
+          a
+          pad x
+          q[15:8] x12 x11 x10 x9
+          state[1:0]
+          rec[2:0]
+          n1_o
+          tied x
+          one[0:0] x
+          gen[5]:gen
+            inner
+            u:leaf
+              a
+              y[0:4]
+              s[7:4]
+              never[7:4]
+            extra:extra
+              only
+          gen[6]:gen
+            inner
+            u:leaf
+              a
+              y[0:5]
+              s[7:4]
+              never[7:4]
+          blk:blk
+            b:box
+              a
+              b x
+              z
+              buried)"));
+    QCOMPARE(drawn(read->topHierarchy), drawn(wanted->topHierarchy));
 }
 
 void TestNetlistReader::blackBoxes()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace QUARRY {
+
+// A declared signal or port. What GHDL's waveform cannot hold (records, enumerations, integers) comes
+// with its name alone.
+struct VhdlSignal
+{
+    QString name;
+    bool hasShape = false;
+    bool isBus = false;
+    int left = 0;
+    int right = 0;
+};
+
+// An instance, a block or one round of a generate loop, as the VHDL has it. The Verilog that GHDL makes
+// of the same entity has lost generate scopes, declared ranges and what nothing reads.
+struct VhdlScope
+{
+    QString name; // "u0", "gen(3)"
+    std::vector<VhdlSignal> signalList;
+    std::vector<std::unique_ptr<VhdlScope>> children;
+
+    QString label() const;     // "gen"
+    QString shownName() const; // "gen[3]"
+};
+
+// The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns
+// --stop-delta=0 --vcd=FILE" writes. Null when the file cannot be read or does not hold it.
+std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity);
+
+} // namespace QUARRY
