@@ -223,6 +223,7 @@ void Elaborator::finish()
     ReadOptions &options = m_result->readOptions;
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
+        options.vhdlScopes = m_vhdl->waveforms();
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             options.moduleNames.insert(top, m_input.top);

@@ -21,8 +21,8 @@ struct ReadOptions
     QString workingDir;       // relative file names in the XML are taken from here
     QMap<QString, QString> fileNames;   // a file as Verilator saw it -> the user's own, absolute
     QMap<QString, QString> moduleNames; // a module that a tool named -> the name that the user gave it
-    QMap<QString, QString> vhdlScopes;  // a module made of a VHDL entity -> GHDL's waveform file of it
-                                        // (see readVhdlScopes); without one the module is shown as made
+    QMap<QString, QString> vhdlScopes;  // a VHDL entity in small letters -> GHDL's waveform file of it (see
+                                        // readVhdlScopes); without one its module is shown as GHDL made it
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it.

@@ -184,10 +184,10 @@ bool NetlistTree::addVhdlChildren(Entity &entity, const VhdlScope &scope, const 
             m_design.body(module);
             entity.placed.insert(cell);
             TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
-            const bool isEntity = m_design.isGenerated(module) && !module.isBlackBox;
+            const bool isEntity = m_design.isGenerated(module) && !module.isBlackBox && !child.isEmpty();
             done = isEntity ? addEntity(node, child.shownName(), child, module, std::move(tied))
                             : add(node, child.shownName(), module, std::move(tied));
-        } else if (!child.signalList.empty() || !child.children.empty()) {
+        } else if (!child.isEmpty()) {
             const QString inner = keys[i] + QLatin1Char('_');
             Hierachy *block = addVhdlScope(entity, child, inner, node, child.shownName(), child.label());
             done = addVhdlChildren(entity, child, inner, block);
@@ -242,7 +242,7 @@ void NetlistTree::exclude(const Instance &instance)
     for (const auto &entry : *instance.tied) {
         const VerilatorNet &net = instance.module->nets[size_t(entry.first)];
         const auto node = instance.nodes.find(net.scope);
-        if (node != instance.nodes.end())
+        if (node != instance.nodes.end() && net.position >= 0)
             exclude(node->second, net.position, net, entry.second);
     }
 }

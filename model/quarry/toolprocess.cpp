@@ -89,7 +89,8 @@ void waitForEnd(GroupProcess &process, const ToolCall &call, ElaborationProgress
 {
     QElapsedTimer clock;
     clock.start();
-    const qint64 limitMs = qint64(toolTimeLimit()) * 1000;
+    const int seconds = call.seconds > 0 ? qMin(call.seconds, toolTimeLimit()) : toolTimeLimit();
+    const qint64 limitMs = qint64(seconds) * 1000;
     // cancelled() may run the event loop, in which the process can end too: ask for its state each time.
     while (process.state() != QProcess::NotRunning && !process.waitForFinished(pollMs)) {
         drain(process, result);

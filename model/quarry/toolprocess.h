@@ -18,6 +18,7 @@ struct ToolCall
     QString workingDir;  // must exist
     QString outputFile;  // takes the standard output instead of ToolResult::output; may be empty
     QStringList arguments;
+    int seconds = 0; // that it may take at most; 0: toolTimeLimit()
 };
 
 struct ToolResult

@@ -136,15 +136,15 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
     return module;
 }
 
-const VhdlScope *VerilatorDesign::vhdlScope(VerilatorModule &module)
+const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
 {
-    const QString made = decodedVerilatorName(module.node.attribute("origName").value());
-    if (!m_options.vhdlScopes.contains(made))
+    const QString file = m_options.vhdlScopes.value(module.name.toLower());
+    if (file.isEmpty() || !isGenerated(module))
         return nullptr;
-    std::unique_ptr<VhdlScope> &scope = m_vhdlScopes[&module];
-    if (!scope)
-        scope = readVhdlScopes(m_options.vhdlScopes.value(made), module.name);
-    return scope.get();
+    const auto known = m_vhdlScopes.find(&module);
+    if (known != m_vhdlScopes.end())
+        return known->second.get();
+    return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
 }
 
 const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
@@ -199,23 +199,50 @@ void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &modu
     }
 }
 
-bool VerilatorDesign::isShown(const pugi::xml_node &var, const VerilatorType &type) const
+bool VerilatorDesign::isNet(const pugi::xml_node &var, const VerilatorType &type) const
 {
-    if (!type.isNet || var.attribute("param") || var.attribute("localparam") || isGenvar(var))
-        return false;
-    if (isVerilatorOwnName(var.attribute("origName").value()))
-        return false;
-    if (!fileOf(var).isGenerated || var.attribute("dir"))
-        return true;
-    const QString name = QString::fromUtf8(var.attribute("name").value());
-    return !isGhdlOwnName(name) && !m_outputWires.contains(name);
+    return type.isNet && !var.attribute("param") && !var.attribute("localparam") && !isGenvar(var) &&
+           !isVerilatorOwnName(var.attribute("origName").value());
 }
 
+bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
+{
+    if (!fileOf(var).isGenerated || var.attribute("dir"))
+        return false;
+    const QString name = QString::fromUtf8(var.attribute("name").value());
+    return isGhdlOwnName(name) || m_outputWires.contains(name);
+}
+
+// What GHDL made up is not shown, but a tie may come through it.
 void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
 {
     const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
-    if (!isShown(var, type))
+    if (!isNet(var, type))
         return;
+    VerilatorNet net;
+    net.name = var.attribute("name").value();
+    net.scope = &scope;
+    net.isBus = type.isVector;
+    net.left = type.left;
+    net.right = type.right;
+    net.isPort = var.attribute("dir");
+    net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
+    // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
+    net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
+    if (!isGhdlOwn(var)) {
+        net.position = scope.decl.nets.size();
+        scope.decl.nets.append(declaration(var, type, module));
+    }
+    const int number = int(module.nets.size());
+    if (var.attribute("pinIndex"))
+        module.pins[var.attribute("pinIndex").as_int()] = number;
+    scope.names.emplace(net.name, number);
+    module.nets.push_back(net);
+}
+
+NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorType &type,
+                                     const VerilatorModule &module)
+{
     NetDecl decl;
     decl.name = nameOf(var);
     decl.isBus = type.isVector;
@@ -223,28 +250,13 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
     decl.right = type.right;
     const File &file = fileOf(var);
     decl.info.file = file.name;
-    decl.info.line = file.isGenerated ? 0 : Location(var).line;
+    if (file.isGenerated)
+        return decl;
+    decl.info.line = Location(var).line;
     const QString words = m_types->declaredText(var);
     decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));
     decl.info.enumLabels = m_types->enumLabels(var, module.name);
-
-    VerilatorNet net;
-    net.name = var.attribute("name").value();
-    net.scope = &scope;
-    net.position = scope.decl.nets.size();
-    net.isBus = decl.isBus;
-    net.left = decl.left;
-    net.right = decl.right;
-    net.isPort = var.attribute("dir");
-    net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
-    // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
-    net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
-    const int number = int(module.nets.size());
-    if (var.attribute("pinIndex"))
-        module.pins[var.attribute("pinIndex").as_int()] = number;
-    scope.names.emplace(var.attribute("name").value(), number);
-    scope.decl.nets.append(decl);
-    module.nets.push_back(net);
+    return decl;
 }
 
 // A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name

@@ -28,7 +28,7 @@ public:
     VerilatorModule *module(const char *defName);
     const VerilatorScope &body(VerilatorModule &module);
     // What the VHDL of the entity declares that the module was made of; null when that is not known.
-    const VhdlScope *vhdlScope(VerilatorModule &module);
+    const VhdlScope *vhdlScope(const VerilatorModule &module);
     bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
     const VerilatorTypes &types() const { return *m_types; }
 
@@ -47,7 +47,9 @@ private:
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
     void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);
     void readInstance(const pugi::xml_node &instance, VerilatorScope &scope);
-    bool isShown(const pugi::xml_node &var, const VerilatorType &type) const;
+    bool isNet(const pugi::xml_node &var, const VerilatorType &type) const;
+    bool isGhdlOwn(const pugi::xml_node &var) const;
+    NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
     const File &fileOf(const pugi::xml_node &node) const;
     QString nameOf(const pugi::xml_node &node) const;
     QString writtenName(const pugi::xml_node &node) const;

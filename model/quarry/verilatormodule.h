@@ -37,12 +37,12 @@ struct VerilatorScope
     std::vector<pugi::xml_node> assigns;             // continuous assignments
 };
 
-// One declared net in any scope of a module.
+// One net in any scope of a module.
 struct VerilatorNet
 {
     std::string_view name; // as Verilator has it
     const VerilatorScope *scope = nullptr;
-    int position = 0; // in the scope's ModuleDecl
+    int position = -1; // in the scope's ModuleDecl; -1: not shown
     bool isBus = false;
     int left = 0;
     int right = 0;

@@ -158,7 +158,8 @@ bool VhdlPart::translate(const QString &entity, bool isOptional, ElaborationProg
         module = m_verilog.add(output.readAll(), m_entities, unboundComponents(result.errors));
     if (!module.isEmpty()) {
         m_modules.insert(entity, module);
-        return true;
+        recordScopes(entity, progress);
+        return !m_cancelled;
     }
     m_cancelled = result.outcome == ToolResult::Cancelled;
     if (m_cancelled)
@@ -168,6 +169,23 @@ bool VhdlPart::translate(const QString &entity, bool isOptional, ElaborationProg
     isOptional = isOptional && result.outcome == ToolResult::Finished;
     report(result, isOptional);
     return isOptional;
+}
+
+// The translation has lost declared ranges, generate scopes and unused signals; the first moment of a
+// simulation has them all. Without it, for whatever reason, the translation is shown as it is.
+void VhdlPart::recordScopes(const QString &entity, ElaborationProgress *progress)
+{
+    const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_waveforms.size()) +
+                                        QLatin1String(".vcd"));
+    ToolCall simulation =
+        call(QStringList() << QLatin1String("--elab-run") << entity << QLatin1String("--stop-time=0ns")
+                           << QLatin1String("--stop-delta=0") << QLatin1String("--vcd=") + file);
+    simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
+    simulation.seconds = 30;
+    const ToolResult result = runTool(simulation, progress);
+    m_cancelled = result.outcome == ToolResult::Cancelled;
+    if (result.outcome == ToolResult::Finished)
+        m_waveforms.insert(entity, file);
 }
 
 bool VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, ElaborationProgress *progress)

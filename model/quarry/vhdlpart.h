@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -34,13 +35,15 @@ public:
 
     // The module that stands for that entity, in any spelling; empty when there is none.
     QString moduleOf(const QString &entity) const { return m_modules.value(entity.toLower()); }
-    QStringList untranslated() const { return m_untranslated; } // roots that GHDL refused
+    QStringList untranslated() const { return m_untranslated; }      // roots that GHDL refused
+    QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
     const GhdlVerilog &verilog() const { return m_verilog; }
     QStringList takeMessages();
     bool cancelled() const { return m_cancelled; }
 
 private:
     bool analyze(const QStringList &files, bool reportErrors, ElaborationProgress *progress);
+    void recordScopes(const QString &entity, ElaborationProgress *progress);
     bool translate(const QString &entity, bool isOptional, ElaborationProgress *progress);
     void scanSources();
     QStringList roots() const;
@@ -57,6 +60,7 @@ private:
     QStringList m_entityOrder;          // lower case, as the sources have them
     QSet<QString> m_used;               // entities that others instantiate, lower case
     QHash<QString, QString> m_modules;  // entity in lower case to its module
+    QMap<QString, QString> m_waveforms;
     QSet<QString> m_refused;
     QStringList m_untranslated;
     GhdlVerilog m_verilog;

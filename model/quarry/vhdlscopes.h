@@ -26,8 +26,9 @@ struct VhdlScope
     std::vector<VhdlSignal> signalList;
     std::vector<std::unique_ptr<VhdlScope>> children;
 
-    QString label() const;     // "gen"
-    QString shownName() const; // "gen[3]"
+    bool isEmpty() const { return signalList.empty() && children.empty(); } // so is an unbound component
+    QString label() const;                                                  // "gen"
+    QString shownName() const;                                              // "gen[3]"
 };
 
 // The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns
