@@ -78,7 +78,7 @@ void shootWizard(Camera &camera, const QString &directory)
 void shootBanner(Camera &camera, ReloadBanner::CheckType type, const char *name)
 {
     ReloadBanner banner(type, "capture.zub", nullptr);
-    banner.resize(900, banner.sizeHint().height());
+    banner.resize(900, banner.heightForWidth(900));
     camera.take(&banner, name);
 }
 
