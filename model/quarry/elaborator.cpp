@@ -20,12 +20,6 @@ QString missingModule(const ToolMessage &message)
     return missing.exactMatch(message.text) ? missing.cap(1) : QString();
 }
 
-bool isMissingPackage(const ToolMessage &message)
-{
-    return message.code == QLatin1String("PKGNODECL") ||
-           message.text.startsWith(QLatin1String("Importing from missing package"));
-}
-
 bool isUnknownTop(const ToolMessage &message)
 {
     return message.text.startsWith(QLatin1String("Specified --top-module"));
@@ -142,12 +136,11 @@ Elaborator::Verdict Elaborator::repair(const QList<ToolMessage> &errors)
         else if (!missing.contains(name))
             missing.append(name);
     }
-    for (const ToolMessage &error : others) {
-        if (isMissingPackage(error) && !m_packagesOrdered) {
-            m_packagesOrdered = true;
-            m_verilator.orderPackagesFirst();
+    // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
+    if (!others.isEmpty() && !m_packagesOrdered) {
+        m_packagesOrdered = true;
+        if (m_verilator.orderPackagesFirst())
             return Again;
-        }
     }
     if (others.isEmpty())
         return missing.isEmpty() ? Done : provide(missing);

@@ -14,6 +14,7 @@ struct SourceWords
 {
     QSet<QString> declares;
     QSet<QString> uses;
+    bool isForAll = false; // only types and macros outside of everything: any file may need them
 };
 
 QString withoutComments(const QByteArray &source, SourceLanguage language)
@@ -54,6 +55,7 @@ SourceWords wordsOf(const QString &path, SourceLanguage language)
     if (language == VerilogSource) {
         collect(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
         collect(text, "\\b(\\w+)\\s*::", words.uses);
+        words.isForAll = !text.contains(QRegExp(QLatin1String("\\b(?:module|package|interface|program)\\b")));
         return words;
     }
     text = text.toLower();
@@ -79,6 +81,10 @@ public:
 
     QStringList sorted()
     {
+        for (int i = 0; i < m_files.size(); ++i) {
+            if (m_words.at(i).isForAll)
+                visit(i);
+        }
         for (int i = 0; i < m_files.size(); ++i)
             visit(i);
         return m_sorted;

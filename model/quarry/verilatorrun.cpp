@@ -69,9 +69,11 @@ VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, 
     m_folders.append(m_workingDir);
 }
 
-void VerilatorRun::orderPackagesFirst()
+bool VerilatorRun::orderPackagesFirst()
 {
+    const QStringList before = m_files;
     m_files = orderedByUse(m_files, VerilogSource);
+    return m_files != before;
 }
 
 QString VerilatorRun::program()

@@ -23,7 +23,7 @@ public:
     void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
     void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
-    void orderPackagesFirst();
+    bool orderPackagesFirst(); // false when they were
 
     // Reads the whole design and writes xmlFile().
     ToolResult read(ElaborationProgress *progress);

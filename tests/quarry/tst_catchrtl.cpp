@@ -45,7 +45,8 @@ private:
         if (firstSeenMs < 0)
             firstSeenMs = m_clock.elapsed();
         const QMessageBox *box = qobject_cast<QMessageBox *>(widget);
-        seen += box ? box->windowTitle() + ": " + box->text() + " | " + box->detailedText() : widget->windowTitle();
+        seen += box ? box->windowTitle() + ": " + box->text() + " | " + box->detailedText()
+                    : widget->windowTitle();
         m_action(widget);
     }
 
@@ -81,7 +82,10 @@ private Q_SLOTS:
 private:
     void write(const QString &name, const QByteArray &text);
     void slowTool();
-    QMap<QString, QVariant> info() const { return TE::TaskEngine::instance()->designManager()->getSourceFileInfo(); }
+    QMap<QString, QVariant> info() const
+    {
+        return TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
+    }
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<Core::Project> m_project;
@@ -140,7 +144,8 @@ void tst_CatchRtl::showsFailures()
     QCOMPARE(m_messages.size(), 1);
     const QString error = "ERROR: " + m_dir->filePath("t.v") + ":2: ";
     QVERIFY2(m_messages.at(0).startsWith(error), qPrintable(m_messages.at(0)));
-    const QString box = "Error: The design could not be read.\n\n" + m_messages.at(0) + " | " + m_messages.at(0);
+    const QString box =
+        "Error: The design could not be read.\n\n" + m_messages.at(0) + " | " + m_messages.at(0);
     QCOMPARE(watcher.seen.filter("Error: "), QStringList(box));
 
     // The modules' caller shows the messages itself.

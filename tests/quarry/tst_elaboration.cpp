@@ -171,11 +171,12 @@ void tst_Elaboration::readsDesigns_data()
                                     << "";
     QTest::newRow("users before packages")
         << ""
-        << "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; endmodule\n"
+        << "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; e_t e; endmodule\n"
            "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
            "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
+           "== u.sv\ntypedef enum logic {OFF, ON} e_t; // no module\n"
         << "top t\nmodules t"
-        << "t:t x[2:0] y[1:0]";
+        << "t:t e x[2:0] y[1:0]";
     QTest::newRow("includes, defines and libraries")
         << "include=inc\nlibrary=lib\ndefine=WIDTH=1+2\ndefine=SOME=\"a $HOME b\""
         << "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
