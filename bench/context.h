@@ -15,4 +15,5 @@ struct Context
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
+void measureSignals(Context &context);
 void measureConfiguration(Context &context);

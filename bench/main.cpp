@@ -1,7 +1,7 @@
 #include "bench/bench.h"
 #include "bench/context.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
 
@@ -29,11 +29,12 @@ int rowsOverGoal()
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
+    QApplication application(argc, argv);
     Context context;
     printf("%-84s %9s %9s %-3s %8s %7s\n", "work | limit", "figure", "limit", "", "ratio", "goal");
     measureNetlist(context);
     measureSearch(context);
+    measureSignals(context);
     measureConfiguration(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;

@@ -72,6 +72,7 @@ JexSignalSelectDialog::JexSignalSelectDialog(QUARRY::RtlNetlist *netlist, QWidge
     for (QAbstractButton *button : m_ui->buttonBox->buttons())
         static_cast<QPushButton *>(button)->setAutoDefault(false);
     m_ui->lineEditName->setFocus();
+    resize(QSize(40, 32) * fontMetrics().height());
 }
 
 JexSignalSelectDialog::~JexSignalSelectDialog() = default;
