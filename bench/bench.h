@@ -34,6 +34,25 @@ double fastest(int runs, Work work)
     return best;
 }
 
+// Both measured in turn, so that what else the machine does meanwhile meets both.
+struct Times
+{
+    double figure = 0;
+    double limit = 0;
+};
+
+template <typename Figure, typename Limit>
+Times inTurn(int runs, Figure figure, Limit limit)
+{
+    Times times;
+    for (int i = 0; i < runs; ++i) {
+        const Times now{fastest(1, figure), fastest(1, limit)};
+        times.figure = i == 0 ? now.figure : qMin(times.figure, now.figure);
+        times.limit = i == 0 ? now.limit : qMin(times.limit, now.limit);
+    }
+    return times;
+}
+
 // Keeps the optimiser from dropping work whose result nobody uses.
 template <typename T>
 void keep(const T &value)

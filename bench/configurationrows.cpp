@@ -97,30 +97,31 @@ void measureConfiguration(Context &context)
         cores.append(makeCore(context, i));
     }
     const QString path = context.dir.filePath(QStringLiteral("large.zub"));
-    const double writing = fastest(5, [&] { keep(JEX::writeJEXConfigToXml_Lite(cores, path)); });
-    const double reading = fastest(5, [&] {
-        const QList<JEX::AOCore_Lite *> read = JEX::readJEXConfigFromXml_Lite(path, nullptr, nullptr);
-        keep(read);
-        qDeleteAll(read);
-    });
-    qDeleteAll(cores);
-
+    JEX::writeJEXConfigToXml_Lite(cores, path);
     QFile file(path);
     file.open(QIODevice::ReadOnly);
     const QByteArray bytes = file.readAll();
-    const double reader = fastest(5, [&] {
-        QXmlStreamReader xml(bytes);
-        while (!xml.atEnd()) {
-            keep(xml.readNext());
-        }
-    });
     const QList<Token> tokens = tokensOf(bytes);
     if (written(tokens) != bytes) {
         qFatal("the writer alone gives other bytes");
     }
-    const double writer = fastest(5, [&] { keep(written(tokens)); });
-    print({QStringLiteral("read a .zub of 16 cores, 5,000 signals each | QXmlStreamReader alone"), reading,
-           reader, 1.5, QStringLiteral("ms")});
-    print({QStringLiteral("write it, onto the disk | QXmlStreamWriter alone, into memory"), writing, writer,
-           1.5, QStringLiteral("ms")});
+    const auto read = [&] {
+        const QList<JEX::AOCore_Lite *> read = JEX::readJEXConfigFromXml_Lite(path, nullptr, nullptr);
+        keep(read);
+        qDeleteAll(read);
+    };
+    const auto readPlainly = [&] {
+        QXmlStreamReader xml(bytes);
+        while (!xml.atEnd()) {
+            keep(xml.readNext());
+        }
+    };
+    const auto write = [&] { keep(JEX::writeJEXConfigToXml_Lite(cores, path)); };
+    const Times reading = inTurn(5, read, readPlainly);
+    const Times writing = inTurn(5, write, [&] { keep(written(tokens)); });
+    qDeleteAll(cores);
+    print({QStringLiteral("read a .zub of 16 cores, 5,000 signals each | QXmlStreamReader alone"),
+           reading.figure, reading.limit, 1.5, QStringLiteral("ms")});
+    print({QStringLiteral("write it, onto the disk | QXmlStreamWriter alone, into memory"), writing.figure,
+           writing.limit, 1.5, QStringLiteral("ms")});
 }

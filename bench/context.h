@@ -17,3 +17,4 @@ void measureNetlist(Context &context);
 void measureSearch(Context &context);
 void measureSignals(Context &context);
 void measureConfiguration(Context &context);
+void measureSignals(Context &context);

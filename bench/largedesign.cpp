@@ -96,6 +96,7 @@ QByteArray LargeDesign::verilog(const Module &module) const
             text += "  assign " + name + " = " + last + ";\n";
         last = name;
     }
+    text += "  assign " + last + " = 8'h0f;\n";
     for (const Instance &instance : module.instances)
         text += "  " + m_modules.at(instance.module).decl.name.toLatin1() + ' ' + instance.name.toLatin1() +
                 "(.clk(clk));\n";

@@ -36,6 +36,7 @@ int main(int argc, char **argv)
     measureSearch(context);
     measureSignals(context);
     measureConfiguration(context);
+    measureSignals(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;
 }

@@ -31,41 +31,42 @@ public:
     {
         m_options.usePatternSyntax = false;
         const bool folds = sensitivity == Qt::CaseInsensitive;
+        m_options.pattern = pattern;
+        m_options.caseSensitivity = sensitivity;
         QString counted;
-        const double limit = fastest(7, [&] { counted = grep(pattern, folds); });
-        const double figure = search(pattern, sensitivity);
-        report(QLatin1String("Substring") + QLatin1String(folds ? ", any case" : ""), "grep -F", figure,
-               limit, goal, counted.toInt());
+        const Times times = inTurn(
+            9, [this] { search(); }, [&] { counted = grep(pattern, folds); });
+        report(QLatin1String("Substring") + QLatin1String(folds ? ", any case" : ""), "grep -F", times, goal,
+               counted.toInt());
     }
 
     void syntax(const QString &pattern, QRegExp::PatternSyntax syntax, double goal)
     {
         m_options.usePatternSyntax = true;
         m_options.patternSyntax = syntax;
+        m_options.pattern = pattern;
+        m_options.caseSensitivity = Qt::CaseSensitive;
         int counted = 0;
         QRegExp expression(pattern, Qt::CaseSensitive, syntax);
-        const double limit = fastest(3, [&] {
+        const auto askAll = [&] {
             counted = 0;
             for (const QString &name : m_names)
                 counted += expression.exactMatch(name) ? 1 : 0;
-        });
-        const double figure = search(pattern, Qt::CaseSensitive);
+        };
+        const Times times = inTurn(
+            4, [this] { search(); }, askAll);
         const bool isWildcard = syntax == QRegExp::WildcardUnix;
         report(QLatin1String(isWildcard ? "Wildcard" : "Regular expression"), "QRegExp over stored names",
-               figure, limit, goal, counted);
+               times, goal, counted);
     }
 
 private:
-    double search(const QString &pattern, Qt::CaseSensitivity sensitivity)
+    void search()
     {
-        m_options.pattern = pattern;
-        m_options.caseSensitivity = sensitivity;
-        return fastest(7, [&] {
-            QList<RtlNet *> nets;
-            QList<RtlNetBus *> buses;
-            searchNets(m_netlist, m_options, nets, buses);
-            m_found = nets.size() + buses.size();
-        });
+        QList<RtlNet *> nets;
+        QList<RtlNetBus *> buses;
+        searchNets(m_netlist, m_options, nets, buses);
+        m_found = nets.size() + buses.size();
     }
 
     QString grep(const QString &pattern, bool folds) const
@@ -80,15 +81,14 @@ private:
         return QString::fromLatin1(process.readAllStandardOutput()).trimmed();
     }
 
-    void report(const QString &kind, const char *against, double figure, double limit, double goal,
-                int counted) const
+    void report(const QString &kind, const char *against, const Times &times, double goal, int counted) const
     {
         if (counted != m_found)
             qFatal("%s finds %d names for %s and the search %d", against, counted,
                    qPrintable(m_options.pattern), m_found);
         const QString hits = QString::number(m_found) + QLatin1String(" hits");
-        print(
-            {kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, figure, limit, goal, "ms"});
+        print({kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, times.figure, times.limit,
+               goal, "ms"});
     }
 
     RtlNetlist *m_netlist;
