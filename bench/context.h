@@ -18,3 +18,5 @@ void measureSearch(Context &context);
 void measureSignals(Context &context);
 void measureConfiguration(Context &context);
 void measureSignals(Context &context);
+void measureResultTree(Context &context);
+void measureOpening(Context &context);

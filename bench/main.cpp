@@ -36,7 +36,9 @@ int main(int argc, char **argv)
     measureSearch(context);
     measureSignals(context);
     measureConfiguration(context);
+    measureResultTree(context);
     measureSignals(context);
+    measureOpening(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;
 }

@@ -1,0 +1,79 @@
+#include "bench/bench.h"
+#include "bench/context.h"
+#include "netselect/jexsignalselectdialog.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QTreeWidget>
+
+using namespace RTLJEX;
+
+namespace {
+
+int rowCount(const QTreeWidget *tree)
+{
+    int count = tree->topLevelItemCount();
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+        count += tree->topLevelItem(i)->childCount();
+    return count;
+}
+
+// Rows with one variant each, built and then given to the tree at once.
+void fillPlainly(QTreeWidget *tree, int count, const QString &text)
+{
+    QList<QTreeWidgetItem *> rows;
+    rows.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        rows.append(new QTreeWidgetItem);
+        rows.last()->setData(0, Qt::DisplayRole, text);
+    }
+    tree->addTopLevelItems(rows);
+    tree->doItemsLayout();
+}
+
+} // namespace
+
+void measureResultTree(Context &context)
+{
+    JexSignalSelectDialog dialog(context.netlist.get());
+    dialog.show();
+    QTreeWidget *tree = dialog.findChild<QTreeWidget *>(QStringLiteral("treeWidget"));
+    QPushButton *button = dialog.findChild<QPushButton *>(QStringLiteral("pushButtonSearch"));
+    button->click();
+    tree->doItemsLayout();
+    const int count = rowCount(tree);
+
+    QTreeWidget plain;
+    plain.setUniformRowHeights(true);
+    plain.resize(tree->size());
+    plain.show();
+    const QString text = context.netlist->topHierarchy->nets.first()->fullPathName();
+    Times filling;
+    for (int run = 0; run < 3; ++run) {
+        tree->clear();
+        plain.clear();
+        const Times now = inTurn(
+            1,
+            [&] {
+                button->click();
+                tree->doItemsLayout();
+            },
+            [&] { fillPlainly(&plain, count, text); });
+        filling.figure = run == 0 ? now.figure : qMin(filling.figure, now.figure);
+        filling.limit = run == 0 ? now.limit : qMin(filling.limit, now.limit);
+    }
+    print({QStringLiteral("Search result of %1 rows, filled and laid out | bare tree").arg(count),
+           filling.figure, filling.limit, 1.3, "ms"});
+
+    const int selectable = tree->topLevelItemCount();
+    int collected = 0;
+    const double selecting = fastest(3, [&] {
+        tree->clearSelection();
+        tree->selectAll();
+        collected = dialog.getSelectedNets().size();
+    });
+    if (collected != selectable)
+        qFatal("%d records of %d selected rows", collected, selectable);
+    print({QStringLiteral("Selecting %1 rows, collecting the records, a row").arg(selectable),
+           selecting * 1e3 / selectable, 0, 0.4, "us"});
+}
