@@ -15,7 +15,6 @@ struct Context
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
-void measureSignals(Context &context);
 void measureConfiguration(Context &context);
 void measureSignals(Context &context);
 void measureResultTree(Context &context);

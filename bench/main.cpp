@@ -65,7 +65,6 @@ int main(int argc, char **argv)
     printf("%-84s %9s %9s %-3s %8s %7s\n", "work | limit", "figure", "limit", "", "ratio", "goal");
     measureNetlist(context);
     measureSearch(context);
-    measureSignals(context);
     measureConfiguration(context);
     measureResultTree(context);
     measureSignals(context);
