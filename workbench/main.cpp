@@ -82,6 +82,7 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
 {
     const BoxRecorder boxes;
     Start start(options, window);
+    window.resize(1280, 800); // pictures have one size, whatever the screen
     good = start.openProject() && good;
     good = start.openEditors() && good;
     if (options.report)

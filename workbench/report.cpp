@@ -51,13 +51,25 @@ void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist,
     int signalCount = 0;
     for (const JEX::AOCore_Lite *core : cores)
         signalCount += core->captureSignals.size();
-    lines << name + QString(": Lite, %1 cores, %2 capture signals").arg(cores.size()).arg(signalCount);
+    lines << name + QString(": Lite, cores: %1, capture signals: %2").arg(cores.size()).arg(signalCount);
     const bool good = RTLJEX::checkLiteCores(cores, netlist, &error);
     lines << name + ": check " + (good ? "passed" : "found:\n" + error);
     qDeleteAll(cores);
 }
 
+QUARRY::DesignInput currentDesign()
+{
+    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+}
+
 } // namespace
+
+QStringList designMessages()
+{
+    QStringList messages = QUARRY::listModules(currentDesign(), nullptr).messages;
+    messages.removeDuplicates();
+    return messages;
+}
 
 QString designReport(const QStringList &configurations)
 {
@@ -66,8 +78,7 @@ QString designReport(const QStringList &configurations)
     if (!project)
         return "No project is open.";
     lines << "Project: " + (project->name().isEmpty() ? QString("unnamed") : project->name());
-    const QUARRY::DesignInput input =
-        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    const QUARRY::DesignInput input = currentDesign();
     lines << QString("Design files: %1").arg(input.files.size());
     const QUARRY::ModuleList modules = QUARRY::listModules(input, nullptr);
     QStringList messages = modules.messages;

@@ -10,6 +10,7 @@
 #include "host/iview.h"
 #include "host/modal.h"
 #include "host/viewmanager.h"
+#include "workbench/report.h"
 
 namespace Workbench {
 
@@ -142,7 +143,19 @@ bool Workspace::openFile(const QString &path)
     const bool opened = Core::EditorRegistry::editorFor(path)(
         path, TE::TaskEngine::instance()->designManager()->currentDevice());
     Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
+    if (opened)
+        tellDesignMessages();
     return opened;
+}
+
+void Workspace::tellDesignMessages()
+{
+    const QStringList messages = designMessages();
+    for (const QString &text : messages) {
+        if (!m_toldMessages.contains(text))
+            Q_EMIT message(text, text.startsWith("ERROR"));
+    }
+    m_toldMessages = messages;
 }
 
 } // namespace Workbench

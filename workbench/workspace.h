@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 #include "host/project.h"
@@ -44,9 +45,11 @@ private:
     bool fail(const QString &text);
     bool mayCloseProject();
     void openProjectBeside(const QString &path);
+    void tellDesignMessages();
 
     QWidget *m_window;
     std::unique_ptr<Core::Project> m_project;
+    QStringList m_toldMessages; // of the design, so that the next file does not repeat them
 };
 
 } // namespace Workbench
