@@ -90,7 +90,6 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
     for (const QString &text : boxes.texts())
         print("Message box \"" + text + "\"");
     if (!options.shot.isEmpty()) {
-        window.resize(1280, 800); // whatever the size of the screen
         QApplication::processEvents();
         const bool saved = window.grab().save(options.shot);
         print((saved ? "Picture: " : "Can not write the picture ") + options.shot);

@@ -84,8 +84,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
-    const QSize frame(0, 40); // what a window manager puts around the window, about
-    resize(QSize(1280, 800).boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
+    resize(1280, 800);
     updateProject();
     restoreLayout();
 }
@@ -201,6 +200,8 @@ void MainWindow::restoreLayout()
 {
     if (!m_settings)
         return;
+    const QSize frame(0, 40); // what a window manager puts around the window, about
+    resize(size().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     restoreGeometry(m_settings->value("geometry").toByteArray());
     restoreState(m_settings->value("layout").toByteArray());
 }
