@@ -24,7 +24,9 @@ RtlNetlist *netlistFromVerilatorXml(const QString &xmlFile, const ReadOptions &o
         return nullptr;
     VerilatorModule *top = design.top();
     if (!top) {
-        messages += QCoreApplication::translate("QUARRY", "ERROR: The design has no top module.");
+        messages +=
+            QCoreApplication::translate("QUARRY", "ERROR: The design has no top module. Add the file that "
+                                                  "holds it to the project.");
         return nullptr;
     }
     NetlistTree tree(design, builder, progress);

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QRegExp>
 
 #include <algorithm>
 #include <cstring>
@@ -111,14 +112,17 @@ void VerilatorDesign::addModule(const pugi::xml_node &node)
     m_modules.push_back(std::move(module));
 }
 
+// The named module, and of several with that name (as a recursive one has) the one that Verilator marks.
 VerilatorModule *VerilatorDesign::top()
 {
     VerilatorModule *chosen = nullptr;
+    int best = 0;
     for (const std::unique_ptr<VerilatorModule> &module : m_modules) {
-        if (!m_options.top.isEmpty() && module->name == m_options.top)
-            return module.get();
-        if (!chosen && module->node.attribute("topModule"))
+        const int named = !m_options.top.isEmpty() && module->name == m_options.top ? 2 : 0;
+        const int fits = named + (module->node.attribute("topModule") ? 1 : 0);
+        if (fits > best)
             chosen = module.get();
+        best = qMax(best, fits);
     }
     return chosen;
 }
@@ -259,6 +263,26 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     return decl;
 }
 
+// Verilator counts blocks without a label that stand in no loop or condition by names of its own; the
+// language calls every unlabelled scope "genblk" and the next free number.
+QString VerilatorDesign::scopeName(const pugi::xml_node &begin) const
+{
+    const QString name = nameOf(begin);
+    if (!QRegExp(QLatin1String("unnamedblk\\d+")).exactMatch(name))
+        return name;
+    QSet<QString> taken;
+    for (const pugi::xml_node &sibling : begin.parent().children("begin")) {
+        if (sibling == begin)
+            break;
+        taken.insert(
+            scopeBaseName(nameOf(sibling)).replace(QLatin1String("unnamedblk"), QLatin1String("genblk")));
+    }
+    int number = 1;
+    while (taken.contains(QLatin1String("genblk") + QString::number(number)))
+        ++number;
+    return QLatin1String("genblk") + QString::number(number);
+}
+
 // A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name
 // around the scope that counts.
 void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule &module,
@@ -269,7 +293,7 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
         return;
     }
     VerilatorChild child;
-    child.name = nameOf(begin);
+    child.name = scopeName(begin);
     const size_t position = module.generates.size();
     module.generates.emplace_back(new VerilatorScope);
     VerilatorScope *inner = module.generates.back().get();

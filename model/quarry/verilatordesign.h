@@ -51,6 +51,7 @@ private:
     bool isGhdlOwn(const pugi::xml_node &var) const;
     NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
     const File &fileOf(const pugi::xml_node &node) const;
+    QString scopeName(const pugi::xml_node &begin) const;
     QString nameOf(const pugi::xml_node &node) const;
     QString writtenName(const pugi::xml_node &node) const;
 

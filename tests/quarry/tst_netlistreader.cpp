@@ -147,6 +147,7 @@ void TestNetlistReader::tree_data()
           if (1) begin wire unnamed; end
           case (1) 0: wire c0; 1: begin : one wire c1; end endcase
           if (0) begin : a wire aw; end else if (1) begin : b wire bw; end
+          generate begin wire alone; end endgenerate
           leaf arr[1:0](d);
           leaf up[3:4](d);
           deep rec(d);
@@ -174,6 +175,8 @@ void TestNetlistReader::tree_data()
             c1
           b:b
             bw
+          genblk1:genblk1
+            alone
           arr[1]:leaf
             d[0:0]
           arr[0]:leaf
@@ -454,8 +457,9 @@ void TestNetlistReader::unusableFiles_data()
     QTest::newRow("empty") << QByteArray("") << damaged;
     QTest::newRow("other") << QByteArray("<project/>") << damaged;
     QTest::newRow("cut off") << QByteArray("<verilator_xml><netlist><module name=\"top\"") << damaged;
-    QTest::newRow("no top") << QByteArray("<verilator_xml><netlist/></verilator_xml>")
-                            << "ERROR: The design has no top module.";
+    QTest::newRow("no top")
+        << QByteArray("<verilator_xml><netlist/></verilator_xml>")
+        << "ERROR: The design has no top module. Add the file that holds it to the project.";
     QTest::newRow("endless") << QByteArray("<verilator_xml><netlist><module name=\"a\" origName=\"a\" "
                                            "topModule=\"1\"><instance name=\"u\" defName=\"a\"/></module>"
                                            "</netlist></verilator_xml>")
