@@ -263,24 +263,28 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     return decl;
 }
 
-// Verilator counts blocks without a label that stand in no loop or condition by names of its own; the
-// language calls every unlabelled scope "genblk" and the next free number.
+// Verilator has names of its own, "unnamedblk1" or "genblk0", for a block without a label that stands in
+// no loop or condition. The language calls an unlabelled scope "genblk" and counts from 1.
 QString VerilatorDesign::scopeName(const pugi::xml_node &begin) const
 {
-    const QString name = nameOf(begin);
-    if (!QRegExp(QLatin1String("unnamedblk\\d+")).exactMatch(name))
-        return name;
+    const QRegExp own(QLatin1String("unnamedblk\\d+|genblk0"));
+    if (!own.exactMatch(nameOf(begin)))
+        return nameOf(begin);
     QSet<QString> taken;
+    int skipped = 0; // numbers that go to the blocks before this one
+    bool isBefore = true;
     for (const pugi::xml_node &sibling : begin.parent().children("begin")) {
-        if (sibling == begin)
-            break;
-        taken.insert(
-            scopeBaseName(nameOf(sibling)).replace(QLatin1String("unnamedblk"), QLatin1String("genblk")));
+        isBefore = isBefore && sibling != begin;
+        if (!own.exactMatch(nameOf(sibling)))
+            taken.insert(scopeBaseName(nameOf(sibling)));
+        else if (isBefore)
+            ++skipped;
     }
-    int number = 1;
-    while (taken.contains(QLatin1String("genblk") + QString::number(number)))
-        ++number;
-    return QLatin1String("genblk") + QString::number(number);
+    for (int number = 1;; ++number) {
+        const QString name = QLatin1String("genblk") + QString::number(number);
+        if (!taken.contains(name) && skipped-- == 0)
+            return name;
+    }
 }
 
 // A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name

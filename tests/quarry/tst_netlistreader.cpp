@@ -147,7 +147,7 @@ void TestNetlistReader::tree_data()
           if (1) begin wire unnamed; end
           case (1) 0: wire c0; 1: begin : one wire c1; end endcase
           if (0) begin : a wire aw; end else if (1) begin : b wire bw; end
-          generate begin wire alone; end endgenerate
+          generate begin wire alone; end begin wire second; end endgenerate
           leaf arr[1:0](d);
           leaf up[3:4](d);
           deep rec(d);
@@ -177,6 +177,8 @@ void TestNetlistReader::tree_data()
             bw
           genblk1:genblk1
             alone
+          genblk3:genblk3
+            second
           arr[1]:leaf
             d[0:0]
           arr[0]:leaf
