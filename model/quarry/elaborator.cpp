@@ -286,9 +286,14 @@ void Elaborator::fail(const ToolResult &result)
 
 void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severity severity)
 {
-    for (const ToolMessage &message : messages) {
-        if (message.severity == severity && message.code != QLatin1String("MULTITOP"))
-            m_result->lists.messages.append(messageText(message, m_names, m_verilator.workingDir()));
+    for (ToolMessage message : messages) {
+        if (message.severity != severity || message.code == QLatin1String("MULTITOP"))
+            continue;
+        if (m_result->readOptions.generated.contains(message.file)) {
+            message.file.clear();
+            message.text.prepend(QLatin1String("In the Verilog that GHDL made of the VHDL sources: "));
+        }
+        m_result->lists.messages.append(messageText(message, m_names, m_verilator.workingDir()));
     }
 }
 

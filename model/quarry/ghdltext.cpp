@@ -54,8 +54,8 @@ void dropSecondDeclaration(QStringList &lines, const QString &wire)
 QStringList outputWires(const QStringList &lines)
 {
     QRegExp start(QLatin1String("^  (?:.* |  )") + ghdlNameExpression() + QLatin1String("\\s*\\($"));
-    QRegExp pin(QLatin1String("^    \\.") + ghdlNameExpression() + QLatin1String("\\(") + ghdlNameExpression() +
-                QLatin1String("?\\).*$"));
+    QRegExp pin(QLatin1String("^    \\.") + ghdlNameExpression() + QLatin1String("\\(") +
+                ghdlNameExpression() + QLatin1String("?\\).*$"));
     const QChar slash = QLatin1Char('\\');
     QString instance;
     QStringList wires;
@@ -82,19 +82,22 @@ QString ghdlNameExpression()
 void replaceGhdlWord(QString &line, const QString &word, const QString &by)
 {
     QRegExp whole(QLatin1String("[^.\\w\\\\]") + QRegExp::escape(word) + QLatin1String("(?!\\w)"));
-    int from = 0;
-    while (from < line.size() && line.at(from).isSpace())
-        ++from;
+    QRegExp first(QLatin1String("^\\s*\\(?\\w*"));
+    first.indexIn(line);
+    const int from = first.matchedLength();
     for (int at = whole.indexIn(line, from); at >= 0; at = whole.indexIn(line, at + 1))
         line.replace(at + 1, word.size(), by);
 }
 
 void escapeExtendedNames(QString &line)
 {
-    QRegExp extended(QLatin1String("(\\w*)\\\\([^\\\\\\s]+)\\\\"));
-    for (int at = extended.indexIn(line); at >= 0; at = extended.indexIn(line, at + 1))
+    QRegExp extended(QLatin1String("(\\w*)\\\\([^\\\\]+)\\\\"));
+    for (int at = extended.indexIn(line); at >= 0; at = extended.indexIn(line, at + 1)) {
+        QString inner = extended.cap(2);
+        inner.replace(QLatin1Char(' '), QLatin1Char('_'));
         line.replace(at, extended.matchedLength(),
-                     QLatin1Char('\\') + extended.cap(1) + extended.cap(2) + QLatin1Char(' '));
+                     QLatin1Char('\\') + extended.cap(1) + inner + QLatin1Char(' '));
+    }
 }
 
 QString ghdlDeclaredName(const QString &line)

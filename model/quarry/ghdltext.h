@@ -25,9 +25,9 @@ void escapeKeywords(QStringList &lines);
 // then it stays.
 void markOutputWires(QStringList &lines);
 
-QString ghdlDeclaredName(const QString &line);     // of a port, wire or register; empty for other lines
+QString ghdlDeclaredName(const QString &line);       // of a port, wire or register; empty for other lines
 QString ghdlInstantiatedModule(const QString &line); // "PRIM" of "  PRIM l1 (" or "  PRIM #("
-int ghdlHeaderEnd(const QStringList &lines);       // the line that ends the port list
+int ghdlHeaderEnd(const QStringList &lines);         // the line that ends the port list
 bool hasNoGhdlBody(const QStringList &lines);
 
 } // namespace QUARRY

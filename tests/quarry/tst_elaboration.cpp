@@ -227,6 +227,16 @@ void tst_Elaboration::readsDesigns_data()
         << "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim";
     QTest::newRow("unknown VHDL top") << "top=c" << vhdl << "top \nmodules"
                                       << "";
+    QTest::newRow("VHDL names that Verilog reserves")
+        << ""
+        << "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
+           "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
+           "\\two words\\ <= always; wire <= \\two words\\; end;\n"
+           "entity r is port (reg : in bit; q : out bit); end;\n"
+           "architecture a of r is signal u_wire : bit; begin "
+           "u : entity work.sub port map (reg, u_wire); q <= u_wire; end;\n"
+        << "top r\nmodules r sub"
+        << "r:r reg q u_wire\nr/u:sub input wire always two words";
     QTest::newRow("VHDL error") << ""
                                 << "== a.vhd\nentity a is\nport (x : inn bit); end;\n"
                                 << "top \nmodules \nERROR: @/a.vhd:2: no declaration for \"inn\""
