@@ -20,7 +20,7 @@ class JexConfigFilePage : public QWizardPage
 
 public:
     JexConfigFilePage(QMap<QString, QVariant> *fields, QWidget *parent);
-    ~JexConfigFilePage();
+    ~JexConfigFilePage() override;
 
     bool isComplete() const override;
     bool validatePage() override;

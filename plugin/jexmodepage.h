@@ -19,7 +19,7 @@ class JexModePage : public QWizardPage
 
 public:
     JexModePage(QMap<QString, QVariant> *fields, QWidget *parent);
-    ~JexModePage();
+    ~JexModePage() override;
 
     bool validatePage() override;
 

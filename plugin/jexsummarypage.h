@@ -19,7 +19,7 @@ class JexSummaryPage : public QWizardPage
 
 public:
     JexSummaryPage(QMap<QString, QVariant> *fields, QWidget *parent);
-    ~JexSummaryPage();
+    ~JexSummaryPage() override;
 
     void initializePage() override;
 

@@ -102,6 +102,9 @@ JexInserterView *JexViewManager::openNewView(const QString &fileName)
         return nullptr;
     }
     QScopedPointer<JexInserterView> view(new JexLiteInserterView(nullptr));
+    // Not shown yet, but its message boxes are centred on it.
+    if (parent)
+        view->setGeometry(parent->window()->geometry());
     QString error;
     if (view->open(fileName, QString(), &error))
         return view.take();

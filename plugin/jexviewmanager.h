@@ -46,7 +46,7 @@ private Q_SLOTS:
 
 private:
     JexViewManager();
-    ~JexViewManager();
+    ~JexViewManager() override;
 
     JexInserterView *findView(const QString &fileName) const;
     JexInserterView *openNewView(const QString &fileName);

@@ -14,7 +14,7 @@ class JexInserterView : public Core::IView
 
 public:
     explicit JexInserterView(QWidget *parent);
-    ~JexInserterView();
+    ~JexInserterView() override;
 
     virtual QString file() const = 0; // path of the file, as it was given to open()
     // Loads the file and the design. Called once; a view that returns false is good for nothing but

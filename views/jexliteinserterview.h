@@ -28,7 +28,7 @@ class JexLiteInserterView : public JexInserterView, public QUtil::IEventHandler
 
 public:
     explicit JexLiteInserterView(QWidget *parent);
-    ~JexLiteInserterView();
+    ~JexLiteInserterView() override;
 
     QString file() const override;
     bool open(const QString &fileName, const QString &extra, QString *errorMessage) override;

@@ -28,7 +28,7 @@ class JexLiteInserterViewPrivate : public QObject
 
 public:
     explicit JexLiteInserterViewPrivate(JexLiteInserterView *view);
-    ~JexLiteInserterViewPrivate();
+    ~JexLiteInserterViewPrivate() override;
 
     void setModified(bool value);                            // calls the callback on a change
     JEX::AOCore_Lite *getCoreByIndex(int index) const;       // null when there is none

@@ -18,7 +18,7 @@ class MessageDlg : public QDialog
 
 public:
     explicit MessageDlg(QWidget *parent);
-    ~MessageDlg();
+    ~MessageDlg() override;
 
     void setDetailMsg(const QStringList &lines);
 

@@ -23,7 +23,7 @@ public:
     };
 
     ReloadBanner(CheckType type, const QString &fileName, QWidget *parent);
-    ~ReloadBanner();
+    ~ReloadBanner() override;
 
     void setText(const QString &text);
 
