@@ -66,12 +66,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void askForDesignReload(const QString &question);
-    void endFileBanner();
-    void dropChanges();
-
     QScopedPointer<private_impl::JexLiteInserterViewPrivate> d;
-    bool m_designChangePending; // while a design banner is shown, further events are of no interest
 };
 
 } // namespace RTLJEX

@@ -1,97 +1,41 @@
 #include "views/jexliteinserterviewprivate.h"
 
 #include <QDebug>
-#include <QFileSystemWatcher>
 
-#include "host/modal.h"
-#include "model/jex/jexfile.h"
-#include "model/quarry/rtlnetlist.h"
-#include "options/liteaooptionwidget.h"
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
-#include "views/configcheck.h"
-#include "views/filewatch.h"
 #include "views/jexliteinserterview.h"
-#include "views/saving.h"
-#include "views/viewwindow.h"
 
 namespace RTLJEX {
 namespace private_impl {
 
-static const int maximumCores = 16;
-
 JexLiteInserterViewPrivate::JexLiteInserterViewPrivate(JexLiteInserterView *view)
-    : QObject(view),
-      q(view),
-      netlist(nullptr),
-      changedBanner(nullptr),
-      fileWatcher(new QFileSystemWatcher(this)),
-      modified(false),
-      reloadCheckPending(false)
+    : CoreRecord<LiteFile>(view), changedBanner(nullptr)
 {
     ui.setupUi(view);
-    initBannerContainer(ui.bannerContainer);
+    bannerContainer = ui.bannerContainer;
+    initBannerContainer(bannerContainer);
 }
 
 JexLiteInserterViewPrivate::~JexLiteInserterViewPrivate()
 {
     deleteCores();
-    delete netlist;
-}
-
-void JexLiteInserterViewPrivate::setModified(bool value)
-{
-    if (modified == value)
-        return;
-    modified = value;
-    if (modificationCallback)
-        modificationCallback(value);
-}
-
-JEX::AOCore_Lite *JexLiteInserterViewPrivate::getCoreByIndex(int index) const
-{
-    return cores.value(index);
-}
-
-LiteAoOptionWidget *JexLiteInserterViewPrivate::getAoWidgetByIndex(int index) const
-{
-    return aoWidgets.value(index);
 }
 
 void JexLiteInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
 {
-    if (!fresh) {
+    if (fresh)
+        installNetlist(fresh);
+    else
         qDebug("try to set a null netlist for Lite JEX.");
-        return;
-    }
-    if (fresh == netlist)
-        return;
-    rejectDialogsBelow(q);
-    const QUARRY::RtlNetlist *old = netlist;
-    netlist = fresh;
-    handNetlistToPages();
-    delete old;
 }
 
-bool JexLiteInserterViewPrivate::check(QString *errors) const
+void JexLiteInserterViewPrivate::showCores()
 {
-    return checkLiteCores(cores, netlist, errors);
-}
-
-void JexLiteInserterViewPrivate::showCores(const QList<JEX::AOCore_Lite *> &fresh)
-{
-    deleteCores();
-    cores = fresh;
     if (cores.isEmpty())
         addOneAo();
     else
         initAoOptionWidget();
-}
-
-void JexLiteInserterViewPrivate::handNetlistToPages()
-{
-    for (LiteAoOptionWidget *page : aoWidgets)
-        page->setNlsData(netlist);
 }
 
 void JexLiteInserterViewPrivate::initAoOptionWidget()
@@ -107,11 +51,8 @@ void JexLiteInserterViewPrivate::onAoComboChanged(int)
 
 void JexLiteInserterViewPrivate::addOneAo()
 {
-    if (cores.size() >= maximumCores) {
-        QUtil::messageBox(q, QMessageBox::Warning, JexLiteInserterView::tr("Warning"),
-                          JexLiteInserterView::tr("Support 16 AOs at most."));
+    if (refusesCore(cores.size()))
         return;
-    }
     JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
     core->coreNumber = cores.size();
     cores << core;
@@ -126,35 +67,12 @@ void JexLiteInserterViewPrivate::removeOneAo()
 
 bool JexLiteInserterViewPrivate::save()
 {
-    qDebug("save jex");
-    for (LiteAoOptionWidget *page : aoWidgets)
-        page->save();
-    QString findings;
-    if (!check(&findings)) {
-        showCheckErrors(q, JexLiteInserterView::tr("Your settings contain some errors."), findings);
-        return false;
-    }
-    bool written = false;
-    {
-        const WatchPause pause(fileWatcher, fileName);
-        written = JEX::writeJEXConfigToXml_Lite(cores, fileName);
-    }
-    if (!written) {
-        showWriteFailure(q, fileName);
-        return false;
-    }
-    showTitles(q, fileName, false);
-    setModified(false);
-    return true;
+    return saveFile();
 }
 
 void JexLiteInserterViewPrivate::onModified()
 {
-    if (modified)
-        return;
-    // The titles first: who hears of the modification reads them.
-    showTitles(q, fileName, true);
-    setModified(true);
+    noteEdit();
 }
 
 void JexLiteInserterViewPrivate::showChangedBanner()
@@ -172,26 +90,24 @@ void JexLiteInserterViewPrivate::onOKBtn()
         changedBanner->hide();
 }
 
+QString JexLiteInserterViewPrivate::findingsText() const
+{
+    return JexLiteInserterView::tr("Your settings contain some errors.");
+}
+
 void JexLiteInserterViewPrivate::addPage(JEX::AOCore_Lite *core, QWidget *parent, int number)
 {
     LiteAoOptionWidget *page = new LiteAoOptionWidget(core, netlist, parent);
     aoWidgets << page;
     ui.stackedWidget->addWidget(page);
-    connect(page, SIGNAL(modified()), this, SLOT(onModified()));
+    connect(page, SIGNAL(modified()), SLOT(onModified()));
     ui.comboBoxAo->addItem(JexLiteInserterView::tr("AO %1").arg(number));
 }
 
-void JexLiteInserterViewPrivate::deleteCores()
+void JexLiteInserterViewPrivate::removePage(LiteAoOptionWidget *page)
 {
-    rejectDialogsBelow(q);
-    ui.comboBoxAo->clear();
-    while (!aoWidgets.isEmpty()) {
-        LiteAoOptionWidget *page = aoWidgets.takeLast();
-        ui.stackedWidget->removeWidget(page);
-        delete page;
-    }
-    qDeleteAll(cores);
-    cores.clear();
+    ui.comboBoxAo->removeItem(ui.stackedWidget->indexOf(page));
+    ui.stackedWidget->removeWidget(page);
 }
 
 } // namespace private_impl

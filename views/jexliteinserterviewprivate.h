@@ -1,28 +1,31 @@
 #pragma once
 
-#include <QList>
-#include <QObject>
-#include <QString>
-#include <functional>
-
-#include "model/jex/core.h"
+#include "options/liteaooptionwidget.h"
 #include "ui_jexliteinserterview.h"
-
-class QFileSystemWatcher;
-namespace QUARRY {
-class RtlNetlist;
-}
+#include "views/configcheck.h"
+#include "views/corerecord.h"
 
 namespace RTLJEX {
 
 class JexLiteInserterView;
-class LiteAoOptionWidget;
 
 namespace private_impl {
 
-// The state of one Lite editor and its form. Owns the cores and the netlist; the pages, which belong to the
-// form's stack, only point at both and go first.
-class JexLiteInserterViewPrivate : public QObject
+struct LiteFile
+{
+    typedef JexLiteInserterView View;
+    typedef JEX::AOCore_Lite Core;
+    typedef LiteAoOptionWidget Page;
+    static constexpr JEX::JexMode mode = JEX::LiteMode;
+    static constexpr auto isWellFormed = JEX::checkJEXLiteFile;
+    static constexpr auto read = JEX::readJEXConfigFromXml_Lite;
+    static constexpr auto write = JEX::writeJEXConfigToXml_Lite;
+    static constexpr auto check = checkLiteCores;
+    static constexpr auto showDesign = &LiteAoOptionWidget::setNlsData;
+};
+
+// The state of one Lite editor and its form.
+class JexLiteInserterViewPrivate : public CoreRecord<LiteFile>
 {
     Q_OBJECT
 
@@ -30,28 +33,11 @@ public:
     explicit JexLiteInserterViewPrivate(JexLiteInserterView *view);
     ~JexLiteInserterViewPrivate() override;
 
-    void setModified(bool value);                            // calls the callback on a change
-    JEX::AOCore_Lite *getCoreByIndex(int index) const;       // null when there is none
-    LiteAoOptionWidget *getAoWidgetByIndex(int index) const; // null when there is none
-    // Takes the netlist over, shows it in every page and deletes the old one. Null is refused: the pages
-    // keep what they have.
-    void setNlsData(QUARRY::RtlNetlist *fresh);
-    bool check(QString *errors) const;
+    // Null is refused: the pages keep what they have.
+    void setNlsData(QUARRY::RtlNetlist *fresh) override;
 
-    void showCores(const QList<JEX::AOCore_Lite *> &fresh); // takes them over in place of the old ones
-    void handNetlistToPages();
-
-    JexLiteInserterView *q;
     Ui::JexLiteInserterView ui;
-    QString fileName;
-    QList<JEX::AOCore_Lite *> cores;       // owned
-    QList<LiteAoOptionWidget *> aoWidgets; // one a core, in core order
-    QUARRY::RtlNetlist *netlist;           // owned
-    QWidget *changedBanner;                // null until it was shown once
-    QFileSystemWatcher *fileWatcher;       // child
-    bool modified;
-    bool reloadCheckPending; // from a change of the file until its banner is answered
-    std::function<void(bool)> modificationCallback;
+    QWidget *changedBanner; // null until it was shown once
 
 public Q_SLOTS:
     void initAoOptionWidget();
@@ -64,8 +50,10 @@ public Q_SLOTS:
     void onOKBtn();
 
 private:
+    void showCores() override;
+    void removePage(LiteAoOptionWidget *page) override;
+    QString findingsText() const override;
     void addPage(JEX::AOCore_Lite *core, QWidget *parent, int number);
-    void deleteCores();
 };
 
 } // namespace private_impl

@@ -1,0 +1,248 @@
+#include "views/editorrecord.h"
+
+#include <QCloseEvent>
+#include <QFileSystemWatcher>
+#include <QPointer>
+
+#include "host/modal.h"
+#include "model/jex/core.h"
+#include "model/quarry/rtlnetlist.h"
+#include "views/bannerhost.h"
+#include "views/designevents.h"
+#include "views/designreading.h"
+#include "views/filewatch.h"
+#include "views/jexinserterview.h"
+#include "views/saving.h"
+#include "views/viewwindow.h"
+
+namespace RTLJEX {
+namespace private_impl {
+
+EditorRecord::EditorRecord(JexInserterView *view)
+    : QObject(view),
+      netlist(nullptr),
+      fileWatcher(new QFileSystemWatcher(this)),
+      modified(false),
+      reloadCheckPending(false),
+      designChangePending(false),
+      bannerContainer(nullptr),
+      m_view(view)
+{
+}
+
+EditorRecord::~EditorRecord()
+{
+    delete netlist;
+}
+
+void EditorRecord::setModified(bool value)
+{
+    if (modified == value)
+        return;
+    modified = value;
+    if (modificationCallback)
+        modificationCallback(value);
+}
+
+void EditorRecord::noteEdit()
+{
+    if (modified)
+        return;
+    // The titles first: who hears of the modification reads them.
+    showTitles(m_view, fileName, true);
+    setModified(true);
+}
+
+bool EditorRecord::openFile(const QString &path, QString *errorMessage)
+{
+    unwatchFile(fileWatcher, fileName);
+    fileName = path;
+    watchFile(fileWatcher, fileName);
+    if (!isWellFormed()) {
+        if (errorMessage)
+            *errorMessage = JexInserterView::tr("%1 open file failed.").arg(fileName);
+        return false;
+    }
+    if (!readCores(errorMessage))
+        return false;
+    showTitles(m_view, fileName, modified);
+    return readNetlist();
+}
+
+bool EditorRecord::reloadFile()
+{
+    if (!hasMode() || !isWellFormed() || !readCores(nullptr))
+        return false;
+    // A page that is made does not judge its rows by the netlist; one that is given a netlist does.
+    if (netlist)
+        handNetlistToPages();
+    return true;
+}
+
+bool EditorRecord::saveFile()
+{
+    qDebug("save jex");
+    savePages();
+    QString findings;
+    if (!check(&findings)) {
+        showCheckErrors(m_view, findingsText(), findings);
+        return false;
+    }
+    bool written = false;
+    {
+        const WatchPause pause(fileWatcher, fileName);
+        written = writeCores();
+    }
+    if (!written) {
+        showWriteFailure(m_view, fileName);
+        return false;
+    }
+    showTitles(m_view, fileName, false);
+    setModified(false);
+    return true;
+}
+
+void EditorRecord::closing(QCloseEvent *event)
+{
+    const SaveAnswer answer = modified ? askSaveChanges(m_view, fileName) : DiscardChanges;
+    event->setAccepted(answer == DiscardChanges || (answer == SaveChanges && saveFile()));
+}
+
+bool EditorRecord::refusesCore(int count)
+{
+    if (count < JEX::CoreLimit)
+        return false;
+    QUtil::messageBox(m_view, QMessageBox::Warning, JexInserterView::tr("Warning"),
+                      JexInserterView::tr("Support 16 AOs at most."));
+    return true;
+}
+
+// The design
+
+bool EditorRecord::readNetlist()
+{
+    setNlsData(nullptr);
+    QUARRY::RtlNetlist *fresh = nullptr;
+    if (!readDesign(m_view, &fresh))
+        return false;
+    setNlsData(fresh);
+    return true;
+}
+
+void EditorRecord::installNetlist(QUARRY::RtlNetlist *fresh)
+{
+    if (fresh == netlist)
+        return;
+    rejectDialogsBelow(m_view);
+    const QUARRY::RtlNetlist *old = netlist;
+    netlist = fresh;
+    handNetlistToPages();
+    delete old;
+}
+
+void EditorRecord::handleEvent(const QUtil::IEvent *event)
+{
+    if (designChangePending)
+        return;
+    const DesignReaction reaction = designReaction(event);
+    if (reaction == DesignFilesChanged)
+        askAboutDesignFiles();
+    else if (reaction == TopModuleChanged)
+        askAboutTopModule();
+}
+
+void EditorRecord::askAboutDesignFiles()
+{
+    askAboutDesign(JexInserterView::tr("Design files changed. Do you want to reload?"));
+}
+
+void EditorRecord::askAboutTopModule()
+{
+    askAboutDesign(JexInserterView::tr("Top module changed. Do you want to reload?"));
+}
+
+void EditorRecord::askAboutDesign(const QString &question)
+{
+    designChangePending = true;
+    offerDesignReload(bannerContainer, m_view, question);
+}
+
+void EditorRecord::acceptDesignReload(QObject *banner)
+{
+    dismissBanner(banner);
+    const QPointer<QObject> alive(this);
+    const bool read = readNetlist();
+    if (!alive)
+        return;
+    if (read)
+        designChangePending = false;
+    else
+        closeView();
+}
+
+void EditorRecord::cancelDesignReload(QObject *banner)
+{
+    dismissBanner(banner);
+    designChangePending = false;
+}
+
+// The file on disk
+
+void EditorRecord::noteFileChange()
+{
+    scheduleReloadCheck(&reloadCheckPending, m_view);
+}
+
+void EditorRecord::askAboutFile()
+{
+    offerFileReload(bannerContainer, m_view, fileName);
+}
+
+void EditorRecord::acceptFileReload(QObject *banner)
+{
+    if (reloadFile()) {
+        endFileBanner(banner);
+        return;
+    }
+    const QPointer<QObject> alive(this), offer(banner);
+    QUtil::messageBox(m_view, QMessageBox::Warning, JexInserterView::tr("Reload Jex"),
+                      JexInserterView::tr("Invalid JEX file."));
+    if (alive)
+        closeFile(offer);
+}
+
+void EditorRecord::cancelFileReload(QObject *banner)
+{
+    endFileBanner(banner);
+    designChangePending = false;
+}
+
+void EditorRecord::keepFile(QObject *banner)
+{
+    endFileBanner(banner);
+}
+
+void EditorRecord::closeFile(QObject *banner)
+{
+    endFileBanner(banner);
+    closeView();
+}
+
+void EditorRecord::endFileBanner(QObject *banner)
+{
+    dismissBanner(banner);
+    reloadCheckPending = false;
+    // The file that was replaced or removed may be back.
+    watchFile(fileWatcher, fileName);
+}
+
+// Without asking: unsaved edits are dropped.
+void EditorRecord::closeView()
+{
+    showTitles(m_view, fileName, false);
+    setModified(false);
+    closeContainer(m_view);
+}
+
+} // namespace private_impl
+} // namespace RTLJEX

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+
+class QCloseEvent;
+class QFileSystemWatcher;
+class QWidget;
+namespace QUARRY {
+class RtlNetlist;
+}
+namespace QUtil {
+class IEvent;
+}
+
+namespace RTLJEX {
+
+class JexInserterView;
+
+namespace private_impl {
+
+// What both editors do with their file, their design and the banners above their pages. The private record of
+// each is one and adds its cores; the slots that hosts, forms and banners know by name stay with the views
+// and records, and call one function each. Dialogs are open in many of these: the editor, and the record with
+// it, may be gone when they return.
+class EditorRecord : public QObject
+{
+public:
+    explicit EditorRecord(JexInserterView *view);
+    ~EditorRecord() override;
+
+    void setModified(bool value); // calls the callback on a change
+    void noteEdit();              // the first edit marks the editor as modified, titles included
+
+    // Loads cores and design. The message stays empty when the user has been told.
+    bool openFile(const QString &path, QString *errorMessage);
+    bool reloadFile(); // drops all edits, keeps the netlist; nothing changes when it fails
+    bool saveFile();   // collects from the pages, checks, writes; tells the user about every failure
+    void closing(QCloseEvent *event);
+
+    // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
+    virtual void setNlsData(QUARRY::RtlNetlist *fresh) = 0;
+    bool readNetlist(); // false: the user knows why
+    void handleEvent(const QUtil::IEvent *event);
+    void askAboutDesignFiles();
+    void askAboutTopModule();
+
+    void noteFileChange();
+    void askAboutFile();
+
+    // The answers to the banner that is given.
+    void acceptFileReload(QObject *banner);
+    void cancelFileReload(QObject *banner);
+    void keepFile(QObject *banner);
+    void closeFile(QObject *banner);
+    void acceptDesignReload(QObject *banner);
+    void cancelDesignReload(QObject *banner);
+
+    QString fileName;
+    QUARRY::RtlNetlist *netlist;     // owned
+    QFileSystemWatcher *fileWatcher; // child
+    bool modified;
+    bool reloadCheckPending;  // from a change of the file until its banner is answered
+    bool designChangePending; // while a design banner is shown, further events are of no interest
+    std::function<void(bool)> modificationCallback;
+
+protected:
+    void installNetlist(QUARRY::RtlNetlist *fresh); // as setNlsData; the same one again changes nothing
+    bool refusesCore(int count);                    // tells the user when there can not be more cores
+
+    QWidget *bannerContainer; // of the form; set by who builds the form
+
+private:
+    virtual bool isWellFormed() const = 0;
+    virtual bool hasMode() const = 0;
+    virtual bool readCores(QString *errorMessage) = 0; // and shows them
+    virtual bool writeCores() = 0;
+    virtual void savePages() = 0;
+    virtual void handNetlistToPages() = 0;
+    virtual bool check(QString *errors) const = 0;
+    virtual QString findingsText() const = 0; // above what the check found
+
+    void askAboutDesign(const QString &question);
+    void endFileBanner(QObject *banner);
+    void closeView();
+
+    JexInserterView *m_view;
+};
+
+} // namespace private_impl
+} // namespace RTLJEX
