@@ -34,27 +34,43 @@ void count(const QUARRY::Hierachy *node, Counts &counts)
         count(child, counts);
 }
 
-void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist, QStringList &lines)
+template <class Core>
+using Read = QList<Core *>(const QString &path, bool *ok, QString *errorMessage);
+template <class Core>
+using Check = bool(const QList<Core *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors);
+
+// What follows the name of the file.
+template <class Core>
+QStringList configurationLines(const QString &mode, Read<Core> read, Check<Core> check, const QString &path,
+                               const QUARRY::RtlNetlist *netlist)
 {
-    const QString name = QFileInfo(path).fileName();
-    if (JEX::jexModeFromJexConfigFile(path) != JEX::LiteMode) {
-        lines << name + ": not a Lite configuration";
-        return;
-    }
     bool ok = false;
     QString error;
-    const QList<JEX::AOCore_Lite *> cores = JEX::readJEXConfigFromXml_Lite(path, &ok, &error);
-    if (!ok) {
-        lines << name + ": " + error;
-        return;
-    }
+    const QList<Core *> cores = read(path, &ok, &error);
+    if (!ok)
+        return {error};
     int signalCount = 0;
-    for (const JEX::AOCore_Lite *core : cores)
+    for (const Core *core : cores)
         signalCount += core->captureSignals.size();
-    lines << name + QString(": Lite, cores: %1, capture signals: %2").arg(cores.size()).arg(signalCount);
-    const bool good = RTLJEX::checkLiteCores(cores, netlist, &error);
-    lines << name + ": check " + (good ? "passed" : "found:\n" + error);
+    const bool good = check(cores, netlist, &error);
+    const QString contents =
+        QString("%1, cores: %2, capture signals: %3").arg(mode).arg(cores.size()).arg(signalCount);
     qDeleteAll(cores);
+    return {contents, "check " + (good ? "passed" : "found:\n" + error)};
+}
+
+QStringList configurationLines(const QString &path, const QUARRY::RtlNetlist *netlist)
+{
+    switch (JEX::jexModeFromJexConfigFile(path)) {
+    case JEX::StandardMode:
+        return configurationLines("Standard", JEX::readJEXConfigFromXml, RTLJEX::checkStandardCores, path,
+                                  netlist);
+    case JEX::LiteMode:
+        return configurationLines("Lite", JEX::readJEXConfigFromXml_Lite, RTLJEX::checkLiteCores, path,
+                                  netlist);
+    default:
+        return {"neither a Standard nor a Lite configuration"};
+    }
 }
 
 QUARRY::DesignInput currentDesign()
@@ -99,7 +115,8 @@ QString designReport(const QStringList &configurations)
     messages.removeDuplicates();
     lines += messages;
     for (const QString &path : configurations)
-        reportConfiguration(path, netlist.get(), lines);
+        for (const QString &line : configurationLines(path, netlist.get()))
+            lines << QFileInfo(path).fileName() + ": " + line;
     return lines.join('\n');
 }
 
