@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "host/devicearg.h"
+
+class QCommandLineParser;
+namespace Core {
+class Project;
+}
+
+// What the command lines of the project's programs have in common.
+namespace CommandLine {
+
+// The design that a program is asked to work on. Paths as typed, relative to the current folder.
+struct DesignOptions
+{
+    QString projectFile;
+    QStringList sources;      // HDL files and everything else that becomes part of the project
+    QStringList editorFiles;  // ".zub" files
+    QStringList fileLists;    // -f: relative to the current folder
+    QStringList ownFileLists; // -F: relative to the list's folder
+    QStringList includePaths;
+    QStringList libraryPaths;
+    QStringList defines;
+    QString top;
+    QString device; // part number or device name
+};
+
+// -f -F -I -D -y --top --device: for the parser, and from it once it has parsed.
+void declareDesignOptions(QCommandLineParser &parser);
+void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options);
+
+// Puts each file, by its suffix, where it belongs. False, with a sentence, when one is not there or is a
+// second project.
+bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMessage);
+
+// Whether the options name anything that needs a project.
+bool namesProject(const DesignOptions &options);
+
+// By part number or name, in any case of letters. False when the device table does not hold it.
+bool findDevice(const QString &name, DEV::DeviceArg &device);
+
+// Fills a project from its file and from everything else that the options name; what only the options
+// name does not count as a change to be saved. False, with sentences, when something is not there.
+bool fillProject(const DesignOptions &options, Core::Project &project, QStringList &messages);
+
+} // namespace CommandLine
