@@ -5,21 +5,20 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
+#include <QStandardItemModel>
 #include <QStyledItemDelegate>
 
-#include "host/designmanager.h"
-#include "model/jex/jextool.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "options/capturemath.h"
+#include "options/currentdevice.h"
+#include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
 
 namespace {
-
-DEV::DeviceArg currentDevice()
-{
-    return TE::TaskEngine::instance()->designManager()->currentDevice();
-}
 
 class ReadableRows : public QStyledItemDelegate
 {
@@ -42,8 +41,26 @@ void selectIndex(QComboBox *box, int index)
 
 void fillNumbers(QComboBox *box, const QList<int> &numbers)
 {
-    for (int number : numbers)
-        box->addItem(QString::number(number), number);
+    QList<QStandardItem *> items;
+    for (int number : numbers) {
+        items.append(new QStandardItem(QString::number(number)));
+        items.last()->setData(number, Qt::UserRole);
+    }
+    // At once, since a large storage has thousands of segment numbers.
+    static_cast<QStandardItemModel *>(box->model())->invisibleRootItem()->appendRows(items);
+}
+
+void refillNumbers(QComboBox *box, const QList<int> &numbers)
+{
+    const int kept = numbers.indexOf(shownNumber(box));
+    box->clear();
+    fillNumbers(box, numbers);
+    box->setCurrentIndex(kept >= 0 ? kept : numbers.size() - 1);
+}
+
+int shownNumber(const QComboBox *box)
+{
+    return box->currentText().toInt();
 }
 
 void selectNumber(QComboBox *box, int number)
@@ -58,9 +75,7 @@ void selectText(QComboBox *box, const QString &text)
 
 void offerImplementations(QComboBox *box, qint64 captureBits)
 {
-    const DEV::DeviceArg device = currentDevice();
-    const bool hasSsram = JEX_TOOL::currentDeviceSsramAmount(device.series, device.device) != 0;
-    const QStringList offered = offeredImplementations(hasSsram, captureBits);
+    const QStringList offered = offeredImplementations(currentDeviceHasSsram(), captureBits);
     const QString previous = box->currentText();
     if (keepsImplementations(offered, box->count(), previous))
         return;
@@ -78,10 +93,29 @@ void showUsage(QLabel *name, QLabel *value, const QString &implementation, int s
     value->setText(usageText(usage.required, usage.available));
 }
 
-void setSignalRowHeight(QAbstractItemView *view)
+void setRowStyle(QAbstractItemView *view, const char *styleSheet)
 {
-    view->setStyleSheet(QLatin1String("QTreeWidget::item { height: 20px;}"));
+    view->setStyleSheet(QLatin1String(styleSheet));
     view->setItemDelegate(new ReadableRows(view));
+}
+
+void setUpSignalTree(signalTreeWidget *tree, QPushButton *remove)
+{
+    setRowStyle(tree, "QTreeWidget::item { height: 20px;}");
+    remove->setEnabled(false);
+    // The key of the tree alone: while a row is renamed it belongs to the text.
+    const QShortcut *key =
+        new QShortcut(QKeySequence(Qt::Key_Delete), tree, nullptr, nullptr, Qt::WidgetShortcut);
+    remove->connect(key, SIGNAL(activated()), SLOT(click()));
+}
+
+void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,
+                   QWidget *page)
+{
+    page->connect(tree, SIGNAL(itemDragged()), SIGNAL(modified()));
+    page->connect(tree->model(), SIGNAL(layoutChanged()), SIGNAL(modified()));
+    page->connect(clock, SIGNAL(textChanged(QString)), SIGNAL(modified()));
+    page->connect(rising, SIGNAL(toggled(bool)), SIGNAL(modified()));
 }
 
 void selectClock(QLineEdit *field, QUARRY::RtlNetlist *netlist, QWidget *page)

@@ -7,6 +7,8 @@ class QAbstractItemView;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
+class QRadioButton;
 class QWidget;
 
 namespace QUARRY {
@@ -15,10 +17,15 @@ class RtlNetlist;
 
 namespace RTLJEX {
 
+class signalTreeWidget;
+
 // What the capture pages do with their boxes and labels. The widgets are the page's.
 
 // Fills an empty box; each number is both text and data of its item.
 void fillNumbers(QComboBox *box, const QList<int> &numbers);
+// Fills a box anew and selects the number that it showed, or the last one when that is gone.
+void refillNumbers(QComboBox *box, const QList<int> &numbers);
+int shownNumber(const QComboBox *box); // 0 when the box is empty
 // Select the item with that number or text; one that is not offered changes nothing.
 void selectNumber(QComboBox *box, int number);
 void selectText(QComboBox *box, const QString &text);
@@ -32,9 +39,31 @@ void offerImplementations(QComboBox *box, qint64 captureBits);
 void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,
                bool adjusted);
 
-// Gives the rows of a signal tree the height they have in this editor, and more where the font of the
-// desktop would not fit into it.
-void setSignalRowHeight(QAbstractItemView *view);
+// Gives the view its style sheet, in which rows have a fixed height, and makes them higher where the font of
+// the desktop would not fit.
+void setRowStyle(QAbstractItemView *view, const char *styleSheet);
+
+// Row height of the tree, and its Delete key, which presses the button.
+void setUpSignalTree(signalTreeWidget *tree, QPushButton *remove);
+
+// Lets changes of the clock and of the rows reach the page's signal modified().
+void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,
+                   QWidget *page);
+
+// Form and core of either editor name the fields of the sample clock alike.
+template <class Form, class Core>
+void showClock(const Form &form, const Core &core)
+{
+    form.editSampleClock->setText(core.sampleClock);
+    (core.sampleEdge == 1 ? form.radioButtonFalling : form.radioButtonRising)->setChecked(true);
+}
+
+template <class Form, class Core>
+void storeClock(const Form &form, Core *core)
+{
+    core->sampleClock = form.editSampleClock->text();
+    core->sampleEdge = form.radioButtonRising->isChecked() ? 0 : 1;
+}
 
 // Lets the user pick one net and writes its full name into the field; leaves it alone when the choice is
 // cancelled, or when `page`, the parent of the dialog, died meanwhile.

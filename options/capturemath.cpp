@@ -10,6 +10,7 @@ namespace RTLJEX {
 namespace {
 
 const qint64 largestRegisterCapture = 512; // bits
+const int smallestCapture = 4;             // samples of a Standard core
 
 const char bsram[] = "BSRAM";
 const char ssram[] = "SSRAM";
@@ -28,6 +29,33 @@ QList<int> doublingNumbers(int first, int last)
     for (qint64 number = first; number <= last; number *= 2)
         numbers.append(int(number));
     return numbers;
+}
+
+int fixedWindowNum(int count)
+{
+    qint64 fixed = count > 0 ? 1 : 0;
+    while (fixed < count)
+        fixed *= 2;
+    return int(fixed);
+}
+
+QList<int> segmentNumbers(int storage)
+{
+    QList<int> numbers;
+    for (int number = 1; number <= storage / smallestCapture; ++number)
+        numbers.append(number);
+    return numbers;
+}
+
+QList<int> captureAmounts(int storage, int segments)
+{
+    const int parts = fixedWindowNum(segments);
+    return parts > 0 ? doublingNumbers(smallestCapture, storage / parts) : QList<int>();
+}
+
+int lastTriggerPosition(int captureAmount)
+{
+    return captureAmount - smallestCapture;
 }
 
 QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits)
@@ -69,6 +97,20 @@ QString liteImplementationText(int implementation)
     default:
         return QLatin1String(bsram);
     }
+}
+
+int implementationFromText(const QString &text)
+{
+    if (text == QLatin1String(ssram))
+        return JEX::SsramImplementation;
+    return text == QLatin1String(reg) ? JEX::RegImplementation : JEX::BsramImplementation;
+}
+
+QString implementationText(int implementation)
+{
+    return QLatin1String(implementation == JEX::SsramImplementation ? ssram
+                         : implementation == JEX::RegImplementation ? reg
+                                                                    : bsram);
 }
 
 CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,

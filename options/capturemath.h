@@ -14,6 +14,19 @@ namespace RTLJEX {
 // first, 2 first, 4 first ... up to and including last; empty when last is below first.
 QList<int> doublingNumbers(int first, int last);
 
+// A number of segments as the storage is divided for it: the next power of two, 0 for none.
+int fixedWindowNum(int count);
+
+// The numbers of segments that a storage of that many samples may have: 1, 2, 3 ...
+QList<int> segmentNumbers(int storage);
+
+// The capture amounts that fit into one segment; none when a segment is too small for the least one, or when
+// there are no segments.
+QList<int> captureAmounts(int storage, int segments);
+
+// The last trigger position in a capture of that many samples. Negative when nothing is captured.
+int lastTriggerPosition(int captureAmount);
+
 // The implementations that suit a device and a capture of that many bits, block memory first. Registers
 // are worth offering for small captures only, shadow memory only where the device has it.
 QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits);
@@ -30,6 +43,10 @@ int restoredImplementation(const QStringList &offered, const QString &previous);
 // with the box as it stands.
 int liteImplementationFromText(const QString &text);
 QString liteImplementationText(int implementation);
+
+// The same for both implementations of a Standard core.
+int implementationFromText(const QString &text);
+QString implementationText(int implementation);
 
 // What a capture takes of the device.
 struct CaptureUsage

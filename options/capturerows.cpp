@@ -1,12 +1,26 @@
 #include "options/capturerows.h"
 
+#include <QPointer>
+#include <QSet>
 #include <QTreeWidget>
 
+#include "netselect/jexsignalselectdialog.h"
 #include "signals/checkrepeat.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
 
 namespace RTLJEX {
+
+bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page)
+{
+    const QPointer<QWidget> guard(page);
+    const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(netlist, page);
+    if (!guard || chosen.isEmpty())
+        return false;
+    qDebug("get infor from search");
+    addCaptureRows(tree, chosen);
+    return true;
+}
 
 void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 {
@@ -18,6 +32,18 @@ void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
     insertCaptureRows(tree, buses + others, firstDisabledRow(tree));
 }
 
+QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
+{
+    QList<JEX::SignalItem> unique;
+    QSet<QString> names;
+    for (const JEX::SignalItem &item : items) {
+        if (!names.contains(item.name))
+            unique.append(item);
+        names.insert(item.name);
+    }
+    return unique;
+}
+
 bool canRemoveRows(const QTreeWidget *tree)
 {
     const QList<QTreeWidgetItem *> selected = tree->selectedItems();
@@ -26,6 +52,11 @@ bool canRemoveRows(const QTreeWidget *tree)
             return false;
     }
     return !selected.isEmpty();
+}
+
+bool removeChosenRows(QTreeWidget *tree)
+{
+    return canRemoveRows(tree) && removeSelectedRows(tree) > 0;
 }
 
 void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored)

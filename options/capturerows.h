@@ -5,6 +5,7 @@
 #include "model/jex/signalitem.h"
 
 class QTreeWidget;
+class QWidget;
 namespace QUARRY {
 class RtlNetlist;
 }
@@ -13,11 +14,20 @@ namespace RTLJEX {
 
 // The capture rows of a page's signal tree. Nothing here tells anyone about a change; the page does.
 
+// Lets the user search the design for signals, and adds them. False when there is nothing to do any more:
+// nothing was chosen, or `page`, the parent of the dialog, died meanwhile.
+bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page);
+
 // Merges the chosen signals with the rows and puts what is new after the enabled ones.
 void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
 
+// Without later records of a name that came before.
+QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items);
+
 // Whether the selection may be removed: it has rows, and none of them is a member of another.
 bool canRemoveRows(const QTreeWidget *tree);
+// Removes it if so. False when nothing happened.
+bool removeChosenRows(QTreeWidget *tree);
 
 // Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.
 void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored);

@@ -1,10 +1,6 @@
 #include "options/litecaptureoptionwidget.h"
 
-#include <QPointer>
-#include <QShortcut>
-
 #include "model/jex/core.h"
-#include "netselect/jexsignalselectdialog.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
@@ -15,62 +11,43 @@ namespace RTLJEX {
 
 namespace {
 
-const char deviceChange[] = "TE.Device.Change";
-
 const int smallestAmount = 2;
 const int largestAmount = 65536;
 
 // A Lite core has no trigger, so nothing comes on top of the captured bits.
 const bool adjustedUsage = false;
 
-// The key of the tree alone: while a row is renamed it belongs to the text.
-QShortcut *makeDeleteKey(QWidget *tree)
-{
-    return new QShortcut(QKeySequence(Qt::Key_Delete), tree, nullptr, nullptr, Qt::WidgetShortcut);
-}
-
 } // namespace
 
 LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist,
                                                  QWidget *parent)
-    : QWidget(parent), m_ui(new Ui_LiteCaptureOptionWidget), m_core(core), m_netlist(netlist)
+    : QWidget(parent), m_ui(new Ui_LiteCaptureOptionWidget), m_core(core), m_netlist(netlist), m_device(this)
 {
     m_ui->setupUi(this);
-    setSignalRowHeight(m_ui->treeWidgetSignal);
-    m_ui->btnRemove->setEnabled(false);
+    setUpSignalTree(m_ui->treeWidgetSignal, m_ui->btnRemove);
     fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
     connectControls();
     loadCore();
 }
 
-LiteCaptureOptionWidget::~LiteCaptureOptionWidget()
-{
-    QUtil::EventManager::instance()->unsubscribe(this, QLatin1String(deviceChange));
-}
+LiteCaptureOptionWidget::~LiteCaptureOptionWidget() = default;
 
 void LiteCaptureOptionWidget::connectControls()
 {
-    const signalTreeWidget *tree = m_ui->treeWidgetSignal;
-    connect(tree, SIGNAL(itemDragged()), SIGNAL(modified()));
-    connect(tree->model(), SIGNAL(layoutChanged()), SIGNAL(modified()));
-    connect(tree, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
+    reportChanges(m_ui->editSampleClock, m_ui->radioButtonRising, m_ui->treeWidgetSignal, this);
+    connect(m_ui->treeWidgetSignal, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
     connect(m_ui->btnSampleClock, SIGNAL(clicked()), SLOT(onSelectClock()));
     connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
     connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
-    m_ui->btnRemove->connect(makeDeleteKey(m_ui->treeWidgetSignal), SIGNAL(activated()), SLOT(click()));
-    connect(m_ui->editSampleClock, SIGNAL(textChanged(QString)), SIGNAL(modified()));
-    connect(m_ui->radioButtonRising, SIGNAL(toggled(bool)), SIGNAL(modified()));
     connect(m_ui->implementation, SIGNAL(currentIndexChanged(int)), SLOT(onImplementation()));
     connect(m_ui->enableInputRegCheckBox, SIGNAL(toggled(bool)), SIGNAL(modified()));
     connect(m_ui->capIniDataCheckBox, SIGNAL(toggled(bool)), SLOT(onCapInitData()));
     connect(m_ui->comboCapAmount, SIGNAL(currentIndexChanged(int)), SLOT(onCapAmountOrDataSigalChanged()));
-    QUtil::EventManager::instance()->subscribe(this, QLatin1String(deviceChange));
 }
 
 void LiteCaptureOptionWidget::loadCore()
 {
-    m_ui->editSampleClock->setText(m_core->sampleClock);
-    (m_core->sampleEdge == 1 ? m_ui->radioButtonFalling : m_ui->radioButtonRising)->setChecked(true);
+    showClock(*m_ui, *m_core);
     selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
     m_ui->enableInputRegCheckBox->setChecked(m_core->enableCaptureDataInputRegister);
     m_ui->capIniDataCheckBox->setChecked(m_core->captureInitialData);
@@ -83,8 +60,7 @@ void LiteCaptureOptionWidget::loadCore()
 
 void LiteCaptureOptionWidget::save()
 {
-    m_core->sampleClock = m_ui->editSampleClock->text();
-    m_core->sampleEdge = m_ui->radioButtonRising->isChecked() ? 0 : 1;
+    storeClock(*m_ui, m_core);
     m_core->implementation = liteImplementationFromText(m_ui->implementation->currentText());
     m_core->captureAmount = captureAmount();
     m_core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
@@ -107,7 +83,7 @@ void LiteCaptureOptionWidget::updateTree()
 
 void LiteCaptureOptionWidget::handleIEvent(const QUtil::IEvent *event)
 {
-    if (event->topic() == QLatin1String(deviceChange))
+    if (DeviceWatch::concerns(event))
         onCapAmountOrDataSigalChanged();
 }
 
@@ -118,18 +94,13 @@ void LiteCaptureOptionWidget::onSelectClock()
 
 void LiteCaptureOptionWidget::onAddDataSignals()
 {
-    const QPointer<QWidget> guard(this); // the page can be closed under the dialog
-    const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(m_netlist, this);
-    if (!guard || chosen.isEmpty())
-        return;
-    qDebug("get infor from search");
-    addCaptureRows(m_ui->treeWidgetSignal, chosen);
-    onCapAmountOrDataSigalChanged();
+    if (addSearchedRows(m_ui->treeWidgetSignal, m_netlist, this))
+        onCapAmountOrDataSigalChanged();
 }
 
 void LiteCaptureOptionWidget::onRemoveSignals()
 {
-    if (!canRemoveRows(m_ui->treeWidgetSignal) || !removeSelectedRows(m_ui->treeWidgetSignal))
+    if (!removeChosenRows(m_ui->treeWidgetSignal))
         return;
     updateImplType();
     updateBsramCount();
@@ -198,7 +169,7 @@ void LiteCaptureOptionWidget::sortEnableSignal()
 
 int LiteCaptureOptionWidget::captureAmount() const
 {
-    return m_ui->comboCapAmount->currentText().toInt();
+    return shownNumber(m_ui->comboCapAmount);
 }
 
 } // namespace RTLJEX

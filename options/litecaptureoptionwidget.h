@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "host/eventmanager.h"
+#include "options/currentdevice.h"
 
 namespace JEX {
 struct AOCore_Lite;
@@ -57,6 +57,7 @@ private:
     std::unique_ptr<Ui_LiteCaptureOptionWidget> m_ui;
     JEX::AOCore_Lite *m_core;
     QUARRY::RtlNetlist *m_netlist;
+    DeviceWatch m_device;
 };
 
 } // namespace RTLJEX

@@ -1,0 +1,26 @@
+#include "options/aooptionwidget.h"
+
+#include "options/captureoptionwidget.h"
+
+namespace RTLJEX {
+
+AoOptionWidget::AoOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent)
+    : QTabWidget(parent), m_netlist(netlist), m_capture(new CaptureOptionWidget(core, netlist, this))
+{
+    addTab(m_capture, tr("Capture Options"));
+    connect(m_capture, SIGNAL(modified()), SIGNAL(modifed()));
+}
+
+void AoOptionWidget::save()
+{
+    m_capture->save();
+}
+
+void AoOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
+{
+    m_netlist = netlist;
+    m_capture->setNlsdata(netlist);
+    m_capture->updateTree();
+}
+
+} // namespace RTLJEX

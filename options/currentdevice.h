@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/devicearg.h"
+#include "host/eventmanager.h"
+
+namespace RTLJEX {
+
+// The device of the current project.
+DEV::DeviceArg currentDevice();
+bool currentDeviceHasSsram();
+
+// Lets a page hear, as long as this lives, that the project has another device.
+class DeviceWatch
+{
+public:
+    explicit DeviceWatch(QUtil::IEventHandler *page); // not owned
+    ~DeviceWatch();
+
+    static bool concerns(const QUtil::IEvent *event);
+
+private:
+    DeviceWatch(const DeviceWatch &);
+    DeviceWatch &operator=(const DeviceWatch &);
+
+    QUtil::IEventHandler *m_page;
+};
+
+} // namespace RTLJEX
