@@ -157,10 +157,6 @@ void CaptureOptionWidget::onAddDataSignals()
         showAddedRows();
 }
 
-void CaptureOptionWidget::onAddFromTrigger()
-{
-}
-
 void CaptureOptionWidget::showAddedRows()
 {
     updateImplType();
