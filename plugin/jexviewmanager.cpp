@@ -13,6 +13,7 @@
 #include "model/jex/jexfile.h"
 #include "views/jexinserterview.h"
 #include "views/jexliteinserterview.h"
+#include "views/jexstandardinserterview.h"
 
 namespace RTLJEX {
 
@@ -83,25 +84,23 @@ bool JexViewManager::openInserterView(const QString &fileName, const DEV::Device
     return true;
 }
 
+static JexInserterView *viewOfMode(JEX::JexMode mode)
+{
+    if (mode == JEX::StandardMode)
+        return new JexStandardInserterView(nullptr);
+    return mode == JEX::LiteMode ? new JexLiteInserterView(nullptr) : nullptr;
+}
+
 // Tells the user why when it fails.
 JexInserterView *JexViewManager::openNewView(const QString &fileName)
 {
     QWidget *parent = Core::ViewManager::instance()->dialogParent();
-    const QString shown = QDir::toNativeSeparators(fileName);
-    const JEX::JexMode mode = JEX::jexModeFromJexConfigFile(fileName);
-    if (mode == JEX::StandardMode) {
-        QUtil::messageBox(
-            parent, QMessageBox::Critical, tr("Error"),
-            tr("Can not open %1:\nIt is a Standard mode file, and this build edits Lite mode files only.")
-                .arg(shown));
-        return nullptr;
-    }
-    if (mode != JEX::LiteMode) {
+    QScopedPointer<JexInserterView> view(viewOfMode(JEX::jexModeFromJexConfigFile(fileName)));
+    if (!view) {
         QUtil::messageBox(parent, QMessageBox::Critical, tr("Error"),
-                          tr("Can not open %1:\nInvalid JEX file.").arg(shown));
+                          tr("Can not open %1:\nInvalid JEX file.").arg(QDir::toNativeSeparators(fileName)));
         return nullptr;
     }
-    QScopedPointer<JexInserterView> view(new JexLiteInserterView(nullptr));
     // Not shown yet, but its message boxes are centred on it.
     if (parent)
         view->setGeometry(parent->window()->geometry());

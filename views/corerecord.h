@@ -31,8 +31,8 @@ public:
     QList<Page *> aoWidgets; // one a core, in core order
 
 protected:
-    virtual void showCores() = 0;             // makes their pages, and one core where there is none
-    virtual void removePage(Page *page) = 0;  // from the form
+    virtual void showCores() = 0;            // makes their pages, and one core where there is none
+    virtual void removePage(Page *page) = 0; // from the form
     bool writeCores() override { return Mode::write(cores, fileName); }
 
     void deleteCores();

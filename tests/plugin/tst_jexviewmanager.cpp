@@ -93,9 +93,9 @@ void JexViewManagerTest::opensOneViewPerFile()
 {
     const QString a = m_work->writeLite("a.zub", 1);
     m_work->writeLite("b.zub", 1);
-    m_work->writeLite("A.zub", 1);
+    JEX::fillInfoForEmptyJexConfig(m_work->path("A.zub"), JEX::StandardMode);
     QVERIFY(open(a) && open(m_work->path("b.zub")) && open(m_work->path("A.zub")));
-    QCOMPARE(views(), QString("a.zub, b.zub, A.zub"));
+    QCOMPARE(views(), QString("a.zub, b.zub, A.zub *"));
     JexInserterView *first = JexViewManager::instance()->jexViews().first();
     QCOMPARE(first->device, QString("part-1"));
     QCOMPARE(Core::ViewManager::instance()->views().size(), 3);
@@ -113,7 +113,7 @@ void JexViewManagerTest::opensOneViewPerFile()
     QVERIFY(!JexViewManager::instance()->closeInserterView("c.zub"));
     QVERIFY(JexViewManager::instance()->closeInserterView("./a.zub"));
     QDir::setCurrent(here);
-    QCOMPARE(views(), QString("b.zub, A.zub"));
+    QCOMPARE(views(), QString("b.zub, A.zub *"));
 }
 
 void JexViewManagerTest::refusals_data()
@@ -124,10 +124,7 @@ void JexViewManagerTest::refusals_data()
     QTest::newRow("no such file") << QByteArray() << "Can not open %1:\nInvalid JEX file.";
     QTest::newRow("another file") << QByteArray("text\n") << "Can not open %1:\nInvalid JEX file.";
     QTest::newRow("damaged Lite file") << QByteArray("lite") << "%1 open file failed.";
-    QTest::newRow("Standard file")
-        << QByteArray("standard")
-        << "Can not open %1:\nIt is a Standard mode file, and this build edits Lite mode "
-           "files only.";
+    QTest::newRow("damaged Standard file") << QByteArray("standard") << "%1 open file failed.";
 }
 
 void JexViewManagerTest::refusals()
@@ -135,10 +132,8 @@ void JexViewManagerTest::refusals()
     QFETCH(QByteArray, content);
     QFETCH(QString, said);
     const QString file = m_work->path("<b>%1.zub");
-    if (content == "standard") {
-        JEX::fillInfoForEmptyJexConfig(file, JEX::StandardMode);
-    } else if (content == "lite") {
-        m_work->writeLite("<b>%1.zub", 1);
+    if (content == "standard" || content == "lite") {
+        JEX::fillInfoForEmptyJexConfig(file, content == "lite" ? JEX::LiteMode : JEX::StandardMode);
         m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + "<");
     } else if (!content.isEmpty()) {
         m_work->write("<b>%1.zub", content);

@@ -1,0 +1,238 @@
+#include "views/jexstandardinserterview.h"
+
+#include <QAction>
+#include <QFileSystemWatcher>
+#include <QMenu>
+#include <QPointer>
+
+#include "host/modal.h"
+#include "ui_jexstandardinserterview.h"
+#include "views/bannerhost.h"
+#include "views/changedbanner.h"
+#include "views/designevents.h"
+#include "views/designreading.h"
+#include "views/jexstandardinserterviewprivate.h"
+#include "views/saving.h"
+
+namespace RTLJEX {
+
+using private_impl::JexStandardInserterViewPrivate;
+
+JexStandardInserterView::JexStandardInserterView(QWidget *parent)
+    : JexInserterView(parent), ui(new Ui::JexStandardInserterView), m_changedBanner(nullptr)
+{
+    ui->setupUi(this);
+    d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));
+    connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChange()));
+    d->modificationCallback = [this](bool modified) { Q_EMIT modificationStatusChanged(modified); };
+    m_changedBanner = createChangedBanner(this, this);
+    ui->verticalLayout->insertWidget(1, m_changedBanner);
+    initBannerContainer(ui->bannerContainer);
+    ui->splitter->setSizes(QList<int>() << 150 << 1100);
+    subscribeEvent();
+}
+
+JexStandardInserterView::~JexStandardInserterView()
+{
+    unsubscribeEvent();
+}
+
+bool JexStandardInserterView::open(const QString &fileName, const QString &, QString *errorMessage)
+{
+    qDebug(" This is open file to Ao");
+    return d->openFile(fileName, errorMessage);
+}
+
+// The cores
+
+int JexStandardInserterView::addAoOptionWidget(AoOptionWidget *page)
+{
+    const int position = ui->stackedWidget->addWidget(page);
+    connect(page, SIGNAL(modifed()), SLOT(onModified()));
+    new QTreeWidgetItem(ui->treeWidget, QStringList(coreTitle(position)));
+    return ui->stackedWidget->count();
+}
+
+void JexStandardInserterView::removeAoOptionWidget(AoOptionWidget *page)
+{
+    const int position = ui->stackedWidget->indexOf(page);
+    ui->stackedWidget->removeWidget(page);
+    disconnect(page, nullptr, this, nullptr);
+    delete ui->treeWidget->topLevelItem(position);
+    for (int i = 0; i < ui->treeWidget->topLevelItemCount(); ++i)
+        ui->treeWidget->topLevelItem(i)->setText(0, tr("Core %1").arg(i));
+}
+
+void JexStandardInserterView::changeAoWidget(int index)
+{
+    AoOptionWidget *page = d->getAoWidgetByIndex(index);
+    if (!page)
+        return;
+    ui->stackedWidget->setCurrentWidget(page);
+    ui->treeWidget->setCurrentItem(ui->treeWidget->topLevelItem(index));
+    ui->dockWidget_2->setWindowTitle(coreTitle(index));
+}
+
+// With the number that the core carries.
+QString JexStandardInserterView::coreTitle(int index) const
+{
+    const JEX::AoCore *core = d->getCoreByIndex(index);
+    return tr("Core %1").arg(core ? core->coreNumber : index);
+}
+
+void JexStandardInserterView::on_treeWidget_customContextMenuRequested(QPoint pos)
+{
+    const int row = ui->treeWidget->indexOfTopLevelItem(ui->treeWidget->itemAt(pos));
+    d->addAction->setEnabled(true);
+    d->removeAction->setEnabled(row >= 0);
+    const QPointer<QObject> alive(this);
+    QUtil::Modal<QMenu> menu(new QMenu(this));
+    menu->addAction(d->addAction);
+    menu->addAction(d->removeAction);
+    const QAction *chosen = menu->exec(QCursor::pos());
+    if (!alive || !chosen)
+        return;
+    const bool adds = chosen == d->addAction;
+    const int count = d->cores.size();
+    if (adds)
+        d->addOneAo(count);
+    else
+        d->removeOneAo(row);
+    if (alive)
+        changeAoWidget(adds ? count : 0);
+}
+
+void JexStandardInserterView::on_treeWidget_doubleClicked(QModelIndex index)
+{
+    on_treeWidget_clicked(index);
+}
+
+void JexStandardInserterView::on_treeWidget_clicked(QModelIndex index)
+{
+    // Row and column stand for a pixel near the corner, where there is an item as soon as the list has one.
+    if (ui->treeWidget->itemAt(index.row(), index.column()) && d->getCoreByIndex(index.row()))
+        changeAoWidget(index.row());
+}
+
+void JexStandardInserterView::onModified()
+{
+    d->noteEdit();
+}
+
+void JexStandardInserterView::onOKBtn()
+{
+    m_changedBanner->hide();
+}
+
+void JexStandardInserterView::onFileChange()
+{
+    d->noteFileChange();
+}
+
+QString JexStandardInserterView::file() const
+{
+    return d->fileName;
+}
+
+bool JexStandardInserterView::isModified() const
+{
+    return d->modified;
+}
+
+bool JexStandardInserterView::save()
+{
+    return !refusesSynthesisTool(this) && d->save();
+}
+
+void JexStandardInserterView::closeEvent(QCloseEvent *event)
+{
+    d->closing(event);
+}
+
+void JexStandardInserterView::handleIEvent(const QUtil::IEvent *event)
+{
+    d->handleEvent(event);
+}
+
+void JexStandardInserterView::subscribeEvent()
+{
+    subscribeDesignEvents(this);
+}
+
+void JexStandardInserterView::unsubscribeEvent()
+{
+    unsubscribeDesignEvents(this);
+}
+
+QUARRY::RtlNetlist *JexStandardInserterView::updateRtlNetlist()
+{
+    return catchDesignNetlist();
+}
+
+void JexStandardInserterView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+                        QStringList &messages)
+{
+    catchDesignModules(info, topModules, modules, messages);
+}
+
+QStringList JexStandardInserterView::includePaths()
+{
+    return projectIncludePaths();
+}
+
+bool JexStandardInserterView::readRtlNetlist()
+{
+    return d->readNetlist();
+}
+
+void JexStandardInserterView::designFileChanged()
+{
+    d->askAboutDesignFiles();
+}
+
+void JexStandardInserterView::topModuleChanged()
+{
+    d->askAboutTopModule();
+}
+
+void JexStandardInserterView::onRtlReload()
+{
+    d->acceptDesignReload(sender());
+}
+
+void JexStandardInserterView::onReloadCancel()
+{
+    d->cancelDesignReload(sender());
+}
+
+void JexStandardInserterView::checkForReload()
+{
+    d->askAboutFile();
+}
+
+bool JexStandardInserterView::reloadJexFile()
+{
+    return d->reloadFile();
+}
+
+void JexStandardInserterView::onBannerReload()
+{
+    d->acceptFileReload(sender());
+}
+
+void JexStandardInserterView::onBannerCancel()
+{
+    d->cancelFileReload(sender());
+}
+
+void JexStandardInserterView::onBannerKeep()
+{
+    d->keepFile(sender());
+}
+
+void JexStandardInserterView::onBannerClose()
+{
+    d->closeFile(sender());
+}
+
+} // namespace RTLJEX

@@ -1,0 +1,120 @@
+#include "views/jexstandardinserterviewprivate.h"
+
+#include <QAction>
+#include <QPointer>
+
+#include "host/modal.h"
+#include "model/quarry/rtlnetlist.h"
+#include "views/jexstandardinserterview.h"
+
+namespace RTLJEX {
+namespace private_impl {
+
+JexStandardInserterViewPrivate::JexStandardInserterViewPrivate(JexStandardInserterView *view,
+                                                               QWidget *banners)
+    : CoreRecord<StandardFile>(view),
+      addAction(new QAction(JexStandardInserterView::tr("Add"), this)),
+      removeAction(new QAction(JexStandardInserterView::tr("Remove"), this))
+{
+    bannerContainer = banners;
+}
+
+JexStandardInserterViewPrivate::~JexStandardInserterViewPrivate()
+{
+    deleteCores();
+}
+
+void JexStandardInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
+{
+    installNetlist(fresh);
+}
+
+bool JexStandardInserterViewPrivate::save()
+{
+    return saveFile();
+}
+
+void JexStandardInserterViewPrivate::showCores()
+{
+    if (cores.isEmpty())
+        addOneAo(0);
+    else
+        initAoOptionWidget();
+    q->changeAoWidget(0);
+}
+
+void JexStandardInserterViewPrivate::initAoOptionWidget()
+{
+    for (JEX::AoCore *core : cores)
+        addPage(core, nullptr);
+}
+
+void JexStandardInserterViewPrivate::addOneAo(int index)
+{
+    if (refusesCore(cores.size()))
+        return;
+    cores << new JEX::AoCore(index);
+    addPage(cores.last(), q);
+    q->onModified();
+}
+
+void JexStandardInserterViewPrivate::removeOneAo(int index)
+{
+    if (!confirmsRemoval(index))
+        return;
+    AoOptionWidget *page = aoWidgets.takeAt(index);
+    removePage(page);
+    delete page;
+    delete cores.takeAt(index);
+    for (int i = 0; i < cores.size(); ++i)
+        cores.at(i)->coreNumber = i;
+    q->onModified();
+}
+
+// False too when the editor died, or its cores changed, while it asked.
+bool JexStandardInserterViewPrivate::confirmsRemoval(int index)
+{
+    if (cores.size() == 1) {
+        QUtil::messageBox(q, QMessageBox::Warning, JexStandardInserterView::tr("Warning"),
+                          JexStandardInserterView::tr("The only Ao can not be removed."), QMessageBox::Ok,
+                          QMessageBox::Ok);
+        return false;
+    }
+    const JEX::AoCore *core = getCoreByIndex(index);
+    if (!core)
+        return false;
+    const QPointer<QObject> alive(this);
+    const int answer = QUtil::messageBox(
+        q, QMessageBox::Question, JexStandardInserterView::tr("Confirm"),
+        JexStandardInserterView::tr("Do you want to remove AO %1 ?").arg(index),
+        QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+    return answer == QMessageBox::Ok && alive && getCoreByIndex(index) == core;
+}
+
+bool JexStandardInserterViewPrivate::writeCores()
+{
+    const QUARRY::Hierachy *top = netlist ? netlist->topHierarchy : nullptr;
+    for (JEX::AoCore *core : cores)
+        core->topModuleName = top ? top->instanceName : QString();
+    return CoreRecord<StandardFile>::writeCores();
+}
+
+QString JexStandardInserterViewPrivate::findingsText() const
+{
+    // The blanks widen the box, which is as wide as its text and has the findings to show.
+    return JexStandardInserterView::tr("Your settings contain some errors.             ");
+}
+
+void JexStandardInserterViewPrivate::addPage(JEX::AoCore *core, QWidget *parent)
+{
+    aoWidgets << new AoOptionWidget(core, netlist, parent);
+    q->addAoOptionWidget(aoWidgets.last());
+}
+
+void JexStandardInserterViewPrivate::removePage(AoOptionWidget *page)
+{
+    q->removeAoOptionWidget(page);
+}
+
+} // namespace private_impl
+} // namespace RTLJEX

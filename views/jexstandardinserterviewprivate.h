@@ -1,0 +1,57 @@
+#pragma once
+
+#include "options/aooptionwidget.h"
+#include "views/configcheck.h"
+#include "views/corerecord.h"
+
+class QAction;
+
+namespace RTLJEX {
+
+class JexStandardInserterView;
+
+namespace private_impl {
+
+struct StandardFile
+{
+    typedef JexStandardInserterView View;
+    typedef JEX::AoCore Core;
+    typedef AoOptionWidget Page;
+    static constexpr JEX::JexMode mode = JEX::StandardMode;
+    static constexpr auto isWellFormed = JEX::checkJEXStandardFile;
+    static constexpr auto read = JEX::readJEXConfigFromXml;
+    static constexpr auto write = JEX::writeJEXConfigToXml;
+    static constexpr auto check = checkStandardCores;
+    static constexpr auto showDesign = &AoOptionWidget::setNlsdata;
+};
+
+// The state of one Standard editor. Cores are told by their position in the list; the number that a core
+// carries is what the user sees, and differs in a file that numbers them in its own way, until one is removed.
+class JexStandardInserterViewPrivate : public CoreRecord<StandardFile>
+{
+    Q_OBJECT
+
+public:
+    JexStandardInserterViewPrivate(JexStandardInserterView *view, QWidget *banners);
+    ~JexStandardInserterViewPrivate() override;
+
+    void initAoOptionWidget();
+    void addOneAo(int index); // with that number
+    void removeOneAo(int index); // asks first
+    void setNlsData(QUARRY::RtlNetlist *fresh) override;
+    bool save();
+
+    QAction *addAction;    // child
+    QAction *removeAction; // child
+
+private:
+    void showCores() override;
+    void removePage(AoOptionWidget *page) override;
+    bool writeCores() override;
+    QString findingsText() const override;
+    void addPage(JEX::AoCore *core, QWidget *parent);
+    bool confirmsRemoval(int index);
+};
+
+} // namespace private_impl
+} // namespace RTLJEX
