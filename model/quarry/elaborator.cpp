@@ -136,6 +136,11 @@ Elaborator::Verdict Elaborator::repair(const QList<ToolMessage> &errors)
         else if (!missing.contains(name))
             missing.append(name);
     }
+    QStringList places;
+    for (const ToolMessage &error : others)
+        places.append(realFile(error, m_names, m_verilator.workingDir()));
+    if (m_verilator.leaveToIncludes(places))
+        return Again;
     // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
     if (!others.isEmpty() && !m_packagesOrdered) {
         m_packagesOrdered = true;
@@ -257,8 +262,11 @@ void Elaborator::listModules()
     for (const QString &module : m_summary.roots)
         lists.topModules.append(userName(module));
     if (m_vhdl) {
-        lists.modules += m_vhdl->untranslated();
-        lists.topModules += m_vhdl->untranslated();
+        for (const QString &entity : m_vhdl->untranslated()) {
+            lists.modules.append(entity);
+            if (!m_vhdl->isBoxed(entity))
+                lists.topModules.append(entity);
+        }
     }
     if (!m_input.top.isEmpty())
         lists.topModules = QStringList(m_input.top);

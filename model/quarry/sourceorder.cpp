@@ -121,6 +121,18 @@ QStringList orderedByUse(const QStringList &files, SourceLanguage language)
     return Sorter(files, language).sorted();
 }
 
+QSet<QString> includedNames(const QStringList &files)
+{
+    QSet<QString> names;
+    for (const QString &path : files) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly))
+            collect(withoutComments(file.readAll(), VerilogSource),
+                    "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
+    }
+    return names;
+}
+
 VhdlNames vhdlNames(const QString &path)
 {
     VhdlNames names;

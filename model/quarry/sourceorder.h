@@ -13,6 +13,9 @@ enum SourceLanguage { VerilogSource, VhdlSource };
 // good enough for an order, which the tool then judges.
 QStringList orderedByUse(const QStringList &files, SourceLanguage language);
 
+// The last parts of the names that Verilog files include: "part.vh" of `include "sub/part.vh".
+QSet<QString> includedNames(const QStringList &files);
+
 // The entities that a VHDL file declares, and the names of those that it instantiates in lower case.
 struct VhdlNames
 {

@@ -58,6 +58,7 @@ QList<ToolMessage> parseVerilatorMessages(const QByteArray &output)
 QList<ToolMessage> parseGhdlMessages(const QByteArray &output)
 {
     QList<ToolMessage> messages;
+    QRegExp itself(QLatin1String("(?:.*/)?ghdl[^ :/]*: ?(.*)"));
     for (const QByteArray &raw : output.split('\n')) {
         ToolMessage message;
         message.text = QString::fromUtf8(raw);
@@ -71,8 +72,8 @@ QList<ToolMessage> parseGhdlMessages(const QByteArray &output)
             message.severity =
                 place.cap(4) == QLatin1String("warning") ? ToolMessage::Warning : ToolMessage::Error;
             message.text = place.cap(5).trimmed();
-        } else if (raw.startsWith("ghdl") && message.text.contains(QLatin1String(": "))) {
-            message.text = message.text.section(QLatin1String(": "), 1);
+        } else if (itself.exactMatch(message.text)) {
+            message.text = itself.cap(1).trimmed();
             if (message.text.startsWith(QLatin1String("warning")))
                 message.severity = ToolMessage::Warning;
         } else {
@@ -83,13 +84,19 @@ QList<ToolMessage> parseGhdlMessages(const QByteArray &output)
     return messages;
 }
 
+QString realFile(const ToolMessage &message, const SafeNames &names, const QString &workingDir)
+{
+    if (message.file.isEmpty())
+        return QString();
+    return names.real(QDir::cleanPath(QDir(workingDir).absoluteFilePath(message.file)));
+}
+
 QString messageText(const ToolMessage &message, const SafeNames &names, const QString &workingDir)
 {
     QString text = QLatin1String(message.severity == ToolMessage::Error ? "ERROR: " : "WARNING: ");
-    if (!message.file.isEmpty()) {
-        const QString file = QDir::cleanPath(QDir(workingDir).absoluteFilePath(message.file));
-        text += names.real(file) + QLatin1Char(':') + QString::number(message.line) + QLatin1String(": ");
-    }
+    const QString file = realFile(message, names, workingDir);
+    if (!file.isEmpty())
+        text += file + QLatin1Char(':') + QString::number(message.line) + QLatin1String(": ");
     return text + message.text;
 }
 

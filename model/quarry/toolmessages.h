@@ -26,8 +26,11 @@ struct ToolMessage
 // and carets are left out.
 QList<ToolMessage> parseVerilatorMessages(const QByteArray &output);
 
-// "a.vhd:1:53: text", "a.vhd:9:2:warning: text", "ghdl-mcode: text"
+// "a.vhd:1:53: text", "a.vhd:9:2:warning: text", "/usr/bin/ghdl-mcode: text"
 QList<ToolMessage> parseGhdlMessages(const QByteArray &output);
+
+// The user's name of the file, absolute; empty when the message has no place.
+QString realFile(const ToolMessage &message, const SafeNames &names, const QString &workingDir);
 
 // "ERROR: /path/a.v:12: text" with the real name of the file. Relative names are taken from workingDir.
 QString messageText(const ToolMessage &message, const SafeNames &names, const QString &workingDir);

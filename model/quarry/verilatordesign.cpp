@@ -85,10 +85,18 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     return true;
 }
 
+// An included file whose name has a blank stands there twice: as it is, and cut off at the blank.
 void VerilatorDesign::addFiles(const pugi::xml_node &files)
 {
+    QHash<QString, QString> whole;
     for (const pugi::xml_node &node : files.children("file")) {
-        const QString seen = QString::fromUtf8(node.attribute("filename").value());
+        const QString name = QString::fromUtf8(node.attribute("filename").value());
+        if (name.contains(QLatin1Char(' ')))
+            whole.insert(name.section(QLatin1Char(' '), 0, 0), name);
+    }
+    for (const pugi::xml_node &node : files.children("file")) {
+        QString seen = QString::fromUtf8(node.attribute("filename").value());
+        seen = whole.value(seen, seen);
         File file;
         file.source = QDir::cleanPath(QDir(m_options.workingDir).absoluteFilePath(seen));
         file.isGenerated = m_options.generated.contains(seen) || m_options.generated.contains(file.source);

@@ -76,6 +76,17 @@ bool VerilatorRun::orderPackagesFirst()
     return m_files != before;
 }
 
+bool VerilatorRun::leaveToIncludes(const QStringList &files)
+{
+    const int before = m_files.size();
+    const QSet<QString> included = includedNames(m_files);
+    for (const QString &file : files) {
+        if (included.contains(QFileInfo(file).fileName()))
+            m_files.removeAll(file);
+    }
+    return m_files.size() != before;
+}
+
 QString VerilatorRun::program()
 {
     const QString root = QString::fromLocal8Bit(qgetenv("VERILATOR_ROOT"));

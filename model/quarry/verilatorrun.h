@@ -24,6 +24,9 @@ public:
     void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
     bool orderPackagesFirst(); // false when they were
+    // A header among the sources that holds only a part of a module cannot be read alone. Of the files, drops
+    // those that others include, which so bring them in; false when there are none.
+    bool leaveToIncludes(const QStringList &files);
 
     // Reads the whole design and writes xmlFile().
     ToolResult read(ElaborationProgress *progress);

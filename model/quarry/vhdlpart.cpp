@@ -25,6 +25,12 @@ QSet<QString> unboundComponents(const QByteArray &messages)
     return components;
 }
 
+QString unknownLibrary(const QByteArray &messages)
+{
+    QRegExp library(QLatin1String("cannot find resource library \"(\\w+)\""));
+    return library.indexIn(QString::fromUtf8(messages)) < 0 ? QString() : library.cap(1);
+}
+
 QStringList pinNames(const QList<DumpPin> &pins)
 {
     QStringList names;
@@ -78,6 +84,8 @@ ToolCall VhdlPart::call(const QStringList &arguments) const
     call.arguments.insert(2, QLatin1String("-frelaxed"));
     call.arguments.insert(3, QLatin1String("-fsynopsys"));
     call.arguments.insert(4, QLatin1String("--workdir=") + m_scratch.path());
+    if (!m_library.isEmpty())
+        call.arguments.insert(5, QLatin1String("--work=") + m_library);
     return call;
 }
 
@@ -110,7 +118,12 @@ bool VhdlPart::analyze(const QStringList &files, bool reportErrors, ElaborationP
     QStringList arguments(QLatin1String("-a"));
     for (const QString &file : files)
         arguments << m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
-    const ToolResult result = runTool(call(arguments), progress);
+    ToolResult result = runTool(call(arguments), progress);
+    const QString unknown = m_library.isEmpty() ? unknownLibrary(result.errors) : QString();
+    if (!unknown.isEmpty()) {
+        m_library = unknown;
+        result = runTool(call(arguments), progress);
+    }
     if (result.outcome == ToolResult::Finished && result.exitCode == 0)
         return true;
     m_cancelled = result.outcome == ToolResult::Cancelled;
@@ -202,7 +215,8 @@ bool VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, Elabora
         bool hasAlias = false;
         for (const DumpCell &cell : dump.cells) {
             isUsed = isUsed || cell.target == module;
-            hasAlias = hasAlias || cell.target.toLower() == entity;
+            hasAlias = hasAlias || (cell.target != module && cell.target.toLower() == entity &&
+                                    m_verilog.contains(cell.target));
         }
         if (!isUsed && hasAlias)
             m_verilog.remove(module);
@@ -227,8 +241,16 @@ bool VhdlPart::presentEntity(const DumpCell &cell, ElaborationProgress *progress
     if (!m_entities.contains(entity) || (cell.resolved && !m_verilog.contains(cell.target)))
         return false;
     const bool isNew = !m_modules.contains(entity);
-    if (!translate(entity, false, progress) || !m_modules.contains(entity))
+    if (!translate(entity, true, progress))
         return false;
+    if (!m_modules.contains(entity)) {
+        if (!m_boxed.contains(entity))
+            m_messages.append(QLatin1String("WARNING: VHDL entity ") + m_entities.value(entity) +
+                              QLatin1String(", which Verilog instantiates, cannot be translated with the "
+                                            "default values of its generics. It is shown as a black box."));
+        m_boxed.insert(entity);
+        return false;
+    }
     const QStringList generics = pinNames(cell.parameters);
     const bool changed =
         m_verilog.present(m_verilog.contains(cell.target) ? cell.target : m_modules.value(entity),

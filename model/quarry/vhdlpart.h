@@ -35,7 +35,8 @@ public:
 
     // The module that stands for that entity, in any spelling; empty when there is none.
     QString moduleOf(const QString &entity) const { return m_modules.value(entity.toLower()); }
-    QStringList untranslated() const { return m_untranslated; }      // roots that GHDL refused
+    QStringList untranslated() const { return m_untranslated; } // entities that GHDL refused
+    bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
     const GhdlVerilog &verilog() const { return m_verilog; }
     QStringList takeMessages();
@@ -56,12 +57,16 @@ private:
     const ScratchDir &m_scratch;
     SafeNames &m_names;
     QStringList m_files;
+    // A project does not say which library its files belong to. When they use one that nobody has, it is
+    // theirs; "work" stands for it, too.
+    QString m_library;
     QHash<QString, QString> m_entities; // lower case to the source's spelling
     QStringList m_entityOrder;          // lower case, as the sources have them
     QSet<QString> m_used;               // entities that others instantiate, lower case
     QHash<QString, QString> m_modules;  // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
     QSet<QString> m_refused;
+    QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;
     GhdlVerilog m_verilog;
     QStringList m_messages;

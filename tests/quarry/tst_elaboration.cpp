@@ -185,6 +185,18 @@ void tst_Elaboration::readsDesigns_data()
            "== lib/cell1.v\nmodule cell1(input c); endmodule\n"
         << "top t\nmodules cell1 t"
         << "t:t x[3:0]\nt/u:cell1 c";
+    QTest::newRow("headers among the sources")
+        << ""
+        << "== part.vh\nassign y = x[0];\n== t.v\nmodule t(input `BITS x);\n`include \"part.vh\"\n"
+           "`include \"sub/two words.vh\"\nendmodule\n== bits.vh\n`define BITS [3:0]\n"
+           "== sub/two words.vh\nwire y;\n"
+        << "top t\nmodules t"
+        << "t:t y x[3:0]";
+    QTest::newRow("error in a header") << ""
+                                       << "== t.v\nmodule t;\n`include \"part.vh\"\nendmodule\n"
+                                          "== part.vh\n\nassign = 1;\n"
+                                       << "top \nmodules \nERROR: @/part.vh:2: syntax error*"
+                                       << "";
     const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
     QTest::newRow("Verilog names") << "" << keyword << "top t\nmodules t"
                                    << "t:t logic bit";
@@ -259,6 +271,25 @@ void tst_Elaboration::readsDesigns_data()
         << "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\nv/u2/u:Leaf c "
            "q[3:0]\n"
            "v/u2/p:prim";
+    QTest::newRow("VHDL without a value for its generic")
+        << ""
+        << "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
+           "begin "
+           "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n"
+        << "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
+           "translated with the default values of its generics. It is shown as a black box." +
+               QString(boxed).replace("prim", "l")
+        << "v:v x\nv/u:l";
+    QTest::newRow("VHDL in Verilog in VHDL, in a library")
+        << ""
+        << "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
+           "architecture a of top is component mid is port (a : in w_t); end component; begin "
+           "u : mid port map (a); end;\n"
+           "== bot.vhd\nentity bot is port (a : in bit); end;\narchitecture a of bot is begin end;\n"
+           "== p.vhd\npackage p is subtype w_t is bit_vector(1 downto 0); end;\n"
+           "== mid.v\nmodule Mid(input [1:0] A); Bot b(.a(A[0])); endmodule\n"
+        << "top top\nmodules Mid bot top"
+        << "top:top a[1:0]\ntop/u:Mid A[1:0]\ntop/u/b:bot a";
     QTest::newRow("test bench beside the design")
         << ""
         << "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is "
@@ -316,11 +347,11 @@ void tst_Elaboration::takesAnyFileName()
 {
     QFETCH(QString, name);
     for (const QString &file : {name + ".v", name + "/m.v", name + "/" + name + ".vhd"}) {
-        write(name + "/near.vh", "wire near;");
+        write(name + "/near it.vh", "wire near;");
         const bool isVhdl = file.endsWith(".vhd");
         write(file, isVhdl ? "entity m is port (x : in bit; y : out bit); end;\narchitecture a of m is begin "
                              "y <= x; end;"
-                           : "module m(input x);\n`include \"near.vh\"\nendmodule");
+                           : "module m(input x);\n`include \"near it.vh\"\nendmodule");
         DesignInput design = input({file});
         design.workingDir = path(name);
         QCOMPARE(listed(design), QString("top m\nmodules m"));
@@ -329,7 +360,7 @@ void tst_Elaboration::takesAnyFileName()
         QVERIFY2(netlist, qPrintable(messages.join('\n')));
         if (!isVhdl) {
             QCOMPARE(netlist->findNet("m/x")->declaration().file, path(file));
-            QCOMPARE(netlist->findNet("m/near")->declaration().file, path(name + "/near.vh"));
+            QCOMPARE(netlist->findNet("m/near")->declaration().file, path(name + "/near it.vh"));
         }
         write(file, isVhdl ? "entity m is\nport (x : inn bit); end;" : "module m;\nwire = ;\nendmodule");
         const QString text = listModules(design, nullptr).messages.value(0);
