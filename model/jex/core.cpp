@@ -17,6 +17,15 @@ QList<SignalItem> TriggerPort::singleSignals() const
     return bits;
 }
 
+int TriggerPort::width() const
+{
+    int bits = 0;
+    for (const SignalItem &item : signalItems) {
+        bits += item.members.isEmpty() ? 1 : item.members.size();
+    }
+    return bits;
+}
+
 AoCore::AoCore(int number) : coreNumber(number)
 {
     for (int i = 0; i < PortCount; ++i) {
@@ -26,6 +35,7 @@ AoCore::AoCore(int number) : coreNumber(number)
     for (int i = 0; i < UnitCount; ++i) {
         matchUnits.append(new MatchUnit);
         matchUnits.last()->unitNumber = i;
+        matchUnits.last()->core = this;
     }
 }
 

@@ -8,6 +8,8 @@
 
 namespace JEX {
 
+class AoCore;
+
 // Coding of the implementation fields.
 enum Implementation { BsramImplementation = 0, RegImplementation = 1, SsramImplementation = 2 };
 
@@ -21,6 +23,7 @@ struct TriggerPort
     QList<SignalItem> signalItems;
 
     QList<SignalItem> singleSignals() const; // flattened to bits: each bus replaced by its members
+    int width() const;                       // how many bits these are
 };
 
 // One comparator of a Standard core; owned by the core.
@@ -30,11 +33,12 @@ struct MatchUnit
     bool enabled = false;
     TriggerPort *triggerPort = nullptr; // of the same core; null: not bound
     qint32 function = 0;                // comparison, see MatchFunction
-    QString value;                      // one character a bit of the bound port
+    QString value;                      // one character a bit of the bound port, in the order of its bits
     QString upperValue;                 // second bound of a range; empty otherwise
+    const AoCore *core = nullptr;       // the owner, whose ports the unit can be bound to; null: none
 };
 
-// What a unit compares for. Only the first two take edge characters.
+// What a unit compares for, see matchvalue.h.
 enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
 
 // What a file and a core hold at most.

@@ -1,0 +1,336 @@
+#include "model/jex/matchunitdialog.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QValidator>
+
+#include "host/modal.h"
+#include "model/jex/matchunitmodel.h"
+#include "model/jex/matchvalue.h"
+#include "ui_matchunitdialog.h"
+
+namespace JEX {
+
+namespace {
+
+enum BitColumn { BitValue, BitUpper, BitSignal };
+
+class UpperCase : public QValidator
+{
+public:
+    explicit UpperCase(QObject *parent) : QValidator(parent) {}
+
+    State validate(QString &input, int &) const override
+    {
+        input = input.toUpper();
+        return Acceptable;
+    }
+};
+
+// What a value begins with: it matches whatever the port holds, or as much as a number can.
+QString neutralBits(int function, int width, bool upper)
+{
+    return QString(width, QLatin1Char(!comparesNumbers(function) ? 'X' : upper ? '1' : '0'));
+}
+
+bool isNeutral(const QString &bits)
+{
+    return bits.count(QLatin1Char('X')) == bits.size();
+}
+
+// The bits of the first hexadecimal digit that a port of this width does not have.
+int missingBits(int width)
+{
+    return (4 - width % 4) % 4;
+}
+
+QString digitsHelp(int function, bool hex)
+{
+    const bool numbers = comparesNumbers(function);
+    if (hex) {
+        return QString::fromLatin1(numbers ? "Each digit: 0 to 9 and A to F."
+                                           : "Each digit: 0 to 9, A to F, or X for bits of any level.");
+    }
+    return QString::fromLatin1(numbers ? "Each bit: 0 or 1; the first one is the most significant."
+                                       : "Each bit: 0, 1, X any level, R rising edge, F falling edge, "
+                                         "B either edge, N no edge.");
+}
+
+// The text position of a digit, past the characters that only group digits.
+int positionOfDigit(const QString &text, int digit)
+{
+    int position = 0;
+    while (position < text.size() && cleanDigits(text.left(position + 1)).size() <= digit) {
+        ++position;
+    }
+    return position;
+}
+
+Ui_MatchUnitDialog *makeForm(QDialog *dialog)
+{
+    Ui_MatchUnitDialog *form = new Ui_MatchUnitDialog;
+    form->setupUi(dialog);
+    return form;
+}
+
+} // namespace
+
+MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent)
+    : QDialog(parent), m_ui(makeForm(this)), m_unit(unit)
+{
+    setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    setWindowTitle(QString::fromLatin1("Match Unit M%1").arg(unit->unitNumber));
+    offerPorts();
+    for (int i = MatchEqual; i <= MatchInRange; ++i) {
+        m_ui->comboFunction->addItem(matchFunctionName(i));
+    }
+    m_ui->comboFunction->setCurrentIndex(unit->function);
+    m_ui->editValue->setText(unit->value);
+    m_ui->editUpper->setText(unit->upperValue);
+    for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
+        field->setFont(bitFont());
+        field->setValidator(new UpperCase(this));
+        connect(field, SIGNAL(textChanged(QString)), this, SLOT(onTextChange()));
+        connect(field, SIGNAL(cursorPositionChanged(int, int)), this, SLOT(onCursorMove()));
+    }
+    connect(m_ui->comboPort, SIGNAL(currentIndexChanged(int)), this, SLOT(onPortChange()));
+    connect(m_ui->comboFunction, SIGNAL(currentIndexChanged(int)), this, SLOT(onFunctionChange()));
+    connect(m_ui->radioHex, SIGNAL(toggled(bool)), this, SLOT(onFormatChange()));
+    connect(m_ui->buttonReset, SIGNAL(clicked()), this, SLOT(onReset()));
+    connect(m_ui->treeBits, SIGNAL(itemClicked(QTreeWidgetItem *, int)), this,
+            SLOT(onBitClick(QTreeWidgetItem *, int)));
+    connect(m_ui->buttonBox, SIGNAL(accepted()), this, SLOT(accept()));
+    connect(m_ui->buttonBox, SIGNAL(rejected()), this, SLOT(reject()));
+    onPortChange();
+    if (readOnly) {
+        setReadOnly();
+    }
+    (unit->triggerPort ? static_cast<QWidget *>(m_ui->editValue) : m_ui->comboPort)->setFocus();
+    resize(QSize(38, 28) * fontMetrics().height());
+}
+
+MatchUnitDialog::~MatchUnitDialog() = default;
+
+// The ports that hold signals, and the one of the unit whatever it holds.
+void MatchUnitDialog::offerPorts()
+{
+    QList<TriggerPort *> ports;
+    if (m_unit->core) {
+        ports = m_unit->core->triggerPorts;
+    } else if (m_unit->triggerPort) {
+        ports.append(m_unit->triggerPort);
+    }
+    m_ports.append(nullptr);
+    for (TriggerPort *port : ports) {
+        if (port == m_unit->triggerPort || !port->signalItems.isEmpty()) {
+            m_ports.append(port);
+        }
+    }
+    for (const TriggerPort *port : m_ports) {
+        m_ui->comboPort->addItem(portTitle(port));
+    }
+    m_ui->comboPort->setCurrentIndex(m_ports.indexOf(m_unit->triggerPort));
+}
+
+void MatchUnitDialog::setReadOnly()
+{
+    m_ui->comboPort->setEnabled(false);
+    m_ui->comboFunction->setEnabled(false);
+    m_ui->editValue->setReadOnly(true);
+    m_ui->editUpper->setReadOnly(true);
+    m_ui->buttonReset->hide();
+    m_ui->buttonBox->setStandardButtons(QDialogButtonBox::Close);
+}
+
+const TriggerPort *MatchUnitDialog::port() const
+{
+    return m_ports.at(m_ui->comboPort->currentIndex());
+}
+
+bool MatchUnitDialog::isHex() const
+{
+    return m_ui->radioHex->isChecked();
+}
+
+QString MatchUnitDialog::bits(const QLineEdit *field) const
+{
+    const QString digits = cleanDigits(field->text());
+    if (!isHex()) {
+        return digits;
+    }
+    return hexFault(digits, m_width, QString()).isEmpty() ? bitsFromHex(digits, m_width) : QString();
+}
+
+MatchUnit MatchUnitDialog::edited() const
+{
+    MatchUnit unit = *m_unit;
+    unit.triggerPort = m_ports.at(m_ui->comboPort->currentIndex());
+    unit.function = unit.triggerPort ? m_ui->comboFunction->currentIndex() : int(MatchEqual);
+    unit.value = unit.triggerPort ? bits(m_ui->editValue) : QString();
+    unit.upperValue = unit.function == MatchInRange ? bits(m_ui->editUpper) : QString();
+    return unit;
+}
+
+QString MatchUnitDialog::fault() const
+{
+    const MatchUnit unit = edited();
+    if (!isHex() || !m_width) {
+        return matchUnitFault(unit);
+    }
+    QString fault = hexFault(cleanDigits(m_ui->editValue->text()), m_width, valueName(unit.function));
+    if (fault.isEmpty() && unit.function == MatchInRange) {
+        fault = hexFault(cleanDigits(m_ui->editUpper->text()), m_width, upperName());
+    }
+    return fault.isEmpty() ? matchUnitFault(unit) : fault;
+}
+
+void MatchUnitDialog::accept()
+{
+    const QString fault = this->fault();
+    if (fault.isEmpty()) {
+        *m_unit = edited();
+        QDialog::accept();
+        return;
+    }
+    const QPointer<MatchUnitDialog> self(this);
+    QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"), fault);
+    if (self) {
+        m_ui->editValue->setFocus();
+    }
+}
+
+void MatchUnitDialog::onPortChange()
+{
+    m_width = port() ? port()->width() : 0;
+    const QList<QWidget *> widgets = QList<QWidget *>()
+                                     << m_ui->comboFunction << m_ui->radioBinary << m_ui->radioHex
+                                     << m_ui->editValue << m_ui->editUpper << m_ui->buttonReset;
+    for (QWidget *widget : widgets) {
+        widget->setEnabled(port());
+    }
+    showNames();
+    onFunctionChange();
+}
+
+void MatchUnitDialog::onFunctionChange()
+{
+    const bool isRange = m_ui->comboFunction->currentIndex() == MatchInRange;
+    m_ui->labelValue->setText(QString::fromLatin1(isRange ? "&Lower Bound:" : "&Value:"));
+    m_ui->labelUpper->setVisible(isRange);
+    m_ui->editUpper->setVisible(isRange);
+    m_ui->treeBits->setColumnHidden(BitUpper, !isRange);
+    fillFields(false);
+    onTextChange();
+}
+
+// Where the user entered nothing yet, or everywhere.
+void MatchUnitDialog::fillFields(bool all)
+{
+    for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
+        if (all || isNeutral(cleanDigits(field->text()))) {
+            const QString neutral =
+                neutralBits(m_ui->comboFunction->currentIndex(), m_width, field == m_ui->editUpper);
+            field->setText(isHex() ? hexFromBits(neutral) : neutral);
+        }
+    }
+}
+
+void MatchUnitDialog::onReset()
+{
+    fillFields(true);
+    m_ui->editValue->setFocus();
+}
+
+// What the fields hold stays the same value in the other format. What is wrong in the old format is left as
+// it is: it may have been meant in the new one.
+void MatchUnitDialog::onFormatChange()
+{
+    if (!isHex()) {
+        for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
+            const QString digits = cleanDigits(field->text());
+            if (hexFault(digits, m_width, QString()).isEmpty()) {
+                field->setText(bitsFromHex(digits, m_width));
+            }
+        }
+    } else if (!toHex()) {
+        m_ui->radioHex->blockSignals(true);
+        m_ui->radioBinary->setChecked(true);
+        m_ui->radioHex->blockSignals(false);
+    }
+    onTextChange();
+}
+
+bool MatchUnitDialog::toHex()
+{
+    QStringList texts;
+    for (const QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
+        const QString digits = cleanDigits(field->text());
+        const bool isRight = bitsFault(digits, MatchEqual, m_width, QString()).isEmpty();
+        texts.append(isRight ? hexFromBits(digits) : field->text());
+        if (isRight && texts.last().isEmpty() && !field->isHidden()) {
+            QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"),
+                              wholeDigitsFault(digits));
+            return false;
+        }
+    }
+    m_ui->editValue->setText(texts.first());
+    m_ui->editUpper->setText(texts.last());
+    return true;
+}
+
+void MatchUnitDialog::onTextChange()
+{
+    const MatchUnit unit = edited();
+    for (int i = 0; i < m_ui->treeBits->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *row = m_ui->treeBits->topLevelItem(i);
+        row->setText(BitValue, unit.value.mid(i, 1));
+        row->setText(BitUpper, unit.upperValue.mid(i, 1));
+    }
+    m_ui->labelDigits->setText(digitsHelp(unit.function, isHex()));
+    m_ui->labelFault->setText(fault());
+}
+
+void MatchUnitDialog::showNames()
+{
+    m_ui->treeBits->clear();
+    const QList<SignalItem> bits = port() ? port()->singleSignals() : QList<SignalItem>();
+    QList<QTreeWidgetItem *> rows;
+    for (const SignalItem &bit : bits) {
+        QTreeWidgetItem *row = new QTreeWidgetItem;
+        row->setText(BitSignal, bit.alias.isEmpty() ? bit.name : bit.alias);
+        row->setToolTip(BitSignal, bit.name);
+        row->setFont(BitValue, bitFont());
+        row->setFont(BitUpper, bitFont());
+        rows.append(row);
+    }
+    m_ui->treeBits->addTopLevelItems(rows);
+}
+
+// The first bit of a digit.
+int MatchUnitDialog::bitOfDigit(int digit) const
+{
+    return isHex() ? qMax(0, 4 * digit - missingBits(m_width)) : digit;
+}
+
+// The row of the bit at the text cursor is the current one.
+void MatchUnitDialog::onCursorMove()
+{
+    const QLineEdit *field = static_cast<QLineEdit *>(sender());
+    const int digit = cleanDigits(field->text().left(field->cursorPosition())).size();
+    m_ui->treeBits->setCurrentItem(m_ui->treeBits->topLevelItem(bitOfDigit(digit)));
+}
+
+// Selects the digit of the clicked bit, ready to be typed over.
+void MatchUnitDialog::onBitClick(QTreeWidgetItem *item, int column)
+{
+    QLineEdit *field = column == BitUpper ? m_ui->editUpper : m_ui->editValue;
+    const int bit = m_ui->treeBits->indexOfTopLevelItem(item);
+    const int digit = isHex() ? (bit + missingBits(m_width)) / 4 : bit;
+    const int position = positionOfDigit(field->text(), digit);
+    field->setFocus();
+    // From behind, so that the cursor stays at the bit.
+    field->setSelection(position + 1, -1);
+    m_ui->treeBits->setCurrentItem(item);
+}
+
+} // namespace JEX

@@ -1,0 +1,208 @@
+#include "model/jex/matchvalue.h"
+
+namespace JEX {
+
+namespace {
+
+const char *const functionNames[] = {"equal", "not equal", "less", "greater", "in range"};
+const char hexDigits[] = "0123456789ABCDEF";
+enum { DigitBits = 4 };
+
+QString latin(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
+QString counted(int count, const char *thing)
+{
+    return QString::number(count) + latin(" ") + latin(thing) + latin(count == 1 ? "" : "s");
+}
+
+// The first character that is not one of these; null when all are.
+QChar strayCharacter(const QString &text, const char *taken)
+{
+    const QString all = latin(taken);
+    for (QChar c : text) {
+        if (!all.contains(c)) {
+            return c;
+        }
+    }
+    return QChar();
+}
+
+QString strayFault(const QString &name, QChar stray, const char *taken)
+{
+    return name + latin(" cannot hold \"") + stray + latin("\": ") + latin(taken);
+}
+
+// How many bits the first digit stands for.
+int firstDigitBits(int width)
+{
+    return width % DigitBits ? width % DigitBits : int(DigitBits);
+}
+
+int digitValue(QChar digit)
+{
+    return latin(hexDigits).indexOf(digit);
+}
+
+// The digit for up to four bits; null when they are no whole one.
+QChar digitFromBits(const QString &bits)
+{
+    if (bits.count(QLatin1Char('X')) == bits.size()) {
+        return QLatin1Char('X');
+    }
+    bool isNumber = false;
+    const int value = bits.toInt(&isNumber, 2);
+    return isNumber ? QLatin1Char(hexDigits[value]) : QChar();
+}
+
+} // namespace
+
+bool comparesNumbers(int function)
+{
+    return function == MatchLess || function == MatchGreater || function == MatchInRange;
+}
+
+QString matchFunctionName(int function)
+{
+    return latin(functionNames[function]);
+}
+
+QString bitsFault(const QString &bits, int function, int width, const QString &name)
+{
+    QChar stray = strayCharacter(bits, "01XRFBN");
+    if (!stray.isNull()) {
+        return strayFault(name, stray,
+                          comparesNumbers(function) ? "each bit is 0 or 1."
+                                                    : "each bit is 0, 1, X (any level), R (rising edge), "
+                                                      "F (falling edge), B (either edge) or N (no edge).");
+    }
+    stray = strayCharacter(bits, "01");
+    if (comparesNumbers(function) && !stray.isNull()) {
+        return latin("The function \"") + matchFunctionName(function) +
+               latin("\" compares numbers and takes no \"") + stray + latin("\": each bit must be 0 or 1.");
+    }
+    if (bits.size() == width) {
+        return QString();
+    }
+    return name + latin(" has ") + counted(bits.size(), "bit") + latin(", but the trigger port has ") +
+           QString::number(width) + latin(".");
+}
+
+QString rangeFault(const QString &lower, const QString &upper)
+{
+    // Of the same length, so that their order as texts is that of the numbers.
+    if (lower <= upper) {
+        return QString();
+    }
+    return latin("The lower bound ") + lower + latin(" is above the upper bound ") + upper + latin(".");
+}
+
+QString hexFault(const QString &hex, int width, const QString &name)
+{
+    const QChar stray = strayCharacter(hex, "0123456789ABCDEFX");
+    if (!stray.isNull()) {
+        return strayFault(name, stray,
+                          "each hexadecimal digit is 0 to 9, A to F, or X for bits of any level.");
+    }
+    const int digits = (width + DigitBits - 1) / DigitBits;
+    if (hex.size() != digits) {
+        return name + latin(" has ") + counted(hex.size(), "hexadecimal digit") + latin(", but the ") +
+               counted(width, "bit") + latin(" of the trigger port take ") + QString::number(digits) +
+               latin(".");
+    }
+    const int limit = (1 << firstDigitBits(width)) - 1;
+    if (width && digitValue(hex.at(0)) > limit) {
+        return name + latin(" begins with ") + hex.at(0) + latin(", but its first digit stands for ") +
+               counted(firstDigitBits(width), "bit") + latin(" only and is at most ") +
+               QString::number(limit) + latin(".");
+    }
+    return QString();
+}
+
+QString bitsFromHex(const QString &hex, int width)
+{
+    QString bits;
+    for (int i = 0; i < hex.size(); ++i) {
+        const int size = i ? int(DigitBits) : firstDigitBits(width);
+        const int value = digitValue(hex.at(i));
+        bits += value < 0 ? QString(size, QLatin1Char('X'))
+                          : QString::fromLatin1("%1").arg(value, size, 2, QLatin1Char('0'));
+    }
+    return bits;
+}
+
+QString hexFromBits(const QString &bits)
+{
+    QString hex;
+    int size = firstDigitBits(bits.size());
+    for (int at = 0; at < bits.size(); at += size, size = DigitBits) {
+        const QChar digit = digitFromBits(bits.mid(at, size));
+        if (digit.isNull()) {
+            return QString();
+        }
+        hex += digit;
+    }
+    return hex;
+}
+
+QString cleanDigits(const QString &typed)
+{
+    QString digits;
+    for (QChar c : typed) {
+        if (!c.isSpace() && c != QLatin1Char('_')) {
+            digits += c.toUpper();
+        }
+    }
+    return digits;
+}
+
+QString wholeDigitsFault(const QString &bits)
+{
+    return latin("The value ") + bits +
+           latin(" has no hexadecimal form: the bits of a digit must all be 0 or 1, or all be X.");
+}
+
+QString valueName(int function)
+{
+    return latin(function == MatchInRange ? "The lower bound" : "The value");
+}
+
+QString upperName()
+{
+    return latin("The upper bound");
+}
+
+QString matchUnitFault(const MatchUnit &unit)
+{
+    if (!unit.triggerPort) {
+        return QString();
+    }
+    const int width = unit.triggerPort->width();
+    if (!width) {
+        return latin("Trigger Port ") + QString::number(unit.triggerPort->portNumber) +
+               latin(" holds no signals: fill it first, or choose another one.");
+    }
+    QString fault = bitsFault(unit.value, unit.function, width, valueName(unit.function));
+    if (fault.isEmpty() && unit.function == MatchInRange) {
+        fault = bitsFault(unit.upperValue, unit.function, width, upperName());
+    }
+    return fault.isEmpty() && unit.function == MatchInRange ? rangeFault(unit.value, unit.upperValue) : fault;
+}
+
+QString matchValueText(const MatchUnit &unit)
+{
+    return unit.function == MatchInRange ? unit.value + latin(" to ") + unit.upperValue : unit.value;
+}
+
+QString portTitle(const TriggerPort *port)
+{
+    if (!port) {
+        return latin("Not bound");
+    }
+    return latin("Trigger Port ") + QString::number(port->portNumber) + latin(" (") +
+           counted(port->width(), "bit") + latin(")");
+}
+
+} // namespace JEX
