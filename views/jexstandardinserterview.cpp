@@ -169,8 +169,8 @@ QUARRY::RtlNetlist *JexStandardInserterView::updateRtlNetlist()
     return catchDesignNetlist();
 }
 
-void JexStandardInserterView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
-                        QStringList &messages)
+void JexStandardInserterView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules,
+                                            QStringList &modules, QStringList &messages)
 {
     catchDesignModules(info, topModules, modules, messages);
 }

@@ -83,8 +83,9 @@ private:
     QString coreTitle(int index) const;
 
     QScopedPointer<Ui::JexStandardInserterView> ui;
-    QScopedPointer<private_impl::JexStandardInserterViewPrivate> d; // takes its pages out of the form at the end
-    QWidget *m_changedBanner;                                       // child
+    QScopedPointer<private_impl::JexStandardInserterViewPrivate>
+        d;                    // takes its pages out of the form at the end
+    QWidget *m_changedBanner; // child
 };
 
 } // namespace RTLJEX

@@ -53,9 +53,25 @@ void JexStandardInserterViewPrivate::addOneAo(int index)
 {
     if (refusesCore(cores.size()))
         return;
-    cores << new JEX::AoCore(index);
+    cores << new JEX::AoCore(hasNumber(index) ? freeNumber() : index);
     addPage(cores.last(), q);
     q->onModified();
+}
+
+bool JexStandardInserterViewPrivate::hasNumber(int number) const
+{
+    for (const JEX::AoCore *core : cores)
+        if (core->coreNumber == number)
+            return true;
+    return false;
+}
+
+int JexStandardInserterViewPrivate::freeNumber() const
+{
+    int number = 0;
+    while (hasNumber(number))
+        ++number;
+    return number;
 }
 
 void JexStandardInserterViewPrivate::removeOneAo(int index)
@@ -84,10 +100,10 @@ bool JexStandardInserterViewPrivate::confirmsRemoval(int index)
     if (!core)
         return false;
     const QPointer<QObject> alive(this);
-    const int answer = QUtil::messageBox(
-        q, QMessageBox::Question, JexStandardInserterView::tr("Confirm"),
-        JexStandardInserterView::tr("Do you want to remove AO %1 ?").arg(index),
-        QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+    const int answer =
+        QUtil::messageBox(q, QMessageBox::Question, JexStandardInserterView::tr("Confirm"),
+                          JexStandardInserterView::tr("Do you want to remove AO %1 ?").arg(index),
+                          QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
     return answer == QMessageBox::Ok && alive && getCoreByIndex(index) == core;
 }
 

@@ -26,7 +26,8 @@ struct StandardFile
 };
 
 // The state of one Standard editor. Cores are told by their position in the list; the number that a core
-// carries is what the user sees, and differs in a file that numbers them in its own way, until one is removed.
+// carries is what the user sees, and differs in a file that numbers them in its own way, until one is
+// removed.
 class JexStandardInserterViewPrivate : public CoreRecord<StandardFile>
 {
     Q_OBJECT
@@ -36,7 +37,7 @@ public:
     ~JexStandardInserterViewPrivate() override;
 
     void initAoOptionWidget();
-    void addOneAo(int index); // with that number
+    void addOneAo(int index);    // with that number, or a free one when a core of the file has it
     void removeOneAo(int index); // asks first
     void setNlsData(QUARRY::RtlNetlist *fresh) override;
     bool save();
@@ -51,6 +52,8 @@ private:
     QString findingsText() const override;
     void addPage(JEX::AoCore *core, QWidget *parent);
     bool confirmsRemoval(int index);
+    bool hasNumber(int number) const;
+    int freeNumber() const;
 };
 
 } // namespace private_impl

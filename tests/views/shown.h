@@ -1,21 +1,28 @@
 #pragma once
 
+#include <QtTest>
+
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
-#include <QPointer>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTest>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "tests/support/modaldriver.h"
+#include "tests/support/workspace.h"
 #include "views/jexliteinserterview.h"
+#include "views/jexstandardinserterview.h"
 #include "views/reloadbanner.h"
 
-// An editor in a container of its own, as the host shows it.
+// An editor of either mode in a container of its own, as the host shows it.
 struct Shown
 {
-    explicit Shown(const QString &file)
-        : container(new QWidget), view(new RTLJEX::JexLiteInserterView(container))
+    Shown(JEX::JexMode mode, const QString &file)
+        : standard(mode == JEX::StandardMode), container(new QWidget), view(newView())
     {
         QVBoxLayout *layout = new QVBoxLayout(container);
         layout->addWidget(view);
@@ -25,15 +32,43 @@ struct Shown
     }
     ~Shown() { delete container; }
 
+    RTLJEX::JexInserterView *newView() const
+    {
+        if (standard)
+            return new RTLJEX::JexStandardInserterView(container);
+        return new RTLJEX::JexLiteInserterView(container);
+    }
+
     template <class Widget>
     Widget *find(const char *name) const
     {
         // The page in view comes first: every page has controls of that name.
-        Widget *found =
-            view->findChild<QStackedWidget *>("stackedWidget")->currentWidget()->findChild<Widget *>(name);
+        Widget *found = pages()->currentWidget()->findChild<Widget *>(name);
         return found ? found : view->findChild<Widget *>(name);
     }
-    void edit() { find<QCheckBox>("enableInputRegCheckBox")->click(); }
+    QStackedWidget *pages() const { return view->findChild<QStackedWidget *>("stackedWidget"); }
+    QCheckBox *initialData() const
+    {
+        return find<QCheckBox>(standard ? "chkBoxCaptureInitial" : "capIniDataCheckBox");
+    }
+    QTreeWidget *captureRows() const
+    {
+        return find<QTreeWidget>(standard ? "treeWidgetCapSigs" : "treeWidgetSignal");
+    }
+    QTreeWidget *coreTree() const { return view->findChild<QTreeWidget *>("treeWidget"); }
+    void edit() const { initialData()->click(); }
+
+    // The cores as they are listed, a star at the chosen one.
+    QString cores() const
+    {
+        QStringList names;
+        QComboBox *box = view->findChild<QComboBox *>("comboBoxAo");
+        for (int i = 0; i < (standard ? coreTree()->topLevelItemCount() : box->count()); ++i)
+            names << (standard ? coreTree()->topLevelItem(i)->text(0) +
+                                     (coreTree()->topLevelItem(i)->isSelected() ? "*" : "")
+                               : box->itemText(i) + (box->currentIndex() == i ? "*" : ""));
+        return names.join(", ");
+    }
 
     // A slot that a host may call by its name, wherever below the view it is.
     bool call(const char *slot) const
@@ -42,6 +77,32 @@ struct Shown
             if (child->metaObject()->indexOfSlot(slot + QByteArray("()")) >= 0)
                 return QMetaObject::invokeMethod(child, slot);
         return false;
+    }
+
+    // What the menu of the core list offers over a row, disabled entries in brackets; -1: below the rows.
+    QString useMenu(int row, const QString &entry = QString()) const
+    {
+        QStringList offered;
+        QTimer::singleShot(0, [&] {
+            QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            for (QAction *action : menu->actions()) {
+                offered << (action->isEnabled() ? action->text() : "(" + action->text() + ")");
+                if (action->text() == entry)
+                    menu->setActiveAction(action);
+            }
+            QTest::keyClick(menu, entry.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        const QTreeWidgetItem *item = coreTree()->topLevelItem(row);
+        Q_EMIT coreTree()->customContextMenuRequested(item ? coreTree()->visualItemRect(item).center()
+                                                           : coreTree()->viewport()->rect().bottomLeft());
+        return offered.join(' ');
+    }
+    void addCore() const
+    {
+        if (standard)
+            useMenu(-1, "Add");
+        else
+            QVERIFY(call("addOneAo"));
     }
 
     QStringList banners() const
@@ -59,8 +120,9 @@ struct Shown
         QFAIL(qPrintable("no button " + button));
     }
 
+    const bool standard;
     QPointer<QWidget> container;
-    QPointer<RTLJEX::JexLiteInserterView> view;
+    QPointer<RTLJEX::JexInserterView> view;
     QString error;
     bool opened;
 };

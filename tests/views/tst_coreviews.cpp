@@ -1,0 +1,193 @@
+#include "tests/support/configtext.h"
+#include "tests/views/shown.h"
+
+// What the editors do with their cores, each in its own way.
+class CoreViewsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void standardList();
+    void removingCores();
+    void numbersOfTheFile();
+    void dyingEditor_data();
+    void dyingEditor();
+    void standardChangeBanner();
+    void liteCoresAreFixed();
+    void liteChangeBanner();
+
+private:
+    QScopedPointer<Workspace> m_work;
+};
+
+void CoreViewsTest::init()
+{
+    m_work.reset();
+    m_work.reset(new Workspace);
+    m_work->addDesign("design.v", counterDesign);
+}
+
+namespace {
+
+QString dockTitle(const Shown &shown)
+{
+    return shown.view->findChild<QWidget *>("dockWidget_2")->windowTitle();
+}
+
+void click(const Shown &shown, int row, bool twice = false)
+{
+    const QPoint at = shown.coreTree()->visualItemRect(shown.coreTree()->topLevelItem(row)).center();
+    QTest::mouseClick(shown.coreTree()->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    if (twice)
+        QTest::mouseDClick(shown.coreTree()->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+}
+
+} // namespace
+
+void CoreViewsTest::standardList()
+{
+    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 3));
+    QCOMPARE(shown.view->findChild<QWidget *>("dockWidget")->windowTitle(), QString("Ao Core"));
+    QCOMPARE(shown.coreTree()->columnCount(), 1);
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+    for (int row : {2, 1}) {
+        click(shown, row, row == 1);
+        QCOMPARE(shown.pages()->currentIndex(), row);
+        QCOMPARE(dockTitle(shown), QString("Core %1").arg(row));
+    }
+    QVERIFY(!shown.view->isModified());
+
+    QCOMPARE(shown.useMenu(-1), QString("Add (Remove)"));
+    QCOMPARE(shown.useMenu(0), QString("Add Remove"));
+    QCOMPARE(shown.pages()->count(), 3);
+    QVERIFY(!shown.view->isModified());
+    shown.useMenu(0, "Add");
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0, Core 1, Core 2, Core 3* | Core 3"));
+    QCOMPARE(shown.pages()->currentIndex(), 3);
+    QVERIFY(shown.view->isModified());
+}
+
+void CoreViewsTest::removingCores()
+{
+    const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 4);
+    const Shown shown(JEX::StandardMode, file);
+    QWidget *const first = shown.pages()->widget(0), *const third = shown.pages()->widget(2);
+    click(shown, 2);
+    shown.edit();
+    QVERIFY(shown.view->save());
+    ModalDriver driver;
+    driver.press(QMessageBox::Cancel);
+    shown.useMenu(1, "Remove");
+    QCOMPARE(driver.seen.takeFirst(),
+             QString("question | Confirm | Do you want to remove AO 1 ? | Cancel OK*"));
+    QCOMPARE(shown.cores(), QString("Core 0*, Core 1, Core 2, Core 3"));
+    QVERIFY(!shown.view->isModified());
+
+    driver.press(QMessageBox::Ok);
+    shown.useMenu(1, "Remove");
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+    QCOMPARE(shown.pages()->currentWidget(), first);
+    QCOMPARE(shown.pages()->widget(1), third);
+    QVERIFY(shown.view->isModified() && shown.view->save());
+    const QStringList heads = configText(file).filter("core ");
+    QCOMPARE(heads.size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY2(heads.at(i).startsWith(QString("core %1 ").arg(i)), qPrintable(heads.at(i)));
+        QCOMPARE(heads.at(i).contains("initial data"), i == 1);
+    }
+
+    for (int i = 0; i < 2; ++i) {
+        driver.press(QMessageBox::Ok);
+        shown.useMenu(0, "Remove");
+    }
+    driver.press(QMessageBox::Ok);
+    shown.useMenu(0, "Remove");
+    QCOMPARE(driver.seen.last(), QString("warning | Warning | The only Ao can not be removed. | OK*"));
+    QCOMPARE(shown.cores(), QString("Core 0*"));
+}
+
+// A file may number its cores as it likes: they show by their numbers until one is removed.
+void CoreViewsTest::numbersOfTheFile()
+{
+    const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
+    m_work->write("a.zub", m_work->read("a.zub").replace("core number=\"0\"", "core number=\"3\""));
+    const Shown shown(JEX::StandardMode, file);
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3*, Core 1, Core 2 | Core 3"));
+    click(shown, 1);
+    QCOMPARE(shown.pages()->currentIndex(), 1);
+    QCOMPARE(dockTitle(shown), QString("Core 1"));
+    shown.useMenu(0, "Add"); // there is a core of the number 3
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3, Core 1, Core 2, Core 0* | Core 0"));
+    ModalDriver driver;
+    driver.press(QMessageBox::Ok);
+    shown.useMenu(3, "Remove");
+    QVERIFY2(driver.seen.first().contains("remove AO 3 ?"), qPrintable(driver.seen.first()));
+    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+    QVERIFY(shown.view->save());
+    QVERIFY(configText(file).first().startsWith("core 0 "));
+}
+
+void CoreViewsTest::dyingEditor_data()
+{
+    QTest::addColumn<int>("cores");
+    QTest::addColumn<QString>("entry");
+    QTest::newRow("limit") << 16 << "Add";
+    QTest::newRow("question") << 2 << "Remove";
+    QTest::newRow("only one") << 1 << "Remove";
+}
+
+void CoreViewsTest::dyingEditor()
+{
+    QFETCH(int, cores);
+    QFETCH(QString, entry);
+    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", cores));
+    ModalDriver driver;
+    driver.then([&shown](QDialog *) { delete shown.container; });
+    shown.useMenu(0, entry);
+    QVERIFY(!shown.view && driver.done());
+}
+
+void CoreViewsTest::standardChangeBanner()
+{
+    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 1));
+    QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+    QVERIFY(banner && banner->isHidden());
+    banner->show();
+    shown.find<QPushButton>("okBtn")->click();
+    QVERIFY(banner->isHidden());
+}
+
+void CoreViewsTest::liteCoresAreFixed()
+{
+    const Shown shown(JEX::LiteMode, m_work->writeLite("two.zub", 2));
+    QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
+    QWidget *page = shown.pages()->currentWidget();
+    for (const char *name : {"btnAdd", "btnRemove"}) {
+        QPushButton *button = shown.view->findChild<QPushButton *>(name, Qt::FindDirectChildrenOnly);
+        QCOMPARE(button->text(), QString(name == QByteArray("btnAdd") ? "New" : "Remove"));
+        button->click();
+    }
+    QVERIFY(shown.call("removeOneAo"));
+    shown.find<QComboBox>("comboBoxAo")->setCurrentIndex(1);
+    QCOMPARE(shown.cores(), QString("AO 0, AO 1*"));
+    QCOMPARE(shown.pages()->count(), 2);
+    QCOMPARE(shown.pages()->currentWidget(), page);
+    QCOMPARE(modified.size(), 0);
+}
+
+void CoreViewsTest::liteChangeBanner()
+{
+    const Shown shown(JEX::LiteMode, m_work->writeLite("a.zub", 1));
+    QVERIFY(!shown.find<QWidget>("RTLJEX__ChangedBanner"));
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(shown.call("showChangedBanner"));
+        QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
+        QVERIFY(shown.find<QWidget>("RTLJEX__ChangedBanner")->isVisible());
+        shown.find<QPushButton>("okBtn")->click();
+        QVERIFY(!shown.find<QWidget>("RTLJEX__ChangedBanner")->isVisible());
+    }
+}
+
+QTEST_MAIN(CoreViewsTest)
+#include "tst_coreviews.moc"
