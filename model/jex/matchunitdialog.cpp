@@ -202,12 +202,13 @@ void MatchUnitDialog::accept()
 void MatchUnitDialog::onPortChange()
 {
     m_width = port() ? port()->width() : 0;
-    const QList<QWidget *> widgets = QList<QWidget *>()
-                                     << m_ui->comboFunction << m_ui->radioBinary << m_ui->radioHex
-                                     << m_ui->editValue << m_ui->editUpper << m_ui->buttonReset;
-    for (QWidget *widget : widgets) {
-        widget->setEnabled(port());
+    for (int i = 0; i < m_ui->settingsLayout->count(); ++i) {
+        QWidget *widget = m_ui->settingsLayout->itemAt(i)->widget();
+        if (widget != m_ui->labelPort && widget != m_ui->comboPort) {
+            widget->setEnabled(port());
+        }
     }
+    m_ui->labelDigits->setEnabled(port());
     showNames();
     onFunctionChange();
 }
@@ -219,6 +220,7 @@ void MatchUnitDialog::onFunctionChange()
     m_ui->labelUpper->setVisible(isRange);
     m_ui->editUpper->setVisible(isRange);
     m_ui->treeBits->setColumnHidden(BitUpper, !isRange);
+    m_ui->treeBits->headerItem()->setText(BitValue, QString::fromLatin1(isRange ? "Lower" : "Value"));
     fillFields(false);
     onTextChange();
 }

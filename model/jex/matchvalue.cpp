@@ -4,8 +4,9 @@ namespace JEX {
 
 namespace {
 
-const char *const functionNames[] = {"equal", "not equal", "less", "greater", "in range"};
+const char *const functionNames[] = {"Equal", "Not equal", "Less", "Greater", "In range"};
 const char hexDigits[] = "0123456789ABCDEF";
+const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };
 
 QString latin(const char *text)
@@ -59,6 +60,11 @@ QChar digitFromBits(const QString &bits)
 
 } // namespace
 
+bool isBitText(const QString &text)
+{
+    return strayCharacter(text, bitCharacters).isNull();
+}
+
 bool comparesNumbers(int function)
 {
     return function == MatchLess || function == MatchGreater || function == MatchInRange;
@@ -71,7 +77,7 @@ QString matchFunctionName(int function)
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name)
 {
-    QChar stray = strayCharacter(bits, "01XRFBN");
+    QChar stray = strayCharacter(bits, bitCharacters);
     if (!stray.isNull()) {
         return strayFault(name, stray,
                           comparesNumbers(function) ? "each bit is 0 or 1."

@@ -15,8 +15,9 @@ namespace JEX {
 //
 // A fault is a finished sentence about what is wrong, empty when nothing is. `name` begins it: "The value".
 
+bool isBitText(const QString &text); // only these characters, whatever the function
 bool comparesNumbers(int function);
-QString matchFunctionName(int function); // "not equal"
+QString matchFunctionName(int function); // "Not equal"
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name);
 QString rangeFault(const QString &lower, const QString &upper); // of bounds that are right by themselves

@@ -2,6 +2,7 @@
 
 #include <QtAlgorithms>
 
+#include "model/jex/matchvalue.h"
 #include "model/jex/zubfields.h"
 
 namespace JEX {
@@ -268,8 +269,9 @@ bool ZubReader::readUnitAttribute(AoCore *core, MatchUnit *unit, const QXmlStrea
     if (key != latin("value") && key != latin("upperValue")) {
         return failUnknownAttribute(attribute);
     }
-    (key == latin("value") ? unit->value : unit->upperValue) = attribute.value().toString();
-    return true;
+    const QString bits = attribute.value().toString();
+    (key == latin("value") ? unit->value : unit->upperValue) = bits;
+    return isBitText(bits) || failAttribute(attribute, latin("made of 0, 1, X, R, F, B and N"));
 }
 
 bool ZubReader::readExpression(AoCore *core)

@@ -34,6 +34,7 @@ protected:
     // The "number" of the present element; bit n of `seen` says that a sister before it has n.
     bool readNumberOnce(const Rule &rule, quint32 *seen, int *value);
 
+    bool failAttribute(const QXmlStreamAttribute &attribute, const QString &expected);
     bool failUnknownAttribute(const QXmlStreamAttribute &attribute);
     bool failUnknownElement();
     bool fail(const QString &text);     // "Line 7 of the file ...: text"
@@ -46,8 +47,6 @@ protected:
     QString m_error;
 
 private:
-    bool failAttribute(const QXmlStreamAttribute &attribute, const QString &expected);
-
     QString m_path;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QXmlStreamWriter>
 
+#include "model/jex/matchvalue.h"
 #include "model/jex/zubfields.h"
 
 namespace JEX {
@@ -80,7 +81,7 @@ bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
     return next == enabled.size();
 }
 
-// Whether the port or unit says nothing that a new core does not.
+// Whether the unit says nothing that one of a new core does not.
 bool isDefault(const MatchUnit &unit)
 {
     return !unit.enabled && !unit.triggerPort && unit.function == 0 && unit.value.isEmpty() &&
@@ -166,6 +167,10 @@ bool ZubWriter::writeUnit(const MatchUnit &unit)
 {
     m_xml.writeEmptyElement(latin("unit"));
     if (!writeNumber("number", unitNumberRule, unit.unitNumber)) {
+        return false;
+    }
+    if (!isBitText(unit.value + unit.upperValue)) {
+        error = latin("The value of M%1 must be made of 0, 1, X, R, F, B and N.").arg(unit.unitNumber);
         return false;
     }
     writeFlag(latin("enabled"), unit.enabled);
