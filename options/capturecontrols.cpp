@@ -1,15 +1,11 @@
 #include "options/capturecontrols.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QStandardItemModel>
-#include <QStyledItemDelegate>
 
 #include "netselect/jexsignalselectdialog.h"
 #include "options/capturemath.h"
@@ -19,17 +15,6 @@
 namespace RTLJEX {
 
 namespace {
-
-class ReadableRows : public QStyledItemDelegate
-{
-public:
-    explicit ReadableRows(QObject *parent) : QStyledItemDelegate(parent) {}
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, option.fontMetrics.height()));
-    }
-};
 
 void selectIndex(QComboBox *box, int index)
 {
@@ -91,22 +76,6 @@ void showUsage(QLabel *name, QLabel *value, const QString &implementation, int s
     if (!usage.name.isEmpty())
         name->setText(usage.name);
     value->setText(usageText(usage.required, usage.available));
-}
-
-void setRowStyle(QAbstractItemView *view, const char *styleSheet)
-{
-    view->setStyleSheet(QLatin1String(styleSheet));
-    view->setItemDelegate(new ReadableRows(view));
-}
-
-void setUpSignalTree(signalTreeWidget *tree, QPushButton *remove)
-{
-    setRowStyle(tree, "QTreeWidget::item { height: 20px;}");
-    remove->setEnabled(false);
-    // The key of the tree alone: while a row is renamed it belongs to the text.
-    const QShortcut *key =
-        new QShortcut(QKeySequence(Qt::Key_Delete), tree, nullptr, nullptr, Qt::WidgetShortcut);
-    remove->connect(key, SIGNAL(activated()), SLOT(click()));
 }
 
 void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,

@@ -3,11 +3,9 @@
 #include <QList>
 #include <QString>
 
-class QAbstractItemView;
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QRadioButton;
 class QWidget;
 
@@ -38,13 +36,6 @@ void offerImplementations(QComboBox *box, qint64 captureBits);
 // no implementation leaves the name as it is.
 void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,
                bool adjusted);
-
-// Gives the view its style sheet, in which rows have a fixed height, and makes them higher where the font of
-// the desktop would not fit.
-void setRowStyle(QAbstractItemView *view, const char *styleSheet);
-
-// Row height of the tree, and its Delete key, which presses the button.
-void setUpSignalTree(signalTreeWidget *tree, QPushButton *remove);
 
 // Lets changes of the clock and of the rows reach the page's signal modified().
 void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,

@@ -6,6 +6,7 @@
 #include "options/capturerows.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
+#include "signals/signaltreesetup.h"
 #include "ui_captureoptionwidget.h"
 
 namespace RTLJEX {

@@ -24,12 +24,9 @@ bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *pa
 
 void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 {
-    QList<JEX::SignalItem> buses;
-    QList<JEX::SignalItem> others;
-    Grouped(chosen, buses, others);
-    CheckRepeat(tree, buses, others);
+    const QList<JEX::SignalItem> added = withoutRepeats(tree, chosen);
     // Rows may have gone or become enabled by now, so the place is looked up only here.
-    insertCaptureRows(tree, buses + others, firstDisabledRow(tree));
+    insertCaptureRows(tree, added, firstDisabledRow(tree));
 }
 
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
@@ -42,21 +39,6 @@ QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
         names.insert(item.name);
     }
     return unique;
-}
-
-bool canRemoveRows(const QTreeWidget *tree)
-{
-    const QList<QTreeWidgetItem *> selected = tree->selectedItems();
-    for (const QTreeWidgetItem *row : selected) {
-        if (row->parent())
-            return false;
-    }
-    return !selected.isEmpty();
-}
-
-bool removeChosenRows(QTreeWidget *tree)
-{
-    return canRemoveRows(tree) && removeSelectedRows(tree) > 0;
 }
 
 void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored)

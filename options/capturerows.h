@@ -24,11 +24,6 @@ void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
 // Without later records of a name that came before.
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items);
 
-// Whether the selection may be removed: it has rows, and none of them is a member of another.
-bool canRemoveRows(const QTreeWidget *tree);
-// Removes it if so. False when nothing happened.
-bool removeChosenRows(QTreeWidget *tree);
-
 // Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.
 void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored);
 

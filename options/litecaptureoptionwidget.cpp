@@ -5,6 +5,7 @@
 #include "options/capturemath.h"
 #include "options/capturerows.h"
 #include "signals/signalrows.h"
+#include "signals/signaltreesetup.h"
 #include "ui_litecaptureoptionwidget.h"
 
 namespace RTLJEX {

@@ -7,6 +7,7 @@
 #include "signals/rowedit.h"
 #include "signals/signallistindex.h"
 #include "signals/signalrows.h"
+#include "signals/signalrules.h"
 
 namespace RTLJEX {
 
@@ -46,6 +47,15 @@ void CheckRepeat(QTreeWidget *tree, QList<JEX::SignalItem> &busList, QList<JEX::
         RowEdit(tree).remove(leaving);
     busList = buses.records();
     otherList = others.records();
+}
+
+QList<JEX::SignalItem> withoutRepeats(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
+{
+    QList<JEX::SignalItem> buses;
+    QList<JEX::SignalItem> others;
+    Grouped(chosen, buses, others);
+    CheckRepeat(tree, buses, others);
+    return buses + others;
 }
 
 void CheckRepeatBus(QTreeWidget *tree, int &index, QList<JEX::SignalItem> &busList)

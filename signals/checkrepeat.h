@@ -13,6 +13,9 @@ namespace RTLJEX {
 // and so do groups that lost members, whose rest stands at the front of `busList`.
 void CheckRepeat(QTreeWidget *tree, QList<JEX::SignalItem> &busList, QList<JEX::SignalItem> &otherList);
 
+// The chosen signals as rows that are still to be made, sorted and reconciled with the rows of the tree.
+QList<JEX::SignalItem> withoutRepeats(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
+
 // One row of it. A row that is deleted lowers the index by one, so that the next one is looked at after
 // the caller's increment.
 void CheckRepeatBus(QTreeWidget *tree, int &index, QList<JEX::SignalItem> &busList);

@@ -206,15 +206,30 @@ void sortEnabledFirst(QTreeWidget *tree)
         updateCapEnable(row);
 }
 
-int removeSelectedRows(QTreeWidget *tree)
+QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree)
 {
-    QList<QTreeWidgetItem *> leaving;
-    for (QTreeWidgetItem *row : tree->selectedItems())
-        if (!row->parent())
-            leaving.append(row);
-    if (!leaving.isEmpty())
-        RowEdit(tree).remove(leaving);
-    return leaving.size();
+    QList<JEX::SignalItem> records;
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+        records.append(recordOf(tree->topLevelItem(i)));
+    return records;
+}
+
+bool canRemoveRows(const QTreeWidget *tree)
+{
+    const QList<QTreeWidgetItem *> selected = tree->selectedItems();
+    for (const QTreeWidgetItem *row : selected)
+        if (row->parent())
+            return false;
+    return !selected.isEmpty();
+}
+
+bool removeChosenRows(QTreeWidget *tree)
+{
+    if (!canRemoveRows(tree))
+        return false;
+    const QList<QTreeWidgetItem *> leaving = tree->selectedItems();
+    RowEdit(tree).remove(leaving);
+    return true;
 }
 
 } // namespace RTLJEX

@@ -50,7 +50,12 @@ int firstDisabledRow(const QTreeWidget *tree);
 // otherwise the rows keep their expansion and are coloured anew.
 void sortEnabledFirst(QTreeWidget *tree);
 
-// Removes the selected top-level rows and gives their number. The tree reports its selection once.
-int removeSelectedRows(QTreeWidget *tree);
+// The records of the top-level rows, in row order.
+QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree);
+
+// Whether the selection may be removed: it has rows, and none of them is a member of another.
+bool canRemoveRows(const QTreeWidget *tree);
+// Removes it if so; the tree reports its selection once. False when nothing happened.
+bool removeChosenRows(QTreeWidget *tree);
 
 } // namespace RTLJEX

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+#include <memory>
+
+namespace RTLJEX {
+
+class Ui_MuExpressionDialog;
+
+// "Expression": composes a trigger expression from buttons, a token each, and lets it go only when it is well
+// formed.
+class MuExpressionDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit MuExpressionDialog(QWidget *parent = nullptr);
+    ~MuExpressionDialog() override;
+
+    // Runs the dialog. Empty when it was cancelled or died with its parent. In Static mode there are no units
+    // M10 to M15.
+    static QString getExpression(QWidget *parent, bool staticMode);
+
+    void setType(bool staticMode);
+    QString currentExpression() const;
+    bool isOk() const;
+
+public Q_SLOTS:
+    void expBtnClicked(const QString &token);
+    void backspaceClicked();
+    void clearAllClicked();
+    void accept() override;
+
+private:
+    void mapTokens();
+    void showTokens();
+
+    std::unique_ptr<Ui_MuExpressionDialog> m_ui;
+    QStringList m_tokens; // in the order of the clicks
+};
+
+} // namespace RTLJEX

@@ -1,0 +1,74 @@
+#include "trigger/triggerportdialog.h"
+
+#include "host/modal.h"
+#include "model/jex/core.h"
+#include "netselect/jexsignalselectdialog.h"
+#include "signals/checkrepeat.h"
+#include "signals/signalrows.h"
+#include "signals/signaltreesetup.h"
+#include "ui_triggerportdialog.h"
+
+namespace RTLJEX {
+
+namespace {
+
+const int rowType = 0;
+const int bitLimit = 64;
+
+Ui_TriggerPortDialog *makeForm(QDialog *dialog)
+{
+    Ui_TriggerPortDialog *form = new Ui_TriggerPortDialog;
+    form->setupUi(dialog);
+    return form;
+}
+
+} // namespace
+
+TriggerPortDialog::TriggerPortDialog(JEX::TriggerPort *port, QUARRY::RtlNetlist *netlist, QWidget *parent)
+    : QDialog(parent), m_ui(makeForm(this)), m_port(port), m_netlist(netlist)
+{
+    setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    setUpSignalTree(m_ui->treeWidget, m_ui->btnRemove);
+    insertSignalRows(m_ui->treeWidget, m_port->signalItems, 0, rowType);
+    connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAdd()));
+    connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemove()));
+}
+
+TriggerPortDialog::~TriggerPortDialog() = default;
+
+void TriggerPortDialog::onAdd()
+{
+    const QPointer<QWidget> guard(this);
+    const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(m_netlist, this);
+    if (!guard || chosen.isEmpty())
+        return;
+    signalTreeWidget *tree = m_ui->treeWidget;
+    insertSignalRows(tree, withoutRepeats(tree, chosen), tree->topLevelItemCount(), rowType);
+}
+
+void TriggerPortDialog::onRemove()
+{
+    removeChosenRows(m_ui->treeWidget);
+}
+
+void TriggerPortDialog::on_treeWidget_itemSelectionChanged()
+{
+    m_ui->btnRemove->setEnabled(canRemoveRows(m_ui->treeWidget));
+}
+
+void TriggerPortDialog::accept()
+{
+    m_ui->treeWidget->finishEdit();
+    const QList<JEX::SignalItem> items = topLevelRecords(m_ui->treeWidget);
+    int bits = 0;
+    for (const JEX::SignalItem &item : items)
+        bits += qMax(1, item.members.size());
+    if (bits > bitLimit) {
+        QUtil::messageBox(this, QMessageBox::Warning, tr("Warning"), tr("Support 64 signals at most."));
+        return;
+    }
+    m_port->signalItems = items;
+    QDialog::accept();
+}
+
+} // namespace RTLJEX
