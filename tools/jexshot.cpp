@@ -1,22 +1,29 @@
-// Writes pictures of the editor's dialogs, banners and wizard pages over a real project:
+// Writes pictures of the editors of a project's configurations, and of their dialogs, banners and wizard
+// pages:
 //     jexshot PROJECT DIRECTORY
 // The main window has its own way: jexworkbench --shot.
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMap>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTextStream>
 #include <QTreeWidget>
 #include <memory>
 
 #include "host/designmanager.h"
+#include "host/editorregistry.h"
+#include "host/iview.h"
 #include "host/project.h"
+#include "host/viewmanager.h"
 #include "model/quarry/elaboration.h"
 #include "model/quarry/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
+#include "plugin/jexviewmanager.h"
 #include "plugin/jexwizard.h"
 #include "views/messagedlg.h"
 #include "views/reloadbanner.h"
@@ -31,11 +38,11 @@ public:
     explicit Camera(const QString &directory) : m_directory(directory) {}
 
     // Shows the window, lets it settle and takes its picture.
-    void take(QWidget *window, const char *name)
+    void take(QWidget *window, const QString &name)
     {
         window->show();
         QCoreApplication::processEvents();
-        const QString file = m_directory.filePath(QString("%1.png").arg(name));
+        const QString file = m_directory.filePath(name + ".png");
         if (window->grab().save(file))
             return;
         QTextStream(stderr) << "Can not write the picture " << file << ".\n";
@@ -90,6 +97,27 @@ void shootMessages(Camera &camera)
     camera.take(&messages, "messages");
 }
 
+// Every tab of the first core in each configuration of the project.
+void shootEditors(Camera &camera, const Core::Project &project)
+{
+    JexViewManager::instance()->initialize();
+    QTabWidget *window = Core::ViewManager::instance()->tabWidget();
+    window->resize(1280, 800);
+    window->show();
+    for (const Core::SourceFile &file : project.data().files) {
+        const Core::EditorRegistry::Opener open = Core::EditorRegistry::editorFor(file.path);
+        if (!open || !open(file.path, TE::TaskEngine::instance()->designManager()->currentDevice()))
+            continue;
+        Core::IView *view = Core::ViewManager::instance()->currentView();
+        QTabWidget *page = view->findChild<QTabWidget *>();
+        for (int i = 0; i < page->count(); ++i) {
+            page->setCurrentIndex(i);
+            camera.take(window, QString("editor-%1-%2").arg(QFileInfo(file.path).baseName()).arg(i));
+        }
+    }
+    delete window;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -113,6 +141,7 @@ int main(int argc, char *argv[])
         QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
         messages, nullptr));
     Camera camera(arguments.at(2));
+    shootEditors(camera, project);
     shootSearch(camera, netlist.get());
     shootWizard(camera, arguments.at(2));
     shootBanner(camera, ReloadBanner::Changed, "banner-changed");
