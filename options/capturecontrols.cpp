@@ -58,15 +58,19 @@ void selectText(QComboBox *box, const QString &text)
     selectIndex(box, box->findText(text));
 }
 
+void refillTexts(QComboBox *box, const QStringList &texts)
+{
+    const int kept = qMax(0, texts.indexOf(box->currentText()));
+    box->clear();
+    box->addItems(texts);
+    box->setCurrentIndex(kept);
+}
+
 void offerImplementations(QComboBox *box, qint64 captureBits)
 {
     const QStringList offered = offeredImplementations(currentDeviceHasSsram(), captureBits);
-    const QString previous = box->currentText();
-    if (keepsImplementations(offered, box->count(), previous))
-        return;
-    box->clear();
-    box->addItems(offered);
-    box->setCurrentIndex(restoredImplementation(offered, previous));
+    if (!keepsImplementations(offered, box->count(), box->currentText()))
+        refillTexts(box, offered);
 }
 
 void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,

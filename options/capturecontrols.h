@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 class QComboBox;
 class QLabel;
@@ -27,6 +27,9 @@ int shownNumber(const QComboBox *box); // 0 when the box is empty
 // Select the item with that number or text; one that is not offered changes nothing.
 void selectNumber(QComboBox *box, int number);
 void selectText(QComboBox *box, const QString &text);
+
+// Fills a box anew and selects the text that it showed, or the first one when that is gone.
+void refillTexts(QComboBox *box, const QStringList &texts);
 
 // Offers what suits the current device and a capture of that many bits and keeps the user's choice where
 // it is still offered.

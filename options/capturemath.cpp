@@ -75,11 +75,6 @@ bool keepsImplementations(const QStringList &offered, int count, const QString &
     return count != 2 || current == offered.at(1);
 }
 
-int restoredImplementation(const QStringList &offered, const QString &previous)
-{
-    return qMax(0, offered.indexOf(previous));
-}
-
 int liteImplementationFromText(const QString &text)
 {
     if (text == QLatin1String(bsram))
@@ -113,23 +108,33 @@ QString implementationText(int implementation)
                                                                     : bsram);
 }
 
+int deviceAmount(const QString &implementation, const DEV::DeviceArg &device)
+{
+    using namespace JEX_TOOL;
+    if (implementation == QLatin1String(bsram))
+        return currentDeviceBsramAmount(device.series, device.device);
+    if (implementation == QLatin1String(ssram))
+        return currentDeviceSsramAmount(device.series, device.device);
+    if (implementation == QLatin1String(reg))
+        return currentDeviceRegAmount(device.series, device.device);
+    return 0;
+}
+
 CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,
                           int depth, bool adjusted)
 {
     using namespace JEX_TOOL;
     CaptureUsage usage;
+    usage.available = deviceAmount(implementation, device);
     if (implementation == QLatin1String(bsram)) {
         usage.name = translated("BSRAM Usage :");
-        usage.available = currentDeviceBsramAmount(device.series, device.device);
         usage.required = adjusted ? bsramNumberRequiredWithAdjust(signalCount, depth)
                                   : bsramNumberRequired(signalCount, depth);
     } else if (implementation == QLatin1String(ssram)) {
         usage.name = translated("SSRAM Usage :");
-        usage.available = currentDeviceSsramAmount(device.series, device.device);
         usage.required = ssramNumberRequiredWithAdjust(signalCount, depth, adjusted);
     } else if (implementation == QLatin1String(reg)) {
         usage.name = translated("Register Usage :");
-        usage.available = currentDeviceRegAmount(device.series, device.device);
         usage.required = regNumberRequiredWidthAdjust(signalCount, depth, adjusted);
     }
     return usage;

@@ -35,9 +35,6 @@ QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits);
 // with `offered` again.
 bool keepsImplementations(const QStringList &offered, int count, const QString &current);
 
-// Where the earlier choice is in the list; the first item when it is no longer offered.
-int restoredImplementation(const QStringList &offered, const QString &previous);
-
 // Coding of the implementation of a Lite core, see JEX::Implementation. The text is what the page looks for
 // in its box: registers are looked up as "Logic", which the box never offers, so that such a core opens
 // with the box as it stands.
@@ -47,6 +44,9 @@ QString liteImplementationText(int implementation);
 // The same for both implementations of a Standard core.
 int implementationFromText(const QString &text);
 QString implementationText(int implementation);
+
+// What the device has for an implementation; 0 for a text that is none.
+int deviceAmount(const QString &implementation, const DEV::DeviceArg &device);
 
 // What a capture takes of the device.
 struct CaptureUsage
