@@ -1,24 +1,32 @@
 #include "options/aooptionwidget.h"
 
 #include "options/captureoptionwidget.h"
+#include "options/triggeroptionwidget.h"
 
 namespace RTLJEX {
 
 AoOptionWidget::AoOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent)
-    : QTabWidget(parent), m_netlist(netlist), m_capture(new CaptureOptionWidget(core, netlist, this))
+    : QTabWidget(parent),
+      m_netlist(netlist),
+      m_trigger(new TriggerOptionWidget(core, netlist, this)),
+      m_capture(new CaptureOptionWidget(core, netlist, this))
 {
+    addTab(m_trigger, tr("Trigger Options"));
     addTab(m_capture, tr("Capture Options"));
+    connect(m_trigger, SIGNAL(modified()), SIGNAL(modifed()));
     connect(m_capture, SIGNAL(modified()), SIGNAL(modifed()));
 }
 
 void AoOptionWidget::save()
 {
+    m_trigger->save();
     m_capture->save();
 }
 
 void AoOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
 {
     m_netlist = netlist;
+    m_trigger->setNlsdata(netlist);
     m_capture->setNlsdata(netlist);
     m_capture->updateTree();
 }

@@ -12,6 +12,7 @@ class RtlNetlist;
 namespace RTLJEX {
 
 class CaptureOptionWidget;
+class TriggerOptionWidget;
 
 // The editor of one Standard core, a tab for its trigger and one for its capture. Core and netlist belong to
 // the view.
@@ -31,6 +32,7 @@ Q_SIGNALS:
 
 private:
     QUARRY::RtlNetlist *m_netlist;
+    TriggerOptionWidget *m_trigger;
     CaptureOptionWidget *m_capture;
 };
 

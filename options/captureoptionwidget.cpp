@@ -1,5 +1,7 @@
 #include "options/captureoptionwidget.h"
 
+#include <QPointer>
+
 #include "model/jex/core.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
@@ -7,6 +9,7 @@
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
 #include "signals/signaltreesetup.h"
+#include "trigger/triggersingalselectdialog.h"
 #include "ui_captureoptionwidget.h"
 
 namespace RTLJEX {
@@ -44,6 +47,7 @@ void CaptureOptionWidget::connectControls()
     connect(m_ui->btnSampleClock, SIGNAL(clicked()), SLOT(onSelectClock()));
     connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
     connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
+    connect(m_ui->btnAddFromTp, SIGNAL(clicked()), SLOT(onAddFromTrigger()));
     connect(m_ui->chkBoxForceTrigFalling, SIGNAL(toggled(bool)), SIGNAL(modified()));
     connect(m_ui->chkBoxCaptureInitial, SIGNAL(toggled(bool)), SIGNAL(modified()));
     connect(m_ui->treeWidgetCapSigs, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
@@ -156,6 +160,17 @@ void CaptureOptionWidget::onAddDataSignals()
 {
     if (addSearchedRows(m_ui->treeWidgetCapSigs, m_netlist, this))
         showAddedRows();
+}
+
+void CaptureOptionWidget::onAddFromTrigger()
+{
+    const QPointer<QWidget> guard(this); // the page can be closed under the dialog
+    const QList<JEX::SignalItem> chosen =
+        TriggerSingalSelectDialog::getSelectTriggerPort(m_core->availableTriggers(), this);
+    if (!guard || chosen.isEmpty())
+        return;
+    addCaptureRows(m_ui->treeWidgetCapSigs, uniqueByName(chosen));
+    showAddedRows();
 }
 
 void CaptureOptionWidget::showAddedRows()

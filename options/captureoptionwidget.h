@@ -43,6 +43,7 @@ private Q_SLOTS:
     void onImplChanged();
     void onSelectClock();
     void onAddDataSignals();
+    void onAddFromTrigger();
     void onRemoveSignals();
     void onCaptureSignalChange();
     void on_treeWidgetCapSigs_itemSelectionChanged();

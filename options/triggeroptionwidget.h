@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QModelIndex>
+#include <QWidget>
+#include <memory>
+
+#include "options/currentdevice.h"
+
+class QListWidgetItem;
+class QPoint;
+class QTreeWidgetItem;
+
+namespace JEX {
+class AoCore;
+class MatchUnitModel;
+} // namespace JEX
+namespace QUARRY {
+class RtlNetlist;
+}
+
+namespace RTLJEX {
+
+class Ui_TriggerOptionWidget;
+
+// The "Trigger Options" of one Standard core. Core and netlist (may be null) belong to the view. Ports and
+// match units are edited in place by their dialogs; the rest of the core is written by save() alone.
+//
+// An expression that names a unit which the mode lacks is grey: it neither counts nor is it saved.
+class TriggerOptionWidget : public QWidget, public QUtil::IEventHandler
+{
+    Q_OBJECT
+
+public:
+    enum RowType { PortRow = 1001, SignalRow = 1002 }; // of the tree's items
+
+    TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent = nullptr);
+    ~TriggerOptionWidget() override;
+
+    void save();
+    void setNlsdata(QUARRY::RtlNetlist *netlist);
+    void handleIEvent(const QUtil::IEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+Q_SIGNALS:
+    void modified();
+
+private Q_SLOTS:
+    void editTrigger(QTreeWidgetItem *item, int column);
+    void editMatchUnit(const QModelIndex &index);
+    void editExpression(QListWidgetItem *item);
+    void showExpListContextMenu(const QPoint &position);
+    void onModeChange(const QString &text);
+    void onImpleChange();
+    void updateMatchUnitNumber(bool all);
+    void updateExpressionCheck();
+
+private:
+    void setUpPorts();
+    void setUpMatchUnits();
+    void setUpExpressions();
+    void updateTriggerTree();
+    void updateImplType();
+    void updateExpressionType();
+    void updateBsramNumber();
+
+    QString askExpression();
+    bool addExpression(const QString &limitTitle);
+    QStringList validExpressions() const;
+    int checkedUnits() const;
+    bool isStatic() const;
+    void showStatic(bool on);
+
+    std::unique_ptr<Ui_TriggerOptionWidget> m_ui;
+    JEX::AoCore *m_core;
+    QUARRY::RtlNetlist *m_netlist;
+    JEX::MatchUnitModel *m_units; // a child of the page
+    DeviceWatch m_device;
+};
+
+} // namespace RTLJEX
