@@ -20,6 +20,7 @@
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
+#include "model/jex/matchunitdialog.h"
 #include "model/quarry/elaboration.h"
 #include "model/quarry/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
@@ -69,6 +70,26 @@ void shootSearch(Camera &camera, QUARRY::RtlNetlist *netlist)
     dialog.findChild<QPushButton *>("pushButtonSearch")->click();
     dialog.findChild<QTreeWidget *>("treeWidget")->expandAll();
     camera.take(&dialog, "search-hierarchy");
+}
+
+// A unit that waits for the last bit of the design's first bus to rise.
+void shootMatchUnit(Camera &camera, QUARRY::RtlNetlist *netlist)
+{
+    const QUARRY::Hierachy *top = netlist ? netlist->topHierarchy : nullptr;
+    const QList<QUARRY::RtlNetBus *> buses = top ? top->netbusesIncludeSub() : QList<QUARRY::RtlNetBus *>();
+    if (buses.isEmpty())
+        return;
+    JEX::AoCore core(0);
+    JEX::TriggerPort *port = core.getTrigger(0);
+    for (const QUARRY::RtlNet *bit : buses.first()->members) {
+        port->signalItems.append(JEX::SignalItem());
+        port->signalItems.last().name = bit->fullPathName();
+    }
+    JEX::MatchUnit *unit = core.matchUnit(0);
+    unit->triggerPort = port;
+    unit->value = QString(port->width() - 1, 'X') + 'R';
+    JEX::MatchUnitDialog dialog(unit, false);
+    camera.take(&dialog, "match-unit");
 }
 
 void shootWizard(Camera &camera, const QString &directory)
@@ -143,6 +164,7 @@ int main(int argc, char *argv[])
     Camera camera(arguments.at(2));
     shootEditors(camera, project);
     shootSearch(camera, netlist.get());
+    shootMatchUnit(camera, netlist.get());
     shootWizard(camera, arguments.at(2));
     shootBanner(camera, ReloadBanner::Changed, "banner-changed");
     shootBanner(camera, ReloadBanner::Removed, "banner-removed");
