@@ -67,12 +67,22 @@ void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options)
     options.device = parser.value("device");
 }
 
+QString projectBeside(const QString &path)
+{
+    const QDir folder = QFileInfo(path).absoluteDir();
+    const QStringList projects =
+        folder.entryList({QString("*.") + Core::projectFileSuffix()}, QDir::Files | QDir::Readable);
+    return projects.size() == 1 ? folder.filePath(projects.first()) : QString();
+}
+
 bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMessage)
 {
     for (const QString &file : files) {
         const QString suffix = QFileInfo(file).suffix().toLower();
-        if (!QFileInfo::exists(file)) {
-            errorMessage = "There is no file \"" + file + "\".";
+        if (!QFileInfo(file).isFile()) {
+            errorMessage = QFileInfo::exists(file)
+                               ? "\"" + file + "\" is not a file: name its sources, or a list with -f."
+                               : "There is no file \"" + file + "\".";
             return false;
         }
         if (suffix == "zub") {
@@ -87,6 +97,8 @@ bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMe
             return false;
         }
     }
+    if (!namesProject(options) && !options.editorFiles.isEmpty())
+        options.projectFile = projectBeside(options.editorFiles.first());
     return true;
 }
 

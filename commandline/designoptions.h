@@ -32,8 +32,11 @@ struct DesignOptions
 void declareDesignOptions(QCommandLineParser &parser);
 void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options);
 
+// The project in the folder of a file, when there is just one; else empty.
+QString projectBeside(const QString &path);
+
 // Puts each file, by its suffix, where it belongs. False, with a sentence, when one is not there or is a
-// second project.
+// second project. A configuration without a design brings the project beside it.
 bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMessage);
 
 // Whether the options name anything that needs a project.

@@ -45,7 +45,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
     setWindowTitle("Device");
-    resize(760, 460);
+    resize(840, 460);
     m_filter->setPlaceholderText("Filter");
     m_filter->setClearButtonEnabled(true);
     m_tree->setHeaderLabels({"Part", "Series", "Device", "Package", "BSRAM", "SSRAM", "Registers"});
@@ -78,12 +78,19 @@ void DeviceDialog::fill()
 
 void DeviceDialog::filter(const QString &text)
 {
+    QTreeWidgetItem *first = nullptr;
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem *row = m_tree->topLevelItem(i);
         const QString all =
             row->text(PartColumn) + ' ' + row->text(SeriesColumn) + ' ' + row->text(DeviceColumn);
         row->setHidden(!all.contains(text, Qt::CaseInsensitive));
+        if (!first && !row->isHidden())
+            first = row;
     }
+    // OK takes a device that is seen: the one chosen before, or else the first that the filter leaves.
+    if (!m_tree->currentItem() || m_tree->currentItem()->isHidden())
+        m_tree->setCurrentItem(first);
+    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(first);
 }
 
 DEV::DeviceArg DeviceDialog::device() const

@@ -8,6 +8,7 @@
 
 #include "host/editorregistry.h"
 #include "host/filewizard.h"
+#include "host/modal.h"
 #include "host/pluginmanager.h"
 #include "workbench/boxrecorder.h"
 #include "workbench/commandline.h"
@@ -57,6 +58,16 @@ public:
         return m_window.workspace()->useProject(std::move(project)) && good;
     }
 
+    // With a user at the screen, who may not look at the message pane or at a terminal.
+    void openAll()
+    {
+        const bool good = openProject();
+        if (!m_told.isEmpty())
+            QUtil::messageBox(&m_window, QMessageBox::Warning, "Warning", m_told.join('\n'));
+        if (good)
+            openEditors();
+    }
+
     bool openEditors()
     {
         bool good = true;
@@ -70,11 +81,13 @@ private:
     {
         m_window.addMessage(message, true);
         QTextStream(stderr) << message << '\n';
+        m_told << message;
         return false;
     }
 
     const StartOptions &m_options;
     MainWindow &m_window;
+    QStringList m_told; // what went wrong
 };
 
 // Everything is opened, written down and closed again, without anybody at the screen.
@@ -85,8 +98,11 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
     window.resize(1280, 800); // pictures have one size, whatever the screen
     good = start.openProject() && good;
     good = start.openEditors() && good;
-    if (options.report)
-        print(designReport(options.editorFiles));
+    if (options.report) {
+        const DesignReport report = designReport(options.editorFiles);
+        print(report.lines.join('\n'));
+        good = report.good && good;
+    }
     for (const QString &text : boxes.texts())
         print("Message box \"" + text + "\"");
     if (!options.shot.isEmpty()) {
@@ -112,7 +128,7 @@ int run(const StartOptions &options)
         if (unattended) {
             result = runUnattended(options, window, good);
         } else {
-            QTimer::singleShot(0, &window, [&start] { start.openProject() && start.openEditors(); });
+            QTimer::singleShot(0, &window, [&start] { start.openAll(); });
             result = QApplication::exec();
         }
     }
@@ -122,6 +138,15 @@ int run(const StartOptions &options)
     Core::EditorRegistry::clear();
     plugins.shutDown();
     return result;
+}
+
+QtMessageHandler defaultHandler = nullptr;
+
+// Offscreen, the toolkit remarks on every window that nothing can keep it from being resized.
+void withoutSizeRemarks(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.contains("propagateSizeHints"))
+        defaultHandler(type, context, text);
 }
 
 // Qt has a --plugin option of its own and would take ours away, so it does not get to see it.
@@ -149,6 +174,8 @@ int main(int argc, char *argv[])
 {
     const QStringList pluginOption = takePluginOption(argc, argv);
     QApplication application(argc, argv);
+    if (QGuiApplication::platformName() == "offscreen")
+        defaultHandler = qInstallMessageHandler(withoutSizeRemarks);
     QCoreApplication::setApplicationName("jexworkbench");
     QCoreApplication::setApplicationVersion(WORKBENCH_VERSION);
     StartOptions options;

@@ -43,10 +43,13 @@ const char *const aboutText =
     "choose the "
     "nets to record, say how much is recorded, and save it for the implementation flow.";
 
+const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open).";
+const char *const projectHint = "Double-click a configuration in the project tree to edit it.\n"
+                                "File > New makes one, Project > Add Files adds sources of the design.";
+
 QLabel *newHint()
 {
-    auto *hint = new QLabel("Open a project (Project > Open Project) or a configuration (File > Open).\n"
-                            "File > New makes a configuration for the open project.");
+    auto *hint = new QLabel;
     hint->setAlignment(Qt::AlignCenter);
     hint->setEnabled(false);
     return hint;
@@ -59,13 +62,14 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
       m_settings(settings),
       m_workspace(new Workspace(this)),
       m_center(new QStackedWidget),
+      m_hint(newHint()),
       m_tree(new ProjectTree),
       m_messages(new MessagePane),
       m_topLabel(new QLabel),
       m_deviceLabel(new QLabel)
 {
     Core::ViewManager *views = Core::ViewManager::instance();
-    m_center->addWidget(newHint());
+    m_center->addWidget(m_hint);
     m_center->addWidget(views->tabWidget());
     setCentralWidget(m_center);
     views->setDialogParent(this);
@@ -265,12 +269,9 @@ void MainWindow::onCloseView()
 
 void MainWindow::onNewProject()
 {
-    QString path = QFileDialog::getSaveFileName(this, "New Project", startFolder(), projectFilter);
-    if (path.isEmpty())
-        return;
-    if (QFileInfo(path).suffix() != Core::projectFileSuffix())
-        path += QString(".") + Core::projectFileSuffix();
-    m_workspace->createProject(path);
+    const QString path = m_workspace->chooseProjectFile("New Project", startFolder());
+    if (!path.isEmpty())
+        m_workspace->createProject(path);
 }
 
 void MainWindow::onOpenProject()
@@ -368,6 +369,7 @@ void MainWindow::updateState()
 {
     const bool viewOpen = Core::ViewManager::instance()->currentView() != nullptr;
     m_center->setCurrentIndex(viewOpen ? 1 : 0);
+    m_hint->setText(m_workspace->project() ? projectHint : emptyHint);
     m_closeAction->setEnabled(viewOpen);
     for (QAction *action : qAsConst(m_projectActions))
         action->setEnabled(m_workspace->project() != nullptr);

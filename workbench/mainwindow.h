@@ -65,6 +65,7 @@ private:
     QSettings *m_settings;
     Workspace *m_workspace;
     QStackedWidget *m_center; // a hint, or the tabs
+    QLabel *m_hint;
     ProjectTree *m_tree;
     MessagePane *m_messages;
     QLabel *m_topLabel;

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QStyle>
 
@@ -155,6 +156,14 @@ QMenu *ProjectTree::createFileMenu()
     menu->addSeparator();
     menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
     return menu;
+}
+
+void ProjectTree::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Delete) && !selectedFiles().isEmpty())
+        Q_EMIT removeRequested(selectedFiles());
+    else
+        QTreeWidget::keyPressEvent(event);
 }
 
 void ProjectTree::contextMenuEvent(QContextMenuEvent *event)

@@ -33,6 +33,7 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override; // Delete removes the selected files
 
 private:
     void onActivated(const QTreeWidgetItem *item);

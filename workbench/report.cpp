@@ -39,37 +39,41 @@ using Read = QList<Core *>(const QString &path, bool *ok, QString *errorMessage)
 template <class Core>
 using Check = bool(const QList<Core *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors);
 
-// What follows the name of the file.
 template <class Core>
-QStringList configurationLines(const QString &mode, Read<Core> read, Check<Core> check, const QString &path,
-                               const QUARRY::RtlNetlist *netlist)
+void reportCores(const QString &mode, Read<Core> read, Check<Core> check, const QString &path,
+                 const QUARRY::RtlNetlist *netlist, DesignReport &report)
 {
+    const QString name = QFileInfo(path).fileName() + ": ";
     bool ok = false;
     QString error;
     const QList<Core *> cores = read(path, &ok, &error);
-    if (!ok)
-        return {error};
     int signalCount = 0;
     for (const Core *core : cores)
         signalCount += core->captureSignals.size();
-    const bool good = check(cores, netlist, &error);
-    const QString contents =
-        QString("%1, cores: %2, capture signals: %3").arg(mode).arg(cores.size()).arg(signalCount);
+    if (ok) {
+        report.lines << name + mode +
+                            QString(", cores: %1, capture signals: %2").arg(cores.size()).arg(signalCount);
+        ok = check(cores, netlist, &error);
+        report.lines << name + "check " + (ok ? "passed" : "found:\n" + error);
+    } else {
+        report.lines << name + error;
+    }
+    report.good = report.good && ok;
     qDeleteAll(cores);
-    return {contents, "check " + (good ? "passed" : "found:\n" + error)};
 }
 
-QStringList configurationLines(const QString &path, const QUARRY::RtlNetlist *netlist)
+void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist, DesignReport &report)
 {
     switch (JEX::jexModeFromJexConfigFile(path)) {
     case JEX::StandardMode:
-        return configurationLines("Standard", JEX::readJEXConfigFromXml, RTLJEX::checkStandardCores, path,
-                                  netlist);
+        return reportCores("Standard", JEX::readJEXConfigFromXml, RTLJEX::checkStandardCores, path, netlist,
+                           report);
     case JEX::LiteMode:
-        return configurationLines("Lite", JEX::readJEXConfigFromXml_Lite, RTLJEX::checkLiteCores, path,
-                                  netlist);
+        return reportCores("Lite", JEX::readJEXConfigFromXml_Lite, RTLJEX::checkLiteCores, path, netlist,
+                           report);
     default:
-        return {"neither a Standard nor a Lite configuration"};
+        report.lines << QFileInfo(path).fileName() + ": neither a Standard nor a Lite configuration";
+        report.good = false;
     }
 }
 
@@ -87,37 +91,37 @@ QStringList designMessages()
     return messages;
 }
 
-QString designReport(const QStringList &configurations)
+DesignReport designReport(const QStringList &configurations)
 {
-    QStringList lines;
     const Core::Project *project = Core::ProjectManager::currentProject();
     if (!project)
-        return "No project is open.";
-    lines << "Project: " + (project->name().isEmpty() ? QString("unnamed") : project->name());
+        return {{"No project is open."}, false};
     const QUARRY::DesignInput input = currentDesign();
-    lines << QString("Design files: %1").arg(input.files.size());
     const QUARRY::ModuleList modules = QUARRY::listModules(input, nullptr);
     QStringList messages = modules.messages;
-    lines << QString("Modules: %1").arg(modules.modules.size());
-    lines << "Top: " + modules.topModules.join(", ");
     const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(input, messages, nullptr));
+    messages.removeDuplicates();
+    DesignReport report;
+    report.lines << "Project: " + (project->name().isEmpty() ? QString("unnamed") : project->name())
+                 << QString("Design files: %1").arg(input.files.size())
+                 << QString("Modules: %1").arg(modules.modules.size())
+                 << "Top: " + modules.topModules.join(", ");
     if (netlist && netlist->topHierarchy) {
         Counts counts;
         count(netlist->topHierarchy, counts);
-        lines << QString("Instances: %1").arg(counts.instances);
-        lines << QString("Nets: %1 single, %2 buses with %3 bits")
-                     .arg(counts.nets)
-                     .arg(counts.buses)
-                     .arg(counts.busBits);
+        report.lines << QString("Instances: %1").arg(counts.instances)
+                     << QString("Nets: %1 single, %2 buses with %3 bits")
+                            .arg(counts.nets)
+                            .arg(counts.buses)
+                            .arg(counts.busBits);
     } else {
-        lines << "No netlist.";
+        report.lines << "No netlist.";
+        report.good = false;
     }
-    messages.removeDuplicates();
-    lines += messages;
+    report.lines += messages;
     for (const QString &path : configurations)
-        for (const QString &line : configurationLines(path, netlist.get()))
-            lines << QFileInfo(path).fileName() + ": " + line;
-    return lines.join('\n');
+        reportConfiguration(path, netlist.get(), report);
+    return report;
 }
 
 } // namespace Workbench

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include "commandline/designoptions.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
 #include "host/iview.h"
@@ -38,6 +39,8 @@ bool Workspace::fail(const QString &text)
 
 bool Workspace::createProject(const QString &path)
 {
+    if (!closeProject())
+        return false;
     auto project = std::make_unique<Core::Project>();
     QString error;
     if (!project->saveAs(path, &error))
@@ -79,14 +82,24 @@ bool Workspace::saveProject()
     QString error;
     if (!m_project->filePath().isEmpty())
         return m_project->save(&error) || fail(error);
+    const QString path = chooseProjectFile("Save Project", m_project->workingDir());
+    return !path.isEmpty() && (m_project->saveAs(path, &error) || fail(error));
+}
+
+QString Workspace::chooseProjectFile(const QString &title, const QString &folder) const
+{
     const QString suffix = QString(".") + Core::projectFileSuffix();
-    QString path = QFileDialog::getSaveFileName(m_window, "Save Project", m_project->workingDir(),
-                                                "Projects (*" + suffix + ")");
-    if (path.isEmpty())
-        return false;
-    if (!path.endsWith(suffix))
-        path += suffix;
-    return m_project->saveAs(path, &error) || fail(error);
+    QString path = QFileDialog::getSaveFileName(m_window, title, folder, "Projects (*" + suffix + ")");
+    if (path.isEmpty() || path.endsWith(suffix))
+        return path;
+    // The dialog asked about the name that was typed.
+    path += suffix;
+    const bool free = !QFileInfo::exists(path);
+    const QString question = QDir::toNativeSeparators(path) + " exists already.\nReplace it?";
+    const bool replace =
+        free || QUtil::messageBox(m_window, QMessageBox::Question, title, question,
+                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return replace ? path : QString();
 }
 
 bool Workspace::mayCloseProject()
@@ -105,7 +118,8 @@ bool Workspace::mayCloseProject()
 
 bool Workspace::closeProject()
 {
-    if (!Core::ViewManager::instance()->closeAllViews() || !mayCloseProject())
+    // The views go last: one who stays after all still has them.
+    if (!mayCloseProject() || !Core::ViewManager::instance()->closeAllViews())
         return false;
     if (!m_project)
         return true;
@@ -120,15 +134,6 @@ bool Workspace::canEdit(const QString &path) const
     return Core::EditorRegistry::editorFor(path) != nullptr;
 }
 
-void Workspace::openProjectBeside(const QString &path)
-{
-    const QDir folder = QFileInfo(path).absoluteDir();
-    const QStringList projects =
-        folder.entryList({QString("*.") + Core::projectFileSuffix()}, QDir::Files | QDir::Readable);
-    if (projects.size() == 1)
-        openProject(folder.filePath(projects.first()));
-}
-
 bool Workspace::openFile(const QString &path)
 {
     const QString shown = QDir::toNativeSeparators(path);
@@ -138,8 +143,9 @@ bool Workspace::openFile(const QString &path)
         return fail("There is no file " + shown + ".");
     if (!canEdit(path))
         return fail("There is no editor for " + shown + ".");
-    if (!m_project)
-        openProjectBeside(path);
+    const QString project = m_project ? QString() : CommandLine::projectBeside(path);
+    if (!project.isEmpty())
+        openProject(project);
     const bool opened = Core::EditorRegistry::editorFor(path)(
         path, TE::TaskEngine::instance()->designManager()->currentDevice());
     Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);

@@ -31,6 +31,9 @@ public:
     bool saveProject();  // asks where to, for a project that has no file yet
     bool closeProject(); // with all views; false when the user keeps one of them or the project
 
+    // A file for a project that the user chooses, with its suffix; empty when he does not.
+    QString chooseProjectFile(const QString &title, const QString &folder) const;
+
     // A project is opened as such, other files in the editor that a plug-in announced. Without a project,
     // the one that lies beside the file is opened first.
     bool openFile(const QString &path);
@@ -44,7 +47,6 @@ Q_SIGNALS:
 private:
     bool fail(const QString &text);
     bool mayCloseProject();
-    void openProjectBeside(const QString &path);
     void tellDesignMessages();
 
     QWidget *m_window;

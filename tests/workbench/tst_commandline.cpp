@@ -1,9 +1,7 @@
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
-#include "host/project.h"
+#include "tests/support/workspace.h"
 #include "workbench/commandline.h"
 
 using namespace Workbench;
@@ -15,54 +13,39 @@ class CommandLineTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QDir::setCurrent(m_dir.path());
-        const QMap<QString, QByteArray> files = {{"a.v", ""},
-                                                 {"b.vhd", ""},
-                                                 {"c.zub", ""},
-                                                 {"p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}],
-                                                                  "topModule": "own"})"},
-                                                 {"q.jexprj", "{}"},
-                                                 {"sub/list.f", "x.v +define+L"},
-                                                 {"sub/x.v", ""}};
-        for (auto it = files.begin(); it != files.end(); ++it) {
-            QDir().mkpath(QFileInfo(it.key()).path());
-            QFile file(it.key());
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(it.value());
-        }
+        QDir::setCurrent(m_work.dir.path());
+        QVERIFY(QDir().mkdir("sub"));
+        for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub"})
+            m_work.write(file, "");
+        m_work.write("p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}], "topModule": "own"})");
+        m_work.write("q.jexprj", "{}");
+        m_work.write("sub/list.f", "x.v +define+L");
+        m_work.write("sub/r.jexprj", R"({"version": 1, "files": [{"path": "x.v"}]})");
     }
 
     void projects_data()
     {
         QTest::addColumn<QString>("words");
         QTest::addColumn<QString>("expected"); // files, top, device, macros, folders, or what was wrong
-        QTest::newRow("nothing") << ""
-                                 << "|||";
-        QTest::newRow("sources") << "a.v b.vhd ./a.v --top t"
-                                 << "a.v b.vhd|t||";
-        QTest::newRow("project") << "p.jexprj"
-                                 << "a.v|own||";
-        QTest::newRow("project and more") << "p.jexprj b.vhd c.zub --top t"
-                                          << "a.v b.vhd c.zub|t||";
-        QTest::newRow("options") << "a.v -DX=1 -D Y -Isub -y sub"
-                                 << "a.v|||X=1 Y sub sub";
-        QTest::newRow("list") << "-f sub/list.f"
-                              << "sub/x.v|||L";
-        QTest::newRow("list by its folder") << "-F sub/list.f a.v"
-                                            << "a.v sub/x.v|||L";
-        QTest::newRow("device") << "a.v --device lfe5u-25f"
-                                << "a.v||LFE5U-25F|";
-        QTest::newRow("unknown device")
-            << "a.v --device none"
-            << "The device \"none\" is not known. Project > Device shows those that are.";
-        QTest::newRow("missing file") << "z.v"
-                                      << "There is no file \"z.v\".";
-        QTest::newRow("two projects") << "p.jexprj q.jexprj"
-                                      << "Only one project can be open: \"p.jexprj\" or \"q.jexprj\".";
-        QTest::newRow("unknown option") << "--nonsense"
-                                        << "Unknown option 'nonsense'.";
-        QTest::newRow("broken project") << "q.jexprj"
-                                        << "Can not read the project %1/q.jexprj: \"version\" is missing.";
+        const auto row = [](const char *words, const char *expected) {
+            QTest::newRow(words) << words << expected;
+        };
+        row("", "|||");
+        row("a.v b.vhd ./a.v --top t", "a.v b.vhd|t||");
+        row("p.jexprj", "a.v|own||");
+        row("p.jexprj b.vhd c.zub --top t", "a.v b.vhd c.zub|t||");
+        row("sub/d.zub --top t", "sub/x.v sub/d.zub|t||"); // the project beside it
+        row("c.zub a.v", "a.v c.zub|||");
+        row("a.v -DX=1 -D Y -Isub -y sub", "a.v|||X=1 Y sub sub");
+        row("-f sub/list.f", "sub/x.v|||L");
+        row("-F sub/list.f a.v", "a.v sub/x.v|||L");
+        row("a.v --device lfe5u-25f", "a.v||LFE5U-25F|");
+        row("a.v --device none", "The device \"none\" is not known. Project > Device shows those that are.");
+        row("z.v", "There is no file \"z.v\".");
+        row("sub", "\"sub\" is not a file: name its sources, or a list with -f.");
+        row("p.jexprj q.jexprj", "Only one project can be open: \"p.jexprj\" or \"q.jexprj\".");
+        row("--nonsense", "Unknown option 'nonsense'.");
+        row("q.jexprj", "Can not read the project %1/q.jexprj: \"version\" is missing.");
     }
     void projects()
     {
@@ -90,20 +73,8 @@ private Q_SLOTS:
         QVERIFY(!project.isModified());
     }
 
-    void unattendedOptions()
-    {
-        StartOptions options;
-        QString error;
-        QVERIFY(parseCommandLine({"jexworkbench", "--report", "--shot", "x.png", "--plugin", "p.so", "c.zub"},
-                                 options, error));
-        QVERIFY(options.report && !namesProject(options));
-        QCOMPARE(options.shot + ' ' + options.plugin + ' ' + options.editorFiles.join(' '),
-                 QString("x.png p.so c.zub"));
-        QVERIFY(helpText().contains("--device"));
-    }
-
 private:
-    QTemporaryDir m_dir;
+    Workspace m_work;
 };
 
 QTEST_MAIN(CommandLineTest)

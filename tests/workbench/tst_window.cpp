@@ -7,12 +7,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
 #include "host/editorregistry.h"
@@ -20,11 +17,10 @@
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
-#include "workbench/boxrecorder.h"
+#include "tests/support/modaldriver.h"
 #include "workbench/devicedialog.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
-#include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
@@ -48,17 +44,6 @@ QString drawn(const QTreeWidgetItem *item, int depth)
     for (int i = 0; i < item->childCount(); ++i)
         text += drawn(item->child(i), depth + 1);
     return text;
-}
-
-// Presses a button of the box that will come up, and hands back what the box said.
-void answerNextBox(QMessageBox::StandardButton button, QString *text)
-{
-    QTimer::singleShot(50, [button, text] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        *text = box->windowTitle() + ": " + box->text();
-        box->button(button)->click();
-    });
 }
 
 QStringList openedInEditor;
@@ -152,98 +137,92 @@ private Q_SLOTS:
         QCOMPARE(recentProjects(m_settings.get()), QStringList(m_dir->filePath("demo.jexprj")));
     }
 
-    void fileMenuOfTheTree_data()
+    void filesOfTheTree()
     {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("expected"); // type and flag of "a.v", then the number of files
-        QTest::newRow("leave out") << "Part of the &Design"
-                                   << "2 0 4";
-        QTest::newRow("type") << "SystemVerilog"
-                              << "3 1 4";
-        QTest::newRow("remove") << "&Remove from Project"
-                                << "4 0 3"; // "b.vhd" is the second one then
-    }
-    void fileMenuOfTheTree()
-    {
-        QFETCH(QString, entry);
-        QFETCH(QString, expected);
         QVERIFY(m_window->workspace()->openProject(m_dir->filePath("demo.jexprj")));
+        const Core::ProjectData &data = m_window->workspace()->project()->data();
         auto *tree = m_window->findChild<ProjectTree *>();
         tree->topLevelItem(0)->child(2)->child(0)->setSelected(true);
         std::unique_ptr<QMenu> menu(tree->createFileMenu());
-        QVERIFY(menu != nullptr);
-        QList<QAction *> actions = menu->actions();
-        for (const QMenu *sub : menu->findChildren<QMenu *>())
-            actions += sub->actions();
-        for (QAction *action : qAsConst(actions)) {
-            if (action->text() == entry)
-                action->trigger();
+        QString found;
+        for (const char *entry : {"Part of the &Design", "SystemVerilog", "&Remove from Project"}) {
+            QList<QAction *> actions = menu->actions() + menu->findChild<QMenu *>()->actions();
+            for (QAction *action : qAsConst(actions)) {
+                if (action->text() == entry)
+                    action->trigger();
+            }
+            const Core::SourceFile &first = data.files.first();
+            found += QString("%1 %2 %3|").arg(data.files.size()).arg(first.type).arg(first.enabled);
         }
-        const Core::ProjectData &data = m_window->workspace()->project()->data();
-        const Core::SourceFile file = data.files.at(data.files.size() == 4 ? 0 : 1);
-        QCOMPARE(QString("%1 %2 %3").arg(file.type).arg(file.enabled).arg(data.files.size()), expected);
+        QCOMPARE(found, QString("4 2 0|4 3 0|3 3 1|")); // the second file comes first in the end
+        tree->topLevelItem(0)->child(2)->child(1)->setSelected(true);
+        QTest::keyClick(tree, Qt::Key_Delete);
+        QCOMPARE(data.files.size(), 2);
         QVERIFY(m_window->isWindowModified());
     }
 
     void openingWithoutEditorOrProject()
     {
-        QString text;
-        answerNextBox(QMessageBox::Ok, &text);
+        ModalDriver driver;
+        driver.press(QMessageBox::Ok);
+        driver.press(QMessageBox::Ok);
         QVERIFY(!m_window->workspace()->openFile(m_dir->filePath("a.v")));
-        QCOMPARE(text, "Error: There is no editor for " + m_dir->filePath("a.v") + ".");
-        answerNextBox(QMessageBox::Ok, &text);
         QVERIFY(!m_window->workspace()->openFile(m_dir->filePath("none.jexprj")));
-        QCOMPARE(text, "Error: Can not read the project " + m_dir->filePath("none.jexprj") +
-                           ": No such file or directory.");
+        QCOMPARE(driver.seen.join('\n'),
+                 QString("critical | Error | There is no editor for %1/a.v. | OK\n"
+                         "critical | Error | Can not read the project %1/none.jexprj: No such file or "
+                         "directory. | OK")
+                     .arg(m_dir->path()));
         QVERIFY(m_window->workspace()->openFile(m_dir->filePath("c.zub")));
         QCOMPARE(m_window->workspace()->project()->name(), QString("demo")); // the one beside it
         QCOMPARE(openedInEditor, QStringList("c.zub"));
     }
 
-    void quitAsks_data()
-    {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("closed");
-        QTest::addColumn<bool>("saved");
-        QTest::newRow("save") << int(QMessageBox::Save) << true << true;
-        QTest::newRow("discard") << int(QMessageBox::Discard) << true << false;
-        QTest::newRow("cancel") << int(QMessageBox::Cancel) << false << false;
-    }
     void quitAsks()
     {
-        QFETCH(int, answer);
-        QFETCH(bool, closed);
-        QFETCH(bool, saved);
-        QVERIFY(m_window->workspace()->openProject(m_dir->filePath("demo.jexprj")));
+        const auto storedTop = [this] {
+            Core::Project stored;
+            return stored.load(m_dir->filePath("demo.jexprj"), nullptr) ? stored.data().topModule : "?";
+        };
         QVERIFY(m_window->workspace()->openFile(m_dir->filePath("c.zub")));
         viewRefuses = true;
         QVERIFY(!m_window->close());
         viewRefuses = false;
         m_window->workspace()->project()->setOption("TopModule", "other");
-        QString text;
-        answerNextBox(QMessageBox::StandardButton(answer), &text);
-        QCOMPARE(m_window->close(), closed);
-        QCOMPARE(text, QString("Save Project: The project has changes that are not saved.\n"
-                               "Save the changes to \"demo\"?"));
-        Core::Project stored;
-        QVERIFY(stored.load(m_dir->filePath("demo.jexprj"), nullptr));
-        QCOMPARE(stored.data().topModule, QString(saved ? "other" : "top"));
-        QCOMPARE(m_settings->contains("geometry"), closed);
+        ModalDriver driver;
+        driver.press(QMessageBox::Cancel);
+        QVERIFY(!m_window->close());
+        QCOMPARE(Core::ViewManager::instance()->views().size(), 1);
+        QCOMPARE(storedTop(), QString("top"));
+        QVERIFY(!m_settings->contains("geometry"));
+        driver.press(QMessageBox::Save);
+        QVERIFY(m_window->close());
+        QCOMPARE(storedTop(), QString("other"));
+        QVERIFY(m_settings->contains("geometry"));
+        QVERIFY(m_window->workspace()->openProject(m_dir->filePath("demo.jexprj")));
+        m_window->workspace()->project()->setOption("TopModule", "third");
+        driver.press(QMessageBox::Discard);
+        QVERIFY(m_window->close());
+        QCOMPARE(storedTop(), QString("other"));
+        driver.seen.removeDuplicates();
+        QCOMPARE(driver.seen.join('\n'),
+                 QString("question | Save Project | The project has changes that are not saved.\n"
+                         "Save the changes to \"demo\"? | Cancel Discard Save*"));
     }
 
     void newFileRunsTheWizardAndOpensWhatItMade()
     {
         QVERIFY(m_window->workspace()->openProject(m_dir->filePath("demo.jexprj")));
-        QTimer::singleShot(50, [] {
-            auto *dialog = qobject_cast<NewFileDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
+        ModalDriver driver;
+        driver.then([](QDialog *dialog) {
             QCOMPARE(dialog->findChild<QListWidget *>()->item(0)->text(),
                      QString("Test File\nMakes a file."));
             auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
-            const QString folder = dialog->folder();
-            dialog->findChild<QLineEdit *>()->setText("/none");
+            auto *folder = dialog->findChild<QLineEdit *>();
+            const QString first = folder->text();
+            folder->setText("/none");
             QVERIFY(!ok->isEnabled());
-            dialog->findChild<QLineEdit *>()->setText(folder);
+            folder->setText(first);
             ok->click();
         });
         action("&New...")->trigger();
@@ -278,17 +257,14 @@ private Q_SLOTS:
         DeviceDialog dialog(unknown, nullptr);
         QCOMPARE(dialog.device(), unknown);
         dialog.findChild<QLineEdit *>()->setText("lfe5u-25");
+        QCOMPARE(dialog.device().device, QString("LFE5U-25F")); // the only one that is left
+        auto *ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+        dialog.findChild<QLineEdit *>()->setText("no such device");
+        QVERIFY(!ok->isEnabled());
+        dialog.findChild<QLineEdit *>()->setText("");
         auto *tree = dialog.findChild<QTreeWidget *>();
-        QStringList shown;
-        for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-            if (!tree->topLevelItem(i)->isHidden()) {
-                shown << tree->topLevelItem(i)->text(2);
-                tree->setCurrentItem(tree->topLevelItem(i));
-            }
-        }
-        QCOMPARE(shown.join(' '), QString("LFE5U-25F"));
-        QCOMPARE(dialog.device().device, QString("LFE5U-25F"));
         tree->setCurrentItem(tree->findItems("(none)", Qt::MatchExactly).first());
+        QVERIFY(ok->isEnabled());
         QCOMPARE(dialog.device(), DEV::DeviceArg());
         QTest::qWait(300); // the filter's clear button fades in, and leaks when its field dies meanwhile
     }
@@ -301,16 +277,6 @@ private Q_SLOTS:
         removeRecentProject(m_settings.get(), "4");
         QCOMPARE(recentProjects(m_settings.get()).join(' '), QString("5 11 10 9 8 7 6 3 2"));
         QVERIFY(recentProjects(nullptr).isEmpty());
-    }
-
-    void unattendedBoxesAreRecorded()
-    {
-        const BoxRecorder boxes;
-        QMessageBox::critical(m_window.get(), "Error", "Something <b>bad</b>.");
-        QCOMPARE(
-            QMessageBox::question(m_window.get(), "Save", "Save?", QMessageBox::Ok | QMessageBox::Cancel),
-            QMessageBox::Cancel);
-        QCOMPARE(boxes.texts().join('|'), QString("Error: Something <b>bad</b>.|Save: Save?"));
     }
 
 private:
