@@ -5,7 +5,6 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
-#include "views/changedbanner.h"
 #include "views/messagedlg.h"
 #include "views/reloadbanner.h"
 
@@ -15,16 +14,9 @@ class BannersTest : public QObject
 {
     Q_OBJECT
 
-public Q_SLOTS:
-    void onOKBtn() { ++m_hidden; }
-
 private Q_SLOTS:
     void reloadBanner();
-    void changedBanner();
     void messageDialog();
-
-private:
-    int m_hidden = 0;
 };
 
 void BannersTest::reloadBanner()
@@ -60,21 +52,6 @@ void BannersTest::reloadBanner()
         QCOMPARE(QList<int>({reload.size(), cancel.size(), keep.size(), close.size()}), row.heard);
         QVERIFY2(banner.isVisible(), "it is its owner who hides it");
     }
-}
-
-void BannersTest::changedBanner()
-{
-    QWidget parent;
-    const QWidget *banner = createChangedBanner(this, &parent);
-    QVERIFY(banner->isHidden());
-    QCOMPARE(banner->objectName(), QString("RTLJEX__ChangedBanner"));
-    QCOMPARE(banner->findChild<QLabel *>("warningText")->text(), QString("Netlist File has been changed."));
-    QVERIFY2(!banner->findChild<QLabel *>("warningIcon")->pixmap()->isNull(), "no icon");
-    QPushButton *button = banner->findChild<QPushButton *>("okBtn");
-    QCOMPARE(button->text(), QString("OK"));
-    QCOMPARE(button->maximumWidth(), 32);
-    button->click();
-    QCOMPARE(m_hidden, 1);
 }
 
 void BannersTest::messageDialog()

@@ -35,10 +35,7 @@ void fill(AoCore *core)
     core->enabledCaptureSignals << signal("top/b");
 }
 
-typedef void (*Change)(AoCore *core);
-
 } // namespace
-Q_DECLARE_METATYPE(Change)
 
 class ConfigCheckTest : public QObject
 {
@@ -50,82 +47,63 @@ private:
                                                                   "  a[1:0]\n")};
 
 private Q_SLOTS:
-    void standard_data()
-    {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<QString>("errors");
-        const auto row = [](const char *name, Change change, const char *errors) {
-            QTest::newRow(name) << change << errors;
-        };
-        row(
-            "in order", [](AoCore *) {}, "");
-        row(
-            "new core",
-            [](AoCore *core) {
-                core->getTrigger(2)->signalItems.clear();
-                core->matchUnit(3)->enabled = false;
-                core->expressions.clear();
-                core->sampleClock.clear();
-                core->enabledCaptureSignals.clear();
-            },
-            "Core 5: No available trigger ports\nCore 5: No available match units\n"
-            "Core 5: No expressions specified\nCore 5: No sample clock specified\n"
-            "Core 5: No capture signals specified");
-        row(
-            "no unit, expressions still scanned", [](AoCore *core) { core->matchUnit(3)->enabled = false; },
-            "Core 5: No available match units\nCore 5: M3 in expression \"M3\" is not enable");
-        row(
-            "unit without port", [](AoCore *core) { core->matchUnit(3)->triggerPort = nullptr; },
-            "Core 5: M3 doesn't bind a trigger port");
-        row(
-            "port without signals",
-            [](AoCore *core) {
-                core->matchUnit(12)->enabled = true;
-                core->matchUnit(12)->triggerPort = core->getTrigger(7);
-            },
-            "Core 5: Trigger port 7 for M12 is not available");
-        row(
-            "length", [](AoCore *core) { core->matchUnit(3)->value = "01"; },
-            "Core 5: Length of M3 is not equal to trigger port 2");
-        row(
-            "disabled unit", [](AoCore *core) { core->expressions[0] = "M3&&M12"; },
-            "Core 5: M12 in expression \"M3&&M12\" is not enable");
-        row(
-            "named twice", [](AoCore *core) { core->expressions[0] = "M1||!M1"; },
-            "Core 5: M1 in expression \"M1||!M1\" is not enable\n"
-            "Core 5: M1 in expression \"M1||!M1\" is not enable");
-        row(
-            "constant, no unit", [](AoCore *core) { core->expressions << "M03%1 99%2"; },
-            "Core 5: M1 in expression \"M03%1 99%2\" is not enable\n"
-            "Core 5: M99 in expression \"M03%1 99%2\" is not enable\n"
-            "Core 5: M2 in expression \"M03%1 99%2\" is not enable");
-        row(
-            "too long for a number", [](AoCore *core) { core->expressions << "M99999999999"; }, "");
-        row(
-            "unknown clock", [](AoCore *core) { core->sampleClock = "top/none"; },
-            "Core 5: The specified sample clock does not exist");
-        row(
-            "clock is a bus bit", [](AoCore *core) { core->sampleClock = "top/a[1]"; }, "");
-        row(
-            "clock is a bus", [](AoCore *core) { core->sampleClock = "top/a[1:0]"; },
-            "Core 5: The specified sample clock does not exist");
-        row(
-            "nothing enabled", [](AoCore *core) { core->enabledCaptureSignals[0].capEnable = false; },
-            "Core 5: No capture signals specified");
-    }
-
     void standard()
     {
-        QFETCH(Change, change);
-        QFETCH(QString, errors);
-        AoCore core(5);
-        fill(&core);
-        change(&core);
-        QString found = "old";
-        const bool ok = checkStandardCores({&core}, m_netlist.get(), &found);
-        QCOMPARE(found, errors);
-        QCOMPARE(ok, errors.isEmpty());
-        QCOMPARE(checkStandardCores({&core}, m_netlist.get(), nullptr), ok);
+        const struct
+        {
+            void (*change)(AoCore *core);
+            const char *errors;
+        } rows[] = {
+            {[](AoCore *) {}, ""},
+            {[](AoCore *core) {
+                 core->getTrigger(2)->signalItems.clear();
+                 core->matchUnit(3)->enabled = false;
+                 core->expressions.clear();
+                 core->sampleClock.clear();
+                 core->enabledCaptureSignals.clear();
+             },
+             "Core 5: No available trigger ports\nCore 5: No available match units\n"
+             "Core 5: No expressions specified\nCore 5: No sample clock specified\n"
+             "Core 5: No capture signals specified"},
+            {[](AoCore *core) { core->matchUnit(3)->enabled = false; },
+             "Core 5: No available match units\nCore 5: M3 in expression \"M3\" is not enable"},
+            {[](AoCore *core) { core->matchUnit(3)->triggerPort = nullptr; },
+             "Core 5: M3 doesn't bind a trigger port"},
+            {[](AoCore *core) {
+                 core->matchUnit(12)->enabled = true;
+                 core->matchUnit(12)->triggerPort = core->getTrigger(7);
+             },
+             "Core 5: Trigger port 7 for M12 is not available"},
+            {[](AoCore *core) { core->matchUnit(3)->value = "01"; },
+             "Core 5: Length of M3 is not equal to trigger port 2"},
+            {[](AoCore *core) { core->expressions[0] = "M3&&M12"; },
+             "Core 5: M12 in expression \"M3&&M12\" is not enable"},
+            {[](AoCore *core) { core->expressions[0] = "M1||!M1"; },
+             "Core 5: M1 in expression \"M1||!M1\" is not enable\n"
+             "Core 5: M1 in expression \"M1||!M1\" is not enable"},
+            {[](AoCore *core) { core->expressions << "M03%1 99%2"; },
+             "Core 5: M1 in expression \"M03%1 99%2\" is not enable\n"
+             "Core 5: M99 in expression \"M03%1 99%2\" is not enable\n"
+             "Core 5: M2 in expression \"M03%1 99%2\" is not enable"},
+            {[](AoCore *core) { core->expressions << "M99999999999"; }, ""},
+            {[](AoCore *core) { core->sampleClock = "top/none"; },
+             "Core 5: The specified sample clock does not exist"},
+            {[](AoCore *core) { core->sampleClock = "top/a[1]"; }, ""}, // a bit, unlike a whole bus
+            {[](AoCore *core) { core->sampleClock = "top/a[1:0]"; },
+             "Core 5: The specified sample clock does not exist"},
+            {[](AoCore *core) { core->enabledCaptureSignals[0].capEnable = false; },
+             "Core 5: No capture signals specified"},
+        };
+        for (const auto &row : rows) {
+            AoCore core(5);
+            fill(&core);
+            row.change(&core);
+            QString found = "old";
+            const bool ok = checkStandardCores({&core}, m_netlist.get(), &found);
+            QCOMPARE(found, QString(row.errors));
+            QCOMPARE(ok, found.isEmpty());
+            QCOMPARE(checkStandardCores({&core}, m_netlist.get(), nullptr), ok);
+        }
     }
 
     void coresInOrder()

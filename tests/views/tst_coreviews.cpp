@@ -11,11 +11,9 @@ private Q_SLOTS:
     void standardList();
     void removingCores();
     void numbersOfTheFile();
-    void dyingEditor_data();
     void dyingEditor();
-    void standardChangeBanner();
     void liteCoresAreFixed();
-    void liteChangeBanner();
+    void changeBanner();
 
 private:
     QScopedPointer<Workspace> m_work;
@@ -128,34 +126,20 @@ void CoreViewsTest::numbersOfTheFile()
     QVERIFY(configText(file).first().startsWith("core 0 "));
 }
 
-void CoreViewsTest::dyingEditor_data()
-{
-    QTest::addColumn<int>("cores");
-    QTest::addColumn<QString>("entry");
-    QTest::newRow("limit") << 16 << "Add";
-    QTest::newRow("question") << 2 << "Remove";
-    QTest::newRow("only one") << 1 << "Remove";
-}
-
 void CoreViewsTest::dyingEditor()
 {
-    QFETCH(int, cores);
-    QFETCH(QString, entry);
-    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", cores));
-    ModalDriver driver;
-    driver.then([&shown](QDialog *) { delete shown.container; });
-    shown.useMenu(0, entry);
-    QVERIFY(!shown.view && driver.done());
-}
-
-void CoreViewsTest::standardChangeBanner()
-{
-    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 1));
-    QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
-    QVERIFY(banner && banner->isHidden());
-    banner->show();
-    shown.find<QPushButton>("okBtn")->click();
-    QVERIFY(banner->isHidden());
+    const struct
+    {
+        int cores;
+        const char *entry;
+    } boxes[] = {{16, "Add"}, {2, "Remove"}, {1, "Remove"}};
+    for (const auto &box : boxes) {
+        const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", box.cores));
+        ModalDriver driver;
+        driver.then([&shown](QDialog *) { delete shown.container; });
+        shown.useMenu(0, box.entry);
+        QVERIFY(!shown.view && driver.done());
+    }
 }
 
 void CoreViewsTest::liteCoresAreFixed()
@@ -176,16 +160,30 @@ void CoreViewsTest::liteCoresAreFixed()
     QCOMPARE(modified.size(), 0);
 }
 
-void CoreViewsTest::liteChangeBanner()
+// A Lite editor makes it when it is first called for, a Standard one has it from the start.
+void CoreViewsTest::changeBanner()
 {
-    const Shown shown(JEX::LiteMode, m_work->writeLite("a.zub", 1));
-    QVERIFY(!shown.find<QWidget>("RTLJEX__ChangedBanner"));
-    for (int i = 0; i < 2; ++i) {
-        QVERIFY(shown.call("showChangedBanner"));
-        QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
-        QVERIFY(shown.find<QWidget>("RTLJEX__ChangedBanner")->isVisible());
-        shown.find<QPushButton>("okBtn")->click();
-        QVERIFY(!shown.find<QWidget>("RTLJEX__ChangedBanner")->isVisible());
+    for (JEX::JexMode mode : {JEX::StandardMode, JEX::LiteMode}) {
+        const Shown shown(mode, m_work->writeConfig(mode, "a.zub", 1));
+        for (int i = 0; i < 2; ++i) {
+            QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+            QCOMPARE(banner != nullptr, shown.standard || i > 0);
+            QVERIFY(!banner || !banner->isVisible());
+            if (shown.standard)
+                banner->show();
+            else
+                QVERIFY(shown.call("showChangedBanner"));
+            QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
+            banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+            QVERIFY(banner->isVisible());
+            QCOMPARE(banner->findChild<QLabel *>("warningText")->text(),
+                     QString("Netlist File has been changed."));
+            QVERIFY2(!banner->findChild<QLabel *>("warningIcon")->pixmap()->isNull(), "no icon");
+            QPushButton *ok = banner->findChild<QPushButton *>("okBtn");
+            QCOMPARE(ok->text() + QString::number(ok->maximumWidth()), QString("OK32"));
+            ok->click();
+            QVERIFY(!banner->isVisible());
+        }
     }
 }
 

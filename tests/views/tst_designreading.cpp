@@ -15,24 +15,18 @@ namespace {
 
 struct ToldEvent : QUtil::IEvent
 {
-    QString name;
-    QMap<QString, QVariant> values;
+    ToldEvent(const char *name, const QVariantMap &values) : m_name(name), m_values(values) {}
+    QString topic() const override { return m_name; }
+    QMap<QString, QVariant> data() const override { return m_values; }
 
-    QString topic() const override { return name; }
-    QMap<QString, QVariant> data() const override { return values; }
+    const QString m_name;
+    const QVariantMap m_values;
 };
 
-// "file=/p/a.v type=2 enable=1"
-QMap<QString, QVariant> valuesFromText(const QString &text)
+DesignReaction reaction(const char *topic, const QVariantMap &data)
 {
-    QMap<QString, QVariant> values;
-    for (const QString &pair : text.split(' ', Qt::SkipEmptyParts)) {
-        const QString value = pair.section('=', 1);
-        bool number = false;
-        value.toInt(&number);
-        values[pair.section('=', 0, 0)] = number ? QVariant(value.toInt()) : QVariant(value);
-    }
-    return values;
+    const ToldEvent event(topic, data);
+    return designReaction(&event);
 }
 
 QString shown(const DesignFault &fault)
@@ -49,43 +43,31 @@ class DesignReadingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void modules_data();
     void modules();
     void netlist();
-    void events_data();
     void events();
     void includePaths();
 };
 
-void DesignReadingTest::modules_data()
-{
-    QTest::addColumn<QString>("top");
-    QTest::addColumn<QStringList>("topModules");
-    QTest::addColumn<QStringList>("modules");
-    QTest::addColumn<QStringList>("messages");
-    QTest::addColumn<QString>("expected");
-
-    // What real designs give is tested with the editors; here is what they hardly do.
-    const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
-    QTest::newRow("harmless messages") << "a" << one << two << harmless << "";
-    QTest::newRow("errors come first") << "" << none << none << QStringList({"WARNING: x", "ERROR: a.v:1: y"})
-                                       << "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y";
-    QTest::newRow("odd name") << "a%1\"b" << one << none << none
-                              << "Invalid Top Module | No module named \"a%1\"b\", please reset top module.";
-    QTest::newRow("no top, none named")
-        << "" << none << two << none << "Multiple Top Module | Multiple top, please set top module.";
-    QTest::newRow("several tops, one named")
-        << "a" << two << two << none << "Design files contain some errors | Get no module from design.";
-}
-
+// What real designs give is tested with the editors; here is what they hardly do.
 void DesignReadingTest::modules()
 {
-    QFETCH(QString, top);
-    QFETCH(QStringList, topModules);
-    QFETCH(QStringList, modules);
-    QFETCH(QStringList, messages);
-    const ModuleFindings found = {top, topModules, modules, messages};
-    QTEST(shown(judgeModules(found)), "expected");
+    const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
+    const struct
+    {
+        ModuleFindings found;
+        const char *expected;
+    } rows[] = {
+        {{"a", one, two, harmless}, ""},
+        {{"", none, none, {"WARNING: x", "ERROR: a.v:1: y"}},
+         "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
+        {{"a%1\"b", one, none, none},
+         "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
+        {{"", none, two, none}, "Multiple Top Module | Multiple top, please set top module."},
+        {{"a", two, two, none}, "Design files contain some errors | Get no module from design."},
+    };
+    for (const auto &row : rows)
+        QCOMPARE(shown(judgeModules(row.found)), QString(row.expected));
 }
 
 void DesignReadingTest::netlist()
@@ -101,56 +83,34 @@ void DesignReadingTest::netlist()
              QString("Error | TS_JTAG used in design conflicts with ZUB."));
 }
 
-void DesignReadingTest::events_data()
-{
-    QTest::addColumn<QString>("topic");
-    QTest::addColumn<QString>("data");
-    QTest::addColumn<int>("expected");
-
-    const int no = NoReaction, files = DesignFilesChanged, top = TopModuleChanged;
-    const auto row = [](const char *topic, const char *data, int expected) {
-        QTest::newRow(QByteArray(topic) + " " + data) << topic << data << expected;
-    };
-    for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
-        row(topic, "file=/p/a.v", files);
-        row(topic, "file=/p/b.sv", files);
-        row(topic, "file=/p/c.vhd", files);
-        row(topic, "file=/p/off.v", no);
-        row(topic, "file=/p/x.zub", no);
-        row(topic, "file=/p/unknown.v", no);
-    }
-    for (int type = 1; type <= 5; ++type) {
-        const bool design = type >= 2 && type <= 4;
-        const QByteArray typeText = "type=" + QByteArray::number(type);
-        row("TE.File.Remove", (typeText + " enable=1").constData(), design ? files : no);
-        row("TE.File.Remove", (typeText + " enable=0").constData(), no);
-        row("TE.File.Change.Enable", (typeText + " enable=0").constData(), design ? files : no);
-        row("TE.File.Change.Type", (typeText + " previous=1").constData(), design ? files : no);
-        row("TE.File.Change.Type", ("previous=" + QByteArray::number(type) + " type=0").constData(),
-            design ? files : no);
-    }
-    row("TE.Option.Change", "option=IncludePath", files);
-    row("TE.Option.Change", "option=Verilog_Standard", files);
-    row("TE.Option.Change", "option=TopModule", top);
-    row("TE.Option.Change", "option=Synthesize_tool", no);
-    row("TE.Device.Change", "type=2 file=/p/a.v option=TopModule", no);
-}
-
 void DesignReadingTest::events()
 {
-    QFETCH(QString, topic);
-    QFETCH(QString, data);
     Core::Project project;
     Core::ProjectManager::setCurrentProject(&project);
     for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd", "/p/off.v", "/p/x.zub"})
         project.addFile(path);
     project.setFileEnabled("/p/off.v", false);
-
-    ToldEvent event;
-    event.name = topic;
-    event.values = valuesFromText(data);
-    QTEST(int(designReaction(&event)), "expected");
+    for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
+        for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd"})
+            QCOMPARE(reaction(topic, {{"file", path}}), DesignFilesChanged);
+        for (const char *path : {"/p/off.v", "/p/x.zub", "/p/unknown.v"})
+            QCOMPARE(reaction(topic, {{"file", path}}), NoReaction);
+    }
     Core::ProjectManager::setCurrentProject(nullptr);
+
+    for (int type = 1; type <= 5; ++type) {
+        const DesignReaction expected = type >= 2 && type <= 4 ? DesignFilesChanged : NoReaction;
+        QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", true}}), expected);
+        QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", false}}), NoReaction);
+        QCOMPARE(reaction("TE.File.Change.Enable", {{"type", type}, {"enable", false}}), expected);
+        QCOMPARE(reaction("TE.File.Change.Type", {{"type", type}, {"previous", 1}}), expected);
+        QCOMPARE(reaction("TE.File.Change.Type", {{"type", 0}, {"previous", type}}), expected);
+    }
+    QCOMPARE(reaction("TE.Option.Change", {{"option", "IncludePath"}}), DesignFilesChanged);
+    QCOMPARE(reaction("TE.Option.Change", {{"option", "Verilog_Standard"}}), DesignFilesChanged);
+    QCOMPARE(reaction("TE.Option.Change", {{"option", "TopModule"}}), TopModuleChanged);
+    QCOMPARE(reaction("TE.Option.Change", {{"option", "Synthesize_tool"}}), NoReaction);
+    QCOMPARE(reaction("TE.Device.Change", {{"type", 2}, {"option", "TopModule"}}), NoReaction);
 }
 
 void DesignReadingTest::includePaths()

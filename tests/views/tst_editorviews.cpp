@@ -35,17 +35,14 @@ private Q_SLOTS:
     void newFile();
     void saving();
     void savingIsRefused();
-    void closing_data();
     void closing();
     void fileBanners();
     void burstAndOwnSave();
     void removedFile();
     void bothBanners();
-    void invalidFileOnReload_data();
     void invalidFileOnReload();
     void designBanner();
     void designReloadFails();
-    void diesWhileAsking_data();
     void diesWhileAsking();
 
 private:
@@ -223,49 +220,38 @@ void EditorViewsTest::savingIsRefused()
     QCOMPARE(shown.view->windowTitle(), QString("a.zub *"));
 }
 
-void EditorViewsTest::closing_data()
-{
-    QTest::addColumn<bool>("edited");
-    QTest::addColumn<bool>("valid");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("closed");
-    QTest::addColumn<bool>("written");
-
-    const int none = QMessageBox::NoButton, ok = QMessageBox::Ok;
-    QTest::newRow("nothing to save") << false << true << none << true << false;
-    QTest::newRow("ok") << true << true << ok << true << true;
-    QTest::newRow("ok, but wrong") << true << false << ok << false << false;
-    QTest::newRow("discard") << true << true << int(QMessageBox::Discard) << true << false;
-    QTest::newRow("cancel") << true << true << int(QMessageBox::Cancel) << false << false;
-}
-
 void EditorViewsTest::closing()
 {
-    QFETCH(bool, edited);
-    QFETCH(bool, valid);
-    QFETCH(int, answer);
-    QFETCH(bool, written);
+    const QMessageBox::StandardButton none = QMessageBox::NoButton, ok = QMessageBox::Ok;
+    const struct
+    {
+        QMessageBox::StandardButton answer; // none: there is nothing to save
+        bool valid, closed, written;
+    } rows[] = {{none, true, true, false},
+                {ok, true, true, true},
+                {ok, false, false, false},
+                {QMessageBox::Discard, true, true, false},
+                {QMessageBox::Cancel, true, false, false}};
     m_work->project.setOption("Synthesize_tool", "Synplify"); // closing does not ask for it
-    Shown shown(m_mode, config("a.zub"));
-    const QByteArray before = m_work->read("a.zub");
-    if (edited)
-        shown.edit();
-    if (!valid)
-        shown.find<QLineEdit>("editSampleClock")->clear();
-
-    ModalDriver driver;
-    QStringList said;
-    if (edited) {
-        driver.press(static_cast<QMessageBox::StandardButton>(answer));
-        said << "question | Save | Save changes to \"" + shown.view->file() + "\" ? | Cancel Discard OK*";
+    for (const auto &row : rows) {
+        Shown shown(m_mode, config("a.zub"));
+        const QByteArray before = m_work->read("a.zub");
+        ModalDriver driver;
+        QStringList said;
+        if (row.answer != none) {
+            shown.edit();
+            driver.press(row.answer);
+            said << "question | Save | Save changes to \"" + shown.view->file() + "\" ? | Cancel Discard OK*";
+        }
+        if (!row.valid) {
+            shown.find<QLineEdit>("editSampleClock")->clear();
+            driver.press(ok);
+            said << checkFailed();
+        }
+        QCOMPARE(shown.view->close(), row.closed);
+        QCOMPARE(driver.seen, said);
+        QCOMPARE(m_work->read("a.zub") != before, row.written);
     }
-    if (!valid) {
-        driver.press(QMessageBox::Ok);
-        said << checkFailed();
-    }
-    QTEST(shown.view->close(), "closed");
-    QCOMPARE(driver.seen, said);
-    QCOMPARE(m_work->read("a.zub") != before, written);
 }
 
 // Editors and version control replace a file by a rename; each time is reported.
@@ -356,33 +342,28 @@ void EditorViewsTest::bothBanners()
     QCOMPARE(shown.banners(), QStringList({topText, topText}));
 }
 
-void EditorViewsTest::invalidFileOnReload_data()
-{
-    QTest::addColumn<QByteArray>("from");
-    QTest::addColumn<QByteArray>("to");
-
-    QTest::newRow("another mode") << QByteArray("mode=\"") << QByteArray("mode=\"X");
-    QTest::newRow("not well-formed") << QByteArray("</core>") << QByteArray();
-    QTest::newRow("wrong value") << QByteArray("\"rising\"") << QByteArray("\"raising\"");
-}
-
 void EditorViewsTest::invalidFileOnReload()
 {
-    QFETCH(QByteArray, from);
-    QFETCH(QByteArray, to);
-    const QString file = config("a.zub");
-    Shown shown(m_mode, file), other(m_mode, config("other.zub"));
-    m_work->write("a.zub", m_work->read("a.zub").replace(from, to));
-    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-    ModalDriver driver;
-    driver.then([&shown](QDialog *dialog) {
-        QCOMPARE(shown.pages()->count(), 1);
-        dialog->findChild<QPushButton *>()->click();
-    });
-    shown.answer("Reload");
-    QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
-    QTRY_VERIFY(!shown.container);
-    QVERIFY(other.view);
+    const struct
+    {
+        const char *from, *to;
+    } damages[] = {{"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
+    Shown other(m_mode, config("other.zub"));
+    for (const auto &damage : damages) {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file);
+        m_work->write("a.zub", m_work->read("a.zub").replace(damage.from, damage.to));
+        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        ModalDriver driver;
+        driver.then([&shown](QDialog *dialog) {
+            QCOMPARE(shown.pages()->count(), 1);
+            dialog->findChild<QPushButton *>()->click();
+        });
+        shown.answer("Reload");
+        QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
+        QTRY_VERIFY(!shown.container);
+        QVERIFY(other.view);
+    }
 }
 
 void EditorViewsTest::designBanner()
@@ -445,28 +426,22 @@ void EditorViewsTest::designReloadFails()
     QCOMPARE(other.banners(), QStringList(topText));
 }
 
-void EditorViewsTest::diesWhileAsking_data()
-{
-    QTest::addColumn<QByteArray>("action");
-    for (const char *action : {"close", "save", "onRtlReload", "onBannerReload"})
-        QTest::newRow(action) << QByteArray(action);
-}
-
 void EditorViewsTest::diesWhileAsking()
 {
-    QFETCH(QByteArray, action);
-    Shown shown(m_mode, config("a.zub"));
-    shown.find<QLineEdit>("editSampleClock")->clear();
-    m_work->write("design.sv", faultyDesign);
-    m_work->write("a.zub", "damaged");
-    ModalDriver driver;
-    driver.then([&shown](QDialog *) { delete shown.container; });
-    if (action == "save")
-        shown.view->save();
-    else
-        QMetaObject::invokeMethod(shown.view, action);
-    QVERIFY(!shown.view);
-    QVERIFY(driver.done());
+    for (const QByteArray action : {"close", "save", "onRtlReload", "onBannerReload"}) {
+        init();
+        Shown shown(m_mode, config("a.zub"));
+        shown.find<QLineEdit>("editSampleClock")->clear();
+        m_work->write("design.sv", faultyDesign);
+        m_work->write("a.zub", "damaged");
+        ModalDriver driver;
+        driver.then([&shown](QDialog *) { delete shown.container; });
+        if (action == "save")
+            shown.view->save();
+        else
+            QMetaObject::invokeMethod(shown.view, action);
+        QVERIFY2(!shown.view && driver.done(), action);
+    }
 }
 
 QTEST_MAIN(EditorViewsTest)
