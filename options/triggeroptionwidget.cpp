@@ -52,6 +52,7 @@ TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
     updateExpressionType();
     updateBsramNumber();
     updateMatchUnitNumber(core->triggerMode == 0);
+    connectDoubleClicks();
     connect(m_ui->ModeComboBox, SIGNAL(currentIndexChanged(QString)), SLOT(onModeChange(QString)));
     connect(m_ui->ImpleComboBox, SIGNAL(currentIndexChanged(QString)), SLOT(onImpleChange()));
 }
@@ -61,8 +62,6 @@ TriggerOptionWidget::~TriggerOptionWidget() = default;
 void TriggerOptionWidget::setUpPorts()
 {
     setRowStyle(m_ui->treeTrigger, "QTreeWidget::item { height: 20px;}QTreeWidget{ icon-size: 17px; }");
-    connect(m_ui->treeTrigger, SIGNAL(itemDoubleClicked(QTreeWidgetItem *, int)),
-            SLOT(editTrigger(QTreeWidgetItem *, int)));
     QList<QTreeWidgetItem *> rows;
     for (int i = 0; i < m_core->triggerPorts.size(); ++i)
         rows.append(new QTreeWidgetItem(QStringList(tr("Trigger Port %1").arg(i)), PortRow));
@@ -79,7 +78,6 @@ void TriggerOptionWidget::setUpMatchUnits()
     m_ui->tableMu->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_ui->tableMu->setSelectionMode(QAbstractItemView::SingleSelection);
     m_ui->tableMu->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(m_ui->tableMu, SIGNAL(doubleClicked(QModelIndex)), SLOT(editMatchUnit(QModelIndex)));
     connect(m_units, SIGNAL(layoutChanged()), SIGNAL(modified()));
     connect(m_units, SIGNAL(matchChange()), SLOT(onImpleChange()));
 }
@@ -92,8 +90,22 @@ void TriggerOptionWidget::setUpExpressions()
     list->setContextMenuPolicy(Qt::CustomContextMenu);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     connect(list, SIGNAL(customContextMenuRequested(QPoint)), SLOT(showExpListContextMenu(QPoint)));
-    connect(list, SIGNAL(itemDoubleClicked(QListWidgetItem *)), SLOT(editExpression(QListWidgetItem *)));
     list->addItems(m_core->expressions);
+}
+
+// The views are still busy with a click when they report it and would not survive the end of the page under a
+// dialog, so the dialogs are opened from the event loop.
+void TriggerOptionWidget::connectDoubleClicks()
+{
+    qRegisterMetaType<QTreeWidgetItem *>("QTreeWidgetItem*");
+    qRegisterMetaType<QListWidgetItem *>("QListWidgetItem*");
+    qRegisterMetaType<QModelIndex>("QModelIndex");
+    connect(m_ui->treeTrigger, SIGNAL(itemDoubleClicked(QTreeWidgetItem *, int)),
+            SLOT(editTrigger(QTreeWidgetItem *, int)), Qt::QueuedConnection);
+    connect(m_ui->tableMu, SIGNAL(doubleClicked(QModelIndex)), SLOT(editMatchUnit(QModelIndex)),
+            Qt::QueuedConnection);
+    connect(m_ui->listExpression, SIGNAL(itemDoubleClicked(QListWidgetItem *)),
+            SLOT(editExpression(QListWidgetItem *)), Qt::QueuedConnection);
 }
 
 void TriggerOptionWidget::save()

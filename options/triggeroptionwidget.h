@@ -58,6 +58,7 @@ private:
     void setUpPorts();
     void setUpMatchUnits();
     void setUpExpressions();
+    void connectDoubleClicks();
     void updateTriggerTree();
     void updateImplType();
     void updateExpressionType();

@@ -24,49 +24,38 @@ QString nets(int count)
 
 } // namespace
 
-// Where nothing else is said, a test runs over the pages of both editors.
+// Each test runs over the pages of both editors.
 class TestCapturePages : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_devices.none(); }
-    void loadsAndSaves_data() { editors(); }
-    void loadsAndSaves();
-    void implementations_data();
-    void implementations();
-    void sizes_data();
-    void sizes();
-    void inputRegisterFollowsInitialData();
-    void picksClock_data() { editors(); }
-    void picksClock();
-    void addsSignals_data() { editors(); }
-    void addsSignals();
-    void removesRows_data() { editors(); }
-    void removesRows();
-    void rebuildTakesTheStoredList_data() { editors(); }
-    void rebuildTakesTheStoredList();
-    void deviceChange_data() { editors(); }
-    void deviceChange();
-    void dialogOutlivesPage_data() { editors(); }
-    void dialogOutlivesPage();
-    void everyControlReportsAChange_data() { editors(); }
-    void everyControlReportsAChange();
-
-private:
-    void editors()
+    void initTestCase_data()
     {
         QTest::addColumn<bool>("standard");
         QTest::newRow("Standard") << true;
         QTest::newRow("Lite") << false;
     }
+    void init() { m_devices.none(); }
+    void loadsAndSaves();
+    void implementations_data();
+    void implementations();
+    void inputRegisterFollowsInitialData();
+    void picksClock();
+    void addsSignals();
+    void removesRows();
+    void rebuildTakesTheStoredList();
+    void deviceChange();
+    void dialogOutlivesPage();
+    void everyControlReportsAChange();
 
+private:
     Devices m_devices;
 };
 
 void TestCapturePages::loadsAndSaves()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     m_devices.use(true);
     CapturePage page(standard, "g:group_0[1:0]=both{s:top/clk,^s:top/rst} s:top/u0/ready !s:top/x");
     const QList<JEX::SignalItem> rows = page.stored;
@@ -99,7 +88,7 @@ void TestCapturePages::loadsAndSaves()
 
 void TestCapturePages::implementations_data()
 {
-    QTest::addColumn<bool>("standard");
+    QTest::addColumn<QString>("editors");
     QTest::addColumn<bool>("ssram");
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("bits");
@@ -107,27 +96,28 @@ void TestCapturePages::implementations_data()
     QTest::addColumn<QString>("offered");
     QTest::addColumn<int>("saved");
 
-    for (bool standard : {false, true}) {
-        QTest::newRow("BSRAM") << standard << true << 8 << 1 << 0 << "BSRAM SSRAM REG:BSRAM" << 0;
-        QTest::newRow("SSRAM") << standard << true << 8 << 1 << 2 << "BSRAM SSRAM REG:SSRAM" << 2;
-        QTest::newRow("no SSRAM here") << standard << false << 8 << 1 << 2 << "BSRAM REG:BSRAM" << 0;
-        QTest::newRow("unknown") << standard << true << 512 << 9 << 9 << "BSRAM SSRAM:BSRAM" << 0;
-        QTest::newRow("2^32 bits") << standard << false << 65536 << 65536 << 0 << "BSRAM:BSRAM" << 0;
-    }
-    QTest::newRow("Standard, 512 bits") << true << false << 8 << 63 << 1 << "BSRAM REG:REG" << 1;
-    QTest::newRow("Standard, 520 bits") << true << false << 8 << 64 << 1 << "BSRAM:BSRAM" << 0;
-    QTest::newRow("Lite, 512 bits; registers are not found again")
-        << false << false << 2 << 256 << 1 << "BSRAM REG:BSRAM" << 0;
-    QTest::newRow("Lite, 514 bits") << false << false << 2 << 257 << 1 << "BSRAM:BSRAM" << 0;
+    QTest::newRow("BSRAM") << "both" << true << 8 << 1 << 0 << "BSRAM SSRAM REG:BSRAM" << 0;
+    QTest::newRow("SSRAM") << "both" << true << 8 << 1 << 2 << "BSRAM SSRAM REG:SSRAM" << 2;
+    QTest::newRow("no SSRAM here") << "both" << false << 8 << 1 << 2 << "BSRAM REG:BSRAM" << 0;
+    QTest::newRow("unknown") << "both" << true << 512 << 9 << 9 << "BSRAM SSRAM:BSRAM" << 0;
+    QTest::newRow("2^32 bits") << "both" << false << 65536 << 65536 << 0 << "BSRAM:BSRAM" << 0;
+    QTest::newRow("512 bits") << "Standard" << false << 8 << 63 << 1 << "BSRAM REG:REG" << 1;
+    QTest::newRow("520 bits") << "Standard" << false << 8 << 64 << 1 << "BSRAM:BSRAM" << 0;
+    // Registers are not found again.
+    QTest::newRow("512 bits") << "Lite" << false << 2 << 256 << 1 << "BSRAM REG:BSRAM" << 0;
+    QTest::newRow("514 bits") << "Lite" << false << 2 << 257 << 1 << "BSRAM:BSRAM" << 0;
 }
 
 void TestCapturePages::implementations()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
+    QFETCH(QString, editors);
     QFETCH(bool, ssram);
     QFETCH(int, size);
     QFETCH(int, bits);
     QFETCH(int, stored);
+    if (editors == (standard ? "Lite" : "Standard"))
+        return;
     m_devices.use(ssram);
     CapturePage page(standard, nets(bits), size);
     page.implementationField = stored;
@@ -137,65 +127,11 @@ void TestCapturePages::implementations()
     QTEST(page.implementationField, "saved");
 }
 
-// A Standard core's sizes depend on each other.
-void TestCapturePages::sizes_data()
-{
-    QTest::addColumn<QString>("steps");
-    QTest::addColumn<QString>("shown");
-
-    QTest::newRow("smallest") << "comboStorageSize=4"
-                              << "1..1:1 | 4:4 | 0..0:0";
-    QTest::newRow("three segments share like four")
-        << "comboStorageSize=65536 comboWindowNum=3"
-        << "1..16384:3 | 4 8 16 32 64 128 256 512 1024 2048 4096 8192 16384:1024 | 0..1020:0";
-    QTest::newRow("segments stay") << "comboWindowNum=5 comboStorageSize=32"
-                                   << "1..8:5 | 4:4 | 0..0:0";
-    QTest::newRow("most segments") << "comboWindowNum=100 comboStorageSize=64"
-                                   << "1..16:16 | 4:4 | 0..0:0";
-    QTest::newRow("amount stays") << "comboCapAmount=8 comboWindowNum=64"
-                                  << "1..256:64 | 4 8 16:8 | 0..4:0";
-    QTest::newRow("largest amount") << "comboWindowNum=64"
-                                    << "1..256:64 | 4 8 16:16 | 0..12:0";
-    QTest::newRow("position follows") << "comboStorageSize=64 spinBoxTrigPos=60 comboCapAmount=16"
-                                      << "1..16:1 | 4 8 16 32 64:16 | 0..12:12";
-    QTest::newRow("nothing fits") << "comboStorageSize=8 comboWindowNum+3"
-                                  << "1..3:3 | : | -4..-4:-4";
-    QTest::newRow("fits again") << "comboStorageSize=8 comboWindowNum+3 comboWindowNum=1"
-                                << "1..3:1 | 4 8:8 | 0..4:0";
-}
-
-void TestCapturePages::sizes()
-{
-    QFETCH(QString, steps);
-    CapturePage page(true);
-    page.open();
-    QSpinBox *position = page.child<QSpinBox>("spinBoxTrigPos");
-    for (const QString &step : steps.split(' ')) {
-        const QStringList parts = step.split(QRegExp("[=+]"));
-        QComboBox *box = page.child<QComboBox>(parts[0].toLatin1());
-        if (step.contains('+')) // what no storage leads to
-            box->addItem(parts[1], parts[1].toInt());
-        if (box)
-            CapturePage::choose(box, parts[1]);
-        else
-            position->setValue(parts[1].toInt());
-    }
-    const QComboBox *segments = page.child<QComboBox>("comboWindowNum");
-    QCOMPARE(segments->maxVisibleItems(), 15);
-    for (int i = 0; i < segments->count(); ++i)
-        QVERIFY(segments->itemText(i) == QString::number(i + 1) && segments->itemData(i) == i + 1);
-    const QString amount = CapturePage::offered(page.child<QComboBox>("comboCapAmount"));
-    QTEST(QString("1..%1:%2 | %3 | %4..%5:%6")
-              .arg(segments->count())
-              .arg(segments->currentText(), amount)
-              .arg(position->minimum())
-              .arg(position->maximum())
-              .arg(position->value()),
-          "shown");
-}
-
 void TestCapturePages::inputRegisterFollowsInitialData()
 {
+    QFETCH_GLOBAL(bool, standard);
+    if (standard)
+        return; // has no such flag
     m_devices.use(true);
     CapturePage page(false, QString(), 2);
     page.open();
@@ -213,7 +149,7 @@ void TestCapturePages::inputRegisterFollowsInitialData()
 
 void TestCapturePages::picksClock()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     CapturePage page(standard);
     page.open();
     const QLineEdit *clock = page.child<QLineEdit>("editSampleClock");
@@ -228,7 +164,7 @@ void TestCapturePages::picksClock()
 
 void TestCapturePages::addsSignals()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     CapturePage page(standard, "s:top/u0/ready !s:top/gone !s:top/rst");
     page.open();
     page.pick("btnAdd", {"top/clk"}, QDialogButtonBox::Cancel);
@@ -251,7 +187,7 @@ void TestCapturePages::addsSignals()
 
 void TestCapturePages::removesRows()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     CapturePage page(standard, "s:top/clk " + QString(data8) + nets(50000));
     page.open();
     QTreeWidgetItem *data = page.tree()->topLevelItem(1);
@@ -279,7 +215,7 @@ void TestCapturePages::removesRows()
 
 void TestCapturePages::rebuildTakesTheStoredList()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     const QString classified = "s:top/u0/ready s:top/clk b:top/gone " + QString(data8) +
                                "g:group_0[1:0]{s:top/rst,top/data[1]} !s:top/rst";
     CapturePage page(standard, QString(classified).replace(QRegExp("[sb]:"), "g:"));
@@ -305,7 +241,7 @@ void TestCapturePages::rebuildTakesTheStoredList()
 
 void TestCapturePages::deviceChange()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     m_devices.use(false);
     CapturePage page(standard, "!s:top/rst s:top/clk " + QString(data8), 32);
     page.open();
@@ -331,7 +267,7 @@ void TestCapturePages::deviceChange()
 
 void TestCapturePages::dialogOutlivesPage()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     for (const char *opener : {"btnAdd", "btnSampleClock"}) {
         CapturePage page(standard);
         page.open();
@@ -343,7 +279,7 @@ void TestCapturePages::dialogOutlivesPage()
 
 void TestCapturePages::everyControlReportsAChange()
 {
-    QFETCH(bool, standard);
+    QFETCH_GLOBAL(bool, standard);
     m_devices.use(true);
     CapturePage page(standard, QString(), 64);
     page.open();
