@@ -48,10 +48,7 @@ class WizardTest : public QObject
 
 private Q_SLOTS:
     void pages();
-    void proposedName();
-    void names_data();
     void names();
-    void runs_data();
     void runs();
     void existingFile();
     void parentDies();
@@ -105,71 +102,48 @@ void WizardTest::pages()
     QCOMPARE(wizard.jexConfigFile(), QString("/some/folder/fpga_project.zub"));
 }
 
-void WizardTest::proposedName()
-{
-    const Workspace work;
-    const JexWizard wizard("/some/folder", nullptr);
-    QCOMPARE(wizard.findChild<QLineEdit *>("fileLineEdit")->text(), work.project.name());
-}
-
-void WizardTest::names_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("entered");
-
-    QTest::newRow("any") << "My file-1 (x)"
-                         << "My file-1 (x)";
-    QTest::newRow("what cannot be typed") << "a~.<>/\\|:\"*?b"
-                                          << "ab";
-    QTest::newRow("nothing") << ""
-                             << "";
-}
-
 void WizardTest::names()
 {
-    QFETCH(QString, typed);
-    QFETCH(QString, entered);
+    const Workspace work;
     JexWizard wizard("/some/folder", nullptr);
     wizard.restart();
     wizard.next();
     QLineEdit *edit = wizard.findChild<QLineEdit *>("fileLineEdit");
-    edit->clear();
-    QTest::keyClicks(edit, typed);
-    QCOMPARE(edit->text(), entered);
-    QCOMPARE(wizard.button(QWizard::NextButton)->isEnabled(), !entered.isEmpty());
-}
-
-void WizardTest::runs_data()
-{
-    QTest::addColumn<QByteArray>("radioButton");
-    QTest::addColumn<bool>("withProject");
-    QTest::addColumn<int>("mode");
-
-    QTest::newRow("standard") << QByteArray("stdRadioButton") << true << int(JEX::StandardMode);
-    QTest::newRow("lite") << QByteArray("liteRadioButton") << true << int(JEX::LiteMode);
-    QTest::newRow("no project") << QByteArray("liteRadioButton") << false << int(JEX::LiteMode);
+    QCOMPARE(edit->text(), work.project.name());
+    const QList<QPair<QString, QString>> typed = {
+        {"My file-1 (x)", "My file-1 (x)"}, {"a~.<>/\\|:\"*?b", "ab"}, {"", ""}};
+    for (const auto &name : typed) {
+        edit->clear();
+        QTest::keyClicks(edit, name.first);
+        QCOMPARE(edit->text(), name.second);
+        QCOMPARE(wizard.button(QWizard::NextButton)->isEnabled(), !name.second.isEmpty());
+    }
 }
 
 void WizardTest::runs()
 {
-    QFETCH(QByteArray, radioButton);
-    QFETCH(bool, withProject);
-    Workspace work;
-    if (!withProject)
-        Core::ProjectManager::setCurrentProject(nullptr);
     JexFileWizardFactory factory;
+    QCOMPARE(factory.id() + " | " + factory.displayName() + " | " + factory.description(),
+             QString("M.Wizard.JEX | RTL JEX Config File | Create a RTL JEX Config File."));
+    Workspace work;
     ModalDriver driver;
-
     driver.then([](QDialog *wizard) { wizard->reject(); });
     factory.runWizard(nullptr, work.dir.path());
     QVERIFY(QDir(work.dir.path()).entryList(QDir::Files).isEmpty());
 
-    driver.then(fill(radioButton, "new"));
-    factory.runWizard(nullptr, work.dir.path());
-    QTEST(int(JEX::jexModeFromJexConfigFile(work.path("new.zub"))), "mode");
-    QCOMPARE(work.project.data().files.size(), withProject ? 1 : 0);
-    if (withProject)
-        QCOMPARE(work.project.data().files.first().path, work.path("new.zub"));
+    const auto create = [&](const char *button, const QString &name) {
+        driver.then(fill(button, name));
+        factory.runWizard(nullptr, work.dir.path());
+        return int(JEX::jexModeFromJexConfigFile(work.path(name + ".zub")));
+    };
+    QCOMPARE(create("stdRadioButton", "standard"), int(JEX::StandardMode));
+    QCOMPARE(create("liteRadioButton", "lite"), int(JEX::LiteMode));
+    Core::ProjectManager::setCurrentProject(nullptr);
+    QCOMPARE(create("liteRadioButton", "alone"), int(JEX::LiteMode));
+    QStringList files;
+    for (const Core::SourceFile &file : work.project.data().files)
+        files << file.path;
+    QCOMPARE(files, QStringList({work.path("standard.zub"), work.path("lite.zub")}));
 }
 
 void WizardTest::existingFile()
@@ -177,23 +151,15 @@ void WizardTest::existingFile()
     Workspace work;
     const QString file = work.writeLite("old.zub", 2);
     const QByteArray before = work.read("old.zub");
-    JexFileWizardFactory factory;
-    const QString question =
-        QString("question | Create File | File %1 already exists.\nDo you want to replace it?"
-                " | Cancel* OK")
-            .arg(file);
-
     ModalDriver driver;
-    driver.then(fill("liteRadioButton", "old"));
-    driver.press(QMessageBox::Cancel);
-    factory.runWizard(nullptr, work.dir.path());
-    QCOMPARE(driver.seen.last(), question);
-    QCOMPARE(work.read("old.zub"), before);
-
-    driver.then(fill("liteRadioButton", "old"));
-    driver.press(QMessageBox::Ok);
-    factory.runWizard(nullptr, work.dir.path());
-    QCOMPARE(driver.seen.last(), question);
+    for (QMessageBox::StandardButton answer : {QMessageBox::Cancel, QMessageBox::Ok}) {
+        driver.then(fill("liteRadioButton", "old"));
+        driver.press(answer);
+        JexFileWizardFactory().runWizard(nullptr, work.dir.path());
+        QCOMPARE(driver.seen.last(), "question | Create File | File " + file +
+                                         " already exists.\nDo you want to replace it? | Cancel* OK");
+        QCOMPARE(work.read("old.zub") == before, answer == QMessageBox::Cancel);
+    }
     QVERIFY(JEX::readJEXConfigFromXml_Lite(file, nullptr, nullptr).isEmpty());
     QVERIFY(JEX::checkJEXLiteFile(file));
 }
