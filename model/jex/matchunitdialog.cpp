@@ -225,15 +225,17 @@ void MatchUnitDialog::onFunctionChange()
     onTextChange();
 }
 
-// Where the user entered nothing yet, or everywhere.
+// Where the user entered nothing yet, or everywhere. A bound that is not asked for is left alone.
 void MatchUnitDialog::fillFields(bool all)
 {
+    const int function = m_ui->comboFunction->currentIndex();
     for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
-        if (all || isNeutral(cleanDigits(field->text()))) {
-            const QString neutral =
-                neutralBits(m_ui->comboFunction->currentIndex(), m_width, field == m_ui->editUpper);
-            field->setText(isHex() ? hexFromBits(neutral) : neutral);
+        const bool isUpper = field == m_ui->editUpper;
+        if ((isUpper && function != MatchInRange) || !(all || isNeutral(cleanDigits(field->text())))) {
+            continue;
         }
+        const QString neutral = neutralBits(function, m_width, isUpper);
+        field->setText(isHex() ? hexFromBits(neutral) : neutral);
     }
 }
 

@@ -1,4 +1,5 @@
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QVariant>
 #include <QtTest>
@@ -66,6 +67,9 @@ const char standardFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
     </core>
 </jexconfig>
 )";
+
+const char core1[] = "<core number=\"1\"";
+const char m0[] = "<expression text=\"M0\"/>";
 
 } // namespace
 
@@ -142,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(QVariant::fromValue(item).value<SignalItem>(), item);
     }
 
-    void emptyFiles()
+    void emptyFilesAndNone()
     {
         fillInfoForEmptyJexConfig(m_path, LiteMode);
         QVERIFY(checkJEXLiteFile(m_path));
@@ -153,6 +157,10 @@ private Q_SLOTS:
         const QByteArray before = contents(m_path);
         fillInfoForEmptyJexConfig(m_path, InvalidMode);
         QCOMPARE(contents(m_path), before);
+        QString error;
+        QVERIFY(readJEXConfigFromXml_Lite("/none.zub", nullptr, &error).isEmpty());
+        QCOMPARE(error, QString("The file \"/none.zub\" cannot be read: No such file or directory."));
+        QCOMPARE(jexModeFromJexConfigFile("/none.zub"), InvalidMode);
     }
 
     // Whatever a file holds, writing it back must not make it unreadable.
@@ -171,128 +179,78 @@ private Q_SLOTS:
         qDeleteAll(read);
     }
 
+    // What is said of a file, the part of the first or second one above that makes it so, and what stands
+    // there.
     void faults_data()
     {
         QTest::addColumn<QByteArray>("old");
         QTest::addColumn<QByteArray>("fresh");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<bool>("wellFormed");
-        const auto row = [](const char *name, const char *old, const char *fresh, const char *message,
-                            bool wellFormed = true) {
-            QTest::newRow(name) << QByteArray(old) << QByteArray(fresh) << QString(message) << wellFormed;
+        const auto row = [](const char *message, const QByteArray &old, const QByteArray &fresh) {
+            QTest::newRow(message) << old << fresh;
         };
-        const char *core1 = "<core number=\"1\"";
-        row("cut off", "</jexconfig>\n", "",
-            "Line 22 of the file %: this is no well-formed XML: Premature end of document.", false);
-        row("wrong tag", "</signals>", "</signal>",
-            "Line 14 of the file %: this is no well-formed XML: Opening and ending tag mismatch.", false);
-        row("other file", "jexconfig", "project",
-            "The file % is no JEX configuration: its outermost element is <project>.", false);
-        row("newer", "version=\"1\" mode", "version=\"2\" mode",
-            "The file % has the format version \"2\"; this editor reads version 1.");
-        row("no mode", " mode=\"Lite\"", "", "The file % has the mode \"\"; it must be Standard or Lite.",
-            false);
-        row("other mode", "mode=\"Lite\"", "mode=\"Standard\"",
-            "The file % is a Standard configuration, not a Lite one.", false);
-        row("unknown attribute", core1, "<core colour=\"1\" number=\"1\"",
-            "Line 16 of the file %: <core> has an attribute \"colour\" that is not known.");
-        row("unknown root attribute", "mode=", "date=\"now\" mode=",
-            "Line 2 of the file %: <jexconfig> has an attribute \"date\" that is not known.");
-        row("unknown element", "<enabled>", "<port number=\"0\"/><enabled>",
-            "Line 18 of the file %: <port> is not expected here.");
-        row("text", "<enabled>", "zzz<enabled>",
-            "Line 18 of the file %: there is text between the elements: \"zzz\".");
-        row("DTD", "<jexconfig", "<!DOCTYPE jexconfig [<!ENTITY a \"b\">]>\n<jexconfig",
-            "Line 2 of the file %: a configuration holds no document type declaration.", false);
-        row("word", "edge=\"falling\"", "edge=\"up\"",
-            "Line 3 of the file %: \"edge\" of <core> is \"up\"; it must be one of rising, falling.");
-        row("number", "captureAmount=\"64\"", "captureAmount=\"100\"",
-            "Line 3 of the file %: \"captureAmount\" of <core> is \"100\"; it must be a power of two from 2 "
-            "to "
-            "65536.");
-        row("huge number", core1, "<core number=\"99999999999\"",
-            "Line 16 of the file %: \"number\" of <core> is \"99999999999\"; it must be a number from 0 to "
-            "15.");
-        row("no number", core1, "<core", "Line 16 of the file %: <core> has no \"number\".");
-        row("same number", core1, "<core number=\"0\"",
-            "Line 16 of the file %: there is a second <core> with the number 0.");
-        row("flag", "aux=\"false\"", "aux=\"0\"",
-            "Line 7 of the file %: \"aux\" of <signal> is \"0\"; it must be true or false.");
-        row("no name", "<signal name=\"top/x\"", "<signal",
-            "Line 19 of the file %: <signal> has no \"name\".");
-        row("two lists", "<enabled>", "<signals/><enabled>",
-            "Line 18 of the file %: the core has a second <signals>.");
-        row("second root", "</jexconfig>\n", "</jexconfig>\n<jexconfig/>",
-            "Line 23 of the file %: this is no well-formed XML: Extra content at end of document.", false);
+        row("22: this is no well-formed XML: Premature end of document.", "</jexconfig>\n", "");
+        row("14: this is no well-formed XML: Opening and ending tag mismatch.", "</signals>", "</signal>");
+        row("23: this is no well-formed XML: Extra content at end of document.", "fig>\n",
+            "fig>\n<jexconfig/>");
+        row(" is no JEX configuration: its outermost element is <project>.", "jexconfig", "project");
+        row(R"( has the format version "2"; this editor reads version 1.)", R"("1" mode)", R"("2" mode)");
+        row(R"( has the mode ""; it must be Standard or Lite.)", R"( mode="Lite")", "");
+        row(" is a Standard configuration, not a Lite one.", "Lite", "Standard");
+        row(R"(16: <core> has an attribute "colour" that is not known.)", core1,
+            R"(<core number="1" colour="")");
+        row(R"(2: <jexconfig> has an attribute "date" that is not known.)", "mode=", R"(date="now" mode=)");
+        row("18: <port> is not expected here.", "<enabled>", R"(<port number="0"/><enabled>)");
+        row(R"(18: there is text between the elements: "zzz".)", "<enabled>", "zzz<enabled>");
+        row("2: a configuration holds no document type declaration.", "<jexconfig",
+            R"(<!DOCTYPE jexconfig [<!ENTITY a "b">]><jexconfig)");
+        row(R"(3: "edge" of <core> is "up"; it must be one of rising, falling.)", "\"falling\"", "\"up\"");
+        row(R"(3: "captureAmount" of <core> is "100"; it must be a power of two from 2 to 65536.)", "\"64\"",
+            "\"100\"");
+        row(R"(16: "number" of <core> is "99999999999"; it must be a number from 0 to 15.)", core1,
+            R"(<core number="99999999999")");
+        row(R"(16: <core> has no "number".)", core1, "<core");
+        row("16: there is a second <core> with the number 0.", core1, R"(<core number="0")");
+        row(R"(7: "aux" of <signal> is "0"; it must be true or false.)", R"(aux="false")", R"(aux="0")");
+        row(R"(19: <signal> has no "name".)", R"(<signal name="top/x")", "<signal");
+        row("18: the core has a second <signals>.", "<enabled>", "<signals/><enabled>");
+        row("19: signals are nested more than 8 deep.", R"(<signal name="top/x" type="net"/>)",
+            QByteArray(R"(<signal name="a">)").repeated(100000));
+        QByteArray cores;
+        for (int i = 1; i < 16; ++i)
+            cores += "<core number=\"" + QByteArray::number(i) + "\"/>";
+        row("16: there are more than 16 cores.", core1, cores + core1);
+
+        row(R"(12: "number" of <unit> is "16"; it must be a number from 0 to 15.)", R"(number="15")",
+            R"(number="16")");
+        row("12: there is a second <unit> with the number 0.", R"(number="15")", R"(number="0")");
+        row(R"(11: "function" of <unit> is "near"; it must be one of equal, notEqual, less, greater, inRange.)",
+            "inRange", "near");
+        row(R"(11: "value" of <unit> is "1x"; it must be made of 0, 1, X, R, F, B and N.)", "1X0", "1x");
+        row("14: the core has more than 16 expressions.", m0, QByteArray(m0).repeated(16));
+        row(R"(14: <expression> has no "text".)", m0, "<expression/>");
     }
 
     void faults()
     {
         QFETCH(QByteArray, old);
         QFETCH(QByteArray, fresh);
-        QFETCH(QString, message);
-        QByteArray bytes(liteFile);
-        QVERIFY(bytes.contains(old));
-        put(m_path, bytes.replace(old, fresh));
+        const bool isLite = QByteArray(liteFile).contains(old);
+        put(m_path, QByteArray(isLite ? liteFile : standardFile).replace(old, fresh));
         bool ok = true;
         QString error;
-        QVERIFY(readJEXConfigFromXml_Lite(m_path, &ok, &error).isEmpty());
-        QCOMPARE(error, message.replace('%', '"' + m_path + '"'));
+        QVERIFY(isLite ? readJEXConfigFromXml_Lite(m_path, &ok, &error).isEmpty()
+                       : readJEXConfigFromXml(m_path, &ok, &error).isEmpty());
+        const QString message = QTest::currentDataTag(), line = message.section(':', 0, 0),
+                      file = '"' + m_path + '"';
+        QCOMPARE(error, message[0] == ' '
+                            ? "The file " + file + message
+                            : "Line " + line + " of the file " + file + message.mid(line.size()));
         QVERIFY(!ok);
-        QTEST(checkJEXLiteFile(m_path), "wellFormed");
-    }
-
-    void standardFaults_data()
-    {
-        QTest::addColumn<QByteArray>("old");
-        QTest::addColumn<QByteArray>("fresh");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("unit")
-            << QByteArray("<unit number=\"15\"") << QByteArray("<unit number=\"16\"")
-            << "Line 12 of the file %: \"number\" of <unit> is \"16\"; it must be a number from "
-               "0 to 15.";
-        QTest::newRow("same unit") << QByteArray("<unit number=\"15\"") << QByteArray("<unit number=\"0\"")
-                                   << "Line 12 of the file %: there is a second <unit> with the number 0.";
-        QTest::newRow("function")
-            << QByteArray("inRange") << QByteArray("near")
-            << "Line 11 of the file %: \"function\" of <unit> is \"near\"; it must be one of "
-               "equal, notEqual, less, greater, inRange.";
-        QTest::newRow("17 expressions")
-            << QByteArray("<expression text=\"M0\"/>") << QByteArray("<expression text=\"M0\"/>").repeated(16)
-            << "Line 14 of the file %: the core has more than 16 expressions.";
-        QTest::newRow("no text") << QByteArray("<expression text=\"M0\"/>") << QByteArray("<expression/>")
-                                 << "Line 14 of the file %: <expression> has no \"text\".";
-    }
-
-    void standardFaults()
-    {
-        QFETCH(QByteArray, old);
-        QFETCH(QByteArray, fresh);
-        QFETCH(QString, message);
-        put(m_path, QByteArray(standardFile).replace(old, fresh));
-        QString error;
-        QVERIFY(readJEXConfigFromXml(m_path, nullptr, &error).isEmpty());
-        QCOMPARE(error, message.replace('%', '"' + m_path + '"'));
-    }
-
-    void limits()
-    {
-        QByteArray cores;
-        for (int i = 0; i < 17; ++i) {
-            cores += "<core number=\"" + QByteArray::number(i) + "\"/>";
-        }
-        put(m_path, "<jexconfig version=\"1\" mode=\"Lite\">" + cores + "</jexconfig>");
-        QString error;
-        QVERIFY(readJEXConfigFromXml_Lite(m_path, nullptr, &error).isEmpty());
-        QCOMPARE(error, "Line 1 of the file \"" + m_path + "\": there are more than 16 cores.");
-        put(m_path, "<jexconfig version=\"1\" mode=\"Lite\"><core number=\"0\"><signals>" +
-                        QByteArray("<signal name=\"a\">").repeated(100000));
-        QVERIFY(readJEXConfigFromXml_Lite(m_path, nullptr, &error).isEmpty());
-        QCOMPARE(error, "Line 1 of the file \"" + m_path + "\": signals are nested more than 8 deep.");
-        error.clear();
-        QVERIFY(readJEXConfigFromXml_Lite("/none.zub", nullptr, &error).isEmpty());
-        QCOMPARE(error, QString("The file \"/none.zub\" cannot be read: No such file or directory."));
-        QCOMPARE(jexModeFromJexConfigFile("/none.zub"), InvalidMode);
+        // What a file is and whether it is XML is told without reading its values.
+        const bool isFault = QRegularExpression("XML|mode|outermost|a Standard|type declaration|nested")
+                                 .match(message)
+                                 .hasMatch();
+        QCOMPARE(isLite ? checkJEXLiteFile(m_path) : checkJEXStandardFile(m_path), !isFault);
     }
 
     // What could not be read again is not written, and the old file stays.
