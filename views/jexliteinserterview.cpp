@@ -3,20 +3,18 @@
 #include <QFileSystemWatcher>
 
 #include "views/designevents.h"
-#include "views/designreading.h"
 #include "views/jexliteinserterviewprivate.h"
-#include "views/saving.h"
 
 namespace RTLJEX {
 
 using private_impl::JexLiteInserterViewPrivate;
 
-JexLiteInserterView::JexLiteInserterView(QWidget *parent) : JexInserterView(parent)
+JexLiteInserterView::JexLiteInserterView(QWidget *parent) : EditorView(parent)
 {
     subscribeEvent();
     d.reset(new JexLiteInserterViewPrivate(this));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChanged()));
-    d->modificationCallback = [this](bool modified) { Q_EMIT modificationStatusChanged(modified); };
+    setRecord(d.data());
 }
 
 JexLiteInserterView::~JexLiteInserterView()
@@ -24,39 +22,9 @@ JexLiteInserterView::~JexLiteInserterView()
     unsubscribeEvent();
 }
 
-bool JexLiteInserterView::open(const QString &fileName, const QString &, QString *errorMessage)
-{
-    return d->openFile(fileName, errorMessage);
-}
-
 void JexLiteInserterView::onFileChanged()
 {
     d->noteFileChange();
-}
-
-QString JexLiteInserterView::file() const
-{
-    return d->fileName;
-}
-
-bool JexLiteInserterView::isModified() const
-{
-    return d->modified;
-}
-
-bool JexLiteInserterView::save()
-{
-    return !refusesSynthesisTool(this) && d->save();
-}
-
-void JexLiteInserterView::closeEvent(QCloseEvent *event)
-{
-    d->closing(event);
-}
-
-void JexLiteInserterView::handleIEvent(const QUtil::IEvent *event)
-{
-    d->handleEvent(event);
 }
 
 void JexLiteInserterView::subscribeEvent()
@@ -69,35 +37,9 @@ void JexLiteInserterView::unsubscribeEvent()
     unsubscribeDesignEvents(this);
 }
 
-QUARRY::RtlNetlist *JexLiteInserterView::updateRtlNetlist()
-{
-    return catchDesignNetlist();
-}
-
-void JexLiteInserterView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules,
-                                        QStringList &modules, QStringList &messages)
-{
-    catchDesignModules(info, topModules, modules, messages);
-}
-
-QStringList JexLiteInserterView::includePaths()
-{
-    return projectIncludePaths();
-}
-
 bool JexLiteInserterView::readRtlNetlist()
 {
     return d->readNetlist();
-}
-
-void JexLiteInserterView::designFileChanged()
-{
-    d->askAboutDesignFiles();
-}
-
-void JexLiteInserterView::topModuleChanged()
-{
-    d->askAboutTopModule();
 }
 
 void JexLiteInserterView::onRtlReload()
@@ -113,11 +55,6 @@ void JexLiteInserterView::onReloadCancel()
 void JexLiteInserterView::checkForReload()
 {
     d->askAboutFile();
-}
-
-bool JexLiteInserterView::reloadJexFile()
-{
-    return d->reloadFile();
 }
 
 void JexLiteInserterView::onBannerReload()

@@ -1,17 +1,8 @@
 #pragma once
 
-#include <QMap>
 #include <QScopedPointer>
-#include <QStringList>
-#include <QVariant>
 
-#include "host/eventmanager.h"
-#include "views/jexinserterview.h"
-
-class QCloseEvent;
-namespace QUARRY {
-class RtlNetlist;
-}
+#include "views/editorview.h"
 
 namespace RTLJEX {
 
@@ -19,34 +10,14 @@ namespace private_impl {
 class JexLiteInserterViewPrivate;
 }
 
-// The editor of a Lite configuration file: one page for each of its cores, over one netlist. Opens only
-// with a design that can be parsed. Watches its file and the project's design, and asks in banners
-// before it reads either again.
-class JexLiteInserterView : public JexInserterView, public QUtil::IEventHandler
+// The editor of a Lite configuration file: one page for each of its cores, of which the first is in view.
+class JexLiteInserterView : public EditorView
 {
     Q_OBJECT
 
 public:
     explicit JexLiteInserterView(QWidget *parent);
     ~JexLiteInserterView() override;
-
-    QString file() const override;
-    bool open(const QString &fileName, const QString &extra, QString *errorMessage) override;
-    bool save() override;
-    bool isModified() const override;
-    void handleIEvent(const QUtil::IEvent *event) override;
-
-    QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
-    void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
-                       QStringList &messages);
-    static QStringList includePaths();
-
-    // Both ask whether to read the design again.
-    void designFileChanged();
-    void topModuleChanged();
-
-    // Reads the file again and drops all edits, but keeps the netlist. Nothing changes when it fails.
-    bool reloadJexFile();
 
     void subscribeEvent();
     void unsubscribeEvent();
@@ -61,9 +32,6 @@ public Q_SLOTS:
     bool readRtlNetlist(); // false: the user knows why, and the old netlist stays
     void onRtlReload();
     void onReloadCancel();
-
-protected:
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     QScopedPointer<private_impl::JexLiteInserterViewPrivate> d;

@@ -10,21 +10,19 @@
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
 #include "views/designevents.h"
-#include "views/designreading.h"
 #include "views/jexstandardinserterviewprivate.h"
-#include "views/saving.h"
 
 namespace RTLJEX {
 
 using private_impl::JexStandardInserterViewPrivate;
 
 JexStandardInserterView::JexStandardInserterView(QWidget *parent)
-    : JexInserterView(parent), ui(new Ui::JexStandardInserterView), m_changedBanner(nullptr)
+    : EditorView(parent), ui(new Ui::JexStandardInserterView), m_changedBanner(nullptr)
 {
     ui->setupUi(this);
     d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChange()));
-    d->modificationCallback = [this](bool modified) { Q_EMIT modificationStatusChanged(modified); };
+    setRecord(d.data());
     m_changedBanner = createChangedBanner(this, this);
     ui->verticalLayout->insertWidget(1, m_changedBanner);
     initBannerContainer(ui->bannerContainer);
@@ -37,10 +35,10 @@ JexStandardInserterView::~JexStandardInserterView()
     unsubscribeEvent();
 }
 
-bool JexStandardInserterView::open(const QString &fileName, const QString &, QString *errorMessage)
+bool JexStandardInserterView::open(const QString &fileName, const QString &extra, QString *errorMessage)
 {
     qDebug(" This is open file to Ao");
-    return d->openFile(fileName, errorMessage);
+    return EditorView::open(fileName, extra, errorMessage);
 }
 
 // The cores
@@ -129,31 +127,6 @@ void JexStandardInserterView::onFileChange()
     d->noteFileChange();
 }
 
-QString JexStandardInserterView::file() const
-{
-    return d->fileName;
-}
-
-bool JexStandardInserterView::isModified() const
-{
-    return d->modified;
-}
-
-bool JexStandardInserterView::save()
-{
-    return !refusesSynthesisTool(this) && d->save();
-}
-
-void JexStandardInserterView::closeEvent(QCloseEvent *event)
-{
-    d->closing(event);
-}
-
-void JexStandardInserterView::handleIEvent(const QUtil::IEvent *event)
-{
-    d->handleEvent(event);
-}
-
 void JexStandardInserterView::subscribeEvent()
 {
     subscribeDesignEvents(this);
@@ -164,35 +137,9 @@ void JexStandardInserterView::unsubscribeEvent()
     unsubscribeDesignEvents(this);
 }
 
-QUARRY::RtlNetlist *JexStandardInserterView::updateRtlNetlist()
-{
-    return catchDesignNetlist();
-}
-
-void JexStandardInserterView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules,
-                                            QStringList &modules, QStringList &messages)
-{
-    catchDesignModules(info, topModules, modules, messages);
-}
-
-QStringList JexStandardInserterView::includePaths()
-{
-    return projectIncludePaths();
-}
-
 bool JexStandardInserterView::readRtlNetlist()
 {
     return d->readNetlist();
-}
-
-void JexStandardInserterView::designFileChanged()
-{
-    d->askAboutDesignFiles();
-}
-
-void JexStandardInserterView::topModuleChanged()
-{
-    d->askAboutTopModule();
 }
 
 void JexStandardInserterView::onRtlReload()
@@ -208,11 +155,6 @@ void JexStandardInserterView::onReloadCancel()
 void JexStandardInserterView::checkForReload()
 {
     d->askAboutFile();
-}
-
-bool JexStandardInserterView::reloadJexFile()
-{
-    return d->reloadFile();
 }
 
 void JexStandardInserterView::onBannerReload()

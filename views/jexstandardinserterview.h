@@ -1,19 +1,11 @@
 #pragma once
 
-#include <QMap>
 #include <QModelIndex>
 #include <QScopedPointer>
-#include <QStringList>
-#include <QVariant>
 
-#include "host/eventmanager.h"
-#include "views/jexinserterview.h"
+#include "views/editorview.h"
 
-class QCloseEvent;
 class QPoint;
-namespace QUARRY {
-class RtlNetlist;
-}
 
 namespace RTLJEX {
 
@@ -27,7 +19,7 @@ class JexStandardInserterViewPrivate;
 
 // The editor of a Standard configuration file: a list of its cores, which the user adds to and removes from,
 // beside the page of the one that was clicked. For file and design it is like the Lite editor.
-class JexStandardInserterView : public JexInserterView, public QUtil::IEventHandler
+class JexStandardInserterView : public EditorView
 {
     Q_OBJECT
 
@@ -35,28 +27,12 @@ public:
     explicit JexStandardInserterView(QWidget *parent);
     ~JexStandardInserterView() override;
 
-    QString file() const override;
     bool open(const QString &fileName, const QString &extra, QString *errorMessage) override;
-    bool save() override;
-    bool isModified() const override;
-    void handleIEvent(const QUtil::IEvent *event) override;
-
-    QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
-    void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
-                       QStringList &messages);
-    static QStringList includePaths();
 
     // The pages stand in the stack as their cores do in the list. Adding returns how many there are now.
     int addAoOptionWidget(AoOptionWidget *page);
     void removeAoOptionWidget(AoOptionWidget *page); // deletes nothing
     void changeAoWidget(int index);                  // shows the page of that position, if there is one
-
-    // Both ask whether to read the design again.
-    void designFileChanged();
-    void topModuleChanged();
-
-    // Reads the file again and drops all edits, but keeps the netlist. Nothing changes when it fails.
-    bool reloadJexFile();
 
 public Q_SLOTS:
     void onModified();
@@ -76,15 +52,12 @@ public Q_SLOTS:
     void onRtlReload();
     void onReloadCancel();
 
-protected:
-    void closeEvent(QCloseEvent *event) override;
-
 private:
     QString coreTitle(int index) const;
 
     QScopedPointer<Ui::JexStandardInserterView> ui;
-    QScopedPointer<private_impl::JexStandardInserterViewPrivate>
-        d;                    // takes its pages out of the form at the end
+    // After the form: it takes its pages out of it when it dies.
+    QScopedPointer<private_impl::JexStandardInserterViewPrivate> d;
     QWidget *m_changedBanner; // child
 };
 

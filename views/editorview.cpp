@@ -1,0 +1,80 @@
+#include "views/editorview.h"
+
+#include "views/designreading.h"
+#include "views/editorrecord.h"
+#include "views/saving.h"
+
+namespace RTLJEX {
+
+EditorView::EditorView(QWidget *parent) : JexInserterView(parent), m_record(nullptr)
+{
+}
+
+void EditorView::setRecord(private_impl::EditorRecord *record)
+{
+    m_record = record;
+    record->modificationCallback = [this](bool modified) { Q_EMIT modificationStatusChanged(modified); };
+}
+
+QString EditorView::file() const
+{
+    return m_record->fileName;
+}
+
+bool EditorView::open(const QString &fileName, const QString &, QString *errorMessage)
+{
+    return m_record->openFile(fileName, errorMessage);
+}
+
+bool EditorView::save()
+{
+    return !refusesSynthesisTool(this) && m_record->saveFile();
+}
+
+bool EditorView::isModified() const
+{
+    return m_record->modified;
+}
+
+void EditorView::closeEvent(QCloseEvent *event)
+{
+    m_record->closing(event);
+}
+
+void EditorView::handleIEvent(const QUtil::IEvent *event)
+{
+    m_record->handleEvent(event);
+}
+
+QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
+{
+    return catchDesignNetlist();
+}
+
+void EditorView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+                               QStringList &messages)
+{
+    catchDesignModules(info, topModules, modules, messages);
+}
+
+QStringList EditorView::includePaths()
+{
+    return projectIncludePaths();
+}
+
+void EditorView::designFileChanged()
+{
+    m_record->askAboutDesignFiles();
+}
+
+void EditorView::topModuleChanged()
+{
+    m_record->askAboutTopModule();
+}
+
+bool EditorView::reloadJexFile()
+{
+    return m_record->reloadFile();
+}
+
+} // namespace RTLJEX

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QMap>
+#include <QStringList>
+#include <QVariant>
+
+#include "host/eventmanager.h"
+#include "views/jexinserterview.h"
+
+class QCloseEvent;
+namespace QUARRY {
+class RtlNetlist;
+}
+
+namespace RTLJEX {
+
+namespace private_impl {
+class EditorRecord;
+}
+
+// The operations that editors of both modes have. Watches file and design, and asks in banners before it
+// reads either again. Opens only with a design that can be parsed. The slots are each editor's own, since
+// hosts, forms and banners know them by name.
+class EditorView : public JexInserterView, public QUtil::IEventHandler
+{
+public:
+    QString file() const override;
+    bool open(const QString &fileName, const QString &extra, QString *errorMessage) override;
+    bool save() override;
+    bool isModified() const override;
+    void handleIEvent(const QUtil::IEvent *event) override;
+
+    QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
+    void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+                       QStringList &messages);
+    static QStringList includePaths();
+
+    // Both ask whether to read the design again.
+    void designFileChanged();
+    void topModuleChanged();
+
+    // Reads the file again and drops all edits, but keeps the netlist. Nothing changes when it fails.
+    bool reloadJexFile();
+
+protected:
+    explicit EditorView(QWidget *parent);
+    void closeEvent(QCloseEvent *event) override;
+
+    void setRecord(private_impl::EditorRecord *record); // which the editor owns; calls back into it
+
+private:
+    private_impl::EditorRecord *m_record;
+};
+
+} // namespace RTLJEX
