@@ -86,18 +86,7 @@ private Q_SLOTS:
         QCOMPARE(contents(m_dir.filePath("soc/soc.jexprj")), contents(folder + "soc.jexprj"));
     }
 
-    void configurationKeepsItsBytes()
-    {
-        QString error;
-        const QList<JEX::AOCore_Lite *> cores =
-            JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, &error);
-        QCOMPARE(error, QString());
-        QVERIFY(JEX::writeJEXConfigToXml_Lite(cores, m_dir.filePath("capture.zub")));
-        QCOMPARE(contents(m_dir.filePath("capture.zub")), contents(folder + "capture.zub"));
-        qDeleteAll(cores);
-    }
-
-    void configurationFitsTheDesign()
+    void configurations()
     {
         Core::ProjectManager::setCurrentProject(&m_project);
         const QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
@@ -105,15 +94,28 @@ private Q_SLOTS:
         QStringList messages;
         const std::unique_ptr<QUARRY::RtlNetlist> netlist(
             QUARRY::buildNetlist(QUARRY::designInputFromInfo(info), messages, nullptr));
-        QVERIFY2(netlist, qPrintable(messages.join('\n')));
-        QCOMPARE(messages.join("\n"), QString());
-        const QList<JEX::AOCore_Lite *> cores =
-            JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, nullptr);
+        QCOMPARE(messages.join('\n'), QString());
+        QVERIFY(netlist);
         QString errors;
-        RTLJEX::checkLiteCores(cores, netlist.get(), &errors);
+        const auto lite = JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, &errors);
+        RTLJEX::checkLiteCores(lite, netlist.get(), &errors);
         QCOMPARE(errors, QString());
-        QCOMPARE(strangers(cores.first()->captureSignals, *netlist).join("\n"), QString());
-        qDeleteAll(cores);
+        QCOMPARE(strangers(lite.first()->captureSignals, *netlist).join('\n'), QString());
+        QVERIFY(JEX::writeJEXConfigToXml_Lite(lite, m_dir.filePath("capture.zub")));
+        qDeleteAll(lite);
+        const auto standard = JEX::readJEXConfigFromXml(folder + "trigger.zub", nullptr, &errors);
+        RTLJEX::checkStandardCores(standard, netlist.get(), &errors);
+        QCOMPARE(errors, QString());
+        for (const JEX::AoCore *core : standard) {
+            QList<JEX::SignalItem> items = core->captureSignals;
+            for (const JEX::TriggerPort *port : core->triggerPorts)
+                items += port->signalItems;
+            QCOMPARE(strangers(items, *netlist).join('\n'), QString());
+        }
+        QVERIFY(JEX::writeJEXConfigToXml(standard, m_dir.filePath("trigger.zub")));
+        qDeleteAll(standard);
+        for (const QString name : {"capture.zub", "trigger.zub"})
+            QCOMPARE(contents(m_dir.filePath(name)), contents(folder + name));
     }
 
     // The files of the project are a whole design that works: the bench talks to it over the serial line.
