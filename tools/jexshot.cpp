@@ -20,12 +20,16 @@
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
+#include "model/jex/core.h"
 #include "model/jex/matchunitdialog.h"
 #include "model/quarry/elaboration.h"
 #include "model/quarry/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "plugin/jexviewmanager.h"
 #include "plugin/jexwizard.h"
+#include "trigger/muexpressiondialog.h"
+#include "trigger/triggerportdialog.h"
+#include "trigger/triggersingalselectdialog.h"
 #include "views/messagedlg.h"
 #include "views/reloadbanner.h"
 
@@ -90,6 +94,43 @@ void shootMatchUnit(Camera &camera, QUARRY::RtlNetlist *netlist)
     unit->value = QString(port->width() - 1, 'X') + 'R';
     JEX::MatchUnitDialog dialog(unit, false);
     camera.take(&dialog, "match-unit");
+}
+
+void shootExpression(Camera &camera)
+{
+    MuExpressionDialog dialog;
+    dialog.setType(true);
+    for (const char *button : {"btnM0", "btnAND", "btnLeftBracket", "btnM1", "btnOR", "btnNOT", "btnM9"})
+        dialog.findChild<QPushButton *>(button)->click();
+    camera.take(&dialog, "expression");
+}
+
+// A bus, a bit of it and a single net.
+QList<JEX::SignalItem> portSignals()
+{
+    JEX::SignalItem bus;
+    bus.name = "soc/timer0/count[3:0]";
+    for (int bit = 3; bit >= 0; --bit) {
+        bus.members.append(JEX::SignalItem());
+        bus.members.last().name = QString("soc/timer0/count[%1]").arg(bit);
+    }
+    JEX::SignalItem single;
+    single.name = "soc/uart0/tx_ready";
+    return {bus, bus.members.first(), single};
+}
+
+void shootTriggerPorts(Camera &camera, QUARRY::RtlNetlist *netlist)
+{
+    JEX::AoCore core(0);
+    core.getTrigger(0)->signalItems = portSignals();
+    core.getTrigger(2)->signalItems = portSignals().mid(2);
+    TriggerPortDialog port(core.getTrigger(0), netlist);
+    port.findChild<QTreeWidget *>("treeWidget")->expandAll();
+    camera.take(&port, "trigger-port");
+    TriggerSingalSelectDialog select(core.triggerPorts);
+    for (int box : {0, 2})
+        select.findChildren<QCheckBox *>().at(box)->setChecked(true);
+    camera.take(&select, "add-from-trigger");
 }
 
 void shootWizard(Camera &camera, const QString &directory)
@@ -165,6 +206,8 @@ int main(int argc, char *argv[])
     shootEditors(camera, project);
     shootSearch(camera, netlist.get());
     shootMatchUnit(camera, netlist.get());
+    shootExpression(camera);
+    shootTriggerPorts(camera, netlist.get());
     shootWizard(camera, arguments.at(2));
     shootBanner(camera, ReloadBanner::Changed, "banner-changed");
     shootBanner(camera, ReloadBanner::Removed, "banner-removed");

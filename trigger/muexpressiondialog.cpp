@@ -1,5 +1,6 @@
 #include "trigger/muexpressiondialog.h"
 
+#include <QKeyEvent>
 #include <QSignalMapper>
 
 #include "host/modal.h"
@@ -87,6 +88,18 @@ void MuExpressionDialog::clearAllClicked()
 {
     m_tokens.clear();
     showTokens();
+}
+
+void MuExpressionDialog::keyPressEvent(QKeyEvent *event)
+{
+    const QString token = event->text();
+    if (event->key() == Qt::Key_Backspace)
+        backspaceClicked();
+    else if (priority(token) > 0 || token == QLatin1String(LEFT_BRACKET) ||
+             token == QLatin1String(RIGHT_BRACKET))
+        expBtnClicked(token);
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void MuExpressionDialog::showTokens()

@@ -32,6 +32,10 @@ public Q_SLOTS:
     void clearAllClicked();
     void accept() override;
 
+protected:
+    // Operators, brackets and Backspace also come from the keyboard.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void mapTokens();
     void showTokens();

@@ -8,6 +8,20 @@
 
 #include "tests/support/modaldriver.h"
 
+// Clicks the rows with those texts, with Ctrl from the second on.
+inline void clickRows(QTreeWidget *tree, const QStringList &texts)
+{
+    Qt::KeyboardModifiers keys = Qt::NoModifier;
+    for (const QString &text : texts) {
+        const auto hits = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+        QVERIFY2(hits.size() == 1, qPrintable(text));
+        tree->scrollToItem(hits.first());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, keys,
+                          tree->visualItemRect(hits.first()).center());
+        keys = Qt::ControlModifier;
+    }
+}
+
 // What a user does in the search dialog: types, presses Return, clicks the rows with those texts and leaves
 // with OK or Cancel.
 inline ModalDriver::Step pickNets(const QString &search, const QStringList &names,
@@ -19,15 +33,7 @@ inline ModalDriver::Step pickNets(const QString &search, const QStringList &name
         QTest::keyClick(name, Qt::Key_Return);
         QTreeWidget *result = dialog->findChild<QTreeWidget *>("treeWidget");
         result->expandAll();
-        Qt::KeyboardModifiers keys = Qt::NoModifier;
-        for (const QString &text : names) {
-            const auto hits = result->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-            QVERIFY2(hits.size() == 1, qPrintable(text));
-            result->scrollToItem(hits.first());
-            QTest::mouseClick(result->viewport(), Qt::LeftButton, keys,
-                              result->visualItemRect(hits.first()).center());
-            keys = Qt::ControlModifier;
-        }
+        clickRows(result, names);
         QTest::mouseClick(dialog->findChild<QDialogButtonBox *>("buttonBox")->button(leave), Qt::LeftButton);
     };
 }
