@@ -25,7 +25,6 @@ private Q_SLOTS:
     void cleanup();
     void cleanupTestCase();
     void opensOneViewPerFile();
-    void refusals_data();
     void refusals();
     void openingTwiceAtOnce();
     void saveFollowsTheActiveView();
@@ -116,34 +115,31 @@ void JexViewManagerTest::opensOneViewPerFile()
     QCOMPARE(views(), QString("b.zub, A.zub *"));
 }
 
-void JexViewManagerTest::refusals_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("said");
-
-    QTest::newRow("no such file") << QByteArray() << "Can not open %1:\nInvalid JEX file.";
-    QTest::newRow("another file") << QByteArray("text\n") << "Can not open %1:\nInvalid JEX file.";
-    QTest::newRow("damaged Lite file") << QByteArray("lite") << "%1 open file failed.";
-    QTest::newRow("damaged Standard file") << QByteArray("standard") << "%1 open file failed.";
-}
-
 void JexViewManagerTest::refusals()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(QString, said);
+    const QString invalid = "Can not open %1:\nInvalid JEX file.", damaged = "%1 open file failed.";
+    const struct
+    {
+        JEX::JexMode mode; // invalid: no configuration at all
+        const char *extra;
+        QString said;
+    } rows[] = {{JEX::InvalidMode, "", invalid},
+                {JEX::InvalidMode, "text\n", invalid},
+                {JEX::StandardMode, "<", damaged},
+                {JEX::LiteMode, "<", damaged}};
     const QString file = m_work->path("<b>%1.zub");
-    if (content == "standard" || content == "lite") {
-        JEX::fillInfoForEmptyJexConfig(file, content == "lite" ? JEX::LiteMode : JEX::StandardMode);
-        m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + "<");
-    } else if (!content.isEmpty()) {
-        m_work->write("<b>%1.zub", content);
+    for (const auto &row : rows) {
+        if (row.mode != JEX::InvalidMode)
+            JEX::fillInfoForEmptyJexConfig(file, row.mode);
+        if (*row.extra)
+            m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + row.extra);
+        ModalDriver driver;
+        driver.press(QMessageBox::Ok);
+        QVERIFY(!open(file));
+        QCOMPARE(driver.seen.join("\n"),
+                 "critical | Error | " + QString(row.said).replace("%1", file) + " | OK");
+        QVERIFY(views().isEmpty() && Core::ViewManager::instance()->views().isEmpty());
     }
-    ModalDriver driver;
-    driver.press(QMessageBox::Ok);
-    QVERIFY(!open(file));
-    QCOMPARE(driver.seen.join("\n"), "critical | Error | " + QString(said).replace("%1", file) + " | OK");
-    QCOMPARE(views(), QString());
-    QVERIFY(Core::ViewManager::instance()->views().isEmpty());
 }
 
 void JexViewManagerTest::openingTwiceAtOnce()
