@@ -146,7 +146,7 @@ private Q_SLOTS:
     void sameNames_data()
     {
         QTest::addColumn<QStringList>("files");
-        for (const QString &file : QDir(TEST_DESIGNS).entryList(QDir::Files))
+        for (const QString &file : QDir(TEST_DESIGNS).entryList({"*.v", "types.sv"}))
             QTest::newRow(qPrintable(file)) << QStringList(TEST_DESIGNS "/" + file);
         for (unsigned seed : {1, 2, 3}) {
             const QString name = QString("generated%1.v").arg(seed);
@@ -188,8 +188,8 @@ private Q_SLOTS:
         const QSet<QString> shown(ours.all.begin(), ours.all.end());
         QVERIFY2(ours.all.size() >= 5, "too few names to tell anything");
         QCOMPARE(ours.all.size(), shown.size()); // none twice
-        QCOMPARE((known - shown).values(), QStringList());
-        QCOMPARE((shown - known - ours.mayBeUnknown).values(), QStringList());
+        QCOMPARE(QStringList((known - shown).values()).join('\n'), QString());
+        QCOMPARE(QStringList((shown - known - ours.mayBeUnknown).values()).join('\n'), QString());
     }
 
 private:

@@ -28,3 +28,8 @@ module top (input clk, input [31:8] address, input [0:0] one, output [0:7] up, o
     shifter #(.LOW(5)) second (.clk(clk), .d(c), .q(b));
     shifter #(8, 1) third (clk, address[31:24], up);
 endmodule
+
+//= top:top clk never_used address[31:8] one[0:0] up[0:7] five[5:5] a[3:0] b[3:0] c[8:5] count[31:0] wide[63:0]
+//= top/first:shifter clk parity d[3:0] q[0:3] stage[3:0] fixed[7:-8]
+//= top/second:shifter clk parity d[8:5] q[5:8] stage[8:5] fixed[7:-8]
+//= top/third:shifter clk parity d[8:1] q[1:8] stage[8:1] fixed[7:-8]

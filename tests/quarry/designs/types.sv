@@ -30,3 +30,7 @@ module top (input logic clk, input logic [10:0] raw, output logic [10:0] q);
   assign beat = raw;
   holder h (.clk, .in(beat), .out(q));
 endmodule
+
+//= top:top clk raw[10:0] q[10:0] beat[10:0]
+//= top/h:holder clk flag two_valued in[10:0] out[10:0] state[1:0] both[7:0] offset[4:2] whole_word[31:0]
+//=   local_[3:0] octet[7:0] half[15:0] word[31:0] twice[63:0]
