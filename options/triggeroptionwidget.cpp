@@ -1,9 +1,8 @@
 #include "options/triggeroptionwidget.h"
 
 #include <QHeaderView>
-#include <QMenu>
-#include <QMouseEvent>
 #include <QPointer>
+#include <QShortcut>
 
 #include "host/modal.h"
 #include "model/jex/core.h"
@@ -14,7 +13,6 @@
 #include "options/triggermath.h"
 #include "signals/signalrows.h"
 #include "signals/signaltreesetup.h"
-#include "trigger/muexpressiondialog.h"
 #include "trigger/triggerportdialog.h"
 #include "ui_triggeroptionwidget.h"
 
@@ -27,11 +25,6 @@ const int staticMode = 1; // in the core and in the box
 QList<JEX::MatchUnit *> offeredUnits(const JEX::AoCore *core, bool all)
 {
     return all ? core->matchUnits : core->matchUnits.mid(0, StaticUnitCount);
-}
-
-bool isValid(const QListWidgetItem *expression)
-{
-    return expression->foreground().color() != QColor(Qt::gray);
 }
 
 } // namespace
@@ -53,6 +46,7 @@ TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
     updateBsramNumber();
     updateMatchUnitNumber(core->triggerMode == 0);
     connectDoubleClicks();
+    connectKeys();
     connect(m_ui->ModeComboBox, SIGNAL(currentIndexChanged(QString)), SLOT(onModeChange(QString)));
     connect(m_ui->ImpleComboBox, SIGNAL(currentIndexChanged(QString)), SLOT(onImpleChange()));
 }
@@ -82,17 +76,6 @@ void TriggerOptionWidget::setUpMatchUnits()
     connect(m_units, SIGNAL(matchChange()), SLOT(onImpleChange()));
 }
 
-void TriggerOptionWidget::setUpExpressions()
-{
-    QListWidget *list = m_ui->listExpression;
-    setRowStyle(list, "QListWidget::item { height: 24px}");
-    list->viewport()->installEventFilter(this);
-    list->setContextMenuPolicy(Qt::CustomContextMenu);
-    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    connect(list, SIGNAL(customContextMenuRequested(QPoint)), SLOT(showExpListContextMenu(QPoint)));
-    list->addItems(m_core->expressions);
-}
-
 // The views are still busy with a click when they report it and would not survive the end of the page under a
 // dialog, so the dialogs are opened from the event loop.
 void TriggerOptionWidget::connectDoubleClicks()
@@ -106,6 +89,29 @@ void TriggerOptionWidget::connectDoubleClicks()
             Qt::QueuedConnection);
     connect(m_ui->listExpression, SIGNAL(itemDoubleClicked(QListWidgetItem *)),
             SLOT(editExpression(QListWidgetItem *)), Qt::QueuedConnection);
+}
+
+// What the mouse can do. Each key belongs to its view alone.
+void TriggerOptionWidget::connectKeys()
+{
+    QWidget *const views[] = {m_ui->treeTrigger, m_ui->tableMu, m_ui->listExpression};
+    for (QWidget *view : views) {
+        const QShortcut *key = new QShortcut(Qt::Key_Return, view, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(key, SIGNAL(activated()), SLOT(editCurrent()), Qt::QueuedConnection);
+    }
+    const QShortcut *key =
+        new QShortcut(QKeySequence::Delete, m_ui->listExpression, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(key, SIGNAL(activated()), SLOT(removeExpressions()));
+}
+
+void TriggerOptionWidget::editCurrent()
+{
+    if (m_ui->treeTrigger->hasFocus())
+        editTrigger(m_ui->treeTrigger->currentItem(), 0);
+    else if (m_ui->tableMu->hasFocus())
+        editMatchUnit(m_ui->tableMu->currentIndex());
+    else if (m_ui->listExpression->currentItem())
+        editExpression(m_ui->listExpression->currentItem());
 }
 
 void TriggerOptionWidget::save()
@@ -130,17 +136,6 @@ void TriggerOptionWidget::handleIEvent(const QUtil::IEvent *event)
         return;
     updateBsramNumber();
     updateImplType();
-}
-
-// A double click where no expression is adds one.
-bool TriggerOptionWidget::eventFilter(QObject *object, QEvent *event)
-{
-    if (object != m_ui->listExpression->viewport() || event->type() != QEvent::MouseButtonDblClick ||
-        m_ui->listExpression->itemAt(static_cast<QMouseEvent *>(event)->pos()))
-        return QWidget::eventFilter(object, event);
-    if (addExpression(tr("Error")))
-        updateBsramNumber();
-    return true;
 }
 
 // The row is looked up again after the dialog, which may have changed the tree.
@@ -176,63 +171,9 @@ void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
     if (unit->triggerPort)
         unit->enabled = true;
     m_units->updateRow(row);
+    m_ui->tableMu->resizeColumnsToContents();
     updateBsramNumber();
     Q_EMIT modified();
-}
-
-void TriggerOptionWidget::editExpression(QListWidgetItem *item)
-{
-    const int row = m_ui->listExpression->row(item);
-    const QPointer<QWidget> guard(this);
-    const QString text = askExpression();
-    if (!guard || text.isEmpty())
-        return;
-    m_ui->listExpression->item(row)->setText(text);
-    Q_EMIT modified();
-    updateExpressionCheck();
-    updateBsramNumber();
-}
-
-void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
-{
-    QListWidget *list = m_ui->listExpression;
-    const QPointer<QWidget> guard(this);
-    QUtil::Modal<QMenu> menu(new QMenu(this));
-    const QAction *add = menu->addAction(tr("Add"));
-    QAction *remove = menu->addAction(tr("Remove"));
-    remove->setEnabled(!list->selectedItems().isEmpty());
-    const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
-    if (!guard)
-        return;
-    if (chosen == add) {
-        addExpression(tr("Warning"));
-    } else if (chosen == remove) {
-        qDeleteAll(list->selectedItems());
-        Q_EMIT modified();
-    }
-    if (guard)
-        updateBsramNumber();
-}
-
-QString TriggerOptionWidget::askExpression()
-{
-    return MuExpressionDialog::getExpression(this, isStatic());
-}
-
-// False when there is nothing new, or when the page died under the dialog.
-bool TriggerOptionWidget::addExpression(const QString &limitTitle)
-{
-    const QPointer<QWidget> guard(this);
-    if (m_ui->listExpression->count() >= JEX::ExpressionLimit) {
-        QUtil::messageBox(this, QMessageBox::Warning, limitTitle, tr("Support 16 expressions at most."));
-        return false;
-    }
-    const QString text = askExpression();
-    if (!guard || text.isEmpty())
-        return false;
-    m_ui->listExpression->addItem(text);
-    Q_EMIT modified();
-    return true;
 }
 
 void TriggerOptionWidget::onModeChange(const QString &)
@@ -253,17 +194,9 @@ void TriggerOptionWidget::onImpleChange()
 void TriggerOptionWidget::updateMatchUnitNumber(bool all)
 {
     m_units->setMatcherList(offeredUnits(m_core, all));
+    m_ui->tableMu->resizeColumnsToContents();
     updateExpressionCheck();
     updateBsramNumber();
-}
-
-void TriggerOptionWidget::updateExpressionCheck()
-{
-    for (int i = 0; i < m_ui->listExpression->count(); ++i) {
-        QListWidgetItem *row = m_ui->listExpression->item(i);
-        const bool usable = !isStatic() || isStaticExpression(row->text());
-        row->setForeground(QColor(usable ? Qt::black : Qt::gray));
-    }
 }
 
 void TriggerOptionWidget::updateTriggerTree()
@@ -304,16 +237,6 @@ void TriggerOptionWidget::updateBsramNumber()
     const QString implementation = m_ui->ImpleComboBox->currentText();
     m_ui->UsageValue->setText(triggerUsageText(implementation, deviceAmount(implementation, currentDevice()),
                                                validExpressions().size(), checkedUnits()));
-}
-
-QStringList TriggerOptionWidget::validExpressions() const
-{
-    QStringList texts;
-    for (int i = 0; i < m_ui->listExpression->count(); ++i) {
-        if (isValid(m_ui->listExpression->item(i)))
-            texts.append(m_ui->listExpression->item(i)->text());
-    }
-    return texts;
 }
 
 int TriggerOptionWidget::checkedUnits() const

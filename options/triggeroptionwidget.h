@@ -53,12 +53,15 @@ private Q_SLOTS:
     void onImpleChange();
     void updateMatchUnitNumber(bool all);
     void updateExpressionCheck();
+    void editCurrent();
+    void removeExpressions();
 
 private:
     void setUpPorts();
     void setUpMatchUnits();
     void setUpExpressions();
     void connectDoubleClicks();
+    void connectKeys();
     void updateTriggerTree();
     void updateImplType();
     void updateExpressionType();

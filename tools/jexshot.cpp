@@ -170,8 +170,10 @@ void shootEditors(Camera &camera, const Core::Project &project)
         const Core::EditorRegistry::Opener open = Core::EditorRegistry::editorFor(file.path);
         if (!open || !open(file.path, TE::TaskEngine::instance()->designManager()->currentDevice()))
             continue;
-        Core::IView *view = Core::ViewManager::instance()->currentView();
-        QTabWidget *page = view->findChild<QTabWidget *>();
+        const Core::IView *view = Core::ViewManager::instance()->currentView();
+        QTabWidget *page = nullptr;
+        for (QTabWidget *candidate : view->findChildren<QTabWidget *>())
+            page = candidate->isVisible() ? candidate : page;
         for (int i = 0; i < page->count(); ++i) {
             page->setCurrentIndex(i);
             camera.take(window, QString("editor-%1-%2").arg(QFileInfo(file.path).baseName()).arg(i));

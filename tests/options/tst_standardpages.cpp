@@ -338,8 +338,12 @@ void TestStandardPages::expressions()
     page.user.then(presses({"btnM4"}, QDialogButtonBox::Cancel));
     page.doubleClick(page.list(), first);
     QVERIFY(page.shown().contains("-M1&M2,M3"));
+    page.list()->setFocus();
+    page.widget->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(page.widget.get()));
     page.user.then(presses({"btnM5"}, QDialogButtonBox::Ok));
-    page.doubleClick(page.list(), first);
+    QTest::keyClick(page.list(), Qt::Key_Return); // as a double click would
+    QTRY_VERIFY(page.user.done());
     QCOMPARE(page.shown(), QString("Static 10 units: M5,M3; BSRAM REG:BSRAM; BSRAM Usage : 2"));
     QCOMPARE(page.modified->size(), 3);
 

@@ -1,0 +1,131 @@
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include "host/modal.h"
+#include "model/jex/core.h"
+#include "options/triggermath.h"
+#include "options/triggeroptionwidget.h"
+#include "signals/signaltreesetup.h"
+#include "trigger/muexpressiondialog.h"
+#include "ui_triggeroptionwidget.h"
+
+// The list of expressions of the trigger page.
+
+namespace RTLJEX {
+
+namespace {
+
+bool isValid(const QListWidgetItem *expression)
+{
+    return expression->foreground().color() != QColor(Qt::gray);
+}
+
+} // namespace
+
+void TriggerOptionWidget::setUpExpressions()
+{
+    QListWidget *list = m_ui->listExpression;
+    setRowStyle(list, "QListWidget::item { height: 24px}");
+    list->viewport()->installEventFilter(this);
+    list->setContextMenuPolicy(Qt::CustomContextMenu);
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    connect(list, SIGNAL(customContextMenuRequested(QPoint)), SLOT(showExpListContextMenu(QPoint)));
+    list->addItems(m_core->expressions);
+}
+
+// A double click where no expression is adds one.
+bool TriggerOptionWidget::eventFilter(QObject *object, QEvent *event)
+{
+    if (object != m_ui->listExpression->viewport() || event->type() != QEvent::MouseButtonDblClick ||
+        m_ui->listExpression->itemAt(static_cast<QMouseEvent *>(event)->pos()))
+        return QWidget::eventFilter(object, event);
+    if (addExpression(tr("Error")))
+        updateBsramNumber();
+    return true;
+}
+
+void TriggerOptionWidget::editExpression(QListWidgetItem *item)
+{
+    const int row = m_ui->listExpression->row(item);
+    const QPointer<QWidget> guard(this);
+    const QString text = askExpression();
+    if (!guard || text.isEmpty())
+        return;
+    m_ui->listExpression->item(row)->setText(text);
+    Q_EMIT modified();
+    updateExpressionCheck();
+    updateBsramNumber();
+}
+
+void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
+{
+    QListWidget *list = m_ui->listExpression;
+    const QPointer<QWidget> guard(this);
+    QUtil::Modal<QMenu> menu(new QMenu(this));
+    const QAction *add = menu->addAction(tr("Add"));
+    QAction *remove = menu->addAction(tr("Remove"));
+    remove->setEnabled(!list->selectedItems().isEmpty());
+    const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
+    if (!guard)
+        return;
+    if (chosen == add) {
+        addExpression(tr("Warning"));
+    } else if (chosen == remove) {
+        removeExpressions();
+    }
+    if (guard)
+        updateBsramNumber();
+}
+
+void TriggerOptionWidget::removeExpressions()
+{
+    const QList<QListWidgetItem *> chosen = m_ui->listExpression->selectedItems();
+    if (chosen.isEmpty())
+        return;
+    qDeleteAll(chosen);
+    Q_EMIT modified();
+    updateBsramNumber();
+}
+
+QString TriggerOptionWidget::askExpression()
+{
+    return MuExpressionDialog::getExpression(this, isStatic());
+}
+
+// False when there is nothing new, or when the page died under the dialog.
+bool TriggerOptionWidget::addExpression(const QString &limitTitle)
+{
+    const QPointer<QWidget> guard(this);
+    if (m_ui->listExpression->count() >= JEX::ExpressionLimit) {
+        QUtil::messageBox(this, QMessageBox::Warning, limitTitle, tr("Support 16 expressions at most."));
+        return false;
+    }
+    const QString text = askExpression();
+    if (!guard || text.isEmpty())
+        return false;
+    m_ui->listExpression->addItem(text);
+    Q_EMIT modified();
+    return true;
+}
+
+void TriggerOptionWidget::updateExpressionCheck()
+{
+    for (int i = 0; i < m_ui->listExpression->count(); ++i) {
+        QListWidgetItem *row = m_ui->listExpression->item(i);
+        const bool usable = !isStatic() || isStaticExpression(row->text());
+        row->setForeground(QColor(usable ? Qt::black : Qt::gray));
+    }
+}
+
+QStringList TriggerOptionWidget::validExpressions() const
+{
+    QStringList texts;
+    for (int i = 0; i < m_ui->listExpression->count(); ++i) {
+        if (isValid(m_ui->listExpression->item(i)))
+            texts.append(m_ui->listExpression->item(i)->text());
+    }
+    return texts;
+}
+
+} // namespace RTLJEX
