@@ -28,10 +28,11 @@ EventManager::EventManager() : m_lastNumber(0)
 {
 }
 
+// Never destroyed: handlers may go late.
 EventManager *EventManager::instance()
 {
-    static EventManager manager;
-    return &manager;
+    static EventManager *manager = new EventManager;
+    return manager;
 }
 
 void EventManager::subscribe(IEventHandler *handler, const QString &topic)

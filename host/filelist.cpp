@@ -158,7 +158,7 @@ public:
             fail(namedAt, QString::fromLatin1("the list \"%1\" can not be read (%2).")
                               .arg(QDir::toNativeSeparators(listPath), file.errorString()));
         else
-            readWords(QString::fromUtf8(file.readAll()), list, folder);
+            readWords(QString::fromUtf8(file.readAll()).remove(QLatin1Char('\r')), list, folder);
         return !m_failed;
     }
 

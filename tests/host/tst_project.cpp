@@ -1,5 +1,3 @@
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -8,6 +6,7 @@
 #include "host/filelist.h"
 #include "host/project.h"
 #include "host/projectfile.h"
+#include "tests/support/files.h"
 
 using Core::Project;
 using Core::ProjectData;
@@ -45,14 +44,6 @@ public:
     }
 };
 
-void put(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 const char *const fullProject = R"({
   "version": 1,
   "name": "demo",
@@ -67,9 +58,6 @@ const char *const fullProject = R"({
     {
       "path": "old.vhd",
       "enabled": false
-    },
-    {
-      "path": "probe.zub"
     }
   ],
   "topModule": "top",
@@ -132,9 +120,7 @@ private Q_SLOTS:
         project.setOption("TopModule", "top");
         QVERIFY(project.save(&error));
         QVERIFY(!project.isModified());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray(fullProject));
+        QCOMPARE(contents(path), QByteArray(fullProject));
 
         QVERIFY(QDir().mkpath(dir.filePath("elsewhere/deep")));
         QVERIFY2(project.saveAs(dir.filePath("elsewhere/deep/q.jexprj"), &error), qPrintable(error));
@@ -145,35 +131,28 @@ private Q_SLOTS:
     void refusedFiles_data()
     {
         QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("fault");
-        QTest::newRow("cut off") << QByteArray("{\n\"version\": 1,\n")
-                                 << "line 3: unexpected end of input; expected string literal.";
-        QTest::newRow("list") << QByteArray("[]") << "it must hold one object.";
-        QTest::newRow("no version") << QByteArray("{}") << "\"version\" is missing.";
-        QTest::newRow("newer") << QByteArray("{\"version\": 2}")
-                               << "its version 2 is newer than this program.";
-        QTest::newRow("mistyped key")
-            << QByteArray("{\"version\": 1, \"tops\": \"x\"}") << "\"tops\" is not known here.";
-        QTest::newRow("text for list")
-            << QByteArray("{\"version\": 1, \"defines\": \"x\"}") << "\"defines\" must be a list.";
-        QTest::newRow("number in list")
-            << QByteArray("{\"version\": 1, \"defines\": [1]}") << "\"defines\" must hold texts only.";
-        QTest::newRow("file without path")
-            << QByteArray("{\"version\": 1, \"files\": [{\"path\": \"a.v\"}, {}]}")
-            << "\"files\", entry 2, \"path\" is missing.";
-        QTest::newRow("bad type")
-            << QByteArray("{\"version\": 1, \"files\": [{\"path\": \"a\", \"type\": \"C\"}]}")
-            << "\"files\", entry 1, \"type\" must be Verilog, SystemVerilog, VHDL or Other.";
-        QTest::newRow("bad flag") << QByteArray(
-                                         "{\"version\": 1, \"files\": [{\"path\": \"a\", \"enabled\": 1}]}")
-                                  << "\"files\", entry 1, \"enabled\" must be true or false.";
-        QTest::newRow("bad device") << QByteArray("{\"version\": 1, \"device\": []}")
-                                    << "\"device\" must be an object.";
+        const auto row = [](const char *fault, const QByteArray &text) { QTest::newRow(fault) << text; };
+        row("line 3: unexpected end of input; expected string literal.", "{\n\"version\": 1,\n");
+        row("it must hold one object.", "[]");
+        row("\"version\" is missing.", "{}");
+        row("its version 2 is newer than this program.", R"({"version": 2})");
+        const auto part = [row](const char *fault, const char *text) {
+            row(fault, QByteArray(R"({"version": 1, )") + text + '}');
+        };
+        part(R"("tops" is not known here.)", R"("tops": "x")");
+        part(R"("defines" must be a list.)", R"("defines": "x")");
+        part(R"("defines" must hold texts only.)", R"("defines": [1])");
+        part(R"("files", entry 2, "path" is missing.)", R"("files": [{"path": "a.v"}, {}])");
+        part(R"("files", entry 1, "type" must be Verilog, SystemVerilog, VHDL or Other.)",
+             R"("files": [{"path": "a", "type": "C"}])");
+        part(R"("files", entry 1, "enabled" must be true or false.)",
+             R"("files": [{"path": "a", "enabled": 1}])");
+        part(R"("device" must be an object.)", R"("device": [])");
     }
+
     void refusedFiles()
     {
         QFETCH(QByteArray, text);
-        QFETCH(QString, fault);
         QTemporaryDir dir;
         const QString path = dir.filePath("demo.jexprj");
         put(path, text);
@@ -181,7 +160,7 @@ private Q_SLOTS:
         project.addFile("/kept.v");
         QString error;
         QVERIFY(!project.load(path, &error));
-        QCOMPARE(error, "Can not read the project " + path + ": " + fault);
+        QCOMPARE(error, "Can not read the project " + path + ": " + QTest::currentDataTag());
         QCOMPARE(project.data().files.size(), 1);
         QCOMPARE(project.filePath(), QString());
     }
@@ -268,12 +247,11 @@ private Q_SLOTS:
         recorder.lines.clear();
         QVERIFY(QFile::remove(path));
         QTRY_COMPARE(recorder.lines, one);
-        recorder.lines.clear();
-        put(path, "back");
-        QTRY_COMPARE(recorder.lines, one);
-        recorder.lines.clear();
-        put(path, "again");
-        QTRY_COMPARE(recorder.lines, one);
+        for (const char *text : {"back", "again"}) {
+            recorder.lines.clear();
+            put(path, text);
+            QTRY_COMPARE(recorder.lines, one);
+        }
         recorder.lines.clear();
         project.removeFile(path);
         put(path, "not ours any more");
@@ -283,48 +261,33 @@ private Q_SLOTS:
 
     void fileLists_data()
     {
-        QTest::addColumn<QByteArray>("list");
         QTest::addColumn<QString>("expected");
-        QTest::addColumn<QString>("message"); // %1: the list's path; a list that fails adds nothing
-        QTest::newRow("sources") << QByteArray("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n")
-                                 << "a.v:2, b.sv:3, my dir/c d.vhd:4"
-                                 << "";
-        QTest::newRow("no folder") << QByteArray("+incdir+my\\ dir+other") << ""
-                                   << "%1:1: there is no folder \"%2/other\".";
-        QTest::newRow("folders and macros") << QByteArray("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a "
-                                                          "b\"\n-y lib +libext+.v -v a.v --top-module t")
-                                            << "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t"
-                                            << "";
-        QTest::newRow("comments") << QByteArray("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv")
-                                  << "a.v:2, lib/l.v:2, b.sv:3"
-                                  << "";
-        QTest::newRow("variables") << QByteArray("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"") << "lib/l.v:2"
-                                   << "";
-        QTest::newRow("system verilog") << QByteArray("a.v -sv") << "a.v:3"
-                                        << "";
-        QTest::newRow("nested") << QByteArray("-F lib/in.f -f lib/in2.f") << "lib/l.v:2, a.v:2"
-                                << "";
-        QTest::newRow("unknown option") << QByteArray("a.v\n-timescale=1ns/1ps") << "a.v:2"
-                                        << "%1:2: the option \"-timescale=1ns/1ps\" was passed over.";
-        QTest::newRow("missing source") << QByteArray("a.v\nx.v") << ""
-                                        << "%1:2: there is no file \"%2/x.v\".";
-        QTest::newRow("no argument") << QByteArray("a.v -y") << ""
-                                     << "%1:1: \"-y\" names nothing.";
-        QTest::newRow("itself") << QByteArray("\n-f list.f") << ""
-                                << "%1:2: the list \"%1\" reads itself.";
-        QTest::newRow("missing list")
-            << QByteArray("-f none.f") << ""
-            << "%1:1: the list \"%2/none.f\" can not be read (No such file or directory).";
-        QTest::newRow("open quotes") << QByteArray("a.v\n\"b.sv") << ""
-                                     << "%1:2: these quotes do not end.";
-        QTest::newRow("open comment") << QByteArray("a.v\n/* b") << ""
-                                      << "%1:2: this comment does not end.";
-        QTest::newRow("unset variable") << QByteArray("$JEX_NOT_SET/a.v") << ""
-                                        << "%1:1: the environment variable \"JEX_NOT_SET\" is not set.";
+        QTest::addColumn<QString>(
+            "message"); // %1: the list's path, %2: its folder; a list that fails adds nothing
+        const auto row = [](const char *list, const char *expected, const char *message = "") {
+            QTest::newRow(list) << expected << message;
+        };
+        row("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n", "a.v:2, b.sv:3, my dir/c d.vhd:4");
+        row("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a b\"\n-y lib +libext+.v -v a.v --top-module t",
+            "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t");
+        row("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv", "a.v:2, lib/l.v:2, b.sv:3");
+        row("a.v \\\r\nb.sv\r\n", "a.v:2, b.sv:3");
+        row("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"", "lib/l.v:2");
+        row("a.v -sv", "a.v:3");
+        row("-F lib/in.f -f lib/in2.f", "lib/l.v:2, a.v:2");
+        row("a.v\n-timescale=1ns/1ps", "a.v:2", "%1:2: the option \"-timescale=1ns/1ps\" was passed over.");
+        row("+incdir+my\\ dir+other", "", "%1:1: there is no folder \"%2/other\".");
+        row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
+        row("a.v -y", "", "%1:1: \"-y\" names nothing.");
+        row("\n-f list.f", "", "%1:2: the list \"%1\" reads itself.");
+        row("-f none.f", "", "%1:1: the list \"%2/none.f\" can not be read (No such file or directory).");
+        row("a.v\n\"b.sv", "", "%1:2: these quotes do not end.");
+        row("a.v\n/* b", "", "%1:2: this comment does not end.");
+        row("$JEX_NOT_SET/a.v", "", "%1:1: the environment variable \"JEX_NOT_SET\" is not set.");
     }
+
     void fileLists()
     {
-        QFETCH(QByteArray, list);
         QFETCH(QString, expected);
         QFETCH(QString, message);
         QTemporaryDir dir;
@@ -332,7 +295,7 @@ private Q_SLOTS:
             put(dir.filePath(file), "");
         put(dir.filePath("lib/in.f"), "l.v");
         put(dir.filePath("lib/in2.f"), "a.v\nl.v");
-        put(dir.filePath("list.f"), list);
+        put(dir.filePath("list.f"), QTest::currentDataTag());
         qputenv("JEX_T", dir.filePath("lib").toLocal8Bit());
         ProjectData data;
         QStringList messages;

@@ -81,7 +81,7 @@ private Q_SLOTS:
         ViewManager::instance()->showView(view("a"));
         ViewManager::instance()->showView(view("a"));
         m_tabs->setCurrentIndex(1);
-        check("off c, on a, active a, off a, on b, active b");
+        QCOMPARE(happened.join(", "), QString("off c, on a, active a, off a, on b, active b"));
         QCOMPARE(ViewManager::instance()->dialogParent(), m_window);
         view("b")->setShortTitle("b & <i>c</i> *");
         view("b")->setWindowTitle("<i>b</i> *");
@@ -91,32 +91,22 @@ private Q_SLOTS:
 
     void closing_data()
     {
-        QTest::addColumn<QString>("how");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("user closes another") << "tab a"
-                                             << "ask a, closed a, ~a";
-        QTest::newRow("user closes the active one") << "show b, tab b"
-                                                    << "ask b, closed b, on c, active c, ~b";
-        QTest::newRow("a view refuses") << "tab c"
-                                        << "ask c";
-        QTest::newRow("a view closes itself") << "self c"
-                                              << "closed c, on b, active b, ~c";
-        QTest::newRow("one in the background too") << "self a"
-                                                   << "closed a, ~a";
-        QTest::newRow("the last one")
-            << "self c, self b, self a"
-            << "closed c, on b, active b, closed b, on a, active a, closed a, active none, "
-               "~c, ~b, ~a";
-        QTest::newRow("a view dies unasked") << "kill c"
-                                             << "~c, on b, active b";
-        QTest::newRow("all, the active last") << "show a, all"
-                                              << "ask b, closed b, ask c, ~b";
+        const auto row = [](const char *how, const char *expected) { QTest::newRow(how) << expected; };
+        row("tab a", "ask a, closed a, ~a"); // the user closes one in the background
+        row("show b, tab b", "ask b, closed b, on c, active c, ~b");
+        row("tab c", "ask c"); // which refuses
+        row("self c", "closed c, on b, active b, ~c");
+        row("self a", "closed a, ~a");
+        row("self c, self b, self a",
+            "closed c, on b, active b, closed b, on a, active a, closed a, active none, ~c, ~b, ~a");
+        row("kill c", "~c, on b, active b");
+        row("show a, all", "ask b, closed b, ask c, ~b");
     }
+
     void closing()
     {
-        QFETCH(QString, how);
-        QFETCH(QString, expected);
-        for (const QString &step : how.split(", ")) {
+        for (const QString &step : QString(QTest::currentDataTag()).split(", ")) {
             Core::IView *target = view(step.section(' ', 1));
             if (step.startsWith("show")) {
                 ViewManager::instance()->showView(target);
@@ -133,7 +123,7 @@ private Q_SLOTS:
             }
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        check(expected);
+        QTEST(happened.join(", "), "expected");
         QCOMPARE(m_tabs->count(), ViewManager::instance()->views().size());
     }
 
@@ -146,34 +136,28 @@ private Q_SLOTS:
         int triggered = 0;
         connect(own, &QAction::triggered, this, [&triggered] { ++triggered; });
         ActionManager::registerAction(own, "Test.Save", "ctx");
-        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save off"));
+        QCOMPARE(shown(command), QString("&Save off"));
         views->showView(view("a"));
-        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save \"a\" on"));
+        QCOMPARE(shown(command), QString("&Save \"a\" on"));
         command->trigger();
         own->setEnabled(false);
         own->setText("&Save \"a *\"");
-        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save \"a *\" off"));
+        QCOMPARE(shown(command), QString("&Save \"a *\" off"));
         own->setEnabled(true);
         views->showView(view("b"));
         QVERIFY(!command->isEnabled());
         views->showView(view("a"));
         delete own;
         command->trigger();
-        QCOMPARE(command->text() + (command->isEnabled() ? " on" : " off"), QString("&Save off"));
+        QCOMPARE(shown(command), QString("&Save off"));
         QCOMPARE(triggered, 1);
     }
 
-    void imagesAreThere_data()
-    {
-        QTest::addColumn<QString>("path");
-        for (const char *path : {":/fpgaprj/image/warning.png", ":/netlist/image/magnifier.png",
-                                 ":/netlist/image/module.png", ":/utils/image/attention.png"})
-            QTest::newRow(path) << path;
-    }
     void imagesAreThere()
     {
-        QFETCH(QString, path);
-        QCOMPARE(QImage(path).size(), QSize(32, 32));
+        for (const char *path : {":/fpgaprj/image/warning.png", ":/netlist/image/magnifier.png",
+                                 ":/netlist/image/module.png", ":/utils/image/attention.png"})
+            QVERIFY2(QImage(path).size() == QSize(32, 32), path);
     }
 
 private:
@@ -185,7 +169,11 @@ private:
         }
         return nullptr;
     }
-    void check(const QString &expected) { QCOMPARE(happened.join(", "), expected); }
+
+    static QString shown(const QAction *command)
+    {
+        return command->text() + (command->isEnabled() ? " on" : " off");
+    }
 
     QMainWindow *m_window = nullptr;
     QTabWidget *m_tabs = nullptr;

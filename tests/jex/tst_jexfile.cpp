@@ -1,4 +1,3 @@
-#include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QVariant>
@@ -7,23 +6,11 @@
 #include <memory>
 
 #include "model/jex/jexfile.h"
+#include "tests/support/files.h"
 
 using namespace JEX;
 
 namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
-
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 const char liteFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <jexconfig version="1" mode="Lite">
