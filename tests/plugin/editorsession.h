@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
-#include <QMenu>
 #include <QPluginLoader>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -22,6 +21,7 @@
 #include "host/iview.h"
 #include "host/viewmanager.h"
 #include "tests/support/configtext.h"
+#include "tests/support/menudriver.h"
 #include "tests/support/netpicker.h"
 #include "tests/support/workspace.h"
 
@@ -137,27 +137,14 @@ protected:
     // By the right button, as the window system tells of it, on the first selected row.
     void chooseFromMenu(QTreeWidget *tree, const QString &text)
     {
-        bool chosen = false;
-        QTimer poll;
-        connect(&poll, &QTimer::timeout, [&] {
-            QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            if (!menu)
-                return;
-            poll.stop();
-            for (QAction *action : menu->actions()) {
-                chosen = action->text() == text && action->isEnabled();
-                if (chosen)
-                    return QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                                             menu->actionGeometry(action).center());
-            }
-            menu->close();
-        });
-        poll.start(10);
         const QPoint onRow = tree->visualItemRect(tree->selectedItems().first()).center();
-        QTest::mouseClick(m_window->windowHandle(), Qt::RightButton, Qt::NoModifier,
-                          tree->viewport()->mapTo(m_window.get(), onRow));
-        QTRY_VERIFY2(!poll.isActive(), "no menu");
-        QVERIFY2(chosen, qPrintable(text));
+        const QStringList offered = useMenu(
+            [&] {
+                QTest::mouseClick(m_window->windowHandle(), Qt::RightButton, Qt::NoModifier,
+                                  tree->viewport()->mapTo(m_window.get(), onRow));
+            },
+            text);
+        QVERIFY2(offered.contains(text), qPrintable(offered.join(", ")));
     }
 
     // The banner's sentence, as soon as there is one.

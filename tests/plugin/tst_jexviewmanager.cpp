@@ -20,15 +20,165 @@ class JexViewManagerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
-    void opensOneViewPerFile();
-    void refusals();
-    void openingTwiceAtOnce();
-    void saveFollowsTheActiveView();
-    void closedAndDyingViews();
+    void initTestCase()
+    {
+        QVERIFY(JexViewManager::instance());
+        QVERIFY(JexViewManager::instance()->jexViews().isEmpty());
+        JexViewManager::instance()->initialize();
+        m_save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
+        Core::ViewManager::instance()->tabWidget()->show();
+    }
+
+    void init()
+    {
+        m_work.reset(new Workspace);
+        m_work->addDesign("design.v", counterDesign);
+        QCOMPARE(save(), QString("&Save off"));
+    }
+
+    void cleanup()
+    {
+        ModalDriver driver;
+        for (int i = 0; i < 2; ++i)
+            driver.press(QMessageBox::Discard);
+        QVERIFY(Core::ViewManager::instance()->closeAllViews());
+        QCOMPARE(views(), QString());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_work.reset();
+    }
+
+    void cleanupTestCase()
+    {
+        JexViewManager::instance()->deinit();
+        QCOMPARE(save(), QString("&Save off"));
+        delete Core::ViewManager::instance()->tabWidget();
+    }
+
+    void opensOneViewPerFile()
+    {
+        const QString a = m_work->writeLite("a.zub", 1);
+        m_work->writeLite("b.zub", 1);
+        JEX::fillInfoForEmptyJexConfig(m_work->path("A.zub"), JEX::StandardMode);
+        QVERIFY(open(a) && open(m_work->path("b.zub")) && open(m_work->path("A.zub")));
+        QCOMPARE(views(), QString("a.zub, b.zub, A.zub *"));
+        JexInserterView *first = JexViewManager::instance()->jexViews().first();
+        QCOMPARE(first->device, QString("part-1"));
+        QCOMPARE(Core::ViewManager::instance()->views().size(), 3);
+        QVERIFY(Core::ViewManager::instance()->currentView() != first);
+
+        // The same file by other spellings, which is not read again.
+        m_work->write("a.zub", "broken");
+        const QString here = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_work->dir.path()));
+        for (const QString &spelling :
+             {a, m_work->path("./a.zub"), QString("a.zub"), QString("./x/../a.zub")}) {
+            QVERIFY(open(m_work->path("b.zub")));
+            QVERIFY(open(spelling));
+            QCOMPARE(Core::ViewManager::instance()->currentView(), static_cast<Core::IView *>(first));
+        }
+        QVERIFY(!JexViewManager::instance()->closeInserterView("c.zub"));
+        QVERIFY(JexViewManager::instance()->closeInserterView("./a.zub"));
+        QDir::setCurrent(here);
+        QCOMPARE(views(), QString("b.zub, A.zub *"));
+    }
+
+    void refusals()
+    {
+        const QString invalid = "Can not open %1:\nInvalid JEX file.", damaged = "%1 open file failed.";
+        const struct
+        {
+            JEX::JexMode mode; // invalid: no configuration at all
+            const char *extra;
+            QString said;
+        } rows[] = {{JEX::InvalidMode, "", invalid},
+                    {JEX::InvalidMode, "text\n", invalid},
+                    {JEX::StandardMode, "<", damaged},
+                    {JEX::LiteMode, "<", damaged}};
+        const QString file = m_work->path("<b>%1.zub");
+        for (const auto &row : rows) {
+            if (row.mode != JEX::InvalidMode)
+                JEX::fillInfoForEmptyJexConfig(file, row.mode);
+            if (*row.extra)
+                m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + row.extra);
+            ModalDriver driver;
+            driver.press(QMessageBox::Ok);
+            QVERIFY(!open(file));
+            QCOMPARE(driver.seen.join("\n"),
+                     "critical | Error | " + QString(row.said).replace("%1", file) + " | OK");
+            QVERIFY(views().isEmpty() && Core::ViewManager::instance()->views().isEmpty());
+        }
+    }
+
+    void openingTwiceAtOnce()
+    {
+        const QString file = m_work->writeLite("a.zub", 1);
+        m_work->project.setOption("TopModule", "nosuch");
+        ModalDriver driver;
+        bool second = false;
+        driver.then([&](QDialog *dialog) {
+            second = open(file);
+            dialog->accept();
+        });
+        QVERIFY(!open(file));
+        QVERIFY2(second, "it is on its way already");
+        QCOMPARE(driver.seen.size(), 1);
+
+        m_work->project.setOption("TopModule", "");
+        QVERIFY(open(file));
+        QCOMPARE(views(), QString("a.zub"));
+    }
+
+    void saveFollowsTheActiveView()
+    {
+        QVERIFY(open(m_work->writeLite("a.zub", 1)) && open(m_work->writeLite("b.zub", 1)));
+        JexInserterView *a = JexViewManager::instance()->jexViews().at(0);
+        JexInserterView *b = JexViewManager::instance()->jexViews().at(1);
+        Core::ViewManager *host = Core::ViewManager::instance();
+        QCOMPARE(save(), QString("&Save \"b.zub\" off"));
+        edit(b);
+        QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
+        QCOMPARE(m_save->toolTip(), QString("Save \"b.zub *\""));
+        edit(a);
+        QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
+        m_save->trigger();
+        QCOMPARE(save(), QString("&Save \"b.zub\" off"));
+        host->showView(a);
+        QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+
+        Core::IView *foreign = new Core::IView(nullptr);
+        host->showView(foreign);
+        QCOMPARE(save(), QString("&Save off"));
+        edit(a);
+        JexViewManager::instance()->onInserterViewModified(true);
+        QVERIFY(!m_save->isEnabled());
+        QVERIFY(host->closeView(b));
+        QVERIFY(!m_save->isEnabled());
+        host->showView(a);
+        QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+        host->closeView(foreign);
+        QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
+    }
+
+    void closedAndDyingViews()
+    {
+        for (const char *name : {"a.zub", "b.zub", "c.zub"})
+            QVERIFY(open(m_work->writeLite(name, 1)));
+        const QPointer<JexInserterView> a = JexViewManager::instance()->jexViews().at(0);
+        const QPointer<JexInserterView> b = JexViewManager::instance()->jexViews().at(1);
+        const QPointer<JexInserterView> c = JexViewManager::instance()->jexViews().at(2);
+        edit(c);
+        edit(b);
+
+        delete b;
+        QCOMPARE(views(), QString("a.zub, c.zub *"));
+        QCOMPARE(save(), QString("&Save \"c.zub *\" on"));
+        // What the host says about the current view takes effect at once, whatever else is open.
+        JexViewManager::instance()->onInserterViewClosed(c);
+        QCOMPARE(views(), QString("a.zub"));
+        QVERIFY(!m_save->isEnabled());
+        JexViewManager::instance()->onCurrentViewChanged(a);
+        QCOMPARE(save(), QString("&Save \"a.zub\" off"));
+    }
 
 private:
     bool open(const QString &file)
@@ -53,165 +203,6 @@ private:
     QScopedPointer<Workspace> m_work;
     QAction *m_save = nullptr;
 };
-
-void JexViewManagerTest::initTestCase()
-{
-    QVERIFY(JexViewManager::instance());
-    QVERIFY(JexViewManager::instance()->jexViews().isEmpty());
-    JexViewManager::instance()->initialize();
-    m_save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
-    Core::ViewManager::instance()->tabWidget()->show();
-}
-
-void JexViewManagerTest::init()
-{
-    m_work.reset(new Workspace);
-    m_work->addDesign("design.v", counterDesign);
-    QCOMPARE(save(), QString("&Save off"));
-}
-
-void JexViewManagerTest::cleanup()
-{
-    ModalDriver driver;
-    for (int i = 0; i < 2; ++i)
-        driver.press(QMessageBox::Discard);
-    QVERIFY(Core::ViewManager::instance()->closeAllViews());
-    QCOMPARE(views(), QString());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    m_work.reset();
-}
-
-void JexViewManagerTest::cleanupTestCase()
-{
-    JexViewManager::instance()->deinit();
-    QCOMPARE(save(), QString("&Save off"));
-    delete Core::ViewManager::instance()->tabWidget();
-}
-
-void JexViewManagerTest::opensOneViewPerFile()
-{
-    const QString a = m_work->writeLite("a.zub", 1);
-    m_work->writeLite("b.zub", 1);
-    JEX::fillInfoForEmptyJexConfig(m_work->path("A.zub"), JEX::StandardMode);
-    QVERIFY(open(a) && open(m_work->path("b.zub")) && open(m_work->path("A.zub")));
-    QCOMPARE(views(), QString("a.zub, b.zub, A.zub *"));
-    JexInserterView *first = JexViewManager::instance()->jexViews().first();
-    QCOMPARE(first->device, QString("part-1"));
-    QCOMPARE(Core::ViewManager::instance()->views().size(), 3);
-    QVERIFY(Core::ViewManager::instance()->currentView() != first);
-
-    // The same file by other spellings, which is not read again.
-    m_work->write("a.zub", "broken");
-    const QString here = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(m_work->dir.path()));
-    for (const QString &spelling : {a, m_work->path("./a.zub"), QString("a.zub"), QString("./x/../a.zub")}) {
-        QVERIFY(open(m_work->path("b.zub")));
-        QVERIFY(open(spelling));
-        QCOMPARE(Core::ViewManager::instance()->currentView(), static_cast<Core::IView *>(first));
-    }
-    QVERIFY(!JexViewManager::instance()->closeInserterView("c.zub"));
-    QVERIFY(JexViewManager::instance()->closeInserterView("./a.zub"));
-    QDir::setCurrent(here);
-    QCOMPARE(views(), QString("b.zub, A.zub *"));
-}
-
-void JexViewManagerTest::refusals()
-{
-    const QString invalid = "Can not open %1:\nInvalid JEX file.", damaged = "%1 open file failed.";
-    const struct
-    {
-        JEX::JexMode mode; // invalid: no configuration at all
-        const char *extra;
-        QString said;
-    } rows[] = {{JEX::InvalidMode, "", invalid},
-                {JEX::InvalidMode, "text\n", invalid},
-                {JEX::StandardMode, "<", damaged},
-                {JEX::LiteMode, "<", damaged}};
-    const QString file = m_work->path("<b>%1.zub");
-    for (const auto &row : rows) {
-        if (row.mode != JEX::InvalidMode)
-            JEX::fillInfoForEmptyJexConfig(file, row.mode);
-        if (*row.extra)
-            m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + row.extra);
-        ModalDriver driver;
-        driver.press(QMessageBox::Ok);
-        QVERIFY(!open(file));
-        QCOMPARE(driver.seen.join("\n"),
-                 "critical | Error | " + QString(row.said).replace("%1", file) + " | OK");
-        QVERIFY(views().isEmpty() && Core::ViewManager::instance()->views().isEmpty());
-    }
-}
-
-void JexViewManagerTest::openingTwiceAtOnce()
-{
-    const QString file = m_work->writeLite("a.zub", 1);
-    m_work->project.setOption("TopModule", "nosuch");
-    ModalDriver driver;
-    bool second = false;
-    driver.then([&](QDialog *dialog) {
-        second = open(file);
-        dialog->accept();
-    });
-    QVERIFY(!open(file));
-    QVERIFY2(second, "it is on its way already");
-    QCOMPARE(driver.seen.size(), 1);
-
-    m_work->project.setOption("TopModule", "");
-    QVERIFY(open(file));
-    QCOMPARE(views(), QString("a.zub"));
-}
-
-void JexViewManagerTest::saveFollowsTheActiveView()
-{
-    QVERIFY(open(m_work->writeLite("a.zub", 1)) && open(m_work->writeLite("b.zub", 1)));
-    JexInserterView *a = JexViewManager::instance()->jexViews().at(0);
-    JexInserterView *b = JexViewManager::instance()->jexViews().at(1);
-    Core::ViewManager *host = Core::ViewManager::instance();
-    QCOMPARE(save(), QString("&Save \"b.zub\" off"));
-    edit(b);
-    QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
-    QCOMPARE(m_save->toolTip(), QString("Save \"b.zub *\""));
-    edit(a);
-    QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
-    m_save->trigger();
-    QCOMPARE(save(), QString("&Save \"b.zub\" off"));
-    host->showView(a);
-    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
-
-    Core::IView *foreign = new Core::IView(nullptr);
-    host->showView(foreign);
-    QCOMPARE(save(), QString("&Save off"));
-    edit(a);
-    JexViewManager::instance()->onInserterViewModified(true);
-    QVERIFY(!m_save->isEnabled());
-    QVERIFY(host->closeView(b));
-    QVERIFY(!m_save->isEnabled());
-    host->showView(a);
-    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
-    host->closeView(foreign);
-    QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
-}
-
-void JexViewManagerTest::closedAndDyingViews()
-{
-    for (const char *name : {"a.zub", "b.zub", "c.zub"})
-        QVERIFY(open(m_work->writeLite(name, 1)));
-    const QPointer<JexInserterView> a = JexViewManager::instance()->jexViews().at(0);
-    const QPointer<JexInserterView> b = JexViewManager::instance()->jexViews().at(1);
-    const QPointer<JexInserterView> c = JexViewManager::instance()->jexViews().at(2);
-    edit(c);
-    edit(b);
-
-    delete b;
-    QCOMPARE(views(), QString("a.zub, c.zub *"));
-    QCOMPARE(save(), QString("&Save \"c.zub *\" on"));
-    // What the host says about the current view takes effect at once, whatever else is open.
-    JexViewManager::instance()->onInserterViewClosed(c);
-    QCOMPARE(views(), QString("a.zub"));
-    QVERIFY(!m_save->isEnabled());
-    JexViewManager::instance()->onCurrentViewChanged(a);
-    QCOMPARE(save(), QString("&Save \"a.zub\" off"));
-}
 
 QTEST_MAIN(JexViewManagerTest)
 #include "tst_jexviewmanager.moc"

@@ -48,126 +48,121 @@ class WizardTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void pages();
-    void names();
-    void runs();
-    void existingFile();
-    void parentDies();
-};
+    void pages()
+    {
+        JexWizard wizard("/some/folder", nullptr);
+        QCOMPARE(wizard.windowTitle(), QString("New RTL JEX Wizard"));
+        QVERIFY(!(wizard.windowFlags() & Qt::WindowContextHelpButtonHint));
+        QCOMPARE(wizard.wizardStyle(), QWizard::ClassicStyle);
+        QVERIFY(wizard.testOption(QWizard::NoBackButtonOnStartPage));
+        QCOMPARE(wizard.sizeHint(), QSize(650, 400));
+        QCOMPARE(wizard.jexConfigFile(), QString());
+        QCOMPARE(wizard.jexMode(), 0);
 
-void WizardTest::pages()
-{
-    JexWizard wizard("/some/folder", nullptr);
-    QCOMPARE(wizard.windowTitle(), QString("New RTL JEX Wizard"));
-    QVERIFY(!(wizard.windowFlags() & Qt::WindowContextHelpButtonHint));
-    QCOMPARE(wizard.wizardStyle(), QWizard::ClassicStyle);
-    QVERIFY(wizard.testOption(QWizard::NoBackButtonOnStartPage));
-    QCOMPARE(wizard.sizeHint(), QSize(650, 400));
-    QCOMPARE(wizard.jexConfigFile(), QString());
-    QCOMPARE(wizard.jexMode(), 0);
+        wizard.restart();
+        QRadioButton *lite = wizard.findChild<QRadioButton *>("liteRadioButton");
+        QCOMPARE(shown(wizard),
+                 QString("JEX Mode | Choose the mode of JEX | Create a JEX Config File | Create a "
+                         "simplified version of JEX Config File(without trigger port)"));
+        QCOMPARE(wizard.findChild<QRadioButton *>("stdRadioButton")->text() + " | " + lite->text(),
+                 QString("Standard Mode | Lite Mode"));
+        wizard.next();
+        QCOMPARE(shown(wizard),
+                 QString("JEX Configure File | Enter a name for your JEX configure file. | Name: | "
+                         ".zub"));
+        QCOMPARE(wizard.findChild<QLineEdit *>("fileLineEdit")->selectedText(), QString("fpga_project"));
+        wizard.next();
+        QCOMPARE(shown(wizard), QString("Summary"));
+        QTextEdit *summary = wizard.currentPage()->findChild<QTextEdit *>();
+        QVERIFY(summary->isReadOnly());
+        QCOMPARE(summary->wordWrapMode(), QTextOption::NoWrap);
+        QCOMPARE(summary->textCursor().position(), 0);
+        QCOMPARE(summary->font().family(), QString("Monospace"));
+        const QString text = "JEX\n    Jex Mode: %1\n    Name: /some/folder/fpga_project.zub\n";
+        QCOMPARE(summary->toPlainText(), text.arg("Standard"));
 
-    wizard.restart();
-    QRadioButton *lite = wizard.findChild<QRadioButton *>("liteRadioButton");
-    QCOMPARE(shown(wizard), QString("JEX Mode | Choose the mode of JEX | Create a JEX Config File | Create a "
-                                    "simplified version of JEX Config File(without trigger port)"));
-    QCOMPARE(wizard.findChild<QRadioButton *>("stdRadioButton")->text() + " | " + lite->text(),
-             QString("Standard Mode | Lite Mode"));
-    wizard.next();
-    QCOMPARE(shown(wizard),
-             QString("JEX Configure File | Enter a name for your JEX configure file. | Name: | "
-                     ".zub"));
-    QCOMPARE(wizard.findChild<QLineEdit *>("fileLineEdit")->selectedText(), QString("fpga_project"));
-    wizard.next();
-    QCOMPARE(shown(wizard), QString("Summary"));
-    QTextEdit *summary = wizard.currentPage()->findChild<QTextEdit *>();
-    QVERIFY(summary->isReadOnly());
-    QCOMPARE(summary->wordWrapMode(), QTextOption::NoWrap);
-    QCOMPARE(summary->textCursor().position(), 0);
-    QCOMPARE(summary->font().family(), QString("Monospace"));
-    const QString text = "JEX\n    Jex Mode: %1\n    Name: /some/folder/fpga_project.zub\n";
-    QCOMPARE(summary->toPlainText(), text.arg("Standard"));
-
-    wizard.back();
-    wizard.back();
-    lite->click();
-    wizard.next();
-    wizard.next();
-    QCOMPARE(summary->toPlainText(), text.arg("Lite"));
-    QCOMPARE(wizard.jexMode(), 10088);
-    QCOMPARE(wizard.jexConfigFile(), QString("/some/folder/fpga_project.zub"));
-}
-
-void WizardTest::names()
-{
-    const Workspace work;
-    JexWizard wizard("/some/folder", nullptr);
-    wizard.restart();
-    wizard.next();
-    QLineEdit *edit = wizard.findChild<QLineEdit *>("fileLineEdit");
-    QCOMPARE(edit->text(), work.project.name());
-    const QList<QPair<QString, QString>> typed = {
-        {"My file-1 (x)", "My file-1 (x)"}, {"a~.<>/\\|:\"*?b", "ab"}, {"", ""}};
-    for (const auto &name : typed) {
-        edit->clear();
-        QTest::keyClicks(edit, name.first);
-        QCOMPARE(edit->text(), name.second);
-        QCOMPARE(wizard.button(QWizard::NextButton)->isEnabled(), !name.second.isEmpty());
+        wizard.back();
+        wizard.back();
+        lite->click();
+        wizard.next();
+        wizard.next();
+        QCOMPARE(summary->toPlainText(), text.arg("Lite"));
+        QCOMPARE(wizard.jexMode(), 10088);
+        QCOMPARE(wizard.jexConfigFile(), QString("/some/folder/fpga_project.zub"));
     }
-}
 
-void WizardTest::runs()
-{
-    JexFileWizardFactory factory;
-    QCOMPARE(factory.id() + " | " + factory.displayName() + " | " + factory.description(),
-             QString("M.Wizard.JEX | RTL JEX Config File | Create a RTL JEX Config File."));
-    Workspace work;
-    ModalDriver driver;
-    driver.then([](QDialog *wizard) { wizard->reject(); });
-    factory.runWizard(nullptr, work.dir.path());
-    QVERIFY(QDir(work.dir.path()).entryList(QDir::Files).isEmpty());
+    void names()
+    {
+        const Workspace work;
+        JexWizard wizard("/some/folder", nullptr);
+        wizard.restart();
+        wizard.next();
+        QLineEdit *edit = wizard.findChild<QLineEdit *>("fileLineEdit");
+        QCOMPARE(edit->text(), work.project.name());
+        const QList<QPair<QString, QString>> typed = {
+            {"My file-1 (x)", "My file-1 (x)"}, {"a~.<>/\\|:\"*?b", "ab"}, {"", ""}};
+        for (const auto &name : typed) {
+            edit->clear();
+            QTest::keyClicks(edit, name.first);
+            QCOMPARE(edit->text(), name.second);
+            QCOMPARE(wizard.button(QWizard::NextButton)->isEnabled(), !name.second.isEmpty());
+        }
+    }
 
-    const auto create = [&](const char *button, const QString &name) {
-        driver.then(fill(button, name));
+    void runs()
+    {
+        JexFileWizardFactory factory;
+        QCOMPARE(factory.id() + " | " + factory.displayName() + " | " + factory.description(),
+                 QString("M.Wizard.JEX | RTL JEX Config File | Create a RTL JEX Config File."));
+        Workspace work;
+        ModalDriver driver;
+        driver.then([](QDialog *wizard) { wizard->reject(); });
         factory.runWizard(nullptr, work.dir.path());
-        return int(JEX::jexModeFromJexConfigFile(work.path(name + ".zub")));
-    };
-    QCOMPARE(create("stdRadioButton", "standard"), int(JEX::StandardMode));
-    QCOMPARE(create("liteRadioButton", "lite"), int(JEX::LiteMode));
-    Core::ProjectManager::setCurrentProject(nullptr);
-    QCOMPARE(create("liteRadioButton", "alone"), int(JEX::LiteMode));
-    QStringList files;
-    for (const Core::SourceFile &file : work.project.data().files)
-        files << file.path;
-    QCOMPARE(files, QStringList({work.path("standard.zub"), work.path("lite.zub")}));
-}
+        QVERIFY(QDir(work.dir.path()).entryList(QDir::Files).isEmpty());
 
-void WizardTest::existingFile()
-{
-    Workspace work;
-    const QString file = work.writeLite("old.zub", 2);
-    const QByteArray before = work.read("old.zub");
-    ModalDriver driver;
-    for (QMessageBox::StandardButton answer : {QMessageBox::Cancel, QMessageBox::Ok}) {
-        driver.then(fill("liteRadioButton", "old"));
-        driver.press(answer);
-        JexFileWizardFactory().runWizard(nullptr, work.dir.path());
-        QCOMPARE(driver.seen.last(), "question | Create File | File " + file +
-                                         " already exists.\nDo you want to replace it? | Cancel* OK");
-        QCOMPARE(work.read("old.zub") == before, answer == QMessageBox::Cancel);
+        const auto create = [&](const char *button, const QString &name) {
+            driver.then(fill(button, name));
+            factory.runWizard(nullptr, work.dir.path());
+            return int(JEX::jexModeFromJexConfigFile(work.path(name + ".zub")));
+        };
+        QCOMPARE(create("stdRadioButton", "standard"), int(JEX::StandardMode));
+        QCOMPARE(create("liteRadioButton", "lite"), int(JEX::LiteMode));
+        Core::ProjectManager::setCurrentProject(nullptr);
+        QCOMPARE(create("liteRadioButton", "alone"), int(JEX::LiteMode));
+        QStringList files;
+        for (const Core::SourceFile &file : work.project.data().files)
+            files << file.path;
+        QCOMPARE(files, QStringList({work.path("standard.zub"), work.path("lite.zub")}));
     }
-    QVERIFY(JEX::readJEXConfigFromXml_Lite(file, nullptr, nullptr).isEmpty());
-    QVERIFY(JEX::checkJEXLiteFile(file));
-}
 
-void WizardTest::parentDies()
-{
-    Workspace work;
-    QWidget *window = new QWidget;
-    ModalDriver driver;
-    driver.then([window](QDialog *) { delete window; });
-    JexFileWizardFactory().runWizard(window, work.dir.path());
-    QVERIFY(QDir(work.dir.path()).entryList(QDir::Files).isEmpty());
-}
+    void existingFile()
+    {
+        Workspace work;
+        const QString file = work.writeLite("old.zub", 2);
+        const QByteArray before = work.read("old.zub");
+        ModalDriver driver;
+        for (QMessageBox::StandardButton answer : {QMessageBox::Cancel, QMessageBox::Ok}) {
+            driver.then(fill("liteRadioButton", "old"));
+            driver.press(answer);
+            JexFileWizardFactory().runWizard(nullptr, work.dir.path());
+            QCOMPARE(driver.seen.last(), "question | Create File | File " + file +
+                                             " already exists.\nDo you want to replace it? | Cancel* OK");
+            QCOMPARE(work.read("old.zub") == before, answer == QMessageBox::Cancel);
+        }
+        QVERIFY(JEX::readJEXConfigFromXml_Lite(file, nullptr, nullptr).isEmpty());
+        QVERIFY(JEX::checkJEXLiteFile(file));
+    }
+
+    void parentDies()
+    {
+        Workspace work;
+        QWidget *window = new QWidget;
+        ModalDriver driver;
+        driver.then([window](QDialog *) { delete window; });
+        JexFileWizardFactory().runWizard(window, work.dir.path());
+        QVERIFY(QDir(work.dir.path()).entryList(QDir::Files).isEmpty());
+    }
+};
 
 QTEST_MAIN(WizardTest)
 #include "tst_wizard.moc"

@@ -6,12 +6,12 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "tests/support/menudriver.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
 #include "views/jexliteinserterview.h"
@@ -79,28 +79,18 @@ struct Shown
         return false;
     }
 
-    // What the menu of the core list offers over a row, disabled entries in brackets; -1: below the rows.
-    QString useMenu(int row, const QString &entry = QString()) const
+    // What the menu of the core list offers over a row; -1: below the rows.
+    QString menu(int row, const QString &entry = QString()) const
     {
-        QStringList offered;
-        QTimer::singleShot(0, [&] {
-            QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            for (QAction *action : menu->actions()) {
-                offered << (action->isEnabled() ? action->text() : "(" + action->text() + ")");
-                if (action->text() == entry)
-                    menu->setActiveAction(action);
-            }
-            QTest::keyClick(menu, entry.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-        });
-        const QTreeWidgetItem *item = coreTree()->topLevelItem(row);
-        Q_EMIT coreTree()->customContextMenuRequested(item ? coreTree()->visualItemRect(item).center()
-                                                           : coreTree()->viewport()->rect().bottomLeft());
-        return offered.join(' ');
+        QTreeWidget *tree = coreTree();
+        const QTreeWidgetItem *item = tree->topLevelItem(row);
+        const QPoint at = item ? tree->visualItemRect(item).center() : tree->viewport()->rect().bottomLeft();
+        return useMenu([&] { Q_EMIT tree->customContextMenuRequested(at); }, entry).join(' ');
     }
     void addCore() const
     {
         if (standard)
-            useMenu(-1, "Add");
+            menu(-1, "Add");
         else
             QVERIFY(call("addOneAo"));
     }

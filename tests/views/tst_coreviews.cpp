@@ -1,31 +1,6 @@
 #include "tests/support/configtext.h"
 #include "tests/views/shown.h"
 
-// What the editors do with their cores, each in its own way.
-class CoreViewsTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void standardList();
-    void removingCores();
-    void numbersOfTheFile();
-    void dyingEditor();
-    void liteCoresAreFixed();
-    void changeBanner();
-
-private:
-    QScopedPointer<Workspace> m_work;
-};
-
-void CoreViewsTest::init()
-{
-    m_work.reset();
-    m_work.reset(new Workspace);
-    m_work->addDesign("design.v", counterDesign);
-}
-
 namespace {
 
 QString dockTitle(const Shown &shown)
@@ -43,149 +18,168 @@ void click(const Shown &shown, int row, bool twice = false)
 
 } // namespace
 
-void CoreViewsTest::standardList()
+// What the editors do with their cores, each in its own way.
+class CoreViewsTest : public QObject
 {
-    const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 3));
-    QCOMPARE(shown.view->findChild<QWidget *>("dockWidget")->windowTitle(), QString("Ao Core"));
-    QCOMPARE(shown.coreTree()->columnCount(), 1);
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
-    for (int row : {2, 1}) {
-        click(shown, row, row == 1);
-        QCOMPARE(shown.pages()->currentIndex(), row);
-        QCOMPARE(dockTitle(shown), QString("Core %1").arg(row));
-    }
-    QVERIFY(!shown.view->isModified());
+    Q_OBJECT
 
-    QCOMPARE(shown.useMenu(-1), QString("Add (Remove)"));
-    QCOMPARE(shown.useMenu(0), QString("Add Remove"));
-    QCOMPARE(shown.pages()->count(), 3);
-    QVERIFY(!shown.view->isModified());
-    shown.useMenu(0, "Add");
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0, Core 1, Core 2, Core 3* | Core 3"));
-    QCOMPARE(shown.pages()->currentIndex(), 3);
-    QVERIFY(shown.view->isModified());
-}
-
-void CoreViewsTest::removingCores()
-{
-    const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 4);
-    const Shown shown(JEX::StandardMode, file);
-    QWidget *const first = shown.pages()->widget(0), *const third = shown.pages()->widget(2);
-    click(shown, 2);
-    shown.edit();
-    QVERIFY(shown.view->save());
-    ModalDriver driver;
-    driver.press(QMessageBox::Cancel);
-    shown.useMenu(1, "Remove");
-    QCOMPARE(driver.seen.takeFirst(),
-             QString("question | Confirm | Do you want to remove AO 1 ? | Cancel OK*"));
-    QCOMPARE(shown.cores(), QString("Core 0*, Core 1, Core 2, Core 3"));
-    QVERIFY(!shown.view->isModified());
-
-    driver.press(QMessageBox::Ok);
-    shown.useMenu(1, "Remove");
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
-    QCOMPARE(shown.pages()->currentWidget(), first);
-    QCOMPARE(shown.pages()->widget(1), third);
-    QVERIFY(shown.view->isModified() && shown.view->save());
-    const QStringList heads = configText(file).filter("core ");
-    QCOMPARE(heads.size(), 3);
-    for (int i = 0; i < 3; ++i) {
-        QVERIFY2(heads.at(i).startsWith(QString("core %1 ").arg(i)), qPrintable(heads.at(i)));
-        QCOMPARE(heads.at(i).contains("initial data"), i == 1);
-    }
-
-    for (int i = 0; i < 2; ++i) {
-        driver.press(QMessageBox::Ok);
-        shown.useMenu(0, "Remove");
-    }
-    driver.press(QMessageBox::Ok);
-    shown.useMenu(0, "Remove");
-    QCOMPARE(driver.seen.last(), QString("warning | Warning | The only Ao can not be removed. | OK*"));
-    QCOMPARE(shown.cores(), QString("Core 0*"));
-}
-
-// A file may number its cores as it likes: they show by their numbers until one is removed.
-void CoreViewsTest::numbersOfTheFile()
-{
-    const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
-    m_work->write("a.zub", m_work->read("a.zub").replace("core number=\"0\"", "core number=\"3\""));
-    const Shown shown(JEX::StandardMode, file);
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3*, Core 1, Core 2 | Core 3"));
-    click(shown, 1);
-    QCOMPARE(shown.pages()->currentIndex(), 1);
-    QCOMPARE(dockTitle(shown), QString("Core 1"));
-    shown.useMenu(0, "Add"); // there is a core of the number 3
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3, Core 1, Core 2, Core 0* | Core 0"));
-    ModalDriver driver;
-    driver.press(QMessageBox::Ok);
-    shown.useMenu(3, "Remove");
-    QVERIFY2(driver.seen.first().contains("remove AO 3 ?"), qPrintable(driver.seen.first()));
-    QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
-    QVERIFY(shown.view->save());
-    QVERIFY(configText(file).first().startsWith("core 0 "));
-}
-
-void CoreViewsTest::dyingEditor()
-{
-    const struct
+private Q_SLOTS:
+    void init()
     {
-        int cores;
-        const char *entry;
-    } boxes[] = {{16, "Add"}, {2, "Remove"}, {1, "Remove"}};
-    for (const auto &box : boxes) {
-        const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", box.cores));
+        m_work.reset();
+        m_work.reset(new Workspace);
+        m_work->addDesign("design.v", counterDesign);
+    }
+
+    void standardList()
+    {
+        const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 3));
+        QCOMPARE(shown.view->findChild<QWidget *>("dockWidget")->windowTitle(), QString("Ao Core"));
+        QCOMPARE(shown.coreTree()->columnCount(), 1);
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+        for (int row : {2, 1}) {
+            click(shown, row, row == 1);
+            QCOMPARE(shown.pages()->currentIndex(), row);
+            QCOMPARE(dockTitle(shown), QString("Core %1").arg(row));
+        }
+        QVERIFY(!shown.view->isModified());
+
+        QCOMPARE(shown.menu(-1), QString("Add (Remove)"));
+        QCOMPARE(shown.menu(0), QString("Add Remove"));
+        QCOMPARE(shown.pages()->count(), 3);
+        QVERIFY(!shown.view->isModified());
+        shown.menu(0, "Add");
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown),
+                 QString("Core 0, Core 1, Core 2, Core 3* | Core 3"));
+        QCOMPARE(shown.pages()->currentIndex(), 3);
+        QVERIFY(shown.view->isModified());
+    }
+
+    void removingCores()
+    {
+        const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 4);
+        const Shown shown(JEX::StandardMode, file);
+        QWidget *const first = shown.pages()->widget(0), *const third = shown.pages()->widget(2);
+        click(shown, 2);
+        shown.edit();
+        QVERIFY(shown.view->save());
         ModalDriver driver;
-        driver.then([&shown](QDialog *) { delete shown.container; });
-        shown.useMenu(0, box.entry);
-        QVERIFY(!shown.view && driver.done());
-    }
-}
+        driver.press(QMessageBox::Cancel);
+        shown.menu(1, "Remove");
+        QCOMPARE(driver.seen.takeFirst(),
+                 QString("question | Confirm | Do you want to remove AO 1 ? | Cancel OK*"));
+        QCOMPARE(shown.cores(), QString("Core 0*, Core 1, Core 2, Core 3"));
+        QVERIFY(!shown.view->isModified());
 
-void CoreViewsTest::liteCoresAreFixed()
-{
-    const Shown shown(JEX::LiteMode, m_work->writeLite("two.zub", 2));
-    QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
-    QWidget *page = shown.pages()->currentWidget();
-    for (const char *name : {"btnAdd", "btnRemove"}) {
-        QPushButton *button = shown.view->findChild<QPushButton *>(name, Qt::FindDirectChildrenOnly);
-        QCOMPARE(button->text(), QString(name == QByteArray("btnAdd") ? "New" : "Remove"));
-        button->click();
-    }
-    QVERIFY(shown.call("removeOneAo"));
-    shown.find<QComboBox>("comboBoxAo")->setCurrentIndex(1);
-    QCOMPARE(shown.cores(), QString("AO 0, AO 1*"));
-    QCOMPARE(shown.pages()->count(), 2);
-    QCOMPARE(shown.pages()->currentWidget(), page);
-    QCOMPARE(modified.size(), 0);
-}
+        driver.press(QMessageBox::Ok);
+        shown.menu(1, "Remove");
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+        QCOMPARE(shown.pages()->currentWidget(), first);
+        QCOMPARE(shown.pages()->widget(1), third);
+        QVERIFY(shown.view->isModified() && shown.view->save());
+        const QStringList heads = configText(file).filter("core ");
+        QCOMPARE(heads.size(), 3);
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY2(heads.at(i).startsWith(QString("core %1 ").arg(i)), qPrintable(heads.at(i)));
+            QCOMPARE(heads.at(i).contains("initial data"), i == 1);
+        }
 
-// A Lite editor makes it when it is first called for, a Standard one has it from the start.
-void CoreViewsTest::changeBanner()
-{
-    for (JEX::JexMode mode : {JEX::StandardMode, JEX::LiteMode}) {
-        const Shown shown(mode, m_work->writeConfig(mode, "a.zub", 1));
         for (int i = 0; i < 2; ++i) {
-            QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
-            QCOMPARE(banner != nullptr, shown.standard || i > 0);
-            QVERIFY(!banner || !banner->isVisible());
-            if (shown.standard)
-                banner->show();
-            else
-                QVERIFY(shown.call("showChangedBanner"));
-            QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
-            banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
-            QVERIFY(banner->isVisible());
-            QCOMPARE(banner->findChild<QLabel *>("warningText")->text(),
-                     QString("Netlist File has been changed."));
-            QVERIFY2(!banner->findChild<QLabel *>("warningIcon")->pixmap()->isNull(), "no icon");
-            QPushButton *ok = banner->findChild<QPushButton *>("okBtn");
-            QCOMPARE(ok->text() + QString::number(ok->maximumWidth()), QString("OK32"));
-            ok->click();
-            QVERIFY(!banner->isVisible());
+            driver.press(QMessageBox::Ok);
+            shown.menu(0, "Remove");
+        }
+        driver.press(QMessageBox::Ok);
+        shown.menu(0, "Remove");
+        QCOMPARE(driver.seen.last(), QString("warning | Warning | The only Ao can not be removed. | OK*"));
+        QCOMPARE(shown.cores(), QString("Core 0*"));
+    }
+
+    // A file may number its cores as it likes: they show by their numbers until one is removed.
+    void numbersOfTheFile()
+    {
+        const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
+        m_work->write("a.zub", m_work->read("a.zub").replace("core number=\"0\"", "core number=\"3\""));
+        const Shown shown(JEX::StandardMode, file);
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3*, Core 1, Core 2 | Core 3"));
+        click(shown, 1);
+        QCOMPARE(shown.pages()->currentIndex(), 1);
+        QCOMPARE(dockTitle(shown), QString("Core 1"));
+        shown.menu(0, "Add"); // there is a core of the number 3
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown),
+                 QString("Core 3, Core 1, Core 2, Core 0* | Core 0"));
+        ModalDriver driver;
+        driver.press(QMessageBox::Ok);
+        shown.menu(3, "Remove");
+        QVERIFY2(driver.seen.first().contains("remove AO 3 ?"), qPrintable(driver.seen.first()));
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+        QVERIFY(shown.view->save());
+        QVERIFY(configText(file).first().startsWith("core 0 "));
+    }
+
+    void dyingEditor()
+    {
+        const struct
+        {
+            int cores;
+            const char *entry;
+        } boxes[] = {{16, "Add"}, {2, "Remove"}, {1, "Remove"}};
+        for (const auto &box : boxes) {
+            const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", box.cores));
+            ModalDriver driver;
+            driver.then([&shown](QDialog *) { delete shown.container; });
+            shown.menu(0, box.entry);
+            QVERIFY(!shown.view && driver.done());
         }
     }
-}
+
+    void liteCoresAreFixed()
+    {
+        const Shown shown(JEX::LiteMode, m_work->writeLite("two.zub", 2));
+        QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
+        QWidget *page = shown.pages()->currentWidget();
+        for (const char *name : {"btnAdd", "btnRemove"}) {
+            QPushButton *button = shown.view->findChild<QPushButton *>(name, Qt::FindDirectChildrenOnly);
+            QCOMPARE(button->text(), QString(name == QByteArray("btnAdd") ? "New" : "Remove"));
+            button->click();
+        }
+        QVERIFY(shown.call("removeOneAo"));
+        shown.find<QComboBox>("comboBoxAo")->setCurrentIndex(1);
+        QCOMPARE(shown.cores(), QString("AO 0, AO 1*"));
+        QCOMPARE(shown.pages()->count(), 2);
+        QCOMPARE(shown.pages()->currentWidget(), page);
+        QCOMPARE(modified.size(), 0);
+    }
+
+    // A Lite editor makes it when it is first called for, a Standard one has it from the start.
+    void changeBanner()
+    {
+        for (JEX::JexMode mode : {JEX::StandardMode, JEX::LiteMode}) {
+            const Shown shown(mode, m_work->writeConfig(mode, "a.zub", 1));
+            for (int i = 0; i < 2; ++i) {
+                QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+                QCOMPARE(banner != nullptr, shown.standard || i > 0);
+                QVERIFY(!banner || !banner->isVisible());
+                if (shown.standard)
+                    banner->show();
+                else
+                    QVERIFY(shown.call("showChangedBanner"));
+                QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
+                banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+                QVERIFY(banner->isVisible());
+                QCOMPARE(banner->findChild<QLabel *>("warningText")->text(),
+                         QString("Netlist File has been changed."));
+                QVERIFY2(!banner->findChild<QLabel *>("warningIcon")->pixmap()->isNull(), "no icon");
+                QPushButton *ok = banner->findChild<QPushButton *>("okBtn");
+                QCOMPARE(ok->text() + QString::number(ok->maximumWidth()), QString("OK32"));
+                ok->click();
+                QVERIFY(!banner->isVisible());
+            }
+        }
+    }
+
+private:
+    QScopedPointer<Workspace> m_work;
+};
 
 QTEST_MAIN(CoreViewsTest)
 #include "tst_coreviews.moc"

@@ -43,86 +43,81 @@ class DesignReadingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void modules();
-    void netlist();
-    void events();
-    void includePaths();
-};
-
-// What real designs give is tested with the editors; here is what they hardly do.
-void DesignReadingTest::modules()
-{
-    const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
-    const struct
+    // What real designs give is tested with the editors; here is what they hardly do.
+    void modules()
     {
-        ModuleFindings found;
-        const char *expected;
-    } rows[] = {
-        {{"a", one, two, harmless}, ""},
-        {{"", none, none, {"WARNING: x", "ERROR: a.v:1: y"}},
-         "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
-        {{"a%1\"b", one, none, none},
-         "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
-        {{"", none, two, none}, "Multiple Top Module | Multiple top, please set top module."},
-        {{"a", two, two, none}, "Design files contain some errors | Get no module from design."},
-    };
-    for (const auto &row : rows)
-        QCOMPARE(shown(judgeModules(row.found)), QString(row.expected));
-}
-
-void DesignReadingTest::netlist()
-{
-    QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
-        jtag(netlistFromText("b\n  TS_JTAG!\n"));
-    QCOMPARE(shown(judgeNetlist("a", nullptr)) + shown(judgeNetlist("b", plain.data())) +
-                 shown(judgeNetlist("", plain.data())),
-             QString());
-    QCOMPARE(shown(judgeNetlist("%2", jtag.data())),
-             QString("Error | Get module \"%2\" failed, just received default module \"b\"."));
-    QCOMPARE(shown(judgeNetlist("b", jtag.data())),
-             QString("Error | TS_JTAG used in design conflicts with ZUB."));
-}
-
-void DesignReadingTest::events()
-{
-    Core::Project project;
-    Core::ProjectManager::setCurrentProject(&project);
-    for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd", "/p/off.v", "/p/x.zub"})
-        project.addFile(path);
-    project.setFileEnabled("/p/off.v", false);
-    for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
-        for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd"})
-            QCOMPARE(reaction(topic, {{"file", path}}), DesignFilesChanged);
-        for (const char *path : {"/p/off.v", "/p/x.zub", "/p/unknown.v"})
-            QCOMPARE(reaction(topic, {{"file", path}}), NoReaction);
+        const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
+        const struct
+        {
+            ModuleFindings found;
+            const char *expected;
+        } rows[] = {
+            {{"a", one, two, harmless}, ""},
+            {{"", none, none, {"WARNING: x", "ERROR: a.v:1: y"}},
+             "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
+            {{"a%1\"b", one, none, none},
+             "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
+            {{"", none, two, none}, "Multiple Top Module | Multiple top, please set top module."},
+            {{"a", two, two, none}, "Design files contain some errors | Get no module from design."},
+        };
+        for (const auto &row : rows)
+            QCOMPARE(shown(judgeModules(row.found)), QString(row.expected));
     }
-    Core::ProjectManager::setCurrentProject(nullptr);
 
-    for (int type = 1; type <= 5; ++type) {
-        const DesignReaction expected = type >= 2 && type <= 4 ? DesignFilesChanged : NoReaction;
-        QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", true}}), expected);
-        QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", false}}), NoReaction);
-        QCOMPARE(reaction("TE.File.Change.Enable", {{"type", type}, {"enable", false}}), expected);
-        QCOMPARE(reaction("TE.File.Change.Type", {{"type", type}, {"previous", 1}}), expected);
-        QCOMPARE(reaction("TE.File.Change.Type", {{"type", 0}, {"previous", type}}), expected);
+    void netlist()
+    {
+        QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
+            jtag(netlistFromText("b\n  TS_JTAG!\n"));
+        QCOMPARE(shown(judgeNetlist("a", nullptr)) + shown(judgeNetlist("b", plain.data())) +
+                     shown(judgeNetlist("", plain.data())),
+                 QString());
+        QCOMPARE(shown(judgeNetlist("%2", jtag.data())),
+                 QString("Error | Get module \"%2\" failed, just received default module \"b\"."));
+        QCOMPARE(shown(judgeNetlist("b", jtag.data())),
+                 QString("Error | TS_JTAG used in design conflicts with ZUB."));
     }
-    QCOMPARE(reaction("TE.Option.Change", {{"option", "IncludePath"}}), DesignFilesChanged);
-    QCOMPARE(reaction("TE.Option.Change", {{"option", "Verilog_Standard"}}), DesignFilesChanged);
-    QCOMPARE(reaction("TE.Option.Change", {{"option", "TopModule"}}), TopModuleChanged);
-    QCOMPARE(reaction("TE.Option.Change", {{"option", "Synthesize_tool"}}), NoReaction);
-    QCOMPARE(reaction("TE.Device.Change", {{"type", 2}, {"option", "TopModule"}}), NoReaction);
-}
 
-void DesignReadingTest::includePaths()
-{
-    Core::Project project;
-    Core::ProjectManager::setCurrentProject(&project);
-    project.setOption("IncludePath", QStringList({"inc", "/usr/lib/x", "../up/./two"}));
-    const QString folder = project.workingDir();
-    QCOMPARE(projectIncludePaths(),
-             QStringList({folder + "/inc", "/usr/lib/x", QDir::cleanPath(folder + "/../up/two")}));
-    Core::ProjectManager::setCurrentProject(nullptr);
-}
+    void events()
+    {
+        Core::Project project;
+        Core::ProjectManager::setCurrentProject(&project);
+        for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd", "/p/off.v", "/p/x.zub"})
+            project.addFile(path);
+        project.setFileEnabled("/p/off.v", false);
+        for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
+            for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd"})
+                QCOMPARE(reaction(topic, {{"file", path}}), DesignFilesChanged);
+            for (const char *path : {"/p/off.v", "/p/x.zub", "/p/unknown.v"})
+                QCOMPARE(reaction(topic, {{"file", path}}), NoReaction);
+        }
+        Core::ProjectManager::setCurrentProject(nullptr);
+
+        for (int type = 1; type <= 5; ++type) {
+            const DesignReaction expected = type >= 2 && type <= 4 ? DesignFilesChanged : NoReaction;
+            QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", true}}), expected);
+            QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", false}}), NoReaction);
+            QCOMPARE(reaction("TE.File.Change.Enable", {{"type", type}, {"enable", false}}), expected);
+            QCOMPARE(reaction("TE.File.Change.Type", {{"type", type}, {"previous", 1}}), expected);
+            QCOMPARE(reaction("TE.File.Change.Type", {{"type", 0}, {"previous", type}}), expected);
+        }
+        QCOMPARE(reaction("TE.Option.Change", {{"option", "IncludePath"}}), DesignFilesChanged);
+        QCOMPARE(reaction("TE.Option.Change", {{"option", "Verilog_Standard"}}), DesignFilesChanged);
+        QCOMPARE(reaction("TE.Option.Change", {{"option", "TopModule"}}), TopModuleChanged);
+        QCOMPARE(reaction("TE.Option.Change", {{"option", "Synthesize_tool"}}), NoReaction);
+        QCOMPARE(reaction("TE.Device.Change", {{"type", 2}, {"option", "TopModule"}}), NoReaction);
+    }
+
+    void includePaths()
+    {
+        Core::Project project;
+        Core::ProjectManager::setCurrentProject(&project);
+        project.setOption("IncludePath", QStringList({"inc", "/usr/lib/x", "../up/./two"}));
+        const QString folder = project.workingDir();
+        QCOMPARE(projectIncludePaths(),
+                 QStringList({folder + "/inc", "/usr/lib/x", QDir::cleanPath(folder + "/../up/two")}));
+        Core::ProjectManager::setCurrentProject(nullptr);
+    }
+};
 
 QTEST_MAIN(DesignReadingTest)
 #include "tst_designreading.moc"

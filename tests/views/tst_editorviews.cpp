@@ -27,23 +27,396 @@ class EditorViewsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
-    void init();
-    void openJudgesTheDesign_data();
-    void openJudgesTheDesign();
-    void openRefusesOtherFiles();
-    void newFile();
-    void saving();
-    void savingIsRefused();
-    void closing();
-    void fileBanners();
-    void burstAndOwnSave();
-    void removedFile();
-    void bothBanners();
-    void invalidFileOnReload();
-    void designBanner();
-    void designReloadFails();
-    void diesWhileAsking();
+    void initTestCase_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::newRow("Standard") << int(JEX::StandardMode);
+        QTest::newRow("Lite") << int(JEX::LiteMode);
+    }
+
+    void init()
+    {
+        QFETCH_GLOBAL(int, mode);
+        m_mode = JEX::JexMode(mode);
+        m_work.reset();
+        m_work.reset(new Workspace);
+        m_work->addDesign("design.sv", counterDesign);
+    }
+
+    void openJudgesTheDesign_data()
+    {
+        QTest::addColumn<QByteArray>("design");
+        QTest::addColumn<QString>("top");
+        QTest::addColumn<QString>("said");
+
+        const QByteArray two = "module a(input clk); endmodule\nmodule b(input clk); endmodule\n";
+        const QByteArray jtag = "module top(input clk);\n  TS_JTAG u0(.tck(clk));\nendmodule\n";
+        const auto row = [](const char *name, const QByteArray &design, const char *top, const char *said) {
+            QTest::newRow(name) << design << QString(top) << QString(said);
+        };
+        row("usable", counterDesign, "", "");
+        row("usable, top named", two, "b", "");
+        row("no files", "", "", "critical | Error | Design files are not exist. | OK");
+        row("syntax error", faultyDesign, "", "dialog | Design files contain some errors.");
+        row("no module", "package p;\n  localparam int x = 1;\nendpackage\n", "",
+            "critical | Design files contain some errors | Get no module from design. | OK");
+        row("wrong top", counterDesign, "nosuch",
+            "critical | Invalid Top Module | No module named \"nosuch\", please reset top module. | OK");
+        row("two tops", two, "",
+            "critical | Multiple Top Module | Multiple top, please set top module. | OK");
+        row("TS_JTAG", jtag, "", "critical | Error | TS_JTAG used in design conflicts with ZUB. | OK");
+    }
+
+    void openJudgesTheDesign()
+    {
+        QFETCH(QByteArray, design);
+        QFETCH(QString, top);
+        QFETCH(QString, said);
+        if (design.isEmpty())
+            m_work->project.removeFile(m_work->path("design.sv"));
+        m_work->write("design.sv", design);
+        m_work->project.setOption("TopModule", top);
+        ModalDriver driver;
+        QString details;
+        if (!said.isEmpty())
+            driver.then([&details](QDialog *dialog) {
+                if (const QTextEdit *text = dialog->findChild<QTextEdit *>("textEdit"))
+                    details = text->toPlainText();
+                dialog->findChild<QPushButton *>()->click();
+            });
+
+        const Shown shown(m_mode, config("a.zub"));
+        QCOMPARE(driver.seen.join("\n"), said);
+        QCOMPARE(shown.opened, said.isEmpty());
+        QCOMPARE(shown.error, QString());
+        if (said.startsWith("dialog"))
+            QVERIFY2(details.contains("ERROR") && details.contains("design.sv"), qPrintable(details));
+    }
+
+    void openRefusesOtherFiles()
+    {
+        const QString text = m_work->write("text.zub", "not a configuration\n");
+        JEX::fillInfoForEmptyJexConfig(m_work->path("other.zub"), JEX::JexMode(10087 + 10088 - m_mode));
+        for (const QString &file : {text, m_work->path("other.zub"), m_work->path("missing.zub")}) {
+            const Shown shown(m_mode, file);
+            QVERIFY(!shown.opened);
+            QCOMPARE(shown.error, file + " open file failed.");
+        }
+
+        // The reader knows better what is wrong.
+        const QString damaged = config("damaged.zub");
+        m_work->write("damaged.zub", m_work->read("damaged.zub").replace("rising", "raising"));
+        const Shown shown(m_mode, damaged);
+        QVERIFY(!shown.opened);
+        QVERIFY2(shown.error.contains(damaged) && shown.error.contains("raising"), qPrintable(shown.error));
+    }
+
+    void newFile()
+    {
+        const Shown shown(m_mode, config("new.zub", 0));
+        QVERIFY(shown.opened && shown.view->isModified());
+        QCOMPARE(shown.view->windowTitle() + ", " + shown.view->shortTitle(),
+                 QString("new.zub *, new.zub *"));
+        QCOMPARE(shown.cores(), QString(shown.standard ? "Core 0*" : "AO 0*"));
+        QCOMPARE(shown.find<QComboBox>("comboCapAmount")->currentText(), QString("1024"));
+
+        ModalDriver driver;
+        for (int i = 1; i < 16; ++i)
+            shown.addCore();
+        QCOMPARE(driver.seen, QStringList());
+        driver.press(QMessageBox::Ok);
+        shown.addCore();
+        QCOMPARE(driver.seen.join("\n"), QString("warning | Warning | Support 16 AOs at most. | OK"));
+        QCOMPARE(shown.pages()->count(), 16);
+        QVERIFY2(shown.cores().endsWith(shown.standard ? ", Core 15*" : ", AO 15*"),
+                 qPrintable(shown.cores()));
+    }
+
+    void saving()
+    {
+        const QString file = config("a.zub");
+        const QStringList before = configText(file);
+        Shown shown(m_mode, file);
+        QCOMPARE(shown.view->windowTitle() + ", " + shown.view->shortTitle(), QString("a.zub, a.zub"));
+        QStringList told;
+        connect(shown.view, &RTLJEX::JexInserterView::modificationStatusChanged, [&](bool modified) {
+            told << (modified ? "modified, " : "saved, ") + shown.view->windowTitle() + ", " +
+                        shown.view->shortTitle();
+        });
+        for (int i = 0; i < 3; ++i)
+            shown.edit();
+        QVERIFY(shown.view->isModified());
+        QVERIFY(shown.view->save());
+        QVERIFY(!shown.view->isModified());
+        QCOMPARE(told, QStringList({"modified, a.zub *, a.zub *", "saved, a.zub, a.zub"}));
+        QStringList expected = before;
+        expected[0] += shown.standard ? ", initial data, top top" : ", initial data";
+        QCOMPARE(configText(file), expected);
+    }
+
+    void savingIsRefused()
+    {
+        QDir(m_work->dir.path()).mkdir("gone");
+        const QString file = config("gone/a.zub");
+        Shown shown(m_mode, file);
+        const QByteArray before = m_work->read("gone/a.zub");
+        shown.find<QLineEdit>("editSampleClock")->setText("top/nosuch");
+        ModalDriver driver;
+        QString details;
+        driver.then([&details](QDialog *dialog) {
+            QMessageBox *box = qobject_cast<QMessageBox *>(dialog);
+            details = box->detailedText();
+            QCOMPARE(box->escapeButton(), box->button(QMessageBox::Ok));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        QVERIFY(!shown.view->save());
+        QCOMPARE(driver.seen.takeFirst(), checkFailed());
+        QCOMPARE(details, QString("Core 0: The specified sample clock does not exist"));
+        QCOMPARE(m_work->read("gone/a.zub"), before);
+
+        shown.find<QLineEdit>("editSampleClock")->setText("top/clk");
+        m_work->project.setOption("Synthesize_tool", "Synplify");
+        driver.press(QMessageBox::Ok);
+        QVERIFY(!shown.view->save());
+        QCOMPARE(
+            driver.seen.takeFirst(),
+            QString("critical | Error | For RTL Design, JEX is only available for TarselSynthesis. Please "
+                    "change Synthesis Tool to TarselSynthesis in Configurations. | OK"));
+        QCOMPARE(m_work->read("gone/a.zub"), before);
+        m_work->project.setOption("Synthesize_tool", "synplify");
+
+        QVERIFY(QDir(m_work->path("gone")).removeRecursively());
+        driver.press(QMessageBox::Ok);
+        QVERIFY(!shown.view->save());
+        QCOMPARE(driver.seen.join("\n"), "critical | Error | Can not save to " + file + " | OK");
+        QVERIFY(shown.view->isModified());
+        QCOMPARE(shown.view->windowTitle(), QString("a.zub *"));
+    }
+
+    void closing()
+    {
+        const QMessageBox::StandardButton none = QMessageBox::NoButton, ok = QMessageBox::Ok;
+        const struct
+        {
+            QMessageBox::StandardButton answer; // none: there is nothing to save
+            bool valid, closed, written;
+        } rows[] = {{none, true, true, false},
+                    {ok, true, true, true},
+                    {ok, false, false, false},
+                    {QMessageBox::Discard, true, true, false},
+                    {QMessageBox::Cancel, true, false, false}};
+        m_work->project.setOption("Synthesize_tool", "Synplify"); // closing does not ask for it
+        for (const auto &row : rows) {
+            Shown shown(m_mode, config("a.zub"));
+            const QByteArray before = m_work->read("a.zub");
+            ModalDriver driver;
+            QStringList said;
+            if (row.answer != none) {
+                shown.edit();
+                driver.press(row.answer);
+                said << "question | Save | Save changes to \"" + shown.view->file() +
+                            "\" ? | Cancel Discard OK*";
+            }
+            if (!row.valid) {
+                shown.find<QLineEdit>("editSampleClock")->clear();
+                driver.press(ok);
+                said << checkFailed();
+            }
+            QCOMPARE(shown.view->close(), row.closed);
+            QCOMPARE(driver.seen, said);
+            QCOMPARE(m_work->read("a.zub") != before, row.written);
+        }
+    }
+
+    // Editors and version control replace a file by a rename; each time is reported.
+    void fileBanners()
+    {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file);
+        shown.edit();
+        for (int cores = 2; cores <= 3; ++cores) {
+            config("b.zub", cores);
+            // What the design does not have is found out on a reload as well.
+            m_work->write("b.zub", m_work->read("b.zub").replace("signal name=\"top/clk\"",
+                                                                 "signal name=\"top/lost\""));
+            QFile::remove(file);
+            QVERIFY(QFile::rename(m_work->path("b.zub"), file));
+            QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+            shown.answer("Reload");
+            QCOMPARE(shown.banners(), QStringList());
+            QVERIFY(shown.find<QWidget>("bannerContainer")->isHidden());
+            QCOMPARE(shown.pages()->count(), cores);
+            QCOMPARE(shown.cores().section(",", 0, 1),
+                     QString(shown.standard ? "Core 0*, Core 1" : "AO 0*, AO 1"));
+            QVERIFY2(shown.view->isModified(), "a reload keeps the mark");
+            QVERIFY(!shown.initialData()->isChecked());
+            const QVariant row = shown.captureRows()->topLevelItem(0)->data(0, Qt::UserRole);
+            QVERIFY(row.value<JEX::SignalItem>().type != 0);
+        }
+        config("a.zub", 0);
+        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        shown.answer("Cancel");
+        QCOMPARE(shown.banners(), QStringList());
+        QCOMPARE(shown.pages()->count(), 3);
+    }
+
+    void burstAndOwnSave()
+    {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file);
+        shown.edit();
+        QVERIFY(shown.view->save());
+        QTest::qWait(800);
+        QCOMPARE(shown.banners(), QStringList());
+
+        for (int i = 0; i < 10; ++i) {
+            m_work->write("a.zub", QByteArray(i, 'x'));
+            QTest::qWait(20);
+        }
+        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        m_work->write("a.zub", "still more");
+        QTest::qWait(800);
+        QCOMPARE(shown.banners(), QStringList(changedText(file)));
+    }
+
+    void removedFile()
+    {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file), other(m_mode, config("other.zub"));
+        shown.edit();
+        QFile::remove(file);
+        QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
+        shown.answer("Keep It");
+        QCOMPARE(shown.banners(), QStringList());
+        QVERIFY(shown.view->isModified() && shown.view->save());
+        QVERIFY(QFile::exists(file));
+
+        shown.edit();
+        QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
+        QFile::remove(file);
+        QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
+        shown.answer("Close");
+        QCOMPARE(modified, QList<QVariantList>() << QVariantList({false}));
+        QTRY_VERIFY2(!shown.container, "the container dies");
+        QVERIFY(!shown.view && other.view && other.view->isVisible());
+    }
+
+    // The answer to the one question ends the waiting for the other as well.
+    void bothBanners()
+    {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file);
+        m_work->write("a.zub", m_work->read("a.zub") + " ");
+        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        m_work->project.setOption("TopModule", "top");
+        QCOMPARE(shown.banners(), QStringList({changedText(file), topText}));
+        shown.answer("Cancel");
+        QCOMPARE(shown.banners(), QStringList(topText));
+        m_work->project.setOption("TopModule", "");
+        QCOMPARE(shown.banners(), QStringList({topText, topText}));
+    }
+
+    void invalidFileOnReload()
+    {
+        const struct
+        {
+            const char *from, *to;
+        } damages[] = {{"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
+        Shown other(m_mode, config("other.zub"));
+        for (const auto &damage : damages) {
+            const QString file = config("a.zub");
+            Shown shown(m_mode, file);
+            m_work->write("a.zub", m_work->read("a.zub").replace(damage.from, damage.to));
+            QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+            ModalDriver driver;
+            driver.then([&shown](QDialog *dialog) {
+                QCOMPARE(shown.pages()->count(), 1);
+                dialog->findChild<QPushButton *>()->click();
+            });
+            shown.answer("Reload");
+            QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
+            QTRY_VERIFY(!shown.container);
+            QVERIFY(other.view);
+        }
+    }
+
+    void designBanner()
+    {
+        Shown shown(m_mode, config("a.zub"));
+        m_work->addDesign("more.v", "module leaf(input clk); endmodule\n");
+        QCOMPARE(shown.banners(), QStringList(designText));
+        m_work->project.setOption("TopModule", "top");
+        m_work->addDesign("evenmore.v", "module leaf2(input clk); endmodule\n");
+        QCOMPARE(shown.banners(), QStringList(designText));
+        shown.answer("Cancel");
+        QCOMPARE(shown.banners(), QStringList());
+        m_work->project.setOption("TopModule", "");
+        QCOMPARE(shown.banners(), QStringList(topText));
+        shown.answer("Cancel");
+
+        // A net that the new design does not have is found missing by the next save.
+        m_work->write("design.sv", QByteArray(counterDesign).replace("clk", "clock"));
+        m_work->project.setOption("TopModule", "top");
+        QDialog open(shown.pages()->currentWidget());
+        open.show();
+        shown.answer("Reload");
+        QVERIFY2(!open.isVisible(), "it may show nets that are gone");
+        QCOMPARE(shown.banners(), QStringList());
+        ModalDriver driver;
+        QString details;
+        driver.then([&details](QDialog *dialog) {
+            details = qobject_cast<QMessageBox *>(dialog)->detailedText();
+            dialog->reject();
+        });
+        QVERIFY(!shown.view->save());
+        QVERIFY2(details.contains("Core 0: The specified sample clock does not exist"), qPrintable(details));
+
+        m_work->project.setOption("IncludePath", QStringList("inc"));
+        QCOMPARE(shown.banners(), QStringList(designText));
+    }
+
+    void designReloadFails()
+    {
+        Shown shown(m_mode, config("a.zub")), other(m_mode, config("other.zub"));
+        shown.edit();
+        m_work->write("design.sv", faultyDesign);
+        m_work->project.setOption("TopModule", "top");
+        ModalDriver driver;
+        bool saved = false;
+        driver.then([&](QDialog *dialog) {
+            QVERIFY2(shown.view->isModified(), "nothing is given up before the message was read");
+            // A Lite editor keeps the design it had until there is another.
+            if (shown.standard)
+                driver.press(QMessageBox::Ok);
+            saved = shown.view->save();
+            dialog->accept();
+        });
+        shown.answer("Reload");
+        QCOMPARE(driver.seen.takeFirst(), QString("dialog | Design files contain some errors."));
+        QCOMPARE(driver.seen, shown.standard ? QStringList(checkFailed()) : QStringList());
+        QCOMPARE(saved, !shown.standard);
+        QTRY_VERIFY(!shown.container);
+        QVERIFY(!shown.view && other.view && other.view->isVisible());
+        QCOMPARE(other.banners(), QStringList(topText));
+    }
+
+    void diesWhileAsking()
+    {
+        for (const QByteArray action : {"close", "save", "onRtlReload", "onBannerReload"}) {
+            init();
+            Shown shown(m_mode, config("a.zub"));
+            shown.find<QLineEdit>("editSampleClock")->clear();
+            m_work->write("design.sv", faultyDesign);
+            m_work->write("a.zub", "damaged");
+            ModalDriver driver;
+            driver.then([&shown](QDialog *) { delete shown.container; });
+            if (action == "save")
+                shown.view->save();
+            else
+                QMetaObject::invokeMethod(shown.view, action);
+            QVERIFY2(!shown.view && driver.done(), action);
+        }
+    }
 
 private:
     QString config(const char *name, int cores = 1) const { return m_work->writeConfig(m_mode, name, cores); }
@@ -57,392 +430,6 @@ private:
     JEX::JexMode m_mode = JEX::InvalidMode;
     QScopedPointer<Workspace> m_work;
 };
-
-void EditorViewsTest::initTestCase_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::newRow("Standard") << int(JEX::StandardMode);
-    QTest::newRow("Lite") << int(JEX::LiteMode);
-}
-
-void EditorViewsTest::init()
-{
-    QFETCH_GLOBAL(int, mode);
-    m_mode = JEX::JexMode(mode);
-    m_work.reset();
-    m_work.reset(new Workspace);
-    m_work->addDesign("design.sv", counterDesign);
-}
-
-void EditorViewsTest::openJudgesTheDesign_data()
-{
-    QTest::addColumn<QByteArray>("design");
-    QTest::addColumn<QString>("top");
-    QTest::addColumn<QString>("said");
-
-    const QByteArray two = "module a(input clk); endmodule\nmodule b(input clk); endmodule\n";
-    const QByteArray jtag = "module top(input clk);\n  TS_JTAG u0(.tck(clk));\nendmodule\n";
-    const auto row = [](const char *name, const QByteArray &design, const char *top, const char *said) {
-        QTest::newRow(name) << design << QString(top) << QString(said);
-    };
-    row("usable", counterDesign, "", "");
-    row("usable, top named", two, "b", "");
-    row("no files", "", "", "critical | Error | Design files are not exist. | OK");
-    row("syntax error", faultyDesign, "", "dialog | Design files contain some errors.");
-    row("no module", "package p;\n  localparam int x = 1;\nendpackage\n", "",
-        "critical | Design files contain some errors | Get no module from design. | OK");
-    row("wrong top", counterDesign, "nosuch",
-        "critical | Invalid Top Module | No module named \"nosuch\", please reset top module. | OK");
-    row("two tops", two, "", "critical | Multiple Top Module | Multiple top, please set top module. | OK");
-    row("TS_JTAG", jtag, "", "critical | Error | TS_JTAG used in design conflicts with ZUB. | OK");
-}
-
-void EditorViewsTest::openJudgesTheDesign()
-{
-    QFETCH(QByteArray, design);
-    QFETCH(QString, top);
-    QFETCH(QString, said);
-    if (design.isEmpty())
-        m_work->project.removeFile(m_work->path("design.sv"));
-    m_work->write("design.sv", design);
-    m_work->project.setOption("TopModule", top);
-    ModalDriver driver;
-    QString details;
-    if (!said.isEmpty())
-        driver.then([&details](QDialog *dialog) {
-            if (const QTextEdit *text = dialog->findChild<QTextEdit *>("textEdit"))
-                details = text->toPlainText();
-            dialog->findChild<QPushButton *>()->click();
-        });
-
-    const Shown shown(m_mode, config("a.zub"));
-    QCOMPARE(driver.seen.join("\n"), said);
-    QCOMPARE(shown.opened, said.isEmpty());
-    QCOMPARE(shown.error, QString());
-    if (said.startsWith("dialog"))
-        QVERIFY2(details.contains("ERROR") && details.contains("design.sv"), qPrintable(details));
-}
-
-void EditorViewsTest::openRefusesOtherFiles()
-{
-    const QString text = m_work->write("text.zub", "not a configuration\n");
-    JEX::fillInfoForEmptyJexConfig(m_work->path("other.zub"), JEX::JexMode(10087 + 10088 - m_mode));
-    for (const QString &file : {text, m_work->path("other.zub"), m_work->path("missing.zub")}) {
-        const Shown shown(m_mode, file);
-        QVERIFY(!shown.opened);
-        QCOMPARE(shown.error, file + " open file failed.");
-    }
-
-    // The reader knows better what is wrong.
-    const QString damaged = config("damaged.zub");
-    m_work->write("damaged.zub", m_work->read("damaged.zub").replace("rising", "raising"));
-    const Shown shown(m_mode, damaged);
-    QVERIFY(!shown.opened);
-    QVERIFY2(shown.error.contains(damaged) && shown.error.contains("raising"), qPrintable(shown.error));
-}
-
-void EditorViewsTest::newFile()
-{
-    const Shown shown(m_mode, config("new.zub", 0));
-    QVERIFY(shown.opened && shown.view->isModified());
-    QCOMPARE(shown.view->windowTitle() + ", " + shown.view->shortTitle(), QString("new.zub *, new.zub *"));
-    QCOMPARE(shown.cores(), QString(shown.standard ? "Core 0*" : "AO 0*"));
-    QCOMPARE(shown.find<QComboBox>("comboCapAmount")->currentText(), QString("1024"));
-
-    ModalDriver driver;
-    for (int i = 1; i < 16; ++i)
-        shown.addCore();
-    QCOMPARE(driver.seen, QStringList());
-    driver.press(QMessageBox::Ok);
-    shown.addCore();
-    QCOMPARE(driver.seen.join("\n"), QString("warning | Warning | Support 16 AOs at most. | OK"));
-    QCOMPARE(shown.pages()->count(), 16);
-    QVERIFY2(shown.cores().endsWith(shown.standard ? ", Core 15*" : ", AO 15*"), qPrintable(shown.cores()));
-}
-
-void EditorViewsTest::saving()
-{
-    const QString file = config("a.zub");
-    const QStringList before = configText(file);
-    Shown shown(m_mode, file);
-    QCOMPARE(shown.view->windowTitle() + ", " + shown.view->shortTitle(), QString("a.zub, a.zub"));
-    QStringList told;
-    connect(shown.view, &RTLJEX::JexInserterView::modificationStatusChanged, [&](bool modified) {
-        told << (modified ? "modified, " : "saved, ") + shown.view->windowTitle() + ", " +
-                    shown.view->shortTitle();
-    });
-    for (int i = 0; i < 3; ++i)
-        shown.edit();
-    QVERIFY(shown.view->isModified());
-    QVERIFY(shown.view->save());
-    QVERIFY(!shown.view->isModified());
-    QCOMPARE(told, QStringList({"modified, a.zub *, a.zub *", "saved, a.zub, a.zub"}));
-    QStringList expected = before;
-    expected[0] += shown.standard ? ", initial data, top top" : ", initial data";
-    QCOMPARE(configText(file), expected);
-}
-
-void EditorViewsTest::savingIsRefused()
-{
-    QDir(m_work->dir.path()).mkdir("gone");
-    const QString file = config("gone/a.zub");
-    Shown shown(m_mode, file);
-    const QByteArray before = m_work->read("gone/a.zub");
-    shown.find<QLineEdit>("editSampleClock")->setText("top/nosuch");
-    ModalDriver driver;
-    QString details;
-    driver.then([&details](QDialog *dialog) {
-        QMessageBox *box = qobject_cast<QMessageBox *>(dialog);
-        details = box->detailedText();
-        QCOMPARE(box->escapeButton(), box->button(QMessageBox::Ok));
-        QTest::keyClick(box, Qt::Key_Escape);
-    });
-    QVERIFY(!shown.view->save());
-    QCOMPARE(driver.seen.takeFirst(), checkFailed());
-    QCOMPARE(details, QString("Core 0: The specified sample clock does not exist"));
-    QCOMPARE(m_work->read("gone/a.zub"), before);
-
-    shown.find<QLineEdit>("editSampleClock")->setText("top/clk");
-    m_work->project.setOption("Synthesize_tool", "Synplify");
-    driver.press(QMessageBox::Ok);
-    QVERIFY(!shown.view->save());
-    QCOMPARE(driver.seen.takeFirst(),
-             QString("critical | Error | For RTL Design, JEX is only available for TarselSynthesis. Please "
-                     "change Synthesis Tool to TarselSynthesis in Configurations. | OK"));
-    QCOMPARE(m_work->read("gone/a.zub"), before);
-    m_work->project.setOption("Synthesize_tool", "synplify");
-
-    QVERIFY(QDir(m_work->path("gone")).removeRecursively());
-    driver.press(QMessageBox::Ok);
-    QVERIFY(!shown.view->save());
-    QCOMPARE(driver.seen.join("\n"), "critical | Error | Can not save to " + file + " | OK");
-    QVERIFY(shown.view->isModified());
-    QCOMPARE(shown.view->windowTitle(), QString("a.zub *"));
-}
-
-void EditorViewsTest::closing()
-{
-    const QMessageBox::StandardButton none = QMessageBox::NoButton, ok = QMessageBox::Ok;
-    const struct
-    {
-        QMessageBox::StandardButton answer; // none: there is nothing to save
-        bool valid, closed, written;
-    } rows[] = {{none, true, true, false},
-                {ok, true, true, true},
-                {ok, false, false, false},
-                {QMessageBox::Discard, true, true, false},
-                {QMessageBox::Cancel, true, false, false}};
-    m_work->project.setOption("Synthesize_tool", "Synplify"); // closing does not ask for it
-    for (const auto &row : rows) {
-        Shown shown(m_mode, config("a.zub"));
-        const QByteArray before = m_work->read("a.zub");
-        ModalDriver driver;
-        QStringList said;
-        if (row.answer != none) {
-            shown.edit();
-            driver.press(row.answer);
-            said << "question | Save | Save changes to \"" + shown.view->file() + "\" ? | Cancel Discard OK*";
-        }
-        if (!row.valid) {
-            shown.find<QLineEdit>("editSampleClock")->clear();
-            driver.press(ok);
-            said << checkFailed();
-        }
-        QCOMPARE(shown.view->close(), row.closed);
-        QCOMPARE(driver.seen, said);
-        QCOMPARE(m_work->read("a.zub") != before, row.written);
-    }
-}
-
-// Editors and version control replace a file by a rename; each time is reported.
-void EditorViewsTest::fileBanners()
-{
-    const QString file = config("a.zub");
-    Shown shown(m_mode, file);
-    shown.edit();
-    for (int cores = 2; cores <= 3; ++cores) {
-        config("b.zub", cores);
-        // What the design does not have is found out on a reload as well.
-        m_work->write("b.zub",
-                      m_work->read("b.zub").replace("signal name=\"top/clk\"", "signal name=\"top/lost\""));
-        QFile::remove(file);
-        QVERIFY(QFile::rename(m_work->path("b.zub"), file));
-        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-        shown.answer("Reload");
-        QCOMPARE(shown.banners(), QStringList());
-        QVERIFY(shown.find<QWidget>("bannerContainer")->isHidden());
-        QCOMPARE(shown.pages()->count(), cores);
-        QCOMPARE(shown.cores().section(",", 0, 1),
-                 QString(shown.standard ? "Core 0*, Core 1" : "AO 0*, AO 1"));
-        QVERIFY2(shown.view->isModified(), "a reload keeps the mark");
-        QVERIFY(!shown.initialData()->isChecked());
-        const QVariant row = shown.captureRows()->topLevelItem(0)->data(0, Qt::UserRole);
-        QVERIFY(row.value<JEX::SignalItem>().type != 0);
-    }
-    config("a.zub", 0);
-    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-    shown.answer("Cancel");
-    QCOMPARE(shown.banners(), QStringList());
-    QCOMPARE(shown.pages()->count(), 3);
-}
-
-void EditorViewsTest::burstAndOwnSave()
-{
-    const QString file = config("a.zub");
-    Shown shown(m_mode, file);
-    shown.edit();
-    QVERIFY(shown.view->save());
-    QTest::qWait(800);
-    QCOMPARE(shown.banners(), QStringList());
-
-    for (int i = 0; i < 10; ++i) {
-        m_work->write("a.zub", QByteArray(i, 'x'));
-        QTest::qWait(20);
-    }
-    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-    m_work->write("a.zub", "still more");
-    QTest::qWait(800);
-    QCOMPARE(shown.banners(), QStringList(changedText(file)));
-}
-
-void EditorViewsTest::removedFile()
-{
-    const QString file = config("a.zub");
-    Shown shown(m_mode, file), other(m_mode, config("other.zub"));
-    shown.edit();
-    QFile::remove(file);
-    QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
-    shown.answer("Keep It");
-    QCOMPARE(shown.banners(), QStringList());
-    QVERIFY(shown.view->isModified() && shown.view->save());
-    QVERIFY(QFile::exists(file));
-
-    shown.edit();
-    QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
-    QFile::remove(file);
-    QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
-    shown.answer("Close");
-    QCOMPARE(modified, QList<QVariantList>() << QVariantList({false}));
-    QTRY_VERIFY2(!shown.container, "the container dies");
-    QVERIFY(!shown.view && other.view && other.view->isVisible());
-}
-
-// The answer to the one question ends the waiting for the other as well.
-void EditorViewsTest::bothBanners()
-{
-    const QString file = config("a.zub");
-    Shown shown(m_mode, file);
-    m_work->write("a.zub", m_work->read("a.zub") + " ");
-    QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-    m_work->project.setOption("TopModule", "top");
-    QCOMPARE(shown.banners(), QStringList({changedText(file), topText}));
-    shown.answer("Cancel");
-    QCOMPARE(shown.banners(), QStringList(topText));
-    m_work->project.setOption("TopModule", "");
-    QCOMPARE(shown.banners(), QStringList({topText, topText}));
-}
-
-void EditorViewsTest::invalidFileOnReload()
-{
-    const struct
-    {
-        const char *from, *to;
-    } damages[] = {{"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
-    Shown other(m_mode, config("other.zub"));
-    for (const auto &damage : damages) {
-        const QString file = config("a.zub");
-        Shown shown(m_mode, file);
-        m_work->write("a.zub", m_work->read("a.zub").replace(damage.from, damage.to));
-        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
-        ModalDriver driver;
-        driver.then([&shown](QDialog *dialog) {
-            QCOMPARE(shown.pages()->count(), 1);
-            dialog->findChild<QPushButton *>()->click();
-        });
-        shown.answer("Reload");
-        QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
-        QTRY_VERIFY(!shown.container);
-        QVERIFY(other.view);
-    }
-}
-
-void EditorViewsTest::designBanner()
-{
-    Shown shown(m_mode, config("a.zub"));
-    m_work->addDesign("more.v", "module leaf(input clk); endmodule\n");
-    QCOMPARE(shown.banners(), QStringList(designText));
-    m_work->project.setOption("TopModule", "top");
-    m_work->addDesign("evenmore.v", "module leaf2(input clk); endmodule\n");
-    QCOMPARE(shown.banners(), QStringList(designText));
-    shown.answer("Cancel");
-    QCOMPARE(shown.banners(), QStringList());
-    m_work->project.setOption("TopModule", "");
-    QCOMPARE(shown.banners(), QStringList(topText));
-    shown.answer("Cancel");
-
-    // A net that the new design does not have is found missing by the next save.
-    m_work->write("design.sv", QByteArray(counterDesign).replace("clk", "clock"));
-    m_work->project.setOption("TopModule", "top");
-    QDialog open(shown.pages()->currentWidget());
-    open.show();
-    shown.answer("Reload");
-    QVERIFY2(!open.isVisible(), "it may show nets that are gone");
-    QCOMPARE(shown.banners(), QStringList());
-    ModalDriver driver;
-    QString details;
-    driver.then([&details](QDialog *dialog) {
-        details = qobject_cast<QMessageBox *>(dialog)->detailedText();
-        dialog->reject();
-    });
-    QVERIFY(!shown.view->save());
-    QVERIFY2(details.contains("Core 0: The specified sample clock does not exist"), qPrintable(details));
-
-    m_work->project.setOption("IncludePath", QStringList("inc"));
-    QCOMPARE(shown.banners(), QStringList(designText));
-}
-
-void EditorViewsTest::designReloadFails()
-{
-    Shown shown(m_mode, config("a.zub")), other(m_mode, config("other.zub"));
-    shown.edit();
-    m_work->write("design.sv", faultyDesign);
-    m_work->project.setOption("TopModule", "top");
-    ModalDriver driver;
-    bool saved = false;
-    driver.then([&](QDialog *dialog) {
-        QVERIFY2(shown.view->isModified(), "nothing is given up before the message was read");
-        // A Lite editor keeps the design it had until there is another.
-        if (shown.standard)
-            driver.press(QMessageBox::Ok);
-        saved = shown.view->save();
-        dialog->accept();
-    });
-    shown.answer("Reload");
-    QCOMPARE(driver.seen.takeFirst(), QString("dialog | Design files contain some errors."));
-    QCOMPARE(driver.seen, shown.standard ? QStringList(checkFailed()) : QStringList());
-    QCOMPARE(saved, !shown.standard);
-    QTRY_VERIFY(!shown.container);
-    QVERIFY(!shown.view && other.view && other.view->isVisible());
-    QCOMPARE(other.banners(), QStringList(topText));
-}
-
-void EditorViewsTest::diesWhileAsking()
-{
-    for (const QByteArray action : {"close", "save", "onRtlReload", "onBannerReload"}) {
-        init();
-        Shown shown(m_mode, config("a.zub"));
-        shown.find<QLineEdit>("editSampleClock")->clear();
-        m_work->write("design.sv", faultyDesign);
-        m_work->write("a.zub", "damaged");
-        ModalDriver driver;
-        driver.then([&shown](QDialog *) { delete shown.container; });
-        if (action == "save")
-            shown.view->save();
-        else
-            QMetaObject::invokeMethod(shown.view, action);
-        QVERIFY2(!shown.view && driver.done(), action);
-    }
-}
 
 QTEST_MAIN(EditorViewsTest)
 #include "tst_editorviews.moc"
