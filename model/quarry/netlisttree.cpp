@@ -102,8 +102,7 @@ bool NetlistTree::addChildren(Instance &instance, const VerilatorScope &scope, H
 bool NetlistTree::addInstances(const Instance &instance, const VerilatorScope &scope,
                                const VerilatorChild &child, Hierachy *parent)
 {
-    VerilatorModule &module = *m_design.module(child.node.attribute("defName").value());
-    m_design.body(module);
+    VerilatorModule &module = *child.module;
     const int count = child.isArray ? qAbs(child.left - child.right) + 1 : 1;
     for (int i = 0; i < count; ++i) {
         QString name = child.name;
@@ -180,8 +179,7 @@ bool NetlistTree::addVhdlChildren(Entity &entity, const VhdlScope &scope, const 
         const VerilatorChild *cell = entity.body.instance(keys[i]);
         bool done = true;
         if (cell) {
-            VerilatorModule &module = *m_design.module(cell->node.attribute("defName").value());
-            m_design.body(module);
+            VerilatorModule &module = *cell->module;
             entity.placed.insert(cell);
             TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
             const bool isEntity = m_design.isGenerated(module) && !module.isBlackBox && !child.isEmpty();

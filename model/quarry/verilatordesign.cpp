@@ -170,6 +170,9 @@ const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
         findOutputWires(module.node);
     if (!module.isBlackBox)
         readBody(module.node, module, *module.body);
+    readChildren(*module.body);
+    for (const std::unique_ptr<VerilatorScope> &scope : module.generates)
+        readChildren(*scope);
     const VerilatorTies ties(*m_types, module);
     if (ties.anyConstant()) {
         module.contested = ties.contested();
@@ -183,6 +186,17 @@ const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
         scope->decl = ModuleDecl();
     }
     return *module.body;
+}
+
+// Before the scope's own ties are looked for: the outputs of its instances may be tied.
+void VerilatorDesign::readChildren(VerilatorScope &scope)
+{
+    for (VerilatorChild &child : scope.children) {
+        if (child.generate)
+            continue;
+        child.module = module(child.node.attribute("defName").value());
+        body(*child.module);
+    }
 }
 
 // GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.

@@ -24,8 +24,7 @@ public:
     bool load(const QString &xmlFile, QString &error);
 
     VerilatorModule *top(); // null when the design has none
-    // The module that an instance names; one that the XML does not hold is a black box.
-    VerilatorModule *module(const char *defName);
+    // Reads the module and those that it instantiates, once.
     const VerilatorScope &body(VerilatorModule &module);
     // What the VHDL of the entity declares that the module was made of; null when that is not known.
     const VhdlScope *vhdlScope(const VerilatorModule &module);
@@ -40,8 +39,11 @@ private:
         bool isGenerated = false;
     };
 
+    // The module that an instance names; one that the XML does not hold is a black box.
+    VerilatorModule *module(const char *defName);
     void addFiles(const pugi::xml_node &files);
     void addModule(const pugi::xml_node &node);
+    void readChildren(VerilatorScope &scope);
     void findOutputWires(const pugi::xml_node &body);
     void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);

@@ -19,6 +19,7 @@ struct VerilatorChild
 {
     QString name;
     pugi::xml_node node;                      // <instance>; null for a generate scope
+    VerilatorModule *module = nullptr;        // of the instance; null for a generate scope
     const VerilatorScope *generate = nullptr; // owned by the module
     bool isArray = false;
     int left = 0;

@@ -190,6 +190,8 @@ bool VerilatorTies::anyConstant() const
             return true;
     bool found = false;
     eachScope([this, &found](const VerilatorScope &scope) {
+        for (const VerilatorChild &child : scope.children)
+            found = found || (child.module && !child.module->tied.empty());
         for (const pugi::xml_node &assignment : scope.assigns)
             found = found || hasTie(bits(assignment.first_child(), scope, TiedNets()));
     });
@@ -219,6 +221,7 @@ TiedNets VerilatorTies::inEveryInstance() const
         if (m_module.nets[i].isTied)
             for (int bit = 0; bit < m_module.nets[i].width(); ++bit)
                 set(int(i), bit, tied);
+    eachScope([this, &tied](const VerilatorScope &scope) { takeOutputs(scope, tied); });
     follow(tied);
     return tied;
 }
@@ -247,10 +250,14 @@ bool VerilatorTies::assign(const pugi::xml_node &assignment, const VerilatorScop
                            TiedNets &tied) const
 {
     const TiedBits value = bits(assignment.first_child(), scope, tied);
-    if (!hasTie(value))
-        return false;
+    return hasTie(value) && drive(assignment.first_child().next_sibling(), value, scope, tied);
+}
+
+bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
+                          TiedNets &tied) const
+{
     std::vector<Target> targets;
-    addTargets(assignment.first_child().next_sibling(), scope, targets);
+    addTargets(left, scope, targets);
     bool grown = false;
     size_t at = 0;
     for (const Target &target : targets)
@@ -258,6 +265,27 @@ bool VerilatorTies::assign(const pugi::xml_node &assignment, const VerilatorScop
             if (target.net >= 0 && at < value.size() && value[at])
                 grown = set(target.net, target.lowest + i, tied) || grown;
     return grown;
+}
+
+// What is tied in every instance of a module is tied behind its outputs, too.
+void VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) const
+{
+    for (const VerilatorChild &child : scope.children) {
+        if (!child.module || child.module->tied.empty())
+            continue;
+        for (const pugi::xml_node &port : child.node.children("port")) {
+            const auto inside =
+                child.module->tied.find(child.module->netOfPort(port.attribute("name").value()));
+            if (inside == child.module->tied.end() ||
+                std::strcmp(port.attribute("direction").value(), "out") != 0)
+                continue;
+            TiedBits value(size_t(width(port.first_child())));
+            for (size_t i = 0; i < value.size(); ++i) // an array of instances repeats it
+                value[i] =
+                    (child.isArray || i < inside->second.size()) && inside->second[i % inside->second.size()];
+            drive(port.first_child(), value, scope, tied);
+        }
+    }
 }
 
 bool VerilatorTies::set(int net, int bit, TiedNets &tied) const

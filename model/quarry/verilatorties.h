@@ -7,8 +7,8 @@ namespace QUARRY {
 class VerilatorTypes;
 
 // Finds the nets of a module that are tied to a constant: by their declaration, by a continuous
-// assignment, through another tied net, or by what an instance's port is connected to. Logic is not
-// folded, and a bit with a second driver is not tied. Refers to both, owns neither.
+// assignment, through another tied net, or by what a port is connected to, outside or inside an instance.
+// Logic is not folded, and a bit with a second driver is not tied. Refers to both, owns neither.
 class VerilatorTies
 {
 public:
@@ -48,6 +48,9 @@ private:
                       const TiedNets &tied) const;
     TiedBits extended(const pugi::xml_node &extend, const VerilatorScope &scope, const TiedNets &tied) const;
     bool assign(const pugi::xml_node &assignment, const VerilatorScope &scope, TiedNets &tied) const;
+    bool drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
+               TiedNets &tied) const;
+    void takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;
     bool set(int net, int bit, TiedNets &tied) const;
     template <typename Visit>

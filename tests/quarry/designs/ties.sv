@@ -1,5 +1,7 @@
 // Nets that are tied to a constant, and pads of the whole design.
 module leaf(input [1:0] d, input e, inout io, output o); wire via = e; assign o = d[0]; endmodule
+module deep(output o); assign o = 1; endmodule
+module below(output o, output [1:0] m, input c); deep d(o); assign m = {1'b0, c}; endmodule
 module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   localparam P = 1;
   supply0 gnd; wire declared = 1; wire assigned; assign assigned = P; wire through; assign through = gnd;
@@ -9,11 +11,20 @@ module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   leaf v[1:0](.d(4'b1100), .e({clk, 1'b0}), .io(pad), .o(contested));
   always @(posedge clk) q <= 0;
   wire gw; if (1) begin : g wire gw; assign gw = 0; end
+  wire under; wire [2:0] mixed; wire [3:0] each;
+  below b(.o(under), .m(mixed[2:1]), .c(clk));
+  below bs[1:0](.o(), .m(each), .c(clk));
 endmodule
 
-//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw
-//=   pads[1:0]! whole[3:0]! part[7:4]!6!5 up[0:3]!0!1
+//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under!
+//=   pads[1:0]! whole[3:0]! part[7:4]!6!5 up[0:3]!0!1 mixed[2:0]!2 each[3:0]!3!1
 //= top/u:leaf e! io o via! d[1:0]!1
 //= top/v[1]:leaf e io o! via d[1:0]!
 //= top/v[0]:leaf e! io o! via! d[1:0]!
 //= top/g:g gw!
+//= top/b:below o! c m[1:0]!1
+//= top/b/d:deep o!
+//= top/bs[1]:below o! c m[1:0]!1
+//= top/bs[1]/d:deep o!
+//= top/bs[0]:below o! c m[1:0]!1
+//= top/bs[0]/d:deep o!
