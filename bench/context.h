@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "bench/largedesign.h"
+#include "model/jex/signalitem.h"
 
 // What the rows share. The files live in a folder that is gone when the program ends.
 struct Context
@@ -12,10 +13,15 @@ struct Context
     QTemporaryDir dir;
 };
 
+// Records of the netlist: every fifth a bus, the others single nets, spread over the design from `first` on.
+QList<JEX::SignalItem> signalRecords(const QList<QUARRY::RtlNet *> &nets,
+                                     const QList<QUARRY::RtlNetBus *> &buses, int first, int count);
+
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
 void measureConfiguration(Context &context);
 void measureSignals(Context &context);
 void measureResultTree(Context &context);
+void measurePages(Context &context);
 void measureOpening(Context &context);

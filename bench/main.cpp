@@ -68,6 +68,7 @@ int main(int argc, char **argv)
     measureConfiguration(context);
     measureResultTree(context);
     measureSignals(context);
+    measurePages(context);
     measureOpening(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;

@@ -30,16 +30,6 @@ SignalItem recordOf(const RtlNetBus *bus)
     return item;
 }
 
-// Every fifth a bus, the others single nets, spread over the design from `first` on.
-QList<SignalItem> records(const QList<RtlNet *> &nets, const QList<RtlNetBus *> &buses, int first, int count)
-{
-    QList<SignalItem> items;
-    for (int i = first; i < first + count; ++i)
-        items += i % 5 == 0 ? recordOf(buses.at(i * 7 % buses.size()))
-                            : recordOf(nets.at(int(qint64(i) * 131 % nets.size())), 0);
-    return items;
-}
-
 void measureClassifying(const Context &context, const QList<RtlNet *> &nets, const QList<RtlNetBus *> &buses)
 {
     const double limit = fastest(3, [&] {
@@ -51,7 +41,7 @@ void measureClassifying(const Context &context, const QList<RtlNet *> &nets, con
         keep(byName);
     });
     // Nine in ten are still there.
-    QList<SignalItem> stored = records(nets, buses, 0, 1000);
+    QList<SignalItem> stored = signalRecords(nets, buses, 0, 1000);
     for (int i = 0; i < stored.size(); i += 10)
         stored[i].name += QLatin1String("_gone");
     // A netlist that nobody asked before, as after a re-parse.
@@ -89,6 +79,16 @@ double addingTime(const QList<SignalItem> &list, const QList<SignalItem> &added,
 
 } // namespace
 
+QList<SignalItem> signalRecords(const QList<RtlNet *> &nets, const QList<RtlNetBus *> &buses, int first,
+                                int count)
+{
+    QList<SignalItem> items;
+    for (int i = first; i < first + count; ++i)
+        items += i % 5 == 0 ? recordOf(buses.at(i * 7 % buses.size()))
+                            : recordOf(nets.at(int(qint64(i) * 131 % nets.size())), 0);
+    return items;
+}
+
 void measureSignals(Context &context)
 {
     const Hierachy *top = context.netlist->topHierarchy;
@@ -100,8 +100,9 @@ void measureSignals(Context &context)
     double times[2];
     for (int i = 0; i < 2; ++i) {
         const int count = 5000 * (i + 1);
-        const QList<SignalItem> list = records(nets, buses, 0, count);
-        times[i] = addingTime(list, records(nets, buses, count - count / 10, count), 2 * count - count / 10);
+        const QList<SignalItem> list = signalRecords(nets, buses, 0, count);
+        times[i] =
+            addingTime(list, signalRecords(nets, buses, count - count / 10, count), 2 * count - count / 10);
     }
     print({"Adding 5,000 signals to a list of 5,000", times[0], 0, 300, "ms"});
     print({"Adding 10,000 signals to a list of 10,000 | the same with half of both", times[1], times[0], 2.5,
