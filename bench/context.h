@@ -25,3 +25,4 @@ void measureSignals(Context &context);
 void measureResultTree(Context &context);
 void measurePages(Context &context);
 void measureOpening(Context &context);
+void measureEditor(Context &context);

@@ -70,6 +70,7 @@ int main(int argc, char **argv)
     measureSignals(context);
     measurePages(context);
     measureOpening(context);
+    measureEditor(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;
 }
