@@ -1,6 +1,5 @@
 #include "model/jex/matchunitdialog.h"
 
-#include <QPointer>
 #include <QPushButton>
 #include <QValidator>
 
@@ -66,18 +65,12 @@ int positionOfDigit(const QString &text, int digit)
     return position;
 }
 
-Ui_MatchUnitDialog *makeForm(QDialog *dialog)
-{
-    Ui_MatchUnitDialog *form = new Ui_MatchUnitDialog;
-    form->setupUi(dialog);
-    return form;
-}
-
 } // namespace
 
 MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent)
-    : QDialog(parent), m_ui(makeForm(this)), m_unit(unit)
+    : QDialog(parent), m_ui(new Ui_MatchUnitDialog), m_unit(unit)
 {
+    m_ui->setupUi(this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setWindowTitle(QString::fromLatin1("Match Unit M%1").arg(unit->unitNumber));
     offerPorts();
@@ -129,7 +122,7 @@ void MatchUnitDialog::offerPorts()
     for (const TriggerPort *port : m_ports) {
         m_ui->comboPort->addItem(portTitle(port));
     }
-    m_ui->comboPort->setCurrentIndex(m_ports.indexOf(m_unit->triggerPort));
+    m_ui->comboPort->setCurrentIndex(qMax(0, m_ports.indexOf(m_unit->triggerPort)));
 }
 
 void MatchUnitDialog::setReadOnly()
@@ -192,11 +185,8 @@ void MatchUnitDialog::accept()
         QDialog::accept();
         return;
     }
-    const QPointer<MatchUnitDialog> self(this);
-    QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"), fault);
-    if (self) {
-        m_ui->editValue->setFocus();
-    }
+    m_ui->editValue->setFocus();
+    warn(fault);
 }
 
 void MatchUnitDialog::onPortChange()
@@ -249,22 +239,32 @@ void MatchUnitDialog::onReset()
 // it is: it may have been meant in the new one.
 void MatchUnitDialog::onFormatChange()
 {
+    const QString fault = isHex() ? toHex() : QString();
     if (!isHex()) {
-        for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
-            const QString digits = cleanDigits(field->text());
-            if (hexFault(digits, m_width, QString()).isEmpty()) {
-                field->setText(bitsFromHex(digits, m_width));
-            }
-        }
-    } else if (!toHex()) {
+        toBinary();
+    } else if (!fault.isEmpty()) {
         m_ui->radioHex->blockSignals(true);
         m_ui->radioBinary->setChecked(true);
         m_ui->radioHex->blockSignals(false);
     }
     onTextChange();
+    if (!fault.isEmpty()) {
+        warn(fault);
+    }
 }
 
-bool MatchUnitDialog::toHex()
+void MatchUnitDialog::toBinary()
+{
+    for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
+        const QString digits = cleanDigits(field->text());
+        if (hexFault(digits, m_width, QString()).isEmpty()) {
+            field->setText(bitsFromHex(digits, m_width));
+        }
+    }
+}
+
+// Why it cannot be done, and then nothing is changed. A bound that is not asked for cannot prevent it.
+QString MatchUnitDialog::toHex()
 {
     QStringList texts;
     for (const QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
@@ -272,14 +272,18 @@ bool MatchUnitDialog::toHex()
         const bool isRight = bitsFault(digits, MatchEqual, m_width, QString()).isEmpty();
         texts.append(isRight ? hexFromBits(digits) : field->text());
         if (isRight && texts.last().isEmpty() && !field->isHidden()) {
-            QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"),
-                              wholeDigitsFault(digits));
-            return false;
+            return wholeDigitsFault(digits);
         }
     }
     m_ui->editValue->setText(texts.first());
     m_ui->editUpper->setText(texts.last());
-    return true;
+    return QString();
+}
+
+// The last thing that a slot does: the dialog may be gone afterwards, with its parent.
+void MatchUnitDialog::warn(const QString &fault)
+{
+    QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"), fault);
 }
 
 void MatchUnitDialog::onTextChange()
@@ -332,8 +336,7 @@ void MatchUnitDialog::onBitClick(QTreeWidgetItem *item, int column)
     const int digit = isHex() ? (bit + missingBits(m_width)) / 4 : bit;
     const int position = positionOfDigit(field->text(), digit);
     field->setFocus();
-    // From behind, so that the cursor stays at the bit.
-    field->setSelection(position + 1, -1);
+    field->setSelection(position, 1);
     m_ui->treeBits->setCurrentItem(item);
 }
 

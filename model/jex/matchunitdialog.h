@@ -47,7 +47,9 @@ private:
     bool isHex() const;
     QString bits(const QLineEdit *field) const; // empty when it has no such form
     void fillFields(bool all);
-    bool toHex();
+    void toBinary();
+    QString toHex();
+    void warn(const QString &fault);
     void showNames();
     int bitOfDigit(int digit) const;
 

@@ -183,6 +183,8 @@ private Q_SLOTS:
         const QString mixed =
             "The value 0X0001 has no hexadecimal form: the bits of a digit must all be 0 or 1, "
             "or all be X.";
+        const QString number =
+            "The function \"In range\" compares numbers and takes no \"X\": each bit must be 0 or 1.";
         const QString few = "The value has 2 bits, but the trigger port has 6.";
         const struct
         {
@@ -207,9 +209,13 @@ private Q_SLOTS:
             {"editValue", "7", "7 to 2F | " + hexFault("7", 6, "The lower bound"), ""},
             {"editValue", "08", "08 to 2F | ", ""},
             {"radioBinary", "", "001000 to 101111 | ", ""},
-            {"OK", "", "001000 to 101111 | ", "Trigger Port 1 (6 bits): In range 001000 to 101111"},
-            {"comboPort", "Not bound", "001000 to 101111 | ", ""},
-            {"OK", "", "001000 to 101111 | ", "Not bound: Equal "},
+            {"editUpper", "0x1111", "001000 to 0X1111 | " + number, ""},
+            {"comboFunction", "Equal", "001000 | ", ""},
+            {"radioHex", "", "08 | ", ""}, // whatever the bound that is not asked for
+            {"comboFunction", "In range", "08 to 3F | ", ""},
+            {"OK", "", "08 to 3F | ", "Trigger Port 1 (6 bits): In range 001000 to 111111"},
+            {"comboPort", "Not bound", "08 to 3F | ", ""},
+            {"OK", "", "08 to 3F | ", "Not bound: Equal "},
         };
         Desk desk;
         ModalDriver driver;
