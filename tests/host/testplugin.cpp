@@ -1,18 +1,10 @@
-// Three plug-ins from one source: NAME writes down what is asked of it, REFUSES says no to initialize(),
-// FOREIGN is for another program.
+// Plug-ins from one source: NAME writes down what is asked of it, REFUSES says no to initialize().
 
 #include <QCoreApplication>
 #include <QVariant>
 
 #include "host/iplugin.h"
 
-#ifdef FOREIGN
-class TestPlugin : public QObject
-{
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.example.other")
-};
-#else
 class TestPlugin : public ExtSys::IPlugin
 {
     Q_OBJECT
@@ -45,5 +37,5 @@ private:
         qApp->setProperty("calls", calls + QStringList(QString(NAME " ") + call));
     }
 };
-#endif
+
 #include "testplugin.moc"

@@ -1,5 +1,4 @@
-#include <QFile>
-#include <QTemporaryDir>
+#include <QLibraryInfo>
 #include <QtTest>
 
 #include "host/pluginmanager.h"
@@ -27,11 +26,13 @@ private Q_SLOTS:
 
     void refused()
     {
+        const QString foreign =
+            QLibraryInfo::location(QLibraryInfo::PluginsPath) + "/platforms/libqoffscreen.so";
         const QString reasons[][2] = {
             {"/none/lib.so", "there is no such file."},
             {"/tmp", "it is not a file."},
-            {PLUGIN_FOREIGN, "it is a plug-in for another program (this one takes "
-                             "org.jexworkbench.plugins.IPlugin/1.0)."},
+            {foreign, "it is a plug-in for another program (this one takes "
+                      "org.jexworkbench.plugins.IPlugin/1.0)."},
             {QFINDTESTDATA("tst_plugins.cpp"), "'"}, // the loader's own words
         };
         for (const auto &row : reasons) {
