@@ -195,29 +195,14 @@ int NamePattern::atomEnd(const QString &pattern, int from, int &unit)
     return end;
 }
 
-// May be true of a group that does not: only groups of words are looked into.
-bool NamePattern::matchesSeparator(const QString &atom, int unit) const
-{
-    if (unit == gapUnit)
-        return !QRegExp(QLatin1String("\\((\\?:)?[a-zA-Z0-9_|]*\\)")).exactMatch(atom);
-    return unit == anyUnit || unit == '/' || (unit <= firstSet && m_sets[size_t(firstSet - unit)]['/']);
-}
-
 bool NamePattern::readRegExp(const QString &pattern)
 {
-    const QLatin1String anything(".*");
-    m_partsDecide = pattern.startsWith(anything);
     int i = 0;
     while (i < pattern.size()) {
         int unit = 0;
-        const int begin = i;
         i = atomEnd(pattern, i, unit);
         if (i < 0)
             return false;
-        const bool isOuter = begin == 0 || begin + 2 == pattern.size();
-        if (matchesSeparator(pattern.mid(begin, i - begin), unit) &&
-            !(isOuter && pattern.mid(begin, 2) == anything))
-            m_partsDecide = false;
         const QChar quantifier = i < pattern.size() ? pattern.at(i) : QChar();
         const bool isQuantified = isOneOf(quantifier, "*+?{");
         const bool isOptional = isQuantified && quantifier != QLatin1Char('+');

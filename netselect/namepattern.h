@@ -20,10 +20,6 @@ public:
     bool exact() const { return m_exact; }
     bool onlyAscii() const { return m_onlyAscii; } // says nothing about names with other letters
 
-    // The pattern has a leading ".*" and nothing else that can match a separator, but for another ".*" at its
-    // end. Then it matches a full name when it matches the beginning or the short name alone.
-    bool partsDecide() const { return m_usable && m_partsDecide; }
-
     // Names are given to the functions below as this leaves them, when case does not matter.
     bool folds() const { return !m_caseSensitive; }
     static void fold(QChar *text, int length);
@@ -57,7 +53,6 @@ private:
     bool readWildcard(const QString &pattern);
     bool readRegExp(const QString &pattern);
     int atomEnd(const QString &pattern, int from, int &unit);
-    bool matchesSeparator(const QString &atom, int unit) const;
 
     bool fitsAt(const Piece &piece, const QChar *name, int count) const;
     int find(const Piece &piece, const QChar *name, int length, int from) const;
@@ -75,7 +70,6 @@ private:
     bool m_usable = false;
     bool m_exact = true;
     bool m_onlyAscii = false;
-    bool m_partsDecide = false;
 };
 
 } // namespace RTLJEX

@@ -34,12 +34,23 @@ QString shortName(const RtlModule &module, const RtlModule::Entry &entry)
     return entry.isBus ? module.busName(entry, nullptr) : module.netName(entry.firstSlot, nullptr);
 }
 
+// A leading ".*" and nothing that looks at its surroundings.
+bool beginsAnywhere(const SearchOptions &options)
+{
+    const QRegExp looks(QLatin1String("[$^]|\\(\\?[^:]|\\\\[bB0-9]"));
+    return options.usePatternSyntax && options.patternSyntax == QRegExp::RegExp &&
+           options.pattern.startsWith(QLatin1String(".*")) && options.pattern.size() > 2 &&
+           looks.indexIn(options.pattern) < 0;
+}
+
 } // namespace
 
 NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_pattern(options)
 {
     if (options.usePatternSyntax)
         m_regExp = QRegExp(options.pattern, options.caseSensitivity, options.patternSyntax);
+    if (m_pattern.usable() && beginsAnywhere(options))
+        m_rest = QRegExp(options.pattern.mid(2), options.caseSensitivity);
 }
 
 void NodeMatcher::addMatches(const QUARRY::Hierachy *node, QList<QUARRY::RtlNet *> &nets,
@@ -82,9 +93,11 @@ const NodeMatcher::Numbers &NodeMatcher::candidates(const RtlModule &module, boo
     const bool isPlain = facts.isAscii && isAscii(m_beginning.constData(), m_beginning.size());
     if (!m_pattern.usable() || (m_pattern.onlyAscii() && !isPlain))
         return facts.all;
-    mustAsk = !m_pattern.exact() && !m_pattern.partsDecide();
-    if (m_pattern.partsDecide() && !m_pattern.exact() && matches(m_beginning))
-        return facts.all;
+    mustAsk = !m_pattern.exact();
+    if (mustAsk && !m_rest.isEmpty() && !mayStraddle()) {
+        mustAsk = false;
+        return matchingNumbers(module);
+    }
     NamePattern::State state;
     const NamePattern::Lead lead = m_pattern.lead(m_folded, state);
     if (lead == NamePattern::Closed) {
@@ -99,8 +112,32 @@ const NodeMatcher::Numbers &NodeMatcher::candidates(const RtlModule &module, boo
     return m_open;
 }
 
-// The entries whose names, with `beginning` in front, fit from the state on; where short names decide, those
-// that match.
+// Whether what follows the leading ".*" can begin in the instance's path and end in a short name. QRegExp
+// tells how much of a text it followed.
+bool NodeMatcher::mayStraddle() const
+{
+    for (int from = 0; from < m_beginning.size(); ++from) {
+        const QString end = m_beginning.mid(from);
+        if (m_rest.exactMatch(end) || m_rest.matchedLength() == end.size())
+            return true;
+    }
+    return false;
+}
+
+const NodeMatcher::Numbers &NodeMatcher::matchingNumbers(const RtlModule &module)
+{
+    ModuleFacts &facts = factsOf(module);
+    if (facts.isAsked)
+        return facts.matching;
+    facts.isAsked = true;
+    for (quint32 number : fittingNumbers(module, QString(), NamePattern::State())) {
+        if (matches(shortName(module, module.entries()[number])))
+            facts.matching.push_back(number);
+    }
+    return facts.matching;
+}
+
+// The entries whose names, with `beginning` in front, fit from the state on.
 NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, const QString &beginning,
                                                  NamePattern::State state)
 {
@@ -120,10 +157,7 @@ NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, const 
             length += lead;
             name = buffer.data();
         }
-        if (!m_pattern.fits(name, length, state))
-            continue;
-        const bool isAsked = lead == 0 && !m_pattern.exact() && m_pattern.partsDecide();
-        if (!isAsked || matches(shortName(module, entry)))
+        if (m_pattern.fits(name, length, state))
             numbers.push_back(number);
     }
     return numbers;

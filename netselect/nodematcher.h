@@ -29,6 +29,8 @@ private:
     struct ModuleFacts
     {
         bool isAscii = true;
+        bool isAsked = false; // the next member is filled
+        Numbers matching;     // whose short names match alone
         Numbers all;
         QHash<int, Numbers> fitting; // by the piece that matching goes on with
     };
@@ -37,6 +39,8 @@ private:
     const Numbers &candidates(const QUARRY::RtlModule &module, bool &mustAsk);
     Numbers fittingNumbers(const QUARRY::RtlModule &module, const QString &beginning,
                            NamePattern::State state);
+    bool mayStraddle() const;
+    const Numbers &matchingNumbers(const QUARRY::RtlModule &module);
     void setPath(const QString &path);
     const QString &compose(const QUARRY::RtlModule &module, quint32 number);
     bool matches(const QString &fullName) const;
@@ -44,6 +48,7 @@ private:
     SearchOptions m_options;
     NamePattern m_pattern;
     QRegExp m_regExp;
+    QRegExp m_rest; // the pattern behind a leading ".*"; empty when that says nothing
     QHash<const QUARRY::RtlModule *, ModuleFacts> m_facts;
     QString m_beginning; // of the instance's full names: path and separator
     QString m_folded;    // the same as the pattern wants it

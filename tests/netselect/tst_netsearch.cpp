@@ -258,7 +258,8 @@ private Q_SLOTS:
             Random random(seed);
             m_netlist.reset(randomNetlist(random, seed % 2 == 0));
             m_top = m_netlist->topHierarchy;
-            const QStringList all = (searched(m_netlist.get(), search("", m_top)) + " x").split(' ');
+            const QStringList all =
+                (searched(m_netlist.get(), search("", m_top)) + " x").split(' ', Qt::SkipEmptyParts);
             for (int i = 0; i < 60; ++i) {
                 SearchOptions options = search(randomPattern(random, all, pieces), m_top);
                 setSyntax(options, syntax, random.bounded(2));

@@ -28,6 +28,7 @@ public:
         startTimer(10);
         m_clock.start();
     }
+
     QStringList seen;
     qint64 lastSeenMs = -1;
     int looks = 0; // grows while events are handled
@@ -76,6 +77,7 @@ private Q_SLOTS:
         qunsetenv("JEX_VERILATOR");
         m_work.reset();
     }
+
     void readsTheProject()
     {
         QVERIFY(readModules());
@@ -160,11 +162,13 @@ private:
         QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
         qputenv("JEX_VERILATOR", tool.toUtf8());
     }
+
     bool readModules()
     {
         QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
         return catchRtlModules(m_tops, m_modules, m_messages, info, nullptr);
     }
+
     bool readNets(QWidget *parent = nullptr)
     {
         RtlNetlist *netlist = reinterpret_cast<RtlNetlist *>(1);
