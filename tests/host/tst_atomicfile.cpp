@@ -11,46 +11,39 @@ class AtomicFileTest : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_dir;
+
 private Q_SLOTS:
-    void replaces()
+    void replacesFileOrTargetOfLink()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QString::fromUtf8("a b 'é'.zub"));
+        const QString path = m_dir.filePath(QString::fromUtf8("a b 'é'.zub")), link = m_dir.filePath("link");
         QVERIFY(QUtil::writeFileAtomically(path, "one", nullptr));
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-        QVERIFY(QUtil::writeFileAtomically(path, "two", nullptr));
-        QCOMPARE(contents(path), QByteArray("two"));
+        QVERIFY(QFile::link(QFileInfo(path).fileName(), link));
+        for (const QString &name : {path, link}) {
+            QVERIFY(QUtil::writeFileAtomically(name, name.toUtf8(), nullptr));
+            QCOMPARE(contents(path), name.toUtf8());
+        }
+        QVERIFY(QFileInfo(link).isSymLink());
         QCOMPARE(QFile::permissions(path) & (QFile::ReadOther | QFile::ReadGroup), QFile::Permissions());
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 1);
-    }
-
-    void keepsLink()
-    {
-        QTemporaryDir dir;
-        put(dir.filePath("real"), "old");
-        QVERIFY(QFile::link("real", dir.filePath("link")));
-        QVERIFY(QUtil::writeFileAtomically(dir.filePath("link"), "new", nullptr));
-        QVERIFY(QFileInfo(dir.filePath("link")).isSymLink());
-        QCOMPARE(contents(dir.filePath("real")), QByteArray("new"));
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files).size(), 2);
     }
 
     void failsBeforeTheOldFileIsTouched()
     {
-        QTemporaryDir dir;
-        const QString noFolder = dir.filePath("none/x");
+        const QString noFolder = m_dir.filePath("none/x");
         QString error;
         QVERIFY(!QUtil::writeFileAtomically(noFolder, "x", &error));
         QCOMPARE(error, "Can not save to " + noFolder +
                             ": creating a file in its folder failed (No such file or directory).");
-        QVERIFY(!QUtil::writeFileAtomically(dir.path(), "x", &error));
-        QCOMPARE(error, "Can not save to " + dir.path() + ": opening failed (Is a directory).");
+        QVERIFY(!QUtil::writeFileAtomically(m_dir.path(), "x", &error));
+        QCOMPARE(error, "Can not save to " + m_dir.path() + ": opening failed (Is a directory).");
     }
 
     // A limit on the size of files stands for a full disk.
     void fullDiskLeavesOldFile()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("x");
+        const QString path = m_dir.filePath("full/x");
         put(path, "old");
         rlimit before;
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -64,7 +57,7 @@ private Q_SLOTS:
         QVERIFY(!written);
         QCOMPARE(error, QString("Can not save to %1: writing failed (File too large).").arg(path));
         QCOMPARE(contents(path), QByteArray("old"));
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 1);
+        QCOMPARE(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
     }
 };
 

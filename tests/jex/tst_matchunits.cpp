@@ -93,7 +93,6 @@ private Q_SLOTS:
             MatchFunction function;
             const char *value, *upper, *fault;
         } cases[] = {
-            {MatchEqual, "XN", "", ""},
             {MatchNotEqual, "FB", "", ""},
             {MatchLess, "10", "", ""},
             {MatchInRange, "10", "10", ""},
