@@ -1,5 +1,8 @@
-#include <QScopedPointer>
-#include <QTest>
+#include <QtTest>
+
+#include <QPushButton>
+#include <QTextBlock>
+#include <QTextEdit>
 
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
@@ -8,6 +11,7 @@
 #include "tests/support/netlisttext.h"
 #include "views/designevents.h"
 #include "views/designreading.h"
+#include "views/messagedlg.h"
 
 using namespace RTLJEX;
 
@@ -116,6 +120,26 @@ private Q_SLOTS:
         QCOMPARE(projectIncludePaths(),
                  QStringList({folder + "/inc", "/usr/lib/x", QDir::cleanPath(folder + "/../up/two")}));
         Core::ProjectManager::setCurrentProject(nullptr);
+    }
+
+    void messageDialog()
+    {
+        MessageDlg dialog(nullptr);
+        QTextEdit *text = dialog.findChild<QTextEdit *>("textEdit");
+        QVERIFY(text->isReadOnly());
+        QCOMPARE(text->lineWrapMode(), QTextEdit::NoWrap);
+        dialog.setDetailMsg(QStringList());
+        QCOMPARE(text->toPlainText(), QString());
+        dialog.setDetailMsg(QStringList({"ERROR: a.v:3: <b>bold</b>", "WARNING: b.v:1: %1"}));
+        QCOMPARE(text->toPlainText(), QString("ERROR: a.v:3: <b>bold</b>\nWARNING: b.v:1: %1"));
+
+        dialog.show();
+        const QTextCursor second(text->document()->lastBlock());
+        QTest::mouseDClick(text->viewport(), Qt::LeftButton, Qt::NoModifier,
+                           text->cursorRect(second).center());
+        QCOMPARE(text->textCursor().selectedText(), QString("WARNING: b.v:1: %1"));
+        dialog.findChild<QPushButton *>()->click();
+        QVERIFY(!dialog.isVisible() && dialog.result() == QDialog::Accepted);
     }
 };
 

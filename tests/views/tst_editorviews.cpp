@@ -231,7 +231,7 @@ private Q_SLOTS:
     // Editors and version control replace a file by a rename; each time is reported.
     void fileBanners()
     {
-        const QString file = config("a.zub");
+        const QString file = config("<b>%1 & 2.zub");
         Shown shown(m_mode, file);
         shown.edit();
         for (int cores = 2; cores <= 3; ++cores) {
@@ -242,6 +242,9 @@ private Q_SLOTS:
             QFile::remove(file);
             QVERIFY(QFile::rename(m_work->path("b.zub"), file));
             QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+            const auto *banner = shown.find<RTLJEX::ReloadBanner>("RTLJEX__ReloadBanner");
+            QCOMPARE(banner->findChild<QLabel *>("labelFile")->textFormat(), Qt::PlainText);
+            QVERIFY2(!banner->findChild<QLabel *>("label")->pixmap()->isNull(), "no icon");
             shown.answer("Reload");
             QCOMPARE(shown.banners(), QStringList());
             QVERIFY(shown.find<QWidget>("bannerContainer")->isHidden());
@@ -253,7 +256,7 @@ private Q_SLOTS:
             const QVariant row = shown.captureRows()->topLevelItem(0)->data(0, Qt::UserRole);
             QVERIFY(row.value<JEX::SignalItem>().type != 0);
         }
-        config("a.zub", 0);
+        config("<b>%1 & 2.zub", 0);
         QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
         shown.answer("Cancel");
         QCOMPARE(shown.banners(), QStringList());
