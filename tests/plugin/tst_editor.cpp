@@ -3,8 +3,6 @@
 #include <QDirIterator>
 #include <QLineEdit>
 
-#include "model/jex/jextool.h"
-
 namespace {
 
 const char counterSource[] = R"(
@@ -41,10 +39,6 @@ private Q_SLOTS:
         QCOMPARE(rows(tree()), QStringList({"top/dout[7:0] = dout[7] dout[6] dout[5] dout[4] dout[3] dout[2] "
                                             "dout[1] dout[0]",
                                             "top/low[3]", "top/low[2]", "top/busy"}));
-        QLabel *usage = find<QLabel>("label_8");
-        QCOMPARE(usage->text(),
-                 QString("<font color = red>%1</font>/0").arg(JEX_TOOL::bsramNumberRequired(11, 1024)));
-
         select(tree(), {"top/low[3]", "top/low[2]"});
         chooseFromMenu(tree(), "Group");
         chooseFromMenu(tree(), "Rename");
@@ -57,9 +51,6 @@ private Q_SLOTS:
                                   "top/dout[7:0] = dout[0] dout[1] dout[2] dout[3] dout[4] dout[5] dout[6] "
                                   "dout[7]"});
         QCOMPARE(rows(tree()), edited);
-        QCOMPARE(usage->text(),
-                 QString("<font color = red>%1</font>/0").arg(JEX_TOOL::bsramNumberRequired(3, 1024)));
-
         QCOMPARE(save()->text(), QString("&Save \"probe.zub *\""));
         QVERIFY(save()->isEnabled());
         save()->trigger();

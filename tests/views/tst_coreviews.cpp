@@ -150,6 +150,28 @@ private Q_SLOTS:
         QCOMPARE(modified.size(), 0);
     }
 
+    // Two dialogs deep, with the port that they are for gone or its design exchanged below them.
+    void pagesDialogsEnd()
+    {
+        for (const QByteArray event : {"death", "file", "design"}) {
+            Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 1));
+            auto *view = static_cast<RTLJEX::JexStandardInserterView *>(shown.view.data());
+            ModalDriver driver;
+            driver.then([](QDialog *port) { port->findChild<QPushButton *>("btnAdd")->click(); });
+            driver.then([&](QDialog *) {
+                if (event == "death")
+                    delete shown.container;
+                else
+                    QVERIFY(event == "file" ? view->reloadJexFile() : view->readRtlNetlist());
+            });
+            QTreeWidget *ports = shown.find<QTreeWidget>("treeTrigger");
+            Q_EMIT ports->itemDoubleClicked(ports->topLevelItem(0), 0);
+            QTRY_VERIFY(driver.done() && !QApplication::activeModalWidget());
+            QCOMPARE(driver.seen, QStringList({"dialog | Trigger Port", "dialog | Search Nets"}));
+            QCOMPARE(shown.view.isNull(), event == "death");
+        }
+    }
+
     // A Lite editor makes it when it is first called for, a Standard one has it from the start.
     void changeBanner()
     {
