@@ -1,8 +1,12 @@
 #include "bench/bench.h"
 #include "bench/context.h"
+#include "cli/netlisting.h"
 #include "netselect/netsearch.h"
 
 #include <QProcess>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace QUARRY;
 using namespace RTLJEX;
@@ -35,9 +39,23 @@ public:
         m_options.caseSensitivity = sensitivity;
         QString counted;
         const Times times = inTurn(
-            9, [this] { search(); }, [&] { counted = grep(pattern, folds); });
+            9, [this] { search(); }, [&] { counted = grep(QLatin1String(folds ? "-ciF" : "-cF"), pattern); });
         report(QLatin1String("Substring") + QLatin1String(folds ? ", any case" : ""), "grep -F", times, goal,
                counted.toInt());
+    }
+
+    // What `jex nets` does once the netlist is there: finds the nets and prints them, into a file.
+    void listing(const QString &pattern)
+    {
+        m_options.usePatternSyntax = false;
+        m_options.pattern = pattern;
+        m_options.caseSensitivity = Qt::CaseSensitive;
+        const QString printed = m_file.fileName() + QLatin1String(".printed");
+        QString counted;
+        const Times times = inTurn(
+            5, [&] { print(printed); }, [&] { grep(QStringLiteral("-F"), pattern, printed); });
+        counted = grep(QStringLiteral("-cF"), pattern);
+        report(QStringLiteral("Printing"), "grep -F into a file", times, 1.0, counted.toInt());
     }
 
     void syntax(const QString &pattern, QRegExp::PatternSyntax syntax, double goal)
@@ -63,22 +81,37 @@ public:
 private:
     void search()
     {
-        QList<RtlNet *> nets;
-        QList<RtlNetBus *> buses;
-        searchNets(m_netlist, m_options, nets, buses);
-        m_found = nets.size() + buses.size();
+        m_nets.clear();
+        m_buses.clear();
+        searchNets(m_netlist, m_options, m_nets, m_buses);
+        m_found = m_nets.size() + m_buses.size();
     }
 
-    QString grep(const QString &pattern, bool folds) const
+    void print(const QString &file)
+    {
+        const int descriptor = ::open(qPrintable(file), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+        {
+            Cli::Output out(descriptor);
+            search();
+            Cli::NetListing(Cli::NetListing::Lines, QString(), out).print(m_nets, m_buses);
+            if (!out.flush())
+                qFatal("Cannot write %s", qPrintable(file));
+        }
+        ::close(descriptor);
+    }
+
+    // What grep prints; with a file to print into, nothing.
+    QString grep(const QString &option, const QString &pattern, const QString &output = QString()) const
     {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral("grep"), {QLatin1String(folds ? "-ciF" : "-cF"), QStringLiteral("--"),
-                                               pattern, m_file.fileName()});
+        if (!output.isEmpty())
+            process.setStandardOutputFile(output);
+        process.start(QStringLiteral("grep"), {option, QStringLiteral("--"), pattern, m_file.fileName()});
         process.waitForFinished(-1);
-        return QString::fromLatin1(process.readAllStandardOutput()).trimmed();
+        return output.isEmpty() ? QString::fromLatin1(process.readAllStandardOutput()).trimmed() : QString();
     }
 
     void report(const QString &kind, const char *against, const Times &times, double goal, int counted) const
@@ -87,14 +120,16 @@ private:
             qFatal("%s finds %d names for %s and the search %d", against, counted,
                    qPrintable(m_options.pattern), m_found);
         const QString hits = QString::number(m_found) + QLatin1String(" hits");
-        print({kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, times.figure, times.limit,
-               goal, "ms"});
+        ::print({kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, times.figure,
+                 times.limit, goal, "ms"});
     }
 
     RtlNetlist *m_netlist;
     SearchOptions m_options;
     QStringList m_names;
     QFile m_file;
+    QList<RtlNet *> m_nets;
+    QList<RtlNetBus *> m_buses;
     int m_found = 0;
 };
 
@@ -107,6 +142,8 @@ void measureSearch(Context &context)
         rows.substring(pattern, Qt::CaseSensitive, 1.0);
         rows.substring(QString(pattern).toUpper(), Qt::CaseInsensitive, 1.5);
     }
+    for (const char *pattern : {"top/", "fifo_ready"})
+        rows.listing(pattern);
     for (const char *pattern : {"*ready*", "top/u_cluster_0?/*grant*", "*addr*\\[7:0\\]", "*_0[12]/*flag_*"})
         rows.syntax(pattern, QRegExp::WildcardUnix, 0.1);
     for (const char *pattern : {".*ready_0*[1-5]\\d*", ".*(irq|se.)_\\d+", ".*(irq|sel)_\\d+", ".*[13579]"})

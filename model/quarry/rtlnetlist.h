@@ -36,10 +36,11 @@ public:
     QString fullPathName() const; // the identity under which a configuration stores the signal
     const Declaration &declaration() const;
     Hierachy *module() const { return m_module; }
+    quint32 slot() const { return m_slot; } // in the declarations of module()
 
 private:
     friend class NetlistBuilder;
-    quint32 m_slot = 0; // number in RtlModule
+    quint32 m_slot = 0;
     Hierachy *m_module = nullptr;
 };
 
@@ -54,10 +55,11 @@ public:
     QString fullBusName() const; // "top/u0/count[7:0]"
     const Declaration &declaration() const;
     Hierachy *module() const { return m_module; }
+    quint32 entry() const { return m_entry; } // in the declarations of module()
 
 private:
     friend class NetlistBuilder;
-    quint32 m_entry = 0; // number in RtlModule
+    quint32 m_entry = 0;
     Hierachy *m_module = nullptr;
 };
 

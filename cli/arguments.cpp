@@ -1,0 +1,70 @@
+#include "cli/arguments.h"
+
+#include <QFileInfo>
+
+namespace Cli {
+
+Arguments::Arguments(const char *command, const char *form, const char *description)
+    : m_command(command), m_form(form)
+{
+    parser.setApplicationDescription(description);
+    parser.addOption({{"h", "help"}, "Show this text and end."});
+}
+
+void Arguments::addJson()
+{
+    parser.addOption({"json", "Print JSON."});
+}
+
+void Arguments::addDesign()
+{
+    parser.addOption({{"p", "project"}, "The project file (.jexprj) of the design.", "PROJECT"});
+    CommandLine::declareDesignOptions(parser);
+}
+
+bool Arguments::read(const QStringList &words, Output &out)
+{
+    if (!parser.parse(QStringList(m_command) + words)) {
+        m_result = refuse(parser.errorText());
+        return false;
+    }
+    if (!parser.isSet("help"))
+        return true;
+    // The toolkit begins with a usage line of its own.
+    const QString text = parser.helpText();
+    out.line("Usage: jex " + m_command + ' ' + m_form);
+    out.text(text.mid(text.indexOf('\n') + 1));
+    return false;
+}
+
+ExitCode Arguments::refuse(const QString &sentence) const
+{
+    say("jex " + m_command + ": " + sentence + " See jex " + m_command + " --help.");
+    return WrongUse;
+}
+
+bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
+{
+    QString error;
+    DEV::DeviceArg device;
+    QStringList all = files;
+    if (parser.isSet("project"))
+        all.prepend(parser.value("project"));
+    CommandLine::readDesignOptions(parser, options);
+    if (!options.device.isEmpty() && !CommandLine::findDevice(options.device, device)) {
+        m_result =
+            refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
+        return false;
+    }
+    if (!CommandLine::addFiles(all, options, error)) {
+        say("jex " + m_command + ": " + error);
+        m_result = CouldNotRun;
+        return false;
+    }
+    if (!parser.isSet("project") || !options.projectFile.isEmpty())
+        return true;
+    m_result = refuse("The project \"" + parser.value("project") + "\" is not a .jexprj file.");
+    return false;
+}
+
+} // namespace Cli

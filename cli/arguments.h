@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QCommandLineParser>
+
+#include "cli/command.h"
+#include "commandline/designoptions.h"
+
+namespace Cli {
+
+// The words behind the name of a command. Options are added to `parser` before read().
+class Arguments
+{
+public:
+    // `form` is what follows the name in the help text, "FILE... [DESIGN]".
+    Arguments(const char *command, const char *form, const char *description);
+
+    QCommandLineParser parser;
+
+    void addJson();
+    void addDesign(); // --project and what else names a design
+
+    // False when the command is over: help was asked for, or the words are wrong and that was said.
+    bool read(const QStringList &words, Output &out);
+    ExitCode result() const { return m_result; }
+
+    // Says what is wrong with the words.
+    ExitCode refuse(const QString &sentence) const;
+
+    QStringList files() const { return parser.positionalArguments(); }
+    bool json() const { return parser.isSet("json"); }
+    // What the options and these files name; false after a refusal.
+    bool readDesign(const QStringList &files, CommandLine::DesignOptions &options);
+
+private:
+    QString m_command;
+    QString m_form;
+    ExitCode m_result = Fine;
+};
+
+} // namespace Cli

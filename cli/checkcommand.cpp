@@ -1,0 +1,62 @@
+#include "cli/arguments.h"
+#include "cli/design.h"
+#include "cli/findings.h"
+
+namespace Cli {
+namespace {
+
+// Each file is judged, whatever is wrong with the others.
+ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist, bool asJson, Output &out)
+{
+    ExitCode result = Fine;
+    Json all = Json::array();
+    for (const QString &file : files) {
+        Configuration configuration;
+        QString error;
+        if (!configuration.read(file, &error)) {
+            say("jex check: " + error);
+            result = CouldNotRun;
+            continue;
+        }
+        const FileFindings findings = findingsOf(configuration, netlist);
+        if (!findings.isEmpty() && result == Fine)
+            result = Findings;
+        if (asJson)
+            all.push_back(findingsJson(file, configuration, findings));
+        else
+            printFindings(file, findings, out);
+    }
+    if (asJson)
+        printJson(Json{{"files", all}}, out);
+    return result;
+}
+
+} // namespace
+
+ExitCode check(const QStringList &words, Output &out)
+{
+    Arguments arguments(
+        "check", "FILE... DESIGN",
+        "Checks configurations (.zub) as the editor does when it saves, and looks up each clock, trigger "
+        "and\n"
+        "capture signal in the design: what is missing, changed in width, excluded from probing or moved is\n"
+        "listed with the nearest names that exist. DESIGN is a project, or HDL files and the options below.");
+    arguments.parser.addPositionalArgument("FILE", "Configurations; HDL files of the design.");
+    arguments.addDesign();
+    arguments.addJson();
+    CommandLine::DesignOptions options;
+    if (!arguments.read(words, out) || !arguments.readDesign(arguments.files(), options))
+        return arguments.result();
+    if (options.editorFiles.isEmpty())
+        return arguments.refuse("Name a configuration (.zub).");
+    if (!CommandLine::namesProject(options))
+        return arguments.refuse("Name the design, with --project or by its HDL files.");
+    const QStringList files = options.editorFiles;
+    options.editorFiles.clear();
+    Design design;
+    if (!design.open(options) || !design.elaborate())
+        return CouldNotRun;
+    return checkFiles(files, *design.netlist(), arguments.json(), out);
+}
+
+} // namespace Cli

@@ -1,0 +1,101 @@
+#include "cli/design.h"
+
+#include <csignal>
+
+#include "host/designmanager.h"
+#include "model/quarry/elaboration.h"
+#include "views/designjudgement.h"
+
+namespace Cli {
+namespace {
+
+volatile sig_atomic_t interrupted = 0;
+
+void onInterrupt(int)
+{
+    interrupted = 1;
+}
+
+// The tools run in a group of processes of their own, which an interrupt at the terminal does not reach.
+class Interruption : public QUARRY::ElaborationProgress
+{
+public:
+    Interruption()
+    {
+        signal(SIGINT, onInterrupt);
+        signal(SIGTERM, onInterrupt);
+    }
+    ~Interruption() override
+    {
+        signal(SIGINT, SIG_DFL);
+        signal(SIGTERM, SIG_DFL);
+    }
+
+    void stage(const QString &) override {}
+    bool cancelled() override { return interrupted != 0; }
+};
+
+void sayNew(const QStringList &messages, QStringList &said)
+{
+    for (const QString &message : messages) {
+        if (!said.contains(message))
+            say(message);
+        said << message;
+    }
+}
+
+bool accept(const RTLJEX::DesignFault &fault)
+{
+    if (fault.isNull())
+        return true;
+    say("jex: " + fault.title + (fault.text.isEmpty() ? QString() : ": " + fault.text));
+    return false;
+}
+
+} // namespace
+
+Design::~Design()
+{
+    if (Core::ProjectManager::currentProject() == &m_project)
+        Core::ProjectManager::setCurrentProject(nullptr);
+}
+
+bool Design::open(const CommandLine::DesignOptions &options)
+{
+    QStringList messages;
+    const bool good = CommandLine::fillProject(options, m_project, messages);
+    for (const QString &message : qAsConst(messages))
+        say("jex: " + message);
+    Core::ProjectManager::setCurrentProject(&m_project);
+    return good;
+}
+
+bool Design::elaborate()
+{
+    const QUARRY::DesignInput input =
+        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    QStringList files;
+    for (const QUARRY::DesignSource &file : input.files)
+        files << file.path;
+    if (!accept(RTLJEX::judgeFiles(files)))
+        return false;
+    Interruption interruption;
+    const QUARRY::ModuleList modules = QUARRY::listModules(input, &interruption);
+    QStringList said;
+    sayNew(modules.messages, said);
+    const bool isUsable =
+        interrupted == 0 &&
+        accept(RTLJEX::judgeModules({input.top, modules.topModules, modules.modules, modules.messages}));
+    if (!isUsable && input.top.isEmpty() && modules.topModules.size() > 1)
+        say("jex: Name one of " + modules.topModules.join(", ") + " with --top.");
+    if (isUsable) {
+        QStringList messages;
+        m_netlist.reset(QUARRY::buildNetlist(input, messages, &interruption));
+        sayNew(messages, said);
+    }
+    if (interrupted != 0)
+        say("jex: Interrupted.");
+    return m_netlist && m_netlist->topHierarchy && accept(RTLJEX::judgeNetlist(input.top, m_netlist.get()));
+}
+
+} // namespace Cli

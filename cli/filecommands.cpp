@@ -1,0 +1,73 @@
+#include <QFileInfo>
+
+#include "cli/arguments.h"
+#include "cli/configuration.h"
+
+namespace Cli {
+namespace {
+
+ExitCode failFor(const char *command, const QString &error)
+{
+    say(QString("jex ") + command + ": " + error);
+    return CouldNotRun;
+}
+
+} // namespace
+
+ExitCode makeNew(const QStringList &words, Output &out)
+{
+    Arguments arguments("new", "FILE --mode MODE",
+                        "Makes a configuration without cores. Overwrites nothing.");
+    arguments.parser.addPositionalArgument("FILE", "The new file; its name ends in .zub.");
+    arguments.parser.addOption({"mode", "standard or lite.", "MODE"});
+    if (!arguments.read(words, out))
+        return arguments.result();
+    const QString mode = arguments.parser.value("mode").toLower();
+    if (arguments.files().size() != 1)
+        return arguments.refuse("Name one file.");
+    if (mode != "standard" && mode != "lite")
+        return arguments.refuse("Say --mode standard or --mode lite.");
+    const QString file = arguments.files().first();
+    if (!file.endsWith(".zub", Qt::CaseInsensitive))
+        return arguments.refuse("The name of a configuration ends in .zub, \"" + file + "\" does not.");
+    if (QFileInfo::exists(file) || QFileInfo(file).isSymLink())
+        return failFor("new", "The file \"" + file + "\" exists already. Name another one, or remove it.");
+    const Configuration empty(mode == "lite" ? JEX::LiteMode : JEX::StandardMode);
+    QString error;
+    return empty.write(file, &error) ? Fine : failFor("new", error);
+}
+
+ExitCode format(const QStringList &words, Output &out)
+{
+    Arguments arguments(
+        "fmt", "FILE...",
+        "Reads configurations (.zub) and writes them as the editor does. A file that has this\n"
+        "form already is not touched; comments are not kept.");
+    arguments.parser.addPositionalArgument("FILE", "The configurations.");
+    arguments.parser.addOption(
+        {"check", "Write nothing; list the files that would change, and end with 1 if there is one."});
+    if (!arguments.read(words, out))
+        return arguments.result();
+    if (arguments.files().isEmpty())
+        return arguments.refuse("Name a configuration (.zub).");
+    ExitCode result = Fine;
+    for (const QString &file : arguments.files()) {
+        Configuration configuration;
+        QByteArray old, bytes;
+        QString error;
+        if (!configuration.read(file, &error) || !readFile(file, &old, &error) ||
+            !configuration.toBytes(&bytes, &error)) {
+            result = failFor("fmt", error);
+        } else if (arguments.parser.isSet("check")) {
+            if (bytes != old) {
+                out.line(file);
+                result = qMax(result, Findings);
+            }
+        } else if (!configuration.write(file, &error)) {
+            result = failFor("fmt", error);
+        }
+    }
+    return result;
+}
+
+} // namespace Cli

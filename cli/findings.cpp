@@ -1,0 +1,53 @@
+#include "cli/findings.h"
+
+namespace Cli {
+namespace {
+
+Json staleJson(const RTLJEX::StaleSignal &signal)
+{
+    using RTLJEX::StaleSignal;
+    static const char *const places[] = {"clock", "trigger", "capture"};
+    Json json;
+    json["core"] = signal.shown;
+    json["place"] = places[signal.place];
+    if (signal.place == StaleSignal::Trigger)
+        json["port"] = signal.port;
+    json["name"] = toStd(signal.name);
+    json["alias"] = toStd(signal.alias);
+    json["group"] = toStd(signal.group);
+    json["fault"] = toStd(RTLJEX::staleWord(signal.fault));
+    json["now"] = toStd(signal.now);
+    json["nearest"] = toJson(signal.nearest);
+    return json;
+}
+
+} // namespace
+
+FileFindings findingsOf(const Configuration &configuration, const QUARRY::RtlNetlist &netlist)
+{
+    return {configuration.check(netlist), configuration.staleSignals(netlist)};
+}
+
+void printFindings(const QString &file, const FileFindings &findings, Output &out)
+{
+    for (const QString &line : findings.errors)
+        out.line(file + ": " + line);
+    for (const RTLJEX::StaleSignal &signal : findings.stale)
+        out.line(file + ": " + RTLJEX::staleSentence(signal));
+    if (findings.isEmpty())
+        out.line(file + ": no findings");
+}
+
+Json findingsJson(const QString &file, const Configuration &configuration, const FileFindings &findings)
+{
+    Json json;
+    json["file"] = toStd(file);
+    json["mode"] = toStd(configuration.modeName());
+    json["errors"] = toJson(findings.errors);
+    json["stale"] = Json::array();
+    for (const RTLJEX::StaleSignal &signal : findings.stale)
+        json["stale"].push_back(staleJson(signal));
+    return json;
+}
+
+} // namespace Cli

@@ -1,0 +1,75 @@
+#include <QCoreApplication>
+#include <QTextCodec>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <unistd.h>
+
+#include "cli/command.h"
+
+namespace {
+
+using namespace Cli;
+
+const Command commands[] = {
+    {"check", "check configurations against the design, and find stale signals", check},
+    {"nets", "search the nets of a design", nets},
+    {"show", "print a configuration", show},
+    {"new", "make an empty configuration", makeNew},
+    {"fmt", "bring a configuration into the form in which the editor writes it", format},
+    {"usage", "what each core needs of the device", usage},
+    {"devices", "list the known devices", devices},
+    //    {"diff", "what changed between two configurations", diff},
+    //    {"rebind", "rename stored signals after the design was changed", rebind},
+};
+
+void printHelp(Output &out)
+{
+    out.line("Usage: jex COMMAND [ARGUMENTS]");
+    out.line("Checks and changes the configuration of embedded logic analyzers without a window.\n");
+    for (const Command &command : commands)
+        out.line("  " + QString(command.name).leftJustified(9) + command.summary);
+    out.line("\njex COMMAND --help tells what a command takes. Exit codes: 0 fine, 1 findings, 2 wrong use, "
+             "3 could not run.");
+}
+
+ExitCode run(const QStringList &words, Output &out)
+{
+    const QString name = words.value(0);
+    if (name == "--version") {
+        out.line("jex " JEX_VERSION);
+        return Fine;
+    }
+    if (name == "--help" || name == "-h" || (name == "help" && words.size() == 1)) {
+        printHelp(out);
+        return Fine;
+    }
+    if (name == "help")
+        return run({words.at(1), "--help"}, out);
+    for (const Command &command : commands) {
+        if (name == command.name)
+            return command.run(words.mid(1), out);
+    }
+    say(name.isEmpty() ? QString("jex: A command is missing. See jex --help.")
+                       : "jex: There is no command \"" + name + "\". See jex --help.");
+    return WrongUse;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // A reader that has seen enough ends the output, not the program, which cleans up after itself.
+    signal(SIGPIPE, SIG_IGN);
+    // Build servers often run in the C locale, whose codec knows no name beyond ASCII.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    QCoreApplication application(argc, argv);
+    Output out(STDOUT_FILENO);
+    const ExitCode code = run(QCoreApplication::arguments().mid(1), out);
+    if (out.flush())
+        return code;
+    if (out.error() != EPIPE)
+        say(QString("jex: The output cannot be written: ") + strerror(out.error()) + '.');
+    return CouldNotRun;
+}

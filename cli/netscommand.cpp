@@ -1,0 +1,145 @@
+#include <QDir>
+#include <QRegExp>
+
+#include "cli/arguments.h"
+#include "cli/design.h"
+#include "cli/netlisting.h"
+#include "host/designmanager.h"
+#include "netselect/netsearch.h"
+
+namespace Cli {
+namespace {
+
+// HDL files stand among the words as the pattern does; what is no file of a design is the pattern.
+bool splitWords(Arguments &arguments, QStringList &files, RTLJEX::SearchOptions &search)
+{
+    bool hasPattern = false;
+    for (const QString &word : arguments.files()) {
+        const bool isProject = word.endsWith(QString(".") + Core::projectFileSuffix());
+        if (isProject || TE::isDesignFileType(TE::fileTypeFromName(word))) {
+            files << word;
+        } else if (hasPattern) {
+            arguments.refuse("There can be one pattern: \"" + search.pattern + "\" or \"" + word + "\".");
+            return false;
+        } else {
+            search.pattern = word;
+            hasPattern = true;
+        }
+    }
+    return true;
+}
+
+bool readSearch(Arguments &arguments, RTLJEX::SearchOptions &search)
+{
+    const QCommandLineParser &parser = arguments.parser;
+    const bool isWildcard = parser.isSet("wildcard");
+    search.caseSensitivity = parser.isSet("case") ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    search.usePatternSyntax = isWildcard || parser.isSet("regex");
+    search.patternSyntax = isWildcard ? QRegExp::WildcardUnix : QRegExp::RegExp;
+    if (isWildcard && parser.isSet("regex")) {
+        arguments.refuse("A pattern is either a wildcard or a regular expression.");
+        return false;
+    }
+    const QRegExp expression(search.pattern, search.caseSensitivity, search.patternSyntax);
+    if (search.usePatternSyntax && !expression.isValid()) {
+        arguments.refuse("The pattern \"" + search.pattern + "\" is wrong: " + expression.errorString() +
+                         '.');
+        return false;
+    }
+    return true;
+}
+
+QUARRY::Hierachy *findInstance(QUARRY::Hierachy *node, const QString &path)
+{
+    if (node->fullPathName() == path)
+        return node;
+    if (!path.startsWith(node->fullPathName() + '/'))
+        return nullptr;
+    for (QUARRY::Hierachy *child : node->children) {
+        if (QUARRY::Hierachy *found = findInstance(child, path))
+            return found;
+    }
+    return nullptr;
+}
+
+bool hasNets(const RTLJEX::ModuleForWidget &module)
+{
+    return !module.nets.isEmpty() || !module.buses.isEmpty() || !module.subModules.isEmpty();
+}
+
+bool printFound(const RTLJEX::SearchOptions &search, QUARRY::RtlNetlist *netlist, bool asTree, bool asJson,
+                Output &out)
+{
+    NetListing listing(asJson ? NetListing::JsonLines : NetListing::Lines, QDir::currentPath(), out);
+    bool found = false;
+    if (asTree) {
+        const RTLJEX::ModuleForWidget root = RTLJEX::searchNetsHierarchy(search);
+        found = hasNets(root);
+        if (found || asJson)
+            listing.printTree(root);
+    } else {
+        QList<QUARRY::RtlNet *> nets;
+        QList<QUARRY::RtlNetBus *> buses;
+        RTLJEX::searchNets(netlist, search, nets, buses);
+        found = !nets.isEmpty() || !buses.isEmpty();
+        listing.print(nets, buses);
+    }
+    if (asJson)
+        out.write("\n", 1);
+    return found;
+}
+
+} // namespace
+
+ExitCode nets(const QStringList &words, Output &out)
+{
+    Arguments arguments(
+        "nets", "[PATTERN] DESIGN",
+        "Searches nets and buses by their full names, as the editor does, in the editor's order. Prints "
+        "name,\n"
+        "width, place in the source and \"excluded\" for what must not be probed, with tabs between. "
+        "PATTERN\n"
+        "is a part of the name in any case of letters unless an option says otherwise; without one all are\n"
+        "listed. DESIGN is a project, or HDL files and the options below. 1 when nothing was found.");
+    arguments.parser.addPositionalArgument("PATTERN", "What to look for; HDL files of the design.");
+    arguments.parser.addOptions({
+        {"wildcard", "PATTERN is the whole name with * ? and [sets]; \\[ is the bracket itself."},
+        {"regex", "PATTERN is a regular expression for the whole name."},
+        {"case", "Tell upper from lower case."},
+        {"in", "Search the nets of this instance only, \"top/u0\".", "INSTANCE"},
+        {"recursive", "With --in: those of the instances below it, too."},
+        {"tree", "Print a tree of modules."},
+    });
+    arguments.addDesign();
+    arguments.addJson();
+    CommandLine::DesignOptions options;
+    RTLJEX::SearchOptions search;
+    QStringList files;
+    if (!arguments.read(words, out))
+        return arguments.result();
+    if (!splitWords(arguments, files, search) || !readSearch(arguments, search))
+        return WrongUse;
+    if (!arguments.readDesign(files, options))
+        return arguments.result();
+    if (!CommandLine::namesProject(options))
+        return arguments.refuse("Name the design, with --project or by its HDL files.");
+    const QString instance = arguments.parser.value("in");
+    Design design;
+    if (!design.open(options) || !design.elaborate())
+        return CouldNotRun;
+    QUARRY::Hierachy *top = design.netlist()->topHierarchy;
+    search.searchInModule = true;
+    search.module = instance.isEmpty() ? top : findInstance(top, instance);
+    search.includeSubentries = instance.isEmpty() || arguments.parser.isSet("recursive");
+    if (!search.module) {
+        say("jex nets: The design has no instance \"" + instance + "\".");
+        return CouldNotRun;
+    }
+    if (printFound(search, design.netlist(), arguments.parser.isSet("tree"), arguments.json(), out))
+        return Fine;
+    say(search.pattern.isEmpty() ? QString("jex nets: There are no nets.")
+                                 : "jex nets: No net matches \"" + search.pattern + "\".");
+    return Findings;
+}
+
+} // namespace Cli

@@ -1,0 +1,286 @@
+#include "signals/nearestnames.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <bitset>
+#include <map>
+#include <tuple>
+#include <vector>
+
+#include "model/quarry/rtlmodule.h"
+#include "signals/netname.h"
+
+using QUARRY::Hierachy;
+using QUARRY::RtlModule;
+
+namespace RTLJEX {
+
+namespace {
+
+const size_t nameLimit = 3;
+
+// The less, the better: whether it is of another instance, letters that differ, whether the width differs,
+// how far its path is, and the order of the design.
+typedef std::tuple<bool, int, bool, int, int> Rank;
+
+struct Candidate
+{
+    Rank rank;
+    const Hierachy *node;
+    quint32 entry;
+};
+
+bool operator<(const Candidate &a, const Candidate &b)
+{
+    return a.rank < b.rank;
+}
+
+struct Wanted
+{
+    NetName name;
+    const Hierachy *node = nullptr; // its instance, when the design still has it
+    std::vector<Candidate> best;    // sorted, at most nameLimit
+    int sameCount = 0;              // nets of the same short name elsewhere
+    QString same;
+};
+
+// A short name without its range that one or more of the missing have.
+struct Base
+{
+    QString text;
+    quint64 letters; // one bit for each of its letters
+    std::vector<size_t> wanted;
+};
+
+quint64 lettersOf(const QChar *text, int length)
+{
+    quint64 letters = 0;
+    for (int i = 0; i < length; ++i)
+        letters |= quint64(1) << (text[i].toLower().unicode() % 64);
+    return letters;
+}
+
+// Letters that may differ in a name of another instance, where similar names abound.
+int limitElsewhere(int length)
+{
+    return qMin(length / 4, 3);
+}
+
+bool isExcluded(const Hierachy *node, const RtlModule::Entry &entry)
+{
+    return entry.isBus ? node->buses.at(int(entry.ordinal))->excluded
+                       : node->nets.at(int(entry.ordinal))->excluded;
+}
+
+// The length of what two paths do not share at their ends.
+int pathDistance(const QString &a, const QString &b)
+{
+    const int shorter = qMin(a.size(), b.size());
+    int common = 0;
+    while (common < shorter && a.at(common) == b.at(common))
+        ++common;
+    int tail = 0;
+    while (tail < shorter - common && a.at(a.size() - 1 - tail) == b.at(b.size() - 1 - tail))
+        ++tail;
+    return qMax(a.size(), b.size()) - common - tail;
+}
+
+class Search
+{
+public:
+    Search(const QUARRY::RtlNetlist &netlist, const QStringList &missing)
+    {
+        for (const QString &name : missing) {
+            Wanted wanted;
+            wanted.name = NetName(name);
+            addBase(wanted.name.base);
+            m_bases[size_t(m_baseNumbers.value(wanted.name.base))].wanted.push_back(m_wanted.size());
+            m_wantedByPath[wanted.name.path].append(int(m_wanted.size()));
+            m_wanted.push_back(wanted);
+        }
+        if (netlist.topHierarchy)
+            visit(netlist.topHierarchy);
+    }
+
+    QList<NearNames> run()
+    {
+        for (Wanted &wanted : m_wanted)
+            if (wanted.node)
+                lookInside(wanted);
+        for (const RtlModule *module : m_modules)
+            lookElsewhere(*module);
+        QList<NearNames> result;
+        for (const Wanted &wanted : m_wanted)
+            result.append(resultOf(wanted));
+        return result;
+    }
+
+private:
+    void addBase(const QString &text)
+    {
+        if (m_baseNumbers.contains(text))
+            return;
+        const int number = int(m_bases.size());
+        m_baseNumbers.insert(text, number);
+        m_bases.push_back({text, lettersOf(text.constData(), text.size()), {}});
+        const int limit = limitElsewhere(text.size());
+        for (int length = text.size() - limit; length <= text.size() + limit; ++length)
+            m_basesByLength[length].push_back(number);
+    }
+
+    void visit(const Hierachy *node)
+    {
+        for (int number : m_wantedByPath.value(node->fullPathName()))
+            m_wanted[size_t(number)].node = node;
+        const RtlModule *module = &node->declarations();
+        if (!m_instances.contains(module))
+            m_modules.push_back(module);
+        m_instances[module].append(node);
+        for (const Hierachy *child : node->children)
+            visit(child);
+    }
+
+    static void add(Wanted &wanted, bool elsewhere, int distance, const Hierachy *node, quint32 number,
+                    int order)
+    {
+        const RtlModule::Entry &entry = node->declarations().entries()[number];
+        if (isExcluded(node, entry))
+            return;
+        const int far = elsewhere ? pathDistance(wanted.name.path, node->fullPathName()) : 0;
+        const Candidate candidate = {Rank(elsewhere, distance, !wanted.name.hasShapeOf(entry), far, order),
+                                     node, number};
+        const auto place = std::upper_bound(wanted.best.begin(), wanted.best.end(), candidate);
+        wanted.best.insert(place, candidate);
+        if (wanted.best.size() > nameLimit)
+            wanted.best.pop_back();
+    }
+
+    void lookInside(Wanted &wanted) const
+    {
+        const RtlModule &module = wanted.node->declarations();
+        const QString base = wanted.name.base;
+        for (quint32 i = 0; i < module.entries().size(); ++i) {
+            const RtlModule::Entry &entry = module.entries()[i];
+            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const int longer = qMax(name.size(), base.size());
+            const bool holds =
+                qMin(name.size(), base.size()) >= 2 &&
+                (name.contains(base, Qt::CaseInsensitive) || base.contains(name, Qt::CaseInsensitive));
+            const int limit = holds ? longer : qMax(1, longer / 2);
+            const int distance = editDistance(base, name, limit);
+            if (distance <= limit)
+                add(wanted, false, distance, wanted.node, i, int(i));
+        }
+        if (wanted.best.empty() && wanted.name.isBus())
+            lookForWidth(wanted, module);
+    }
+
+    // A register that got quite another name: the buses of its width, where they are few.
+    static void lookForWidth(Wanted &wanted, const RtlModule &module)
+    {
+        std::vector<quint32> alike;
+        for (quint32 i = 0; i < module.entries().size(); ++i)
+            if (wanted.name.hasShapeOf(module.entries()[i]))
+                alike.push_back(i);
+        if (alike.size() > nameLimit)
+            return;
+        for (quint32 number : alike)
+            add(wanted, false, wanted.name.base.size(), wanted.node, number, int(number));
+    }
+
+    void lookElsewhere(const RtlModule &module)
+    {
+        for (quint32 i = 0; i < module.entries().size(); ++i) {
+            const RtlModule::Entry &entry = module.entries()[i];
+            const auto bases = m_basesByLength.find(int(entry.textLength));
+            if (bases == m_basesByLength.end())
+                continue;
+            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const quint64 letters = lettersOf(name.constData(), name.size());
+            for (int number : bases->second) {
+                const Base &base = m_bases[size_t(number)];
+                const int limit = limitElsewhere(base.text.size());
+                // Each letter that is changed makes at most two differ.
+                if (int(std::bitset<64>(letters ^ base.letters).count()) > 2 * limit)
+                    continue;
+                const int distance = name == base.text ? 0 : qMax(1, editDistance(base.text, name, limit));
+                if (distance <= limit)
+                    addInstances(base, distance, module, i);
+            }
+        }
+    }
+
+    void addInstances(const Base &base, int distance, const RtlModule &module, quint32 number)
+    {
+        const RtlModule::Entry &entry = module.entries()[number];
+        for (const Hierachy *node : m_instances.value(&module)) {
+            ++m_order;
+            for (size_t index : base.wanted) {
+                Wanted &wanted = m_wanted[index];
+                if (node == wanted.node)
+                    continue;
+                add(wanted, true, distance, node, number, m_order);
+                if (distance == 0 && wanted.name.isPartOf(entry) && !isExcluded(node, entry)) {
+                    ++wanted.sameCount;
+                    wanted.same = wanted.name.in(*node, entry);
+                }
+            }
+        }
+    }
+
+    static NearNames resultOf(const Wanted &wanted)
+    {
+        NearNames result;
+        if (wanted.sameCount == 1)
+            result.names.append(result.moved = wanted.same);
+        for (const Candidate &candidate : wanted.best) {
+            const QString name =
+                wanted.name.in(*candidate.node, candidate.node->declarations().entries()[candidate.entry]);
+            if (name != result.moved && result.names.size() < int(nameLimit))
+                result.names.append(name);
+        }
+        return result;
+    }
+
+    std::vector<Wanted> m_wanted;
+    QHash<QString, QList<int>> m_wantedByPath;
+    std::vector<Base> m_bases;
+    QHash<QString, int> m_baseNumbers;
+    std::map<int, std::vector<int>> m_basesByLength; // of the names that may be near them
+    std::vector<const RtlModule *> m_modules;        // in the order of the design
+    QHash<const RtlModule *, QList<const Hierachy *>> m_instances;
+    int m_order = 0;
+};
+
+} // namespace
+
+int editDistance(const QString &a, const QString &b, int limit)
+{
+    if (qAbs(a.size() - b.size()) > limit)
+        return limit + 1;
+    std::vector<int> row(size_t(b.size()) + 1);
+    for (size_t j = 0; j < row.size(); ++j)
+        row[j] = int(j);
+    for (int i = 0; i < a.size(); ++i) {
+        const QChar letter = a.at(i).toLower();
+        int diagonal = row[0]; // the value left above
+        int least = row[0] = i + 1;
+        for (int j = 0; j < b.size(); ++j) {
+            const int change = diagonal + (letter == b.at(j).toLower() ? 0 : 1);
+            diagonal = row[size_t(j) + 1];
+            row[size_t(j) + 1] = qMin(change, 1 + qMin(diagonal, row[size_t(j)]));
+            least = qMin(least, row[size_t(j) + 1]);
+        }
+        if (least > limit)
+            return limit + 1;
+    }
+    return qMin(row.back(), limit + 1);
+}
+
+QList<NearNames> nearestNames(const QUARRY::RtlNetlist &netlist, const QStringList &missing)
+{
+    return missing.isEmpty() ? QList<NearNames>() : Search(netlist, missing).run();
+}
+
+} // namespace RTLJEX
