@@ -2,7 +2,18 @@
 
 #include <QFileInfo>
 
+#include "host/project.h"
+
 namespace Cli {
+
+namespace {
+
+bool isProjectFile(const QString &path)
+{
+    return QFileInfo(path).suffix() == Core::projectFileSuffix();
+}
+
+} // namespace
 
 Arguments::Arguments(const char *command, const char *form, const char *description)
     : m_command(command), m_form(form)
@@ -32,7 +43,7 @@ bool Arguments::read(const QStringList &words, Output &out)
         return true;
     // The toolkit begins with a usage line of its own.
     const QString text = parser.helpText();
-    out.line("Usage: jex " + m_command + ' ' + m_form);
+    out.line(("Usage: jex " + m_command + ' ' + m_form).trimmed());
     out.text(text.mid(text.indexOf('\n') + 1));
     return false;
 }
@@ -56,15 +67,16 @@ bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions 
             refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
         return false;
     }
+    if (parser.isSet("project") && !isProjectFile(all.first())) {
+        m_result = refuse("The project \"" + all.first() + "\" is not a .jexprj file.");
+        return false;
+    }
     if (!CommandLine::addFiles(all, options, error)) {
         say("jex " + m_command + ": " + error);
         m_result = CouldNotRun;
         return false;
     }
-    if (!parser.isSet("project") || !options.projectFile.isEmpty())
-        return true;
-    m_result = refuse("The project \"" + parser.value("project") + "\" is not a .jexprj file.");
-    return false;
+    return true;
 }
 
 } // namespace Cli

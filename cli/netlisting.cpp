@@ -3,9 +3,47 @@
 #include "cli/json.h"
 #include "model/quarry/rtlmodule.h"
 
+#include <charconv>
+
 using QUARRY::RtlModule;
 
 namespace Cli {
+namespace {
+
+std::string quoted(const QString &text)
+{
+    return Json(toStd(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+// Both write at `out` and give the end. A code unit takes at most three bytes.
+char *append(char *out, const QChar *begin, int length)
+{
+    for (int i = 0; i < length; ++i) {
+        if (begin[i].unicode() >= 128) {
+            const QByteArray bytes = QString(begin, length).toUtf8();
+            memcpy(out, bytes.constData(), size_t(bytes.size()));
+            return out + bytes.size();
+        }
+        out[i] = char(begin[i].unicode());
+    }
+    return out + length;
+}
+
+char *append(char *out, const std::string &text)
+{
+    memcpy(out, text.data(), text.size());
+    return out + text.size();
+}
+
+const int numberRoom = 12;
+
+char *append(char *out, char before, int number)
+{
+    *out = before;
+    return std::to_chars(out + 1, out + numberRoom, number).ptr;
+}
+
+} // namespace
 
 NetListing::NetListing(Form form, const QString &folder, Output &out)
     : m_form(form), m_folder(folder + '/'), m_out(out)
@@ -59,17 +97,10 @@ void NetListing::printEntry(const QUARRY::Hierachy *node, quint32 number, bool e
 {
     if (node != m_node)
         setNode(node);
-    const size_t begin = number == 0 ? 0 : m_nodeTails->ends[number - 1];
-    m_out.write(m_separator, strlen(m_separator));
-    m_out.write(m_head.data(), m_head.size());
-    m_out.write(m_nodeTails->text.data() + begin, m_nodeTails->ends[number] - begin);
-    if (m_form == JsonLines) {
-        write(excluded ? "true}" : "false}");
-        m_separator = ",";
-    } else {
-        static const char marks[] = "\texcluded\n";
-        m_out.write(excluded ? marks : marks + sizeof marks - 2, excluded ? sizeof marks - 1 : 1);
-    }
+    if (m_form == JsonLines)
+        printJson(node->declarations(), number, excluded);
+    else
+        printLine(node->declarations(), number, excluded);
 }
 
 void NetListing::setNode(const QUARRY::Hierachy *node)
@@ -79,49 +110,58 @@ void NetListing::setNode(const QUARRY::Hierachy *node)
     // The closing quotes come behind the short name.
     m_head = m_form == Lines ? m_indent + path + '/'
                              : "\n" + m_indent + "  {\"name\": " + path.substr(0, path.size() - 1) + '/';
-    m_nodeTails = &tailsOf(node->declarations());
 }
 
-const NetListing::Tails &NetListing::tailsOf(const RtlModule &module)
+void NetListing::printLine(const RtlModule &module, quint32 number, bool excluded)
 {
-    Tails &tails = m_tails[&module];
-    if (tails.ends.size() != module.entries().size()) {
-        for (quint32 i = 0; i < module.entries().size(); ++i) {
-            tails.text += tail(module, i);
-            tails.ends.push_back(tails.text.size());
-        }
+    static const std::string mark = "\texcluded";
+    const RtlModule::Entry &entry = module.entries()[number];
+    const std::string &file = shownFile(entry.info.file);
+    const int length = int(entry.textLength);
+    char *const begin = m_out.room(m_head.size() + 3 * size_t(length) + RtlModule::rangeRoom + file.size() +
+                                   2 * numberRoom + mark.size() + 8);
+    char *end = append(append(begin, m_head), module.text(entry), length);
+    if (entry.isBus) {
+        QChar range[RtlModule::rangeRoom];
+        const int rangeLength = RtlModule::writeRange(entry, range);
+        end = append(end, range, rangeLength);
     }
-    return tails;
+    end = append(end, '\t', entry.width());
+    *end++ = '\t';
+    if (file.empty())
+        *end++ = '-';
+    else
+        end = append(append(end, file), ':', entry.info.line);
+    if (excluded)
+        end = append(end, mark);
+    *end++ = '\n';
+    m_out.use(size_t(end - begin));
 }
 
-std::string NetListing::tail(const RtlModule &module, quint32 number) const
+void NetListing::printJson(const RtlModule &module, quint32 number, bool excluded)
 {
     const RtlModule::Entry &entry = module.entries()[number];
     const QUARRY::Declaration &info = entry.info;
     const QString name =
         entry.isBus ? module.busName(entry, nullptr) : module.netName(entry.firstSlot, nullptr);
-    const QString file = shownFile(info.file);
-    if (m_form == Lines) {
-        const QString place = file.isEmpty() ? QString("-") : file + ':' + QString::number(info.line);
-        return toStd(name + '\t' + QString::number(entry.width()) + '\t' + place);
+    std::string line = m_separator + m_head + quoted(name).substr(1);
+    line += ", \"width\": " + std::to_string(entry.width());
+    line += std::string(", \"bus\": ") + (entry.isBus ? "true" : "false");
+    line += ", \"file\": " + quoted(fromStd(shownFile(info.file)));
+    line += ", \"line\": " + std::to_string(info.line) + ", \"type\": " + quoted(info.type);
+    line += ", \"enumLabels\": " + toJson(info.enumLabels).dump();
+    line += std::string(", \"excluded\": ") + (excluded ? "true}" : "false}");
+    m_separator = ",";
+    write(line);
+}
+
+const std::string &NetListing::shownFile(const QString &file)
+{
+    if (file != m_file) {
+        m_file = file;
+        m_shownFile = toStd(file.startsWith(m_folder) ? file.mid(m_folder.size()) : file);
     }
-    QStringList labels;
-    for (const QString &label : info.enumLabels)
-        labels << fromStd(quoted(label));
-    return quoted(name).substr(1) + ", \"width\": " + std::to_string(entry.width()) +
-           ", \"bus\": " + (entry.isBus ? "true" : "false") + ", \"file\": " + quoted(file) +
-           ", \"line\": " + std::to_string(info.line) + ", \"type\": " + quoted(info.type) +
-           ", \"enumLabels\": [" + toStd(labels.join(", ")) + "], \"excluded\": ";
-}
-
-std::string NetListing::quoted(const QString &text) const
-{
-    return Json(toStd(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-QString NetListing::shownFile(const QString &file) const
-{
-    return file.startsWith(m_folder) ? file.mid(m_folder.size()) : file;
+    return m_shownFile;
 }
 
 } // namespace Cli

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QHash>
-
 #include <string>
-#include <vector>
 
 #include "cli/output.h"
 #include "netselect/netsearch.h"
@@ -16,8 +13,7 @@ class RtlModule;
 namespace Cli {
 
 // Prints nets as lines of name, width, place in the source and, where it holds, "excluded", with tabs
-// between, or as JSON. Short names and all that follows them are made once for each module, the path once
-// for each instance. The netlist must outlive it.
+// between, or as JSON. The path is made once for each instance, the rest goes straight into the buffer.
 class NetListing
 {
 public:
@@ -31,29 +27,19 @@ public:
     void printTree(const RTLJEX::ModuleForWidget &module);
 
 private:
-    // What follows the separator behind the path, for each entry of a module.
-    struct Tails
-    {
-        std::string text;
-        std::vector<size_t> ends;
-    };
-
-    void setIndent(int depth);
     void printEntry(const QUARRY::Hierachy *node, quint32 number, bool excluded);
     void setNode(const QUARRY::Hierachy *node);
-    const Tails &tailsOf(const QUARRY::RtlModule &module);
-    std::string tail(const QUARRY::RtlModule &module, quint32 number) const;
-    std::string quoted(const QString &text) const;
-    QString shownFile(const QString &file) const;
+    void printLine(const QUARRY::RtlModule &module, quint32 number, bool excluded);
+    void printJson(const QUARRY::RtlModule &module, quint32 number, bool excluded);
+    const std::string &shownFile(const QString &file);
     void write(const std::string &text) { m_out.write(text.data(), text.size()); }
 
     Form m_form;
     QString m_folder; // with a separator at its end
     Output &m_out;
-    QHash<const QUARRY::RtlModule *, Tails> m_tails;
     const QUARRY::Hierachy *m_node = nullptr;
-    const QUARRY::RtlModule *m_module = nullptr;
-    const Tails *m_nodeTails = nullptr;
+    QString m_file; // the one that was shown last, and how
+    std::string m_shownFile;
     std::string m_indent;
     std::string m_head; // all before the short name
     const char *m_separator = "";

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <unistd.h>
 
 namespace Cli {
@@ -17,7 +16,7 @@ Output::~Output()
     flush();
 }
 
-void Output::write(const char *bytes, size_t count)
+void Output::writeLong(const char *bytes, size_t count)
 {
     while (count > 0) {
         const size_t fits = std::min(count, m_buffer.size() - m_used);
@@ -28,6 +27,13 @@ void Output::write(const char *bytes, size_t count)
         if (m_used == m_buffer.size())
             flush();
     }
+}
+
+void Output::makeRoom(size_t count)
+{
+    flush();
+    if (m_buffer.size() < count)
+        m_buffer.resize(count);
 }
 
 void Output::text(const QString &text)

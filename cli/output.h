@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cstring>
 #include <vector>
 
 namespace Cli {
@@ -13,7 +14,21 @@ public:
     explicit Output(int descriptor);
     ~Output();
 
-    void write(const char *bytes, size_t count);
+    void write(const char *bytes, size_t count)
+    {
+        if (count > m_buffer.size() - m_used)
+            return writeLong(bytes, count);
+        memcpy(m_buffer.data() + m_used, bytes, count);
+        m_used += count;
+    }
+    // Room to write `count` bytes in place; use() then takes the first of them as written.
+    char *room(size_t count)
+    {
+        if (count > m_buffer.size() - m_used)
+            makeRoom(count);
+        return m_buffer.data() + m_used;
+    }
+    void use(size_t count) { m_used += count; }
     void text(const QString &text);
     void line(const QString &text);
 
@@ -23,6 +38,9 @@ public:
 private:
     Output(const Output &) = delete;
     Output &operator=(const Output &) = delete;
+
+    void writeLong(const char *bytes, size_t count);
+    void makeRoom(size_t count);
 
     int m_descriptor;
     int m_error = 0;

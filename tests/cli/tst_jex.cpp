@@ -1,0 +1,124 @@
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// Runs transcripts of terminal sessions and compares what they show with what happens now. In a transcript
+// "== name" begins a file that is written, "==" ends it; "$ words" is a command for the shell, followed by
+// what it prints, "2> " before what comes on standard error, and "[1]" for an exit code other than 0. Each
+// transcript has a folder of its own, with a copy of the example project in it.
+class JexTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("PATH", QFile::encodeName(QFileInfo(JEX).path()) + ':' + qgetenv("PATH"));
+        qputenv("JEX", JEX);
+    }
+
+    void transcripts_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const QFileInfo &file : QDir(TRANSCRIPTS).entryInfoList({"*.session"}))
+            QTest::newRow(qPrintable(file.baseName())) << contents(file.filePath());
+    }
+    void transcripts()
+    {
+        QFETCH(QString, text);
+        QTemporaryDir dir;
+        QCOMPARE(bash("cp -r " EXAMPLE "/. .", dir.path()), QString());
+        QVERIFY(text.contains("\n$ ") || text.startsWith("$ "));
+        const QString now = replay(text, dir.path());
+        if (now != text)
+            qWarning("Now it is:\n%s", qPrintable(now));
+        QCOMPARE(now.split('\n'), text.split('\n'));
+    }
+
+    void linksNoGui()
+    {
+        const QString libraries = bash("ldd $JEX", QDir::currentPath());
+        QVERIFY(libraries.contains("libQt5Core") && libraries.contains("libJexModel"));
+        QVERIFY2(!libraries.contains(QRegularExpression("Qt5(Gui|Widgets)|HostSdk|QuarryGui")),
+                 qPrintable(libraries));
+    }
+
+    // No child and no temporary folder is left, however early or late the interrupt comes.
+    void interrupted()
+    {
+        QTemporaryDir dir;
+        QProcess process;
+        const QString tool = dir.filePath("tool");
+        QCOMPARE(
+            bash("printf '#!/bin/sh\\ntouch started; exec sleep 300\\n' > tool; chmod +x tool; mkdir tmp",
+                 dir.path()),
+            QString());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("JEX_VERILATOR", tool);
+        environment.insert("TMPDIR", dir.filePath("tmp"));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(dir.path());
+        process.start(JEX, {"nets", EXAMPLE "/rtl/ram.v"});
+        QTRY_VERIFY_WITH_TIMEOUT(bash("find . -name started", dir.path()) != "", 20000);
+        process.terminate();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.readAllStandardError(), QByteArray("jex: Interrupted.\n"));
+        QCOMPARE(process.exitCode(), 3);
+        QCOMPARE(QDir(dir.filePath("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    }
+
+private:
+    static QString contents(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "cannot read " + path;
+    }
+
+    // What the command prints, in the form of a transcript.
+    static QString bash(const QString &command, const QString &folder)
+    {
+        QProcess process;
+        process.setWorkingDirectory(folder);
+        process.start("bash", {"-c", command});
+        if (!process.waitForFinished(60000))
+            return "not finished: " + command;
+        QString text = QString::fromUtf8(process.readAllStandardOutput());
+        for (const QString &line : QString::fromUtf8(process.readAllStandardError()).split('\n')) {
+            if (!line.isEmpty())
+                text += "2> " + line + '\n';
+        }
+        text.replace(folder, "DIR");
+        return process.exitCode() == 0 ? text : text + QString("[%1]\n").arg(process.exitCode());
+    }
+
+    static QString replay(const QString &text, const QString &folder)
+    {
+        QString now;
+        QStringList lines = text.split('\n');
+        while (!lines.isEmpty()) {
+            const QString line = lines.takeFirst();
+            if (line.startsWith("== ")) {
+                now += line + '\n';
+                QFile file(folder + '/' + line.mid(3));
+                QDir().mkpath(QFileInfo(file).path());
+                if (!file.open(QIODevice::WriteOnly))
+                    return "cannot write " + file.fileName();
+                while (!lines.isEmpty() && lines.first() != "==") {
+                    now += lines.first() + '\n';
+                    file.write(lines.takeFirst().toUtf8() + '\n');
+                }
+                now += "==\n";
+            } else if (line.startsWith("$ ")) {
+                now += line + '\n' + bash(line.mid(2), folder);
+            } else if (line.startsWith("#")) {
+                now += line + '\n';
+            }
+        }
+        return now;
+    }
+};
+
+QTEST_GUILESS_MAIN(JexTest)
+#include "tst_jex.moc"
