@@ -8,49 +8,35 @@ namespace {
 
 QString colourName(const QTreeWidgetItem *row)
 {
-    if (!row->data(0, Qt::ForegroundRole).isValid())
-        return "none";
-    const QBrush brush = row->foreground(0);
-    for (Qt::GlobalColor known : {Qt::gray, Qt::black, Qt::red})
-        if (brush == QBrush(known))
-            return known == Qt::gray ? "gray" : known == Qt::black ? "black" : "red";
-    return "?";
+    const QVariant brush = row->data(0, Qt::ForegroundRole);
+    return !brush.isValid()                          ? "none"
+           : row->foreground(0) == QBrush(Qt::gray)  ? "gray"
+           : row->foreground(0) == QBrush(Qt::black) ? "black"
+           : row->foreground(0) == QBrush(Qt::red)   ? "red"
+                                                     : "?";
 }
 
-QString flagLetters(Qt::ItemFlags flags)
+QString textOf(const QTreeWidget *tree, const QList<QTreeWidgetItem *> &selected, QTreeWidgetItem *row)
 {
-    QString letters;
-    const QList<QPair<Qt::ItemFlag, char>> names = {{Qt::ItemIsSelectable, 's'},
-                                                    {Qt::ItemIsEnabled, 'e'},
-                                                    {Qt::ItemIsDragEnabled, 'd'},
-                                                    {Qt::ItemIsDropEnabled, 'D'},
-                                                    {Qt::ItemIsUserCheckable, 'c'}};
-    for (const auto &name : names)
-        if (flags & name.first)
-            letters += QLatin1Char(name.second);
-    return letters;
-}
-
-void add(const QTreeWidget *tree, const QSet<const QTreeWidgetItem *> &selected, const QTreeWidgetItem *row,
-         int depth, QStringList &lines)
-{
-    lines.append(QString(2 * depth, ' ') + row->text(0) + (row->font(0).italic() ? "/i " : " ") +
-                 colourName(row) + ' ' + flagLetters(row->flags()) + (row->isExpanded() ? " >" : "") +
-                 (selected.contains(row) ? " *" : "") + (tree->currentItem() == row ? " @" : ""));
+    QString text = row->text(0) + (row->font(0).italic() ? "/i " : " ") + colourName(row) + ' ';
+    for (int bit = 0; bit < 6; ++bit)
+        if (row->flags() & (1 << bit))
+            text += "swdDce"[bit];
+    text += QString(row->isExpanded() ? " >" : "") + (selected.contains(row) ? " *" : "") +
+            (tree->currentItem() == row ? " @" : "");
+    QStringList members;
     for (int i = 0; i < row->childCount(); ++i)
-        add(tree, selected, row->child(i), depth + 1, lines);
+        members.append(textOf(tree, selected, row->child(i)));
+    return text + (members.isEmpty() ? "" : " {" + members.join(", ") + "}");
 }
 
 } // namespace
 
 QString rowText(const QTreeWidget *tree)
 {
-    QSet<const QTreeWidgetItem *> selected;
-    for (const QTreeWidgetItem *row : tree->selectedItems())
-        selected.insert(row);
     QStringList lines;
     for (int i = 0; i < tree->topLevelItemCount(); ++i)
-        add(tree, selected, tree->topLevelItem(i), 0, lines);
+        lines.append(textOf(tree, tree->selectedItems(), tree->topLevelItem(i)));
     return lines.join('\n');
 }
 
@@ -60,22 +46,4 @@ QString rowNames(const QTreeWidget *tree)
     for (int i = 0; i < tree->topLevelItemCount(); ++i)
         names.append(tree->topLevelItem(i)->text(0));
     return names.join(' ');
-}
-
-QString expected(const char *drawing)
-{
-    QStringList lines = QString::fromUtf8(drawing).split('\n', Qt::SkipEmptyParts);
-    int indent = 1000;
-    for (const QString &line : lines) {
-        int blanks = 0;
-        while (blanks < line.size() && line.at(blanks) == ' ')
-            ++blanks;
-        if (blanks < line.size())
-            indent = qMin(indent, blanks);
-    }
-    QStringList result;
-    for (const QString &line : lines)
-        if (!line.trimmed().isEmpty())
-            result.append(line.mid(indent));
-    return result.join('\n');
 }

@@ -8,6 +8,7 @@
 #include "signals/signaltreewidget.h"
 #include "tests/signals/rowtext.h"
 #include "tests/signals/signaltext.h"
+#include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 
@@ -26,6 +27,18 @@ QPoint placeIn(const signalTreeWidget &tree, const QString &name, double share)
     return tree.viewport()->mapToGlobal(QPoint(60, rect.top() + int(share * rect.height())));
 }
 
+bool drag(const QPoint &from, const QPoint &to)
+{
+    QProcess mouse;
+    const QPoint near = from + QPoint(0, from.y() < to.y() ? 15 : -15);
+    const QString script = at(from) + "mousedown 1 sleep 0.05 " + at(near) + "sleep 0.05 " + at(to) +
+                           "sleep 0.05 " + at(to + QPoint(1, 0)) + "sleep 0.2 mouseup 1 sleep 0.1";
+    mouse.start("xdotool", script.split(' '));
+    const bool done = QTest::qWaitFor([&] { return mouse.state() == QProcess::NotRunning; }, 10000);
+    QTest::qWait(100);
+    return done && mouse.exitCode() == 0;
+}
+
 } // namespace
 
 // Drags with a mouse that the X server believes in: the drag loop takes its events from there.
@@ -36,55 +49,25 @@ class TestSignalDrag : public QObject
 private Q_SLOTS:
     void dragging_data();
     void dragging();
-
-private:
-    static bool drag(const QPoint &from, const QPoint &to);
 };
-
-bool TestSignalDrag::drag(const QPoint &from, const QPoint &to)
-{
-    QProcess mouse;
-    const QPoint near = from + QPoint(0, from.y() < to.y() ? 15 : -15);
-    const QString script = at(from) + "mousedown 1 sleep 0.05 " + at(near) + "sleep 0.05 " + at(to) +
-                           "sleep 0.05 " + at(to + QPoint(1, 0)) + "sleep 0.2 mouseup 1 sleep 0.1";
-    mouse.start("xdotool", script.split(' '));
-    QElapsedTimer timer;
-    timer.start();
-    while (mouse.state() != QProcess::NotRunning && timer.elapsed() < 10000)
-        QTest::qWait(20);
-    QTest::qWait(100);
-    return mouse.exitCode() == 0;
-}
 
 void TestSignalDrag::dragging_data()
 {
-    QTest::addColumn<QString>("chosen");
-    QTest::addColumn<QString>("over"); // empty: below all rows
+    textColumns("chosen", "over"); // empty: below all rows
     QTest::addColumn<double>("share");
-    QTest::addColumn<QString>("rows"); // what the tree starts with
-    QTest::addColumn<QString>("result");
+    textColumns("rows", "result"); // what the tree starts with
     const QString rows = "s:a b:b{x,y} s:c s:d !s:e";
     const QString enabled = "s:a s:b s:c";
-    QTest::newRow("upper half") << "d"
-                                << "b" << 0.2 << rows << "a d b c e";
-    QTest::newRow("lower half") << "a"
-                                << "c" << 0.8 << rows << "b c a d e";
-    QTest::newRow("several, in tree order") << "d b"
-                                            << "a" << 0.2 << rows << "b d a c e";
-    QTest::newRow("a member stays") << "x c"
-                                    << "a" << 0.2 << rows << "c a b d e";
-    QTest::newRow("onto a disabled row") << "a"
-                                         << "e" << 0.2 << rows << "a b c d e";
-    QTest::newRow("onto a member") << "d"
-                                   << "x" << 0.2 << rows << "a b c d e";
-    QTest::newRow("onto a selected row") << "d a"
-                                         << "d" << 0.8 << rows << "a b c d e";
-    QTest::newRow("below, the last row disabled") << "a"
-                                                  << "" << 0.0 << rows << "a b c d e";
-    QTest::newRow("below") << "b a"
-                           << "" << 0.0 << enabled << "c a b";
-    QTest::newRow("a disabled row") << "e"
-                                    << "a" << 0.2 << rows << "a b c d e";
+    row("upper half", "d", "b", 0.2, rows, "a d b c e");
+    row("lower half", "a", "c", 0.8, rows, "b c a d e");
+    row("several, in tree order", "d b", "a", 0.2, rows, "b d a c e");
+    row("a member stays", "x c", "a", 0.2, rows, "c a b d e");
+    row("onto a disabled row", "a", "e", 0.2, rows, "a b c d e");
+    row("onto a member", "d", "x", 0.2, rows, "a b c d e");
+    row("onto a selected row", "d a", "d", 0.8, rows, "a b c d e");
+    row("below, the last row disabled", "a", "", 0.0, rows, "a b c d e");
+    row("below", "b a", "", 0.0, enabled, "c a b");
+    row("a disabled row", "e", "a", 0.2, rows, "a b c d e");
 }
 
 void TestSignalDrag::dragging()
