@@ -11,11 +11,11 @@
 #include "netselect/resultrows.h"
 #include "netselect/rtlnetlisttreeview.h"
 #include "signals/signalrows.h"
-#include "tests/signals/rowtext.h"
-#include "tests/signals/signaltext.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"
+#include "tests/support/rowtext.h"
+#include "tests/support/signaltext.h"
 
 using namespace RTLJEX;
 

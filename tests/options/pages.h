@@ -13,9 +13,9 @@
 #include "options/triggeroptionwidget.h"
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
-#include "tests/signals/signaltext.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"
+#include "tests/support/signaltext.h"
 
 // A project that is open as long as this lives, on a device with or without shadow memory.
 class Device

@@ -6,8 +6,8 @@
 
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
-#include "tests/signals/rowtext.h"
-#include "tests/signals/signaltext.h"
+#include "tests/support/rowtext.h"
+#include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;

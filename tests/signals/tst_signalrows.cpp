@@ -6,8 +6,8 @@
 #include "signals/checkrepeat.h"
 #include "signals/rowedit.h"
 #include "signals/signalrows.h"
-#include "tests/signals/rowtext.h"
-#include "tests/signals/signaltext.h"
+#include "tests/support/rowtext.h"
+#include "tests/support/signaltext.h"
 
 using namespace RTLJEX;
 using JEX::SignalItem;

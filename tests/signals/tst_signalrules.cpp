@@ -6,8 +6,8 @@
 #include "signals/roworder.h"
 #include "signals/signallistindex.h"
 #include "signals/signalrules.h"
-#include "tests/signals/signaltext.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
