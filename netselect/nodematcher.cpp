@@ -149,8 +149,9 @@ NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, const 
         const QChar *name = module.text(entry);
         int length = int(entry.textLength);
         if (lead > 0 || entry.isBus || m_pattern.folds()) {
-            if (buffer.size() < size_t(lead + nameRoom(entry)))
-                buffer.resize(size_t(lead + nameRoom(entry)));
+            const int room = lead + nameRoom(entry);
+            if (buffer.size() < size_t(room))
+                buffer.resize(size_t(room));
             length = writeName(module, entry, buffer.data() + lead);
             if (m_pattern.folds())
                 NamePattern::fold(buffer.data() + lead, length);

@@ -167,9 +167,9 @@ void VerilatorTies::count(const pugi::xml_node &left, const VerilatorScope &scop
             continue;
         std::vector<int> &counts = drivers[target.net];
         counts.resize(size_t(m_module.nets[size_t(target.net)].width()));
-        for (int i = 0; i < target.width; ++i)
-            if (target.lowest + i >= 0 && target.lowest + i < int(counts.size()))
-                ++counts[size_t(target.lowest + i)];
+        const int end = qMin(target.lowest + target.width, int(counts.size()));
+        for (int bit = qMax(0, target.lowest); bit < end; ++bit)
+            ++counts[size_t(bit)];
     }
 }
 
