@@ -171,7 +171,7 @@ void MainWindow::createDocks()
         QWidget *widget;
         Qt::DockWidgetArea area;
         int size;
-    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 300},
+    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 250},
                        {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
