@@ -31,6 +31,23 @@ bool isGenvar(const pugi::xml_node &var)
     return std::strcmp(var.attribute("vartype").value(), "integer") == 0 && !var.attribute("public");
 }
 
+// Verilator writes each byte of a letter beyond ASCII as a character of its own, "&#195;&#164;".
+void joinLetters(QByteArray &xml)
+{
+    const int first = xml.indexOf("&#");
+    if (first < 0)
+        return;
+    char *out = xml.data() + first;
+    const char *end = xml.constData() + xml.size();
+    for (const char *in = out; in < end;) {
+        const bool isEscape = end - in > 5 && in[0] == '&' && in[1] == '#' && in[5] == ';';
+        const int byte = isEscape ? QByteArray(in + 2, 3).toInt() : 0;
+        *out++ = byte > 127 ? char(byte) : *in;
+        in += byte > 127 ? 6 : 1;
+    }
+    xml.truncate(int(out - xml.constData()));
+}
+
 // Of "c,12,8,12,15": file, first line, first column, last line, column behind the last.
 struct Location
 {
@@ -69,6 +86,7 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
         return false;
     }
     m_text = file.readAll();
+    joinLetters(m_text);
     const pugi::xml_parse_result result =
         m_document.load_buffer_inplace(m_text.data(), size_t(m_text.size()), pugi::parse_escapes);
     const pugi::xml_node netlist = m_document.child("verilator_xml").child("netlist");
