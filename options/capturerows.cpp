@@ -11,6 +11,12 @@
 
 namespace RTLJEX {
 
+namespace {
+
+const int userGroup = -1; // type of a record
+
+} // namespace
+
 bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page)
 {
     const QPointer<QWidget> guard(page);
@@ -32,11 +38,14 @@ void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
 {
     QList<JEX::SignalItem> unique;
-    QSet<QString> names;
+    QSet<QString> seen;
     for (const JEX::SignalItem &item : items) {
-        if (!names.contains(item.name))
+        QString key = item.name;
+        for (const JEX::SignalItem &member : item.members)
+            key += item.type == userGroup ? QLatin1Char('\n') + member.name : QString();
+        if (!seen.contains(key))
             unique.append(item);
-        names.insert(item.name);
+        seen.insert(key);
     }
     return unique;
 }

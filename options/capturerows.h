@@ -21,7 +21,8 @@ bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *pa
 // Merges the chosen signals with the rows and puts what is new after the enabled ones.
 void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
 
-// Without later records of a name that came before.
+// Without later records of a name that came before. Each port numbers its groups on its own, so groups are
+// told apart by their members as well.
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items);
 
 // Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.
