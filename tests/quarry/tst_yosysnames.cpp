@@ -103,29 +103,24 @@ QByteArray generatedDesign(unsigned seed)
 {
     std::mt19937 random(seed);
     const auto number = [&random](int below) { return int(random() % unsigned(below)); };
-    QByteArray text;
+    const QString loop = "genvar g%1; generate for (g%1 = %2; g%1 < 4; g%1 = g%1 + 1) begin : s%1 "
+                         "wire [g%1:0] w; %3 end endgenerate";
+    QString text;
     for (int module = 0; module < 12; ++module) {
-        text += QString("module m%1 #(parameter W = 3) (input clk);\n").arg(module).toUtf8();
+        text += QString("module m%1 #(parameter W = 3) (input clk);\n").arg(module);
         for (int net = 0; net < 8; ++net) {
-            const QString range = number(3) == 0 ? QString()
-                                  : number(3) == 0
-                                      ? QString("[W+%1:%1] ").arg(number(4))
-                                      : QString("[%1:%2] ").arg(number(20) - 5).arg(number(20) - 5);
-            text += QString("  %1 %2net_%3;\n").arg(number(2) ? "wire" : "reg").arg(range).arg(net).toUtf8();
+            const QString ranges[] = {"", QString("[W+%1:%1] ").arg(number(4)),
+                                      QString("[%1:%2] ").arg(number(20) - 5).arg(number(20) - 5)};
+            text += QString("  %1 %2net_%3;\n").arg(number(2) ? "wire" : "reg", ranges[number(3)]).arg(net);
         }
         for (int child = 0; module > 0 && child < 2; ++child) {
             const QString instance =
                 QString("m%1 #(.W(%2)) u%3(clk);").arg(number(module)).arg(1 + number(5)).arg(child);
-            const QString loop =
-                QString("genvar g%1; generate for (g%1 = %2; g%1 < %3; g%1 = g%1 + 1) begin : s%1 "
-                        "wire [g%1:0] w; %4 end endgenerate");
-            text +=
-                "  " + (number(2) ? instance : loop.arg(child).arg(number(3)).arg(4).arg(instance)).toUtf8();
-            text += "\n";
+            text += (number(2) ? instance : loop.arg(child).arg(number(3)).arg(instance)) + '\n';
         }
         text += "endmodule\n";
     }
-    return text + "module top(input clk); m11 u(clk); m10 #(7) v(clk); endmodule\n";
+    return text.toUtf8() + "module top(input clk); m11 u(clk); m10 #(7) v(clk); endmodule\n";
 }
 
 QByteArray contentOf(const QString &path)
