@@ -3,6 +3,8 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTreeWidget>
 
 #include "host/modal.h"
@@ -23,14 +25,6 @@ TriggerSingalSelectDialog::TriggerSingalSelectDialog(QList<JEX::TriggerPort *> p
     setWindowTitle(tr("Add From Trigger"));
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setSizeGripEnabled(true);
-    QVBoxLayout *column = new QVBoxLayout;
-    for (const JEX::TriggerPort *port : ports) {
-        QCheckBox *box = new QCheckBox(tr("Trigger Port %1").arg(port->portNumber));
-        connect(box, SIGNAL(toggled(bool)), SLOT(onStateChanged()));
-        column->addWidget(box);
-        m_boxes.append(box);
-    }
-    column->addStretch();
     m_preview->setHeaderHidden(true);
     m_preview->setUniformRowHeights(true);
     m_preview->setTextElideMode(Qt::ElideLeft);
@@ -38,11 +32,33 @@ TriggerSingalSelectDialog::TriggerSingalSelectDialog(QList<JEX::TriggerPort *> p
     connect(buttons, SIGNAL(accepted()), SLOT(accept()));
     connect(buttons, SIGNAL(rejected()), SLOT(reject()));
     QGridLayout *layout = new QGridLayout(this);
-    layout->addLayout(column, 0, 0);
+    layout->addWidget(makePortColumn(), 0, 0);
     layout->addWidget(m_preview, 0, 1);
     layout->addWidget(buttons, 1, 0, 1, 2);
     layout->setColumnStretch(1, 1);
-    resize(QSize(32, 27) * fontMetrics().height());
+    resize(QSize(32, 30) * fontMetrics().height());
+}
+
+// Scrolls where the screen is too low for all ports.
+QWidget *TriggerSingalSelectDialog::makePortColumn()
+{
+    QWidget *column = new QWidget;
+    QVBoxLayout *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const JEX::TriggerPort *port : m_ports) {
+        QCheckBox *box = new QCheckBox(tr("Trigger Port %1").arg(port->portNumber));
+        connect(box, SIGNAL(toggled(bool)), SLOT(onStateChanged()));
+        layout->addWidget(box);
+        m_boxes.append(box);
+    }
+    layout->addStretch();
+    QScrollArea *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(column);
+    area->setMinimumWidth(column->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    return area;
 }
 
 QList<JEX::SignalItem> TriggerSingalSelectDialog::getSelectTriggerPort(QList<JEX::TriggerPort *> ports,

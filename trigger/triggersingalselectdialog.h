@@ -33,6 +33,8 @@ private Q_SLOTS:
     void onStateChanged();
 
 private:
+    QWidget *makePortColumn();
+
     QList<JEX::TriggerPort *> m_ports;
     QList<QCheckBox *> m_boxes; // one a port, in their order
     QTreeWidget *m_preview;
