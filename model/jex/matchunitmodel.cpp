@@ -8,7 +8,7 @@ namespace JEX {
 
 namespace {
 
-const char *const headers[] = {"Enabled", "Number", "Match Unit", "Trigger Port", "Function", "Value"};
+const char *const headers[] = {"Enabled", "Number", "Unit", "Trigger Port", "Function", "Value"};
 
 QVariant cellText(const MatchUnit &unit, int column)
 {
@@ -18,7 +18,7 @@ QVariant cellText(const MatchUnit &unit, int column)
     case MatchUnitModel::UnitColumn:
         return QString::fromLatin1("M%1").arg(unit.unitNumber);
     case MatchUnitModel::PortColumn:
-        return portTitle(unit.triggerPort);
+        return portText(unit.triggerPort);
     case MatchUnitModel::FunctionColumn:
         return unit.triggerPort ? matchFunctionName(unit.function) : QVariant();
     case MatchUnitModel::ValueColumn:

@@ -202,13 +202,17 @@ QString matchValueText(const MatchUnit &unit)
     return unit.function == MatchInRange ? unit.value + latin(" to ") + unit.upperValue : unit.value;
 }
 
-QString portTitle(const TriggerPort *port)
+QString portText(const TriggerPort *port)
 {
     if (!port) {
         return latin("Not bound");
     }
-    return latin("Trigger Port ") + QString::number(port->portNumber) + latin(" (") +
-           counted(port->width(), "bit") + latin(")");
+    return QString::number(port->portNumber) + latin(" (") + counted(port->width(), "bit") + latin(")");
+}
+
+QString portTitle(const TriggerPort *port)
+{
+    return latin(port ? "Trigger Port " : "") + portText(port);
 }
 
 } // namespace JEX

@@ -39,6 +39,7 @@ QString upperName();
 QString matchUnitFault(const MatchUnit &unit);
 // "0X1R", or "0010 to 0111" of a range.
 QString matchValueText(const MatchUnit &unit);
-QString portTitle(const TriggerPort *port); // "Trigger Port 2 (1 bit)", or "Not bound" for null
+QString portText(const TriggerPort *port);  // "2 (1 bit)", or "Not bound" for null
+QString portTitle(const TriggerPort *port); // "Trigger Port 2 (1 bit)", likewise
 
 } // namespace JEX

@@ -147,7 +147,7 @@ private Q_SLOTS:
         QString texts = model.headerData(2, Qt::Horizontal).toString();
         for (int i = 0; i < 2 * model.columnCount(); ++i)
             texts += '|' + model.index(i % 2 ? 15 : 3, i / 2).data().toString();
-        QCOMPARE(texts, QString("Match Unit|||3|15|M3|M15|Trigger Port 1 (6 bits)|Not bound|In range||"
+        QCOMPARE(texts, QString("Unit|||3|15|M3|M15|1 (6 bits)|Not bound|In range||"
                                 "000001 to 0000R1|"));
         QCOMPARE(model.index(3, 5).data(Qt::ToolTipRole).toString(), matchUnitFault(*desk.unit));
 
