@@ -20,8 +20,8 @@ const Command commands[] = {
     {"fmt", "bring a configuration into the form in which the editor writes it", format},
     {"usage", "what each core needs of the device", usage},
     {"devices", "list the known devices", devices},
-    //    {"diff", "what changed between two configurations", diff},
-    //    {"rebind", "rename stored signals after the design was changed", rebind},
+    {"diff", "what changed between two configurations", diff},
+    {"rebind", "rename stored signals after the design was changed", rebind},
 };
 
 void printHelp(Output &out)

@@ -17,6 +17,7 @@ private Q_SLOTS:
     {
         qputenv("PATH", QFile::encodeName(QFileInfo(JEX).path()) + ':' + qgetenv("PATH"));
         qputenv("JEX", JEX);
+        qputenv("BUILD", BUILD);
     }
 
     void transcripts_data()
@@ -24,6 +25,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         for (const QFileInfo &file : QDir(TRANSCRIPTS).entryInfoList({"*.session"}))
             QTest::newRow(qPrintable(file.baseName())) << contents(file.filePath());
+        QTest::newRow("documentation") << sessions(contents(DOCUMENT));
     }
     void transcripts()
     {
@@ -74,6 +76,15 @@ private:
     {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "cannot read " + path;
+    }
+
+    // The blocks that show a terminal.
+    static QString sessions(const QString &markdown)
+    {
+        QString text;
+        for (const QString &part : markdown.split("```console\n").mid(1))
+            text += part.section("```\n", 0, 0);
+        return text;
     }
 
     // What the command prints, in the form of a transcript.

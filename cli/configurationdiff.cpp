@@ -1,0 +1,179 @@
+#include "cli/configurationdiff.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <vector>
+
+#include "cli/rowpairs.h"
+#include "model/jex/zubfields.h"
+
+namespace Cli {
+namespace {
+
+Json shown(const QString &text)
+{
+    return toStd(text);
+}
+
+QList<Setting> unitSettings(const JEX::MatchUnit &unit)
+{
+    return {{"enabled", unit.enabled},
+            {"port", unit.triggerPort ? Json(unit.triggerPort->portNumber) : Json("none")},
+            {"function", shown(JEX::matchFunctionRule.toText(unit.function))},
+            {"value", shown(unit.value)},
+            {"upperValue", shown(unit.upperValue)}};
+}
+
+class Comparison
+{
+public:
+    QList<Difference> found;
+
+    void compareFiles(const Configuration &older, const Configuration &newer)
+    {
+        if (older.mode() != newer.mode())
+            add({}, "changed", "mode", shown(older.modeName()), shown(newer.modeName()));
+        QHash<int, CoreRecord> before;
+        for (const CoreRecord &core : older.cores())
+            before.insert(core.number, core);
+        for (const CoreRecord &core : newer.cores()) {
+            m_core = core.number;
+            if (before.contains(core.number))
+                compareCores(before.take(core.number), core);
+            else
+                add({}, "added", "core", nullptr, core.signalRows->size());
+        }
+        for (const CoreRecord &core : older.cores()) {
+            m_core = core.number;
+            if (before.contains(core.number))
+                add({}, "removed", "core", core.signalRows->size(), nullptr);
+        }
+    }
+
+private:
+    void add(const QString &place, const QString &what, const QString &name, const Json &from, const Json &to)
+    {
+        found.append({m_core, place, what, name, from, to});
+    }
+
+    void compareCores(const CoreRecord &a, const CoreRecord &b)
+    {
+        compareSettings(QString(), a.settings, b.settings);
+        if (a.standard && b.standard)
+            compareTriggers(*a.standard, *b.standard);
+        compareRows("capture", *a.signalRows, *b.signalRows);
+    }
+
+    // What only one of two modes has is not worth a line beside the mode.
+    void compareSettings(const QString &place, const QList<Setting> &a, const QList<Setting> &b)
+    {
+        for (const Setting &now : b) {
+            for (const Setting &before : a) {
+                if (before.name == now.name && before.value != now.value)
+                    add(place, "changed", now.name, before.value, now.value);
+            }
+        }
+    }
+
+    void compareTriggers(const JEX::AoCore &a, const JEX::AoCore &b)
+    {
+        for (int i = 0; i < b.triggerPorts.size(); ++i)
+            compareRows(QString("trigger port %1").arg(i), a.triggerPorts.at(i)->signalItems,
+                        b.triggerPorts.at(i)->signalItems);
+        for (int i = 0; i < b.matchUnits.size(); ++i)
+            compareSettings(QString("match unit M%1").arg(i), unitSettings(*a.matchUnits.at(i)),
+                            unitSettings(*b.matchUnits.at(i)));
+        for (const RowPair &pair : pairRows(a.expressions, b.expressions))
+            addExpression(pair, a.expressions.value(pair.from), b.expressions.value(pair.to));
+    }
+
+    void addExpression(const RowPair &pair, const QString &before, const QString &now)
+    {
+        if (pair.from >= 0 && pair.to >= 0 && before != now)
+            add({}, "changed", QString("expression %1").arg(pair.to + 1), shown(before), shown(now));
+        else
+            addPair("expression", pair, before, now);
+    }
+
+    void compareRows(const QString &place, const QList<JEX::SignalItem> &a, const QList<JEX::SignalItem> &b)
+    {
+        QStringList before, now;
+        for (const JEX::SignalItem &item : a)
+            before << item.name;
+        for (const JEX::SignalItem &item : b)
+            now << item.name;
+        for (const RowPair &pair : pairRows(before, now)) {
+            addPair(place, pair, before.value(pair.from), now.value(pair.to));
+            if (pair.from >= 0 && pair.to >= 0)
+                compareItems(place, a.at(pair.from), b.at(pair.to));
+        }
+    }
+
+    void addPair(const QString &place, const RowPair &pair, const QString &before, const QString &now)
+    {
+        if (pair.from < 0)
+            add(place, "added", now, nullptr, pair.to + 1);
+        else if (pair.to < 0)
+            add(place, "removed", before, pair.from + 1, nullptr);
+        else if (before != now)
+            add(place, "renamed", before, shown(before), shown(now));
+        else if (pair.isMoved)
+            add(place, "moved", now, pair.from + 1, pair.to + 1);
+    }
+
+    void compareItems(const QString &place, const JEX::SignalItem &a, const JEX::SignalItem &b)
+    {
+        if (a.alias != b.alias)
+            add(place + ' ' + b.name, "changed", "shown as", shown(a.alias), shown(b.alias));
+        if (a.capEnable != b.capEnable)
+            add(place + ' ' + b.name, "changed", "capture", a.capEnable, b.capEnable);
+        if (a.type != b.type)
+            add(place + ' ' + b.name, "changed", "type", shown(JEX::signalTypeRule.toText(a.type)),
+                shown(JEX::signalTypeRule.toText(b.type)));
+        // The bits of a bus with another name have other names as well.
+        if (a.name == b.name)
+            compareRows(place + ' ' + b.name, a.members, b.members);
+    }
+
+    int m_core = -1;
+};
+
+// "1024", "rising"; quotes around what may be empty or hold blanks.
+QString valueText(const Json &value)
+{
+    const QString text = settingText(value);
+    return text.isEmpty() || text.contains(' ') ? '"' + text + '"' : text;
+}
+
+} // namespace
+
+QList<Difference> differences(const Configuration &older, const Configuration &newer)
+{
+    Comparison comparison;
+    comparison.compareFiles(older, newer);
+    return comparison.found;
+}
+
+QString differenceSentence(const Difference &difference)
+{
+    const QString from = valueText(difference.from);
+    const QString to = valueText(difference.to);
+    if (difference.name == "core" && difference.what != "changed")
+        return QString("Core %1 was %2").arg(difference.core).arg(difference.what);
+    QString text = difference.core < 0 ? QString("File: ") : QString("Core %1: ").arg(difference.core);
+    if (!difference.place.isEmpty())
+        text += difference.place + ": ";
+    text += difference.name;
+    if (difference.what == "added")
+        return text + " was added at row " + to;
+    if (difference.what == "removed")
+        return text + " was removed from row " + from;
+    if (difference.what == "moved")
+        return text + " moved from row " + from + " to row " + to;
+    if (difference.what == "renamed")
+        return text + " was renamed to " + to;
+    return text + " changed from " + from + " to " + to;
+}
+
+} // namespace Cli

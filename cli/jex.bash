@@ -1,0 +1,27 @@
+# bash completion for jex. What a command takes is asked of the program itself.
+
+_jex() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
+  local IFS=$'\n'
+  COMPREPLY=()
+  if [ "$COMP_CWORD" -eq 1 ]; then
+    COMPREPLY=($(compgen -W "$(jex --help | sed -n 's/^  \([a-z]*\)  *.*/\1/p')" -- "$word"))
+    return
+  fi
+  case $before in
+    --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
+    --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
+    -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
+    *)
+      case $word in
+        -*) COMPREPLY=($(compgen -W "$(jex "$command" --help | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
+        *)
+          local files='!*.@(zub|jexprj|v|vh|sv|svh|vhd|vhdl|f)'
+          case $command in show | fmt | usage | diff) files='!*.zub' ;; esac
+          COMPREPLY=($(shopt -s extglob; compgen -f -X "$files" -- "$word") $(compgen -d -- "$word"))
+          ;;
+      esac
+      ;;
+  esac
+}
+complete -o filenames -F _jex jex

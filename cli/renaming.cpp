@@ -1,0 +1,137 @@
+#include "cli/renaming.h"
+
+#include <QSet>
+
+#include "signals/netname.h"
+
+namespace Cli {
+namespace {
+
+using Pairs = QList<QPair<QString, QString>>;
+
+QString rangeOf(const QString &name)
+{
+    const RTLJEX::NetName parts(name);
+    return parts.form == RTLJEX::NetName::Plain ? QString() : name.mid(parts.fullBase().size());
+}
+
+// Renames what one name after another, and notes each change once.
+class Walk
+{
+public:
+    explicit Walk(const Renaming &renaming) : m_renaming(renaming) {}
+
+    Pairs changes;
+
+    void rename(QString &name)
+    {
+        const QString now = m_renaming.renamed(name);
+        if (now != name && !m_seen.contains(name)) {
+            m_seen.insert(name);
+            changes.append({name, now});
+        }
+        name = now;
+    }
+
+    void rename(QList<JEX::SignalItem> &items)
+    {
+        for (JEX::SignalItem &item : items) {
+            const QString old = item.name;
+            rename(item.name);
+            // The new name is looked up anew; what the old one was is of no use.
+            item.valid = item.valid || item.name != old;
+            renameMembers(item, item.name != old);
+        }
+    }
+
+private:
+    // The bits of a bus that was renamed are not worth a line each.
+    void renameMembers(JEX::SignalItem &item, bool isSilent)
+    {
+        for (JEX::SignalItem &member : item.members) {
+            const QString old = member.name;
+            if (isSilent)
+                member.name = m_renaming.renamed(old);
+            else
+                rename(member.name);
+            member.valid = member.valid || member.name != old;
+            renameMembers(member, isSilent || member.name != old);
+        }
+    }
+
+    const Renaming &m_renaming;
+    QSet<QString> m_seen;
+};
+
+void addRepeated(const QList<JEX::SignalItem> &rows, QStringList &repeated)
+{
+    QSet<QString> seen;
+    for (const JEX::SignalItem &item : rows) {
+        if (seen.contains(item.name))
+            repeated << item.name;
+        seen.insert(item.name);
+    }
+}
+
+} // namespace
+
+bool Renaming::set(const QString &from, const QString &to, QString *error)
+{
+    const QString range = rangeOf(from);
+    if (range != rangeOf(to)) {
+        *error =
+            "\"" + from + "\" and \"" + to + "\" differ in their range: a renamed signal keeps its width.";
+        return false;
+    }
+    // A single bit can be renamed alone, a bus only with its bits.
+    const int cut = range.contains(':') ? range.size() : 0;
+    m_from = from.left(from.size() - cut);
+    m_to = to.left(to.size() - cut);
+    if (!m_from.isEmpty() && !m_to.isEmpty() && !m_from.endsWith('/') && !m_to.endsWith('/'))
+        return true;
+    *error = "--from and --to are paths without a separator at their end, \"top/u0\".";
+    return false;
+}
+
+QString Renaming::renamed(const QString &name) const
+{
+    if (!name.startsWith(m_from))
+        return name;
+    const QString rest = name.mid(m_from.size());
+    // "[3]" belongs to a net when nothing follows, and to an instance otherwise.
+    const bool isWhole =
+        rest.isEmpty() || rest.startsWith('/') || (rest.startsWith('[') && !rest.contains('/'));
+    return isWhole ? m_to + rest : name;
+}
+
+Pairs Renaming::apply(Configuration &configuration) const
+{
+    Walk walk(*this);
+    for (CoreRecord &core : configuration.cores()) {
+        walk.rename(*core.clock);
+        if (*core.topModule == m_from)
+            *core.topModule = m_to;
+        if (core.standard) {
+            for (JEX::TriggerPort *port : core.standard->triggerPorts)
+                walk.rename(port->signalItems);
+        }
+        walk.rename(*core.signalRows);
+        walk.rename(*core.enabledRows);
+    }
+    return walk.changes;
+}
+
+QStringList repeatedRows(const Configuration &configuration)
+{
+    QStringList repeated;
+    for (const CoreRecord &core : configuration.cores()) {
+        addRepeated(*core.signalRows, repeated);
+        if (core.standard) {
+            for (const JEX::TriggerPort *port : core.standard->triggerPorts)
+                addRepeated(port->signalItems, repeated);
+        }
+    }
+    return repeated;
+}
+
+} // namespace Cli
