@@ -250,6 +250,9 @@ private Q_SLOTS:
         second.captureAmount = 1000;
         QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_path));
         second.captureAmount = 1024;
+        AoCore standard(0);
+        standard.matchUnit(3)->value = "1x";
+        QVERIFY(!writeJEXConfigToXml({&standard}, m_path));
         QCOMPARE(contents(m_path), QByteArray("old"));
         QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_dir.filePath("none/a.zub")));
         QVERIFY(writeJEXConfigToXml_Lite({&first, &second}, m_path));
