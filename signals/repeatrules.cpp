@@ -10,15 +10,9 @@ namespace {
 
 RowVerdict judgeBitRow(JEX::SignalItem &row, SignalListIndex &buses)
 {
-    const int same = buses.firstNamed(row.name);
-    const int holder = buses.firstHolding(row.name);
-    if (holder < same)
+    if (buses.firstHolding(row.name) < buses.firstNamed(row.name))
         return RowGone;
-    if (same == SignalListIndex::noRank)
-        return RowKept;
-    buses.remove(same);
-    row.capEnable = true;
-    return RowChanged;
+    return judgeSingleRow(row, buses);
 }
 
 // The list is gone through in order and left at the bus itself: bits behind it stay.

@@ -9,19 +9,9 @@
 
 namespace RTLJEX {
 
-namespace {
-
-Ui_MuExpressionDialog *makeForm(QDialog *dialog)
+MuExpressionDialog::MuExpressionDialog(QWidget *parent) : QDialog(parent), m_ui(new Ui_MuExpressionDialog)
 {
-    Ui_MuExpressionDialog *form = new Ui_MuExpressionDialog;
-    form->setupUi(dialog);
-    return form;
-}
-
-} // namespace
-
-MuExpressionDialog::MuExpressionDialog(QWidget *parent) : QDialog(parent), m_ui(makeForm(this))
-{
+    m_ui->setupUi(this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     m_ui->editDisplay->setFont(QFont(QLatin1String("Courier"), 16, QFont::Bold));
     mapTokens();

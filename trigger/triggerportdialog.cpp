@@ -15,18 +15,12 @@ namespace {
 const int rowType = 0;
 const int bitLimit = 64;
 
-Ui_TriggerPortDialog *makeForm(QDialog *dialog)
-{
-    Ui_TriggerPortDialog *form = new Ui_TriggerPortDialog;
-    form->setupUi(dialog);
-    return form;
-}
-
 } // namespace
 
 TriggerPortDialog::TriggerPortDialog(JEX::TriggerPort *port, QUARRY::RtlNetlist *netlist, QWidget *parent)
-    : QDialog(parent), m_ui(makeForm(this)), m_port(port), m_netlist(netlist)
+    : QDialog(parent), m_ui(new Ui_TriggerPortDialog), m_port(port), m_netlist(netlist)
 {
+    m_ui->setupUi(this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setUpSignalTree(m_ui->treeWidget, m_ui->btnRemove);
     insertSignalRows(m_ui->treeWidget, m_port->signalItems, 0, rowType);
