@@ -132,7 +132,7 @@ private Q_SLOTS:
     void edits()
     {
         QFETCH_GLOBAL(bool, standard);
-        CapturePage page(standard, "s:top/u0/ready !s:top/gone !s:top/rst");
+        CapturePage page(standard, "s:top/u0/ready !s:top/gone !s:top/rst", 65536);
         const QLineEdit *clock = page.open().child<QLineEdit>("editSampleClock");
         page.pick("btnSampleClock", {"top/clk"});
         page.pick("btnSampleClock", {"top/rst"}, QDialogButtonBox::Cancel);
@@ -144,8 +144,8 @@ private Q_SLOTS:
         page.pick("btnAdd", {"top/clk", "top/rst", "top/data[7:0]"});
         QCOMPARE(page.rows(), QString("top/u0/ready,top/data[7:0](8),top/clk,top/rst,-top/gone"));
         QVERIFY(page.modified->size() > 1);
-        const int required = standard ? JEX_TOOL::bsramNumberRequiredWithAdjust(11, 1024)
-                                      : JEX_TOOL::bsramNumberRequired(11, 1024);
+        const int required = standard ? JEX_TOOL::bsramNumberRequiredWithAdjust(11, 65536)
+                                      : JEX_TOOL::bsramNumberRequired(11, 65536);
         QCOMPARE(page.usage(), QString("BSRAM Usage : <font color = red>%1</font>/0").arg(required));
     }
 
@@ -180,14 +180,16 @@ private Q_SLOTS:
         Device device(false);
         CapturePage page(standard, "!s:top/rst s:top/clk " + QString(data8), 32);
         Page::choose(page.open().implementation(), "REG");
-        QVERIFY2(page.usage().startsWith("Register Usage : "), qPrintable(page.usage()));
+        QCOMPARE(page.usage().section('/', 0, 0),
+                 QString("Register Usage : %1").arg((standard ? 10 : 9) * 32));
         page.modified->clear();
         device.change(true);
         QCOMPARE(Page::offered(page.implementation()), QString("BSRAM SSRAM REG:REG"));
         QCOMPARE(page.rows().startsWith("-top/rst"), standard); // the Lite page sorts
         QVERIFY(page.modified->size() > 0);
         Page::choose(page.implementation(), "SSRAM");
-        QVERIFY2(page.usage().startsWith("SSRAM Usage : "), qPrintable(page.usage()));
+        QCOMPARE(page.usage().section('/', 0, 0),
+                 QString("SSRAM Usage : %1").arg(JEX_TOOL::ssramNumberRequiredWithAdjust(9, 32, standard)));
         device.change(false);
         QCOMPARE(Page::offered(page.implementation()), QString("BSRAM REG:BSRAM"));
 
