@@ -2,6 +2,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
+#include "host/eventmanager.h"
 #include "model/jex/jextool.h"
 #include "tests/options/pages.h"
 
@@ -188,6 +189,9 @@ private Q_SLOTS:
         QCOMPARE(page.rows().startsWith("-top/rst"), standard); // the Lite page sorts
         QVERIFY(page.modified->size() > 0);
         Page::choose(page.implementation(), "SSRAM");
+        page.modified->clear();
+        QUtil::EventManager::instance()->post("TE.Device.Change", {}); // which offers nothing new
+        QCOMPARE(page.modified->size(), standard ? 0 : 1);
         QCOMPARE(page.usage().section('/', 0, 0),
                  QString("SSRAM Usage : %1").arg(JEX_TOOL::ssramNumberRequiredWithAdjust(9, 32, standard)));
         device.change(false);
