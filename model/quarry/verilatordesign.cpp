@@ -34,11 +34,16 @@ bool isGenvar(const pugi::xml_node &var)
 // Verilator writes each byte of a letter beyond ASCII as a character of its own, "&#195;&#164;".
 void joinLetters(QByteArray &xml)
 {
-    const int first = xml.indexOf("&#");
-    if (first < 0)
-        return;
-    char *out = xml.data() + first;
     const char *end = xml.constData() + xml.size();
+    const auto nextEscape = [end](const char *from) {
+        return static_cast<const char *>(std::memchr(from, '&', size_t(end - from)));
+    };
+    const char *first = nextEscape(xml.constData());
+    while (first && first[1] != '#')
+        first = nextEscape(first + 1);
+    if (!first)
+        return;
+    char *out = xml.data() + (first - xml.constData());
     for (const char *in = out; in < end;) {
         const bool isEscape = end - in > 5 && in[0] == '&' && in[1] == '#' && in[5] == ';';
         const int byte = isEscape ? QByteArray(in + 2, 3).toInt() : 0;
