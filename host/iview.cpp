@@ -14,6 +14,20 @@ void IView::onDeactivated()
 {
 }
 
+QList<Finding> IView::findings() const
+{
+    return QList<Finding>();
+}
+
+void IView::showFinding(const Finding &)
+{
+}
+
+void IView::tellFindings()
+{
+    Q_EMIT findingsChanged();
+}
+
 QString IView::shortTitle() const
 {
     return m_shortTitle;

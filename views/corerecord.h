@@ -3,6 +3,7 @@
 #include <QList>
 
 #include "model/jex/jexfile.h"
+#include "signals/stalereport.h"
 #include "views/editorrecord.h"
 #include "views/viewwindow.h"
 
@@ -25,6 +26,8 @@ public:
     Core *getCoreByIndex(int index) const { return cores.value(index); }         // null when there is none
     Page *getAoWidgetByIndex(int index) const { return aoWidgets.value(index); } // null when there is none
     bool check(QString *errors) const override { return Mode::check(cores, netlist, errors); }
+
+    QList<StaleSignal> staleSignals() const override;
 
     typename Mode::View *q;
     QList<Core *> cores;     // owned
@@ -69,6 +72,12 @@ bool CoreRecord<Mode>::readCores(QString *errorMessage)
     cores = fresh;
     showCores();
     return true;
+}
+
+template <class Mode>
+QList<StaleSignal> CoreRecord<Mode>::staleSignals() const
+{
+    return netlist ? RTLJEX::staleSignals(cores, *netlist) : QList<StaleSignal>();
 }
 
 template <class Mode>

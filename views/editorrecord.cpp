@@ -76,6 +76,7 @@ bool EditorRecord::reloadFile()
     // A page that is made does not judge its rows by the netlist; one that is given a netlist does.
     if (netlist)
         handNetlistToPages();
+    m_view->tellFindings();
     return true;
 }
 
@@ -126,6 +127,7 @@ bool EditorRecord::readNetlist()
     if (!readDesign(m_view, &fresh))
         return false;
     setNlsData(fresh);
+    m_view->tellFindings();
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <functional>
@@ -17,6 +18,7 @@ class IEvent;
 namespace RTLJEX {
 
 class JexInserterView;
+struct StaleSignal;
 
 namespace private_impl {
 
@@ -45,6 +47,10 @@ public:
     void handleEvent(const QUtil::IEvent *event);
     void askAboutDesignFiles();
     void askAboutTopModule();
+
+    // Of the cores as they were read or saved last; none without a design.
+    virtual QList<StaleSignal> staleSignals() const = 0;
+    virtual QWidget *showPage(int core) = 0; // of that position; null when there is none
 
     void noteFileChange();
     void askAboutFile();

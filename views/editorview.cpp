@@ -3,6 +3,7 @@
 #include "views/designreading.h"
 #include "views/editorrecord.h"
 #include "views/saving.h"
+#include "views/staleplaces.h"
 
 namespace RTLJEX {
 
@@ -44,6 +45,18 @@ void EditorView::closeEvent(QCloseEvent *event)
 void EditorView::handleIEvent(const QUtil::IEvent *event)
 {
     m_record->handleEvent(event);
+}
+
+QList<Core::Finding> EditorView::findings() const
+{
+    return listFindings(m_record->staleSignals());
+}
+
+void EditorView::showFinding(const Core::Finding &finding)
+{
+    const StaleSignal signal = staleSignalOf(finding);
+    if (QWidget *page = m_record->showPage(signal.core))
+        showSignalRow(page, signal);
 }
 
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()

@@ -29,6 +29,8 @@ public:
     bool save() override;
     bool isModified() const override;
     void handleIEvent(const QUtil::IEvent *event) override;
+    QList<Core::Finding> findings() const override; // the signals of the file that the design does not have
+    void showFinding(const Core::Finding &finding) override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,

@@ -30,6 +30,11 @@ void JexLiteInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
         qDebug("try to set a null netlist for Lite JEX.");
 }
 
+QWidget *JexLiteInserterViewPrivate::showPage(int core)
+{
+    return getAoWidgetByIndex(core);
+}
+
 void JexLiteInserterViewPrivate::showCores()
 {
     if (cores.isEmpty())

@@ -29,6 +29,12 @@ void JexStandardInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
     installNetlist(fresh);
 }
 
+QWidget *JexStandardInserterViewPrivate::showPage(int core)
+{
+    q->changeAoWidget(core);
+    return getAoWidgetByIndex(core);
+}
+
 bool JexStandardInserterViewPrivate::save()
 {
     return saveFile();

@@ -40,6 +40,7 @@ public:
     void addOneAo(int index);    // with that number, or a free one when a core of the file has it
     void removeOneAo(int index); // asks first
     void setNlsData(QUARRY::RtlNetlist *fresh) override;
+    QWidget *showPage(int core) override;
     bool save();
 
     QAction *addAction;    // child

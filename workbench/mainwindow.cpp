@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
@@ -86,6 +87,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::projectReplaced, this, &MainWindow::onProjectReplaced);
     connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
+    connect(m_workspace, &Workspace::findingTold, this, &MainWindow::addFinding);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     resize(1280, 800);
@@ -107,6 +109,17 @@ Workspace *MainWindow::workspace() const
 void MainWindow::addMessage(const QString &text, bool isError)
 {
     m_messages->addMessage(text, isError);
+}
+
+void MainWindow::addFinding(Core::IView *view, const Core::Finding &finding)
+{
+    m_messages->addMessage(view->shortTitle() + ": " + finding.text, true,
+                           [view = QPointer<Core::IView>(view), finding] {
+                               if (!view)
+                                   return;
+                               Core::ViewManager::instance()->showView(view);
+                               view->showFinding(finding);
+                           });
 }
 
 QAction *MainWindow::addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,

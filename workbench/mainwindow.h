@@ -7,6 +7,11 @@ class QMenu;
 class QSettings;
 class QStackedWidget;
 
+namespace Core {
+class IView;
+struct Finding;
+} // namespace Core
+
 namespace Workbench {
 
 class MessagePane;
@@ -25,6 +30,7 @@ public:
 
     Workspace *workspace() const;
     void addMessage(const QString &text, bool isError);
+    void addFinding(Core::IView *view, const Core::Finding &finding); // a double click on it shows its place
 
 protected:
     void closeEvent(QCloseEvent *event) override;

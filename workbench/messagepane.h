@@ -2,6 +2,8 @@
 
 #include <QPlainTextEdit>
 
+#include <functional>
+
 namespace Workbench {
 
 // What happened so far, one paragraph each, errors in red. Text can be copied but not edited.
@@ -12,7 +14,11 @@ class MessagePane : public QPlainTextEdit
 public:
     explicit MessagePane(QWidget *parent = nullptr);
 
-    void addMessage(const QString &text, bool isError); // plain text, may hold line ends
+    // Plain text, may hold line ends. A double click on it calls `onDoubleClick`.
+    void addMessage(const QString &text, bool isError, const std::function<void()> &onDoubleClick = {});
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
 };
 
 } // namespace Workbench

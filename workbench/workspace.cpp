@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 #include <QWidget>
 
 #include "commandline/designoptions.h"
@@ -17,6 +18,35 @@ namespace Workbench {
 
 Workspace::Workspace(QWidget *window) : QObject(window), m_window(window)
 {
+    connect(Core::ViewManager::instance(), &Core::ViewManager::viewActiveted, this,
+            &Workspace::followFindings);
+}
+
+// A view is told of once it is there to be shown, and later when it says so; never in the middle of what it
+// does, and not after its end.
+void Workspace::followFindings(Core::IView *view)
+{
+    const char *const isFollowed = "findingsFollowed";
+    if (!view || view->property(isFollowed).toBool())
+        return;
+    view->setProperty(isFollowed, true);
+    const auto tell = [workspace = QPointer<Workspace>(this), view] {
+        if (workspace)
+            workspace->tellFindings(view);
+    };
+    connect(view, &Core::IView::findingsChanged, view, tell, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(view, tell, Qt::QueuedConnection);
+}
+
+void Workspace::tellFindings(Core::IView *view)
+{
+    const char *const hasFindings = "hasFindings";
+    const QList<Core::Finding> findings = view->findings();
+    for (const Core::Finding &finding : findings)
+        Q_EMIT findingTold(view, finding);
+    if (findings.isEmpty() && view->property(hasFindings).toBool())
+        Q_EMIT message(view->shortTitle() + ": The design has all signals again.", false);
+    view->setProperty(hasFindings, !findings.isEmpty());
 }
 
 Workspace::~Workspace()

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <memory>
 
+#include "host/iview.h"
 #include "host/project.h"
 
 class QWidget;
@@ -43,11 +44,14 @@ Q_SIGNALS:
     void projectReplaced(); // another one, or none
     void projectChanged();  // its contents, its file or its modified mark
     void message(const QString &text, bool isError);
+    void findingTold(Core::IView *view, const Core::Finding &finding);
 
 private:
     bool fail(const QString &text);
     bool mayCloseProject();
     void tellDesignMessages();
+    void followFindings(Core::IView *view);
+    void tellFindings(Core::IView *view);
 
     QWidget *m_window;
     std::unique_ptr<Core::Project> m_project;

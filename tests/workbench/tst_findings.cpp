@@ -1,0 +1,124 @@
+#include <QTextBlock>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "host/editorregistry.h"
+#include "host/viewmanager.h"
+#include "signals/signalrows.h"
+#include "signals/signaltreewidget.h"
+#include "tests/support/workspace.h"
+#include "views/jexliteinserterview.h"
+#include "views/jexstandardinserterview.h"
+#include "workbench/mainwindow.h"
+#include "workbench/messagepane.h"
+#include "workbench/workspace.h"
+
+namespace {
+
+bool openInEditor(const QString &file, const DEV::DeviceArg &)
+{
+    RTLJEX::JexInserterView *view = nullptr;
+    if (JEX::jexModeFromJexConfigFile(file) == JEX::LiteMode)
+        view = new RTLJEX::JexLiteInserterView(nullptr);
+    else
+        view = new RTLJEX::JexStandardInserterView(nullptr);
+    const bool opened = view->open(file, QString(), nullptr);
+    Core::ViewManager::instance()->showView(view);
+    return opened;
+}
+
+const char standardFile[] = R"(<jexconfig version="1" mode="Standard">
+<core number="0" clock="top/clk"><signals/></core>
+<core number="4" clock="top/clok">
+<port number="2"><signal name="top/d[3]"/>
+<signal name="top/gone"/></port>
+<signals><signal name="top/clk"/><signal name="group_0[1:0]"><signal name="top/clk"/><signal name="top/k[1]"/>
+</signal></signals></core></jexconfig>)";
+const char liteFile[] = R"(<jexconfig version="1" mode="Lite"><core number="0" clock="top/clk">
+<signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core></jexconfig>)";
+
+} // namespace
+
+// The stale signals of an open file in the message pane of the window, and the way from there to their rows.
+class FindingsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void listsAndShows_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QStringList>("findings"); // "line of the pane -> widget that is focused: its row"
+        QTest::newRow("Standard")
+            << QByteArray(standardFile)
+            << QStringList({"f.zub: Core 4: clock signal top/clok is missing in the design; nearest: top/clk "
+                            "-> editSampleClock: ",
+                            "f.zub: Core 4: trigger port 2 signal top/gone is missing in the design "
+                            "-> treeTrigger: top/gone",
+                            "f.zub: Core 4: capture signal top/k[1] of group_0[1:0] is missing in the design "
+                            "-> treeWidgetCapSigs: top/k[1]"});
+        QTest::newRow("Lite") << QByteArray(liteFile)
+                              << QStringList(
+                                     "f.zub: Core 0: capture signal top/k[1] is missing in the design "
+                                     "-> treeWidgetSignal: top/k[1]");
+    }
+    void listsAndShows()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, findings);
+        QTemporaryDir dir;
+        const QString source = write(dir, "top.v", counterDesign);
+        const QString project =
+            write(dir, "p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        Core::EditorRegistry::announce("zub", openInEditor);
+        Workbench::MainWindow window(nullptr);
+        window.show();
+        QVERIFY(window.workspace()->openProject(project));
+        QVERIFY(window.workspace()->openFile(write(dir, "f.zub", text)));
+        auto *pane = window.findChild<Workbench::MessagePane *>();
+        Core::IView *view = Core::ViewManager::instance()->currentView();
+        QTRY_VERIFY(pane->toPlainText().contains(findings.last().section(" -> ", 0, 0)));
+        QCOMPARE(pane->toPlainText().count("signal top/"), findings.size());
+        for (const QString &finding : findings) {
+            const QString line = finding.section(" -> ", 0, 0);
+            doubleClick(pane, line);
+            QCOMPARE(line + " -> " + place(window), finding);
+        }
+
+        // The design changes, and the editor reads it again.
+        write(
+            dir, "top.v",
+            "module top(input clk, clok, gone, input [3:0] d, output [1:0] k); assign k = d[1:0]; endmodule");
+        QMetaObject::invokeMethod(view, "readRtlNetlist");
+        QTRY_VERIFY(pane->toPlainText().endsWith("The design has all signals again."));
+    }
+
+private:
+    static QString write(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
+    {
+        QFile file(dir.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName()
+                                                                                    : QString();
+    }
+
+    static void doubleClick(Workbench::MessagePane *pane, const QString &line)
+    {
+        const QTextCursor found = pane->document()->find(line);
+        QTextCursor begin(found.block());
+        pane->setTextCursor(begin);
+        pane->ensureCursorVisible();
+        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, Qt::NoModifier,
+                           pane->cursorRect(begin).center() + QPoint(3, 0));
+    }
+
+    static QString place(const Workbench::MainWindow &window)
+    {
+        const QWidget *focused = window.focusWidget();
+        const auto *tree = qobject_cast<const QTreeWidget *>(focused);
+        const QString row = tree && tree->currentItem() ? tree->currentItem()->text(0) : QString();
+        return focused->objectName() + (focused->isVisible() ? ": " : " (hidden): ") + row;
+    }
+};
+
+QTEST_MAIN(FindingsTest)
+#include "tst_findings.moc"
