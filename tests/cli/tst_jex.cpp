@@ -1,8 +1,7 @@
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
+
+#include "tests/support/files.h"
 
 // Runs transcripts of terminal sessions and compares what they show with what happens now. In a transcript
 // "== name" begins a file that is written, "==" ends it; "$ words" is a command for the shell, followed by
@@ -24,7 +23,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         for (const QFileInfo &file : QDir(TRANSCRIPTS).entryInfoList({"*.session"}))
-            QTest::newRow(qPrintable(file.baseName())) << contents(file.filePath());
+            QTest::newRow(qPrintable(file.baseName())) << QString(contents(file.filePath()));
         QTest::newRow("documentation") << sessions(contents(DOCUMENT));
     }
     void transcripts()
@@ -72,12 +71,6 @@ private Q_SLOTS:
     }
 
 private:
-    static QString contents(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "cannot read " + path;
-    }
-
     // The blocks that show a terminal.
     static QString sessions(const QString &markdown)
     {
@@ -112,15 +105,11 @@ private:
             const QString line = lines.takeFirst();
             if (line.startsWith("== ")) {
                 now += line + '\n';
-                QFile file(folder + '/' + line.mid(3));
-                QDir().mkpath(QFileInfo(file).path());
-                if (!file.open(QIODevice::WriteOnly))
-                    return "cannot write " + file.fileName();
-                while (!lines.isEmpty() && lines.first() != "==") {
-                    now += lines.first() + '\n';
-                    file.write(lines.takeFirst().toUtf8() + '\n');
-                }
-                now += "==\n";
+                QString text;
+                while (!lines.isEmpty() && lines.first() != "==")
+                    text += lines.takeFirst() + '\n';
+                put(folder + '/' + line.mid(3), text.toUtf8());
+                now += text + "==\n";
             } else if (line.startsWith("$ ")) {
                 now += line + '\n' + bash(line.mid(2), folder);
             } else if (line.startsWith("#")) {

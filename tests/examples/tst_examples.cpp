@@ -1,7 +1,4 @@
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -12,17 +9,12 @@
 #include "model/jex/jexfile.h"
 #include "model/quarry/elaboration.h"
 #include "model/quarry/rtlnetlist.h"
+#include "tests/support/files.h"
 #include "views/configcheck.h"
 
 namespace {
 
 const QString folder = QStringLiteral(EXAMPLES_DIR "/soc/");
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
 
 // What the program printed; an empty text and a failed test when it did not end well.
 QByteArray run(const QString &program, const QStringList &arguments)
@@ -130,9 +122,7 @@ private Q_SLOTS:
                 run("ghdl", {"-a", "--std=08", "--workdir=" + m_dir.path(), file.path});
                 const QByteArray verilog = run("ghdl", {"--synth", "--std=08", "--workdir=" + m_dir.path(),
                                                         "--out=verilog", file.path, "-e", entity});
-                QFile out(m_dir.filePath(entity + ".v"));
-                QVERIFY(out.open(QIODevice::WriteOnly) && out.write(verilog) == verilog.size());
-                arguments << out.fileName();
+                arguments << put(m_dir.filePath(entity + ".v"), verilog);
             }
         }
         arguments << folder + "tb/soc_tb.v";

@@ -1,4 +1,4 @@
-// Plug-ins from one source: NAME writes down what is asked of it, REFUSES says no to initialize().
+// Plug-ins from one source: NAME writes down what is asked of it, REFUSES (0 or 1) says no to initialize().
 
 #include <QCoreApplication>
 #include <QVariant>
@@ -15,20 +15,10 @@ public:
     bool initialize() override
     {
         note("initialize");
-#ifdef REFUSES
-        return false;
-#else
-        return true;
-#endif
+        return !REFUSES;
     }
-    void extensionsInitialized() override
-    {
-        note("extensions");
-    }
-    void shutDown() override
-    {
-        note("shutDown");
-    }
+    void extensionsInitialized() override { note("extensions"); }
+    void shutDown() override { note("shutDown"); }
 
 private:
     static void note(const char *call)

@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "host/eventmanager.h"
+#include "tests/support/tablerow.h"
 
 using QUtil::EventManager;
 
@@ -39,11 +40,8 @@ class EventsTest : public QObject
 private Q_SLOTS:
     void delivery_data()
     {
-        QTest::addColumn<QString>("expected");
         // What a, b and c do when they hear the first of two events; a and b are subscribed.
-        const auto row = [](const char *scripts, const char *expected) {
-            QTest::newRow(scripts) << expected;
-        };
+        textColumns("expected");
         row("||", "a:1 b:1 a:2 b:2");
         row("+a||", "a:1 b:1 a:2 b:2"); // twice counts once
         row("-b||", "a:1 a:2");

@@ -1,5 +1,4 @@
 #include <QJsonDocument>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "host/designmanager.h"
@@ -8,6 +7,7 @@
 #include "host/project.h"
 #include "host/projectfile.h"
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
 
 using Core::Project;
 using Core::ProjectData;
@@ -56,17 +56,18 @@ const char fullProject[] = R"({
 QString described(const ProjectData &data, const QString &folder)
 {
     QStringList words;
+    const auto add = [&words](const QString &prefix, const QStringList &values) {
+        for (const QString &value : values)
+            words << prefix + value;
+    };
     for (const Core::SourceFile &file : data.files)
-        words << QDir(folder).relativeFilePath(file.path) + ":" + QString::number(file.type);
-    for (const QString &path : data.includePaths)
-        words << "I:" + QDir(folder).relativeFilePath(path);
-    for (const QString &path : data.libraryPaths)
-        words << "y:" + QDir(folder).relativeFilePath(path);
-    for (const QString &define : data.defines)
-        words << "D:" + define;
+        words << file.path + ":" + QString::number(file.type);
+    add("I:", data.includePaths);
+    add("y:", data.libraryPaths);
+    add("D:", data.defines);
     if (!data.topModule.isEmpty())
         words << "top:" + data.topModule;
-    return words.join(", ");
+    return words.join(", ").remove(folder + '/');
 }
 
 } // namespace
@@ -79,13 +80,13 @@ private Q_SLOTS:
     // The layout of the text is that of the example's project file.
     void loadThenSaveKeepsEverything()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("p/demo.jexprj");
+        const Folder dir;
+        const QString path = dir.path("p/demo.jexprj");
         put(path, fullProject);
         Project project;
         QString error;
         QVERIFY2(project.load(path, &error), qPrintable(error));
-        QCOMPARE(project.data().files.at(1).path, dir.filePath("common/a b.v"));
+        QCOMPARE(project.data().files.at(1).path, dir.path("common/a b.v"));
         QVERIFY(!project.isModified());
         project.setOption("TopModule", "other");
         QVERIFY(project.isModified());
@@ -93,21 +94,20 @@ private Q_SLOTS:
         QVERIFY(project.save(&error) && !project.isModified());
         QCOMPARE(QJsonDocument::fromJson(contents(path)), QJsonDocument::fromJson(fullProject));
 
-        QVERIFY(QDir().mkpath(dir.filePath("elsewhere/deep")));
-        QVERIFY2(project.saveAs(dir.filePath("elsewhere/deep/q.jexprj"), &error), qPrintable(error));
+        QVERIFY(QDir().mkpath(dir.path("elsewhere/deep")));
+        QVERIFY2(project.saveAs(dir.path("elsewhere/deep/q.jexprj"), &error), qPrintable(error));
         QCOMPARE(project.data().includePaths.join(' '), QString("../../p/inc /opt/inc"));
-        QCOMPARE(project.data().files.at(0).path, dir.filePath("p/rtl/top.v"));
+        QCOMPARE(project.data().files.at(0).path, dir.path("p/rtl/top.v"));
     }
 
     void refusedFiles_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        const auto row = [](const char *fault, const QByteArray &text) { QTest::newRow(fault) << text; };
+        textColumns("text");
         row("line 3: unexpected end of input; expected string literal.", "{\n\"version\": 1,\n");
         row("it must hold one object.", "[]");
         row("\"version\" is missing.", "{}");
         row("its version 2 is newer than this program.", R"({"version": 2})");
-        const auto part = [row](const char *fault, const char *text) {
+        const auto part = [](const char *fault, const char *text) {
             row(fault, QByteArray(R"({"version": 1, )") + text + '}');
         };
         part(R"("tops" is not known here.)", R"("tops": "x")");
@@ -123,10 +123,9 @@ private Q_SLOTS:
 
     void refusedFiles()
     {
-        QFETCH(QByteArray, text);
-        QTemporaryDir dir;
-        const QString path = dir.filePath("demo.jexprj");
-        put(path, text);
+        QFETCH(QString, text);
+        const Folder dir;
+        const QString path = dir.write("demo.jexprj", text.toUtf8());
         Project project;
         project.addFile("/kept.v");
         QString error;
@@ -172,10 +171,9 @@ private Q_SLOTS:
         const TE::DesignManager *manager = TE::TaskEngine::instance()->designManager();
         QVERIFY(manager->getSourceFileInfo().isEmpty());
         QVERIFY(manager->workingDir().isEmpty() && !manager->getOptionValue("TopModule").isValid());
-        QTemporaryDir dir;
-        put(dir.filePath("demo.jexprj"), fullProject);
+        const Folder dir;
         Project project;
-        QVERIFY(project.load(dir.filePath("demo.jexprj"), nullptr));
+        QVERIFY(project.load(dir.write("demo.jexprj", fullProject), nullptr));
         ProjectManager::setCurrentProject(&project);
 
         const QMap<QString, QVariant> info = manager->getSourceFileInfo();
@@ -183,11 +181,11 @@ private Q_SLOTS:
         for (const QVariant &file : info.value("Files").toList())
             files << file.toMap().value("Path").toString() + ":" + file.toMap().value("Type").toString();
         QCOMPARE(files.join(' '),
-                 dir.filePath("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3");
-        QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.filePath("inc"), "/opt/inc"}));
+                 dir.path("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3");
+        QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.path("inc"), "/opt/inc"}));
         QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
         QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
-        QCOMPARE(manager->getFileInfo(dir.filePath("old.vhd")).enabled, false);
+        QCOMPARE(manager->getFileInfo(dir.path("old.vhd")).enabled, false);
         QCOMPARE(manager->getFileInfo("nowhere.v").type, 0);
         QCOMPARE(manager->currentDevice().package, QString("P"));
     }
@@ -195,26 +193,23 @@ private Q_SLOTS:
     // Each kind of change on disk is reported once, also after the file was replaced or away for a while.
     void designFilesAreWatched()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("a.v");
+        const Folder dir;
+        const QString path = dir.path("a.v");
         put(path, "1");
         Project project;
         project.addFile(path);
-        for (const char *other : {"b.v", "n.zub"}) {
-            put(dir.filePath(other), "1");
-            project.addFile(dir.filePath(other));
-        }
+        for (const char *other : {"b.v", "n.zub"})
+            project.addFile(dir.write(other, "1"));
         ProjectManager::setCurrentProject(&project);
         Recorder recorder;
         const QStringList one("TE.File.Modified file=a.v");
         put(path, "22");
         put(path, "333");
-        put(dir.filePath("n.zub"), "22");
+        dir.write("n.zub", "22");
         QTRY_COMPARE(recorder.lines, one);
         for (int round = 0; round < 2; ++round) {
             recorder.lines.clear();
-            put(dir.filePath("new"), "4");
-            QCOMPARE(rename(qPrintable(dir.filePath("new")), qPrintable(path)), 0);
+            QCOMPARE(rename(qPrintable(dir.write("new", "4")), qPrintable(path)), 0);
             QTRY_COMPARE(recorder.lines, one);
         }
         recorder.lines.clear();
@@ -228,7 +223,7 @@ private Q_SLOTS:
         recorder.lines.clear();
         project.removeFile(path);
         put(path, "not ours any more");
-        put(dir.filePath("b.v"), "22");
+        dir.write("b.v", "22");
         const QStringList removal("TE.File.Remove enable=true file=a.v type=2");
         QTRY_COMPARE(recorder.lines, removal + QStringList("TE.File.Modified file=b.v"));
     }
@@ -236,19 +231,15 @@ private Q_SLOTS:
     // In messages %1 is the list's path and %2 its folder; a list that fails adds nothing.
     void fileLists_data()
     {
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char *list, const char *expected, const char *message = "") {
-            QTest::newRow(list) << expected << message;
-        };
-        row("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n", "a.v:2, b.sv:3, my dir/c d.vhd:4");
+        textColumns("expected", "message");
+        row("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n", "a.v:2, b.sv:3, my dir/c d.vhd:4", "");
         row("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a b\"\n-y lib +libext+.v -v a.v --top-module t",
-            "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t");
-        row("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv", "a.v:2, lib/l.v:2, b.sv:3");
-        row("a.v \\\r\nb.sv\r\n", "a.v:2, b.sv:3");
-        row("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"", "lib/l.v:2");
-        row("a.v -sv", "a.v:3");
-        row("-F lib/in.f -f lib/in2.f", "lib/l.v:2, a.v:2");
+            "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t", "");
+        row("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv", "a.v:2, lib/l.v:2, b.sv:3", "");
+        row("a.v \\\r\nb.sv\r\n", "a.v:2, b.sv:3", "");
+        row("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"", "lib/l.v:2", "");
+        row("a.v -sv", "a.v:3", "");
+        row("-F lib/in.f -f lib/in2.f", "lib/l.v:2, a.v:2", "");
         row("a.v\n-timescale=1ns/1ps", "a.v:2", "%1:2: the option \"-timescale=1ns/1ps\" was passed over.");
         row("+incdir+my\\ dir+other", "", "%1:1: there is no folder \"%2/other\".");
         row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
@@ -264,18 +255,17 @@ private Q_SLOTS:
     {
         QFETCH(QString, expected);
         QFETCH(QString, message);
-        QTemporaryDir dir;
+        const Folder dir;
         for (const char *file : {"a.v", "b.sv", "my dir/c d.vhd", "lib/l.v", "inc/h.vh"})
-            put(dir.filePath(file), "");
-        put(dir.filePath("lib/in.f"), "l.v");
-        put(dir.filePath("lib/in2.f"), "a.v\nl.v");
-        put(dir.filePath("list.f"), QTest::currentDataTag());
-        qputenv("JEX_T", dir.filePath("lib").toLocal8Bit());
+            dir.write(file, "");
+        dir.write("lib/in.f", "l.v");
+        dir.write("lib/in2.f", "a.v\nl.v");
+        dir.write("list.f", QTest::currentDataTag());
+        qputenv("JEX_T", dir.path("lib").toLocal8Bit());
         ProjectData data;
         QStringList messages;
-        const bool read = Core::readFileList(dir.filePath("list.f"), dir.path(), data, messages);
-        QCOMPARE(messages.join('\n'),
-                 message.replace("%1", dir.filePath("list.f")).replace("%2", dir.path()));
+        const bool read = Core::readFileList(dir.path("list.f"), dir.path(), data, messages);
+        QCOMPARE(messages.join('\n'), message.replace("%1", dir.path("list.f")).replace("%2", dir.path()));
         QCOMPARE(described(data, dir.path()), expected);
         QCOMPARE(read, !expected.isEmpty());
     }

@@ -8,6 +8,7 @@
 #include "host/actionmanager.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
+#include "tests/support/tablerow.h"
 
 using Core::ActionManager;
 using Core::ViewManager;
@@ -91,8 +92,7 @@ private Q_SLOTS:
 
     void closing_data()
     {
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *how, const char *expected) { QTest::newRow(how) << expected; };
+        textColumns("expected");
         row("tab a", "ask a, closed a, ~a"); // the user closes one in the background
         row("show b, tab b", "ask b, closed b, on c, active c, ~b");
         row("tab c", "ask c"); // which refuses
@@ -141,12 +141,7 @@ private Q_SLOTS:
         QCOMPARE(shown(command), QString("&Save \"a\" on"));
         command->trigger();
         own->setEnabled(false);
-        own->setText("&Save \"a *\"");
-        QCOMPARE(shown(command), QString("&Save \"a *\" off"));
-        own->setEnabled(true);
-        views->showView(view("b"));
-        QVERIFY(!command->isEnabled());
-        views->showView(view("a"));
+        QCOMPARE(shown(command), QString("&Save \"a\" off"));
         delete own;
         command->trigger();
         QCOMPARE(shown(command), QString("&Save off"));
@@ -163,10 +158,9 @@ private Q_SLOTS:
 private:
     Core::IView *view(const QString &name)
     {
-        for (Core::IView *view : ViewManager::instance()->views()) {
+        for (Core::IView *view : ViewManager::instance()->views())
             if (view->objectName() == name)
                 return view;
-        }
         return nullptr;
     }
 

@@ -1,12 +1,11 @@
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QVariant>
 #include <QtTest>
 
 #include <memory>
 
 #include "model/jex/jexfile.h"
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
 
 using namespace JEX;
 
@@ -87,8 +86,8 @@ private Q_SLOTS:
         QVERIFY(!core.captureSignals[1].members[0].valid);
         QCOMPARE(core.captureSignals[1].type, -1);
         QCOMPARE(core.captureSignals[2].type, 0);
-        QCOMPARE(core.enabledCaptureSignals, QList<SignalItem>()
-                                                 << core.captureSignals[0] << core.captureSignals[2]);
+        QCOMPARE(core.enabledCaptureSignals,
+                 QList<SignalItem>({core.captureSignals[0], core.captureSignals[2]}));
         QCOMPARE(cores.last()->enabledCaptureSignals.size(), 1);
 
         QVERIFY(writeJEXConfigToXml_Lite(cores, m_path));
@@ -111,26 +110,12 @@ private Q_SLOTS:
         QCOMPARE(core.matchUnit(0)->triggerPort, core.getTrigger(2));
         QCOMPARE(core.matchUnit(15)->triggerPort, core.getTrigger(4));
         QVERIFY(!core.matchUnit(16) && !core.getTrigger(-1));
-        QCOMPARE(core.expressions, QStringList() << "M0&&!M1"
-                                                 << "M0");
+        QCOMPARE(core.expressions, QStringList({"M0&&!M1", "M0"}));
         QCOMPARE(core.windowNumber, 3);
 
         QVERIFY(writeJEXConfigToXml(cores, m_path));
         QCOMPARE(contents(m_path), QByteArray(standardFile));
         qDeleteAll(cores);
-    }
-
-    void recordInVariant()
-    {
-        QVERIFY(QMetaType::type("JEX::SignalItem") != QMetaType::UnknownType);
-        SignalItem item;
-        QVERIFY(item.valid && item.auxFlag && item.capEnable && item.type == -1);
-        item.name = "top/a[0:0]";
-        item.alias = "x";
-        item.members.append(SignalItem());
-        item.members[0].auxFlag = item.valid = item.auxFlag = item.capEnable = false;
-        item.type = 1;
-        QCOMPARE(QVariant::fromValue(item).value<SignalItem>(), item);
     }
 
     void emptyFilesAndNone()
@@ -170,11 +155,7 @@ private Q_SLOTS:
     // there.
     void faults_data()
     {
-        QTest::addColumn<QByteArray>("old");
-        QTest::addColumn<QByteArray>("fresh");
-        const auto row = [](const char *message, const QByteArray &old, const QByteArray &fresh) {
-            QTest::newRow(message) << old << fresh;
-        };
+        textColumns("old", "fresh");
         row("22: this is no well-formed XML: Premature end of document.", "</jexconfig>\n", "");
         row("14: this is no well-formed XML: Opening and ending tag mismatch.", "</signals>", "</signal>");
         row("23: this is no well-formed XML: Extra content at end of document.", "fig>\n",
@@ -219,10 +200,10 @@ private Q_SLOTS:
 
     void faults()
     {
-        QFETCH(QByteArray, old);
-        QFETCH(QByteArray, fresh);
-        const bool isLite = QByteArray(liteFile).contains(old);
-        put(m_path, QByteArray(isLite ? liteFile : standardFile).replace(old, fresh));
+        QFETCH(QString, old);
+        QFETCH(QString, fresh);
+        const bool isLite = QString(liteFile).contains(old);
+        put(m_path, QString(isLite ? liteFile : standardFile).replace(old, fresh).toUtf8());
         bool ok = true;
         QString error;
         QVERIFY(isLite ? readJEXConfigFromXml_Lite(m_path, &ok, &error).isEmpty()
@@ -234,10 +215,8 @@ private Q_SLOTS:
                             : "Line " + line + " of the file " + file + message.mid(line.size()));
         QVERIFY(!ok);
         // What a file is and whether it is XML is told without reading its values.
-        const bool isFault = QRegularExpression("XML|mode|outermost|a Standard|type declaration|nested")
-                                 .match(message)
-                                 .hasMatch();
-        QCOMPARE(isLite ? checkJEXLiteFile(m_path) : checkJEXStandardFile(m_path), !isFault);
+        const QRegularExpression noFile("XML|mode|outermost|a Standard|type declaration|nested");
+        QCOMPARE(isLite ? checkJEXLiteFile(m_path) : checkJEXStandardFile(m_path), !message.contains(noFile));
     }
 
     // What could not be read again is not written, and the old file stays.

@@ -26,16 +26,13 @@ bool isKilobits(int bits, const QString &kilobits)
 // Blocks, adjusted; shadows, adjusted; registers, adjusted.
 QString needs(int signalCount, int depth)
 {
-    const int found[] = {bsramNumberRequired(signalCount, depth),
-                         bsramNumberRequiredWithAdjust(signalCount, depth),
-                         ssramNumberRequiredWithAdjust(signalCount, depth, false),
-                         ssramNumberRequiredWithAdjust(signalCount, depth, true),
-                         regNumberRequiredWidthAdjust(signalCount, depth, false),
-                         regNumberRequiredWidthAdjust(signalCount, depth, true)};
-    QString text;
-    for (int number : found)
-        text += ' ' + QString::number(number);
-    return text;
+    return QString(" %1 %2 %3 %4 %5 %6")
+        .arg(bsramNumberRequired(signalCount, depth))
+        .arg(bsramNumberRequiredWithAdjust(signalCount, depth))
+        .arg(ssramNumberRequiredWithAdjust(signalCount, depth, false))
+        .arg(ssramNumberRequiredWithAdjust(signalCount, depth, true))
+        .arg(regNumberRequiredWidthAdjust(signalCount, depth, false))
+        .arg(regNumberRequiredWidthAdjust(signalCount, depth, true));
 }
 
 } // namespace
@@ -119,15 +116,16 @@ private Q_SLOTS:
 
     void amounts()
     {
-        const auto amounts = [](const char *series, const char *device) {
-            return QList<int>({currentDeviceBsramAmount(series, device),
-                               currentDeviceSsramAmount(series, device),
-                               currentDeviceRegAmount(series, device)});
-        };
-        QCOMPARE(amounts("ECP5", "LFE5U-25F"), QList<int>({56, 3036, 24288}));
-        QCOMPARE(amounts("ECP5", "none"), QList<int>({0, 0, 0}));
-        QCOMPARE(amounts("none", "LFE5U-25F"), QList<int>({0, 0, 0}));
-        QCOMPARE(amounts("", ""), QList<int>({0, 0, 0}));
+        const QString rows[][3] = {{"ECP5", "LFE5U-25F", "56 3036 24288"},
+                                   {"ECP5", "none", "0 0 0"},
+                                   {"none", "LFE5U-25F", "0 0 0"},
+                                   {"", "", "0 0 0"}};
+        for (const auto &row : rows)
+            QCOMPARE(QString("%1 %2 %3")
+                         .arg(currentDeviceBsramAmount(row[0], row[1]))
+                         .arg(currentDeviceSsramAmount(row[0], row[1]))
+                         .arg(currentDeviceRegAmount(row[0], row[1])),
+                     row[2]);
     }
 };
 

@@ -102,10 +102,6 @@ private Q_SLOTS:
              "The value cannot hold \"2\": each bit is 0, 1, X (any level), R (rising edge), "
              "F (falling edge), B (either edge) or N (no edge)."},
             {MatchInRange, "02", "11", "The lower bound cannot hold \"2\": each bit is 0 or 1."},
-            {MatchGreater, "0R", "",
-             "The function \"Greater\" compares numbers and takes no \"R\": each bit must be 0 or 1."},
-            {MatchInRange, "00", "X1",
-             "The function \"In range\" compares numbers and takes no \"X\": each bit must be 0 or 1."},
             {MatchInRange, "10", "01", "The lower bound 10 is above the upper bound 01."},
         };
         Desk desk;

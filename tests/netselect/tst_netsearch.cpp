@@ -1,6 +1,7 @@
 #include "model/quarry/netlistbuilder.h"
 #include "netselect/netsearch.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/tablerow.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -156,12 +157,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("syntax"); // -1: substring
         QTest::addColumn<bool>("caseSensitive");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *name, int syntax, bool caseSensitive, const QString &pattern,
-                            const QString &expected) {
-            QTest::newRow(name) << syntax << caseSensitive << pattern << expected;
-        };
+        textColumns("pattern", "expected");
         const int wildcard = QRegExp::WildcardUnix;
         const int regExp = QRegExp::RegExp;
         row("any case", -1, false, "READY", "top/u0/ready top/u0/Ready_n top/u3/u4/ready top/u3/u4/Ready_n");

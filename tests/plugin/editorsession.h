@@ -97,8 +97,7 @@ protected:
     }
     static void showTab(int index)
     {
-        QTabBar *tabs =
-            view()->findChild<QStackedWidget *>("stackedWidget")->currentWidget()->findChild<QTabBar *>();
+        QTabBar *tabs = find<QStackedWidget>("stackedWidget")->currentWidget()->findChild<QTabBar *>();
         QTest::mouseClick(tabs, Qt::LeftButton, Qt::NoModifier, tabs->tabRect(index).center());
     }
     static void press(const char *button) { QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton); }
@@ -122,18 +121,6 @@ protected:
         return lines;
     }
 
-    static void select(QTreeWidget *tree, const QStringList &texts)
-    {
-        Qt::KeyboardModifiers keys = Qt::NoModifier;
-        for (const QString &text : texts) {
-            const auto hits = tree->findItems(text, Qt::MatchExactly);
-            QCOMPARE(hits.size(), 1);
-            QTest::mouseClick(tree->viewport(), Qt::LeftButton, keys,
-                              tree->visualItemRect(hits.first()).center());
-            keys = Qt::ControlModifier;
-        }
-    }
-
     // By the right button, as the window system tells of it, on the first selected row.
     void chooseFromMenu(QTreeWidget *tree, const QString &text)
     {
@@ -145,20 +132,6 @@ protected:
             },
             text);
         QVERIFY2(offered.contains(text), qPrintable(offered.join(", ")));
-    }
-
-    // The banner's sentence, as soon as there is one.
-    static QString banner()
-    {
-        QLabel *label = nullptr;
-        if (!QTest::qWaitFor([&] { return (label = view()->findChild<QLabel *>("labelFile")); }, 10000))
-            return "no banner";
-        return label->text();
-    }
-    static void answerBanner(const char *button)
-    {
-        press(button);
-        QCoreApplication::processEvents();
     }
 
     std::unique_ptr<QMainWindow> m_window;

@@ -84,29 +84,25 @@ private Q_SLOTS:
 
     void refusals()
     {
-        const QString invalid = "Can not open %1:\nInvalid JEX file.", damaged = "%1 open file failed.";
-        const struct
-        {
-            JEX::JexMode mode; // invalid: no configuration at all
-            const char *extra;
-            QString said;
-        } rows[] = {{JEX::InvalidMode, "", invalid},
-                    {JEX::InvalidMode, "text\n", invalid},
-                    {JEX::StandardMode, "<", damaged},
-                    {JEX::LiteMode, "<", damaged}};
         const QString file = m_work->path("<b>%1.zub");
-        for (const auto &row : rows) {
-            if (row.mode != JEX::InvalidMode)
-                JEX::fillInfoForEmptyJexConfig(file, row.mode);
-            if (*row.extra)
-                m_work->write("<b>%1.zub", m_work->read("<b>%1.zub") + row.extra);
-            ModalDriver driver;
+        const auto damaged = [&](JEX::JexMode mode) {
+            JEX::fillInfoForEmptyJexConfig(file, mode);
+            return m_work->read("<b>%1.zub") + '<';
+        };
+        const QByteArray texts[] = {"text\n", damaged(JEX::StandardMode), damaged(JEX::LiteMode), ""};
+        ModalDriver driver;
+        for (const QByteArray &text : texts) {
+            if (text.isEmpty())
+                QVERIFY(QFile::remove(file));
+            else
+                m_work->write("<b>%1.zub", text);
             driver.press(QMessageBox::Ok);
-            QVERIFY(!open(file));
-            QCOMPARE(driver.seen.join("\n"),
-                     "critical | Error | " + QString(row.said).replace("%1", file) + " | OK");
-            QVERIFY(views().isEmpty() && Core::ViewManager::instance()->views().isEmpty());
+            QVERIFY(!open(file) && views().isEmpty());
+            QVERIFY(Core::ViewManager::instance()->views().isEmpty());
         }
+        const QString invalid = "critical | Error | Can not open FILE:\nInvalid JEX file. | OK";
+        const QString failed = "critical | Error | FILE open file failed. | OK";
+        QCOMPARE(driver.seen.replaceInStrings(file, "FILE"), QStringList({invalid, failed, failed, invalid}));
     }
 
     void openingTwiceAtOnce()

@@ -1,28 +1,13 @@
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
 #include "model/quarry/elaboration.h"
 #include "model/quarry/rtlnetlist.h"
+#include "tests/support/files.h"
 
 // The sources of one design, in a folder of their own.
-class Sources
+class Sources : public Folder
 {
 public:
-    QString path(const QString &name = QString()) const { return QDir(m_dir.path()).filePath(name); }
-
-    QString write(const QString &name, const QByteArray &text) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
-    }
-
     QString script(const QString &name, const QByteArray &text) const
     {
         const QString file = write(name, "#!/bin/sh\n" + text + "\n");
@@ -34,7 +19,7 @@ public:
     QUARRY::DesignInput input(const QStringList &names) const
     {
         QUARRY::DesignInput input;
-        input.workingDir = m_dir.path();
+        input.workingDir = path();
         for (const QString &name : names) {
             QUARRY::DesignSource source;
             source.path = path(name);
@@ -43,9 +28,6 @@ public:
         }
         return input;
     }
-
-private:
-    QTemporaryDir m_dir;
 };
 
 // One line for each node, "top/u0:uart clk tied! data[7:0]!5!4": what an exclamation mark follows is

@@ -1,4 +1,5 @@
 #include "tests/quarry/sources.h"
+#include "tests/support/tablerow.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -57,15 +58,7 @@ private Q_SLOTS:
     {
         // Sources stand one after the other, each below a line "== name"; those in folders are not given to
         // the tool. Options are entries of the host's map, and the type of all files.
-        QTest::addColumn<QString>("options");
-        QTest::addColumn<QString>("sources");
-        QTest::addColumn<QString>("lists");
-        QTest::addColumn<QString>("design");
-        const auto row = [](const char *name, const QString &options, const QString &sources,
-                            const QString &lists, const QString &design) {
-            QTest::newRow(name) << options << sources << lists << design;
-        };
-
+        textColumns("options", "sources", "lists", "design");
         const QString two =
             "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
             "module b(input y); leaf \\v.w (y); endmodule\n";
@@ -313,9 +306,7 @@ private Q_SLOTS:
             QCOMPARE(list.messages, QStringList());
             QVERIFY(!progress.stages.isEmpty());
             QCOMPARE(leftInTemp(), QStringList());
-            QFile file(path("pids"));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            const QStringList pids = QString(file.readAll()).simplified().split(' ');
+            const QStringList pids = QString(m_sources->read("pids")).simplified().split(' ');
             QCOMPARE(pids.size(), 2);
             for (const QString &pid : pids)
                 QTRY_VERIFY(!isRunning(pid));
@@ -333,10 +324,7 @@ private Q_SLOTS:
         const QByteArray count = path("count").toUtf8();
         qputenv("JEX_VERILATOR",
                 m_sources->script("tool", "echo run >> " + count + "\nexec verilator_bin \"$@\"").toUtf8());
-        const auto runs = [this] {
-            QFile file(path("count"));
-            return file.open(QIODevice::ReadOnly) ? file.readAll().count('\n') : 0;
-        };
+        const auto runs = [this] { return m_sources->read("count").count('\n'); };
         DesignInput design = m_sources->input({"t.v"});
         QTest::qWait(20); // file times count in ticks of the kernel
         QCOMPARE(listed(design), QString("top t\nmodules t"));

@@ -44,10 +44,8 @@ void TestNetlistReader::tree_data()
 void TestNetlistReader::tree()
 {
     QFETCH(QString, file);
-    QFile design(file);
-    QVERIFY(design.open(QIODevice::ReadOnly));
     QStringList expected;
-    for (const QString &line : QString(design.readAll()).split('\n'))
+    for (const QString &line : QString(contents(file)).split('\n'))
         if (line.startsWith("//= ") || line.startsWith("--= "))
             expected += line.mid(4).simplified().split(' ');
     QVERIFY(!expected.isEmpty());

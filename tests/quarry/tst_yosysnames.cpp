@@ -123,14 +123,6 @@ QByteArray generatedDesign(unsigned seed)
     return text.toUtf8() + "module top(input clk); m11 u(clk); m10 #(7) v(clk); endmodule\n";
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(path));
-    return file.readAll();
-}
-
 } // namespace
 
 class TestYosysNames : public QObject
@@ -167,7 +159,7 @@ private Q_SLOTS:
         QString vhdl;
         QByteArray translated;
         for (const QString &file : files.filter(".vhd")) {
-            vhdl += contentOf(file);
+            vhdl += contents(file);
             translated += run("ghdl", {"--synth", "--std=08", "--out=verilog", file, "-e"});
             files.removeAll(file);
         }
@@ -176,7 +168,7 @@ private Q_SLOTS:
                       QString("read_verilog -sv -I%1 %2; hierarchy -top %3; proc; write_json yosys.json")
                           .arg(input.includePaths.first(), files.join(' '), input.top)});
         QSet<QString> known;
-        YosysDesign(contentOf(m_sources.path("yosys.json")), vhdl).add(input.top, input.top, known);
+        YosysDesign(m_sources.read("yosys.json"), vhdl).add(input.top, input.top, known);
 
         Names ours;
         addOurs(netlist->topHierarchy, vhdl, ours);

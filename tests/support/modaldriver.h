@@ -12,7 +12,7 @@
 #include <functional>
 
 // Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the
-// message boxes said is kept as "icon | title | text | buttons", with a star at the default button.
+// message boxes said is kept as "icon | title | text | buttons | details", with a star at the default button.
 // Progress dialogs are left alone. A dialog that nobody expected is noted and rejected, so that a test
 // fails instead of waiting.
 class ModalDriver : public QObject
@@ -47,8 +47,10 @@ public:
         for (QAbstractButton *button : box->buttons())
             buttons << button->text().remove('&') + (button == box->defaultButton() ? "*" : "");
         buttons.sort();
-        return QStringList({icons[box->icon()], box->windowTitle(), box->text(), buttons.join(" ")})
-            .join(" | ");
+        QStringList parts({icons[box->icon()], box->windowTitle(), box->text(), buttons.join(" ")});
+        if (!box->detailedText().isEmpty())
+            parts << box->detailedText();
+        return parts.join(" | ");
     }
 
 private:

@@ -5,107 +5,90 @@
 #include <QHash>
 #include <QRegularExpression>
 
-#include <deque>
-
-using QUARRY::ModuleDecl;
 using QUARRY::NetDecl;
-using QUARRY::NetlistBuilder;
 
 namespace {
 
-struct Instance
+QRegularExpressionMatch rangeIn(const QString &word)
 {
-    QString name;
-    ModuleDecl module;
-    QString netLines; // what the module declares, as drawn
-    std::deque<Instance> children;
-};
+    static const QRegularExpression bus("^(.+)\\[(-?\\d+):(-?\\d+)\\]$");
+    return bus.match(word);
+}
+
+NetDecl netFromText(const QString &text)
+{
+    const QStringList words = text.split(' ', Qt::SkipEmptyParts);
+    const QRegularExpressionMatch range = rangeIn(words.first());
+    NetDecl net;
+    net.name = range.hasMatch() ? range.captured(1) : words.first();
+    net.isBus = range.hasMatch();
+    net.left = range.captured(2).toInt();
+    net.right = range.captured(3).toInt();
+    for (const QString &mark : words.mid(1)) {
+        bool isBit = false;
+        const int bit = mark.mid(1).toInt(&isBit);
+        if (mark == "x")
+            net.excluded = true;
+        else if (net.isBus && isBit && mark.startsWith('x'))
+            net.excludedBits.append(bit);
+        else
+            qFatal("netlistFromText: cannot read \"%s\"", qPrintable(text));
+    }
+    return net;
+}
 
 class Reader
 {
 public:
-    QUARRY::RtlNetlist *read(const QString &text)
+    explicit Reader(const QString &text) : m_lines(text.split('\n').filter(QRegularExpression("\\S"))) {}
+
+    QUARRY::RtlNetlist *read()
     {
-        for (const QString &line : text.split(QLatin1Char('\n')))
-            if (!line.trimmed().isEmpty())
-                readLine(line);
-        if (!m_open.isEmpty())
-            build(m_top, nullptr);
+        if (!m_lines.isEmpty())
+            readInstance(0, nullptr);
         return m_builder.take();
     }
 
 private:
-    void readLine(const QString &line)
-    {
-        const QString text = line.trimmed();
-        const int indent = int(line.indexOf(text));
-        if (m_open.isEmpty()) {
-            m_base = indent;
-            m_top.name = m_top.module.name = text;
-            m_open.append(&m_top);
-            return;
-        }
-        const int level = (indent - m_base) / 2;
-        if (indent != m_base + 2 * level || level < 1 || level > m_open.size())
-            qFatal("netlistFromText: the indentation of \"%s\" fits no instance above it", qPrintable(line));
-        m_open.resize(level);
-        if (text == QLatin1String("TS_JTAG!"))
-            m_builder.setUsesTsJtag();
-        else
-            readEntry(text, m_open.last());
-    }
+    int indent(int line) const { return int(m_lines.at(line).indexOf(QRegularExpression("\\S"))); }
 
-    void readEntry(const QString &text, Instance *owner)
+    // What stands deeper than an instance's own lines belongs to the instance above it.
+    void readInstance(int first, QUARRY::Hierachy *parent)
     {
-        const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        static const QRegularExpression bus(QStringLiteral("^(.+)\\[(-?\\d+):(-?\\d+)\\]$"));
-        const QRegularExpressionMatch range = bus.match(words.first());
-        const int colon = words.first().indexOf(QLatin1Char(':'));
-        if (!range.hasMatch() && colon >= 0) {
-            if (words.size() > 1 || colon == 0)
-                qFatal("netlistFromText: cannot read \"%s\"", qPrintable(text));
-            owner->children.emplace_back();
-            Instance *child = &owner->children.back();
-            child->name = text.left(colon);
-            child->module.name = text.mid(colon + 1);
-            m_open.append(child);
-            return;
+        const QString head = m_lines.at(first).trimmed();
+        QUARRY::ModuleDecl module;
+        module.name = head.section(':', parent ? 1 : 0);
+        QString key = module.name;
+        QVector<int> children;
+        const int depth = indent(first);
+        bool inChild = false;
+        for (int i = first + 1; i < m_lines.size() && (!parent || indent(i) > depth); ++i) {
+            if (inChild && indent(i) > depth + 2)
+                continue;
+            if (indent(i) != depth + 2)
+                qFatal("netlistFromText: \"%s\" fits no instance above it", qPrintable(m_lines.at(i)));
+            const QString text = m_lines.at(i).trimmed();
+            inChild = text.contains(':') && !rangeIn(text.section(' ', 0, 0)).hasMatch();
+            if (inChild) {
+                children.append(i);
+            } else if (text == "TS_JTAG!") {
+                m_builder.setUsesTsJtag();
+            } else {
+                module.nets.append(netFromText(text));
+                key += '\n' + text;
+            }
         }
-        NetDecl net;
-        net.name = range.hasMatch() ? range.captured(1) : words.first();
-        net.isBus = range.hasMatch();
-        net.left = range.captured(2).toInt();
-        net.right = range.captured(3).toInt();
-        for (const QString &mark : words.mid(1)) {
-            bool isBit = false;
-            const int bit = mark.mid(1).toInt(&isBit);
-            if (mark == QLatin1String("x"))
-                net.excluded = true;
-            else if (net.isBus && isBit && mark.startsWith(QLatin1Char('x')))
-                net.excludedBits.append(bit);
-            else
-                qFatal("netlistFromText: cannot read \"%s\"", qPrintable(text));
-        }
-        owner->module.nets.append(net);
-        owner->netLines += text + QLatin1Char('\n');
-    }
-
-    void build(const Instance &instance, QUARRY::Hierachy *parent)
-    {
-        const QString key = instance.module.name + QLatin1Char('\n') + instance.netLines;
         if (!m_modules.contains(key))
-            m_modules.insert(key, m_builder.addModule(instance.module));
-        const int module = m_modules.value(key);
-        QUARRY::Hierachy *node = parent ? m_builder.addInstance(parent, instance.name, module)
-                                        : m_builder.addTop(instance.name, module);
-        for (const Instance &child : instance.children)
-            build(child, node);
+            m_modules.insert(key, m_builder.addModule(module));
+        QUARRY::Hierachy *node =
+            parent ? m_builder.addInstance(parent, head.section(':', 0, 0), m_modules.value(key))
+                   : m_builder.addTop(head, m_modules.value(key));
+        for (int child : children)
+            readInstance(child, node);
     }
 
-    NetlistBuilder m_builder;
-    Instance m_top;
-    QVector<Instance *> m_open; // the instances that the next line can belong to, the top first
-    int m_base = 0;
+    const QStringList m_lines;
+    QUARRY::NetlistBuilder m_builder;
     QHash<QString, int> m_modules;
 };
 
@@ -113,7 +96,7 @@ private:
 
 QUARRY::RtlNetlist *netlistFromText(const QString &text)
 {
-    return Reader().read(text);
+    return Reader(text).read();
 }
 
 QUARRY::RtlNetlist *netlistFromText(const char *text)

@@ -9,18 +9,16 @@ void textColumns(Names... names)
     (QTest::addColumn<QString>(names), ...);
 }
 
-inline QString tableCell(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 template <class Value>
-const Value &tableCell(const Value &value)
+auto tableCell(const Value &value)
 {
-    return value;
+    if constexpr (std::is_convertible_v<Value, QString>)
+        return QString(value);
+    else
+        return value;
 }
 
-// One row of a test's table; literals become QStrings.
+// One row of a test's table; texts of all kinds become QStrings.
 template <class... Values>
 void row(const char *name, const Values &...values)
 {

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "host/project.h"
 #include "model/jex/jexfile.h"
+#include "tests/support/files.h"
 
 // A project in a folder of its own, open as long as this lives.
-class Workspace
+class Workspace : public Folder
 {
 public:
     Workspace()
@@ -18,22 +16,6 @@ public:
         Core::ProjectManager::setCurrentProject(&project);
     }
     ~Workspace() { Core::ProjectManager::setCurrentProject(nullptr); }
-
-    QString path(const QString &name) const { return dir.path() + "/" + name; }
-
-    QString write(const QString &name, const QByteArray &text) const
-    {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
-    }
-
-    QByteArray read(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
-    }
 
     void addDesign(const QString &name, const QByteArray &text) { project.addFile(write(name, text)); }
 
@@ -60,7 +42,6 @@ public:
         return writeConfig(JEX::LiteMode, name, count);
     }
 
-    QTemporaryDir dir;
     Core::Project project;
 
 private:

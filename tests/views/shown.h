@@ -61,12 +61,14 @@ struct Shown
     // The cores as they are listed, a star at the chosen one.
     QString cores() const
     {
+        const QComboBox *box = view->findChild<QComboBox *>("comboBoxAo");
+        const QAbstractItemModel *model = standard ? coreTree()->model() : box->model();
         QStringList names;
-        QComboBox *box = view->findChild<QComboBox *>("comboBoxAo");
-        for (int i = 0; i < (standard ? coreTree()->topLevelItemCount() : box->count()); ++i)
-            names << (standard ? coreTree()->topLevelItem(i)->text(0) +
-                                     (coreTree()->topLevelItem(i)->isSelected() ? "*" : "")
-                               : box->itemText(i) + (box->currentIndex() == i ? "*" : ""));
+        for (int i = 0; i < model->rowCount(); ++i) {
+            const bool isChosen =
+                standard ? coreTree()->topLevelItem(i)->isSelected() : box->currentIndex() == i;
+            names << model->index(i, 0).data().toString() + (isChosen ? "*" : "");
+        }
         return names.join(", ");
     }
 

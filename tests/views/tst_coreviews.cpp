@@ -177,16 +177,16 @@ private Q_SLOTS:
     {
         for (JEX::JexMode mode : {JEX::StandardMode, JEX::LiteMode}) {
             const Shown shown(mode, m_work->writeConfig(mode, "a.zub", 1));
+            const auto banners = [&] { return shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner"); };
+            QCOMPARE(banners().size(), shown.standard ? 1 : 0);
             for (int i = 0; i < 2; ++i) {
-                QWidget *banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
-                QCOMPARE(banner != nullptr, shown.standard || i > 0);
-                QVERIFY(!banner || !banner->isVisible());
+                QVERIFY(banners().isEmpty() || !banners().first()->isVisible());
                 if (shown.standard)
-                    banner->show();
+                    banners().first()->show();
                 else
                     QVERIFY(shown.call("showChangedBanner"));
-                QCOMPARE(shown.view->findChildren<QWidget *>("RTLJEX__ChangedBanner").size(), 1);
-                banner = shown.find<QWidget>("RTLJEX__ChangedBanner");
+                QCOMPARE(banners().size(), 1);
+                const QWidget *banner = banners().first();
                 QVERIFY(banner->isVisible());
                 QCOMPARE(banner->findChild<QLabel *>("warningText")->text(),
                          QString("Netlist File has been changed."));

@@ -48,37 +48,31 @@ class DesignReadingTest : public QObject
 
 private Q_SLOTS:
     // What real designs give is tested with the editors; here is what they hardly do.
-    void modules()
+    void judgesDesigns()
     {
         const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
-        const struct
-        {
-            ModuleFindings found;
-            const char *expected;
-        } rows[] = {
-            {{"a", one, two, harmless}, ""},
-            {{"", none, none, {"WARNING: x", "ERROR: a.v:1: y"}},
-             "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
-            {{"a%1\"b", one, none, none},
-             "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
-            {{"", none, two, none}, "Multiple Top Module | Multiple top, please set top module."},
-            {{"a", two, two, none}, "Design files contain some errors | Get no module from design."},
-        };
-        for (const auto &row : rows)
-            QCOMPARE(shown(judgeModules(row.found)), QString(row.expected));
-    }
-
-    void netlist()
-    {
         QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
             jtag(netlistFromText("b\n  TS_JTAG!\n"));
-        QCOMPARE(shown(judgeNetlist("a", nullptr)) + shown(judgeNetlist("b", plain.data())) +
-                     shown(judgeNetlist("", plain.data())),
-                 QString());
-        QCOMPARE(shown(judgeNetlist("%2", jtag.data())),
-                 QString("Error | Get module \"%2\" failed, just received default module \"b\"."));
-        QCOMPARE(shown(judgeNetlist("b", jtag.data())),
-                 QString("Error | TS_JTAG used in design conflicts with ZUB."));
+        const struct
+        {
+            DesignFault found;
+            const char *expected;
+        } rows[] = {
+            {judgeModules({"a", one, two, harmless}), ""},
+            {judgeModules({"", none, none, {"WARNING: x", "ERROR: a.v:1: y"}}),
+             "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
+            {judgeModules({"a%1\"b", one, none, none}),
+             "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
+            {judgeModules({"a", two, two, none}),
+             "Design files contain some errors | Get no module from design."},
+            {judgeNetlist("a", nullptr), ""},
+            {judgeNetlist("b", plain.data()), ""},
+            {judgeNetlist("", plain.data()), ""},
+            {judgeNetlist("%2", jtag.data()),
+             "Error | Get module \"%2\" failed, just received default module \"b\"."},
+        };
+        for (const auto &row : rows)
+            QCOMPARE(shown(row.found), QString(row.expected));
     }
 
     void events()

@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QtTest>
 
+#include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/commandline.h"
 
@@ -14,7 +15,6 @@ private Q_SLOTS:
     void initTestCase()
     {
         QDir::setCurrent(m_work.dir.path());
-        QVERIFY(QDir().mkdir("sub"));
         for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub"})
             m_work.write(file, "");
         m_work.write("p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}], "topModule": "own"})");
@@ -25,11 +25,7 @@ private Q_SLOTS:
 
     void projects_data()
     {
-        QTest::addColumn<QString>("words");
-        QTest::addColumn<QString>("expected"); // files, top, device, macros, folders, or what was wrong
-        const auto row = [](const char *words, const char *expected) {
-            QTest::newRow(words) << words << expected;
-        };
+        textColumns("expected"); // files, top, device, macros, folders, or what was wrong
         row("", "|||");
         row("a.v b.vhd ./a.v --top t", "a.v b.vhd|t||");
         row("p.jexprj", "a.v|own||");
@@ -49,7 +45,7 @@ private Q_SLOTS:
     }
     void projects()
     {
-        QFETCH(QString, words);
+        const QString words = QTest::currentDataTag();
         QFETCH(QString, expected);
         StartOptions options;
         QStringList faults{QString()};

@@ -1,8 +1,8 @@
-#include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
+
+#include "tests/support/files.h"
 
 namespace {
 
@@ -25,11 +25,8 @@ private Q_SLOTS:
         const QMap<QString, QByteArray> files = {{"a design.v", design},
                                                  {"bad.v", "module bad(input a; endmodule\n"},
                                                  {"bad.zub", "no configuration"}};
-        for (auto it = files.begin(); it != files.end(); ++it) {
-            QFile file(m_dir.filePath(it.key()));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(it.value());
-        }
+        for (auto it = files.begin(); it != files.end(); ++it)
+            put(m_dir.filePath(it.key()), it.value());
     }
 
     void ends_data()

@@ -2,14 +2,12 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QSettings>
 #include <QStatusBar>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "host/editorregistry.h"
@@ -17,6 +15,7 @@
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
+#include "tests/support/files.h"
 #include "tests/support/modaldriver.h"
 #include "workbench/devicedialog.h"
 #include "workbench/mainwindow.h"
@@ -30,13 +29,6 @@
 using namespace Workbench;
 
 namespace {
-
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 QString drawn(const QTreeWidgetItem *item, int depth)
 {
