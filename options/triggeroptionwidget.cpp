@@ -96,8 +96,10 @@ void TriggerOptionWidget::connectKeys()
 {
     QWidget *const views[] = {m_ui->treeTrigger, m_ui->tableMu, m_ui->listExpression};
     for (QWidget *view : views) {
-        const QShortcut *key = new QShortcut(Qt::Key_Return, view, nullptr, nullptr, Qt::WidgetShortcut);
-        connect(key, SIGNAL(activated()), SLOT(editCurrent()), Qt::QueuedConnection);
+        for (const Qt::Key code : {Qt::Key_Return, Qt::Key_Enter}) {
+            const QShortcut *key = new QShortcut(code, view, nullptr, nullptr, Qt::WidgetShortcut);
+            connect(key, SIGNAL(activated()), SLOT(editCurrent()), Qt::QueuedConnection);
+        }
     }
     const QShortcut *key =
         new QShortcut(QKeySequence::Delete, m_ui->listExpression, nullptr, nullptr, Qt::WidgetShortcut);
@@ -152,6 +154,7 @@ void TriggerOptionWidget::editTrigger(QTreeWidgetItem *item, int)
     if (dialog->exec() != QDialog::Accepted || !guard)
         return;
     updateTriggerTree();
+    redrawUnits();
     QTreeWidgetItem *row = m_ui->treeTrigger->topLevelItem(index);
     m_ui->treeTrigger->setCurrentItem(row);
     row->setExpanded(true);
@@ -174,6 +177,14 @@ void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
     m_ui->tableMu->resizeColumnsToContents();
     updateBsramNumber();
     Q_EMIT modified();
+}
+
+// Units show how wide their port is, and whether their value still fits it.
+void TriggerOptionWidget::redrawUnits()
+{
+    for (int row = 0; row < m_units->rowCount(); ++row)
+        m_units->updateRow(row);
+    m_ui->tableMu->resizeColumnsToContents();
 }
 
 void TriggerOptionWidget::onModeChange(const QString &)

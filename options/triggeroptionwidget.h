@@ -63,6 +63,7 @@ private:
     void connectDoubleClicks();
     void connectKeys();
     void updateTriggerTree();
+    void redrawUnits();
     void updateImplType();
     void updateExpressionType();
     void updateBsramNumber();

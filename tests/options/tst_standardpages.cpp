@@ -216,6 +216,7 @@ private Q_SLOTS:
 
         // A signal stands for its port, and is gone after the dialog.
         row->setExpanded(true);
+        QSignalSpy redrawn(page.units()->model(), SIGNAL(dataChanged(QModelIndex, QModelIndex)));
         page.user.then([](QDialog *dialog) {
             dialog->findChild<QTreeWidget *>("treeWidget")->topLevelItem(0)->setSelected(true);
             dialog->findChild<QPushButton *>("btnRemove")->click();
@@ -224,6 +225,7 @@ private Q_SLOTS:
         page.doubleClick(page.ports(), page.ports()->model()->index(0, 0, page.ports()->currentIndex()));
         QVERIFY(row->isExpanded() && page.ports()->currentItem() == row && row->childCount() == 1);
         QCOMPARE(page.modified->size(), 1);
+        QVERIFY2(!redrawn.isEmpty(), "units show how wide their port is");
         delete page.aoCore.triggerPorts.takeLast();
         page.openPort(15); // there is no such port any more
         QCOMPARE(page.user.seen.size(), 2);
