@@ -22,6 +22,8 @@ JexStandardInserterView::JexStandardInserterView(QWidget *parent)
     ui->setupUi(this);
     d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChange()));
+    // Queued, since the selection moves while cores and pages come and go.
+    connect(ui->treeWidget, SIGNAL(itemSelectionChanged()), SLOT(showSelectedCore()), Qt::QueuedConnection);
     setRecord(d.data());
     m_changedBanner = createChangedBanner(this, this);
     ui->verticalLayout->insertWidget(1, m_changedBanner);
@@ -110,6 +112,12 @@ void JexStandardInserterView::on_treeWidget_clicked(QModelIndex index)
     // Row and column stand for a pixel near the corner, where there is an item as soon as the list has one.
     if (ui->treeWidget->itemAt(index.row(), index.column()) && d->getCoreByIndex(index.row()))
         changeAoWidget(index.row());
+}
+
+// However it was selected: by the keyboard, too.
+void JexStandardInserterView::showSelectedCore()
+{
+    changeAoWidget(ui->treeWidget->indexOfTopLevelItem(ui->treeWidget->currentItem()));
 }
 
 void JexStandardInserterView::onModified()

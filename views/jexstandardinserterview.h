@@ -52,6 +52,9 @@ public Q_SLOTS:
     void onRtlReload();
     void onReloadCancel();
 
+private Q_SLOTS:
+    void showSelectedCore();
+
 private:
     QString coreTitle(int index) const;
 

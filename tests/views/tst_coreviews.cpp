@@ -42,6 +42,10 @@ private Q_SLOTS:
             QCOMPARE(shown.pages()->currentIndex(), row);
             QCOMPARE(dockTitle(shown), QString("Core %1").arg(row));
         }
+        for (int row : {2, 1}) {
+            QTest::keyClick(shown.coreTree(), row == 2 ? Qt::Key_Down : Qt::Key_Up);
+            QTRY_COMPARE(shown.pages()->currentIndex(), row);
+        }
         QVERIFY(!shown.view->isModified());
 
         QCOMPARE(shown.menu(-1), QString("Add (Remove)"));
