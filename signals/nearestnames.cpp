@@ -20,6 +20,11 @@ namespace {
 
 const size_t nameLimit = 3;
 
+// Work that looking for similar names may take: about a second, which only very many missing names in
+// a very large design come to. The same names elsewhere are found in any case.
+const int patience = 40 * 1000 * 1000;
+const int comparisonWork = 32;
+
 // The less, the better: whether it is of another instance, letters that differ, whether the width differs,
 // how far its path is, and the order of the design.
 typedef std::tuple<bool, int, bool, int, int> Rank;
@@ -156,7 +161,7 @@ private:
             wanted.best.pop_back();
     }
 
-    void lookInside(Wanted &wanted) const
+    void lookInside(Wanted &wanted)
     {
         const RtlModule &module = wanted.node->declarations();
         const QString base = wanted.name.base;
@@ -168,7 +173,7 @@ private:
                 qMin(name.size(), base.size()) >= 2 &&
                 (name.contains(base, Qt::CaseInsensitive) || base.contains(name, Qt::CaseInsensitive));
             const int limit = holds ? longer : qMax(1, longer / 2);
-            const int distance = editDistance(base, name, limit);
+            const int distance = distanceOf(base, name, limit);
             if (distance <= limit)
                 add(wanted, false, distance, wanted.node, i, int(i));
         }
@@ -197,18 +202,35 @@ private:
             if (bases == m_basesByLength.end())
                 continue;
             const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const int same = m_baseNumbers.value(name, -1);
+            if (same >= 0)
+                addInstances(m_bases[size_t(same)], 0, module, i);
             const quint64 letters = lettersOf(name.constData(), name.size());
             for (int number : bases->second) {
+                if (!spend(1))
+                    break;
                 const Base &base = m_bases[size_t(number)];
                 const int limit = limitElsewhere(base.text.size());
                 // Each letter that is changed makes at most two differ.
-                if (int(std::bitset<64>(letters ^ base.letters).count()) > 2 * limit)
+                if (number == same || int(std::bitset<64>(letters ^ base.letters).count()) > 2 * limit)
                     continue;
-                const int distance = name == base.text ? 0 : qMax(1, editDistance(base.text, name, limit));
+                const int distance = qMax(1, distanceOf(base.text, name, limit));
                 if (distance <= limit)
                     addInstances(base, distance, module, i);
             }
         }
+    }
+
+    // False when so much was compared that the user should not wait for more of it.
+    bool spend(int work)
+    {
+        m_patience -= work;
+        return m_patience > 0;
+    }
+
+    int distanceOf(const QString &a, const QString &b, int limit)
+    {
+        return spend(comparisonWork) ? editDistance(a, b, limit) : limit + 1;
     }
 
     void addInstances(const Base &base, int distance, const RtlModule &module, quint32 number)
@@ -251,6 +273,7 @@ private:
     std::vector<const RtlModule *> m_modules;        // in the order of the design
     QHash<const RtlModule *, QList<const Hierachy *>> m_instances;
     int m_order = 0;
+    int m_patience = patience;
 };
 
 } // namespace

@@ -20,7 +20,7 @@ struct NearNames
 // One answer for each of the full names, "top/u0/state[2:0]". Names of the same instance come first, when
 // the short name is similar or the width the same, then others of nearly the same short name by how near
 // their path is. What is excluded from probing is not offered. Looks at each declaration of a module once,
-// however many instances it has.
+// however many instances it has, and gives up on similar names when very many are missing.
 QList<NearNames> nearestNames(const QUARRY::RtlNetlist &netlist, const QStringList &missing);
 
 // Least number of letters to insert, drop or change, case aside; limit + 1 when it is more than the limit.
