@@ -104,6 +104,8 @@ void TriggerOptionWidget::connectKeys()
     const QShortcut *key =
         new QShortcut(QKeySequence::Delete, m_ui->listExpression, nullptr, nullptr, Qt::WidgetShortcut);
     connect(key, SIGNAL(activated()), SLOT(removeExpressions()));
+    key = new QShortcut(Qt::Key_Space, m_ui->tableMu, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(key, SIGNAL(activated()), SLOT(toggleUnit()));
 }
 
 void TriggerOptionWidget::editCurrent()
@@ -177,6 +179,14 @@ void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
     m_ui->tableMu->resizeColumnsToContents();
     updateBsramNumber();
     Q_EMIT modified();
+}
+
+// Rows are selected whole, so that the key means the box of the row in whatever column the cursor is.
+void TriggerOptionWidget::toggleUnit()
+{
+    const QModelIndex box = m_units->index(m_ui->tableMu->currentIndex().row(), 0);
+    const bool enabled = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    m_units->setData(box, enabled ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 // Units show how wide their port is, and whether their value still fits it.

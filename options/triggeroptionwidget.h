@@ -55,6 +55,7 @@ private Q_SLOTS:
     void updateExpressionCheck();
     void editCurrent();
     void removeExpressions();
+    void toggleUnit();
 
 private:
     void setUpPorts();

@@ -99,7 +99,7 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
         setReadOnly();
     }
     (unit->triggerPort ? static_cast<QWidget *>(m_ui->editValue) : m_ui->comboPort)->setFocus();
-    resize(QSize(38, 28) * fontMetrics().height());
+    resize(QSize(42, 28) * fontMetrics().height()); // shows all bits of the widest port
 }
 
 MatchUnitDialog::~MatchUnitDialog() = default;

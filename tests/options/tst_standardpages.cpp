@@ -242,6 +242,8 @@ private Q_SLOTS:
         page.openUnit(3);
         QCOMPARE(page.modified->size(), 1);
         QVERIFY(!page.aoCore.matchUnits[3]->enabled); // since it is not bound
+        QTest::keyClick(page.units(), Qt::Key_Space);
+        QVERIFY(page.aoCore.matchUnits[3]->enabled && page.modified->size() == 2);
     }
 
     void expressions()
