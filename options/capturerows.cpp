@@ -2,12 +2,12 @@
 
 #include <QPointer>
 #include <QSet>
-#include <QTreeWidget>
 
 #include "netselect/jexsignalselectdialog.h"
 #include "signals/checkrepeat.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
+#include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
 
@@ -57,8 +57,9 @@ void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QL
     insertCaptureRows(tree, stored, 0);
 }
 
-void collectCaptureRows(const QTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all)
+void collectCaptureRows(signalTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all)
 {
+    tree->finishEdit();
     enabled.clear();
     all.clear();
     for (int i = 0; i < tree->topLevelItemCount(); ++i) {

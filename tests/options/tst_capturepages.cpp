@@ -53,7 +53,7 @@ private Q_SLOTS:
         bool &flag = standard ? ao.forceTriggerByFallingEdge : lite.enableCaptureDataInputRegister;
         bool &initial = standard ? ao.captureInitialData : lite.captureInitialData;
         QString &clock = standard ? ao.sampleClock : lite.sampleClock;
-        const QList<JEX::SignalItem> rows = page.stored;
+        QList<JEX::SignalItem> rows = page.stored;
         clock = "top/clk";
         flag = true;
         for (const auto &number : numbers)
@@ -64,6 +64,9 @@ private Q_SLOTS:
         QVERIFY(!page.child<QPushButton>("btnRemove")->isEnabled());
 
         page.tree()->addTopLevelItem(new QTreeWidgetItem(QStringList("no record")));
+        page.tree()->setCurrentItem(page.tree()->topLevelItem(1));
+        page.tree()->onChangeName(); // and saves while typing
+        page.tree()->findChild<QLineEdit *>()->setText(rows[1].alias = "ready");
         page.stored.clear();
         clock.clear();
         flag = false;
