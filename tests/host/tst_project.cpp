@@ -15,26 +15,14 @@ using Core::ProjectManager;
 
 namespace {
 
-const char *const topics[] = {"TE.File.Add",           "TE.File.Modified",    "TE.File.Remove",
-                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change",
-                              "TE.Device.Change"};
-
 // Every host event as one line, file names without their folder.
 class Recorder : public QUtil::IEventHandler
 {
 public:
     QStringList lines;
 
-    Recorder()
-    {
-        for (const char *topic : topics)
-            QUtil::EventManager::instance()->subscribe(this, topic);
-    }
-    ~Recorder() override
-    {
-        for (const char *topic : topics)
-            QUtil::EventManager::instance()->unsubscribe(this, topic);
-    }
+    Recorder() { listen(&QUtil::EventManager::subscribe); }
+    ~Recorder() override { listen(&QUtil::EventManager::unsubscribe); }
     void handleIEvent(const QUtil::IEvent *event) override
     {
         QStringList words(event->topic());
@@ -42,6 +30,14 @@ public:
         for (auto it = data.begin(); it != data.end(); ++it)
             words << it.key() + "=" + it->toString().section('/', -1);
         lines << words.join(' ');
+    }
+
+private:
+    void listen(void (QUtil::EventManager::*change)(QUtil::IEventHandler *, const QString &))
+    {
+        for (const char *topic : {"File.Add", "File.Modified", "File.Remove", "File.Change.Enable",
+                                  "File.Change.Type", "Option.Change", "Device.Change"})
+            (QUtil::EventManager::instance()->*change)(this, QString("TE.") + topic);
     }
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QList>
-#include <QString>
+#include <QStringList>
 
 #include "model/jex/signalitem.h"
 
@@ -12,8 +11,57 @@
 //   s:clk=CLOCK        with an alias
 //   !s:x  disabled     ~s:x  not valid     ^s:x  without the library's flag
 //
-// Members of a bus are bits unless they say otherwise.
-QList<JEX::SignalItem> signalsFromText(const QString &text);
-JEX::SignalItem signalFromText(const QString &word);
-QString toText(const QList<JEX::SignalItem> &items);
-QString toText(const JEX::SignalItem &item);
+// Members of a bus are bits unless they say otherwise, other words are of the default type.
+inline JEX::SignalItem signalFromText(QString word, int defaultType = -1)
+{
+    JEX::SignalItem item;
+    item.type = defaultType;
+    for (; QString("!~^").contains(word.at(0)); word.remove(0, 1)) {
+        item.capEnable = item.capEnable && word.at(0) != '!';
+        item.valid = item.valid && word.at(0) != '~';
+        item.auxFlag = item.auxFlag && word.at(0) != '^';
+    }
+    if (word.mid(1, 1) == ":") {
+        item.type = word.at(0) == 's' ? 0 : word.at(0) == 'b' ? 1 : -1;
+        word.remove(0, 2);
+    }
+    const int brace = word.indexOf('{');
+    if (brace >= 0) {
+        for (const QString &member : word.mid(brace + 1, word.size() - brace - 2).split(','))
+            item.members.append(signalFromText(member, 1));
+        word.truncate(brace);
+    }
+    item.name = word.section('=', 0, 0);
+    item.alias = word.section('=', 1);
+    return item;
+}
+
+inline QList<JEX::SignalItem> signalsFromText(const QString &text)
+{
+    QList<JEX::SignalItem> items;
+    for (const QString &word : text.split(' ', Qt::SkipEmptyParts))
+        items.append(signalFromText(word));
+    return items;
+}
+
+inline QString toText(const JEX::SignalItem &item)
+{
+    const bool isKnown = qAbs(item.type) <= 1;
+    QString text = QString(item.capEnable ? "" : "!") + (item.valid ? "" : "~") + (item.auxFlag ? "" : "^") +
+                   (isKnown ? QString("gsb").mid(item.type + 1, 1) : QString::number(item.type)) + ":" +
+                   item.name;
+    if (!item.alias.isEmpty())
+        text += "=" + item.alias;
+    QStringList members;
+    for (const JEX::SignalItem &member : item.members)
+        members.append(toText(member).replace("b:", ""));
+    return members.isEmpty() ? text : text + "{" + members.join(",") + "}";
+}
+
+inline QString toText(const QList<JEX::SignalItem> &items)
+{
+    QStringList words;
+    for (const JEX::SignalItem &item : items)
+        words.append(toText(item));
+    return words.join(' ');
+}

@@ -3,6 +3,7 @@
 #include "host/project.h"
 #include "model/jex/jexfile.h"
 #include "tests/support/files.h"
+#include "tests/support/signaltext.h"
 
 // A project in a folder of its own, open as long as this lives.
 class Workspace : public Folder
@@ -45,13 +46,7 @@ public:
     Core::Project project;
 
 private:
-    static JEX::SignalItem clock()
-    {
-        JEX::SignalItem signal;
-        signal.name = "top/clk";
-        signal.type = 0;
-        return signal;
-    }
+    static JEX::SignalItem clock() { return signalFromText("s:top/clk"); }
     template <class Core>
     static Core *addCapture(Core *core)
     {

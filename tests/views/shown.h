@@ -101,7 +101,7 @@ struct Shown
     {
         QStringList texts;
         for (RTLJEX::ReloadBanner *banner : view->findChildren<RTLJEX::ReloadBanner *>())
-            texts << banner->findChild<QLabel *>("labelFile")->text();
+            texts << banner->findChild<QLabel *>("labelFile")->text().replace(view->file(), "FILE");
         return texts;
     }
     void answer(const QString &button) const

@@ -31,12 +31,15 @@ private Q_SLOTS:
         m_work->addDesign("design.v", counterDesign);
     }
 
+    // A file may number its cores as it likes: they show by their numbers until one is removed.
     void standardList()
     {
-        const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", 3));
+        const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
+        m_work->write("a.zub", m_work->read("a.zub").replace("core number=\"0\"", "core number=\"3\""));
+        const Shown shown(JEX::StandardMode, file);
         QCOMPARE(shown.view->findChild<QWidget *>("dockWidget")->windowTitle(), QString("Ao Core"));
         QCOMPARE(shown.coreTree()->columnCount(), 1);
-        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3*, Core 1, Core 2 | Core 3"));
         for (int row : {2, 1}) {
             click(shown, row, row == 1);
             QCOMPARE(shown.pages()->currentIndex(), row);
@@ -46,17 +49,23 @@ private Q_SLOTS:
             QTest::keyClick(shown.coreTree(), row == 2 ? Qt::Key_Down : Qt::Key_Up);
             QTRY_COMPARE(shown.pages()->currentIndex(), row);
         }
-        QVERIFY(!shown.view->isModified());
-
         QCOMPARE(shown.menu(-1), QString("Add (Remove)"));
         QCOMPARE(shown.menu(0), QString("Add Remove"));
         QCOMPARE(shown.pages()->count(), 3);
         QVERIFY(!shown.view->isModified());
-        shown.menu(0, "Add");
+
+        shown.menu(0, "Add"); // there is a core of the number 3
         QCOMPARE(shown.cores() + " | " + dockTitle(shown),
-                 QString("Core 0, Core 1, Core 2, Core 3* | Core 3"));
+                 QString("Core 3, Core 1, Core 2, Core 0* | Core 0"));
         QCOMPARE(shown.pages()->currentIndex(), 3);
         QVERIFY(shown.view->isModified());
+        ModalDriver driver;
+        driver.press(QMessageBox::Ok);
+        shown.menu(3, "Remove");
+        QVERIFY2(driver.seen.first().contains("remove AO 3 ?"), qPrintable(driver.seen.first()));
+        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
+        QVERIFY(shown.view->save());
+        QVERIFY(configText(file).first().startsWith("core 0 "));
     }
 
     void removingCores()
@@ -96,28 +105,6 @@ private Q_SLOTS:
         shown.menu(0, "Remove");
         QCOMPARE(driver.seen.last(), QString("warning | Warning | The only Ao can not be removed. | OK*"));
         QCOMPARE(shown.cores(), QString("Core 0*"));
-    }
-
-    // A file may number its cores as it likes: they show by their numbers until one is removed.
-    void numbersOfTheFile()
-    {
-        const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
-        m_work->write("a.zub", m_work->read("a.zub").replace("core number=\"0\"", "core number=\"3\""));
-        const Shown shown(JEX::StandardMode, file);
-        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 3*, Core 1, Core 2 | Core 3"));
-        click(shown, 1);
-        QCOMPARE(shown.pages()->currentIndex(), 1);
-        QCOMPARE(dockTitle(shown), QString("Core 1"));
-        shown.menu(0, "Add"); // there is a core of the number 3
-        QCOMPARE(shown.cores() + " | " + dockTitle(shown),
-                 QString("Core 3, Core 1, Core 2, Core 0* | Core 0"));
-        ModalDriver driver;
-        driver.press(QMessageBox::Ok);
-        shown.menu(3, "Remove");
-        QVERIFY2(driver.seen.first().contains("remove AO 3 ?"), qPrintable(driver.seen.first()));
-        QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
-        QVERIFY(shown.view->save());
-        QVERIFY(configText(file).first().startsWith("core 0 "));
     }
 
     void dyingEditor()

@@ -7,16 +7,9 @@
 
 namespace {
 
-QString changedText(const QString &path)
-{
-    return QString("The file '%1' changed on disk.\nDo you want to reload?").arg(path);
-}
-
-QString removedText(const QString &path)
-{
-    return QString("The file '%1' has been removed on disk.\nDo you still want to keep it?").arg(path);
-}
-
+// FILE is the file of the editor.
+const char changedText[] = "The file 'FILE' changed on disk.\nDo you want to reload?";
+const char removedText[] = "The file 'FILE' has been removed on disk.\nDo you still want to keep it?";
 const char designText[] = "Design files changed. Do you want to reload?";
 const char topText[] = "Top module changed. Do you want to reload?";
 
@@ -229,7 +222,7 @@ private Q_SLOTS:
                                                                  "signal name=\"top/lost\""));
             QFile::remove(file);
             QVERIFY(QFile::rename(m_work->path("b.zub"), file));
-            QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+            QTRY_COMPARE(shown.banners(), QStringList(changedText));
             const auto *banner = shown.find<RTLJEX::ReloadBanner>("RTLJEX__ReloadBanner");
             QCOMPARE(banner->findChild<QLabel *>("labelFile")->textFormat(), Qt::PlainText);
             QVERIFY2(!banner->findChild<QLabel *>("label")->pixmap()->isNull(), "no icon");
@@ -245,7 +238,7 @@ private Q_SLOTS:
             QVERIFY(row.value<JEX::SignalItem>().type != 0);
         }
         config("<b>%1 & 2.zub", 0);
-        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
         shown.answer("Cancel");
         QCOMPARE(shown.banners(), QStringList());
         QCOMPARE(shown.pages()->count(), 3);
@@ -265,14 +258,14 @@ private Q_SLOTS:
             m_work->write("a.zub", QByteArray(i, 'x'));
             QTest::qWait(20);
         }
-        QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
         m_work->write("a.zub", "still more");
         QTest::qWait(800);
-        QCOMPARE(shown.banners(), QStringList(changedText(file)));
+        QCOMPARE(shown.banners(), QStringList(changedText));
 
         // The answer to the one question ends the waiting for the other as well.
         m_work->project.setOption("TopModule", "top");
-        QCOMPARE(shown.banners(), QStringList({changedText(file), topText}));
+        QCOMPARE(shown.banners(), QStringList({changedText, topText}));
         shown.answer("Cancel");
         QCOMPARE(shown.banners(), QStringList(topText));
         m_work->project.setOption("TopModule", "");
@@ -282,7 +275,7 @@ private Q_SLOTS:
 
         for (const bool close : {false, true}) {
             QVERIFY(shown.view->save() && QFile::remove(file));
-            QTRY_COMPARE(shown.banners(), QStringList(removedText(file)));
+            QTRY_COMPARE(shown.banners(), QStringList(removedText));
             shown.edit();
             modified.clear();
             shown.answer(close ? "Close" : "Keep It");
@@ -302,10 +295,9 @@ private Q_SLOTS:
         } damages[] = {{"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
         Shown other(m_mode, config("other.zub"));
         for (const auto &damage : damages) {
-            const QString file = config("a.zub");
-            Shown shown(m_mode, file);
+            Shown shown(m_mode, config("a.zub"));
             m_work->write("a.zub", m_work->read("a.zub").replace(damage.from, damage.to));
-            QTRY_COMPARE(shown.banners(), QStringList(changedText(file)));
+            QTRY_COMPARE(shown.banners(), QStringList(changedText));
             ModalDriver driver;
             driver.then([&shown](QDialog *dialog) {
                 QCOMPARE(shown.pages()->count(), 1);

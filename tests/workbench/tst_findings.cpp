@@ -66,15 +66,15 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, text);
         QFETCH(QStringList, findings);
-        QTemporaryDir dir;
-        const QString source = write(dir, "top.v", counterDesign);
+        const Folder dir;
+        const QString source = dir.write("top.v", counterDesign);
         const QString project =
-            write(dir, "p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+            dir.write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
         Core::EditorRegistry::announce("zub", openInEditor);
         Workbench::MainWindow window(nullptr);
         window.show();
         QVERIFY(window.workspace()->openProject(project));
-        QVERIFY(window.workspace()->openFile(write(dir, "f.zub", text)));
+        QVERIFY(window.workspace()->openFile(dir.write("f.zub", text)));
         auto *pane = window.findChild<Workbench::MessagePane *>();
         Core::IView *view = Core::ViewManager::instance()->currentView();
         QTRY_VERIFY(pane->toPlainText().contains(findings.last().section(" -> ", 0, 0)));
@@ -86,21 +86,14 @@ private Q_SLOTS:
         }
 
         // The design changes, and the editor reads it again.
-        write(
-            dir, "top.v",
+        dir.write(
+            "top.v",
             "module top(input clk, clok, gone, input [3:0] d, output [1:0] k); assign k = d[1:0]; endmodule");
         QMetaObject::invokeMethod(view, "readRtlNetlist");
         QTRY_VERIFY(pane->toPlainText().endsWith("The design has all signals again."));
     }
 
 private:
-    static QString write(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
-    {
-        QFile file(dir.filePath(name));
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName()
-                                                                                    : QString();
-    }
-
     static void doubleClick(Workbench::MessagePane *pane, const QString &line)
     {
         const QTextCursor found = pane->document()->find(line);
