@@ -1,121 +1,111 @@
+#include <algorithm>
+
 #include "cli/arguments.h"
-#include "cli/configuration.h"
+#include "cli/coreusage.h"
 #include "cli/design.h"
 #include "cli/table.h"
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
-#include "model/jex/jextool.h"
-#include "options/capturemath.h"
-#include "signals/signalrules.h"
 
 namespace Cli {
 namespace {
 
-// What the formulas are given for one core, see jextool.h.
-struct Capture
+// True when the implementation that the core has chosen does not fit.
+bool isOver(const QList<UsageRow> &rows)
 {
-    int number = 0;
-    int signalCount = 0;
-    int depth = 0;
-    bool adjusted = false;
-    QString chosen;
-};
-
-QString implementationName(int implementation)
-{
-    static const char *const names[] = {"BSRAM", "REG", "SSRAM"};
-    return names[qBound(0, implementation, 2)];
+    return std::any_of(rows.begin(), rows.end(),
+                       [](const UsageRow &row) { return row.isChosen && !row.fits(); });
 }
 
-Capture captureOf(const CoreRecord &core)
+QString tableText(const QList<UsageRow> &rows)
 {
-    Capture capture;
-    capture.number = core.number;
-    for (const JEX::SignalItem &item : *core.signalRows)
-        capture.signalCount += RTLJEX::captureBits(item);
-    capture.adjusted = core.standard;
-    capture.depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
-    capture.chosen =
-        implementationName(core.standard ? core.standard->captureImplementation : core.lite->implementation);
-    return capture;
-}
-
-// Bits stored for each sample.
-int widthOf(const Capture &capture)
-{
-    return capture.signalCount + (capture.adjusted && capture.signalCount > 0 ? 1 : 0);
-}
-
-// The shape of a memory that needs the least of them; {0, 0} for registers, and when nothing is stored.
-JEX_TOOL::MemoryShape bestShape(const QString &implementation, const Capture &capture,
-                                const DEV::DeviceArg &device)
-{
-    using namespace JEX_TOOL;
-    const Device *row = findDevice(device.series, device.device);
-    const DeviceFamily *family = row ? row->family : usualFamily();
-    const MemoryShape *shapes = implementation == "BSRAM"   ? family->blockShapes
-                                : implementation == "SSRAM" ? family->shadowShapes
-                                                            : nullptr;
-    if (implementation == "SSRAM" && !shapes)
-        shapes = usualFamily()->shadowShapes;
-    const int least = shapes ? memoriesRequired(shapes, widthOf(capture), capture.depth) : 0;
-    for (; least > 0 && shapes->depth; ++shapes) {
-        const MemoryShape alone[] = {*shapes, {0, 0}};
-        if (memoriesRequired(alone, widthOf(capture), capture.depth) == least)
-            return *shapes;
-    }
-    return {0, 0};
-}
-
-QString formulaText(const JEX_TOOL::MemoryShape &shape, const Capture &capture)
-{
-    if (shape.depth == 0)
-        return QString("%1 x %2").arg(capture.depth).arg(widthOf(capture));
-    return QString("ceil(%1 / %2) x ceil(%3 / %4)")
-        .arg(capture.depth)
-        .arg(shape.depth)
-        .arg(widthOf(capture))
-        .arg(shape.width);
-}
-
-// Prints or adds one core; true when the implementation that it has chosen does not fit.
-bool addCore(const Capture &capture, const DEV::DeviceArg &device, Json *json, Output &out)
-{
-    bool isOver = false;
     Table table;
+    for (const UsageRow &row : rows) {
+        const char *const remark = !row.isOffered ? "not offered" : row.fits() ? "" : "too many";
+        table.add({row.isChosen ? "*" : "", row.implementation, QString::number(row.required), "of",
+                   QString::number(row.available), remark, row.formula});
+    }
+    return table.text("  ");
+}
+
+Json rowJson(const UsageRow &row)
+{
+    return {{"implementation", toStd(row.implementation)},
+            {"chosen", row.isChosen},
+            {"required", row.required},
+            {"available", row.available}};
+}
+
+Json captureJson(const CaptureUsage &capture)
+{
     Json list = Json::array();
-    for (const char *implementation : {"BSRAM", "SSRAM", "REG"}) {
-        const RTLJEX::CaptureUsage usage = RTLJEX::captureUsage(implementation, device, capture.signalCount,
-                                                                capture.depth, capture.adjusted);
-        const bool isChosen = capture.chosen == implementation;
-        const bool fits = usage.required <= usage.available;
-        isOver = isOver || (isChosen && !fits);
-        const JEX_TOOL::MemoryShape shape = bestShape(implementation, capture, device);
-        table.add({isChosen ? "*" : "", implementation, QString::number(usage.required), "of",
-                   QString::number(usage.available), fits ? "" : "too many", formulaText(shape, capture)});
-        Json entry{{"implementation", implementation},
-                   {"chosen", isChosen},
-                   {"required", usage.required},
-                   {"available", usage.available}};
-        entry["shape"] = shape.depth ? Json{{"depth", shape.depth}, {"width", shape.width}} : Json(nullptr);
-        list.push_back(entry);
+    for (const UsageRow &row : capture.rows) {
+        list.push_back(rowJson(row));
+        list.back()["shape"] = row.shape;
     }
-    if (json) {
-        json->push_back({{"core", capture.number},
-                         {"signals", capture.signalCount},
-                         {"depth", capture.depth},
-                         {"adjusted", capture.adjusted},
-                         {"width", widthOf(capture)},
-                         {"usage", list}});
-        return isOver;
+    return {{"signals", capture.signalCount},
+            {"depth", capture.depth},
+            {"adjusted", capture.adjusted},
+            {"width", capture.width},
+            {"usage", list}};
+}
+
+// In Dynamic mode there is nothing to count, so that the inputs are missing.
+Json triggerJson(const TriggerUsage &trigger)
+{
+    Json json{{"mode", trigger.isStatic ? "static" : "dynamic"}};
+    if (trigger.isStatic)
+        json.update({{"expressions", trigger.expressions}, {"units", trigger.units}});
+    json["usage"] = Json::array();
+    for (const UsageRow &row : trigger.rows) {
+        json["usage"].push_back(rowJson(row));
+        json["usage"].back()["offered"] = row.isOffered;
     }
+    return json;
+}
+
+void printCapture(int core, const CaptureUsage &capture, Output &out)
+{
     out.line(QString("Core %1: %2 captured bits%3, %4 samples")
-                 .arg(capture.number)
+                 .arg(core)
                  .arg(capture.signalCount)
                  .arg(capture.adjusted ? " and the trigger mark" : "")
                  .arg(capture.depth));
-    out.line(table.text("  "));
-    return isOver;
+    out.line(tableText(capture.rows));
+}
+
+void printTrigger(int core, const TriggerUsage &trigger, Output &out)
+{
+    if (!trigger.isStatic)
+        return out.line(QString("Core %1: dynamic trigger, nothing is counted").arg(core));
+    out.line(QString("Core %1: static trigger, valid expressions: %2, enabled match units of M0 to M9: %3")
+                 .arg(core)
+                 .arg(trigger.expressions)
+                 .arg(trigger.units));
+    out.line(tableText(trigger.rows));
+}
+
+// Prints or adds one core; true when something that it has chosen does not fit.
+bool addCore(const CoreRecord &core, const DEV::DeviceArg &device, Json *json, Output &out)
+{
+    const CaptureUsage capture(core, device);
+    bool over = isOver(capture.rows);
+    Json entry{{"core", core.number}};
+    if (json)
+        entry.update(captureJson(capture));
+    else
+        printCapture(core.number, capture, out);
+    if (core.standard) {
+        const TriggerUsage trigger(*core.standard, device);
+        over = isOver(trigger.rows) || over;
+        if (json)
+            entry["trigger"] = triggerJson(trigger);
+        else
+            printTrigger(core.number, trigger, out);
+    }
+    if (json)
+        json->push_back(entry);
+    return over;
 }
 
 DEV::DeviceArg deviceOf(const Design &design)
@@ -137,9 +127,9 @@ ExitCode usage(const QStringList &words, Output &out)
 {
     Arguments arguments(
         "usage", "FILE --device DEVICE",
-        "Prints what the capture of each core of a configuration (.zub) needs of a device, for each\n"
-        "implementation: memories or registers required, available, and the formula with its inputs. The\n"
-        "implementation that the core has chosen is marked; 1 when it needs more than the device has.");
+        "Prints what the capture and the static trigger of each core of a configuration (.zub) need of a\n"
+        "device, for each implementation: memories or registers required, available, and the formula with\n"
+        "its inputs. What the core has chosen is marked; 1 when that needs more than the device has.");
     arguments.parser.addPositionalArgument("FILE", "The configuration.");
     arguments.parser.addOptions({
         {"device", "The device, by its part number or name; see jex devices.", "DEVICE"},
@@ -169,15 +159,15 @@ ExitCode usage(const QStringList &words, Output &out)
         say("jex usage: " + error);
         return CouldNotRun;
     }
-    bool isOver = false;
+    bool over = false;
     Json json{{"device", deviceJson(device)}, {"cores", Json::array()}};
     if (!arguments.json())
         out.line("Device: " + device.device + ", " + device.series);
     for (const CoreRecord &core : configuration.cores())
-        isOver = addCore(captureOf(core), device, arguments.json() ? &json["cores"] : nullptr, out) || isOver;
+        over = addCore(core, device, arguments.json() ? &json["cores"] : nullptr, out) || over;
     if (arguments.json())
         printJson(json, out);
-    return isOver ? Findings : Fine;
+    return over ? Findings : Fine;
 }
 
 ExitCode devices(const QStringList &words, Output &out)

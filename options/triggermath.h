@@ -16,8 +16,12 @@ bool isStaticExpression(const QString &expression);
 // The implementations that suit a device, block memory first. Registers are offered whatever the size.
 QStringList triggerImplementations(bool deviceHasSsram);
 
-// What that many expressions over that many enabled match units take, of what the device has of it. Empty
-// for a text that is no implementation.
+// What that many expressions over that many enabled match units take of an implementation, and how that is
+// worked out.
+qint64 triggerRequired(const QString &implementation, int expressions, int units);
+QString triggerFormula(const QString &implementation, int expressions, int units);
+
+// The same as the page shows it, with what the device has. Empty for a text that is no implementation.
 QString triggerUsageText(const QString &implementation, int available, int expressions, int units);
 
 } // namespace RTLJEX
