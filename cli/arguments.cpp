@@ -54,23 +54,31 @@ ExitCode Arguments::refuse(const QString &sentence) const
     return WrongUse;
 }
 
-bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
+bool Arguments::accept(const CommandLine::DesignOptions &options)
 {
-    QString error;
     DEV::DeviceArg device;
-    QStringList all = files;
-    if (parser.isSet("project"))
-        all.prepend(parser.value("project"));
-    CommandLine::readDesignOptions(parser, options);
+    const QString project = parser.value("project");
     if (!options.device.isEmpty() && !CommandLine::findDevice(options.device, device)) {
         m_result =
             refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
         return false;
     }
-    if (parser.isSet("project") && !isProjectFile(all.first())) {
-        m_result = refuse("The project \"" + all.first() + "\" is not a .jexprj file.");
+    if (parser.isSet("project") && !isProjectFile(project)) {
+        m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");
         return false;
     }
+    return true;
+}
+
+bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
+{
+    QString error;
+    QStringList all = files;
+    CommandLine::readDesignOptions(parser, options);
+    if (!accept(options))
+        return false;
+    if (parser.isSet("project"))
+        all.prepend(parser.value("project"));
     if (!CommandLine::addFiles(all, options, error)) {
         say("jex " + m_command + ": " + error);
         m_result = CouldNotRun;

@@ -28,6 +28,8 @@ public:
 
     QStringList files() const { return parser.positionalArguments(); }
     bool json() const { return parser.isSet("json"); }
+    // Whether the device is known and the project may be one; false after a refusal.
+    bool accept(const CommandLine::DesignOptions &options);
     // What the options and these files name; false after a refusal.
     bool readDesign(const QStringList &files, CommandLine::DesignOptions &options);
 

@@ -20,8 +20,7 @@ MemoryShape bestShape(const QString &implementation, const CaptureUsage &capture
                       const DEV::DeviceArg &device)
 {
     using namespace JEX_TOOL;
-    const Device *row = findDevice(device.series, device.device);
-    const DeviceFamily *family = row ? row->family : usualFamily();
+    const DeviceFamily *family = findDevice(device.series, device.device)->family;
     const MemoryShape *shapes = implementation == "BSRAM"   ? family->blockShapes
                                 : implementation == "SSRAM" ? family->shadowShapes
                                                             : nullptr;

@@ -20,7 +20,7 @@ struct UsageRow
     bool fits() const { return required <= available; }
 };
 
-// The capture side of a core: what the formulas are given, and what they give.
+// The capture side of a core, for a device that is known: what the formulas are given, and what they give.
 struct CaptureUsage
 {
     CaptureUsage(const CoreRecord &core, const DEV::DeviceArg &device);

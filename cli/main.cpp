@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "cli/command.h"
@@ -56,10 +57,23 @@ ExitCode run(const QStringList &words, Output &out)
     return WrongUse;
 }
 
+// A standard stream that the caller has closed would become the next file that is opened, and messages would
+// end in that.
+void occupyStandardStreams()
+{
+    int descriptor;
+    do {
+        descriptor = open("/dev/null", O_RDONLY);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0)
+        close(descriptor);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    occupyStandardStreams();
     // A reader that has seen enough ends the output, not the program, which cleans up after itself.
     signal(SIGPIPE, SIG_IGN);
     // Build servers often run in the C locale, whose codec knows no name beyond ASCII.

@@ -132,7 +132,8 @@ ExitCode nets(const QStringList &words, Output &out)
     search.module = instance.isEmpty() ? top : findInstance(top, instance);
     search.includeSubentries = instance.isEmpty() || arguments.parser.isSet("recursive");
     if (!search.module) {
-        say("jex nets: The design has no instance \"" + instance + "\".");
+        say("jex nets: The design has no instance \"" + instance +
+            "\"; jex nets --tree shows those that it has.");
         return CouldNotRun;
     }
     if (printFound(search, design.netlist(), arguments.parser.isSet("tree"), arguments.json(), out))

@@ -1,3 +1,5 @@
+#include <QSet>
+
 #include "cli/arguments.h"
 #include "cli/design.h"
 #include "cli/findings.h"
@@ -12,33 +14,63 @@ ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
     return code;
 }
 
-// New names that the design does not have as they are now stored.
-QStringList unbound(const QList<QPair<QString, QString>> &changes, const FileFindings &findings)
+struct Outcome
 {
+    QList<QPair<QString, QString>> changes;
+    FileFindings findings; // with the new names
+    QString refusal;       // why they are not written; empty when they may be
+    bool isWritten = false;
+};
+
+// New names that the design does not have as they are now stored.
+QStringList unbound(const Outcome &outcome)
+{
+    QSet<QString> renamed;
+    for (const auto &change : outcome.changes)
+        renamed.insert(change.second);
     QStringList names;
-    for (const RTLJEX::StaleSignal &signal : findings.stale) {
-        for (const auto &change : changes) {
-            if (signal.name == change.second || signal.group == change.second)
-                names << signal.name;
-        }
+    for (const RTLJEX::StaleSignal &signal : outcome.findings.stale) {
+        if (renamed.contains(signal.name) || renamed.contains(signal.group))
+            names << signal.name;
     }
     names.removeDuplicates();
     return names;
 }
 
-void print(const QString &file, const QList<QPair<QString, QString>> &changes,
-           const Configuration &configuration, const FileFindings &findings, bool asJson, Output &out)
+Outcome rename(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
+               Configuration &configuration)
 {
-    if (!asJson) {
-        for (const auto &change : changes)
-            out.line(change.first + " -> " + change.second);
-        return printFindings(file, findings, out);
-    }
-    Json json = findingsJson(file, configuration, findings);
+    Outcome outcome;
+    const int repeatedBefore = repeatedRows(configuration).size();
+    outcome.changes = renaming.apply(configuration);
+    outcome.findings = findingsOf(configuration, netlist);
+    const QStringList lost = unbound(outcome);
+    const QStringList repeated = repeatedRows(configuration);
+    if (outcome.changes.isEmpty())
+        outcome.refusal = "No signal of \"" + file + "\" has a name that begins so.";
+    else if (!lost.isEmpty())
+        outcome.refusal = "The design does not have " + lost.join(", ") + " so.";
+    else if (repeated.size() > repeatedBefore)
+        outcome.refusal = "A list would hold " + repeated.last() + " twice.";
+    return outcome;
+}
+
+void print(const QString &file, const Outcome &outcome, Output &out)
+{
+    for (const auto &change : outcome.changes)
+        out.line(change.first + " -> " + change.second);
+    if (!outcome.changes.isEmpty())
+        printFindings(file, outcome.findings, out);
+}
+
+Json outcomeJson(const QString &file, const Configuration &configuration, const Outcome &outcome)
+{
+    Json json = findingsJson(file, configuration, outcome.findings);
     json["renamed"] = Json::array();
-    for (const auto &change : changes)
+    for (const auto &change : outcome.changes)
         json["renamed"].push_back({{"from", toStd(change.first)}, {"to", toStd(change.second)}});
-    printJson(json, out);
+    json["written"] = outcome.isWritten;
+    return json;
 }
 
 ExitCode rebindFile(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
@@ -48,22 +80,18 @@ ExitCode rebindFile(const QString &file, const Renaming &renaming, const QUARRY:
     QString error;
     if (!configuration.read(file, &error))
         return fail(error);
-    const QStringList repeatedBefore = repeatedRows(configuration);
-    const QList<QPair<QString, QString>> changes = renaming.apply(configuration);
-    if (changes.isEmpty())
-        return fail("No signal of \"" + file + "\" has a name that begins so. Nothing was changed.",
-                    Findings);
-    const FileFindings findings = findingsOf(configuration, netlist);
-    print(file, changes, configuration, findings, arguments.json(), out);
-    const QStringList lost = unbound(changes, findings);
-    if (!lost.isEmpty())
-        return fail("The design does not have " + lost.join(", ") + " so. Nothing was changed.", Findings);
-    const QStringList repeated = repeatedRows(configuration);
-    if (repeated.size() > repeatedBefore.size())
-        return fail("A list would hold " + repeated.last() + " twice. Nothing was changed.", Findings);
-    if (!arguments.parser.isSet("dry-run") && !configuration.write(file, &error))
+    Outcome outcome = rename(file, renaming, netlist, configuration);
+    if (outcome.refusal.isEmpty() && !arguments.parser.isSet("dry-run"))
+        outcome.isWritten = configuration.write(file, &error);
+    if (arguments.json())
+        printJson(outcomeJson(file, configuration, outcome), out);
+    else
+        print(file, outcome, out);
+    if (!outcome.refusal.isEmpty())
+        return fail(outcome.refusal + " Nothing was changed.", Findings);
+    if (!error.isEmpty())
         return fail(error);
-    return findings.isEmpty() ? Fine : Findings;
+    return outcome.findings.isEmpty() ? Fine : Findings;
 }
 
 } // namespace

@@ -77,8 +77,8 @@ void addRepeated(const QList<JEX::SignalItem> &rows, QStringList &repeated)
 
 bool Renaming::set(const QString &from, const QString &to, QString *error)
 {
-    const QString range = rangeOf(from);
-    if (range != rangeOf(to)) {
+    const QString range = rangeOf(from), newRange = rangeOf(to);
+    if (range != newRange && (range + newRange).contains(':')) {
         *error =
             "\"" + from + "\" and \"" + to + "\" differ in their range: a renamed signal keeps its width.";
         return false;

@@ -143,18 +143,21 @@ ExitCode usage(const QStringList &words, Output &out)
     CommandLine::DesignOptions options;
     options.projectFile = arguments.parser.value("project");
     options.device = arguments.parser.value("device");
-    DEV::DeviceArg device;
-    if (!options.device.isEmpty() && !CommandLine::findDevice(options.device, device))
-        return arguments.refuse("The device \"" + options.device +
-                                "\" is not known; jex devices lists those that are.");
+    if (!arguments.accept(options))
+        return arguments.result();
     Configuration configuration;
     Design design; // the formulas ask the open project for its device
     QString error;
     if (!design.open(options))
         return CouldNotRun;
-    device = deviceOf(design);
+    const DEV::DeviceArg device = deviceOf(design);
     if (device.device.isEmpty())
         return arguments.refuse("Name the device with --device.");
+    if (!JEX_TOOL::findDevice(device.series, device.device)) {
+        say("jex usage: The device \"" + device.device +
+            "\" of the project is not known. Name one that jex devices lists with --device.");
+        return CouldNotRun;
+    }
     if (!configuration.read(arguments.files().first(), &error)) {
         say("jex usage: " + error);
         return CouldNotRun;
