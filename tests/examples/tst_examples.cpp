@@ -70,12 +70,11 @@ private Q_SLOTS:
         const DEV::DeviceArg device = m_project.data().device;
         QVERIFY(JEX_TOOL::knownDevices().contains(device));
         QString error;
-        QVERIFY2(QDir(m_dir.path()).mkpath("soc"), "mkpath");
-        QFile::copy(folder + "soc.jexprj", m_dir.filePath("soc/soc.jexprj"));
         Core::Project copy;
-        QVERIFY2(copy.load(m_dir.filePath("soc/soc.jexprj"), &error), qPrintable(error));
+        const QString path = put(m_dir.filePath("soc/soc.jexprj"), contents(folder + "soc.jexprj"));
+        QVERIFY2(copy.load(path, &error), qPrintable(error));
         QVERIFY2(copy.save(&error), qPrintable(error));
-        QCOMPARE(contents(m_dir.filePath("soc/soc.jexprj")), contents(folder + "soc.jexprj"));
+        QCOMPARE(contents(path), contents(folder + "soc.jexprj"));
     }
 
     void configurations()

@@ -98,8 +98,3 @@ QUARRY::RtlNetlist *netlistFromText(const QString &text)
 {
     return Reader(text).read();
 }
-
-QUARRY::RtlNetlist *netlistFromText(const char *text)
-{
-    return netlistFromText(QString::fromUtf8(text));
-}

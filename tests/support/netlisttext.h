@@ -20,5 +20,4 @@ class RtlNetlist;
 //
 // Instances of one module that show the same nets share their declarations. The caller owns the result. A
 // line that it cannot read ends the test program with a message.
-QUARRY::RtlNetlist *netlistFromText(const char *text);
 QUARRY::RtlNetlist *netlistFromText(const QString &text);
