@@ -1,6 +1,7 @@
 #include "cli/renaming.h"
 
 #include <QSet>
+#include <algorithm>
 
 #include "signals/netname.h"
 
@@ -37,7 +38,8 @@ public:
     {
         for (JEX::SignalItem &item : items) {
             const QString old = item.name;
-            rename(item.name);
+            if (isOfDesign(item))
+                rename(item.name);
             // The new name is looked up anew; what the old one was is of no use.
             item.valid = item.valid || item.name != old;
             renameMembers(item, item.name != old);
@@ -45,6 +47,17 @@ public:
     }
 
 private:
+    // A group has the name that the user gave it, which may look like one of the design, unless its members
+    // are what the name says.
+    bool isOfDesign(const JEX::SignalItem &item) const
+    {
+        const auto isRenamed = [this](const JEX::SignalItem &member) {
+            return m_renaming.renamed(member.name) != member.name;
+        };
+        return item.type >= 0 || item.members.isEmpty() ||
+               std::any_of(item.members.begin(), item.members.end(), isRenamed);
+    }
+
     // The bits of a bus that was renamed are not worth a line each.
     void renameMembers(JEX::SignalItem &item, bool isSilent)
     {
@@ -87,6 +100,10 @@ bool Renaming::set(const QString &from, const QString &to, QString *error)
     const int cut = range.contains(':') ? range.size() : 0;
     m_from = from.left(from.size() - cut);
     m_to = to.left(to.size() - cut);
+    if (from == to) {
+        *error = "--from and --to are the same.";
+        return false;
+    }
     if (!m_from.isEmpty() && !m_to.isEmpty() && !m_from.endsWith('/') && !m_to.endsWith('/'))
         return true;
     *error = "--from and --to are paths without a separator at their end, \"top/u0\".";
