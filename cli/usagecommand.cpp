@@ -69,7 +69,7 @@ void printCapture(int core, const CaptureUsage &capture, Output &out)
     out.line(QString("Core %1: %2 captured bits%3, %4 samples")
                  .arg(core)
                  .arg(capture.signalCount)
-                 .arg(capture.adjusted ? " and the trigger mark" : "")
+                 .arg(capture.width > capture.signalCount ? " and the trigger mark" : "")
                  .arg(capture.depth));
     out.line(tableText(capture.rows));
 }
