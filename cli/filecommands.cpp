@@ -55,17 +55,16 @@ ExitCode format(const QStringList &words, Output &out)
         Configuration configuration;
         QByteArray old, bytes;
         QString error;
-        if (!configuration.read(file, &error) || !readFile(file, &old, &error) ||
-            !configuration.toBytes(&bytes, &error)) {
-            result = failFor("fmt", error);
-        } else if (arguments.parser.isSet("check")) {
-            if (bytes != old) {
-                out.line(file);
-                result = qMax(result, Findings);
-            }
-        } else if (!configuration.write(file, &error)) {
-            result = failFor("fmt", error);
+        bool done = configuration.read(file, &error) && readFile(file, &old, &error) &&
+                    configuration.toBytes(&bytes, &error);
+        if (done && !arguments.parser.isSet("check")) {
+            done = configuration.write(file, &error);
+        } else if (done && bytes != old) {
+            out.line(file);
+            result = qMax(result, Findings);
         }
+        if (!done)
+            result = failFor("fmt", error);
     }
     return result;
 }

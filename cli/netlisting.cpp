@@ -3,7 +3,9 @@
 #include "cli/json.h"
 #include "model/quarry/rtlmodule.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstring>
 
 using QUARRY::RtlModule;
 
@@ -31,8 +33,7 @@ char *append(char *out, const QChar *begin, int length)
 
 char *append(char *out, const std::string &text)
 {
-    memcpy(out, text.data(), text.size());
-    return out + text.size();
+    return std::copy(text.begin(), text.end(), out);
 }
 
 const int numberRoom = 12;
@@ -56,11 +57,11 @@ void NetListing::print(const QList<QUARRY::RtlNet *> &nets, const QList<QUARRY::
         write("[");
     m_separator = "";
     for (const QUARRY::RtlNetBus *bus : buses)
-        printEntry(bus->module(), bus->entry(), bus->excluded);
+        printEntry(*bus->module(), bus->entry(), bus->excluded);
     for (const QUARRY::RtlNet *net : nets) {
         const RtlModule &module = net->module()->declarations();
         const RtlModule::Entry &entry = module.entryOfSlot(net->slot());
-        printEntry(net->module(), quint32(&entry - module.entries().data()), net->excluded);
+        printEntry(*net->module(), quint32(&entry - module.entries().data()), net->excluded);
     }
     if (m_form == JsonLines)
         write(*m_separator ? "\n" + m_indent + "]" : "]");
@@ -93,20 +94,20 @@ void NetListing::printTree(const RTLJEX::ModuleForWidget &module)
     m_indent = indent;
 }
 
-void NetListing::printEntry(const QUARRY::Hierachy *node, quint32 number, bool excluded)
+void NetListing::printEntry(const QUARRY::Hierachy &node, quint32 number, bool excluded)
 {
-    if (node != m_node)
+    if (&node != m_node)
         setNode(node);
     if (m_form == JsonLines)
-        printJson(node->declarations(), number, excluded);
+        printJson(node.declarations(), number, excluded);
     else
-        printLine(node->declarations(), number, excluded);
+        printLine(node.declarations(), number, excluded);
 }
 
-void NetListing::setNode(const QUARRY::Hierachy *node)
+void NetListing::setNode(const QUARRY::Hierachy &node)
 {
-    m_node = node;
-    const std::string path = m_form == Lines ? toStd(node->fullPathName()) : quoted(node->fullPathName());
+    m_node = &node;
+    const std::string path = m_form == Lines ? toStd(node.fullPathName()) : quoted(node.fullPathName());
     // The closing quotes come behind the short name.
     m_head = m_form == Lines ? m_indent + path + '/'
                              : "\n" + m_indent + "  {\"name\": " + path.substr(0, path.size() - 1) + '/';

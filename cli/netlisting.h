@@ -27,8 +27,8 @@ public:
     void printTree(const RTLJEX::ModuleForWidget &module);
 
 private:
-    void printEntry(const QUARRY::Hierachy *node, quint32 number, bool excluded);
-    void setNode(const QUARRY::Hierachy *node);
+    void printEntry(const QUARRY::Hierachy &node, quint32 number, bool excluded);
+    void setNode(const QUARRY::Hierachy &node);
     void printLine(const QUARRY::RtlModule &module, quint32 number, bool excluded);
     void printJson(const QUARRY::RtlModule &module, quint32 number, bool excluded);
     const std::string &shownFile(const QString &file);
