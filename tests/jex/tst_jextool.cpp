@@ -68,7 +68,9 @@ private Q_SLOTS:
         for (const QString &row : rows) {
             const QStringList cells = row.split('/');
             const Device *device = findDevice(cells[0], cells[1]);
-            QVERIFY2(device && isKilobits(device->blocks * bits(device->family->blockShapes), cells[2]),
+            if (!device)
+                QFAIL(qPrintable(row));
+            QVERIFY2(isKilobits(device->blocks * bits(device->family->blockShapes), cells[2]),
                      qPrintable(row));
             // A slice of the 7 series has 256 bits, of which its shapes with two ports give 192.
             const int shadowBits = cells[0].endsWith("-7") ? 256 : bits(device->family->shadowShapes);

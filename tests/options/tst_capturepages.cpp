@@ -175,7 +175,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(page.widget.get()));
         QTest::keyClick(page.tree(), Qt::Key_Delete);
         QCOMPARE(page.rows(), QString("top/clk"));
-        QVERIFY(page.modified->size() > 0 && !remove->isEnabled());
+        QVERIFY(!page.modified->isEmpty() && !remove->isEnabled());
     }
 
     void deviceChange()
@@ -190,7 +190,7 @@ private Q_SLOTS:
         device.change(true);
         QCOMPARE(Page::offered(page.implementation()), QString("BSRAM SSRAM REG:REG"));
         QCOMPARE(page.rows().startsWith("-top/rst"), standard); // the Lite page sorts
-        QVERIFY(page.modified->size() > 0);
+        QVERIFY(!page.modified->isEmpty());
         Page::choose(page.implementation(), "SSRAM");
         page.modified->clear();
         QUtil::EventManager::instance()->post("TE.Device.Change", {}); // which offers nothing new
@@ -225,7 +225,7 @@ private Q_SLOTS:
         CapturePage page(standard, QString(), 64);
         page.open();
         const auto reports = [&](const QWidget *control) {
-            QVERIFY2(page.modified->size() > 0, qPrintable(control->objectName()));
+            QVERIFY2(!page.modified->isEmpty(), qPrintable(control->objectName()));
             page.modified->clear();
         };
         for (QAbstractButton *box : page.widget->findChildren<QAbstractButton *>()) {

@@ -32,6 +32,130 @@ bool fits(const QString &text, const QString &pattern)
     return whole.match(text).hasMatch();
 }
 
+// Sources stand one after the other, each below a line "== name"; those in folders are not given to the tool.
+// Options are entries of the host's map, and the type of all files.
+
+void verilogRows()
+{
+    const QString two = "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
+                        "module b(input y); leaf \\v.w (y); endmodule\n";
+    row("several tops", "", two, "top a b\nmodules a b leaf", "");
+    row("named top", "Top=b", two, "top b\nmodules b leaf", "b:b y\nb/v.w:leaf x");
+    row("unknown top", "Top=c", two, "top \nmodules", "");
+    row("missing source", "", "== sub/a.v\n== -a.v\n",
+        "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
+        "project or restore it.",
+        "");
+    row("users before packages", "",
+        "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; e_t e; endmodule\n"
+        "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
+        "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
+        "== u.sv\ntypedef enum logic {OFF, ON} e_t; // no module\n",
+        "top t\nmodules t", "t:t e x[2:0] y[1:0]");
+    row("includes, defines and libraries",
+        "IncludePath=inc\nLibraryPath=lib\nDefines=WIDTH=1+2\nDefines=SOME=\"a $HOME b\"",
+        "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
+        "localparam A = `SOME; cell1 u(x[0]); endmodule\n"
+        "== inc/far.vh\n`include \"near.vh\"\n== inc/near.vh\n`define BITS [`WIDTH:0]\n== sub/mid.vh\n\n"
+        "== lib/cell1.v\nmodule cell1(input c); endmodule\n",
+        "top t\nmodules cell1 t", "t:t x[3:0]\nt/u:cell1 c");
+    row("headers among the sources", "",
+        "== part.vh\nassign y = x[0];\n== t.v\nmodule t(input `BITS x);\n`include \"part.vh\"\n"
+        "`include \"sub/two words.vh\"\nendmodule\n== bits.vh\n`define BITS [3:0]\n"
+        "== sub/two words.vh\nwire y;\n",
+        "top t\nmodules t", "t:t y x[3:0]");
+    row("error in a header", "",
+        "== t.v\nmodule t;\n`include \"part.vh\"\nendmodule\n"
+        "== part.vh\n\nassign = 1;\n",
+        "top \nmodules \nERROR: @/part.vh:2: syntax error*", "");
+    const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
+    row("Verilog names", "", keyword, "top t\nmodules t", "t:t logic bit");
+    row("type", "Type=3", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
+    row("standard", "Verilog_Standard=SystemVerilog", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
+    row("black boxes", "",
+        "== t.sv\ninterface ifc; logic v; modport m(input v); endinterface\n"
+        "package p; typedef logic [2:0] t; endpackage\n"
+        "module t(input clk, input [31:0] a, output [1:0] y);\n"
+        "ifc i0(), ia[2](); logic [7:0] mem [4];\n"
+        "prim #(.W(4), .T(p::t), .S(\"x\")) u0(.clk(clk), .\\d[0] (a), .\\do (y[0]));\n"
+        "prim #(1) u1(clk, , a);\n"
+        "split us[3:0](.d(a), .c(clk));\n"
+        "bus ub(.i(i0), .m(i0.m), .e(ia[1]), .mem(mem), .v(i0.v));\n"
+        "none un(); \\odd$ uo(.*);\n"
+        "if (0) begin : g dead ud(clk); end\nendmodule\n",
+        "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
+        "nothing inside: *",
+        "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
+        "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$");
+}
+
+const char vhdl[] =
+    "== top.vhd\nlibrary ieee; use ieee.std_logic_1164.all; use work.pack.all;\n"
+    "entity Top is port (clk : in std_logic; q : out std_logic_vector(C downto 0)); end;\n"
+    "architecture a of Top is component prim is port (Aa : in std_logic); end component;\n"
+    "signal reg : std_logic_vector(C downto 0); begin\n"
+    "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q "
+    "<= "
+    "reg; end;\n"
+    "== leaf.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
+    "entity Leaf is generic (W : integer := 2);\n"
+    "port (c : in std_logic; q : out std_logic_vector(W - 1 downto 0)); end;\n"
+    "architecture a of Leaf is begin q <= (others => c); end;\n"
+    "== pack.vhd\npackage pack is constant C : integer := 3; end;\n";
+const char boxed[] = "\nWARNING: These modules have no definition and are shown as black boxes, with "
+                     "nothing inside: prim";
+
+void vhdlRows()
+{
+    row("VHDL in any order", "", vhdl, "top Top\nmodules Leaf Top" + QString(boxed),
+        "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:prim");
+    row("VHDL top in another case", "Top=TOP", vhdl, "top TOP\nmodules Leaf TOP" + QString(boxed),
+        "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim");
+    row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
+    row("VHDL names that Verilog reserves", "",
+        "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
+        "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
+        "\\two words\\ <= always; wire <= \\two words\\; end;\n"
+        "entity r is port (reg : in bit; q : out bit); end;\n"
+        "architecture a of r is signal u_wire : bit; begin "
+        "u : entity work.sub port map (reg, u_wire); q <= u_wire; end;\n",
+        "top r\nmodules r sub", "r:r reg q u_wire\nr/u:sub input wire always two words");
+}
+
+void mixedRows()
+{
+    row("VHDL in Verilog", "Top=v",
+        QString(vhdl) + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); "
+                        "endmodule\n",
+        "top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
+        "effect "
+        "here: the entity is shown with its default values." +
+            QString(boxed),
+        "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\n"
+        "v/u2/u:Leaf c q[3:0]\nv/u2/p:prim");
+    row("VHDL without a value for its generic", "",
+        "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
+        "begin "
+        "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n",
+        "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
+        "translated with the default values of its generics. It is shown as a black box." +
+            QString(boxed).replace("prim", "l"),
+        "v:v x\nv/u:l");
+    row("VHDL in Verilog in VHDL, in a library", "",
+        "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
+        "architecture a of top is component mid is port (a : in w_t); end component; begin "
+        "u : mid port map (a); end;\n"
+        "== bot.vhd\nentity bot is port (a : in bit); end;\narchitecture a of bot is begin end;\n"
+        "== p.vhd\npackage p is subtype w_t is bit_vector(1 downto 0); end;\n"
+        "== mid.v\nmodule Mid(input [1:0] A); Bot b(.a(A[0])); endmodule\n",
+        "top top\nmodules Mid bot top", "top:top a[1:0]\ntop/u:Mid A[1:0]\ntop/u/b:bot a");
+    row("test bench beside the design", "",
+        "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is "
+        "begin "
+        "process begin wait for 1 ns;\nend process; end;\n",
+        "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *", "");
+}
+
 } // namespace
 
 class tst_Elaboration : public QObject
@@ -56,119 +180,10 @@ private Q_SLOTS:
 
     void readsDesigns_data()
     {
-        // Sources stand one after the other, each below a line "== name"; those in folders are not given to
-        // the tool. Options are entries of the host's map, and the type of all files.
         textColumns("options", "sources", "lists", "design");
-        const QString two =
-            "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
-            "module b(input y); leaf \\v.w (y); endmodule\n";
-        row("several tops", "", two, "top a b\nmodules a b leaf", "");
-        row("named top", "Top=b", two, "top b\nmodules b leaf", "b:b y\nb/v.w:leaf x");
-        row("unknown top", "Top=c", two, "top \nmodules", "");
-        row("missing source", "", "== sub/a.v\n== -a.v\n",
-            "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
-            "project or restore it.",
-            "");
-        row("users before packages", "",
-            "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; e_t e; endmodule\n"
-            "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
-            "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
-            "== u.sv\ntypedef enum logic {OFF, ON} e_t; // no module\n",
-            "top t\nmodules t", "t:t e x[2:0] y[1:0]");
-        row("includes, defines and libraries",
-            "IncludePath=inc\nLibraryPath=lib\nDefines=WIDTH=1+2\nDefines=SOME=\"a $HOME b\"",
-            "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
-            "localparam A = `SOME; cell1 u(x[0]); endmodule\n"
-            "== inc/far.vh\n`include \"near.vh\"\n== inc/near.vh\n`define BITS [`WIDTH:0]\n== sub/mid.vh\n\n"
-            "== lib/cell1.v\nmodule cell1(input c); endmodule\n",
-            "top t\nmodules cell1 t", "t:t x[3:0]\nt/u:cell1 c");
-        row("headers among the sources", "",
-            "== part.vh\nassign y = x[0];\n== t.v\nmodule t(input `BITS x);\n`include \"part.vh\"\n"
-            "`include \"sub/two words.vh\"\nendmodule\n== bits.vh\n`define BITS [3:0]\n"
-            "== sub/two words.vh\nwire y;\n",
-            "top t\nmodules t", "t:t y x[3:0]");
-        row("error in a header", "",
-            "== t.v\nmodule t;\n`include \"part.vh\"\nendmodule\n"
-            "== part.vh\n\nassign = 1;\n",
-            "top \nmodules \nERROR: @/part.vh:2: syntax error*", "");
-        const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
-        row("Verilog names", "", keyword, "top t\nmodules t", "t:t logic bit");
-        row("type", "Type=3", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
-        row("standard", "Verilog_Standard=SystemVerilog", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
-        row("black boxes", "",
-            "== t.sv\ninterface ifc; logic v; modport m(input v); endinterface\n"
-            "package p; typedef logic [2:0] t; endpackage\n"
-            "module t(input clk, input [31:0] a, output [1:0] y);\n"
-            "ifc i0(), ia[2](); logic [7:0] mem [4];\n"
-            "prim #(.W(4), .T(p::t), .S(\"x\")) u0(.clk(clk), .\\d[0] (a), .\\do (y[0]));\n"
-            "prim #(1) u1(clk, , a);\n"
-            "split us[3:0](.d(a), .c(clk));\n"
-            "bus ub(.i(i0), .m(i0.m), .e(ia[1]), .mem(mem), .v(i0.v));\n"
-            "none un(); \\odd$ uo(.*);\n"
-            "if (0) begin : g dead ud(clk); end\nendmodule\n",
-            "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
-            "nothing inside: *",
-            "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
-            "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$");
-        const QString vhdl =
-            "== top.vhd\nlibrary ieee; use ieee.std_logic_1164.all; use work.pack.all;\n"
-            "entity Top is port (clk : in std_logic; q : out std_logic_vector(C downto 0)); end;\n"
-            "architecture a of Top is component prim is port (Aa : in std_logic); end component;\n"
-            "signal reg : std_logic_vector(C downto 0); begin\n"
-            "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q "
-            "<= "
-            "reg; end;\n"
-            "== leaf.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
-            "entity Leaf is generic (W : integer := 2);\n"
-            "port (c : in std_logic; q : out std_logic_vector(W - 1 downto 0)); end;\n"
-            "architecture a of Leaf is begin q <= (others => c); end;\n"
-            "== pack.vhd\npackage pack is constant C : integer := 3; end;\n";
-        const QString boxed =
-            "\nWARNING: These modules have no definition and are shown as black boxes, with "
-            "nothing inside: prim";
-        row("VHDL in any order", "", vhdl, "top Top\nmodules Leaf Top" + boxed,
-            "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:prim");
-        row("VHDL top in another case", "Top=TOP", vhdl, "top TOP\nmodules Leaf TOP" + boxed,
-            "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim");
-        row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
-        row("VHDL names that Verilog reserves", "",
-            "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
-            "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
-            "\\two words\\ <= always; wire <= \\two words\\; end;\n"
-            "entity r is port (reg : in bit; q : out bit); end;\n"
-            "architecture a of r is signal u_wire : bit; begin "
-            "u : entity work.sub port map (reg, u_wire); q <= u_wire; end;\n",
-            "top r\nmodules r sub", "r:r reg q u_wire\nr/u:sub input wire always two words");
-        row("VHDL in Verilog", "Top=v",
-            vhdl + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); "
-                   "endmodule\n",
-            "top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
-            "effect "
-            "here: the entity is shown with its default values." +
-                boxed,
-            "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\n"
-            "v/u2/u:Leaf c q[3:0]\nv/u2/p:prim");
-        row("VHDL without a value for its generic", "",
-            "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
-            "begin "
-            "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n",
-            "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
-            "translated with the default values of its generics. It is shown as a black box." +
-                QString(boxed).replace("prim", "l"),
-            "v:v x\nv/u:l");
-        row("VHDL in Verilog in VHDL, in a library", "",
-            "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
-            "architecture a of top is component mid is port (a : in w_t); end component; begin "
-            "u : mid port map (a); end;\n"
-            "== bot.vhd\nentity bot is port (a : in bit); end;\narchitecture a of bot is begin end;\n"
-            "== p.vhd\npackage p is subtype w_t is bit_vector(1 downto 0); end;\n"
-            "== mid.v\nmodule Mid(input [1:0] A); Bot b(.a(A[0])); endmodule\n",
-            "top top\nmodules Mid bot top", "top:top a[1:0]\ntop/u:Mid A[1:0]\ntop/u/b:bot a");
-        row("test bench beside the design", "",
-            "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is "
-            "begin "
-            "process begin wait for 1 ns;\nend process; end;\n",
-            "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *", "");
+        verilogRows();
+        vhdlRows();
+        mixedRows();
     }
 
     void readsDesigns()
