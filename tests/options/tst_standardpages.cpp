@@ -142,7 +142,7 @@ private Q_SLOTS:
             page.child<QPushButton>("btnAddFromTp")->click();
         }
         QCOMPARE(page.rows(), QString("top/clk,top/count[1],top/rst,group_0[0:0](1),top/x,group_0[0:0](1)"));
-        QVERIFY(page.modified->size() > 0);
+        QVERIFY(!page.modified->isEmpty());
     }
 
     void modes()
@@ -194,7 +194,7 @@ private Q_SLOTS:
             QCOMPARE(page.aoCore.triggerImplementation, stored % 3);
             page.modified->clear();
             device.change(false);
-            QVERIFY(page.modified->size() > 0);
+            QVERIFY(!page.modified->isEmpty());
             const QString fallen = stored == 1 ? "BSRAM REG:REG" : "BSRAM REG:BSRAM";
             QCOMPARE(Page::offered(page.implementation()), fallen);
             QCOMPARE(Page::offered(page.open().implementation()), fallen);
