@@ -35,11 +35,14 @@ ModuleDecl module(const QString &name, int lead, int bits)
     decl.name = name;
     NetDecl net;
     net.name = QStringLiteral("clk");
+    net.info.file = QStringLiteral("/design/rtl/") + name + QStringLiteral(".v");
+    net.info.line = 1;
     decl.nets += net;
     const int singles = bits - 8 * busesOfModule;
     for (int i = 1; i < singles + busesOfModule; ++i) {
         net.isBus = i >= singles;
         net.left = net.isBus ? 7 : 0;
+        net.info.line = 1 + i;
         net.name = netName(i, 46 - lead - (net.isBus ? 5 : 0));
         decl.nets += net;
     }

@@ -1,9 +1,8 @@
 #include "bench/bench.h"
 #include "bench/context.h"
+#include "bench/program.h"
 #include "cli/netlisting.h"
 #include "netselect/netsearch.h"
-
-#include <QProcess>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -25,6 +24,7 @@ public:
             m_names += net->fullPathName();
         for (const RtlNetBus *bus : m_netlist->topHierarchy->netbusesIncludeSub())
             m_names += bus->fullBusName();
+        m_output = context.dir.filePath(QStringLiteral("output.txt"));
         m_file.setFileName(context.dir.filePath(QStringLiteral("names.txt")));
         if (!m_file.open(QIODevice::WriteOnly) || m_file.write(m_names.join('\n').toLatin1() + '\n') < 0)
             qFatal("Cannot write %s: %s", qPrintable(m_file.fileName()), qPrintable(m_file.errorString()));
@@ -37,11 +37,11 @@ public:
         const bool folds = sensitivity == Qt::CaseInsensitive;
         m_options.pattern = pattern;
         m_options.caseSensitivity = sensitivity;
-        QString counted;
+        const char *const option = folds ? "-ciF" : "-cF";
         const Times times = inTurn(
-            9, [this] { search(); }, [&] { counted = grep(QLatin1String(folds ? "-ciF" : "-cF"), pattern); });
+            9, [this] { search(); }, [&] { grep(option, pattern); });
         report(QLatin1String("Substring") + QLatin1String(folds ? ", any case" : ""), "grep -F", times, goal,
-               counted.toInt());
+               countedByGrep(option, pattern));
     }
 
     // What `jex nets` does once the netlist is there: finds the nets and prints them, into a file.
@@ -50,12 +50,9 @@ public:
         m_options.usePatternSyntax = false;
         m_options.pattern = pattern;
         m_options.caseSensitivity = Qt::CaseSensitive;
-        const QString printed = m_file.fileName() + QLatin1String(".printed");
-        QString counted;
         const Times times = inTurn(
-            5, [&] { print(printed); }, [&] { grep(QStringLiteral("-F"), pattern, printed); });
-        counted = grep(QStringLiteral("-cF"), pattern);
-        report(QStringLiteral("Printing"), "grep -F into a file", times, 1.0, counted.toInt());
+            9, [this] { print(); }, [&] { grep("-F", pattern); });
+        report(QStringLiteral("Printing"), "grep -F into a file", times, 1.0, countedByGrep("-cF", pattern));
     }
 
     void syntax(const QString &pattern, QRegExp::PatternSyntax syntax, double goal)
@@ -87,31 +84,31 @@ private:
         m_found = m_nets.size() + m_buses.size();
     }
 
-    void print(const QString &file)
+    void print()
     {
-        const int descriptor = ::open(qPrintable(file), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+        const int descriptor = ::open(qPrintable(m_output), O_WRONLY | O_CREAT | O_TRUNC, 0666);
         {
             Cli::Output out(descriptor);
             search();
-            Cli::NetListing(Cli::NetListing::Lines, QString(), out).print(m_nets, m_buses);
+            Cli::NetListing(Cli::NetListing::Lines, QStringLiteral("/design"), out).print(m_nets, m_buses);
             if (!out.flush())
-                qFatal("Cannot write %s", qPrintable(file));
+                qFatal("Cannot write %s", qPrintable(m_output));
         }
         ::close(descriptor);
     }
 
-    // What grep prints; with a file to print into, nothing.
-    QString grep(const QString &option, const QString &pattern, const QString &output = QString()) const
+    void grep(const char *option, const QString &pattern) const
     {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-        process.setProcessEnvironment(environment);
-        if (!output.isEmpty())
-            process.setStandardOutputFile(output);
-        process.start(QStringLiteral("grep"), {option, QStringLiteral("--"), pattern, m_file.fileName()});
-        process.waitForFinished(-1);
-        return output.isEmpty() ? QString::fromLatin1(process.readAllStandardOutput()).trimmed() : QString();
+        runProgram(
+            {QStringLiteral("grep"), QLatin1String(option), QStringLiteral("--"), pattern, m_file.fileName()},
+            m_output);
+    }
+
+    int countedByGrep(const char *option, const QString &pattern) const
+    {
+        grep(option, pattern);
+        QFile output(m_output);
+        return output.open(QIODevice::ReadOnly) ? output.readAll().trimmed().toInt() : -1;
     }
 
     void report(const QString &kind, const char *against, const Times &times, double goal, int counted) const
@@ -128,6 +125,7 @@ private:
     SearchOptions m_options;
     QStringList m_names;
     QFile m_file;
+    QString m_output;
     QList<RtlNet *> m_nets;
     QList<RtlNetBus *> m_buses;
     int m_found = 0;
