@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QHash>
+
 #include <string>
+#include <vector>
 
 #include "cli/output.h"
 #include "netselect/netsearch.h"
@@ -13,7 +16,8 @@ class RtlModule;
 namespace Cli {
 
 // Prints nets as lines of name, width, place in the source and, where it holds, "excluded", with tabs
-// between, or as JSON. The path is made once for each instance, the rest goes straight into the buffer.
+// between, or as JSON. The path is made once for each instance and the rest once for each declaration; a net
+// then costs two copies into the buffer. The netlist must outlive the listing.
 class NetListing
 {
 public:
@@ -27,10 +31,19 @@ public:
     void printTree(const RTLJEX::ModuleForWidget &module);
 
 private:
+    // Where in m_texts the text of an entry stands that all instances of its module share, from the short
+    // name to the end of the line.
+    struct Place
+    {
+        size_t begin = 0;
+        size_t length = 0; // 0: not made yet
+    };
+    typedef std::vector<Place> Places; // by the number of the entry
+
     void printEntry(const QUARRY::Hierachy &node, quint32 number, bool excluded);
     void setNode(const QUARRY::Hierachy &node);
-    void printLine(const QUARRY::RtlModule &module, quint32 number, bool excluded);
-    void printJson(const QUARRY::RtlModule &module, quint32 number, bool excluded);
+    void appendLine(const QUARRY::RtlModule &module, quint32 number);
+    void appendJson(const QUARRY::RtlModule &module, quint32 number);
     const std::string &shownFile(const QString &file);
     void write(const std::string &text) { m_out.write(text.data(), text.size()); }
 
@@ -38,7 +51,11 @@ private:
     QString m_folder; // with a separator at its end
     Output &m_out;
     const QUARRY::Hierachy *m_node = nullptr;
-    QString m_file; // the one that was shown last, and how
+    QHash<const QUARRY::RtlModule *, Places> m_modules;
+    Places *m_places = nullptr; // of the module of m_node
+    std::string m_texts;
+    std::string m_ends[2]; // of a net, and of an excluded one
+    QString m_file;        // the one that was shown last, and how
     std::string m_shownFile;
     std::string m_indent;
     std::string m_head; // all before the short name

@@ -288,6 +288,29 @@ int NamePattern::place(size_t number, const QChar *name, int length, int from) c
     return isThere && fitsAt(piece, name + at, int(piece.size())) ? at : -1;
 }
 
+// A run of text units cannot reach into a range without its '[', and is no part of one when it holds
+// anything but what ranges are made of.
+QString NamePattern::literal(size_t piece) const
+{
+    QString longest;
+    for (; piece < m_pieces.size(); ++piece) {
+        QString run;
+        bool mayBeOfRange = true;
+        for (int unit : m_pieces[piece]) {
+            if (unit < 0 || unit == '[') {
+                run.clear();
+                mayBeOfRange = true;
+                continue;
+            }
+            run += QChar(ushort(unit));
+            mayBeOfRange = mayBeOfRange && isOneOf(run.at(run.size() - 1), "0123456789:-]");
+            if (!mayBeOfRange && run.size() > longest.size())
+                longest = run;
+        }
+    }
+    return longest;
+}
+
 bool NamePattern::fits(const QChar *name, int length, State state) const
 {
     for (; state.piece < m_pieces.size(); ++state.piece) {

@@ -18,6 +18,7 @@ public:
     // False: the pieces say nothing, ask the pattern for each name.
     bool usable() const { return m_usable; }
     bool exact() const { return m_exact; }
+    size_t pieceCount() const { return m_pieces.size(); }
     bool onlyAscii() const { return m_onlyAscii; } // says nothing about names with other letters
 
     // Names are given to the functions below as this leaves them, when case does not matter.
@@ -38,6 +39,10 @@ public:
     // Matches the beginning that all names of an instance share, the path with its separator.
     Lead lead(const QString &beginning, State &state) const;
     bool fits(const QChar *name, int length, State state) const;
+
+    // Text, as folds() wants it, that each name holds before its range when it fits from `piece` on: a quick
+    // look for it in many names at once tells most of those that do not fit. May be empty.
+    QString literal(size_t piece) const;
 
 private:
     // What one unit of a name must be: this code unit; anything; one of m_sets[firstSet - unit].

@@ -1,6 +1,6 @@
 #include "netselect/nodematcher.h"
 
-#include "model/quarry/rtlmodule.h"
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cstring>
@@ -51,6 +51,8 @@ NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_p
         m_regExp = QRegExp(options.pattern, options.caseSensitivity, options.patternSyntax);
     if (m_pattern.usable() && beginsAnywhere(options))
         m_rest = QRegExp(options.pattern.mid(2), options.caseSensitivity);
+    for (size_t piece = 0; piece <= m_pattern.pieceCount(); ++piece)
+        m_literals.push_back(QStringMatcher(m_pattern.literal(piece)));
 }
 
 void NodeMatcher::addMatches(const QUARRY::Hierachy *node, QList<QUARRY::RtlNet *> &nets,
@@ -61,54 +63,34 @@ void NodeMatcher::addMatches(const QUARRY::Hierachy *node, QList<QUARRY::RtlNet 
     const RtlModule &module = node->declarations();
     setPath(node->fullPathName());
     bool mustAsk = true;
-    for (quint32 number : candidates(module, mustAsk)) {
-        if (mustAsk && !matches(compose(module, number)))
+    for (const Fit &fit : candidates(module, mustAsk)) {
+        if (mustAsk && !matches(compose(module, module.entries()[fit.number])))
             continue;
-        const RtlModule::Entry &entry = module.entries()[number];
-        if (entry.isBus)
-            buses.append(node->buses.at(int(entry.ordinal)));
+        if (fit.isBus)
+            buses.append(node->buses.at(int(fit.place)));
         else
-            nets.append(node->nets.at(int(entry.ordinal)));
+            nets.append(node->netOfSlot(fit.place));
     }
-}
-
-NodeMatcher::ModuleFacts &NodeMatcher::factsOf(const RtlModule &module)
-{
-    ModuleFacts &facts = m_facts[&module];
-    if (facts.all.size() == module.entries().size())
-        return facts;
-    for (const RtlModule::Entry &entry : module.entries()) {
-        facts.all.push_back(quint32(facts.all.size()));
-        facts.isAscii = facts.isAscii && isAscii(module.text(entry), int(entry.textLength));
-    }
-    return facts;
 }
 
 // The entries that fit the pattern's pieces, all where the pieces say nothing. They are matches already
 // unless the pattern must be asked.
-const NodeMatcher::Numbers &NodeMatcher::candidates(const RtlModule &module, bool &mustAsk)
+const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &mustAsk)
 {
-    ModuleFacts &facts = factsOf(module);
     mustAsk = true;
-    const bool isPlain = facts.isAscii && isAscii(m_beginning.constData(), m_beginning.size());
+    const bool isPlain = module.isAscii() && isAscii(m_beginning.constData(), m_beginning.size());
     if (!m_pattern.usable() || (m_pattern.onlyAscii() && !isPlain))
-        return facts.all;
+        return fitsAlone(module, m_pattern.pieceCount());
     mustAsk = !m_pattern.exact();
     if (mustAsk && !m_rest.isEmpty() && !mayStraddle()) {
         mustAsk = false;
-        return matchingNumbers(module);
+        return matchesAlone(module);
     }
     NamePattern::State state;
     const NamePattern::Lead lead = m_pattern.lead(m_folded, state);
-    if (lead == NamePattern::Closed) {
-        QHash<int, Numbers>::iterator it = facts.fitting.find(int(state.piece));
-        if (it == facts.fitting.end()) {
-            state.from = 0;
-            it = facts.fitting.insert(int(state.piece), fittingNumbers(module, QString(), state));
-        }
-        return *it;
-    }
-    m_open = lead == NamePattern::Open ? fittingNumbers(module, m_folded, state) : Numbers();
+    if (lead == NamePattern::Closed)
+        return fitsAlone(module, state.piece);
+    m_open = lead == NamePattern::Open ? fitsBehindPath(module, state) : Fits();
     return m_open;
 }
 
@@ -124,44 +106,93 @@ bool NodeMatcher::mayStraddle() const
     return false;
 }
 
-const NodeMatcher::Numbers &NodeMatcher::matchingNumbers(const RtlModule &module)
+// The entries whose short names fit from the piece on, all of them behind the last piece.
+const NodeMatcher::Fits &NodeMatcher::fitsAlone(const RtlModule &module, size_t piece)
 {
-    ModuleFacts &facts = factsOf(module);
-    if (facts.isAsked)
-        return facts.matching;
-    facts.isAsked = true;
-    for (quint32 number : fittingNumbers(module, QString(), NamePattern::State())) {
-        if (matches(shortName(module, module.entries()[number])))
-            facts.matching.push_back(number);
-    }
-    return facts.matching;
+    std::map<size_t, Fits> &known = m_fits[&module].fromPiece;
+    const std::map<size_t, Fits>::iterator it = known.find(piece);
+    if (it != known.end())
+        return it->second;
+    QString text = module.text();
+    if (m_pattern.folds())
+        NamePattern::fold(text.data(), text.size());
+    Fits &fits = known[piece];
+    NamePattern::State state;
+    state.piece = piece;
+    QVarLengthArray<QChar, 256> name;
+    visitWithLiteral(module, text, piece, [&](quint32 number) {
+        const RtlModule::Entry &entry = module.entries()[number];
+        const QChar *begin = text.constData() + entry.textBegin;
+        int length = int(entry.textLength);
+        if (entry.isBus) {
+            name.resize(nameRoom(entry));
+            std::copy_n(begin, length, name.data());
+            length += RtlModule::writeRange(entry, name.data() + length);
+            begin = name.constData();
+        }
+        if (m_pattern.fits(begin, length, state))
+            fits.push_back(Fit(number, entry));
+    });
+    return fits;
 }
 
-// The entries whose names, with `beginning` in front, fit from the state on.
-NodeMatcher::Numbers NodeMatcher::fittingNumbers(const RtlModule &module, const QString &beginning,
-                                                 NamePattern::State state)
+// Visits the entries whose names may hold the literal of the piece; `text` is the module's as the pattern
+// wants it.
+template <typename Visit>
+void NodeMatcher::visitWithLiteral(const RtlModule &module, const QString &text, size_t piece,
+                                   Visit visit) const
 {
-    Numbers numbers;
-    const int lead = beginning.size();
-    std::vector<QChar> buffer(beginning.constBegin(), beginning.constEnd());
+    const std::vector<RtlModule::Entry> &entries = module.entries();
+    const QStringMatcher &literal = m_literals[piece];
+    const int size = literal.pattern().size();
+    if (size == 0) {
+        for (quint32 number = 0; number < entries.size(); ++number)
+            visit(number);
+        return;
+    }
+    quint32 number = 0;
+    int at = literal.indexIn(text, 0);
+    while (at >= 0) {
+        while (number + 1 < entries.size() && entries[number + 1].textBegin <= quint32(at))
+            ++number;
+        const RtlModule::Entry &entry = entries[number];
+        const int end = int(entry.textBegin + entry.textLength);
+        if (at + size <= end) // and not across two names
+            visit(number);
+        at = literal.indexIn(text, end);
+    }
+}
+
+const NodeMatcher::Fits &NodeMatcher::matchesAlone(const RtlModule &module)
+{
+    ModuleFits &known = m_fits[&module];
+    if (known.isAsked)
+        return known.matching;
+    known.isAsked = true;
+    for (const Fit &fit : fitsAlone(module, 0)) {
+        if (matches(shortName(module, module.entries()[fit.number])))
+            known.matching.push_back(fit);
+    }
+    return known.matching;
+}
+
+// The entries whose names fit from the state on, a piece lying across the path and the short name.
+NodeMatcher::Fits NodeMatcher::fitsBehindPath(const RtlModule &module, NamePattern::State state) const
+{
+    Fits fits;
+    const int lead = m_folded.size();
+    QVarLengthArray<QChar, 256> name(lead);
+    std::copy_n(m_folded.constData(), lead, name.data());
     for (quint32 number = 0; number < module.entries().size(); ++number) {
         const RtlModule::Entry &entry = module.entries()[number];
-        const QChar *name = module.text(entry);
-        int length = int(entry.textLength);
-        if (lead > 0 || entry.isBus || m_pattern.folds()) {
-            const int room = lead + nameRoom(entry);
-            if (buffer.size() < size_t(room))
-                buffer.resize(size_t(room));
-            length = writeName(module, entry, buffer.data() + lead);
-            if (m_pattern.folds())
-                NamePattern::fold(buffer.data() + lead, length);
-            length += lead;
-            name = buffer.data();
-        }
-        if (m_pattern.fits(name, length, state))
-            numbers.push_back(number);
+        name.resize(lead + nameRoom(entry));
+        const int length = writeName(module, entry, name.data() + lead);
+        if (m_pattern.folds())
+            NamePattern::fold(name.data() + lead, length);
+        if (m_pattern.fits(name.constData(), lead + length, state))
+            fits.push_back(Fit(number, entry));
     }
-    return numbers;
+    return fits;
 }
 
 void NodeMatcher::setPath(const QString &path)
@@ -170,22 +201,17 @@ void NodeMatcher::setPath(const QString &path)
     m_folded = m_beginning;
     if (m_pattern.folds())
         NamePattern::fold(m_folded.data(), m_folded.size());
-    for (QString &name : m_names) {
-        name.reserve(m_beginning.size() + 64);
-        name.replace(0, qMin(name.size(), m_beginning.size()), m_beginning);
-    }
 }
 
-const QString &NodeMatcher::compose(const RtlModule &module, quint32 number)
+const QString &NodeMatcher::compose(const RtlModule &module, const RtlModule::Entry &entry)
 {
-    const RtlModule::Entry &entry = module.entries()[number];
     m_turn = 1 - m_turn;
     QString &name = m_names[m_turn];
     const int lead = m_beginning.size();
     name.resize(lead + nameRoom(entry));
-    const int length = writeName(module, entry, name.data() + lead);
-    if (entry.isBus)
-        name.resize(lead + length);
+    QChar *out = name.data();
+    memcpy(out, m_beginning.constData(), size_t(lead) * sizeof(QChar));
+    name.resize(lead + writeName(module, entry, out + lead));
     return name;
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "model/quarry/rtlmodule.h"
 #include "netselect/namepattern.h"
 
 #include <QHash>
 #include <QRegExp>
+#include <QStringMatcher>
 
-namespace QUARRY {
-class RtlModule;
-}
+#include <map>
 
 namespace RTLJEX {
 
@@ -25,34 +25,45 @@ public:
                     QList<QUARRY::RtlNetBus *> &buses);
 
 private:
-    typedef std::vector<quint32> Numbers; // of entries of a module
-    struct ModuleFacts
+    struct Fit
     {
-        bool isAscii = true;
-        bool isAsked = false; // the next member is filled
-        Numbers matching;     // whose short names match alone
-        Numbers all;
-        QHash<int, Numbers> fitting; // by the piece that matching goes on with
+        Fit(quint32 number, const QUARRY::RtlModule::Entry &entry)
+            : number(number), place(entry.isBus ? entry.ordinal : entry.firstSlot), isBus(entry.isBus)
+        {
+        }
+        quint32 number;     // of the entry in the module
+        quint32 place : 31; // of a bus its ordinal, of a net its slot
+        quint32 isBus : 1;
+    };
+    typedef std::vector<Fit> Fits;
+    struct ModuleFits
+    {
+        std::map<size_t, Fits> fromPiece; // by the piece that matching goes on with
+        bool isAsked = false;             // the next member is filled
+        Fits matching;                    // whose short names match alone
     };
 
-    ModuleFacts &factsOf(const QUARRY::RtlModule &module);
-    const Numbers &candidates(const QUARRY::RtlModule &module, bool &mustAsk);
-    Numbers fittingNumbers(const QUARRY::RtlModule &module, const QString &beginning,
-                           NamePattern::State state);
+    const Fits &candidates(const QUARRY::RtlModule &module, bool &mustAsk);
+    const Fits &fitsAlone(const QUARRY::RtlModule &module, size_t piece);
+    const Fits &matchesAlone(const QUARRY::RtlModule &module);
+    Fits fitsBehindPath(const QUARRY::RtlModule &module, NamePattern::State state) const;
+    template <typename Visit>
+    void visitWithLiteral(const QUARRY::RtlModule &module, const QString &text, size_t piece,
+                          Visit visit) const;
     bool mayStraddle() const;
-    const Numbers &matchingNumbers(const QUARRY::RtlModule &module);
     void setPath(const QString &path);
-    const QString &compose(const QUARRY::RtlModule &module, quint32 number);
+    const QString &compose(const QUARRY::RtlModule &module, const QUARRY::RtlModule::Entry &entry);
     bool matches(const QString &fullName) const;
 
     SearchOptions m_options;
     NamePattern m_pattern;
     QRegExp m_regExp;
-    QRegExp m_rest; // the pattern behind a leading ".*"; empty when that says nothing
-    QHash<const QUARRY::RtlModule *, ModuleFacts> m_facts;
+    QRegExp m_rest;                         // the pattern behind a leading ".*"; empty when that says nothing
+    std::vector<QStringMatcher> m_literals; // by the piece that matching goes on with
+    QHash<const QUARRY::RtlModule *, ModuleFits> m_fits;
     QString m_beginning; // of the instance's full names: path and separator
     QString m_folded;    // the same as the pattern wants it
-    Numbers m_open;      // what fits in this instance alone
+    Fits m_open;         // what fits in this instance alone
 
     // Full names are composed in turn in two strings: QRegExp keeps the last one that it was asked about, so
     // changing that one would copy it.

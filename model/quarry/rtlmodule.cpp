@@ -58,6 +58,7 @@ RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name)
         length += net.name.size();
     m_text.reserve(length);
     m_entries.reserve(size_t(decl.nets.size()));
+    m_info.reserve(size_t(decl.nets.size()));
     quint32 ordinals[2] = {0, 0};
     for (const NetDecl &net : decl.nets) {
         Entry entry;
@@ -69,15 +70,17 @@ RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name)
         entry.right = net.right;
         entry.firstSlot = slotCount();
         entry.ordinal = ordinals[net.isBus]++;
-        entry.info = net.info;
         m_text += net.name;
         m_entryOfSlot.insert(m_entryOfSlot.end(), size_t(entry.width()), quint32(m_entries.size()));
         for (int bit : net.excludedBits)
             if (entry.hasBit(bit))
                 m_excludedSlots.push_back(entry.slotOfBit(bit));
         m_entries.push_back(entry);
+        m_info.push_back(net.info);
     }
     m_entryOfSlot.shrink_to_fit();
+    m_isAscii =
+        std::all_of(m_text.constBegin(), m_text.constEnd(), [](QChar c) { return c.unicode() < 128; });
 }
 
 int RtlModule::writeRange(const Entry &entry, QChar *out)

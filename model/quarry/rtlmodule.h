@@ -24,7 +24,6 @@ public:
         int right;
         quint32 firstSlot;
         quint32 ordinal; // position in Hierachy::nets or Hierachy::buses
-        Declaration info;
 
         int width() const { return isBus ? qAbs(left - right) + 1 : 1; }
         bool hasBit(int bit) const { return qMin(left, right) <= bit && bit <= qMax(left, right); }
@@ -38,10 +37,16 @@ public:
 
     const QString &name() const { return m_name; }
     const std::vector<Entry> &entries() const { return m_entries; }
+    // Apart from the entries: a search reads those of the whole design, and this of what it finds.
+    const Declaration &info(quint32 number) const { return m_info[number]; }
     const std::vector<quint32> &excludedSlots() const { return m_excludedSlots; }
     quint32 slotCount() const { return quint32(m_entryOfSlot.size()); }
+    quint32 entryNumber(quint32 slot) const { return m_entryOfSlot[slot]; }
     const Entry &entryOfSlot(quint32 slot) const { return m_entries[m_entryOfSlot[slot]]; }
 
+    // The names of all entries without their ranges, one behind the other in the order of the entries.
+    const QString &text() const { return m_text; }
+    bool isAscii() const { return m_isAscii; } // all of text()
     // The name without a range: textLength units, not terminated.
     const QChar *text(const Entry &entry) const { return m_text.constData() + entry.textBegin; }
     // "[7:0]" at `out`, which has rangeRoom units; gives the length.
@@ -63,7 +68,9 @@ private:
 
     QString m_name;
     QString m_text;
+    bool m_isAscii = true;
     std::vector<Entry> m_entries;
+    std::vector<Declaration> m_info;
     std::vector<quint32> m_entryOfSlot;
     std::vector<quint32> m_excludedSlots;
     mutable std::vector<quint32> m_byName; // made when a name is first looked up

@@ -18,7 +18,8 @@ QString RtlNet::fullPathName() const
 
 const Declaration &RtlNet::declaration() const
 {
-    return m_module->declarations().entryOfSlot(m_slot).info;
+    const RtlModule &module = m_module->declarations();
+    return module.info(module.entryNumber(m_slot));
 }
 
 QString RtlNetBus::BusName() const
@@ -35,7 +36,7 @@ QString RtlNetBus::fullBusName() const
 
 const Declaration &RtlNetBus::declaration() const
 {
-    return m_module->declarations().entries()[m_entry].info;
+    return m_module->declarations().info(m_entry);
 }
 
 namespace {

@@ -81,6 +81,7 @@ public:
     // What all instances of the module share. Its single nets and buses stand in the order of `nets` and
     // `buses`.
     const RtlModule &declarations() const { return *m_declarations; }
+    RtlNet *netOfSlot(quint32 slot) const { return const_cast<RtlNet *>(&m_bits[slot]); }
 
 private:
     friend class NetlistBuilder;
