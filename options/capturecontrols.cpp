@@ -5,11 +5,11 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
-#include <QStandardItemModel>
 
 #include "netselect/jexsignalselectdialog.h"
 #include "options/capturemath.h"
 #include "options/currentdevice.h"
+#include "options/numbermodel.h"
 #include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
@@ -26,13 +26,12 @@ void selectIndex(QComboBox *box, int index)
 
 void fillNumbers(QComboBox *box, const QList<int> &numbers)
 {
-    QList<QStandardItem *> items;
-    for (int number : numbers) {
-        items.append(new QStandardItem(QString::number(number)));
-        items.last()->setData(number, Qt::UserRole);
+    NumberModel *model = dynamic_cast<NumberModel *>(box->model());
+    if (!model) {
+        model = new NumberModel(box);
+        box->setModel(model);
     }
-    // At once, since a large storage has thousands of segment numbers.
-    static_cast<QStandardItemModel *>(box->model())->invisibleRootItem()->appendRows(items);
+    model->append(numbers);
 }
 
 void refillNumbers(QComboBox *box, const QList<int> &numbers)

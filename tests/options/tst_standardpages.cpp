@@ -1,3 +1,4 @@
+#include <QAbstractItemModelTester>
 #include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QListWidget>
@@ -105,6 +106,7 @@ private Q_SLOTS:
         for (const auto &row : rows) {
             CapturePage page(true);
             QSpinBox *position = page.open().child<QSpinBox>("spinBoxTrigPos");
+            const QAbstractItemModelTester tester(page.child<QComboBox>("comboWindowNum")->model());
             for (const QString &step : QString(row.first).split(' ')) {
                 const QStringList parts = step.split(QRegExp("[=+]"));
                 QComboBox *box = page.child<QComboBox>(parts[0].toLatin1());
