@@ -132,8 +132,12 @@ class SelectionWalk
 public:
     explicit SelectionWalk(const QTreeWidget *tree) : m_model(tree->model())
     {
-        for (const QItemSelectionRange &range : tree->selectionModel()->selection())
+        int rows = 0;
+        for (const QItemSelectionRange &range : tree->selectionModel()->selection()) {
             m_ranges[range.parent()].append(range);
+            rows += range.height();
+        }
+        found.reserve(rows);
         visit(tree->invisibleRootItem(), QModelIndex());
     }
 
