@@ -32,7 +32,12 @@ void JexLiteInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
 
 QWidget *JexLiteInserterViewPrivate::showPage(int core)
 {
-    return getAoWidgetByIndex(core);
+    QWidget *page = getAoWidgetByIndex(core);
+    if (page) {
+        ui.stackedWidget->setCurrentWidget(page);
+        ui.comboBoxAo->setCurrentIndex(core);
+    }
+    return page;
 }
 
 void JexLiteInserterViewPrivate::showCores()

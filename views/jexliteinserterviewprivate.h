@@ -35,7 +35,7 @@ public:
 
     // Null is refused: the pages keep what they have.
     void setNlsData(QUARRY::RtlNetlist *fresh) override;
-    QWidget *showPage(int core) override; // the first stays in view
+    QWidget *showPage(int core) override; // what the box of cores does not do
 
     Ui::JexLiteInserterView ui;
     QWidget *changedBanner; // null until it was shown once

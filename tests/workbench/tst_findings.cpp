@@ -35,7 +35,8 @@ const char standardFile[] = R"(<jexconfig version="1" mode="Standard">
 <signals><signal name="top/clk"/><signal name="group_0[1:0]"><signal name="top/clk"/><signal name="top/k[1]"/>
 </signal></signals></core></jexconfig>)";
 const char liteFile[] = R"(<jexconfig version="1" mode="Lite"><core number="0" clock="top/clk">
-<signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core></jexconfig>)";
+<signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core>
+<core number="3" clock="top/clk"><signals><signal name="top/gone"/></signals></core></jexconfig>)";
 
 } // namespace
 
@@ -59,8 +60,10 @@ private Q_SLOTS:
                             "-> treeWidgetCapSigs: top/k[1]"});
         QTest::newRow("Lite") << QByteArray(liteFile)
                               << QStringList(
-                                     "f.zub: Core 0: capture signal top/k[1] is missing in the design "
-                                     "-> treeWidgetSignal: top/k[1]");
+                                     {"f.zub: Core 0: capture signal top/k[1] is missing in the design "
+                                      "-> treeWidgetSignal: top/k[1]",
+                                      "f.zub: Core 1: capture signal top/gone is missing in the design "
+                                      "-> treeWidgetSignal: top/gone"});
     }
     void listsAndShows()
     {
