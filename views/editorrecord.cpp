@@ -7,6 +7,7 @@
 #include "host/modal.h"
 #include "model/jex/core.h"
 #include "model/quarry/rtlnetlist.h"
+#include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"
 #include "views/designreading.h"
@@ -83,6 +84,7 @@ bool EditorRecord::reloadFile()
 bool EditorRecord::saveFile()
 {
     qDebug("save jex");
+    finishRenaming();
     savePages();
     QString findings;
     if (!check(&findings)) {
@@ -105,8 +107,16 @@ bool EditorRecord::saveFile()
 
 void EditorRecord::closing(QCloseEvent *event)
 {
+    finishRenaming();
     const SaveAnswer answer = modified ? askSaveChanges(m_view, fileName) : DiscardChanges;
     event->setAccepted(answer == DiscardChanges || (answer == SaveChanges && saveFile()));
+}
+
+// A shortcut, or the cross of a tab, leaves the focus in the row that is being renamed.
+void EditorRecord::finishRenaming()
+{
+    for (signalTreeWidget *tree : m_view->findChildren<signalTreeWidget *>())
+        tree->finishEdit();
 }
 
 bool EditorRecord::refusesCore(int count)

@@ -87,6 +87,7 @@ private:
     virtual bool check(QString *errors) const = 0;
     virtual QString findingsText() const = 0; // above what the check found
 
+    void finishRenaming();
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void closeView();

@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QTextEdit>
 
+#include "signals/signaltreewidget.h"
 #include "tests/support/configtext.h"
 #include "tests/support/tablerow.h"
 #include "tests/views/shown.h"
@@ -207,6 +208,17 @@ private Q_SLOTS:
             QCOMPARE(driver.seen, said);
             QCOMPARE(m_work->read("a.zub") != before, row.written);
         }
+
+        // A name that is being typed is a change, too.
+        Shown shown(m_mode, config("a.zub"));
+        auto *tree = shown.view->findChild<RTLJEX::signalTreeWidget *>();
+        tree->setCurrentItem(tree->topLevelItem(0));
+        tree->onChangeName();
+        tree->findChild<QLineEdit *>()->setText("beat");
+        ModalDriver driver;
+        driver.press(ok);
+        QVERIFY(shown.view->close());
+        QVERIFY(m_work->read("a.zub").contains("\"beat\""));
     }
 
     // Editors and version control replace a file by a rename; each time is reported.
