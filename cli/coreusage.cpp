@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "model/jex/devicetable.h"
 #include "model/jex/jextool.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
@@ -60,15 +59,13 @@ CaptureUsage::CaptureUsage(const CoreRecord &core, const DEV::DeviceArg &device)
     for (const char *implementation : implementations) {
         const RTLJEX::CaptureUsage usage =
             RTLJEX::captureUsage(implementation, device, signalCount, depth, adjusted);
-        const MemoryShape shape = bestShape(implementation, *this, device);
         UsageRow row;
         row.implementation = implementation;
         row.isChosen = chosen == implementation;
         row.required = usage.required;
         row.available = usage.available;
-        row.formula = formulaText(shape, *this);
-        if (shape.depth)
-            row.shape = {{"depth", shape.depth}, {"width", shape.width}};
+        row.shape = bestShape(implementation, *this, device);
+        row.formula = formulaText(row.shape, *this);
         rows << row;
     }
 }

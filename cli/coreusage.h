@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/configuration.h"
-#include "cli/json.h"
 #include "host/devicearg.h"
+#include "model/jex/devicetable.h"
 
 namespace Cli {
 
@@ -15,7 +15,7 @@ struct UsageRow
     qint64 required = 0;
     int available = 0;
     QString formula;
-    Json shape; // of one memory; null for registers, and when nothing is stored
+    JEX_TOOL::MemoryShape shape = {0, 0}; // of one memory; {0, 0} for registers, and when nothing is stored
 
     bool fits() const { return required <= available; }
 };

@@ -3,6 +3,7 @@
 #include "cli/arguments.h"
 #include "cli/coreusage.h"
 #include "cli/design.h"
+#include "cli/json.h"
 #include "cli/table.h"
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
@@ -41,7 +42,8 @@ Json captureJson(const CaptureUsage &capture)
     Json list = Json::array();
     for (const UsageRow &row : capture.rows) {
         list.push_back(rowJson(row));
-        list.back()["shape"] = row.shape;
+        list.back()["shape"] =
+            row.shape.depth ? Json{{"depth", row.shape.depth}, {"width", row.shape.width}} : Json();
     }
     return {{"signals", capture.signalCount},
             {"depth", capture.depth},
