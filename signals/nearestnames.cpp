@@ -20,13 +20,19 @@ namespace {
 
 const size_t nameLimit = 3;
 
+// Buses of a width that may be offered on the strength of that alone.
+const size_t alikeLimit = 8;
+
+// Letters in a row that make two names similar: "framing_error", "frame_fault".
+const int runLimit = 4;
+
 // Work that looking for similar names may take: about a second, which only very many missing names in
 // a very large design come to. The same names elsewhere are found in any case.
 const int patience = 40 * 1000 * 1000;
 const int comparisonWork = 32;
 
-// The less, the better: whether it is of another instance, letters that differ, whether the width differs,
-// how far its path is, and the order of the design.
+// The less, the better: whether it is of another instance, letters that differ (another width weighs as half
+// of the name), whether the width differs, how far its path is, and the order of the design.
 typedef std::tuple<bool, int, bool, int, int> Rank;
 
 struct Candidate
@@ -45,8 +51,10 @@ struct Wanted
 {
     NetName name;
     const Hierachy *node = nullptr; // its instance, when the design still has it
-    std::vector<Candidate> best;    // sorted, at most nameLimit
-    int sameCount = 0;              // nets of the same short name elsewhere
+    std::vector<Candidate> best;    // sorted, at most `limit`
+    size_t limit = nameLimit;
+    std::vector<quint32> alike; // entries of the instance with the same width only, when no other will do
+    int sameCount = 0;          // nets of the same short name elsewhere
     QString same;
 };
 
@@ -70,6 +78,14 @@ quint64 lettersOf(const QChar *text, int length)
 int limitElsewhere(int length)
 {
     return qMin(length / 4, 3);
+}
+
+bool haveRunInCommon(const QString &a, const QString &b)
+{
+    for (int i = 0; i + runLimit <= a.size(); ++i)
+        if (b.contains(a.midRef(i, runLimit), Qt::CaseInsensitive))
+            return true;
+    return false;
 }
 
 bool isExcluded(const Hierachy *node, const RtlModule::Entry &entry)
@@ -115,6 +131,9 @@ public:
                 lookInside(wanted);
         for (const RtlModule *module : m_modules)
             lookElsewhere(*module);
+        for (Wanted &wanted : m_wanted)
+            if (wanted.sameCount != 1)
+                addAlike(wanted);
         QList<NearNames> result;
         for (const Wanted &wanted : m_wanted)
             result.append(resultOf(wanted));
@@ -157,7 +176,7 @@ private:
                                      node, number};
         const auto place = std::upper_bound(wanted.best.begin(), wanted.best.end(), candidate);
         wanted.best.insert(place, candidate);
-        if (wanted.best.size() > nameLimit)
+        if (wanted.best.size() > wanted.limit)
             wanted.best.pop_back();
     }
 
@@ -165,33 +184,45 @@ private:
     {
         const RtlModule &module = wanted.node->declarations();
         const QString base = wanted.name.base;
+        bool isSure = wanted.name.form == NetName::Plain;
         for (quint32 i = 0; i < module.entries().size(); ++i) {
             const RtlModule::Entry &entry = module.entries()[i];
             const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
-            const int longer = qMax(name.size(), base.size());
-            const bool holds =
-                qMin(name.size(), base.size()) >= 2 &&
-                (name.contains(base, Qt::CaseInsensitive) || base.contains(name, Qt::CaseInsensitive));
-            const int limit = holds ? longer : qMax(1, longer / 2);
+            const bool hasShape = wanted.name.hasShapeOf(entry) && !isExcluded(wanted.node, entry);
+            const int half = qMax(1, qMax(name.size(), base.size()) / 2);
+            const int limit = isSimilar(name, base) ? qMax(name.size(), base.size()) : half;
             const int distance = distanceOf(base, name, limit);
             if (distance <= limit)
-                add(wanted, false, distance, wanted.node, i, int(i));
+                add(wanted, false, distance + (hasShape ? 0 : half), wanted.node, i, int(i));
+            else if (hasShape && wanted.alike.size() <= alikeLimit)
+                wanted.alike.push_back(i);
+            isSure = isSure || (hasShape && distance <= half);
         }
-        if (wanted.best.empty() && wanted.name.isBus())
-            lookForWidth(wanted, module);
+        if (isSure || wanted.alike.size() > alikeLimit)
+            wanted.alike.clear();
     }
 
-    // A register that got quite another name: the buses of its width, where they are few.
-    static void lookForWidth(Wanted &wanted, const RtlModule &module)
+    // Whether one name holds the other, or they share a part.
+    bool isSimilar(const QString &a, const QString &b)
     {
-        std::vector<quint32> alike;
-        for (quint32 i = 0; i < module.entries().size(); ++i)
-            if (wanted.name.hasShapeOf(module.entries()[i]))
-                alike.push_back(i);
-        if (alike.size() > nameLimit)
-            return;
-        for (quint32 number : alike)
-            add(wanted, false, wanted.name.base.size(), wanted.node, number, int(number));
+        return qMin(a.size(), b.size()) >= 2 &&
+               (a.contains(b, Qt::CaseInsensitive) || b.contains(a, Qt::CaseInsensitive) ||
+                (spend(comparisonWork) && haveRunInCommon(a, b)));
+    }
+
+    // A register that got quite another name: all buses of its width, where they are few.
+    static void addAlike(Wanted &wanted)
+    {
+        const auto isInside = [](const Candidate &candidate) { return !std::get<0>(candidate.rank); };
+        const auto near = std::count_if(wanted.best.begin(), wanted.best.end(), isInside);
+        wanted.limit = qMax(nameLimit, size_t(near) + wanted.alike.size());
+        for (quint32 number : wanted.alike) {
+            const RtlModule &module = wanted.node->declarations();
+            const RtlModule::Entry &entry = module.entries()[number];
+            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const int distance = editDistance(wanted.name.base, name, name.size() + wanted.name.base.size());
+            add(wanted, false, distance, wanted.node, number, int(number));
+        }
     }
 
     void lookElsewhere(const RtlModule &module)
@@ -259,7 +290,7 @@ private:
         for (const Candidate &candidate : wanted.best) {
             const QString name =
                 wanted.name.in(*candidate.node, candidate.node->declarations().entries()[candidate.entry]);
-            if (name != result.moved && result.names.size() < int(nameLimit))
+            if (name != result.moved && result.names.size() < int(wanted.limit))
                 result.names.append(name);
         }
         return result;

@@ -78,6 +78,14 @@ void StaleReportTest::signalsOfACore_data()
     QTest::newRow("renamed, only the width tells")
         << "top/u_tx/mode[2:0] bus"
         << "top/u_tx/mode[2:0] is missing in the design; nearest: top/u_tx/phase[2:0]";
+    QTest::newRow("another width is further away, and a bit has the buses that hold it")
+        << "top/u_rx/state_count[7:0] bus\ntop/u_rx/abcdefgh[6] bus"
+        << "top/u_rx/state_count[7:0] is missing in the design; nearest: top/u_rx/count_q[7:0], "
+           "top/u_rx/state[2:0]\n"
+           "top/u_rx/abcdefgh[6] is missing in the design; nearest: top/u_rx/count_q[6]";
+    QTest::newRow("four letters in common")
+        << "top/u_other/sharp_edges_on net"
+        << "top/u_other/sharp_edges_on is missing in the design; nearest: top/u_other/shared";
     QTest::newRow("same instance first, then near names elsewhere")
         << "top/u_rx/count[7:0] bus"
         << "top/u_rx/count[7:0] is missing in the design; nearest: top/u_rx/count_q[7:0]";
@@ -88,8 +96,7 @@ void StaleReportTest::signalsOfACore_data()
                                      << "top/u_tx/qqqqqqqq is missing in the design";
     QTest::newRow("moved") << "top/u_old/unique net\ntop/u_rx/moved[7:0] bus\ntop/u_rx/moved[1] bus"
                            << "top/u_old/unique moved, it is now top/u_other/unique\n"
-                              "top/u_rx/moved[7:0] moved, it is now top/u_other/moved[7:0]; nearest: "
-                              "top/u_rx/count_q[7:0]\n"
+                              "top/u_rx/moved[7:0] moved, it is now top/u_other/moved[7:0]\n"
                               "top/u_rx/moved[1] moved, it is now top/u_other/moved[1]";
     QTest::newRow("two places that it may have moved to, the nearer first")
         << "top/u_txx/shared net"
