@@ -3,7 +3,7 @@
 #include <QHash>
 
 #include <algorithm>
-#include <vector>
+#include <iterator>
 
 #include "cli/rowpairs.h"
 #include "model/jex/zubfields.h"
@@ -25,6 +25,14 @@ QList<Setting> unitSettings(const JEX::MatchUnit &unit)
             {"upperValue", shown(unit.upperValue)}};
 }
 
+bool areCapturedRows(const CoreRecord &core)
+{
+    QList<JEX::SignalItem> captured;
+    std::copy_if(core.signalRows->begin(), core.signalRows->end(), std::back_inserter(captured),
+                 [](const JEX::SignalItem &item) { return item.capEnable; });
+    return captured == *core.enabledRows;
+}
+
 class Comparison
 {
 public:
@@ -35,19 +43,27 @@ public:
         if (older.mode() != newer.mode())
             add({}, "changed", "mode", shown(older.modeName()), shown(newer.modeName()));
         QHash<int, CoreRecord> before;
-        for (const CoreRecord &core : older.cores())
+        QStringList numbers, oldNumbers;
+        for (const CoreRecord &core : newer.cores())
+            numbers << QString::number(core.number);
+        for (const CoreRecord &core : older.cores()) {
             before.insert(core.number, core);
+            oldNumbers << QString::number(core.number);
+        }
+        for (const RowPair &pair : pairRows(oldNumbers, numbers)) {
+            if (pair.isMoved)
+                addCore(numbers.at(pair.to).toInt(), "moved", pair.from + 1, pair.to + 1);
+        }
         for (const CoreRecord &core : newer.cores()) {
             m_core = core.number;
             if (before.contains(core.number))
                 compareCores(before.take(core.number), core);
             else
-                add({}, "added", "core", nullptr, core.signalRows->size());
+                addCore(core.number, "added", nullptr, core.signalRows->size());
         }
         for (const CoreRecord &core : older.cores()) {
-            m_core = core.number;
             if (before.contains(core.number))
-                add({}, "removed", "core", core.signalRows->size(), nullptr);
+                addCore(core.number, "removed", core.signalRows->size(), nullptr);
         }
     }
 
@@ -57,12 +73,21 @@ private:
         found.append({m_core, place, what, name, from, to});
     }
 
+    void addCore(int number, const QString &what, const Json &from, const Json &to)
+    {
+        m_core = number;
+        add({}, what, "core", from, to);
+    }
+
     void compareCores(const CoreRecord &a, const CoreRecord &b)
     {
         compareSettings(QString(), a.settings, b.settings);
         if (a.standard && b.standard)
             compareTriggers(*a.standard, *b.standard);
         compareRows("capture", *a.signalRows, *b.signalRows);
+        // What is captured follows from the rows, in every file that an editor wrote.
+        if (!areCapturedRows(a) || !areCapturedRows(b))
+            compareRows("captured", *a.enabledRows, *b.enabledRows);
     }
 
     // What only one of two modes has is not worth a line beside the mode.
@@ -128,6 +153,10 @@ private:
             add(place + ' ' + b.name, "changed", "shown as", shown(a.alias), shown(b.alias));
         if (a.capEnable != b.capEnable)
             add(place + ' ' + b.name, "changed", "capture", a.capEnable, b.capEnable);
+        if (a.valid != b.valid)
+            add(place + ' ' + b.name, "changed", "valid", a.valid, b.valid);
+        if (a.auxFlag != b.auxFlag)
+            add(place + ' ' + b.name, "changed", "aux", a.auxFlag, b.auxFlag);
         if (a.type != b.type)
             add(place + ' ' + b.name, "changed", "type", shown(JEX::signalTypeRule.toText(a.type)),
                 shown(JEX::signalTypeRule.toText(b.type)));
@@ -159,8 +188,11 @@ QString differenceSentence(const Difference &difference)
 {
     const QString from = valueText(difference.from);
     const QString to = valueText(difference.to);
-    if (difference.name == "core" && difference.what != "changed")
+    const bool isCore = difference.name == "core" && difference.place.isEmpty();
+    if (isCore && difference.what != "moved")
         return QString("Core %1 was %2").arg(difference.core).arg(difference.what);
+    if (isCore)
+        return QString("Core %1 moved from place %2 to place %3").arg(difference.core).arg(from, to);
     QString text = difference.core < 0 ? QString("File: ") : QString("Core %1: ").arg(difference.core);
     if (!difference.place.isEmpty())
         text += difference.place + ": ";

@@ -41,17 +41,17 @@ Outcome rename(const QString &file, const Renaming &renaming, const QUARRY::RtlN
                Configuration &configuration)
 {
     Outcome outcome;
-    const int repeatedBefore = repeatedRows(configuration).size();
+    const int brokenBefore = brokenRows(configuration).size();
     outcome.changes = renaming.apply(configuration);
     outcome.findings = findingsOf(configuration, netlist);
     const QStringList lost = unbound(outcome);
-    const QStringList repeated = repeatedRows(configuration);
+    const QStringList broken = brokenRows(configuration);
     if (outcome.changes.isEmpty())
         outcome.refusal = "No signal of \"" + file + "\" has a name that begins so.";
     else if (!lost.isEmpty())
         outcome.refusal = "The design does not have " + lost.join(", ") + " so.";
-    else if (repeated.size() > repeatedBefore)
-        outcome.refusal = "A list would hold " + repeated.last() + " twice.";
+    else if (broken.size() > brokenBefore)
+        outcome.refusal = broken.last();
     return outcome;
 }
 

@@ -76,13 +76,19 @@ private:
     QSet<QString> m_seen;
 };
 
-void addRepeated(const QList<JEX::SignalItem> &rows, QStringList &repeated)
+void addBroken(const QList<JEX::SignalItem> &rows, QStringList &broken)
 {
     QSet<QString> seen;
     for (const JEX::SignalItem &item : rows) {
         if (seen.contains(item.name))
-            repeated << item.name;
+            broken << "A list would hold " + item.name + " twice.";
         seen.insert(item.name);
+        addBroken(item.members, broken);
+        const QString base = RTLJEX::NetName(item.name).fullBase();
+        for (const JEX::SignalItem &member : item.members) {
+            if (item.type == 1 && RTLJEX::NetName(member.name).fullBase() != base)
+                broken << "The bus " + item.name + " would hold " + member.name + '.';
+        }
     }
 }
 
@@ -138,17 +144,17 @@ Pairs Renaming::apply(Configuration &configuration) const
     return walk.changes;
 }
 
-QStringList repeatedRows(const Configuration &configuration)
+QStringList brokenRows(const Configuration &configuration)
 {
-    QStringList repeated;
+    QStringList broken;
     for (const CoreRecord &core : configuration.cores()) {
-        addRepeated(*core.signalRows, repeated);
+        addBroken(*core.signalRows, broken);
         if (core.standard) {
             for (const JEX::TriggerPort *port : core.standard->triggerPorts)
-                addRepeated(port->signalItems, repeated);
+                addBroken(port->signalItems, broken);
         }
     }
-    return repeated;
+    return broken;
 }
 
 } // namespace Cli

@@ -29,7 +29,8 @@ private:
     QString m_to;
 };
 
-// Names that stand twice in a list of rows, which no editor lets happen.
-QStringList repeatedRows(const Configuration &configuration);
+// What no editor lets happen, a sentence for each: names that stand twice in a list, and buses with bits of
+// another name.
+QStringList brokenRows(const Configuration &configuration);
 
 } // namespace Cli
