@@ -2,6 +2,10 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
+#include "host/designmanager.h"
 #include "host/project.h"
 
 namespace Cli {
@@ -10,7 +14,12 @@ namespace {
 
 bool isProjectFile(const QString &path)
 {
-    return QFileInfo(path).suffix() == Core::projectFileSuffix();
+    return QFileInfo(path).suffix().toLower() == Core::projectFileSuffix();
+}
+
+bool isOfDesign(const QString &path)
+{
+    return TE::isDesignFileType(TE::fileTypeFromName(path));
 }
 
 } // namespace
@@ -57,17 +66,24 @@ ExitCode Arguments::refuse(const QString &sentence) const
 bool Arguments::accept(const CommandLine::DesignOptions &options)
 {
     DEV::DeviceArg device;
-    const QString project = parser.value("project");
+    QStringList projects = parser.values("project");
     if (!options.device.isEmpty() && !CommandLine::findDevice(options.device, device)) {
         m_result =
             refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
         return false;
     }
-    if (parser.isSet("project") && !isProjectFile(project)) {
-        m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");
-        return false;
+    for (const QString &project : qAsConst(projects)) {
+        if (!isProjectFile(project)) {
+            m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");
+            return false;
+        }
     }
-    return true;
+    const QStringList words = files();
+    std::copy_if(words.begin(), words.end(), std::back_inserter(projects), isProjectFile);
+    if (projects.size() > 1)
+        m_result =
+            refuse("There can be one project: \"" + projects.first() + "\" or \"" + projects.at(1) + "\".");
+    return projects.size() < 2;
 }
 
 bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
@@ -84,7 +100,10 @@ bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions 
         m_result = CouldNotRun;
         return false;
     }
-    return true;
+    const auto odd = std::find_if_not(options.sources.begin(), options.sources.end(), isOfDesign);
+    if (odd != options.sources.end())
+        m_result = refuse("\"" + *odd + "\" is no HDL file. A list of sources follows -f.");
+    return odd == options.sources.end();
 }
 
 } // namespace Cli

@@ -28,7 +28,7 @@ public:
 
     QStringList files() const { return parser.positionalArguments(); }
     bool json() const { return parser.isSet("json"); }
-    // Whether the device is known and the project may be one; false after a refusal.
+    // Whether the device is known and at most one project is named; false after a refusal.
     bool accept(const CommandLine::DesignOptions &options);
     // What the options and these files name; false after a refusal.
     bool readDesign(const QStringList &files, CommandLine::DesignOptions &options);

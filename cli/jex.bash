@@ -5,16 +5,18 @@ _jex() {
   local IFS=$'\n'
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    COMPREPLY=($(compgen -W "$(jex --help | sed -n 's/^  \([a-z]*\)  *.*/\1/p')" -- "$word"))
+    COMPREPLY=($(compgen -W "$(jex --help | sed -n 's/^  \([a-z]*\)  *.*/\1/p')"$'\n--help\n--version' -- "$word"))
     return
   fi
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
+    -I | -y) COMPREPLY=($(compgen -d -- "$word")) ;;
+    --top | --in | --from | --to | -D) ;; # names in the design are not looked up here
     *)
       case $word in
-        -*) COMPREPLY=($(compgen -W "$(jex "$command" --help | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
+        -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
         *)
           local files='!*.@(zub|jexprj|v|vh|sv|svh|vhd|vhdl|f)'
           case $command in show | fmt | usage | diff) files='!*.zub' ;; esac

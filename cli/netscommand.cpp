@@ -15,7 +15,7 @@ bool splitWords(Arguments &arguments, QStringList &files, RTLJEX::SearchOptions 
 {
     bool hasPattern = false;
     for (const QString &word : arguments.files()) {
-        const bool isProject = word.endsWith(QString(".") + Core::projectFileSuffix());
+        const bool isProject = word.endsWith(QString(".") + Core::projectFileSuffix(), Qt::CaseInsensitive);
         if (isProject || TE::isDesignFileType(TE::fileTypeFromName(word))) {
             files << word;
         } else if (hasPattern) {
@@ -103,7 +103,8 @@ ExitCode nets(const QStringList &words, Output &out)
         "listed. DESIGN is a project, or HDL files and the options below. 1 when nothing was found.");
     arguments.parser.addPositionalArgument("PATTERN", "What to look for; HDL files of the design.");
     arguments.parser.addOptions({
-        {"wildcard", "PATTERN is the whole name with * ? and [sets]; \\[ is the bracket itself."},
+        {"wildcard",
+         "PATTERN is the whole name with * ? and [sets]; \\[ and \\] are the brackets themselves."},
         {"regex", "PATTERN is a regular expression for the whole name."},
         {"case", "Tell upper from lower case."},
         {"in", "Search the nets of this instance only, \"top/u0\".", "INSTANCE"},
@@ -124,13 +125,14 @@ ExitCode nets(const QStringList &words, Output &out)
     if (!CommandLine::namesProject(options))
         return arguments.refuse("Name the design, with --project or by its HDL files.");
     const QString instance = arguments.parser.value("in");
+    const bool isWhole = !arguments.parser.isSet("in");
     Design design;
     if (!design.open(options) || !design.elaborate())
         return CouldNotRun;
     QUARRY::Hierachy *top = design.netlist()->topHierarchy;
     search.searchInModule = true;
-    search.module = instance.isEmpty() ? top : findInstance(top, instance);
-    search.includeSubentries = instance.isEmpty() || arguments.parser.isSet("recursive");
+    search.module = isWhole ? top : findInstance(top, instance);
+    search.includeSubentries = isWhole || arguments.parser.isSet("recursive");
     if (!search.module) {
         say("jex nets: The design has no instance \"" + instance +
             "\"; jex nets --tree shows those that it has.");

@@ -41,7 +41,7 @@ void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &
 
 void printSignals(const QString &title, const QList<JEX::SignalItem> &items, Output &out)
 {
-    out.line(QString("\n  %1: %2 rows, %3 bits").arg(title).arg(items.size()).arg(bitsOf(items)));
+    out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(bitsOf(items)));
     if (items.isEmpty())
         return;
     Table table;
@@ -93,7 +93,7 @@ void printCore(const CoreRecord &core, Output &out)
     int captured = 0;
     for (const JEX::SignalItem &item : *core.signalRows)
         captured += RTLJEX::captureBits(item);
-    printSignals(QString("Capture signals (%1 bits captured)").arg(captured), *core.signalRows, out);
+    printSignals(QString("Capture signals, bits captured: %1").arg(captured), *core.signalRows, out);
 }
 
 Json signalsJson(const QList<JEX::SignalItem> &items)

@@ -128,10 +128,12 @@ Json deviceJson(const DEV::DeviceArg &device)
 ExitCode usage(const QStringList &words, Output &out)
 {
     Arguments arguments(
-        "usage", "FILE --device DEVICE",
+        "usage", "FILE [--device DEVICE | --project PROJECT]",
         "Prints what the capture and the static trigger of each core of a configuration (.zub) need of a\n"
         "device, for each implementation: memories or registers required, available, and the formula with\n"
-        "its inputs. What the core has chosen is marked; 1 when that needs more than the device has.");
+        "its inputs. What the core has chosen is marked; 1 when that needs more than the device has. Without "
+        "an\n"
+        "option the device is that of the only project in the folder of the configuration.");
     arguments.parser.addPositionalArgument("FILE", "The configuration.");
     arguments.parser.addOptions({
         {"device", "The device, by its part number or name; see jex devices.", "DEVICE"},
@@ -147,6 +149,8 @@ ExitCode usage(const QStringList &words, Output &out)
     options.device = arguments.parser.value("device");
     if (!arguments.accept(options))
         return arguments.result();
+    if (options.projectFile.isEmpty() && options.device.isEmpty())
+        options.projectFile = CommandLine::projectBeside(arguments.files().first());
     Configuration configuration;
     Design design; // the formulas ask the open project for its device
     QString error;
@@ -154,7 +158,7 @@ ExitCode usage(const QStringList &words, Output &out)
         return CouldNotRun;
     const DEV::DeviceArg device = deviceOf(design);
     if (device.device.isEmpty())
-        return arguments.refuse("Name the device with --device.");
+        return arguments.refuse("Name the device with --device, or with --project a project that has one.");
     if (!JEX_TOOL::findDevice(device.series, device.device)) {
         say("jex usage: The device \"" + device.device +
             "\" of the project is not known. Name one that jex devices lists with --device.");

@@ -37,6 +37,19 @@ void addSources(const DesignOptions &options, Core::ProjectData &data)
     }
 }
 
+// False, with a sentence for each that is not there.
+bool areFolders(const QStringList &paths, QStringList &messages)
+{
+    bool good = true;
+    for (const QString &path : paths) {
+        if (QFileInfo(path).isDir())
+            continue;
+        messages << "There is no folder \"" + path + "\".";
+        good = false;
+    }
+    return good;
+}
+
 } // namespace
 
 void declareDesignOptions(QCommandLineParser &parser)
@@ -129,7 +142,7 @@ bool fillProject(const DesignOptions &options, Core::Project &project, QStringLi
     }
     Core::ProjectData data = project.data();
     addSources(options, data);
-    bool good = true;
+    bool good = areFolders(options.includePaths + options.libraryPaths, messages);
     for (const QString &list : options.fileLists)
         good = Core::readFileList(list, QDir::currentPath(), data, messages) && good;
     for (const QString &list : options.ownFileLists)

@@ -155,8 +155,10 @@ public:
         if (m_open.contains(list))
             fail(namedAt, QString::fromLatin1("the list \"%1\" reads itself.").arg(list));
         else if (!file.open(QIODevice::ReadOnly))
-            fail(namedAt, QString::fromLatin1("the list \"%1\" can not be read (%2).")
-                              .arg(QDir::toNativeSeparators(listPath), file.errorString()));
+            fail(namedAt, QLatin1String(namedAt.isEmpty() ? "The" : "the") +
+                              QString::fromLatin1(" list \"%1\" can not be read (%2). Check its name, and "
+                                                  "that you may read it.")
+                                  .arg(QDir::toNativeSeparators(listPath), file.errorString()));
         else
             readWords(QString::fromUtf8(file.readAll()).remove(QLatin1Char('\r')), list, folder);
         return !m_failed;

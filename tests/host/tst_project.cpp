@@ -241,7 +241,9 @@ private Q_SLOTS:
         row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
         row("a.v -y", "", "%1:1: \"-y\" names nothing.");
         row("\n-f list.f", "", "%1:2: the list \"%1\" reads itself.");
-        row("-f none.f", "", "%1:1: the list \"%2/none.f\" can not be read (No such file or directory).");
+        row("-f none.f", "",
+            "%1:1: the list \"%2/none.f\" can not be read (No such file or directory). Check its name, and "
+            "that you may read it.");
         row("a.v\n\"b.sv", "", "%1:2: these quotes do not end.");
         row("a.v\n/* b", "", "%1:2: this comment does not end.");
         row("$JEX_NOT_SET/a.v", "", "%1:1: the environment variable \"JEX_NOT_SET\" is not set.");
