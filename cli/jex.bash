@@ -4,7 +4,7 @@ _jex() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
   local IFS=$'\n'
   COMPREPLY=()
-  if [ "$COMP_CWORD" -eq 1 ]; then
+  if [ "$COMP_CWORD" -eq 1 ] || [ "$command" = help ]; then
     COMPREPLY=($(compgen -W "$(jex --help | sed -n 's/^  \([a-z]*\)  *.*/\1/p')"$'\n--help\n--version' -- "$word"))
     return
   fi
