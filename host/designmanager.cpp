@@ -1,7 +1,6 @@
 #include "host/designmanager.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
 #include <QSet>
@@ -144,10 +143,10 @@ void DesignManager::updateWatchedFiles()
 }
 
 // A file that is replaced by renaming is reported once and then forgotten by the watcher, and one that is
-// not there can not be watched at all.
+// not there or can not be read can not be watched at all.
 void DesignManager::watch(const QString &path)
 {
-    if (QFile::exists(path))
+    if (QFileInfo(path).isReadable())
         m_watcher->addPath(path);
     else if (!m_missing.contains(path))
         m_missing.append(path);
@@ -169,7 +168,7 @@ void DesignManager::lookForMissingFiles()
     const QStringList missing = m_missing;
     m_missing.clear();
     for (const QString &path : missing) {
-        if (QFile::exists(path))
+        if (QFileInfo(path).isReadable())
             onFileChanged(path);
         else
             m_missing.append(path);

@@ -78,7 +78,7 @@ private:
 
     QFileSystemWatcher *m_watcher;
     QTimer *m_postTimer;
-    QTimer *m_missingTimer; // runs while a design file is not there
+    QTimer *m_missingTimer; // runs while a design file can not be watched
     QStringList m_changed;  // to be posted, in order of change
     QStringList m_missing;
 };
