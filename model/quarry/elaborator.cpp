@@ -47,7 +47,7 @@ Elaborator::Elaborator(const DesignInput &input, ElaborationProgress *progress)
 
 std::unique_ptr<Elaboration> Elaborator::run()
 {
-    if (checkSources() && readVhdl() && readDesign())
+    if (checkSources() && readVhdl() && readDesign() && waitForVhdl())
         finish();
     return std::move(m_result);
 }
@@ -101,6 +101,12 @@ bool Elaborator::readDesign()
     }
     addError(QLatin1String("The design could not be read: its missing modules could not be replaced."));
     return false;
+}
+
+bool Elaborator::waitForVhdl()
+{
+    m_result->lists.cancelled = m_vhdl && !m_vhdl->finishTree(m_progress);
+    return !m_result->lists.cancelled;
 }
 
 Elaborator::Verdict Elaborator::judge(const ToolResult &result)
@@ -222,6 +228,8 @@ void Elaborator::finish()
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
+        options.vhdlTree = m_vhdl->treeFile();
+        options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             options.moduleNames.insert(top, m_input.top);

@@ -42,6 +42,7 @@ private:
     bool checkSources();
     bool readVhdl();
     bool readDesign();
+    bool waitForVhdl();
     Verdict judge(const ToolResult &result);
     Verdict repair(const QList<ToolMessage> &errors);
     Verdict provide(const QStringList &missing);

@@ -19,10 +19,11 @@ struct ReadOptions
     QSet<QString> generated;  // files that a tool wrote (VHDL turned into Verilog): their line numbers
                               // mean nothing to the user
     QString workingDir;       // relative file names in the XML are taken from here
-    QMap<QString, QString> fileNames;   // a file as Verilator saw it -> the user's own, absolute
+    QMap<QString, QString> fileNames;   // a file as a tool saw it -> the user's own, absolute
     QMap<QString, QString> moduleNames; // a module that a tool named -> the name that the user gave it
     QMap<QString, QString> vhdlScopes;  // a VHDL entity in small letters -> GHDL's waveform file of it (see
                                         // readVhdlScopes); without one its module is shown as GHDL made it
+    QString vhdlTree;                   // where VHDL declares its signals (see VhdlPlaceTable); may be empty
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it.

@@ -67,7 +67,8 @@ bool NetlistTree::open(Instance &instance, VerilatorModule &module, TiedNets tie
 bool NetlistTree::add(Hierachy *parent, const QString &name, VerilatorModule &module, TiedNets tiedPorts)
 {
     if (const VhdlScope *scope = m_design.vhdlScope(module))
-        return addEntity(parent, name, *scope, module, std::move(tiedPorts));
+        return addEntity(parent, name, {*scope, m_design.vhdlPlaces(module, QString()), QString()}, module,
+                         std::move(tiedPorts));
     Instance instance;
     if (!open(instance, module, std::move(tiedPorts)))
         return false;
@@ -116,16 +117,16 @@ bool NetlistTree::addInstances(const Instance &instance, const VerilatorScope &s
     return true;
 }
 
-bool NetlistTree::addEntity(Hierachy *parent, const QString &name, const VhdlScope &scope,
+bool NetlistTree::addEntity(Hierachy *parent, const QString &name, const Block &block,
                             VerilatorModule &module, TiedNets tiedPorts)
 {
     Instance instance;
     if (!open(instance, module, std::move(tiedPorts)))
         return false;
     Entity entity = {instance, VhdlBody(module), {}};
-    Hierachy *node = addVhdlScope(entity, scope, QString(), parent, name, module.name);
+    Hierachy *node = addVhdlScope(entity, block, parent, name, module.name);
     module.isOpen = true;
-    bool done = addVhdlChildren(entity, scope, QString(), node);
+    bool done = addVhdlChildren(entity, block, node);
     for (const VerilatorChild &child : module.body->children)
         if (done && !entity.placed.contains(&child))
             done = addInstances(instance, *module.body, child, node);
@@ -137,7 +138,8 @@ int NetlistTree::moduleNumber(const ModuleDecl &decl)
 {
     QString key = decl.name;
     for (const NetDecl &net : decl.nets) {
-        key += QLatin1Char('\n') + net.name;
+        key += QLatin1Char('\n') + net.name + QLatin1Char('\n') + net.info.file + QLatin1Char(' ') +
+               QString::number(net.info.line) + QLatin1Char(' ') + net.info.type;
         if (net.isBus)
             key +=
                 QLatin1Char(' ') + QString::number(net.left) + QLatin1Char(' ') + QString::number(net.right);
@@ -148,10 +150,10 @@ int NetlistTree::moduleNumber(const ModuleDecl &decl)
     return known.value();
 }
 
-Hierachy *NetlistTree::addVhdlScope(const Entity &entity, const VhdlScope &scope, const QString &prefix,
-                                    Hierachy *parent, const QString &name, const QString &moduleName)
+Hierachy *NetlistTree::addVhdlScope(const Entity &entity, const Block &block, Hierachy *parent,
+                                    const QString &name, const QString &moduleName)
 {
-    const VhdlBody::Signals found = entity.body.declared(scope, prefix, moduleName);
+    const VhdlBody::Signals found = entity.body.declared(block.scope, block.places, block.prefix, moduleName);
     Hierachy *node = addNode(parent, name, moduleNumber(found.decl));
     for (size_t i = 0; i < found.nets.size(); ++i) {
         if (!parent && found.nets[i] >= 0 && entity.instance.module->nets[size_t(found.nets[i])].isInout)
@@ -169,13 +171,12 @@ Hierachy *NetlistTree::addVhdlScope(const Entity &entity, const VhdlScope &scope
     return node;
 }
 
-bool NetlistTree::addVhdlChildren(Entity &entity, const VhdlScope &scope, const QString &prefix,
-                                  Hierachy *node)
+bool NetlistTree::addVhdlChildren(Entity &entity, const Block &block, Hierachy *node)
 {
     const Instance &instance = entity.instance;
-    const std::vector<QString> keys = entity.body.childKeys(scope, prefix);
+    const std::vector<QString> keys = entity.body.childKeys(block.scope, block.prefix);
     for (size_t i = 0; i < keys.size(); ++i) {
-        const VhdlScope &child = *scope.children[i];
+        const VhdlScope &child = *block.scope.children[i];
         const VerilatorChild *cell = entity.body.instance(keys[i]);
         bool done = true;
         if (cell) {
@@ -183,12 +184,16 @@ bool NetlistTree::addVhdlChildren(Entity &entity, const VhdlScope &scope, const 
             entity.placed.insert(cell);
             TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
             const bool isEntity = m_design.isGenerated(module) && !module.isBlackBox && !child.isEmpty();
-            done = isEntity ? addEntity(node, child.shownName(), child, module, std::move(tied))
+            const QString architecture =
+                block.places ? block.places->architectures.value(child.label().toLower()) : QString();
+            const Block whole = {child, m_design.vhdlPlaces(module, architecture), QString()};
+            done = isEntity ? addEntity(node, child.shownName(), whole, module, std::move(tied))
                             : add(node, child.shownName(), module, std::move(tied));
         } else if (!child.isEmpty()) {
-            const QString inner = keys[i] + QLatin1Char('_');
-            Hierachy *block = addVhdlScope(entity, child, inner, node, child.shownName(), child.label());
-            done = addVhdlChildren(entity, child, inner, block);
+            const Block inner = {child, block.places ? block.places->below(child.label()) : nullptr,
+                                 keys[i] + QLatin1Char('_')};
+            Hierachy *below = addVhdlScope(entity, inner, node, child.shownName(), child.label());
+            done = addVhdlChildren(entity, inner, below);
         }
         if (!done)
             return false;

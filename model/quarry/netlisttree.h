@@ -36,6 +36,13 @@ private:
         VhdlBody body;
         QSet<const VerilatorChild *> placed; // instances that a VHDL scope showed
     };
+    // The entity itself, a block of it or a round of a loop.
+    struct Block
+    {
+        const VhdlScope &scope;
+        const VhdlPlaces *places; // null: unknown
+        QString prefix;           // see VhdlBody
+    };
 
     bool open(Instance &instance, VerilatorModule &module, TiedNets tiedPorts);
     int moduleNumber(const ModuleDecl &decl);
@@ -44,11 +51,11 @@ private:
     bool addChildren(Instance &instance, const VerilatorScope &scope, Hierachy *node);
     bool addInstances(const Instance &instance, const VerilatorScope &scope, const VerilatorChild &child,
                       Hierachy *parent);
-    bool addEntity(Hierachy *parent, const QString &name, const VhdlScope &scope, VerilatorModule &module,
+    bool addEntity(Hierachy *parent, const QString &name, const Block &block, VerilatorModule &module,
                    TiedNets tiedPorts);
-    Hierachy *addVhdlScope(const Entity &entity, const VhdlScope &scope, const QString &prefix,
-                           Hierachy *parent, const QString &name, const QString &moduleName);
-    bool addVhdlChildren(Entity &entity, const VhdlScope &scope, const QString &prefix, Hierachy *node);
+    Hierachy *addVhdlScope(const Entity &entity, const Block &block, Hierachy *parent, const QString &name,
+                           const QString &moduleName);
+    bool addVhdlChildren(Entity &entity, const Block &block, Hierachy *node);
     TiedNets tiedPorts(const Instance &instance, const VerilatorScope &scope, const VerilatorChild &child,
                        const VerilatorModule &module, int fromRight, int count) const;
     void exclude(Hierachy *node, int position, const VerilatorNet &shape, const TiedBits &bits);

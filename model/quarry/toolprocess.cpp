@@ -133,6 +133,8 @@ ToolResult runTool(const ToolCall &call, ElaborationProgress *progress)
     process.setWorkingDirectory(call.workingDir);
     if (!call.outputFile.isEmpty())
         process.setStandardOutputFile(call.outputFile);
+    if (!call.errorFile.isEmpty())
+        process.setStandardErrorFile(call.errorFile);
     process.start(call.program, call.arguments, QIODevice::ReadOnly);
     if (!process.waitForStarted(-1)) {
         result.outcome = ToolResult::Missing;

@@ -17,6 +17,7 @@ struct ToolCall
     QString environment; // NAME=VALUE added to the tool's environment; may be empty
     QString workingDir;  // must exist
     QString outputFile;  // takes the standard output instead of ToolResult::output; may be empty
+    QString errorFile;   // likewise for the standard error
     QStringList arguments;
     int seconds = 0; // that it may take at most; 0: toolTimeLimit()
 };

@@ -102,6 +102,8 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     }
     addFiles(m_document.child("verilator_xml").child("files"));
     m_types.reset(new VerilatorTypes(netlist.child("typetable")));
+    if (!m_options.vhdlTree.isEmpty())
+        m_vhdlPlaces.read(m_options.vhdlTree, m_options.fileNames);
     for (const pugi::xml_node &node : netlist.children())
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);
@@ -180,6 +182,12 @@ const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
     if (known != m_vhdlScopes.end())
         return known->second.get();
     return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
+}
+
+const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
+                                              const QString &architecture) const
+{
+    return isGenerated(module) ? m_vhdlPlaces.of(module.name, architecture) : nullptr;
 }
 
 const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
@@ -298,9 +306,12 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     decl.left = type.left;
     decl.right = type.right;
     const File &file = fileOf(var);
-    decl.info.file = file.name;
-    if (file.isGenerated)
+    if (file.isGenerated) {
+        if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+            decl.info = places->place(decl.name);
         return decl;
+    }
+    decl.info.file = file.name;
     decl.info.line = Location(var).line;
     const QString words = m_types->declaredText(var);
     decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));

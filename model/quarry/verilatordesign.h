@@ -3,6 +3,7 @@
 #include "model/quarry/netlistreader.h"
 #include "model/quarry/verilatormodule.h"
 #include "model/quarry/verilatortypes.h"
+#include "model/quarry/vhdlplaces.h"
 #include "model/quarry/vhdlscopes.h"
 
 #include <QByteArray>
@@ -28,6 +29,8 @@ public:
     const VerilatorScope &body(VerilatorModule &module);
     // What the VHDL of the entity declares that the module was made of; null when that is not known.
     const VhdlScope *vhdlScope(const VerilatorModule &module);
+    // Where the entity's sources declare all that; null when that is not known.
+    const VhdlPlaces *vhdlPlaces(const VerilatorModule &module, const QString &architecture) const;
     bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
     const VerilatorTypes &types() const { return *m_types; }
 
@@ -66,6 +69,7 @@ private:
     std::vector<std::unique_ptr<VerilatorModule>> m_modules;
     std::unordered_map<std::string, VerilatorModule *> m_byName;
     std::unordered_map<const VerilatorModule *, std::unique_ptr<VhdlScope>> m_vhdlScopes;
+    VhdlPlaceTable m_vhdlPlaces;
     QSet<QString> m_outputWires;         // of the module being read
     QHash<QString, QString> m_typeTexts; // one copy of each text for all declarations
 };

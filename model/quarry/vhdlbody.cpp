@@ -39,14 +39,16 @@ const VerilatorChild *VhdlBody::instance(const QString &key) const
     return m_instances.value(key);
 }
 
-VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const QString &prefix, const QString &name) const
+VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *places, const QString &prefix,
+                                     const QString &name) const
 {
     Signals result;
     result.decl.name = name;
     for (const VhdlSignal &signal : scope.signalList) {
+        const Declaration place = places ? places->place(signal.name) : Declaration();
         const int number = m_nets.value(prefix + signal.name.toLower(), -1);
         if (number < 0 && !signal.hasShape) {
-            addRecordPort(signal.name, result);
+            addRecordPort(signal.name, place, result);
             continue;
         }
         // Verilog may know a port in a spelling of its own.
@@ -61,14 +63,17 @@ VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const QString &pref
             const VerilatorNet &net = m_module.nets[size_t(number)];
             result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
         }
+        result.decl.nets.last().info = place;
         result.nets.push_back(number);
     }
     return result;
 }
 
-// A port "r" of a record type has become one port for each element, "r_valid" and so on.
-void VhdlBody::addRecordPort(const QString &name, Signals &result) const
+// A port "r" of a record type has become one port for each element, "r_valid" and so on, whose types the
+// declaration of the port does not say.
+void VhdlBody::addRecordPort(const QString &name, Declaration place, Signals &result) const
 {
+    place.type.clear();
     const QString prefix = name.toLower() + QLatin1Char('_');
     for (size_t i = 0; i < m_module.nets.size(); ++i) {
         const VerilatorNet &net = m_module.nets[i];
@@ -77,6 +82,7 @@ void VhdlBody::addRecordPort(const QString &name, Signals &result) const
             continue;
         const QString shown = name + QLatin1Char('.') + element.mid(prefix.size());
         result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+        result.decl.nets.last().info = place;
         result.nets.push_back(int(i));
     }
 }

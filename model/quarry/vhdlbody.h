@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/quarry/verilatormodule.h"
+#include "model/quarry/vhdlplaces.h"
 #include "model/quarry/vhdlscopes.h"
 
 #include <QHash>
@@ -20,15 +21,17 @@ public:
         std::vector<int> nets; // for each, the number of the net of the module; -1: GHDL dropped it
     };
 
-    // What a scope declares. A signal of unknown shape that the module has not is left out.
-    Signals declared(const VhdlScope &scope, const QString &prefix, const QString &name) const;
+    // What a scope declares, and where when `places` is not null. A signal of unknown shape that the module
+    // has not is left out.
+    Signals declared(const VhdlScope &scope, const VhdlPlaces *places, const QString &prefix,
+                     const QString &name) const;
     // What the children's names begin with in the module, in the order of the children.
     std::vector<QString> childKeys(const VhdlScope &scope, const QString &prefix) const;
     const VerilatorChild *instance(const QString &key) const; // null: no instance of that name
 
 private:
     int known(const VhdlScope &scope, const QString &key) const;
-    void addRecordPort(const QString &name, Signals &result) const;
+    void addRecordPort(const QString &name, Declaration place, Signals &result) const;
 
     const VerilatorModule &m_module;
     QHash<QString, int> m_nets; // names in small letters: VHDL knows no case

@@ -94,12 +94,14 @@ bool VhdlPart::prepare(ElaborationProgress *progress)
     if (progress)
         progress->stage(QLatin1String("Reading ") + QString::number(m_files.size()) +
                         QLatin1String(m_files.size() == 1 ? " VHDL file" : " VHDL files"));
+    scanSources();
     // The project's own order first: it costs nothing when it is right.
-    if (!analyze(m_files, false, progress)) {
-        if (m_cancelled || !analyze(orderedByUse(m_files, VhdlSource), true, progress))
+    if (!analyze(false, progress)) {
+        m_files = orderedByUse(m_files, VhdlSource);
+        if (m_cancelled || !analyze(true, progress))
             return false;
     }
-    scanSources();
+    startTree();
     QStringList wanted = roots();
     if (!m_input.top.isEmpty()) {
         const QString top = m_input.top.toLower();
@@ -113,11 +115,25 @@ bool VhdlPart::prepare(ElaborationProgress *progress)
     return true;
 }
 
-bool VhdlPart::analyze(const QStringList &files, bool reportErrors, ElaborationProgress *progress)
+QString VhdlPart::handedOver(const QString &file) const
+{
+    return m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
+}
+
+QMap<QString, QString> VhdlPart::fileNames() const
+{
+    QMap<QString, QString> names;
+    for (const QString &file : m_files)
+        if (handedOver(file) != file)
+            names.insert(handedOver(file), file);
+    return names;
+}
+
+bool VhdlPart::analyze(bool reportErrors, ElaborationProgress *progress)
 {
     QStringList arguments(QLatin1String("-a"));
-    for (const QString &file : files)
-        arguments << m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
+    for (const QString &file : m_files)
+        arguments << handedOver(file);
     ToolResult result = runTool(call(arguments), progress);
     const QString unknown = m_library.isEmpty() ? unknownLibrary(result.errors) : QString();
     if (!unknown.isEmpty()) {
@@ -182,6 +198,29 @@ bool VhdlPart::translate(const QString &entity, bool isOptional, ElaborationProg
     isOptional = isOptional && result.outcome == ToolResult::Finished;
     report(result, isOptional);
     return isOptional;
+}
+
+// Neither the translation nor a waveform says where anything is declared. Without the tree, for whatever
+// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it.
+void VhdlPart::startTree()
+{
+    QStringList arguments = QStringList() << QLatin1String("-s") << QLatin1String("-ds");
+    for (const QString &file : m_files)
+        arguments << handedOver(file);
+    ToolCall reading = call(arguments);
+    reading.errorFile = treeFile();
+    reading.seconds = 30;
+    m_tree.reset(new BackgroundTool(reading));
+}
+
+QString VhdlPart::treeFile() const
+{
+    return m_scratch.file(QLatin1String("vhdl.tree"));
+}
+
+bool VhdlPart::finishTree(ElaborationProgress *progress) const
+{
+    return !m_tree || m_tree->waitForEnd(progress);
 }
 
 // The translation has lost declared ranges, generate scopes and unused signals; the first moment of a

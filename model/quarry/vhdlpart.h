@@ -6,6 +6,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+#include "model/quarry/backgroundtool.h"
 #include "model/quarry/designdump.h"
 #include "model/quarry/ghdlverilog.h"
 #include "model/quarry/toolprocess.h"
@@ -38,12 +41,18 @@ public:
     QStringList untranslated() const { return m_untranslated; } // entities that GHDL refused
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
+    // See ReadOptions::vhdlTree. Waits until it is there; false when the user cancelled.
+    bool finishTree(ElaborationProgress *progress) const;
+    QString treeFile() const;
+    QMap<QString, QString> fileNames() const; // as GHDL saw them to the user's own, where these differ
     const GhdlVerilog &verilog() const { return m_verilog; }
     QStringList takeMessages();
     bool cancelled() const { return m_cancelled; }
 
 private:
-    bool analyze(const QStringList &files, bool reportErrors, ElaborationProgress *progress);
+    bool analyze(bool reportErrors, ElaborationProgress *progress);
+    QString handedOver(const QString &file) const;
+    void startTree();
     void recordScopes(const QString &entity, ElaborationProgress *progress);
     bool translate(const QString &entity, bool isOptional, ElaborationProgress *progress);
     void scanSources();
@@ -56,7 +65,7 @@ private:
     const DesignInput &m_input;
     const ScratchDir &m_scratch;
     SafeNames &m_names;
-    QStringList m_files;
+    QStringList m_files; // in an order that GHDL accepts, once it read them
     // A project does not say which library its files belong to. When they use one that nobody has, it is
     // theirs; "work" stands for it, too.
     QString m_library;
@@ -65,6 +74,7 @@ private:
     QSet<QString> m_used;               // entities that others instantiate, lower case
     QHash<QString, QString> m_modules;  // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
+    std::unique_ptr<BackgroundTool> m_tree; // null before the sources are read
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;

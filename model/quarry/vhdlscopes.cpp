@@ -7,14 +7,6 @@ namespace QUARRY {
 
 namespace {
 
-// Extended identifiers stand between backslashes.
-QString plainName(const QString &name)
-{
-    const QLatin1Char slash('\\');
-    return name.size() > 2 && name.startsWith(slash) && name.endsWith(slash) ? name.mid(1, name.size() - 2)
-                                                                             : name;
-}
-
 // "$var reg 8 # d[7:0] $end"
 bool readVariable(const QString &line, VhdlSignal &signal)
 {
@@ -24,7 +16,7 @@ bool readVariable(const QString &line, VhdlSignal &signal)
     QRegExp range(QLatin1String("(.*)\\[(-?\\d+):(-?\\d+)\\]"));
     signal.hasShape = variable.cap(1) == QLatin1String("reg");
     signal.isBus = range.exactMatch(variable.cap(2));
-    signal.name = plainName(signal.isBus ? range.cap(1) : variable.cap(2));
+    signal.name = plainVhdlName(signal.isBus ? range.cap(1) : variable.cap(2));
     signal.left = range.cap(2).toInt();
     signal.right = range.cap(3).toInt();
     return true;
@@ -37,11 +29,18 @@ bool readUnhandled(const QString &line, VhdlSignal &signal)
     if (!comment.exactMatch(line))
         return false;
     signal = VhdlSignal();
-    signal.name = plainName(comment.cap(1));
+    signal.name = plainVhdlName(comment.cap(1));
     return true;
 }
 
 } // namespace
+
+QString plainVhdlName(const QString &name)
+{
+    const QLatin1Char slash('\\');
+    return name.size() > 2 && name.startsWith(slash) && name.endsWith(slash) ? name.mid(1, name.size() - 2)
+                                                                             : name;
+}
 
 QString VhdlScope::label() const
 {
@@ -73,7 +72,7 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString 
         if (scope.exactMatch(line)) {
             open.back()->children.emplace_back(new VhdlScope);
             open.push_back(open.back()->children.back().get());
-            open.back()->name = plainName(scope.cap(1));
+            open.back()->name = plainVhdlName(scope.cap(1));
         } else if (line.startsWith(QLatin1String("$upscope")) && open.size() > 1) {
             open.pop_back();
         } else if (readVariable(line, signal) || readUnhandled(line, signal)) {

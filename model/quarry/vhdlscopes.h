@@ -31,6 +31,9 @@ struct VhdlScope
     QString shownName() const;                                              // "gen[3]"
 };
 
+// Extended identifiers stand between backslashes, which are no part of the name.
+QString plainVhdlName(const QString &name);
+
 // The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns
 // --stop-delta=0 --vcd=FILE" writes. Null when the file cannot be read or does not hold it.
 std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity);
