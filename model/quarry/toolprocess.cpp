@@ -1,7 +1,6 @@
 #include "model/quarry/toolprocess.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -18,10 +17,6 @@
 #endif
 
 namespace QUARRY {
-namespace {
-
-const int pollMs = 20;
-const int maxKeptBytes = 64 << 20; // a tool that writes without end must not fill the memory
 
 class GroupProcess : public QProcess
 {
@@ -49,8 +44,15 @@ protected:
     }
 };
 
+namespace {
+
+const int pollMs = 20;
+const int maxKeptBytes = 64 << 20; // a tool that writes without end must not fill the memory
+
 void drain(QProcess &process, ToolResult &result)
 {
+    if (!process.isReadable())
+        return; // both channels go into files
     result.output += process.readAllStandardOutput();
     result.errors += process.readAllStandardError();
     result.output.truncate(maxKeptBytes);
@@ -84,66 +86,75 @@ QString diedMessage(const ToolCall &call, const QByteArray &errors)
     return text;
 }
 
-void waitForEnd(GroupProcess &process, const ToolCall &call, ElaborationProgress *progress,
-                ToolResult &result)
-{
-    QElapsedTimer clock;
-    clock.start();
-    const int seconds = call.seconds > 0 ? qMin(call.seconds, toolTimeLimit()) : toolTimeLimit();
-    const qint64 limitMs = qint64(seconds) * 1000;
-    // cancelled() may run the event loop, in which the process can end too: ask for its state each time.
-    while (process.state() != QProcess::NotRunning && !process.waitForFinished(pollMs)) {
-        drain(process, result);
-        if (progress && progress->cancelled())
-            result.outcome = ToolResult::Cancelled;
-        else if (clock.elapsed() > limitMs)
-            result.outcome = ToolResult::Hung;
-        else
-            continue;
-        process.killGroup();
-        break;
-    }
-    drain(process, result);
-    if (result.outcome == ToolResult::Hung)
-        result.message = hungMessage(call);
-    if (result.outcome != ToolResult::Finished)
-        return;
-    result.exitCode = process.exitCode();
-    if (process.exitStatus() != QProcess::NormalExit) {
-        result.outcome = ToolResult::Died;
-        result.message = diedMessage(call, result.errors);
-    }
-}
-
 } // namespace
 
-ToolResult runTool(const ToolCall &call, ElaborationProgress *progress)
+ToolRun::ToolRun(const ToolCall &call) : m_call(call), m_process(new GroupProcess)
 {
-    ToolResult result;
-    if (progress && progress->cancelled()) {
-        result.outcome = ToolResult::Cancelled;
-        return result;
-    }
-    GroupProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (!call.environment.isEmpty())
         environment.insert(call.environment.section(QLatin1Char('='), 0, 0),
                            call.environment.section(QLatin1Char('='), 1));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(call.workingDir);
+    m_process->setProcessEnvironment(environment);
+    m_process->setWorkingDirectory(call.workingDir);
     if (!call.outputFile.isEmpty())
-        process.setStandardOutputFile(call.outputFile);
+        m_process->setStandardOutputFile(call.outputFile);
     if (!call.errorFile.isEmpty())
-        process.setStandardErrorFile(call.errorFile);
-    process.start(call.program, call.arguments, QIODevice::ReadOnly);
-    if (!process.waitForStarted(-1)) {
+        m_process->setStandardErrorFile(call.errorFile);
+    m_clock.start();
+    m_process->start(call.program, call.arguments, QIODevice::ReadOnly);
+    if (m_process->waitForStarted(-1))
+        m_process->closeWriteChannel();
+}
+
+ToolRun::~ToolRun()
+{
+    if (m_process->state() != QProcess::NotRunning)
+        m_process->killGroup();
+}
+
+ToolResult ToolRun::wait(ElaborationProgress *progress)
+{
+    ToolResult result;
+    if (m_process->error() == QProcess::FailedToStart) {
         result.outcome = ToolResult::Missing;
-        result.message = missingMessage(call, process.errorString());
+        result.message = missingMessage(m_call, m_process->errorString());
         return result;
     }
-    process.closeWriteChannel();
-    waitForEnd(process, call, progress, result);
+    const int seconds = m_call.seconds > 0 ? qMin(m_call.seconds, toolTimeLimit()) : toolTimeLimit();
+    const qint64 limitMs = qint64(seconds) * 1000;
+    // cancelled() may run the event loop, in which the process can end too: ask for its state each time.
+    while (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(pollMs)) {
+        drain(*m_process, result);
+        if (progress && progress->cancelled())
+            result.outcome = ToolResult::Cancelled;
+        else if (m_clock.elapsed() > limitMs)
+            result.outcome = ToolResult::Hung;
+        else
+            continue;
+        m_process->killGroup();
+        break;
+    }
+    drain(*m_process, result);
+    if (result.outcome == ToolResult::Hung)
+        result.message = hungMessage(m_call);
+    if (result.outcome != ToolResult::Finished)
+        return result;
+    result.exitCode = m_process->exitCode();
+    if (m_process->exitStatus() != QProcess::NormalExit) {
+        result.outcome = ToolResult::Died;
+        result.message = diedMessage(m_call, result.errors);
+    }
     return result;
+}
+
+ToolResult runTool(const ToolCall &call, ElaborationProgress *progress)
+{
+    if (progress && progress->cancelled()) {
+        ToolResult result;
+        result.outcome = ToolResult::Cancelled;
+        return result;
+    }
+    return ToolRun(call).wait(progress);
 }
 
 int toolTimeLimit()

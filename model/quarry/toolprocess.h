@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 namespace QUARRY {
 
 class ElaborationProgress;
+class GroupProcess;
 
 // One run of an external tool. No shell is involved: every argument reaches the tool as it stands.
 struct ToolCall
@@ -32,9 +36,29 @@ struct ToolResult
     QString message; // an "ERROR ..." sentence unless the tool finished or was cancelled
 };
 
-// Runs the tool to its end, with a group of processes of its own that is killed as a whole when the user
-// cancels or when it takes longer than toolTimeLimit(). A tool that ends by itself is judged by its
-// caller: some report findings through their exit code.
+// A started tool, with a group of processes of its own that is killed as a whole when the user cancels,
+// when it takes longer than it may, or with this object. Until it is waited for, nobody reads what it does
+// not write into files.
+class ToolRun
+{
+public:
+    explicit ToolRun(const ToolCall &call);
+    ~ToolRun();
+
+    // To its end. A tool that ends by itself is judged by its caller: some report findings through their
+    // exit code.
+    ToolResult wait(ElaborationProgress *progress);
+
+private:
+    ToolRun(const ToolRun &) = delete;
+    ToolRun &operator=(const ToolRun &) = delete;
+
+    ToolCall m_call;
+    QElapsedTimer m_clock;
+    std::unique_ptr<GroupProcess> m_process;
+};
+
+// Starts the tool and waits for its end.
 ToolResult runTool(const ToolCall &call, ElaborationProgress *progress);
 
 // Seconds that a tool may take: 600, or what the environment variable JEX_TOOL_TIMEOUT says.

@@ -208,9 +208,10 @@ void VhdlPart::startTree()
     for (const QString &file : m_files)
         arguments << handedOver(file);
     ToolCall reading = call(arguments);
+    reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
     reading.errorFile = treeFile();
     reading.seconds = 30;
-    m_tree.reset(new BackgroundTool(reading));
+    m_tree.reset(new ToolRun(reading));
 }
 
 QString VhdlPart::treeFile() const
@@ -220,7 +221,7 @@ QString VhdlPart::treeFile() const
 
 bool VhdlPart::finishTree(ElaborationProgress *progress) const
 {
-    return !m_tree || m_tree->waitForEnd(progress);
+    return !m_tree || m_tree->wait(progress).outcome != ToolResult::Cancelled;
 }
 
 // The translation has lost declared ranges, generate scopes and unused signals; the first moment of a

@@ -8,7 +8,6 @@
 
 #include <memory>
 
-#include "model/quarry/backgroundtool.h"
 #include "model/quarry/designdump.h"
 #include "model/quarry/ghdlverilog.h"
 #include "model/quarry/toolprocess.h"
@@ -74,7 +73,7 @@ private:
     QSet<QString> m_used;               // entities that others instantiate, lower case
     QHash<QString, QString> m_modules;  // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
-    std::unique_ptr<BackgroundTool> m_tree; // null before the sources are read
+    std::unique_ptr<ToolRun> m_tree; // null before the sources are read
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;
