@@ -243,10 +243,11 @@ int NamePattern::find(const Piece &piece, const QChar *name, int length, int fro
     return -1;
 }
 
-// Whether a piece that is not in `beginning` can begin in it and end in what follows.
+// Whether a piece that is not in `beginning` can begin in it and end in what follows. What must stand at the
+// end of a name may be in the beginning as a whole: a short name may be empty.
 bool NamePattern::mayStraddle(const Piece &piece, const QString &beginning, int from) const
 {
-    const int most = qMin(int(piece.size()) - 1, beginning.size() - from);
+    const int most = qMin(int(piece.size()), beginning.size() - from);
     for (int count = 1; count <= most; ++count)
         if (fitsAt(piece, beginning.constData() + beginning.size() - count, count))
             return true;

@@ -116,7 +116,7 @@ RtlNetlist *randomNetlist(Random &random, bool ascii)
         ModuleDecl module;
         for (int n = random.bounded(6); n > 0; --n) {
             module.nets += NetDecl();
-            module.nets.last().name = name();
+            module.nets.last().name = random.bounded(8) ? name() : QString();
             module.nets.last().isBus = random.bounded(3) == 0;
             module.nets.last().left = random.bounded(12);
         }
