@@ -30,6 +30,7 @@ const int runLimit = 4;
 // a very large design come to. The same names elsewhere are found in any case.
 const int patience = 40 * 1000 * 1000;
 const int comparisonWork = 32;
+const int lettersPerWork = 16; // pairs of letters that an edit distance looks at
 
 // The less, the better: whether it is of another instance, letters that differ (another width weighs as half
 // of the name), whether the width differs, how far its path is, and the order of the design.
@@ -80,12 +81,28 @@ int limitElsewhere(int length)
     return qMin(length / 4, 3);
 }
 
-bool haveRunInCommon(const QString &a, const QString &b)
+// Calls visit(run) with each run of letters of the name, case aside, as one number; until it says true.
+template <typename Visit>
+bool visitRuns(const QString &name, Visit visit)
 {
-    for (int i = 0; i + runLimit <= a.size(); ++i)
-        if (b.contains(a.midRef(i, runLimit), Qt::CaseInsensitive))
+    quint64 run = 0; // its letters fill the number: older ones fall out
+    for (int i = 0; i < name.size(); ++i) {
+        run = run << 16 | name.at(i).toCaseFolded().unicode();
+        if (i + 1 >= runLimit && visit(run))
             return true;
+    }
     return false;
+}
+
+std::vector<quint64> sortedRuns(const QString &name)
+{
+    std::vector<quint64> runs;
+    visitRuns(name, [&runs](quint64 run) {
+        runs.push_back(run);
+        return false;
+    });
+    std::sort(runs.begin(), runs.end());
+    return runs;
 }
 
 bool isExcluded(const Hierachy *node, const RtlModule::Entry &entry)
@@ -184,13 +201,14 @@ private:
     {
         const RtlModule &module = wanted.node->declarations();
         const QString base = wanted.name.base;
+        const std::vector<quint64> runs = sortedRuns(base);
         bool isSure = wanted.name.form == NetName::Plain;
-        for (quint32 i = 0; i < module.entries().size(); ++i) {
+        for (quint32 i = 0; i < module.entries().size() && spend(comparisonWork); ++i) {
             const RtlModule::Entry &entry = module.entries()[i];
             const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
             const bool hasShape = wanted.name.hasShapeOf(entry) && !isExcluded(wanted.node, entry);
             const int half = qMax(1, qMax(name.size(), base.size()) / 2);
-            const int limit = isSimilar(name, base) ? qMax(name.size(), base.size()) : half;
+            const int limit = isSimilar(name, base, runs) ? qMax(name.size(), base.size()) : half;
             const int distance = distanceOf(base, name, limit);
             if (distance <= limit)
                 add(wanted, false, distance + (hasShape ? 0 : half), wanted.node, i, int(i));
@@ -198,16 +216,18 @@ private:
                 wanted.alike.push_back(i);
             isSure = isSure || (hasShape && distance <= half);
         }
-        if (isSure || wanted.alike.size() > alikeLimit)
+        if (isSure || wanted.alike.size() > alikeLimit || m_patience <= 0)
             wanted.alike.clear();
     }
 
     // Whether one name holds the other, or they share a part.
-    bool isSimilar(const QString &a, const QString &b)
+    static bool isSimilar(const QString &a, const QString &b, const std::vector<quint64> &runsOfB)
     {
-        return qMin(a.size(), b.size()) >= 2 &&
-               (a.contains(b, Qt::CaseInsensitive) || b.contains(a, Qt::CaseInsensitive) ||
-                (spend(comparisonWork) && haveRunInCommon(a, b)));
+        const auto isOfB = [&runsOfB](quint64 run) {
+            return std::binary_search(runsOfB.begin(), runsOfB.end(), run);
+        };
+        return qMin(a.size(), b.size()) >= 2 && (a.contains(b, Qt::CaseInsensitive) ||
+                                                 b.contains(a, Qt::CaseInsensitive) || visitRuns(a, isOfB));
     }
 
     // A register that got quite another name: all buses of its width, where they are few.
@@ -253,7 +273,7 @@ private:
     }
 
     // False when so much was compared that the user should not wait for more of it.
-    bool spend(int work)
+    bool spend(qint64 work)
     {
         m_patience -= work;
         return m_patience > 0;
@@ -261,7 +281,8 @@ private:
 
     int distanceOf(const QString &a, const QString &b, int limit)
     {
-        return spend(comparisonWork) ? editDistance(a, b, limit) : limit + 1;
+        const qint64 work = comparisonWork + qint64(a.size()) * b.size() / lettersPerWork;
+        return spend(work) ? editDistance(a, b, limit) : limit + 1;
     }
 
     void addInstances(const Base &base, int distance, const RtlModule &module, quint32 number)
@@ -304,7 +325,7 @@ private:
     std::vector<const RtlModule *> m_modules;        // in the order of the design
     QHash<const RtlModule *, QList<const Hierachy *>> m_instances;
     int m_order = 0;
-    int m_patience = patience;
+    qint64 m_patience = patience;
 };
 
 } // namespace
