@@ -50,13 +50,26 @@ public:
         node.name = key(line.name);
         node.isArray = line.kind == "array_subtype_definition";
         if (kind == Entity) {
-            m_table.m_entities[node.name] = VhdlPlaces();
-            m_scopes.insert(line.id, &m_table.m_entities[node.name]);
+            VhdlPlaces &places = m_table.m_entities[node.name];
+            clear(places);
+            m_scopes.insert(line.id, &places);
         }
     }
 
 private:
-    enum Kind { Other, Entity, Architecture, Statement, Body, Instance, Signal, Subtype, Range, Enumeration };
+    enum Kind {
+        Other,
+        Entity,
+        Architecture,
+        Statement,
+        Body,
+        Instance,
+        Configuration, // "for u1 : sub use entity work.sub(rtl);"
+        Signal,
+        Subtype,
+        Range,
+        Enumeration
+    };
 
     struct Node
     {
@@ -66,6 +79,7 @@ private:
         QString name;
         VhdlPlaces *parent = nullptr;
         Declaration info;
+        QString architecture; // of an instance or configuration
         int type = 0;
         bool isArray = false;
         int ranges = 0;
@@ -92,7 +106,9 @@ private:
             return Signal;
         if (line.kind == "block_statement" || line.isOf("_generate_statement"))
             return Statement;
-        return line.kind == "component_instantiation_statement" ? Instance : Other;
+        return line.kind == "component_instantiation_statement" ? Instance
+               : line.kind == "configuration_specification"     ? Configuration
+                                                                : Other;
     }
 
     void takeMember(Node &node, const GhdlTreeLine &line)
@@ -100,14 +116,16 @@ private:
         if (node.kind == Enumeration && line.kind == "enumeration_literal" && line.role.empty())
             node.info.enumLabels += plainVhdlName(text(line.name)) + QLatin1Char('=') +
                                     QString::number(node.info.enumLabels.size());
-        else if (node.kind == Instance && line.role == "architecture" && node.parent)
-            node.parent->architectures.insert(node.name, key(line.name));
+        else if (line.role == "architecture" && (node.kind == Instance || node.kind == Configuration))
+            node.architecture = key(line.name);
         if (line.depth != node.depth + 2)
             return;
         if (line.role == "parent")
             setParent(node, m_scopes.value(line.id));
         else if (line.role == "block_header")
             m_scopes.insert(line.id, m_scopes.value(node.id));
+        else if (line.role == "configuration_specification" && m_configured.contains(line.id))
+            node.architecture = m_configured.value(line.id);
         else if (line.role == "entity_name" && node.kind == Architecture)
             addArchitecture(node, key(line.name));
         else if (node.kind == Signal || node.kind == Subtype)
@@ -132,10 +150,17 @@ private:
         m_scopes.insert(node.id, scope);
     }
 
+    // A unit may come again. What was in the first stays until all is read: nodes refer to it.
+    void clear(VhdlPlaces &places)
+    {
+        m_replaced.push_back(std::move(places));
+        places = VhdlPlaces();
+    }
+
     void addArchitecture(Node &node, const QString &entity)
     {
         VhdlPlaces &places = m_table.m_architectures[entity][node.name];
-        places = VhdlPlaces();
+        clear(places);
         places.declarations = m_table.m_entities[entity].declarations;
         m_table.m_last.insert(entity, node.name);
         m_scopes.insert(node.id, &places);
@@ -184,6 +209,10 @@ private:
         Node *owner = m_open.empty() ? nullptr : &m_open.back();
         if (node.kind == Signal)
             addSignal(node);
+        else if (node.kind == Instance && node.parent)
+            node.parent->architectures.insert(node.name, node.architecture);
+        else if (node.kind == Configuration)
+            m_configured.insert(node.id, node.architecture);
         else if (node.kind == Enumeration)
             m_labels.insert(node.id, node.info.enumLabels);
         else if (node.kind == Subtype)
@@ -219,9 +248,11 @@ private:
     }
 
     VhdlPlaceTable &m_table;
+    std::vector<VhdlPlaces> m_replaced;
     const QMap<QString, QString> &m_fileNames;
     std::vector<Node> m_open;          // from the outside in
     QHash<int, VhdlPlaces *> m_scopes; // by number of the node, as the next ones
+    QHash<int, QString> m_configured;  // architectures
     QHash<int, QStringList> m_labels;
     QHash<int, QString> m_subtypes;
     std::string m_fileSeen;

@@ -98,14 +98,17 @@ entity top is port (a : in bit; r : in rec_t); end;
 architecture rtl of top is
   procedure nothing(signal a : in bit) is begin end;
   component sub is port (a : in bit; r : in rec_t; m : out mode_t); end component;
-begin
+  for named : sub use entity work.sub(old);
+begin named : sub port map (a, r, open);
   first : entity work.sub(old) port map (a, r, open);
   loops : for i in 0 to 0 generate signal x : bit; begin x <= a;
     inner : block
       signal y : bit; begin y <= x; second : sub port map (y, r, open); end block;
   end generate;
 end;)")
-                             << "first/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
+                             << "named/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
+                                "named/s[0:1] 8: bit_vector(0 to 1)\n"
+                                "first/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
                                 "first/s[0:1] 8: bit_vector(0 to 1)\n"
                                 "loops[0]/inner/second/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
                                 "loops[0]/inner/second/s[1:0] 10: bit_vector\n"
@@ -113,10 +116,12 @@ end;)")
                                 "loops[0]/inner/second/n[1:0] 11: integer range 0 to 3\n"
                                 "a 18: bit\n"
                                 "r.v 18: \n"
+                                "named/a 5: bit\n"
+                                "named/r.v 5: \n"
                                 "first/a 5: bit\n"
                                 "first/r.v 5: \n"
-                                "loops[0]/x 24: bit\n"
-                                "loops[0]/inner/y 26: bit\n"
+                                "loops[0]/x 25: bit\n"
+                                "loops[0]/inner/y 27: bit\n"
                                 "loops[0]/inner/second/a 5: bit\n"
                                 "loops[0]/inner/second/r.v 5: \n"
                                 "loops[0]/inner/second/x 11: some_t = off=0 'x'=1 On=2\n"
