@@ -41,17 +41,20 @@ Outcome rename(const QString &file, const Renaming &renaming, const QUARRY::RtlN
                Configuration &configuration)
 {
     Outcome outcome;
-    const int brokenBefore = brokenRows(configuration).size();
+    const QStringList brokenBefore = brokenRows(configuration);
     outcome.changes = renaming.apply(configuration);
     outcome.findings = findingsOf(configuration, netlist);
     const QStringList lost = unbound(outcome);
     const QStringList broken = brokenRows(configuration);
+    QStringList added = broken;
+    for (const QString &sentence : brokenBefore)
+        added.removeOne(sentence);
     if (outcome.changes.isEmpty())
         outcome.refusal = "No signal of \"" + file + "\" has a name that begins so.";
     else if (!lost.isEmpty())
         outcome.refusal = "The design does not have " + lost.join(", ") + " so.";
-    else if (broken.size() > brokenBefore)
-        outcome.refusal = broken.last();
+    else if (broken.size() > brokenBefore.size())
+        outcome.refusal = added.first();
     return outcome;
 }
 
