@@ -50,6 +50,7 @@ public:
         m_options.usePatternSyntax = false;
         m_options.pattern = pattern;
         m_options.caseSensitivity = Qt::CaseSensitive;
+        search();
         const Times times = inTurn(
             9, [this] { print(); }, [&] { grep("-F", pattern); });
         report(QStringLiteral("Printing"), "grep -F into a file", times, 1.0, countedByGrep("-cF", pattern));
@@ -89,8 +90,8 @@ private:
         const int descriptor = ::open(qPrintable(m_output), O_WRONLY | O_CREAT | O_TRUNC, 0666);
         {
             Cli::Output out(descriptor);
-            search();
-            Cli::NetListing(Cli::NetListing::Lines, QStringLiteral("/design"), out).print(m_nets, m_buses);
+            Cli::NetListing(Cli::NetListing::Lines, QStringLiteral("/design"), out)
+                .printMatches(m_netlist, m_options);
             if (!out.flush())
                 qFatal("Cannot write %s", qPrintable(m_output));
         }

@@ -54,21 +54,52 @@ NetListing::NetListing(Form form, const QString &folder, Output &out)
     }
 }
 
-void NetListing::print(const QList<QUARRY::RtlNet *> &nets, const QList<QUARRY::RtlNetBus *> &buses)
+bool NetListing::printMatches(QUARRY::RtlNetlist *netlist, const RTLJEX::SearchOptions &search)
+{
+    std::vector<WaitingNets> waiting;
+    std::vector<quint32> numbers; // of their entries, doubled, plus one for an excluded net
+    bool found = false;
+    RTLJEX::visitNets(netlist, search, [&](const Nets &nets, const Buses &buses) {
+        found = found || !nets.isEmpty() || !buses.isEmpty();
+        add(Nets(), buses);
+        if (nets.isEmpty())
+            return;
+        waiting.push_back({nets.first()->module(), nets.size()});
+        setNode(*waiting.back().node);
+        for (const QUARRY::RtlNet *net : nets) {
+            const quint32 number = m_node->declarations().entryNumber(net->slot());
+            textOf(number);
+            numbers.push_back(2 * number + (net->excluded ? 1 : 0));
+        }
+    });
+    const quint32 *next = numbers.data();
+    for (const WaitingNets &nets : waiting) {
+        setNode(*nets.node);
+        for (const quint32 *const end = next + nets.count; next != end; ++next)
+            printEntry(*next / 2, *next % 2 != 0);
+    }
+    close();
+    return found;
+}
+
+// The list, which an entry opened if there was one.
+void NetListing::close()
 {
     if (m_form == JsonLines)
-        write("[");
-    m_separator = "";
-    for (const QUARRY::RtlNetBus *bus : buses)
-        printEntry(*bus->module(), bus->entry(), bus->excluded);
-    for (int i = 0; i < nets.size(); ++i) {
-        // The nets of a result lie far apart: without this, most of the time goes into waiting for memory.
-        __builtin_prefetch(nets.at(qMin(i + 16, nets.size() - 1)));
-        const QUARRY::RtlNet &net = *nets.at(i);
-        printEntry(*net.module(), net.module()->declarations().entryNumber(net.slot()), net.excluded);
+        write(m_isOpen ? "\n" + m_indent + "]" : "[]");
+    m_isOpen = false;
+}
+
+void NetListing::add(const Nets &nets, const Buses &buses)
+{
+    for (const QUARRY::RtlNetBus *bus : buses) {
+        setNode(*bus->module());
+        printEntry(bus->entry(), bus->excluded);
     }
-    if (m_form == JsonLines)
-        write(*m_separator ? "\n" + m_indent + "]" : "]");
+    for (const QUARRY::RtlNet *net : nets) {
+        setNode(*net->module());
+        printEntry(m_node->declarations().entryNumber(net->slot()), net->excluded);
+    }
 }
 
 void NetListing::printTree(const RTLJEX::ModuleForWidget &module)
@@ -78,14 +109,15 @@ void NetListing::printTree(const RTLJEX::ModuleForWidget &module)
         write(m_indent + toStd(module.name) + '\n');
         m_indent += "  ";
         m_node = nullptr;
-        print(module.nets, module.buses);
+        add(module.nets, module.buses);
         for (const RTLJEX::ModuleForWidget &child : module.subModules)
             printTree(child);
     } else {
         write("{\"module\": " + quoted(module.name) + ", \"nets\": ");
         m_indent += "  ";
         m_node = nullptr;
-        print(module.nets, module.buses);
+        add(module.nets, module.buses);
+        close();
         write(", \"modules\": [");
         const char *separator = "";
         for (const RTLJEX::ModuleForWidget &child : module.subModules) {
@@ -98,45 +130,59 @@ void NetListing::printTree(const RTLJEX::ModuleForWidget &module)
     m_indent = indent;
 }
 
-void NetListing::printEntry(const QUARRY::Hierachy &node, quint32 number, bool excluded)
+const NetListing::Place &NetListing::textOf(quint32 number)
 {
-    if (&node != m_node)
-        setNode(node);
     Place &place = (*m_places)[number];
     if (place.length == 0) {
         place.begin = m_texts.size();
         if (m_form == Lines)
-            appendLine(node.declarations(), number);
+            appendLine(m_node->declarations(), number);
         else
-            appendJson(node.declarations(), number);
+            appendJson(m_node->declarations(), number);
         m_texts += m_ends[false];
         place.length = m_texts.size() - place.begin;
     }
+    return place;
+}
+
+void NetListing::printEntry(quint32 number, bool excluded)
+{
+    if (m_head.empty())
+        makeHead();
+    const Place &place = textOf(number);
     const std::string &excludedEnd = m_ends[true];
     char *out = m_out.room(1 + m_head.size() + place.length + excludedEnd.size());
     char *const begin = out;
-    if (*m_separator)
-        *out++ = *m_separator;
+    if (m_form == JsonLines) {
+        *out++ = m_isOpen ? ',' : '[';
+        m_isOpen = true;
+    }
     out = std::copy_n(m_head.data(), m_head.size(), out);
     out = std::copy_n(m_texts.data() + place.begin, place.length, out);
     if (excluded)
         out = std::copy_n(excludedEnd.data(), excludedEnd.size(), out - m_ends[false].size());
     m_out.use(size_t(out - begin));
-    if (m_form == JsonLines)
-        m_separator = ",";
 }
 
 void NetListing::setNode(const QUARRY::Hierachy &node)
 {
+    if (&node == m_node)
+        return;
     m_node = &node;
+    m_head.clear();
     m_places = &m_modules[&node.declarations()];
     m_places->resize(node.declarations().entries().size());
+}
+
+void NetListing::makeHead()
+{
+    const QString &path = m_node->fullPathName();
     if (m_form == Lines) {
         m_head = m_indent;
-        append(m_head, node.fullPathName().constData(), node.fullPathName().size());
+        append(m_head, path.constData(), path.size());
     } else {
         // The closing quotes come behind the short name.
-        m_head = "\n" + m_indent + "  {\"name\": " + quoted(node.fullPathName());
+        m_head = "\n" + m_indent + "  {\"name\": " + quoted(path);
         m_head.pop_back();
     }
     m_head += '/';

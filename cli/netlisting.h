@@ -26,8 +26,10 @@ public:
     // Sources below `folder` are named relative to it.
     NetListing(Form form, const QString &folder, Output &out);
 
-    // Buses, then single nets, as the editor shows them.
-    void print(const QList<QUARRY::RtlNet *> &nets, const QList<QUARRY::RtlNetBus *> &buses);
+    // What the search finds: all buses, then all single nets, as the editor shows them. False: nothing. Each
+    // instance's texts are made as soon as it was searched, while memory is near; its nets wait for the
+    // buses.
+    bool printMatches(QUARRY::RtlNetlist *netlist, const RTLJEX::SearchOptions &search);
     void printTree(const RTLJEX::ModuleForWidget &module);
 
 private:
@@ -40,8 +42,21 @@ private:
     };
     typedef std::vector<Place> Places; // by the number of the entry
 
-    void printEntry(const QUARRY::Hierachy &node, quint32 number, bool excluded);
+    typedef QList<QUARRY::RtlNet *> Nets;
+    typedef QList<QUARRY::RtlNetBus *> Buses;
+
+    struct WaitingNets
+    {
+        const QUARRY::Hierachy *node;
+        int count;
+    };
+
+    void add(const Nets &nets, const Buses &buses);
+    void close();
+    const Place &textOf(quint32 number); // an entry of m_node, as in the next one
+    void printEntry(quint32 number, bool excluded);
     void setNode(const QUARRY::Hierachy &node);
+    void makeHead();
     void appendLine(const QUARRY::RtlModule &module, quint32 number);
     void appendJson(const QUARRY::RtlModule &module, quint32 number);
     const std::string &shownFile(const QString &file);
@@ -58,8 +73,8 @@ private:
     QString m_file;        // the one that was shown last, and how
     std::string m_shownFile;
     std::string m_indent;
-    std::string m_head; // all before the short name
-    const char *m_separator = "";
+    std::string m_head;    // all before the short name; empty: not made yet for m_node
+    bool m_isOpen = false; // the list of JSON, in m_out
 };
 
 } // namespace Cli

@@ -78,11 +78,7 @@ bool printFound(const RTLJEX::SearchOptions &search, QUARRY::RtlNetlist *netlist
         if (found || asJson)
             listing.printTree(root);
     } else {
-        QList<QUARRY::RtlNet *> nets;
-        QList<QUARRY::RtlNetBus *> buses;
-        RTLJEX::searchNets(netlist, search, nets, buses);
-        found = !nets.isEmpty() || !buses.isEmpty();
-        listing.print(nets, buses);
+        found = listing.printMatches(netlist, search);
     }
     if (asJson)
         out.write("\n", 1);

@@ -49,6 +49,21 @@ public:
             addSubtree(child, nets, buses);
     }
 
+    void visitOwn(const QUARRY::Hierachy *module, const NetVisit &visit)
+    {
+        QList<QUARRY::RtlNet *> nets;
+        QList<QUARRY::RtlNetBus *> buses;
+        addOwn(module, nets, buses);
+        visit(nets, buses);
+    }
+
+    void visitSubtree(const QUARRY::Hierachy *module, const NetVisit &visit)
+    {
+        visitOwn(module, visit);
+        for (const QUARRY::Hierachy *child : module->children)
+            visitSubtree(child, visit);
+    }
+
     void addNode(ModuleForWidget &parent, const QUARRY::Hierachy *module)
     {
         parent.subModules.append(ModuleForWidget());
@@ -65,6 +80,16 @@ private:
     bool m_takesAll;
     NodeMatcher m_matcher;
 };
+
+const QUARRY::Hierachy *startOf(const QUARRY::RtlNetlist *netlist, const SearchOptions &options)
+{
+    return options.searchInModule ? options.module : netlist->topHierarchy;
+}
+
+bool includesBelow(const SearchOptions &options)
+{
+    return options.searchInModule && options.includeSubentries;
+}
 
 } // namespace
 
@@ -83,7 +108,7 @@ void searchNets(QUARRY::RtlNetlist *netlist, SearchOptions options, QList<QUARRY
 {
     if (!netlist)
         return;
-    const QUARRY::Hierachy *module = options.searchInModule ? options.module : netlist->topHierarchy;
+    const QUARRY::Hierachy *module = startOf(netlist, options);
     if (options.pattern.isEmpty()) {
         nets.clear();
         buses.clear();
@@ -91,10 +116,22 @@ void searchNets(QUARRY::RtlNetlist *netlist, SearchOptions options, QList<QUARRY
     if (!module)
         return;
     Search search(options);
-    if (options.searchInModule && options.includeSubentries)
+    if (includesBelow(options))
         search.addSubtree(module, nets, buses);
     else
         search.addOwn(module, nets, buses);
+}
+
+void visitNets(QUARRY::RtlNetlist *netlist, const SearchOptions &options, const NetVisit &visit)
+{
+    const QUARRY::Hierachy *module = netlist ? startOf(netlist, options) : nullptr;
+    if (!module)
+        return;
+    Search search(options);
+    if (includesBelow(options))
+        search.visitSubtree(module, visit);
+    else
+        search.visitOwn(module, visit);
 }
 
 void createModuleForWidget(ModuleForWidget &parent, QUARRY::Hierachy *module, SearchOptions &options)

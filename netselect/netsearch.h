@@ -4,6 +4,8 @@
 #include <QRegExp>
 #include <QString>
 
+#include <functional>
+
 namespace QUARRY {
 class Hierachy;
 class RtlNet;
@@ -37,6 +39,11 @@ struct ModuleForWidget
 // Flat search. An empty pattern replaces the two lists by the candidates, any other appends what matches.
 void searchNets(QUARRY::RtlNetlist *netlist, SearchOptions options, QList<QUARRY::RtlNet *> &nets,
                 QList<QUARRY::RtlNetBus *> &buses);
+
+// The same, instance by instance, for a result that need not be kept: visit(nets, buses) is told what each
+// instance has, which may be nothing.
+typedef std::function<void(const QList<QUARRY::RtlNet *> &, const QList<QUARRY::RtlNetBus *> &)> NetVisit;
+void visitNets(QUARRY::RtlNetlist *netlist, const SearchOptions &options, const NetVisit &visit);
 
 // Hierarchical search, rooted at the module of the options; branches without a match are left out, the
 // root never is.

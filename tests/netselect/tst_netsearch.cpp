@@ -67,6 +67,17 @@ QString searched(RtlNetlist *netlist, const SearchOptions &options)
     return names(nets, buses);
 }
 
+QString visited(RtlNetlist *netlist, const SearchOptions &options)
+{
+    QList<RtlNet *> nets;
+    QList<RtlNetBus *> buses;
+    visitNets(netlist, options, [&](const QList<RtlNet *> &ownNets, const QList<RtlNetBus *> &ownBuses) {
+        nets += ownNets;
+        buses += ownBuses;
+    });
+    return names(nets, buses);
+}
+
 // "top(clk u0(ready))"
 QString drawn(const ModuleForWidget &node)
 {
@@ -264,6 +275,7 @@ private Q_SLOTS:
                 const QString expected = foundOneByOne(m_top, options);
                 const QString where = QString("seed %1, pattern \"").arg(seed) + options.pattern + '"';
                 QVERIFY2(searched(m_netlist.get(), options) == expected, qPrintable(where));
+                QVERIFY2(visited(m_netlist.get(), options) == expected, qPrintable(where));
                 matched += expected.isEmpty() ? 0 : 1;
             }
         }
