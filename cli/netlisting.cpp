@@ -35,11 +35,6 @@ void append(std::string &out, int number)
     out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-QString shortName(const RtlModule &module, const RtlModule::Entry &entry)
-{
-    return entry.isBus ? module.busName(entry, nullptr) : module.netName(entry.firstSlot, nullptr);
-}
-
 } // namespace
 
 NetListing::NetListing(Form form, const QString &folder, Output &out)
@@ -215,7 +210,7 @@ void NetListing::appendJson(const RtlModule &module, quint32 number)
     const RtlModule::Entry &entry = module.entries()[number];
     const QUARRY::Declaration &info = module.info(number);
     std::string &text = m_texts;
-    text += quoted(shortName(module, entry)).substr(1);
+    text += quoted(module.shortName(entry)).substr(1);
     text += ", \"width\": " + std::to_string(entry.width());
     text += std::string(", \"bus\": ") + (entry.isBus ? "true" : "false");
     text += ", \"file\": " + quoted(fromStd(shownFile(info.file)));

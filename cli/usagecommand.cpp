@@ -131,9 +131,8 @@ ExitCode usage(const QStringList &words, Output &out)
         "usage", "FILE [--device DEVICE | --project PROJECT]",
         "Prints what the capture and the static trigger of each core of a configuration (.zub) need of a\n"
         "device, for each implementation: memories or registers required, available, and the formula with\n"
-        "its inputs. What the core has chosen is marked; 1 when that needs more than the device has. Without "
-        "an\n"
-        "option the device is that of the only project in the folder of the configuration.");
+        "its inputs. What the core has chosen is marked; 1 when that needs more than the device has.\n"
+        "Without an option the device is that of the only project in the folder of the configuration.");
     arguments.parser.addPositionalArgument("FILE", "The configuration.");
     arguments.parser.addOptions({
         {"device", "The device, by its part number or name; see jex devices.", "DEVICE"},

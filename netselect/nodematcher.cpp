@@ -29,11 +29,6 @@ int writeName(const RtlModule &module, const RtlModule::Entry &entry, QChar *out
     return entry.isBus ? length + RtlModule::writeRange(entry, out + length) : length;
 }
 
-QString shortName(const RtlModule &module, const RtlModule::Entry &entry)
-{
-    return entry.isBus ? module.busName(entry, nullptr) : module.netName(entry.firstSlot, nullptr);
-}
-
 // A leading ".*" and nothing that looks at its surroundings.
 bool beginsAnywhere(const SearchOptions &options)
 {
@@ -170,7 +165,7 @@ const NodeMatcher::Fits &NodeMatcher::matchesAlone(const RtlModule &module)
         return known.matching;
     known.isAsked = true;
     for (const Fit &fit : fitsAlone(module, 0)) {
-        if (matches(shortName(module, module.entries()[fit.number])))
+        if (matches(module.shortName(module.entries()[fit.number])))
             known.matching.push_back(fit);
     }
     return known.matching;

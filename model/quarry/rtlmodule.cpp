@@ -112,6 +112,11 @@ QString RtlModule::busName(const Entry &entry, const QString *path) const
     return compose(path, text(entry), int(entry.textLength), range, writeRange(entry, range));
 }
 
+QString RtlModule::shortName(const Entry &entry) const
+{
+    return entry.isBus ? busName(entry, nullptr) : netName(entry.firstSlot, nullptr);
+}
+
 // The first entry of that name that `accept` takes. The index orders by length first: most comparisons
 // then need no look at the text.
 template <typename Accept>

@@ -56,6 +56,7 @@ public:
     // Short names, with `path` and a separator in front unless the path is null.
     QString netName(quint32 slot, const QString *path) const;
     QString busName(const Entry &entry, const QString *path) const;
+    QString shortName(const Entry &entry) const; // with its range
 
     // The slot of a net or bit, and the number of a bus's entry, whose short name is `name` from position
     // `from` on; -1 without one.
