@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "model/quarry/netlistbuilder.h"
+#include "model/netlist/netlistbuilder.h"
 
 // The large design that the figures are measured on: 1,000,000 bit nets in 3,000 instances of 1,000
 // modules, full names of 46 characters. About two thirds of the bits are single nets, the rest buses of

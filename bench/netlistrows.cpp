@@ -1,6 +1,6 @@
 #include "bench/bench.h"
 #include "bench/context.h"
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 
 #include <malloc.h>
 

@@ -1,7 +1,7 @@
 #include "bench/bench.h"
 #include "bench/context.h"
-#include "model/quarry/elaboration.h"
-#include "model/quarry/verilatorflags.h"
+#include "elaboration/elaboration.h"
+#include "elaboration/tools/verilatorflags.h"
 
 #include <QProcess>
 

@@ -2,8 +2,8 @@
 
 #include <csignal>
 
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
-#include "model/quarry/elaboration.h"
 #include "views/designjudgement.h"
 
 namespace Cli {

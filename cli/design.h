@@ -5,7 +5,7 @@
 #include "cli/command.h"
 #include "commandline/designoptions.h"
 #include "host/project.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 
 namespace Cli {
 

@@ -1,7 +1,7 @@
 #include "cli/netlisting.h"
 
 #include "cli/json.h"
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 
 #include <algorithm>
 #include <charconv>

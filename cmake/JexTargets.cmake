@@ -47,7 +47,7 @@ if(JEX_SANITIZE)
   target_link_options(jex_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# jex_core_library(NAME SHARED|STATIC sources...): code that needs no widget. It links QtCore alone,
+# jex_core_library(NAME SHARED|STATIC|OBJECT sources...): code that needs no widget. It links QtCore alone,
 # so a widget include that creeps in fails the build.
 function(jex_core_library name kind)
   add_library(${name} ${kind} ${ARGN})

@@ -5,7 +5,7 @@
 #include <QtDebug>
 
 #include "host/modal.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/netsearch.h"
 #include "netselect/resultrows.h"
 #include "netselect/rtlnetlisttreeview.h"

@@ -1,6 +1,6 @@
 #include "netselect/netsearch.h"
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/nodematcher.h"
 
 namespace RTLJEX {

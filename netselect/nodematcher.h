@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 #include "netselect/namepattern.h"
 
 #include <QHash>

@@ -7,7 +7,7 @@
 #include <QTreeWidgetItem>
 #include <vector>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/netsearch.h"
 
 namespace RTLJEX {

@@ -1,6 +1,6 @@
 #include "netselect/rtlnetlisttreeview.h"
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 
 namespace RTLJEX {
 

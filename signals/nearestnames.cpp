@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 #include "signals/netname.h"
 
 using QUARRY::Hierachy;

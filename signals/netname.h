@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 
 namespace RTLJEX {
 

@@ -1,7 +1,7 @@
 #include "signals/signalrules.h"
 
-#include "model/quarry/rtlmodule.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlmodule.h"
+#include "model/netlist/rtlnetlist.h"
 #include "signals/busmerge.h"
 
 namespace RTLJEX {

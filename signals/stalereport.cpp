@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "model/quarry/rtlmodule.h"
+#include "model/netlist/rtlmodule.h"
 #include "signals/nearestnames.h"
 #include "signals/netname.h"
 

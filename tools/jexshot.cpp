@@ -15,6 +15,7 @@
 #include <QTreeWidget>
 #include <memory>
 
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
 #include "host/iview.h"
@@ -22,8 +23,7 @@
 #include "host/viewmanager.h"
 #include "model/jex/core.h"
 #include "model/jex/matchunitdialog.h"
-#include "model/quarry/elaboration.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "plugin/jexviewmanager.h"
 #include "plugin/jexwizard.h"

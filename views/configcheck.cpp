@@ -4,7 +4,7 @@
 #include <QStringList>
 
 #include "model/jex/core.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 
 namespace RTLJEX {
 

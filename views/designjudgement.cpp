@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 
 namespace RTLJEX {
 namespace {

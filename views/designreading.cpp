@@ -4,10 +4,10 @@
 #include <QPointer>
 #include <QScopedPointer>
 
+#include "elaboration/catchrtl.h"
 #include "host/designmanager.h"
 #include "host/modal.h"
-#include "model/quarry/catchrtl.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "views/messagedlg.h"
 
 namespace RTLJEX {

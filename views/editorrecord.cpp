@@ -6,7 +6,7 @@
 
 #include "host/modal.h"
 #include "model/jex/core.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"

@@ -4,7 +4,7 @@
 #include <QPointer>
 
 #include "host/modal.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "views/jexstandardinserterview.h"
 
 namespace RTLJEX {

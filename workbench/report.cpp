@@ -4,11 +4,11 @@
 #include <QFileInfo>
 #include <memory>
 
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/project.h"
 #include "model/jex/jexfile.h"
-#include "model/quarry/elaboration.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "views/configcheck.h"
 
 namespace Workbench {

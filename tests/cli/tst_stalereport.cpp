@@ -1,7 +1,7 @@
 #include <QScopedPointer>
 #include <QtTest>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "signals/nearestnames.h"
 #include "signals/stalereport.h"
 #include "tests/support/netlisttext.h"

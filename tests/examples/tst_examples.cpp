@@ -3,12 +3,12 @@
 
 #include <memory>
 
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jexfile.h"
-#include "model/quarry/elaboration.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 #include "views/configcheck.h"
 

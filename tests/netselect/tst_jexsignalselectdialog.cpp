@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <functional>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "netselect/resultrows.h"
 #include "netselect/rtlnetlisttreeview.h"

@@ -1,4 +1,4 @@
-#include "model/quarry/netlistbuilder.h"
+#include "model/netlist/netlistbuilder.h"
 #include "netselect/netsearch.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/tablerow.h"

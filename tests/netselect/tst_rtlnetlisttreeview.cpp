@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "netselect/rtlnetlisttreeview.h"
 #include "tests/support/netlisttext.h"
 

@@ -7,7 +7,7 @@
 
 #include "host/project.h"
 #include "model/jex/core.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "options/captureoptionwidget.h"
 #include "options/litecaptureoptionwidget.h"
 #include "options/triggeroptionwidget.h"

@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "signals/groupnames.h"
 #include "signals/repeatrules.h"
 #include "signals/roworder.h"

@@ -1,6 +1,6 @@
 #include "tests/support/netlisttext.h"
 
-#include "model/quarry/netlistbuilder.h"
+#include "model/netlist/netlistbuilder.h"
 
 #include <QHash>
 #include <QRegularExpression>

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "model/jex/core.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "signals/signalrows.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "model/jex/core.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
 #include "views/configcheck.h"
 

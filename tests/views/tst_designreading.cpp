@@ -7,7 +7,7 @@
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "host/project.h"
-#include "model/quarry/rtlnetlist.h"
+#include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
 #include "views/designevents.h"
 #include "views/designreading.h"

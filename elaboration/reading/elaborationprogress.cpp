@@ -1,0 +1,7 @@
+#include "elaboration/reading/elaborationprogress.h"
+
+namespace QUARRY {
+
+ElaborationProgress::~ElaborationProgress() = default;
+
+} // namespace QUARRY

@@ -1,0 +1,408 @@
+#include "elaboration/reading/verilatordesign.h"
+
+#include "elaboration/reading/verilatornames.h"
+#include "elaboration/reading/verilatorties.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QRegExp>
+
+#include <algorithm>
+#include <cstring>
+
+namespace QUARRY {
+
+namespace {
+
+QString text(const char *words)
+{
+    return QCoreApplication::translate("QUARRY::VerilatorDesign", words);
+}
+
+bool is(const pugi::xml_node &node, const char *name)
+{
+    return std::strcmp(node.name(), name) == 0;
+}
+
+// The loop variables of generate loops stand among the variables; the user's own are marked public.
+bool isGenvar(const pugi::xml_node &var)
+{
+    return std::strcmp(var.attribute("vartype").value(), "integer") == 0 && !var.attribute("public");
+}
+
+// Verilator writes each byte of a letter beyond ASCII as a character of its own, "&#195;&#164;".
+void joinLetters(QByteArray &xml)
+{
+    const char *end = xml.constData() + xml.size();
+    const auto nextEscape = [end](const char *from) {
+        return static_cast<const char *>(std::memchr(from, '&', size_t(end - from)));
+    };
+    const char *first = nextEscape(xml.constData());
+    while (first && first[1] != '#')
+        first = nextEscape(first + 1);
+    if (!first)
+        return;
+    char *out = xml.data() + (first - xml.constData());
+    for (const char *in = out; in < end;) {
+        const bool isEscape = end - in > 5 && in[0] == '&' && in[1] == '#' && in[5] == ';';
+        const int byte = isEscape ? QByteArray(in + 2, 3).toInt() : 0;
+        *out++ = byte > 127 ? char(byte) : *in;
+        in += byte > 127 ? 6 : 1;
+    }
+    xml.truncate(int(out - xml.constData()));
+}
+
+// Of "c,12,8,12,15": file, first line, first column, last line, column behind the last.
+struct Location
+{
+    explicit Location(const pugi::xml_node &node)
+    {
+        const char *text = node.attribute("loc").value();
+        const char *comma = std::strchr(text, ',');
+        if (!comma)
+            return;
+        file = std::string_view(text, size_t(comma - text));
+        line = int(std::strtol(comma + 1, const_cast<char **>(&text), 10));
+        column = *text ? int(std::strtol(text + 1, const_cast<char **>(&text), 10)) : 0;
+        const char *last = std::strrchr(node.attribute("loc").value(), ',');
+        end = std::atoi(last + 1);
+    }
+
+    std::string_view file;
+    int line = 0;
+    int column = 0;
+    int end = 0;
+};
+
+} // namespace
+
+VerilatorDesign::VerilatorDesign(const ReadOptions &options, NetlistBuilder &builder)
+    : m_options(options), m_builder(builder)
+{
+}
+VerilatorDesign::~VerilatorDesign() = default;
+
+bool VerilatorDesign::load(const QString &xmlFile, QString &error)
+{
+    QFile file(xmlFile);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = text("ERROR: The elaborated design %1 cannot be read: %2.").arg(xmlFile, file.errorString());
+        return false;
+    }
+    m_text = file.readAll();
+    joinLetters(m_text);
+    const pugi::xml_parse_result result =
+        m_document.load_buffer_inplace(m_text.data(), size_t(m_text.size()), pugi::parse_escapes);
+    const pugi::xml_node netlist = m_document.child("verilator_xml").child("netlist");
+    if (!result || !netlist) {
+        error = text("ERROR: %1 is not a complete design that Verilator wrote. Read the design again.");
+        error = error.arg(xmlFile);
+        return false;
+    }
+    addFiles(m_document.child("verilator_xml").child("files"));
+    m_types.reset(new VerilatorTypes(netlist.child("typetable")));
+    if (!m_options.vhdlTree.isEmpty())
+        m_vhdlPlaces.read(m_options.vhdlTree, m_options.fileNames);
+    for (const pugi::xml_node &node : netlist.children())
+        if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
+            addModule(node);
+    return true;
+}
+
+// An included file whose name has a blank stands there twice: as it is, and cut off at the blank.
+void VerilatorDesign::addFiles(const pugi::xml_node &files)
+{
+    QHash<QString, QString> whole;
+    for (const pugi::xml_node &node : files.children("file")) {
+        const QString name = QString::fromUtf8(node.attribute("filename").value());
+        if (name.contains(QLatin1Char(' ')))
+            whole.insert(name.section(QLatin1Char(' '), 0, 0), name);
+    }
+    for (const pugi::xml_node &node : files.children("file")) {
+        QString seen = QString::fromUtf8(node.attribute("filename").value());
+        seen = whole.value(seen, seen);
+        File file;
+        file.source = QDir::cleanPath(QDir(m_options.workingDir).absoluteFilePath(seen));
+        file.isGenerated = m_options.generated.contains(seen) || m_options.generated.contains(file.source);
+        if (m_options.fileNames.contains(seen))
+            file.name = m_options.fileNames.value(seen);
+        else if (!file.isGenerated)
+            file.name = file.source;
+        m_files.emplace(node.attribute("id").value(), file);
+    }
+}
+
+void VerilatorDesign::addModule(const pugi::xml_node &node)
+{
+    std::unique_ptr<VerilatorModule> module(new VerilatorModule);
+    module->node = node;
+    module->name = decodedVerilatorName(node.attribute("origName").value());
+    // A user primitive has no nets but its ports, which are those it is connected to.
+    module->isBlackBox = is(node, "primitive") || m_options.blackBoxes.contains(module->name);
+    module->name = m_options.moduleNames.value(module->name, module->name);
+    m_byName.emplace(node.attribute("name").value(), module.get());
+    m_modules.push_back(std::move(module));
+}
+
+// The named module, and of several with that name (as a recursive one has) the one that Verilator marks.
+VerilatorModule *VerilatorDesign::top()
+{
+    VerilatorModule *chosen = nullptr;
+    int best = 0;
+    for (const std::unique_ptr<VerilatorModule> &module : m_modules) {
+        const int named = !m_options.top.isEmpty() && module->name == m_options.top ? 2 : 0;
+        const int fits = named + (module->node.attribute("topModule") ? 1 : 0);
+        if (fits > best)
+            chosen = module.get();
+        best = qMax(best, fits);
+    }
+    return chosen;
+}
+
+VerilatorModule *VerilatorDesign::module(const char *defName)
+{
+    const QString name = decodedVerilatorName(defName);
+    VerilatorModule *&module = m_byName[name.toStdString()];
+    if (!module) {
+        m_modules.emplace_back(new VerilatorModule);
+        module = m_modules.back().get();
+        module->name = m_options.moduleNames.value(name, name);
+        module->isBlackBox = true;
+    }
+    return module;
+}
+
+const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
+{
+    const QString file = m_options.vhdlScopes.value(module.name.toLower());
+    if (file.isEmpty() || !isGenerated(module))
+        return nullptr;
+    const auto known = m_vhdlScopes.find(&module);
+    if (known != m_vhdlScopes.end())
+        return known->second.get();
+    return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
+}
+
+const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
+                                              const QString &architecture) const
+{
+    return isGenerated(module) ? m_vhdlPlaces.of(module.name, architecture) : nullptr;
+}
+
+const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
+{
+    if (module.body)
+        return *module.body;
+    module.body.reset(new VerilatorScope);
+    module.body->decl.name = module.name;
+    m_outputWires.clear();
+    if (isGenerated(module))
+        findOutputWires(module.node);
+    if (!module.isBlackBox)
+        readBody(module.node, module, *module.body);
+    readChildren(*module.body);
+    for (const std::unique_ptr<VerilatorScope> &scope : module.generates)
+        readChildren(*scope);
+    const VerilatorTies ties(*m_types, module);
+    if (ties.anyConstant()) {
+        module.contested = ties.contested();
+        module.hasContested = true;
+        module.tied = ties.inEveryInstance();
+    }
+    module.body->builderModule = m_builder.addModule(module.body->decl);
+    module.body->decl = ModuleDecl();
+    for (const std::unique_ptr<VerilatorScope> &scope : module.generates) {
+        scope->builderModule = m_builder.addModule(scope->decl);
+        scope->decl = ModuleDecl();
+    }
+    return *module.body;
+}
+
+// Before the scope's own ties are looked for: the outputs of its instances may be tied.
+void VerilatorDesign::readChildren(VerilatorScope &scope)
+{
+    for (VerilatorChild &child : scope.children) {
+        if (child.generate)
+            continue;
+        child.module = module(child.node.attribute("defName").value());
+        body(*child.module);
+    }
+}
+
+// GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.
+void VerilatorDesign::findOutputWires(const pugi::xml_node &body)
+{
+    for (const pugi::xml_node &instance : body.children("instance"))
+        for (const pugi::xml_node &port : instance.children("port")) {
+            const QString wire = QString::fromUtf8(instance.attribute("name").value()) + QLatin1Char('_') +
+                                 QString::fromUtf8(port.attribute("name").value());
+            if (std::strcmp(port.attribute("direction").value(), "in") != 0)
+                m_outputWires.insert(wire);
+        }
+}
+
+void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope)
+{
+    for (const pugi::xml_node &node : body.children()) {
+        if (is(node, "var"))
+            readVariable(node, module, scope);
+        else if (is(node, "begin"))
+            readGenerate(node, module, scope);
+        else if (is(node, "instance"))
+            readInstance(node, scope);
+        else if (is(node, "contassign"))
+            scope.assigns.push_back(node);
+    }
+}
+
+bool VerilatorDesign::isNet(const pugi::xml_node &var, const VerilatorType &type) const
+{
+    return type.isNet && !var.attribute("param") && !var.attribute("localparam") && !isGenvar(var) &&
+           !isVerilatorOwnName(var.attribute("origName").value());
+}
+
+bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
+{
+    if (!fileOf(var).isGenerated || var.attribute("dir"))
+        return false;
+    const QString name = QString::fromUtf8(var.attribute("name").value());
+    return isGhdlOwnName(name) || m_outputWires.contains(name);
+}
+
+// What GHDL made up is not shown, but a tie may come through it.
+void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
+{
+    const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
+    if (!isNet(var, type))
+        return;
+    VerilatorNet net;
+    net.name = var.attribute("name").value();
+    net.scope = &scope;
+    net.isBus = type.isVector;
+    net.left = type.left;
+    net.right = type.right;
+    net.isPort = var.attribute("dir");
+    net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
+    // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
+    net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
+    if (!isGhdlOwn(var)) {
+        net.position = scope.decl.nets.size();
+        scope.decl.nets.append(declaration(var, type, module));
+    }
+    const int number = int(module.nets.size());
+    if (var.attribute("pinIndex"))
+        module.pins[var.attribute("pinIndex").as_int()] = number;
+    scope.names.emplace(net.name, number);
+    module.nets.push_back(net);
+}
+
+NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorType &type,
+                                     const VerilatorModule &module)
+{
+    NetDecl decl;
+    decl.name = nameOf(var);
+    decl.isBus = type.isVector;
+    decl.left = type.left;
+    decl.right = type.right;
+    const File &file = fileOf(var);
+    if (file.isGenerated) {
+        if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+            decl.info = places->place(decl.name);
+        return decl;
+    }
+    decl.info.file = file.name;
+    decl.info.line = Location(var).line;
+    const QString words = m_types->declaredText(var);
+    decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));
+    decl.info.enumLabels = m_types->enumLabels(var, module.name);
+    return decl;
+}
+
+// Verilator has names of its own, "unnamedblk1" or "genblk0", for a block without a label that stands in
+// no loop or condition. The language calls an unlabelled scope "genblk" and counts from 1.
+QString VerilatorDesign::scopeName(const pugi::xml_node &begin) const
+{
+    const QRegExp own(QLatin1String("unnamedblk\\d+|genblk0"));
+    if (!own.exactMatch(nameOf(begin)))
+        return nameOf(begin);
+    QSet<QString> taken;
+    int skipped = 0; // numbers that go to the blocks before this one
+    bool isBefore = true;
+    for (const pugi::xml_node &sibling : begin.parent().children("begin")) {
+        isBefore = isBefore && sibling != begin;
+        if (!own.exactMatch(nameOf(sibling)))
+            taken.insert(scopeBaseName(nameOf(sibling)));
+        else if (isBefore)
+            ++skipped;
+    }
+    for (int number = 1;; ++number) {
+        const QString name = QLatin1String("genblk") + QString::number(number);
+        if (!taken.contains(name) && skipped-- == 0)
+            return name;
+    }
+}
+
+// A loop leaves an empty <begin name="g"> beside its iterations, and an "else if" one without a name
+// around the scope that counts.
+void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule &module,
+                                   VerilatorScope &scope)
+{
+    if (!begin.attribute("name")) {
+        readBody(begin, module, scope);
+        return;
+    }
+    VerilatorChild child;
+    child.name = scopeName(begin);
+    const size_t position = module.generates.size();
+    module.generates.emplace_back(new VerilatorScope);
+    VerilatorScope *inner = module.generates.back().get();
+    inner->outer = &scope;
+    inner->decl.name = scopeBaseName(child.name);
+    readBody(begin, module, *inner);
+    if (inner->decl.nets.isEmpty() && inner->children.empty() && module.generates.size() == position + 1) {
+        module.generates.pop_back();
+        return;
+    }
+    child.generate = inner;
+    scope.children.push_back(child);
+}
+
+void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorScope &scope)
+{
+    VerilatorChild child;
+    child.name = nameOf(instance);
+    child.node = instance;
+    child.isArray = verilatorRange(instance, child.left, child.right);
+    scope.children.push_back(child);
+}
+
+const VerilatorDesign::File &VerilatorDesign::fileOf(const pugi::xml_node &node) const
+{
+    static const File unknown;
+    const auto file = m_files.find(Location(node).file);
+    return file == m_files.end() ? unknown : file->second;
+}
+
+QString VerilatorDesign::nameOf(const pugi::xml_node &node) const
+{
+    const char *name = node.attribute("name").value();
+    return isHashedVerilatorName(name) ? writtenName(node) : QString::fromUtf8(name);
+}
+
+// The name as it stands in the source, which is the only place that still has a very long one.
+QString VerilatorDesign::writtenName(const pugi::xml_node &node) const
+{
+    const Location location(node);
+    QFile source(fileOf(node).source);
+    QByteArray line;
+    if (source.open(QIODevice::ReadOnly))
+        for (int i = 0; i < location.line; ++i)
+            line = source.readLine();
+    QByteArray name = line.mid(location.column - 1, location.end - location.column);
+    if (name.startsWith('\\'))
+        name.remove(0, 1);
+    return QString::fromUtf8(name.isEmpty() ? QByteArray(node.attribute("name").value()) : name);
+}
+
+} // namespace QUARRY

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "elaboration/reading/netlistreader.h"
+#include "elaboration/reading/verilatormodule.h"
+#include "elaboration/reading/verilatortypes.h"
+#include "elaboration/reading/vhdlplaces.h"
+#include "elaboration/reading/vhdlscopes.h"
+
+#include <QByteArray>
+#include <QHash>
+
+#include <string>
+
+namespace QUARRY {
+
+// The XML of one design in memory: its modules by name, types and files. Makes the scopes and
+// declarations of a module when they are first asked for, and adds them to the builder.
+class VerilatorDesign
+{
+public:
+    VerilatorDesign(const ReadOptions &options, NetlistBuilder &builder);
+    ~VerilatorDesign();
+
+    // False, with a sentence that begins with "ERROR", when the file is no design.
+    bool load(const QString &xmlFile, QString &error);
+
+    VerilatorModule *top(); // null when the design has none
+    // Reads the module and those that it instantiates, once.
+    const VerilatorScope &body(VerilatorModule &module);
+    // What the VHDL of the entity declares that the module was made of; null when that is not known.
+    const VhdlScope *vhdlScope(const VerilatorModule &module);
+    // Where the entity's sources declare all that; null when that is not known.
+    const VhdlPlaces *vhdlPlaces(const VerilatorModule &module, const QString &architecture) const;
+    bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
+    const VerilatorTypes &types() const { return *m_types; }
+
+private:
+    struct File
+    {
+        QString name;   // absolute; empty when a tool wrote it
+        QString source; // where it can be read
+        bool isGenerated = false;
+    };
+
+    // The module that an instance names; one that the XML does not hold is a black box.
+    VerilatorModule *module(const char *defName);
+    void addFiles(const pugi::xml_node &files);
+    void addModule(const pugi::xml_node &node);
+    void readChildren(VerilatorScope &scope);
+    void findOutputWires(const pugi::xml_node &body);
+    void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
+    void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
+    void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);
+    void readInstance(const pugi::xml_node &instance, VerilatorScope &scope);
+    bool isNet(const pugi::xml_node &var, const VerilatorType &type) const;
+    bool isGhdlOwn(const pugi::xml_node &var) const;
+    NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
+    const File &fileOf(const pugi::xml_node &node) const;
+    QString scopeName(const pugi::xml_node &begin) const;
+    QString nameOf(const pugi::xml_node &node) const;
+    QString writtenName(const pugi::xml_node &node) const;
+
+    const ReadOptions &m_options;
+    NetlistBuilder &m_builder;
+    QByteArray m_text; // the document points into it
+    pugi::xml_document m_document;
+    std::unique_ptr<VerilatorTypes> m_types;
+    std::unordered_map<std::string_view, File> m_files; // by id
+    std::vector<std::unique_ptr<VerilatorModule>> m_modules;
+    std::unordered_map<std::string, VerilatorModule *> m_byName;
+    std::unordered_map<const VerilatorModule *, std::unique_ptr<VhdlScope>> m_vhdlScopes;
+    VhdlPlaceTable m_vhdlPlaces;
+    QSet<QString> m_outputWires;         // of the module being read
+    QHash<QString, QString> m_typeTexts; // one copy of each text for all declarations
+};
+
+} // namespace QUARRY

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "model/netlist/netlistbuilder.h"
+
+#include <pugixml.hpp>
+
+#include <memory>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace QUARRY {
+
+struct VerilatorModule;
+struct VerilatorScope;
+
+// A node below a scope: an instance, an array of instances, or a generate scope.
+struct VerilatorChild
+{
+    QString name;
+    pugi::xml_node node;                      // <instance>; null for a generate scope
+    VerilatorModule *module = nullptr;        // of the instance; null for a generate scope
+    const VerilatorScope *generate = nullptr; // owned by the module
+    bool isArray = false;
+    int left = 0;
+    int right = 0;
+};
+
+// The body of a module, or of one generate scope in it.
+struct VerilatorScope
+{
+    const VerilatorScope *outer = nullptr;
+    int firstNet = 0; // number in VerilatorModule::nets of the scope's first declaration
+    int builderModule = -1;
+    ModuleDecl decl;                                 // emptied once the builder has it
+    std::unordered_map<std::string_view, int> names; // to numbers in VerilatorModule::nets
+    std::vector<VerilatorChild> children;            // in design order
+    std::vector<pugi::xml_node> assigns;             // continuous assignments
+};
+
+// One net in any scope of a module.
+struct VerilatorNet
+{
+    std::string_view name; // as Verilator has it
+    const VerilatorScope *scope = nullptr;
+    int position = -1; // in the scope's ModuleDecl; -1: not shown
+    bool isBus = false;
+    int left = 0;
+    int right = 0;
+    bool isPort = false;
+    bool isInout = false;
+    bool isTied = false; // by its declaration
+
+    int width() const { return isBus ? qAbs(left - right) + 1 : 1; }
+    // Declared index of a bit counted from the least significant one.
+    int bit(int fromRight) const { return left < right ? right - fromRight : right + fromRight; }
+};
+
+// Per bit of a net or expression, the least significant first: true when the bit is tied to a constant.
+// Empty when no bit is.
+using TiedBits = std::vector<bool>;
+using TiedNets = std::unordered_map<int, TiedBits>; // by number of the net
+
+// What the XML says about one module, shared by its instances.
+struct VerilatorModule
+{
+    pugi::xml_node node;
+    QString name; // as the user wrote it
+    bool isBlackBox = false;
+    bool isOpen = false; // an instance of it is being built: another below it would never end
+
+    std::unique_ptr<VerilatorScope> body; // null until it is first needed
+    std::vector<std::unique_ptr<VerilatorScope>> generates;
+    std::vector<VerilatorNet> nets;
+    std::unordered_map<int, int> pins; // numbers of nets, by position in the port list, from 1
+    bool hasContested = false;         // the next member is filled
+    TiedNets contested;                // bits with more than one driver, which no constant decides
+    TiedNets tied;                     // in every instance
+
+    // The net that a connection names, by its own name or as "__pinNumber3"; -1 when it is no net.
+    int netOfPort(std::string_view port) const;
+};
+
+} // namespace QUARRY

@@ -1,0 +1,305 @@
+#include "elaboration/reading/verilatorties.h"
+
+#include "elaboration/reading/verilatortypes.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace QUARRY {
+
+namespace {
+
+bool is(const pugi::xml_node &node, const char *name)
+{
+    return std::strcmp(node.name(), name) == 0;
+}
+
+int number(const pugi::xml_node &constant)
+{
+    return int(VerilatorConstant(constant.attribute("name").value()).number());
+}
+
+// A bit that is left floating ("1'bz") is tied to nothing.
+TiedBits constantBits(const pugi::xml_node &constant)
+{
+    const VerilatorConstant value(constant.attribute("name").value());
+    TiedBits bits(size_t(qMax(value.width, 0)), true);
+    if (value.base != 'b')
+        return bits;
+    const size_t digits = std::strlen(value.digits);
+    for (size_t i = 0; i < bits.size() && i < digits; ++i)
+        bits[i] = value.digits[digits - 1 - i] != 'z';
+    return bits;
+}
+
+bool hasTie(const TiedBits &bits)
+{
+    return std::find(bits.begin(), bits.end(), true) != bits.end();
+}
+
+} // namespace
+
+VerilatorTies::VerilatorTies(const VerilatorTypes &types, const VerilatorModule &module)
+    : m_types(types), m_module(module)
+{
+}
+
+template <typename Visit>
+void VerilatorTies::eachScope(Visit visit) const
+{
+    visit(*m_module.body);
+    for (const auto &scope : m_module.generates)
+        visit(*scope);
+}
+
+int VerilatorTies::width(const pugi::xml_node &expression) const
+{
+    return m_types.type(expression.attribute("dtype_id").value()).width();
+}
+
+int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const
+{
+    const std::string_view name = varref.attribute("name").value();
+    for (const VerilatorScope *at = &scope; at; at = at->outer) {
+        const auto found = at->names.find(name);
+        if (found != at->names.end())
+            return found->second;
+    }
+    return -1;
+}
+
+TiedBits VerilatorTies::bits(const pugi::xml_node &expression, const VerilatorScope &scope,
+                             const TiedNets &tied) const
+{
+    if (is(expression, "const"))
+        return constantBits(expression);
+    if (is(expression, "varref")) {
+        const auto known = tied.find(netNumber(expression, scope));
+        return known == tied.end() ? TiedBits() : known->second;
+    }
+    if (is(expression, "sel"))
+        return selected(expression, scope, tied);
+    if (is(expression, "concat"))
+        return joined(expression, scope, tied);
+    if (is(expression, "replicate"))
+        return repeated(expression, scope, tied);
+    if (is(expression, "extend") || is(expression, "extends"))
+        return extended(expression, scope, tied);
+    return TiedBits();
+}
+
+// <sel> of value, lowest bit and width, both counted from the least significant bit
+TiedBits VerilatorTies::selected(const pugi::xml_node &select, const VerilatorScope &scope,
+                                 const TiedNets &tied) const
+{
+    const pugi::xml_node value = select.first_child();
+    const pugi::xml_node lowest = value.next_sibling();
+    const TiedBits whole = bits(value, scope, tied);
+    const size_t from = size_t(qMax(0, number(lowest)));
+    if (!is(lowest, "const") || from >= whole.size())
+        return TiedBits();
+    TiedBits part(whole.begin() + std::ptrdiff_t(from), whole.end());
+    part.resize(size_t(width(select)));
+    return part;
+}
+
+TiedBits VerilatorTies::joined(const pugi::xml_node &concat, const VerilatorScope &scope,
+                               const TiedNets &tied) const
+{
+    const pugi::xml_node high = concat.first_child();
+    const pugi::xml_node low = high.next_sibling();
+    TiedBits all = bits(low, scope, tied);
+    const TiedBits upper = bits(high, scope, tied);
+    if (all.empty() && upper.empty())
+        return TiedBits();
+    all.resize(size_t(width(low)));
+    all.insert(all.end(), upper.begin(), upper.end());
+    all.resize(size_t(width(concat)));
+    return all;
+}
+
+TiedBits VerilatorTies::repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
+                                 const TiedNets &tied) const
+{
+    TiedBits once = bits(replicate.first_child(), scope, tied);
+    if (once.empty())
+        return once;
+    once.resize(size_t(width(replicate.first_child())));
+    TiedBits all(size_t(width(replicate)));
+    for (size_t i = 0; i < all.size(); ++i)
+        all[i] = once[i % once.size()];
+    return all;
+}
+
+TiedBits VerilatorTies::extended(const pugi::xml_node &extend, const VerilatorScope &scope,
+                                 const TiedNets &tied) const
+{
+    TiedBits all = bits(extend.first_child(), scope, tied);
+    all.resize(size_t(width(extend.first_child())));
+    const bool sign = is(extend, "extends");
+    all.resize(size_t(width(extend)), sign ? all.back() : true);
+    return all;
+}
+
+void VerilatorTies::addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
+                               std::vector<Target> &targets) const
+{
+    if (is(left, "varref")) {
+        targets.push_back({netNumber(left, scope), 0, width(left)});
+    } else if (is(left, "concat")) {
+        addTargets(left.last_child(), scope, targets);
+        addTargets(left.first_child(), scope, targets);
+    } else if (is(left, "sel") && is(left.first_child().next_sibling(), "const") &&
+               is(left.first_child(), "varref")) {
+        targets.push_back(
+            {netNumber(left.first_child(), scope), number(left.first_child().next_sibling()), width(left)});
+    } else {
+        targets.push_back({-1, 0, width(left)});
+    }
+}
+
+void VerilatorTies::count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const
+{
+    std::vector<Target> targets;
+    addTargets(left, scope, targets);
+    for (const Target &target : targets) {
+        if (target.net < 0)
+            continue;
+        std::vector<int> &counts = drivers[target.net];
+        counts.resize(size_t(m_module.nets[size_t(target.net)].width()));
+        const int end = qMin(target.lowest + target.width, int(counts.size()));
+        for (int bit = qMax(0, target.lowest); bit < end; ++bit)
+            ++counts[size_t(bit)];
+    }
+}
+
+void VerilatorTies::countScope(const VerilatorScope &scope, Drivers &drivers) const
+{
+    for (const pugi::xml_node &assignment : scope.assigns)
+        count(assignment.first_child().next_sibling(), scope, drivers);
+    for (const VerilatorChild &child : scope.children)
+        for (const pugi::xml_node &port : child.node.children("port"))
+            if (std::strcmp(port.attribute("direction").value(), "in") != 0)
+                count(port.first_child(), scope, drivers);
+}
+
+bool VerilatorTies::anyConstant() const
+{
+    for (const VerilatorNet &net : m_module.nets)
+        if (net.isTied)
+            return true;
+    bool found = false;
+    eachScope([this, &found](const VerilatorScope &scope) {
+        for (const VerilatorChild &child : scope.children)
+            found = found || (child.module && !child.module->tied.empty());
+        for (const pugi::xml_node &assignment : scope.assigns)
+            found = found || hasTie(bits(assignment.first_child(), scope, TiedNets()));
+    });
+    return found;
+}
+
+TiedNets VerilatorTies::contested() const
+{
+    Drivers drivers;
+    eachScope([this, &drivers](const VerilatorScope &scope) { countScope(scope, drivers); });
+    TiedNets result;
+    for (const auto &driven : drivers) {
+        const bool declared = m_module.nets[size_t(driven.first)].isTied;
+        TiedBits bits;
+        for (int count : driven.second)
+            bits.push_back(count + (declared ? 1 : 0) > 1);
+        if (hasTie(bits))
+            result.emplace(driven.first, std::move(bits));
+    }
+    return result;
+}
+
+TiedNets VerilatorTies::inEveryInstance() const
+{
+    TiedNets tied;
+    for (size_t i = 0; i < m_module.nets.size(); ++i)
+        if (m_module.nets[i].isTied)
+            for (int bit = 0; bit < m_module.nets[i].width(); ++bit)
+                set(int(i), bit, tied);
+    eachScope([this, &tied](const VerilatorScope &scope) { takeOutputs(scope, tied); });
+    follow(tied);
+    return tied;
+}
+
+// Assignments stand in any order, so it takes as many rounds as the longest chain against that order.
+// Real chains are short; the limit keeps a generated one from taking quadratic time.
+void VerilatorTies::follow(TiedNets &tied) const
+{
+    bool grown = true;
+    for (int round = 0; grown && round < 16; ++round) {
+        grown = false;
+        eachScope(
+            [this, &tied, &grown](const VerilatorScope &scope) { grown = assignAll(scope, tied) || grown; });
+    }
+}
+
+bool VerilatorTies::assignAll(const VerilatorScope &scope, TiedNets &tied) const
+{
+    bool grown = false;
+    for (const pugi::xml_node &assignment : scope.assigns)
+        grown = assign(assignment, scope, tied) || grown;
+    return grown;
+}
+
+bool VerilatorTies::assign(const pugi::xml_node &assignment, const VerilatorScope &scope,
+                           TiedNets &tied) const
+{
+    const TiedBits value = bits(assignment.first_child(), scope, tied);
+    return hasTie(value) && drive(assignment.first_child().next_sibling(), value, scope, tied);
+}
+
+bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
+                          TiedNets &tied) const
+{
+    std::vector<Target> targets;
+    addTargets(left, scope, targets);
+    bool grown = false;
+    size_t at = 0;
+    for (const Target &target : targets)
+        for (int i = 0; i < target.width; ++i, ++at)
+            if (target.net >= 0 && at < value.size() && value[at])
+                grown = set(target.net, target.lowest + i, tied) || grown;
+    return grown;
+}
+
+// What is tied in every instance of a module is tied behind its outputs, too.
+void VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) const
+{
+    for (const VerilatorChild &child : scope.children) {
+        if (!child.module || child.module->tied.empty())
+            continue;
+        for (const pugi::xml_node &port : child.node.children("port")) {
+            const auto inside =
+                child.module->tied.find(child.module->netOfPort(port.attribute("name").value()));
+            if (inside == child.module->tied.end() ||
+                std::strcmp(port.attribute("direction").value(), "out") != 0)
+                continue;
+            TiedBits value(size_t(width(port.first_child())));
+            for (size_t i = 0; i < value.size(); ++i) // an array of instances repeats it
+                value[i] =
+                    (child.isArray || i < inside->second.size()) && inside->second[i % inside->second.size()];
+            drive(port.first_child(), value, scope, tied);
+        }
+    }
+}
+
+bool VerilatorTies::set(int net, int bit, TiedNets &tied) const
+{
+    const int width = m_module.nets[size_t(net)].width();
+    const auto contested = m_module.contested.find(net);
+    if (bit < 0 || bit >= width || (contested != m_module.contested.end() && contested->second[size_t(bit)]))
+        return false;
+    TiedBits &bits = tied[net];
+    bits.resize(size_t(width));
+    if (bits[size_t(bit)])
+        return false;
+    bits[size_t(bit)] = true;
+    return true;
+}
+
+} // namespace QUARRY

@@ -1,0 +1,132 @@
+#include "elaboration/reading/vhdlbody.h"
+
+namespace QUARRY {
+
+namespace {
+
+QString lower(std::string_view name)
+{
+    return QString::fromUtf8(name.data(), int(name.size())).toLower();
+}
+
+NetDecl declaration(const QString &name, bool isBus, int left, int right)
+{
+    NetDecl decl;
+    decl.name = name;
+    decl.isBus = isBus;
+    decl.left = left;
+    decl.right = right;
+    return decl;
+}
+
+QString roundKey(const QString &prefix, const QString &label, int round)
+{
+    return prefix + label.toLower() + QLatin1String("_n") + QString::number(round);
+}
+
+} // namespace
+
+VhdlBody::VhdlBody(const VerilatorModule &module) : m_module(module)
+{
+    for (size_t i = 0; i < module.nets.size(); ++i)
+        m_nets.insert(lower(module.nets[i].name), int(i));
+    for (const VerilatorChild &child : module.body->children)
+        m_instances.insert(child.name.toLower(), &child);
+}
+
+const VerilatorChild *VhdlBody::instance(const QString &key) const
+{
+    return m_instances.value(key);
+}
+
+VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *places, const QString &prefix,
+                                     const QString &name) const
+{
+    Signals result;
+    result.decl.name = name;
+    for (const VhdlSignal &signal : scope.signalList) {
+        const Declaration place = places ? places->place(signal.name) : Declaration();
+        const int number = m_nets.value(prefix + signal.name.toLower(), -1);
+        if (number < 0 && !signal.hasShape) {
+            addRecordPort(signal.name, place, result);
+            continue;
+        }
+        // Verilog may know a port in a spelling of its own.
+        QString shown = signal.name;
+        if (number >= 0 && prefix.isEmpty()) {
+            const std::string_view written = m_module.nets[size_t(number)].name;
+            shown = QString::fromUtf8(written.data(), int(written.size()));
+        }
+        if (signal.hasShape) {
+            result.decl.nets.append(declaration(shown, signal.isBus, signal.left, signal.right));
+        } else {
+            const VerilatorNet &net = m_module.nets[size_t(number)];
+            result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+        }
+        result.decl.nets.last().info = place;
+        result.nets.push_back(number);
+    }
+    return result;
+}
+
+// A port "r" of a record type has become one port for each element, "r_valid" and so on, whose types the
+// declaration of the port does not say.
+void VhdlBody::addRecordPort(const QString &name, Declaration place, Signals &result) const
+{
+    place.type.clear();
+    const QString prefix = name.toLower() + QLatin1Char('_');
+    for (size_t i = 0; i < m_module.nets.size(); ++i) {
+        const VerilatorNet &net = m_module.nets[i];
+        const QString element = lower(net.name);
+        if (!net.isPort || !element.startsWith(prefix))
+            continue;
+        const QString shown = name + QLatin1Char('.') + element.mid(prefix.size());
+        result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+        result.decl.nets.last().info = place;
+        result.nets.push_back(int(i));
+    }
+}
+
+// How much of the scope and what is below it the module has under such names.
+int VhdlBody::known(const VhdlScope &scope, const QString &key) const
+{
+    if (m_instances.contains(key))
+        return 1;
+    int found = 0;
+    for (const VhdlSignal &signal : scope.signalList)
+        found += m_nets.contains(key + QLatin1Char('_') + signal.name.toLower()) ? 1 : 0;
+    const std::vector<QString> keys = childKeys(scope, key + QLatin1Char('_'));
+    for (size_t i = 0; i < keys.size(); ++i)
+        found += known(*scope.children[i], keys[i]);
+    return found;
+}
+
+// GHDL numbers the rounds of a loop in the order of the loop and its waveform has them in the order of
+// the index: what fits better is right.
+std::vector<QString> VhdlBody::childKeys(const VhdlScope &scope, const QString &prefix) const
+{
+    std::vector<QString> keys(scope.children.size());
+    for (size_t first = 0, end = 0; first < scope.children.size(); first = end) {
+        const QString label = scope.children[first]->label();
+        end = first + 1;
+        if (label == scope.children[first]->name) {
+            keys[first] = prefix + label.toLower();
+            continue;
+        }
+        while (end < scope.children.size() && scope.children[end]->label() == label &&
+               scope.children[end]->name != label)
+            ++end;
+        const int rounds = int(end - first);
+        int upwards = 0;
+        int downwards = 0;
+        for (int i = 0; i < rounds; ++i) {
+            upwards += known(*scope.children[first + size_t(i)], roundKey(prefix, label, i + 1));
+            downwards += known(*scope.children[first + size_t(i)], roundKey(prefix, label, rounds - i));
+        }
+        for (int i = 0; i < rounds; ++i)
+            keys[first + size_t(i)] = roundKey(prefix, label, downwards > upwards ? rounds - i : i + 1);
+    }
+    return keys;
+}
+
+} // namespace QUARRY

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/netlist/rtlnetlist.h"
+
+#include <QHash>
+#include <QMap>
+
+#include <map>
+#include <memory>
+
+namespace QUARRY {
+
+// What an architecture with its entity, or a block or generate statement in it, declares. Names are in
+// small letters, extended ones without their backslashes.
+struct VhdlPlaces
+{
+    QHash<QString, Declaration> declarations;             // of signals and ports
+    QHash<QString, QString> architectures;                // that instances name, by label of the instance
+    std::map<QString, std::unique_ptr<VhdlPlaces>> inner; // by label
+
+    Declaration place(const QString &name) const { return declarations.value(name.toLower()); }
+    const VhdlPlaces *below(const QString &label) const; // null: no such statement
+};
+
+// The declarations of all VHDL sources, from the tree that "ghdl -s -ds FILES" writes on its standard
+// error. (Its XML says the same, and the standard library with it in many times the time.) A source that
+// GHDL cannot read leaves gaps; nothing else can fail.
+class VhdlPlaceTable
+{
+public:
+    // `fileNames`: a file as GHDL saw it -> the user's own, absolute.
+    void read(const QString &treeFile, const QMap<QString, QString> &fileNames);
+
+    // Null when unknown. Without a name the architecture that was read last, as GHDL chooses.
+    const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
+
+private:
+    friend class VhdlTreeReader;
+    std::map<QString, VhdlPlaces> m_entities;
+    std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
+    QHash<QString, QString> m_last;                                   // architecture of the entity
+};
+
+} // namespace QUARRY

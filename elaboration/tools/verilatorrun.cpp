@@ -1,0 +1,169 @@
+#include "elaboration/tools/verilatorrun.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "elaboration/tools/designinput.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourceorder.h"
+#include "elaboration/tools/verilatorflags.h"
+#include "host/designmanager.h"
+
+namespace QUARRY {
+namespace {
+
+const char systemVerilog[] = "1800-2017";
+
+// The data files of a Verilator that was moved lie beside its program.
+QString rootSetting(const QString &program)
+{
+    if (!qgetenv("VERILATOR_ROOT").isEmpty())
+        return QString();
+    const QFileInfo share(QFileInfo(program).absolutePath() + QLatin1String("/../share/verilator"));
+    return share.isDir() ? QLatin1String("VERILATOR_ROOT=") + share.canonicalFilePath() : QString();
+}
+
+QString absolute(const QString &path, const QString &workingDir)
+{
+    return QDir::cleanPath(QDir(workingDir).absoluteFilePath(path));
+}
+
+} // namespace
+
+QString verilogLanguage(const QString &standard)
+{
+    const QString text = standard.toLower();
+    const bool isSystem = text.contains(QLatin1String("sv")) || text.contains(QLatin1String("system")) ||
+                          text.contains(QLatin1String("1800"));
+    static const struct
+    {
+        const char *year;
+        const char *plain;
+        const char *system;
+    } years[] = {{"95", "1364-1995", systemVerilog},    {"2001", "1364-2001", systemVerilog},
+                 {"2005", "1364-2005", "1800-2005"},    {"2009", "1800-2009", "1800-2009"},
+                 {"2012", "1800-2012", "1800-2012"},    {"2017", systemVerilog, systemVerilog},
+                 {"2023", systemVerilog, systemVerilog}};
+    for (const auto &year : years) {
+        if (text.contains(QLatin1String(year.year)))
+            return QLatin1String(isSystem ? year.system : year.plain);
+    }
+    return QLatin1String(isSystem ? systemVerilog : "1364-2005");
+}
+
+VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, SafeNames &names)
+    : m_input(input), m_scratch(scratch), m_names(names), m_top(input.top), m_workingDir(input.workingDir)
+{
+    for (const DesignSource &source : input.files) {
+        if (source.type == TE::VhdlFile)
+            continue;
+        m_files.append(source.path);
+        m_suffixes.insert(source.path, QLatin1String(source.type == TE::SystemVerilogFile ? ".sv" : ".v"));
+    }
+    if (!QFileInfo(m_workingDir).isDir())
+        m_workingDir = m_files.isEmpty() ? scratch.path() : QFileInfo(m_files.first()).absolutePath();
+    for (const QString &folder : input.includePaths + input.libraryPaths)
+        m_folders.append(absolute(folder, m_workingDir));
+    m_folders.append(m_workingDir);
+}
+
+bool VerilatorRun::orderPackagesFirst()
+{
+    const QStringList before = m_files;
+    m_files = orderedByUse(m_files, VerilogSource);
+    return m_files != before;
+}
+
+bool VerilatorRun::leaveToIncludes(const QStringList &files)
+{
+    const int before = m_files.size();
+    const QSet<QString> included = includedNames(m_files);
+    for (const QString &file : files) {
+        if (included.contains(QFileInfo(file).fileName()))
+            m_files.removeAll(file);
+    }
+    return m_files.size() != before;
+}
+
+QString VerilatorRun::program()
+{
+    const QString root = QString::fromLocal8Bit(qgetenv("VERILATOR_ROOT"));
+    QStringList programs(QLatin1String("verilator_bin"));
+    if (!root.isEmpty())
+        programs << root + QLatin1String("/bin/verilator_bin");
+    return findTool("JEX_VERILATOR", programs);
+}
+
+QString VerilatorRun::xmlFile() const
+{
+    return m_scratch.file(QLatin1String("design.xml"));
+}
+
+QString VerilatorRun::treeFile() const
+{
+    // The second is what there is when an error ended the run before modules were looked up.
+    const QString tree = m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree"));
+    return QFileInfo(tree).exists() ? tree : m_scratch.file(QLatin1String("dump/Vdesign_990_final.tree"));
+}
+
+QStringList VerilatorRun::optionArguments() const
+{
+    QStringList arguments;
+    const QString verilog = verilogLanguage(m_input.verilogStandard);
+    const bool anySystem = !m_suffixes.keys(QLatin1String(".sv")).isEmpty();
+    // Included headers are read by the default language, whatever includes them.
+    arguments << QLatin1String("--default-language") << (anySystem ? QLatin1String(systemVerilog) : verilog)
+              << QLatin1Char('+') + verilog + QLatin1String("ext+v") << QLatin1String("+1800-2017ext+sv")
+              << QLatin1String("+1364-2005ext+vg");
+    arguments << QLatin1String("--relative-includes");
+    for (const QString &path : m_input.includePaths)
+        arguments << QLatin1String("-I") + m_names.folder(absolute(path, m_workingDir));
+    arguments << QLatin1String("-I") + m_names.folder(m_workingDir);
+    for (const QString &folder : m_names.includeFolders())
+        arguments << QLatin1String("-I") + folder;
+    for (const QString &path : m_input.libraryPaths)
+        arguments << QLatin1String("-y") << m_names.folder(absolute(path, m_workingDir));
+    for (const QString &define : m_input.defines)
+        arguments << QLatin1String("-D") + define;
+    if (!m_top.isEmpty())
+        arguments << QLatin1String("--top-module") << m_top;
+    return arguments;
+}
+
+ToolCall VerilatorRun::call(const QStringList &extra) const
+{
+    QStringList files;
+    for (const QString &file : m_files)
+        files << m_names.file(file, m_suffixes.value(file));
+    files << m_madeFiles;
+
+    ToolCall call;
+    call.name = QLatin1String("Verilator");
+    call.variable = QLatin1String("JEX_VERILATOR");
+    call.program = program();
+    call.environment = rootSetting(call.program);
+    call.workingDir = m_workingDir;
+    call.arguments = verilatorReadFlags();
+    call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << optionArguments()
+                   << files;
+    return call;
+}
+
+ToolResult VerilatorRun::read(ElaborationProgress *progress)
+{
+    return runTool(call(QStringList() << QLatin1String("--xml-output") << xmlFile() << QLatin1String("--Mdir")
+                                      << m_scratch.file(QLatin1String("out"))),
+                   progress);
+}
+
+ToolResult VerilatorRun::dump(ElaborationProgress *progress)
+{
+    QFile::remove(m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree")));
+    return runTool(call(QStringList() << QLatin1String("--dump-tree") << QLatin1String("--debug-exit-parse")
+                                      << QLatin1String("--Mdir") << m_scratch.file(QLatin1String("dump"))),
+                   progress);
+}
+
+} // namespace QUARRY

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include "elaboration/tools/toolprocess.h"
+
+namespace QUARRY {
+
+struct DesignInput;
+class ElaborationProgress;
+class SafeNames;
+class ScratchDir;
+
+// Verilator on the Verilog and SystemVerilog part of one design. Files that other steps make, black boxes
+// and VHDL turned into Verilog, are added to the user's own.
+class VerilatorRun
+{
+public:
+    VerilatorRun(const DesignInput &input, const ScratchDir &scratch, SafeNames &names);
+
+    void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
+    void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
+    bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
+    bool orderPackagesFirst(); // false when they were
+    // A header among the sources that holds only a part of a module cannot be read alone. Of the files, drops
+    // those that others include, which so bring them in; false when there are none.
+    bool leaveToIncludes(const QStringList &files);
+
+    // Reads the whole design and writes xmlFile().
+    ToolResult read(ElaborationProgress *progress);
+    // Reads the sources without linking them and writes treeFile().
+    ToolResult dump(ElaborationProgress *progress);
+
+    QString xmlFile() const;
+    QString treeFile() const;
+    QString workingDir() const { return m_workingDir; }
+    QStringList folders() const { return m_folders; } // where the tool looks for files
+    static QString program();
+
+private:
+    ToolCall call(const QStringList &extra) const;
+    QStringList optionArguments() const;
+
+    const DesignInput &m_input;
+    const ScratchDir &m_scratch;
+    SafeNames &m_names;
+    QString m_top;
+    QString m_workingDir;
+    QStringList m_files; // the user's own, in reading order, real names
+    QStringList m_madeFiles;
+    QStringList m_folders;
+    QHash<QString, QString> m_suffixes;
+};
+
+// Verilator's name for a language standard that users write as "2001", "Verilog 2005", "vlog95" or
+// "SystemVerilog-2012"; 1364-2005 for an empty or unknown text.
+QString verilogLanguage(const QString &standard);
+
+} // namespace QUARRY

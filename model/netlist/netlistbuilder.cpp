@@ -1,0 +1,110 @@
+#include "model/netlist/netlistbuilder.h"
+
+#include "model/netlist/rtlmodule.h"
+
+#include <algorithm>
+
+namespace QUARRY {
+
+NetlistBuilder::NetlistBuilder() : m_netlist(new RtlNetlist)
+{
+}
+NetlistBuilder::~NetlistBuilder() = default;
+
+int NetlistBuilder::addModule(const ModuleDecl &module)
+{
+    m_netlist->m_modules.push_back(std::make_unique<RtlModule>(module));
+    return int(m_netlist->m_modules.size()) - 1;
+}
+
+Hierachy *NetlistBuilder::addTop(const QString &instanceName, int module)
+{
+    m_netlist->topHierarchy = addInstance(nullptr, instanceName, module);
+    return m_netlist->topHierarchy;
+}
+
+Hierachy *NetlistBuilder::addInstance(Hierachy *parent, const QString &instanceName, int module)
+{
+    const RtlModule &declarations = *m_netlist->m_modules[size_t(module)];
+    m_netlist->m_nodes.emplace_back();
+    Hierachy *node = &m_netlist->m_nodes.back();
+    node->instanceName = instanceName;
+    node->moduleName = declarations.name();
+    node->parent = parent;
+    node->m_declarations = &declarations;
+    node->m_path = instanceName;
+    if (parent) {
+        node->m_path = parent->m_path + QLatin1Char('/') + instanceName;
+        parent->children.append(node);
+    }
+    fill(node, declarations);
+    return node;
+}
+
+// One block for all bits of the instance and one for its buses: a net costs its record and the pointer
+// to it, nothing for the allocator.
+void NetlistBuilder::fill(Hierachy *node, const RtlModule &module)
+{
+    size_t singles = 0;
+    for (const RtlModule::Entry &entry : module.entries())
+        singles += entry.isBus ? 0 : 1;
+    node->nets.reserve(int(singles));
+    node->buses.reserve(int(module.entries().size() - singles));
+    node->m_bits.resize(module.slotCount());
+    node->m_buses.resize(module.entries().size() - singles);
+    quint32 slot = 0;
+    for (RtlNet &bit : node->m_bits) {
+        bit.m_slot = slot++;
+        bit.m_module = node;
+    }
+    for (quint32 number = 0; number < module.entries().size(); ++number) {
+        const RtlModule::Entry &entry = module.entries()[number];
+        if (entry.isBus) {
+            RtlNetBus *bus = &node->m_buses[entry.ordinal];
+            bus->m_entry = number;
+            bus->m_module = node;
+            bus->members.reserve(entry.width());
+            for (int i = 0; i < entry.width(); ++i)
+                bus->members.append(&node->m_bits[entry.firstSlot + quint32(i)]);
+            node->buses.append(bus);
+        } else {
+            node->nets.append(&node->m_bits[entry.firstSlot]);
+        }
+        if (entry.excluded)
+            exclude(node, int(number));
+    }
+    for (quint32 excluded : module.excludedSlots())
+        node->m_bits[excluded].excluded = true;
+}
+
+void NetlistBuilder::exclude(Hierachy *instance, int net)
+{
+    const RtlModule::Entry &entry = instance->m_declarations->entries()[size_t(net)];
+    for (int i = 0; i < entry.width(); ++i)
+        instance->m_bits[entry.firstSlot + quint32(i)].excluded = true;
+}
+
+void NetlistBuilder::excludeBit(Hierachy *instance, int net, int bit)
+{
+    const RtlModule::Entry &entry = instance->m_declarations->entries()[size_t(net)];
+    if (entry.isBus && entry.hasBit(bit))
+        instance->m_bits[entry.slotOfBit(bit)].excluded = true;
+}
+
+void NetlistBuilder::setUsesTsJtag()
+{
+    m_netlist->usesTsJtag = true;
+}
+
+RtlNetlist *NetlistBuilder::take()
+{
+    for (Hierachy &node : m_netlist->m_nodes)
+        for (RtlNetBus &bus : node.m_buses)
+            bus.excluded = std::all_of(bus.members.constBegin(), bus.members.constEnd(),
+                                       [](const RtlNet *bit) { return bit->excluded; });
+    RtlNetlist *result = m_netlist.release();
+    m_netlist.reset(new RtlNetlist);
+    return result;
+}
+
+} // namespace QUARRY

@@ -1,7 +1,0 @@
-#include "model/quarry/elaboration.h"
-
-namespace QUARRY {
-
-ElaborationProgress::~ElaborationProgress() = default;
-
-} // namespace QUARRY

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "elaboration/elaboration.h"
+#include "model/netlist/rtlnetlist.h"
+#include "tests/support/files.h"
+
+// The sources of one design, in a folder of their own.
+class Sources : public Folder
+{
+public:
+    QString script(const QString &name, const QByteArray &text) const
+    {
+        const QString file = write(name, "#!/bin/sh\n" + text + "\n");
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
+        return file;
+    }
+
+    // The language goes by the suffix.
+    QUARRY::DesignInput input(const QStringList &names) const
+    {
+        QUARRY::DesignInput input;
+        input.workingDir = path();
+        for (const QString &name : names) {
+            QUARRY::DesignSource source;
+            source.path = path(name);
+            source.type = name.endsWith(".vhd") ? 4 : name.endsWith(".sv") ? 3 : 2;
+            input.files += source;
+        }
+        return input;
+    }
+};
+
+// One line for each node, "top/u0:uart clk tied! data[7:0]!5!4": what an exclamation mark follows is
+// excluded.
+inline void draw(const QUARRY::Hierachy &node, QStringList &lines)
+{
+    QStringList words(node.fullPathName() + ':' + node.moduleName);
+    for (const QUARRY::RtlNet *net : node.nets)
+        words += net->name() + (net->excluded ? "!" : "");
+    for (const QUARRY::RtlNetBus *bus : node.buses) {
+        words += bus->BusName() + (bus->excluded ? "!" : "");
+        for (const QUARRY::RtlNet *bit : bus->members)
+            if (bit->excluded && !bus->excluded)
+                words.last() += '!' + bit->name().section('[', -1).chopped(1);
+    }
+    lines += words.join(' ');
+    for (const QUARRY::Hierachy *child : node.children)
+        draw(*child, lines);
+}
+
+inline QStringList drawn(const QUARRY::RtlNetlist *netlist)
+{
+    QStringList lines;
+    if (netlist)
+        draw(*netlist->topHierarchy, lines);
+    if (netlist && netlist->usesTsJtag)
+        lines += "TS_JTAG!";
+    return lines;
+}

@@ -1,0 +1,186 @@
+#include "elaboration/catchrtl.h"
+#include "host/designmanager.h"
+#include "model/netlist/rtlnetlist.h"
+#include "tests/support/workspace.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+using namespace QUARRY;
+
+namespace {
+
+// Acts on each modal widget that comes up, and notes which those were.
+class Watcher : public QObject
+{
+public:
+    explicit Watcher(std::function<void(QWidget *)> action) : m_action(std::move(action))
+    {
+        startTimer(10);
+        m_clock.start();
+    }
+
+    QStringList seen;
+    qint64 lastSeenMs = -1;
+    int looks = 0; // grows while events are handled
+
+private:
+    void timerEvent(QTimerEvent *) override
+    {
+        ++looks;
+        QWidget *widget = QApplication::activeModalWidget();
+        if (!widget || widget == m_last)
+            return;
+        m_last = widget;
+        lastSeenMs = m_clock.elapsed();
+        const QMessageBox *box = qobject_cast<QMessageBox *>(widget);
+        seen += box ? box->windowTitle() + ": " + box->text() + " | " + box->detailedText()
+                    : widget->windowTitle();
+        m_action(widget);
+    }
+
+    std::function<void(QWidget *)> m_action;
+    QElapsedTimer m_clock;
+    QPointer<QWidget> m_last; // a later one may have the same address
+};
+
+void cancel(QWidget *widget)
+{
+    QTest::mouseClick(widget->findChild<QPushButton *>(), Qt::LeftButton);
+}
+
+} // namespace
+
+class tst_CatchRtl : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_work.reset(new Workspace);
+        m_work->addDesign("t.v", "module t(input x); endmodule");
+        m_tops = m_modules = m_messages = QStringList();
+    }
+
+    void cleanup()
+    {
+        qunsetenv("JEX_VERILATOR");
+        m_work.reset();
+    }
+
+    void readsTheProject()
+    {
+        QVERIFY(readModules());
+        QCOMPARE(m_tops + m_modules + m_messages, (QStringList{"t", "t"}));
+        QVERIFY(readNets());
+        QVERIFY(m_netlist->findNet("t/x"));
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void showsFailures()
+    {
+        m_work->write("t.v", "module t;\nwire = ;\nendmodule");
+        Watcher watcher([](QWidget *widget) {
+            if (qobject_cast<QMessageBox *>(widget))
+                QTest::keyClick(widget, Qt::Key_Escape);
+        });
+        QVERIFY(!readNets());
+        QVERIFY(!m_netlist);
+        const QString error = m_messages.join('\n');
+        QVERIFY2(error.startsWith("ERROR: " + m_work->path("t.v") + ":2: "), qPrintable(error));
+        QCOMPARE(watcher.seen.filter("Error: "),
+                 QStringList("Error: The design could not be read.\n\n" + error + " | " + error));
+
+        // The modules' caller shows the messages itself.
+        QVERIFY(!readModules());
+        QCOMPARE(watcher.seen.filter("Error: ").size(), 1);
+    }
+
+    void cancels()
+    {
+        slowTool();
+        QElapsedTimer clock;
+        QString label;
+        Watcher watcher([&](QWidget *widget) {
+            label = qobject_cast<QProgressDialog *>(widget)->labelText();
+            clock.start();
+            cancel(widget);
+        });
+        QVERIFY(!readModules());
+        QVERIFY(clock.elapsed() < 1000);
+        QVERIFY2(watcher.lastSeenMs >= 490, qPrintable(QString::number(watcher.lastSeenMs)));
+        QVERIFY(watcher.looks > 10);
+        QCOMPARE(label, QString("Reading 1 source file"));
+        QCOMPARE(m_messages, QStringList("ERROR: Reading the design was cancelled."));
+        QVERIFY(m_tops.isEmpty() && m_modules.isEmpty());
+
+        QVERIFY(!readNets());
+        QVERIFY(!m_netlist);
+        QVERIFY(clock.elapsed() < 1000);
+        QCOMPARE(watcher.seen, (QStringList{"Read Modules", "Read Design"})); // and no box
+    }
+
+    void survivesItsParent()
+    {
+        slowTool();
+        QWidget *parent = new QWidget;
+        parent->show();
+        Watcher watcher([&](QWidget *) { delete parent; });
+        QVERIFY(!readNets(parent));
+        QVERIFY(!m_netlist);
+        QCOMPARE(watcher.seen, QStringList("Read Design"));
+    }
+
+    void refusesToNest()
+    {
+        slowTool();
+        QStringList inner;
+        Watcher watcher([&](QWidget *widget) {
+            m_messages.clear();
+            QVERIFY(!readModules());
+            inner = m_messages;
+            cancel(widget);
+        });
+        QVERIFY(!readNets());
+        QCOMPARE(inner, QStringList("ERROR: A design is being read already. Try again when that is done."));
+    }
+
+private:
+    void slowTool()
+    {
+        const QString tool = m_work->write("slow", "#!/bin/sh\nsleep 60");
+        QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("JEX_VERILATOR", tool.toUtf8());
+    }
+
+    bool readModules()
+    {
+        QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
+        return catchRtlModules(m_tops, m_modules, m_messages, info, nullptr);
+    }
+
+    bool readNets(QWidget *parent = nullptr)
+    {
+        RtlNetlist *netlist = reinterpret_cast<RtlNetlist *>(1);
+        const bool ok = catchRtlNetsWithProgressDialog(&netlist, m_messages, parent);
+        m_netlist.reset(netlist);
+        return ok;
+    }
+
+    std::unique_ptr<Workspace> m_work;
+    QStringList m_tops, m_modules, m_messages;
+    std::unique_ptr<RtlNetlist> m_netlist;
+};
+
+QTEST_MAIN(tst_CatchRtl)
+#include "tst_catchrtl.moc"

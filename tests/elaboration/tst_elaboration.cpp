@@ -1,0 +1,426 @@
+#include "tests/elaboration/sources.h"
+#include "tests/support/tablerow.h"
+
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <memory>
+
+using namespace QUARRY;
+
+namespace {
+
+class CancelAfter : public ElaborationProgress
+{
+public:
+    explicit CancelAfter(int ms) : m_ms(ms) { m_clock.start(); }
+    void stage(const QString &text) override { stages += text; }
+    bool cancelled() override { return m_clock.elapsed() >= m_ms; }
+    QStringList stages;
+
+private:
+    QElapsedTimer m_clock;
+    int m_ms;
+};
+
+// In the pattern * stands for any text, such as a tool's own words.
+bool fits(const QString &text, const QString &pattern)
+{
+    const QString expression = QRegularExpression::escape(pattern).replace("\\*", ".*");
+    const QRegularExpression whole("^" + expression + "$", QRegularExpression::DotMatchesEverythingOption);
+    return whole.match(text).hasMatch();
+}
+
+// Sources stand one after the other, each below a line "== name"; those in folders are not given to the tool.
+// Options are entries of the host's map, and the type of all files.
+
+void verilogRows()
+{
+    const QString two = "== a.v\nmodule a(input x); leaf u(x); endmodule\nmodule leaf(input x); endmodule\n"
+                        "module b(input y); leaf \\v.w (y); endmodule\n";
+    row("several tops", "", two, "top a b\nmodules a b leaf", "");
+    row("named top", "Top=b", two, "top b\nmodules b leaf", "b:b y\nb/v.w:leaf x");
+    row("unknown top", "Top=c", two, "top \nmodules", "");
+    row("missing source", "", "== sub/a.v\n== -a.v\n",
+        "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
+        "project or restore it.",
+        "");
+    row("users before packages", "",
+        "== t.sv\nmodule t(input p::w_t x); import q::*; wire [N-1:0] y; e_t e; endmodule\n"
+        "== p.sv\npackage p; typedef logic [q::N:0] w_t; endpackage\n"
+        "== q.sv\n/* package p; */ package q; localparam N = 2; endpackage\n"
+        "== u.sv\ntypedef enum logic {OFF, ON} e_t; // no module\n",
+        "top t\nmodules t", "t:t e x[2:0] y[1:0]");
+    row("includes, defines and libraries",
+        "IncludePath=inc\nLibraryPath=lib\nDefines=WIDTH=1+2\nDefines=SOME=\"a $HOME b\"",
+        "== t.v\n`include \"far.vh\"\n`include \"sub/mid.vh\"\nmodule t(input `BITS x); "
+        "localparam A = `SOME; cell1 u(x[0]); endmodule\n"
+        "== inc/far.vh\n`include \"near.vh\"\n== inc/near.vh\n`define BITS [`WIDTH:0]\n== sub/mid.vh\n\n"
+        "== lib/cell1.v\nmodule cell1(input c); endmodule\n",
+        "top t\nmodules cell1 t", "t:t x[3:0]\nt/u:cell1 c");
+    row("headers among the sources", "",
+        "== part.vh\nassign y = x[0];\n== t.v\nmodule t(input `BITS x);\n`include \"part.vh\"\n"
+        "`include \"sub/two words.vh\"\nendmodule\n== bits.vh\n`define BITS [3:0]\n"
+        "== sub/two words.vh\nwire y;\n",
+        "top t\nmodules t", "t:t y x[3:0]");
+    row("error in a header", "",
+        "== t.v\nmodule t;\n`include \"part.vh\"\nendmodule\n"
+        "== part.vh\n\nassign = 1;\n",
+        "top \nmodules \nERROR: @/part.vh:2: syntax error*", "");
+    const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
+    row("Verilog names", "", keyword, "top t\nmodules t", "t:t logic bit");
+    row("type", "Type=3", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
+    row("standard", "Verilog_Standard=SystemVerilog", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
+    row("black boxes", "",
+        "== t.sv\ninterface ifc; logic v; modport m(input v); endinterface\n"
+        "package p; typedef logic [2:0] t; endpackage\n"
+        "module t(input clk, input [31:0] a, output [1:0] y);\n"
+        "ifc i0(), ia[2](); logic [7:0] mem [4];\n"
+        "prim #(.W(4), .T(p::t), .S(\"x\")) u0(.clk(clk), .\\d[0] (a), .\\do (y[0]));\n"
+        "prim #(1) u1(clk, , a);\n"
+        "split us[3:0](.d(a), .c(clk));\n"
+        "bus ub(.i(i0), .m(i0.m), .e(ia[1]), .mem(mem), .v(i0.v));\n"
+        "none un(); \\odd$ uo(.*);\n"
+        "if (0) begin : g dead ud(clk); end\nendmodule\n",
+        "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
+        "nothing inside: *",
+        "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
+        "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$");
+}
+
+const char vhdl[] =
+    "== top.vhd\nlibrary ieee; use ieee.std_logic_1164.all; use work.pack.all;\n"
+    "entity Top is port (clk : in std_logic; q : out std_logic_vector(C downto 0)); end;\n"
+    "architecture a of Top is component prim is port (Aa : in std_logic); end component;\n"
+    "signal reg : std_logic_vector(C downto 0); begin\n"
+    "u : entity work.leaf generic map (W => C + 1) port map (clk, reg); p : prim port map (clk); q "
+    "<= "
+    "reg; end;\n"
+    "== leaf.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
+    "entity Leaf is generic (W : integer := 2);\n"
+    "port (c : in std_logic; q : out std_logic_vector(W - 1 downto 0)); end;\n"
+    "architecture a of Leaf is begin q <= (others => c); end;\n"
+    "== pack.vhd\npackage pack is constant C : integer := 3; end;\n";
+const char boxed[] = "\nWARNING: These modules have no definition and are shown as black boxes, with "
+                     "nothing inside: prim";
+
+void vhdlRows()
+{
+    row("VHDL in any order", "", vhdl, "top Top\nmodules Leaf Top" + QString(boxed),
+        "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:prim");
+    row("VHDL top in another case", "Top=TOP", vhdl, "top TOP\nmodules Leaf TOP" + QString(boxed),
+        "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim");
+    row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
+    row("VHDL names that Verilog reserves", "",
+        "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
+        "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
+        "\\two words\\ <= always; wire <= \\two words\\; end;\n"
+        "entity r is port (reg : in bit; q : out bit); end;\n"
+        "architecture a of r is signal u_wire : bit; begin "
+        "u : entity work.sub port map (reg, u_wire); q <= u_wire; end;\n",
+        "top r\nmodules r sub", "r:r reg q u_wire\nr/u:sub input wire always two words");
+}
+
+void mixedRows()
+{
+    row("VHDL in Verilog", "Top=v",
+        QString(vhdl) + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); "
+                        "endmodule\n",
+        "top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
+        "effect "
+        "here: the entity is shown with its default values." +
+            QString(boxed),
+        "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\n"
+        "v/u2/u:Leaf c q[3:0]\nv/u2/p:prim");
+    row("VHDL without a value for its generic", "",
+        "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
+        "begin "
+        "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n",
+        "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
+        "translated with the default values of its generics. It is shown as a black box." +
+            QString(boxed).replace("prim", "l"),
+        "v:v x\nv/u:l");
+    row("VHDL in Verilog in VHDL, in a library", "",
+        "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
+        "architecture a of top is component mid is port (a : in w_t); end component; begin "
+        "u : mid port map (a); end;\n"
+        "== bot.vhd\nentity bot is port (a : in bit); end;\narchitecture a of bot is begin end;\n"
+        "== p.vhd\npackage p is subtype w_t is bit_vector(1 downto 0); end;\n"
+        "== mid.v\nmodule Mid(input [1:0] A); Bot b(.a(A[0])); endmodule\n",
+        "top top\nmodules Mid bot top", "top:top a[1:0]\ntop/u:Mid A[1:0]\ntop/u/b:bot a");
+    row("test bench beside the design", "",
+        "== t.v\nmodule t(input x); endmodule\n== tb.vhd\nentity tb is end;\narchitecture a of tb is "
+        "begin "
+        "process begin wait for 1 ns;\nend process; end;\n",
+        "top t tb\nmodules t tb\nWARNING: @/tb.vhd:2: *", "");
+}
+
+} // namespace
+
+class tst_Elaboration : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_sources.reset(new Sources);
+        QDir().mkpath(path("tmp"));
+        qputenv("TMPDIR", path("tmp").toUtf8());
+    }
+
+    void cleanup()
+    {
+        for (const char *variable : {"JEX_VERILATOR", "JEX_GHDL", "JEX_TOOL_TIMEOUT"})
+            qunsetenv(variable);
+        listModules(DesignInput(), nullptr); // drops the remembered design
+        QCOMPARE(leftInTemp(), QStringList());
+    }
+
+    void readsDesigns_data()
+    {
+        textColumns("options", "sources", "lists", "design");
+        verilogRows();
+        vhdlRows();
+        mixedRows();
+    }
+
+    void readsDesigns()
+    {
+        QFETCH(QString, options);
+        QFETCH(QString, sources);
+        QFETCH(QString, lists);
+        QFETCH(QString, design);
+        QStringList given;
+        for (const QString &part : sources.split("== ", Qt::SkipEmptyParts)) {
+            const QString name = part.section('\n', 0, 0);
+            if (part.count('\n') > 1)
+                m_sources->write(name, part.section('\n', 1).toUtf8());
+            if (!name.contains('/'))
+                given += name;
+        }
+        QVariantMap info{{"WorkingDir", path("")}};
+        for (const QString &option : options.split('\n', Qt::SkipEmptyParts)) {
+            const QString key = option.section('=', 0, 0);
+            const QString value = option.section('=', 1);
+            const bool isList = key == "IncludePath" || key == "LibraryPath" || key == "Defines";
+            info[key] = isList ? QVariant(info[key].toStringList() << value) : QVariant(value);
+        }
+        QVariantList files;
+        for (const QString &name : given)
+            files += QVariantMap{{"Path", path(name)}, {"Type", info["Type"]}};
+        info["Files"] = files;
+        const DesignInput input = designInputFromInfo(info);
+        const QString found = listed(input);
+        QVERIFY2(fits(found, lists), qPrintable("\nfound:\n" + found + "\nexpected:\n" + lists));
+        QCOMPARE(built(input), design);
+    }
+
+    void takesAnyFileName_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name :
+             {"two words", "it's \"quoted\"", "a;touch hacked;", "$(touch hacked)", "$HOME", "${HOME}x",
+              "`touch hacked`", "-f", "+incdir+x", "new\nline", "back\\slash", "\u00fcml\u00e4ut", "a:3:4:b"})
+            QTest::newRow(name) << QString::fromUtf8(name);
+    }
+
+    void takesAnyFileName()
+    {
+        QFETCH(QString, name);
+        for (const QString &file : {name + ".v", name + "/m.v", name + "/" + name + ".vhd"}) {
+            m_sources->write(name + "/near it.vh", "wire near;");
+            const bool isVhdl = file.endsWith(".vhd");
+            m_sources->write(
+                file, isVhdl
+                          ? "entity m is port (x : in bit; y : out bit); end;\narchitecture a of m is begin "
+                            "y <= x; end;"
+                          : "module m(input x);\n`include \"near it.vh\"\nendmodule");
+            DesignInput design = m_sources->input({file});
+            design.workingDir = path(name);
+            QCOMPARE(listed(design), QString("top m\nmodules m"));
+            QStringList messages;
+            const std::unique_ptr<RtlNetlist> netlist(buildNetlist(design, messages, nullptr));
+            QVERIFY2(netlist, qPrintable(messages.join('\n')));
+            QCOMPARE(netlist->findNet("m/x")->declaration().file, path(file));
+            if (!isVhdl)
+                QCOMPARE(netlist->findNet("m/near")->declaration().file, path(name + "/near it.vh"));
+            m_sources->write(file, isVhdl ? "entity m is\nport (x : inn bit); end;"
+                                          : "module m;\nwire = ;\nendmodule");
+            const QString text = listModules(design, nullptr).messages.value(0);
+            QVERIFY2(text.startsWith("ERROR: " + path(file) + ":2: "), qPrintable(text));
+        }
+        QVERIFY(!QFile::exists(path("hacked")) && !QFile::exists(path(name + "/hacked")));
+    }
+
+    void reportsFailingTools_data()
+    {
+        QTest::addColumn<QByteArray>("body"); // empty: there is no such program
+        QTest::addColumn<QString>("message"); // %1 is the tool, %2 its variable, %3 its program
+
+        QTest::newRow("missing")
+            << QByteArray()
+            << "ERROR: %1 could not be started (%3: *). Install it, or let the variable %2 name the "
+               "program.";
+        const QString died =
+            "ERROR: %1 crashed or was killed before it finished. Read the design again; if it happens "
+            "again, look for the source that causes it by leaving files out.";
+        QTest::newRow("crashes") << QByteArray("echo oh no >&2; kill -SEGV $$")
+                                 << died + " Its last words: oh no";
+        QTest::newRow("is killed") << QByteArray("kill -KILL $$") << died;
+        QTest::newRow("hangs")
+            << QByteArray("sleep 60 & wait")
+            << "ERROR: %1 did not end within 1 seconds and was stopped. If the design needs longer, set "
+               "JEX_TOOL_TIMEOUT to a larger number of seconds.";
+        QTest::newRow("prints garbage")
+            << QByteArray("head -c 100000 /dev/urandom; head -c 10000 /dev/urandom >&2")
+            << "ERROR: %1 ended with code 0 and gave no design. *";
+        QTest::newRow("fails") << QByteArray("exit 3") << "ERROR: %1 ended with code 3 and gave no design. *";
+    }
+
+    void reportsFailingTools()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(QString, message);
+        qputenv("JEX_TOOL_TIMEOUT", "1");
+        m_sources->write("a.v", "module a; endmodule");
+        m_sources->write("b.vhd", "entity b is end; architecture a of b is begin end;");
+        const QStringList tools[] = {{"Verilator", "JEX_VERILATOR", "a.v"}, {"GHDL", "JEX_GHDL", "b.vhd"}};
+        for (const QStringList &tool : tools) {
+            const QString program = body.isEmpty() ? path("none") : m_sources->script(tool.at(0), body);
+            qputenv(qPrintable(tool.at(1)), program.toUtf8());
+            const ModuleList list = listModules(m_sources->input({tool.at(2)}), nullptr);
+            QCOMPARE(list.messages.size(), 1);
+            const QString expected =
+                QString(message).replace("%1", tool.at(0)).replace("%2", tool.at(1)).replace("%3", program);
+            QVERIFY2(fits(list.messages.first(), expected), qPrintable(list.messages.first()));
+            QVERIFY(list.modules.isEmpty() && list.topModules.isEmpty());
+        }
+    }
+
+    void cancelsAtOnce()
+    {
+        const auto isRunning = [](const QString &pid) {
+            QFile state("/proc/" + pid + "/stat"); // an orphan waits as a zombie for the init process
+            return state.open(QIODevice::ReadOnly) && !state.readAll().contains(") Z ");
+        };
+        const QByteArray slow = "sleep 60 & echo $$ $! > " + path("pids").toUtf8() + "; wait";
+        // The second one is slow only where it runs beside the others.
+        const QByteArray slowBeside = "case \"$*\" in *-ds*) " + slow + ";; *) exec ghdl \"$@\";; esac";
+        const QByteArrayList tools[] = {
+            {"JEX_GHDL", "a.vhd", slow}, {"JEX_GHDL", "a.vhd", slowBeside}, {"JEX_VERILATOR", "a.v", slow}};
+        for (const QByteArrayList &tool : tools) {
+            const QString source = tool.at(1);
+            m_sources->write(source, source == "a.v" ? "module a; endmodule"
+                                                     : "entity a is end; architecture a of a is begin end;");
+            qputenv(tool.at(0), m_sources->script("slow", tool.at(2)).toUtf8());
+            CancelAfter progress(300);
+            QElapsedTimer clock;
+            clock.start();
+            const ModuleList list = listModules(m_sources->input({source}), &progress);
+            QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+            QVERIFY(list.cancelled);
+            QCOMPARE(list.messages, QStringList());
+            QVERIFY(!progress.stages.isEmpty());
+            QCOMPARE(leftInTemp(), QStringList());
+            const QStringList pids = QString(m_sources->read("pids")).simplified().split(' ');
+            QCOMPARE(pids.size(), 2);
+            for (const QString &pid : pids)
+                QTRY_VERIFY(!isRunning(pid));
+            QStringList messages;
+            CancelAfter atOnce(0);
+            QVERIFY(!buildNetlist(m_sources->input({source}), messages, &atOnce));
+            QCOMPARE(messages, QStringList());
+        }
+    }
+
+    void elaboratesOnce()
+    {
+        m_sources->write("t.v", "`include \"bits.vh\"\nmodule t(input `BITS x); endmodule");
+        m_sources->write("bits.vh", "`define BITS [3:0]");
+        const QByteArray count = path("count").toUtf8();
+        qputenv("JEX_VERILATOR",
+                m_sources->script("tool", "echo run >> " + count + "\nexec verilator_bin \"$@\"").toUtf8());
+        const auto runs = [this] { return m_sources->read("count").count('\n'); };
+        DesignInput design = m_sources->input({"t.v"});
+        QTest::qWait(20); // file times count in ticks of the kernel
+        QCOMPARE(listed(design), QString("top t\nmodules t"));
+        QCOMPARE(built(design), QString("t:t x[3:0]"));
+        QCOMPARE(runs(), 1);
+        QCOMPARE(leftInTemp(), QStringList()); // used once, then gone
+        QCOMPARE(built(design), QString("t:t x[3:0]"));
+        QCOMPARE(runs(), 2);
+
+        listed(design);
+        m_sources->write("bits.vh", "`define BITS [7:4]"); // same size
+        QCOMPARE(built(design), QString("t:t x[7:4]"));
+        QCOMPARE(runs(), 4);
+
+        listed(design);
+        design.defines += "UNUSED";
+        QCOMPARE(built(design), QString("t:t x[7:4]"));
+        QCOMPARE(runs(), 6);
+        design.top = "t";
+        listed(design);
+        QCOMPARE(built(design), QString("t:t x[7:4]"));
+        QCOMPARE(runs(), 7);
+    }
+
+    // When GHDL cannot run the design, what it made of it is shown, without its own names; when it cannot
+    // say where signals are declared, they have no place.
+    void showsWhatGhdlGave_data()
+    {
+        QTest::addColumn<QByteArray>("failing");
+        QTest::addColumn<int>("line");
+        QTest::newRow("no waveform") << QByteArray("--elab-run") << 2;
+        QTest::newRow("no tree") << QByteArray("-ds") << 0;
+    }
+
+    void showsWhatGhdlGave()
+    {
+        QFETCH(QByteArray, failing);
+        m_sources->write(
+            "t.vhd", "entity l is port (a : in bit; y : out bit); end;\n"
+                     "architecture a of l is signal n_o : bit; begin n_o <= not a; y <= n_o; end;\n"
+                     "entity t is port (a, b : in bit; y : out bit); end;\n"
+                     "architecture a of t is signal s, v : bit; begin u : entity work.l port map (s, v);\n"
+                     "s <= a and not b; y <= v xor a; end;\n");
+        const QByteArray script = "case \"$*\" in *" + failing + "*) exit 1;; *) exec ghdl \"$@\";; esac";
+        qputenv("JEX_GHDL", m_sources->script("tool", script).toUtf8());
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(
+            buildNetlist(m_sources->input({"t.vhd"}), messages, nullptr));
+        QCOMPARE(messages, QStringList());
+        QCOMPARE(drawn(netlist.get()).join('\n'), QString("t:t a b y s v\nt/u:l a y n_o"));
+        QTEST(netlist->findNet("t/u/n_o")->declaration().line, "line");
+    }
+
+private:
+    // The sources' folder is @; the order of modules is the tool's own and not compared.
+    QString listed(const DesignInput &input) const
+    {
+        ModuleList list = listModules(input, nullptr);
+        list.topModules.sort();
+        list.modules.sort();
+        const QStringList lines{"top " + list.topModules.join(' '), "modules " + list.modules.join(' ')};
+        return (lines + list.messages).join('\n').replace(path(""), "@").trimmed();
+    }
+
+    QString built(const DesignInput &input) const
+    {
+        QStringList messages;
+        return drawn(std::unique_ptr<RtlNetlist>(buildNetlist(input, messages, nullptr)).get()).join('\n');
+    }
+
+    QString path(const QString &name) const { return m_sources->path(name); }
+    QStringList leftInTemp() const
+    {
+        return QDir(path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<Sources> m_sources;
+};
+
+QTEST_GUILESS_MAIN(tst_Elaboration)
+#include "tst_elaboration.moc"

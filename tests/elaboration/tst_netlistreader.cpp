@@ -1,0 +1,193 @@
+#include "elaboration/reading/netlistreader.h"
+#include "tests/elaboration/sources.h"
+
+#include <QtTest>
+
+#include <memory>
+
+using namespace QUARRY;
+
+class TestNetlistReader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tree_data();
+    void tree();
+    void declarations_data();
+    void declarations();
+    void unusableFiles_data();
+    void unusableFiles();
+
+private:
+    static std::unique_ptr<RtlNetlist> read(const QString &file)
+    {
+        DesignInput input = Sources().input({file});
+        input.top = "top";
+        QStringList messages;
+        std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages, nullptr));
+        if (!netlist)
+            qWarning("%s", qPrintable(messages.join('\n')));
+        return netlist;
+    }
+
+    Sources m_sources;
+};
+
+void TestNetlistReader::tree_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const QString &file : QDir(TEST_DESIGNS).entryList(QDir::Files))
+        QTest::newRow(qPrintable(file)) << TEST_DESIGNS "/" + file;
+}
+
+// Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= ".
+void TestNetlistReader::tree()
+{
+    QFETCH(QString, file);
+    QStringList expected;
+    for (const QString &line : QString(contents(file)).split('\n'))
+        if (line.startsWith("//= ") || line.startsWith("--= "))
+            expected += line.mid(4).simplified().split(' ');
+    QVERIFY(!expected.isEmpty());
+    QCOMPARE(drawn(read(file).get()).join(' ').split(' '), expected);
+}
+
+void TestNetlistReader::declarations_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("top.sv") << QByteArray(R"(package p1; typedef enum {X, Y=-5} e_t; endpackage
+package p2; typedef enum {Z} e_t; endpackage
+module top(input wire signed [7:0] a);
+  typedef enum logic [2:0] {IDLE, RUN=5} state_t;
+  state_t state;
+  enum logic {OFF, ON} flag;
+  logic [1:0][3:0] packs;
+  p1::e_t unclear; p2::e_t other;
+  struct packed { logic x; } rec;
+  byte octet;
+endmodule)")
+                            << "a[7:0] 3: logic signed [7:0]\n"
+                               "state[2:0] 5: state_t = IDLE=0 RUN=5\n"
+                               "packs[7:0] 7: logic [1:0][3:0]\n"
+                               "unclear[31:0] 8: e_t\n"
+                               "other[31:0] 8: e_t\n"
+                               "rec[0:0] 9: struct packed\n"
+                               "octet[7:0] 10: byte\n"
+                               "flag 6: enum logic = OFF=0 ON=1";
+    // Which alternative of a generate statement counts is not known, so names that both have get no place.
+    QTest::newRow("top.vhd") << QByteArray(R"(package pk is
+  type mode_t is (OFF, 'x', \On\); subtype some_t is mode_t range OFF to 'x';
+  type rec_t is record v : bit; end record; end;
+use work.pk.all;
+entity sub is generic (W : integer := 2); port (a : in bit; r : in rec_t;
+  m : out mode_t); end;
+architecture old of sub is
+  signal s : bit_vector(0 to 1); begin s <= (others => a); m <= OFF; end;
+architecture late of sub is
+  signal s, t :
+    bit_vector(W - 1 downto 0); signal x : some_t; signal n : integer range 0 to 3; signal \N n\ : bit; begin
+  s <= (others => a); t <= s; x <= OFF when a = '1' else 'x'; n <= 1 when a = '1' else 2; \N n\ <= a;
+  m <= x when n = 1 else OFF;
+  g : if W = 2 generate signal b, c : bit; begin b <= a; c <= b;
+  else generate signal b : bit; begin b <= not a; end generate;
+end;
+use work.pk.all;
+entity top is port (a : in bit; r : in rec_t); end;
+architecture rtl of top is
+  procedure nothing(signal a : in bit) is begin end;
+  component sub is port (a : in bit; r : in rec_t; m : out mode_t); end component;
+  for named : sub use entity work.sub(old);
+begin named : sub port map (a, r, open);
+  first : entity work.sub(old) port map (a, r, open);
+  loops : for i in 0 to 0 generate signal x : bit; begin x <= a;
+    inner : block
+      signal y : bit; begin y <= x; second : sub port map (y, r, open); end block;
+  end generate;
+end;)")
+                             << "named/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
+                                "named/s[0:1] 8: bit_vector(0 to 1)\n"
+                                "first/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
+                                "first/s[0:1] 8: bit_vector(0 to 1)\n"
+                                "loops[0]/inner/second/m[1:0] 6: mode_t = off=0 'x'=1 On=2\n"
+                                "loops[0]/inner/second/s[1:0] 10: bit_vector\n"
+                                "loops[0]/inner/second/t[1:0] 10: bit_vector\n"
+                                "loops[0]/inner/second/n[1:0] 11: integer range 0 to 3\n"
+                                "a 18: bit\n"
+                                "r.v 18: \n"
+                                "named/a 5: bit\n"
+                                "named/r.v 5: \n"
+                                "first/a 5: bit\n"
+                                "first/r.v 5: \n"
+                                "loops[0]/x 25: bit\n"
+                                "loops[0]/inner/y 27: bit\n"
+                                "loops[0]/inner/second/a 5: bit\n"
+                                "loops[0]/inner/second/r.v 5: \n"
+                                "loops[0]/inner/second/x 11: some_t = off=0 'x'=1 On=2\n"
+                                "loops[0]/inner/second/N n 11: bit\n"
+                                "loops[0]/inner/second/g/b -\n"
+                                "loops[0]/inner/second/g/c 14: bit";
+}
+
+void TestNetlistReader::declarations()
+{
+    QFETCH(QByteArray, source);
+    QFETCH(QString, expected);
+    const QString file = m_sources.write(QTest::currentDataTag(), source);
+    const std::unique_ptr<RtlNetlist> netlist = read(file);
+    QVERIFY(netlist);
+    QStringList lines;
+    const auto note = [&](const QString &name, const Declaration &info) {
+        QVERIFY(info.file == file || (info.file.isEmpty() && info.line == 0));
+        lines += name.section('/', 1) + (info.line ? QString(" %1: ").arg(info.line) : " -") + info.type +
+                 (info.enumLabels.isEmpty() ? QString() : " = " + info.enumLabels.join(' '));
+    };
+    for (const RtlNetBus *bus : netlist->topHierarchy->netbusesIncludeSub())
+        note(bus->fullBusName(), bus->declaration());
+    for (const RtlNet *net : netlist->topHierarchy->singleNetsIncludeSub())
+        note(net->fullPathName(), net->declaration());
+    QCOMPARE(lines.join('\n'), expected);
+}
+
+void TestNetlistReader::unusableFiles_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("message"); // empty: what a cancelled reading says
+    QTest::newRow("missing") << QByteArray() << "ERROR: The elaborated design %1 cannot be read: ";
+    const QString damaged = "ERROR: %1 is not a complete design that Verilator wrote. Read the design again.";
+    QTest::newRow("empty") << QByteArray("") << damaged;
+    QTest::newRow("other") << QByteArray("<project/>") << damaged;
+    QTest::newRow("cut off") << QByteArray("<verilator_xml><netlist><module name=\"top\"") << damaged;
+    QTest::newRow("no top")
+        << QByteArray("<verilator_xml><netlist/></verilator_xml>")
+        << "ERROR: The design has no top module. Add the file that holds it to the project.";
+    const QByteArray endless = "<verilator_xml><netlist><module name=\"a\" origName=\"a\" topModule=\"1\">"
+                               "<instance name=\"u\" defName=\"a\"/></module></netlist></verilator_xml>";
+    QTest::newRow("endless") << endless << "ERROR: The module a contains itself.";
+    QTest::newRow("cancelled") << endless << "";
+}
+
+void TestNetlistReader::unusableFiles()
+{
+    class Cancelling : public ElaborationProgress
+    {
+        void stage(const QString &) override {}
+        bool cancelled() override { return true; }
+    } cancelling;
+    QFETCH(QByteArray, content);
+    QFETCH(QString, message);
+    const QString file = m_sources.path(QString(QTest::currentDataTag()) + ".xml");
+    if (!content.isNull())
+        m_sources.write(QFileInfo(file).fileName(), content);
+    QStringList messages;
+    const std::unique_ptr<RtlNetlist> netlist(
+        netlistFromVerilatorXml(file, ReadOptions(), messages, message.isEmpty() ? &cancelling : nullptr));
+    QVERIFY(!netlist);
+    QCOMPARE(messages.size(), message.isEmpty() ? 0 : 1);
+    message.replace("%1", file);
+    QCOMPARE(messages.value(0).left(message.size()), message);
+}
+
+QTEST_GUILESS_MAIN(TestNetlistReader)
+#include "tst_netlistreader.moc"
