@@ -5,6 +5,7 @@
 #include <QRegExp>
 #include <QSet>
 
+#include "elaboration/reading/elaborationprogress.h"
 #include "host/designmanager.h"
 
 namespace QUARRY {
