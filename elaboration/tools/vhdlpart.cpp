@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QRegExp>
 
+#include "elaboration/reading/elaborationprogress.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
