@@ -33,11 +33,11 @@ int countBits(const Hierachy *node)
 
 void open(const DesignInput &input)
 {
-    const ModuleList modules = listModules(input, nullptr);
+    const ModuleList modules = listModules(input);
     if (modules.topModules != QStringList(LargeDesign::topName()))
         qFatal("The generated design is not read: %s", qPrintable(modules.messages.join('\n')));
     QStringList messages;
-    const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages, nullptr));
+    const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
     if (!netlist || countBits(netlist->topHierarchy) != 1000000)
         qFatal("The generated design is not complete: %s", qPrintable(messages.join('\n')));
 }

@@ -1,8 +1,12 @@
 #include "cli/design.h"
 
+#include <QEventLoop>
+#include <QTimer>
+
 #include <csignal>
 
 #include "elaboration/elaboration.h"
+#include "elaboration/readingjob.h"
 #include "host/designmanager.h"
 #include "views/designjudgement.h"
 
@@ -17,23 +21,23 @@ void onInterrupt(int)
 }
 
 // The tools run in a group of processes of their own, which an interrupt at the terminal does not reach.
-class Interruption : public QUARRY::ElaborationProgress
+void runUntilInterrupted(QUARRY::ReadingJob &job)
 {
-public:
-    Interruption()
-    {
-        signal(SIGINT, onInterrupt);
-        signal(SIGTERM, onInterrupt);
-    }
-    ~Interruption() override
-    {
-        signal(SIGINT, SIG_DFL);
-        signal(SIGTERM, SIG_DFL);
-    }
-
-    void stage(const QString &) override {}
-    bool cancelled() override { return interrupted != 0; }
-};
+    signal(SIGINT, onInterrupt);
+    signal(SIGTERM, onInterrupt);
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&job] {
+        if (interrupted != 0)
+            job.cancel();
+    });
+    QObject::connect(&job, &QUARRY::ReadingJob::finished, &loop, &QEventLoop::quit);
+    look.start(50);
+    job.start();
+    loop.exec();
+    signal(SIGINT, SIG_DFL);
+    signal(SIGTERM, SIG_DFL);
+}
 
 void sayNew(const QStringList &messages, QStringList &said)
 {
@@ -79,21 +83,20 @@ bool Design::elaborate()
         files << file.path;
     if (!accept(RTLJEX::judgeFiles(files)))
         return false;
-    Interruption interruption;
-    const QUARRY::ModuleList modules = QUARRY::listModules(input, &interruption);
+    QUARRY::ReadingJob job(input, QUARRY::ReadingJob::Netlist);
+    runUntilInterrupted(job);
+    const QUARRY::ModuleList &modules = job.modules();
     QStringList said;
     sayNew(modules.messages, said);
     const bool isUsable =
-        interrupted == 0 &&
+        !job.isCancelled() &&
         accept(RTLJEX::judgeModules({input.top, modules.topModules, modules.modules, modules.messages}));
     if (!isUsable && input.top.isEmpty() && modules.topModules.size() > 1)
         say("jex: Name one of " + modules.topModules.join(", ") + " with --top.");
-    if (isUsable) {
-        QStringList messages;
-        m_netlist.reset(QUARRY::buildNetlist(input, messages, &interruption));
-        sayNew(messages, said);
-    }
-    if (interrupted != 0)
+    if (isUsable)
+        sayNew(job.netlistMessages(), said);
+    m_netlist.reset(isUsable ? job.takeNetlist() : nullptr);
+    if (job.isCancelled())
         say("jex: Interrupted.");
     return m_netlist && m_netlist->topHierarchy && accept(RTLJEX::judgeNetlist(input.top, m_netlist.get()));
 }

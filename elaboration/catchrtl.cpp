@@ -5,6 +5,7 @@
 
 #include "elaboration/elaboration.h"
 #include "elaboration/elaborationdialog.h"
+#include "elaboration/readingjob.h"
 #include "host/designmanager.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
@@ -19,24 +20,18 @@ QString tr(const char *text)
     return QCoreApplication::translate("QUARRY", text);
 }
 
-// Events that are handled meanwhile may ask for a design again; two readings cannot run inside each other.
-class OneAtATime
+// Runs the job below a dialog. False when another one runs already: events that are handled meanwhile may ask
+// for a design again, and two readings cannot run inside each other.
+bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *parent)
 {
-public:
-    OneAtATime() : m_isFirst(!isReading) { isReading = true; }
-    ~OneAtATime()
-    {
-        if (m_isFirst)
-            isReading = false;
-    }
-    bool isFirst() const { return m_isFirst; }
-
-private:
-    static bool isReading;
-    const bool m_isFirst;
-};
-
-bool OneAtATime::isReading = false;
+    static bool isReading = false;
+    if (isReading)
+        return false;
+    isReading = true;
+    ElaborationDialog(title, delayMs, parent).run(job);
+    isReading = false;
+    return true;
+}
 
 QString busyMessage()
 {
@@ -45,11 +40,8 @@ QString busyMessage()
 
 void showFailure(const QStringList &messages, QWidget *parent)
 {
-    QString first;
-    for (const QString &message : messages) {
-        if (first.isEmpty() && message.startsWith(QLatin1String("ERROR")))
-            first = message;
-    }
+    const auto found = std::find_if(messages.begin(), messages.end(), isError);
+    const QString first = found == messages.end() ? QString() : *found;
     QUtil::Modal<QMessageBox> box(new QMessageBox(
         QMessageBox::Critical, tr("Error"),
         tr("The design could not be read.") + QLatin1String("\n\n") + first, QMessageBox::Ok, parent));
@@ -63,21 +55,16 @@ void showFailure(const QStringList &messages, QWidget *parent)
 bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages, QWidget *parent)
 {
     *netlist = nullptr;
-    const OneAtATime reading;
-    if (!reading.isFirst()) {
+    ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
+                   ReadingJob::Netlist);
+    const QPointer<QWidget> owner(parent);
+    if (!runAlone(job, tr("Read Design"), 0, parent)) {
         messages.append(busyMessage());
         return false;
     }
-    const DesignInput input =
-        designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-    const QPointer<QWidget> owner(parent);
-    bool isCancelled = false;
-    {
-        ElaborationDialog dialog(tr("Read Design"), 0, parent);
-        *netlist = buildNetlist(input, messages, &dialog);
-        isCancelled = dialog.cancelled();
-    }
-    if (!*netlist && !isCancelled)
+    messages += job.modules().messages + job.netlistMessages();
+    *netlist = job.takeNetlist();
+    if (!*netlist && !job.isCancelled())
         showFailure(messages, owner);
     return *netlist;
 }
@@ -85,23 +72,18 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
 bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList &messages,
                      QMap<QString, QVariant> &info, QWidget *parent)
 {
-    const OneAtATime reading;
-    if (!reading.isFirst()) {
+    ReadingJob job(designInputFromInfo(info), ReadingJob::Modules);
+    if (!runAlone(job, tr("Read Modules"), modulesDelayMs, parent)) {
         messages.append(busyMessage());
         return false;
     }
-    ElaborationDialog dialog(tr("Read Modules"), modulesDelayMs, parent);
-    const ModuleList found = listModules(designInputFromInfo(info), &dialog);
+    const ModuleList &found = job.modules();
     topModules = found.topModules;
     modules = found.modules;
     messages = found.messages;
-    if (found.cancelled)
+    if (job.isCancelled())
         messages.append(tr("ERROR: Reading the design was cancelled."));
-    for (const QString &message : found.messages) {
-        if (message.startsWith(QLatin1String("ERROR")))
-            return false;
-    }
-    return !found.cancelled;
+    return !job.isCancelled() && !found.anyError();
 }
 
 } // namespace QUARRY

@@ -4,7 +4,6 @@
 #include <QStringList>
 #include <QVariant>
 
-#include "elaboration/reading/elaborationprogress.h"
 #include "elaboration/tools/designinput.h"
 
 namespace QUARRY {
@@ -14,9 +13,10 @@ class RtlNetlist;
 // From the information map of TE::DesignManager::getSourceFileInfo(); missing keys are empty.
 DesignInput designInputFromInfo(const QMap<QString, QVariant> &info);
 
-// Both need no widget. `progress` may be null. The second uses what the first already elaborated while
-// the sources are unchanged, and gives null, with messages, when the design cannot be elaborated.
-ModuleList listModules(const DesignInput &input, ElaborationProgress *progress);
-RtlNetlist *buildNetlist(const DesignInput &input, QStringList &messages, ElaborationProgress *progress);
+// For programs without a window: each waits for a ReadingJob, in an event loop of its own. The second uses
+// what the first already elaborated while the sources are unchanged, and gives null, with messages, when the
+// design cannot be elaborated.
+ModuleList listModules(const DesignInput &input);
+RtlNetlist *buildNetlist(const DesignInput &input, QStringList &messages);
 
 } // namespace QUARRY

@@ -2,13 +2,11 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QTimer>
+
+#include "elaboration/readingjob.h"
 
 namespace QUARRY {
-namespace {
-
-const int eventPauseMs = 25; // often enough for a smooth dialog, seldom enough to cost nothing
-
-} // namespace
 
 ElaborationDialog::ElaborationDialog(const QString &title, int delayMs, QWidget *parent)
     : m_dialog(new QProgressDialog(parent)), m_delayMs(delayMs)
@@ -24,8 +22,6 @@ ElaborationDialog::ElaborationDialog(const QString &title, int delayMs, QWidget 
     m_dialog->setAutoClose(false);
     m_dialog->setAutoReset(false);
     m_dialog->setMinimumDuration(24 * 3600 * 1000); // shown from here only
-    m_sinceStart.start();
-    m_sinceEvents.start();
 }
 
 ElaborationDialog::~ElaborationDialog()
@@ -33,29 +29,18 @@ ElaborationDialog::~ElaborationDialog()
     delete m_dialog.data();
 }
 
-void ElaborationDialog::stage(const QString &text)
+void ElaborationDialog::run(ReadingJob &job)
 {
-    if (m_dialog)
-        m_dialog->setLabelText(text);
-    handleEvents();
-}
-
-bool ElaborationDialog::cancelled()
-{
-    if (!m_isCancelled && m_sinceEvents.elapsed() >= eventPauseMs)
-        handleEvents();
-    return m_isCancelled;
-}
-
-void ElaborationDialog::handleEvents()
-{
-    if (m_dialog && !m_dialog->isVisible() && !m_dialog->wasCanceled() && m_sinceStart.elapsed() >= m_delayMs)
-        m_dialog->show();
-    const bool isUp = m_dialog && m_dialog->isVisible();
-    QCoreApplication::processEvents(isUp ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
-    if (!m_dialog || m_dialog->wasCanceled())
-        m_isCancelled = true;
-    m_sinceEvents.restart();
+    QObject::connect(&job, SIGNAL(stageChanged(QString)), m_dialog, SLOT(setLabelText(QString)));
+    QObject::connect(m_dialog, SIGNAL(canceled()), &job, SLOT(cancel()));
+    QObject::connect(m_dialog, SIGNAL(destroyed()), &job, SLOT(cancel()));
+    QTimer::singleShot(m_delayMs, m_dialog, SLOT(show()));
+    job.start();
+    while (!job.isFinished()) {
+        const bool isUp = m_dialog && m_dialog->isVisible();
+        QCoreApplication::processEvents((isUp ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents) |
+                                        QEventLoop::WaitForMoreEvents);
+    }
 }
 
 } // namespace QUARRY

@@ -1,33 +1,26 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QProgressDialog>
 
-#include "elaboration/elaboration.h"
-
 namespace QUARRY {
 
-// Shows an elaboration in a modal dialog with the stage and a Cancel button, once it has taken `delayMs`.
-// Events are handled while the tools run; before the dialog is up, none that come from the user. The
-// death of the parent, and the dialog with it, counts as Cancel.
-class ElaborationDialog : public ElaborationProgress
+class ReadingJob;
+
+// Runs a job below a modal dialog with its stage and a Cancel button. The dialog comes up once it has taken
+// `delayMs`. Events are handled meanwhile; before the dialog is up, none that come from the user. The death
+// of the parent, and the dialog with it, counts as Cancel.
+class ElaborationDialog
 {
 public:
     ElaborationDialog(const QString &title, int delayMs, QWidget *parent);
-    ~ElaborationDialog() override;
+    ~ElaborationDialog();
 
-    void stage(const QString &text) override;
-    bool cancelled() override;
+    void run(ReadingJob &job);
 
 private:
-    void handleEvents();
-
     QPointer<QProgressDialog> m_dialog;
-    QElapsedTimer m_sinceStart;
-    QElapsedTimer m_sinceEvents;
     int m_delayMs;
-    bool m_isCancelled = false;
 };
 
 } // namespace QUARRY

@@ -203,7 +203,7 @@ int main(int argc, char *argv[])
     QStringList messages;
     const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(
         QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
-        messages, nullptr));
+        messages));
     Camera camera(arguments.at(2));
     shootEditors(camera, project);
     shootSearch(camera, netlist.get());

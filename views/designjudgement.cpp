@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "elaboration/tools/designinput.h"
 #include "model/netlist/rtlnetlist.h"
 
 namespace RTLJEX {
@@ -20,14 +21,6 @@ DesignFault fault(const QString &title, const QString &text)
     return fault;
 }
 
-bool hasErrors(const QStringList &messages)
-{
-    for (const QString &message : messages)
-        if (message.startsWith(QLatin1String("ERROR")))
-            return true;
-    return false;
-}
-
 } // namespace
 
 DesignFault judgeFiles(const QStringList &files)
@@ -37,7 +30,7 @@ DesignFault judgeFiles(const QStringList &files)
 
 DesignFault judgeModules(const ModuleFindings &found)
 {
-    if (hasErrors(found.messages)) {
+    if (std::any_of(found.messages.begin(), found.messages.end(), QUARRY::isError)) {
         DesignFault errors = fault(tr("Design files contain some errors."), QString());
         errors.details = found.messages;
         return errors;

@@ -86,7 +86,7 @@ QUARRY::DesignInput currentDesign()
 
 QStringList designMessages()
 {
-    QStringList messages = QUARRY::listModules(currentDesign(), nullptr).messages;
+    QStringList messages = QUARRY::listModules(currentDesign()).messages;
     messages.removeDuplicates();
     return messages;
 }
@@ -97,9 +97,9 @@ DesignReport designReport(const QStringList &configurations)
     if (!project)
         return {{"No project is open."}, false};
     const QUARRY::DesignInput input = currentDesign();
-    const QUARRY::ModuleList modules = QUARRY::listModules(input, nullptr);
+    const QUARRY::ModuleList modules = QUARRY::listModules(input);
     QStringList messages = modules.messages;
-    const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(input, messages, nullptr));
+    const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(input, messages));
     messages.removeDuplicates();
     DesignReport report;
     report.lines << "Project: " + (project->name().isEmpty() ? QString("unnamed") : project->name())

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "commandline/designoptions.h"
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
 #include "host/iview.h"
@@ -189,7 +190,7 @@ void Workspace::tellDesignMessages()
     const QStringList messages = designMessages();
     for (const QString &text : messages) {
         if (!m_toldMessages.contains(text))
-            Q_EMIT message(text, text.startsWith("ERROR"));
+            Q_EMIT message(text, QUARRY::isError(text));
     }
     m_toldMessages = messages;
 }

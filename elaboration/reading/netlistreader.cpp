@@ -1,41 +1,82 @@
 #include "elaboration/reading/netlistreader.h"
 
-#include "elaboration/reading/elaborationprogress.h"
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
 #include "elaboration/reading/netlisttree.h"
 #include "elaboration/reading/verilatordesign.h"
-
-#include <QCoreApplication>
+#include "model/netlist/rtlnetlist.h"
 
 namespace QUARRY {
 
-RtlNetlist *netlistFromVerilatorXml(const QString &xmlFile, const ReadOptions &options, QStringList &messages,
-                                    ElaborationProgress *progress)
+struct NetlistReader::Work
 {
-    if (progress)
-        progress->stage(QCoreApplication::translate("QUARRY", "Building the netlist"));
+    explicit Work(const ReadOptions &options) : design(options, builder), tree(design, builder) {}
+
     NetlistBuilder builder;
-    VerilatorDesign design(options, builder);
-    QString error;
-    if (!design.load(xmlFile, error)) {
-        messages += error;
-        return nullptr;
+    VerilatorDesign design;
+    NetlistTree tree;
+    enum { File, Places, Modules, Tree } next = File;
+};
+
+NetlistReader::NetlistReader(const QString &xmlFile, const ReadOptions &options)
+    : m_xmlFile(xmlFile), m_options(options), m_work(new Work(m_options))
+{
+}
+
+NetlistReader::~NetlistReader() = default;
+
+bool NetlistReader::readSlice()
+{
+    const qint64 sliceMs = 10;
+    QElapsedTimer clock;
+    clock.start();
+    do {
+        if (!readPiece())
+            return false;
+    } while (clock.elapsed() < sliceMs);
+    return true;
+}
+
+bool NetlistReader::readPiece()
+{
+    switch (m_work->next) {
+    case Work::File:
+        m_work->next = Work::Places;
+        return load();
+    case Work::Places:
+        if (!m_work->design.readPlaces())
+            m_work->next = Work::Modules;
+        return true;
+    case Work::Modules:
+        if (!m_work->design.readModules()) {
+            VerilatorModule &top = *m_work->design.top();
+            m_work->tree.start(top, m_options.top.isEmpty() ? top.name : m_options.top);
+            m_work->next = Work::Tree;
+        }
+        return true;
+    case Work::Tree:
+        break;
     }
-    if (progress && progress->cancelled())
-        return nullptr;
-    VerilatorModule *top = design.top();
-    if (!top) {
-        messages +=
+    const bool more = m_work->tree.addNode();
+    m_error = m_work->tree.error();
+    return more;
+}
+
+bool NetlistReader::load()
+{
+    if (!m_work->design.load(m_xmlFile, m_error))
+        return false;
+    if (!m_work->design.top())
+        m_error =
             QCoreApplication::translate("QUARRY", "ERROR: The design has no top module. Add the file that "
                                                   "holds it to the project.");
-        return nullptr;
-    }
-    NetlistTree tree(design, builder, progress);
-    if (!tree.build(*top, options.top.isEmpty() ? top->name : options.top)) {
-        if (!tree.error().isEmpty())
-            messages += tree.error();
-        return nullptr;
-    }
-    return builder.take();
+    return m_error.isEmpty();
+}
+
+RtlNetlist *NetlistReader::takeNetlist()
+{
+    return m_error.isEmpty() ? m_work->builder.take() : nullptr;
 }
 
 } // namespace QUARRY

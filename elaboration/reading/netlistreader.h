@@ -5,9 +5,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace QUARRY {
 
-class ElaborationProgress;
 class RtlNetlist;
 
 // What the driver knows and the elaborator's output does not.
@@ -26,10 +27,29 @@ struct ReadOptions
     QString vhdlTree;                   // where VHDL declares its signals (see VhdlPlaceTable); may be empty
 };
 
-// Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it.
-// Null, with a message that begins with "ERROR", when the file cannot be read or is no such file; null
-// without a message when the progress was cancelled.
-RtlNetlist *netlistFromVerilatorXml(const QString &xmlFile, const ReadOptions &options, QStringList &messages,
-                                    ElaborationProgress *progress);
+// Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it, in slices
+// of some milliseconds, between which its owner may do something else or give up. Only taking in the file is
+// one piece: a tenth of a second for 100 MB.
+class NetlistReader
+{
+public:
+    NetlistReader(const QString &xmlFile, const ReadOptions &options);
+    ~NetlistReader();
+
+    bool readSlice(); // false when it is done, or when it failed
+
+    RtlNetlist *takeNetlist();                       // for the caller, once it is done; null when it failed
+    const QString &error() const { return m_error; } // begins with "ERROR"; empty: none
+
+private:
+    struct Work;
+    bool readPiece();
+    bool load();
+
+    const QString m_xmlFile;
+    const ReadOptions m_options;
+    std::unique_ptr<Work> m_work;
+    QString m_error;
+};
 
 } // namespace QUARRY

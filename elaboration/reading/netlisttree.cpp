@@ -1,137 +1,215 @@
 #include "elaboration/reading/netlisttree.h"
 
-#include "elaboration/reading/elaborationprogress.h"
 #include "elaboration/reading/verilatordesign.h"
 #include "elaboration/reading/verilatorties.h"
+#include "elaboration/reading/vhdlbody.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <cstring>
 
 namespace QUARRY {
 
-NetlistTree::NetlistTree(VerilatorDesign &design, NetlistBuilder &builder, ElaborationProgress *progress)
-    : m_design(design), m_builder(builder), m_progress(progress)
+// An instance that is being filled.
+struct NetlistTree::Instance
+{
+    VerilatorModule *module = nullptr;
+    TiedNets ownTies; // of this instance, when its ports are tied
+    const TiedNets *tied = nullptr;
+    std::unordered_map<const VerilatorScope *, Hierachy *> nodes;
+};
+
+// A VHDL entity that is being filled.
+struct NetlistTree::Entity
+{
+    Instance &instance;
+    VhdlBody body;
+    QSet<const VerilatorChild *> placed; // instances that a VHDL scope showed
+};
+
+// The entity itself, a block of it or a round of a loop.
+struct NetlistTree::Block
+{
+    const VhdlScope *scope;
+    const VhdlPlaces *places; // null: unknown
+    QString prefix;           // see VhdlBody
+};
+
+// A node whose children are being added: those of a scope of Verilog, or of a block of VHDL.
+struct NetlistTree::Level
+{
+    Level(Instance &of, Hierachy *at) : instance(of), node(at) {}
+
+    Instance &instance;
+    Hierachy *node;
+    std::unique_ptr<Instance> ownInstance; // of the node itself; null in a scope or block of it
+    std::unique_ptr<Entity> ownEntity;
+
+    const VerilatorScope *scope = nullptr;
+    Entity *entity = nullptr; // in a block, and where a scope has what the blocks of that entity left
+    Block block = {nullptr, nullptr, QString()};
+    std::vector<QString> keys; // of the block's children
+
+    size_t child = 0;
+    int element = 0; // of an array of instances
+};
+
+NetlistTree::NetlistTree(VerilatorDesign &design, NetlistBuilder &builder)
+    : m_design(design), m_builder(builder)
 {
 }
 
-bool NetlistTree::build(VerilatorModule &top, const QString &name)
+NetlistTree::~NetlistTree() = default;
+
+void NetlistTree::start(VerilatorModule &top, const QString &name)
 {
-    return add(nullptr, name, top, TiedNets());
+    enter(nullptr, name, top, TiedNets());
 }
 
-bool NetlistTree::cancelled()
+bool NetlistTree::addNode()
 {
-    const int stride = 64;
-    return m_progress && ++m_instances % stride == 0 && m_progress->cancelled();
+    if (m_levels.empty() || !m_error.isEmpty())
+        return false;
+    if (!addChild(*m_levels.back()))
+        closeLevel();
+    return true;
+}
+
+bool NetlistTree::addChild(Level &level)
+{
+    return level.scope ? addScopeChild(level) : addBlockChild(level);
+}
+
+NetlistTree::Level &NetlistTree::openLevel(Instance &instance, Hierachy *node)
+{
+    m_levels.emplace_back(new Level(instance, node));
+    return *m_levels.back();
+}
+
+void NetlistTree::closeLevel()
+{
+    const std::unique_ptr<Level> level = std::move(m_levels.back());
+    m_levels.pop_back();
+    if (!level->ownInstance)
+        return;
+    level->instance.module->isOpen = false;
+    if (!level->ownEntity) // its signals were judged with their nodes
+        exclude(level->instance);
 }
 
 // A pad of the whole design cannot be read inside the device: bidirectional ports of the top node are
 // excluded where nodes are filled.
-Hierachy *NetlistTree::addNode(Hierachy *parent, const QString &name, int module)
+Hierachy *NetlistTree::makeNode(Hierachy *parent, const QString &name, int module)
 {
     return parent ? m_builder.addInstance(parent, name, module) : m_builder.addTop(name, module);
 }
 
-// What instances of every kind have in common before their nodes are made.
-bool NetlistTree::open(Instance &instance, VerilatorModule &module, TiedNets tiedPorts)
+// What instances of every kind have in common before their nodes are made. Null when it is an error.
+std::unique_ptr<NetlistTree::Instance> NetlistTree::open(VerilatorModule &module, TiedNets tiedPorts)
 {
-    if (cancelled())
-        return false;
     if (module.isOpen) {
         m_error = QCoreApplication::translate("QUARRY", "ERROR: The module %1 contains itself.");
         m_error = m_error.arg(module.name);
-        return false;
+        return nullptr;
     }
+    module.isOpen = true;
     // VHDL knows no case, so a component of that name may come in small letters.
     const Qt::CaseSensitivity sensitivity = module.isBlackBox ? Qt::CaseInsensitive : Qt::CaseSensitive;
     if (module.name.compare(QLatin1String("TS_JTAG"), sensitivity) == 0)
         m_builder.setUsesTsJtag();
-    m_design.body(module);
-    instance.module = &module;
-    instance.tied = &module.tied;
+    std::unique_ptr<Instance> instance(new Instance);
+    instance->module = &module;
+    instance->tied = &module.tied;
     if (tiedPorts.empty())
-        return true;
+        return instance;
     const VerilatorTies ties(m_design.types(), module);
     if (!module.hasContested)
         module.contested = ties.contested();
     module.hasContested = true;
-    instance.ownTies = std::move(tiedPorts);
+    instance->ownTies = std::move(tiedPorts);
     for (const auto &known : module.tied)
-        instance.ownTies.insert(known);
-    ties.follow(instance.ownTies);
-    instance.tied = &instance.ownTies;
-    return true;
+        instance->ownTies.insert(known);
+    ties.follow(instance->ownTies);
+    instance->tied = &instance->ownTies;
+    return instance;
 }
 
-bool NetlistTree::add(Hierachy *parent, const QString &name, VerilatorModule &module, TiedNets tiedPorts)
+void NetlistTree::enter(Hierachy *parent, const QString &name, VerilatorModule &module, TiedNets tiedPorts)
 {
     if (const VhdlScope *scope = m_design.vhdlScope(module))
-        return addEntity(parent, name, {*scope, m_design.vhdlPlaces(module, QString()), QString()}, module,
-                         std::move(tiedPorts));
-    Instance instance;
-    if (!open(instance, module, std::move(tiedPorts)))
-        return false;
-    Hierachy *node = addNode(parent, name, module.body->builderModule);
+        return enterEntity(parent, name, {scope, m_design.vhdlPlaces(module, QString()), QString()}, module,
+                           std::move(tiedPorts));
+    std::unique_ptr<Instance> instance = open(module, std::move(tiedPorts));
+    if (!instance)
+        return;
+    Hierachy *node = makeNode(parent, name, module.body->builderModule);
     for (const VerilatorNet &net : module.nets)
         if (!parent && net.isInout)
             m_builder.exclude(node, net.position);
-    module.isOpen = true;
-    const bool done = addChildren(instance, *module.body, node);
-    module.isOpen = false;
-    exclude(instance);
-    return done;
+    enterScope(*instance, *module.body, node);
+    m_levels.back()->ownInstance = std::move(instance);
 }
 
-bool NetlistTree::addChildren(Instance &instance, const VerilatorScope &scope, Hierachy *node)
+void NetlistTree::enterScope(Instance &instance, const VerilatorScope &scope, Hierachy *node)
 {
     instance.nodes[&scope] = node;
-    for (const VerilatorChild &child : scope.children) {
-        bool done = false;
-        if (child.generate)
-            done = addChildren(instance, *child.generate,
-                               m_builder.addInstance(node, child.name, child.generate->builderModule));
-        else
-            done = addInstances(instance, scope, child, node);
-        if (!done)
-            return false;
-    }
-    return true;
+    openLevel(instance, node).scope = &scope;
 }
 
 // An array has its elements in declared order, as a bus has its bits.
-bool NetlistTree::addInstances(const Instance &instance, const VerilatorScope &scope,
-                               const VerilatorChild &child, Hierachy *parent)
+bool NetlistTree::addScopeChild(Level &level)
 {
-    VerilatorModule &module = *child.module;
+    if (level.child == level.scope->children.size())
+        return false;
+    const VerilatorChild &child = level.scope->children[level.child];
     const int count = child.isArray ? qAbs(child.left - child.right) + 1 : 1;
-    for (int i = 0; i < count; ++i) {
-        QString name = child.name;
-        if (child.isArray) {
-            const int index = child.left < child.right ? child.left + i : child.left - i;
-            name += QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
-        }
-        if (!add(parent, name, module, tiedPorts(instance, scope, child, module, count - 1 - i, count)))
-            return false;
+    const int i = level.element++;
+    if (level.element == count) {
+        level.element = 0;
+        ++level.child;
     }
+    if (level.entity && level.entity->placed.contains(&child))
+        return true;
+    if (child.generate) {
+        enterScope(level.instance, *child.generate,
+                   m_builder.addInstance(level.node, child.name, child.generate->builderModule));
+        return true;
+    }
+    QString name = child.name;
+    if (child.isArray) {
+        const int index = child.left < child.right ? child.left + i : child.left - i;
+        name += QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
+    }
+    VerilatorModule &module = *child.module;
+    enter(level.node, name, module,
+          tiedPorts(level.instance, *level.scope, child, module, count - 1 - i, count));
     return true;
 }
 
-bool NetlistTree::addEntity(Hierachy *parent, const QString &name, const Block &block,
-                            VerilatorModule &module, TiedNets tiedPorts)
+void NetlistTree::enterEntity(Hierachy *parent, const QString &name, const Block &block,
+                              VerilatorModule &module, TiedNets tiedPorts)
 {
-    Instance instance;
-    if (!open(instance, module, std::move(tiedPorts)))
-        return false;
-    Entity entity = {instance, VhdlBody(module), {}};
-    Hierachy *node = addVhdlScope(entity, block, parent, name, module.name);
-    module.isOpen = true;
-    bool done = addVhdlChildren(entity, block, node);
-    for (const VerilatorChild &child : module.body->children)
-        if (done && !entity.placed.contains(&child))
-            done = addInstances(instance, *module.body, child, node);
-    module.isOpen = false;
-    return done;
+    std::unique_ptr<Instance> instance = open(module, std::move(tiedPorts));
+    if (!instance)
+        return;
+    std::unique_ptr<Entity> entity(new Entity{*instance, VhdlBody(module), {}});
+    Hierachy *node = makeVhdlNode(*entity, block, parent, name, module.name);
+    // What no block shows comes when the level of the blocks is done.
+    enterScope(*instance, *module.body, node);
+    m_levels.back()->entity = entity.get();
+    enterBlock(*entity, block, node);
+    Level &below = *m_levels[m_levels.size() - 2];
+    below.ownInstance = std::move(instance);
+    below.ownEntity = std::move(entity);
+}
+
+void NetlistTree::enterBlock(Entity &entity, const Block &block, Hierachy *node)
+{
+    Level &level = openLevel(entity.instance, node);
+    level.entity = &entity;
+    level.block = block;
+    level.keys = entity.body.childKeys(*block.scope, block.prefix);
 }
 
 int NetlistTree::moduleNumber(const ModuleDecl &decl)
@@ -150,11 +228,12 @@ int NetlistTree::moduleNumber(const ModuleDecl &decl)
     return known.value();
 }
 
-Hierachy *NetlistTree::addVhdlScope(const Entity &entity, const Block &block, Hierachy *parent,
+Hierachy *NetlistTree::makeVhdlNode(const Entity &entity, const Block &block, Hierachy *parent,
                                     const QString &name, const QString &moduleName)
 {
-    const VhdlBody::Signals found = entity.body.declared(block.scope, block.places, block.prefix, moduleName);
-    Hierachy *node = addNode(parent, name, moduleNumber(found.decl));
+    const VhdlBody::Signals found =
+        entity.body.declared(*block.scope, block.places, block.prefix, moduleName);
+    Hierachy *node = makeNode(parent, name, moduleNumber(found.decl));
     for (size_t i = 0; i < found.nets.size(); ++i) {
         if (!parent && found.nets[i] >= 0 && entity.instance.module->nets[size_t(found.nets[i])].isInout)
             m_builder.exclude(node, int(i));
@@ -171,33 +250,35 @@ Hierachy *NetlistTree::addVhdlScope(const Entity &entity, const Block &block, Hi
     return node;
 }
 
-bool NetlistTree::addVhdlChildren(Entity &entity, const Block &block, Hierachy *node)
+bool NetlistTree::addBlockChild(Level &level)
 {
-    const Instance &instance = entity.instance;
-    const std::vector<QString> keys = entity.body.childKeys(block.scope, block.prefix);
-    for (size_t i = 0; i < keys.size(); ++i) {
-        const VhdlScope &child = *block.scope.children[i];
-        const VerilatorChild *cell = entity.body.instance(keys[i]);
-        bool done = true;
-        if (cell) {
-            VerilatorModule &module = *cell->module;
-            entity.placed.insert(cell);
-            TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
-            const bool isEntity = m_design.isGenerated(module) && !module.isBlackBox && !child.isEmpty();
-            const QString architecture =
-                block.places ? block.places->architectures.value(child.label().toLower()) : QString();
-            const Block whole = {child, m_design.vhdlPlaces(module, architecture), QString()};
-            done = isEntity ? addEntity(node, child.shownName(), whole, module, std::move(tied))
-                            : add(node, child.shownName(), module, std::move(tied));
-        } else if (!child.isEmpty()) {
-            const Block inner = {child, block.places ? block.places->below(child.label()) : nullptr,
-                                 keys[i] + QLatin1Char('_')};
-            Hierachy *below = addVhdlScope(entity, inner, node, child.shownName(), child.label());
-            done = addVhdlChildren(entity, inner, below);
-        }
-        if (!done)
-            return false;
+    if (level.child == level.keys.size())
+        return false;
+    const Block &block = level.block;
+    const QString &key = level.keys[level.child];
+    const VhdlScope &child = *block.scope->children[level.child++];
+    const VerilatorChild *cell = level.entity->body.instance(key);
+    if (!cell) {
+        if (child.isEmpty())
+            return true;
+        const Block inner = {&child, block.places ? block.places->below(child.label()) : nullptr,
+                             key + QLatin1Char('_')};
+        enterBlock(*level.entity, inner,
+                   makeVhdlNode(*level.entity, inner, level.node, child.shownName(), child.label()));
+        return true;
     }
+    const Instance &instance = level.instance;
+    VerilatorModule &module = *cell->module;
+    level.entity->placed.insert(cell);
+    TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
+    if (!m_design.isGenerated(module) || module.isBlackBox || child.isEmpty()) {
+        enter(level.node, child.shownName(), module, std::move(tied));
+        return true;
+    }
+    const QString architecture =
+        block.places ? block.places->architectures.value(child.label().toLower()) : QString();
+    const Block whole = {&child, m_design.vhdlPlaces(module, architecture), QString()};
+    enterEntity(level.node, child.shownName(), whole, module, std::move(tied));
     return true;
 }
 

@@ -103,10 +103,12 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     addFiles(m_document.child("verilator_xml").child("files"));
     m_types.reset(new VerilatorTypes(netlist.child("typetable")));
     if (!m_options.vhdlTree.isEmpty())
-        m_vhdlPlaces.read(m_options.vhdlTree, m_options.fileNames);
+        m_vhdlPlaces.open(m_options.vhdlTree, m_options.fileNames);
     for (const pugi::xml_node &node : netlist.children())
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);
+    if (VerilatorModule *first = top())
+        openModule(*first);
     return true;
 }
 
@@ -190,10 +192,38 @@ const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
     return isGenerated(module) ? m_vhdlPlaces.of(module.name, architecture) : nullptr;
 }
 
-const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
+bool VerilatorDesign::readPlaces()
 {
-    if (module.body)
-        return *module.body;
+    return m_vhdlPlaces.readSome();
+}
+
+bool VerilatorDesign::readModules()
+{
+    if (m_open.empty())
+        return false;
+    OpenModule &open = m_open.back();
+    VerilatorModule &owner = *open.module;
+    for (; open.scope <= owner.generates.size(); ++open.scope, open.child = 0) {
+        VerilatorScope &scope = open.scope == 0 ? *owner.body : *owner.generates[open.scope - 1];
+        while (open.child < scope.children.size()) {
+            VerilatorChild &child = scope.children[open.child++];
+            if (child.generate)
+                continue;
+            child.module = module(child.node.attribute("defName").value());
+            if (child.module->body)
+                continue;
+            openModule(*child.module);
+            return true;
+        }
+    }
+    closeModule(owner);
+    m_open.pop_back();
+    return true;
+}
+
+void VerilatorDesign::openModule(VerilatorModule &module)
+{
+    m_open.push_back({&module, 0, 0});
     module.body.reset(new VerilatorScope);
     module.body->decl.name = module.name;
     m_outputWires.clear();
@@ -201,9 +231,10 @@ const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
         findOutputWires(module.node);
     if (!module.isBlackBox)
         readBody(module.node, module, *module.body);
-    readChildren(*module.body);
-    for (const std::unique_ptr<VerilatorScope> &scope : module.generates)
-        readChildren(*scope);
+}
+
+void VerilatorDesign::closeModule(VerilatorModule &module)
+{
     const VerilatorTies ties(*m_types, module);
     if (ties.anyConstant()) {
         module.contested = ties.contested();
@@ -215,18 +246,6 @@ const VerilatorScope &VerilatorDesign::body(VerilatorModule &module)
     for (const std::unique_ptr<VerilatorScope> &scope : module.generates) {
         scope->builderModule = m_builder.addModule(scope->decl);
         scope->decl = ModuleDecl();
-    }
-    return *module.body;
-}
-
-// Before the scope's own ties are looked for: the outputs of its instances may be tied.
-void VerilatorDesign::readChildren(VerilatorScope &scope)
-{
-    for (VerilatorChild &child : scope.children) {
-        if (child.generate)
-            continue;
-        child.module = module(child.node.attribute("defName").value());
-        body(*child.module);
     }
 }
 

@@ -13,8 +13,8 @@
 
 namespace QUARRY {
 
-// The XML of one design in memory: its modules by name, types and files. Makes the scopes and
-// declarations of a module when they are first asked for, and adds them to the builder.
+// The XML of one design in memory: its modules by name, types and files. Makes the scopes and declarations of
+// the modules below the top one, and adds them to the builder. After load() it is read in small pieces.
 class VerilatorDesign
 {
 public:
@@ -24,9 +24,11 @@ public:
     // False, with a sentence that begins with "ERROR", when the file is no design.
     bool load(const QString &xmlFile, QString &error);
 
+    // Both do a little and give false when there is no more to do.
+    bool readPlaces(); // of VHDL; needed by the modules
+    bool readModules();
+
     VerilatorModule *top(); // null when the design has none
-    // Reads the module and those that it instantiates, once.
-    const VerilatorScope &body(VerilatorModule &module);
     // What the VHDL of the entity declares that the module was made of; null when that is not known.
     const VhdlScope *vhdlScope(const VerilatorModule &module);
     // Where the entity's sources declare all that; null when that is not known.
@@ -35,6 +37,13 @@ public:
     const VerilatorTypes &types() const { return *m_types; }
 
 private:
+    // A module that waits for those that it instantiates: the outputs of its instances may be tied.
+    struct OpenModule
+    {
+        VerilatorModule *module;
+        size_t scope; // the next child: of the body, or from 1 on of a generate scope
+        size_t child;
+    };
     struct File
     {
         QString name;   // absolute; empty when a tool wrote it
@@ -46,7 +55,8 @@ private:
     VerilatorModule *module(const char *defName);
     void addFiles(const pugi::xml_node &files);
     void addModule(const pugi::xml_node &node);
-    void readChildren(VerilatorScope &scope);
+    void openModule(VerilatorModule &module);
+    void closeModule(VerilatorModule &module);
     void findOutputWires(const pugi::xml_node &body);
     void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
@@ -70,6 +80,7 @@ private:
     std::unordered_map<std::string, VerilatorModule *> m_byName;
     std::unordered_map<const VerilatorModule *, std::unique_ptr<VhdlScope>> m_vhdlScopes;
     VhdlPlaceTable m_vhdlPlaces;
+    std::vector<OpenModule> m_open;      // from the top down
     QSet<QString> m_outputWires;         // of the module being read
     QHash<QString, QString> m_typeTexts; // one copy of each text for all declarations
 };

@@ -28,11 +28,28 @@ QString key(std::string_view name)
 class VhdlTreeReader
 {
 public:
-    VhdlTreeReader(VhdlPlaceTable &table, const QMap<QString, QString> &fileNames)
-        : m_table(table), m_fileNames(fileNames)
+    VhdlTreeReader(VhdlPlaceTable &table, const QString &treeFile, const QMap<QString, QString> &fileNames)
+        : m_table(table), m_tree(treeFile), m_fileNames(fileNames)
     {
+        m_tree.open(QIODevice::ReadOnly);
     }
 
+    bool readSome()
+    {
+        const int linesAtOnce = 4096;
+        for (int i = 0; i < linesAtOnce; ++i) {
+            if (m_tree.atEnd()) {
+                take(GhdlTreeLine(std::string_view()));
+                return false;
+            }
+            const QByteArray line = m_tree.readLine();
+            const int end = line.endsWith('\n') ? line.size() - 1 : line.size();
+            take(GhdlTreeLine(std::string_view(line.constData(), size_t(end))));
+        }
+        return true;
+    }
+
+private:
     void take(const GhdlTreeLine &line)
     {
         while (!m_open.empty() && m_open.back().depth >= line.depth)
@@ -56,7 +73,6 @@ public:
         }
     }
 
-private:
     enum Kind {
         Other,
         Entity,
@@ -248,6 +264,7 @@ private:
     }
 
     VhdlPlaceTable &m_table;
+    QFile m_tree;
     std::vector<VhdlPlaces> m_replaced;
     const QMap<QString, QString> &m_fileNames;
     std::vector<Node> m_open;          // from the outside in
@@ -265,18 +282,20 @@ const VhdlPlaces *VhdlPlaces::below(const QString &label) const
     return found == inner.end() ? nullptr : found->second.get();
 }
 
-void VhdlPlaceTable::read(const QString &treeFile, const QMap<QString, QString> &fileNames)
+VhdlPlaceTable::VhdlPlaceTable() = default;
+VhdlPlaceTable::~VhdlPlaceTable() = default;
+
+void VhdlPlaceTable::open(const QString &treeFile, const QMap<QString, QString> &fileNames)
 {
-    QFile file(treeFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    VhdlTreeReader reader(*this, fileNames);
-    while (!file.atEnd()) {
-        const QByteArray line = file.readLine();
-        const int end = line.endsWith('\n') ? line.size() - 1 : line.size();
-        reader.take(GhdlTreeLine(std::string_view(line.constData(), size_t(end))));
-    }
-    reader.take(GhdlTreeLine(std::string_view()));
+    m_reader.reset(new VhdlTreeReader(*this, treeFile, fileNames));
+}
+
+bool VhdlPlaceTable::readSome()
+{
+    if (m_reader && m_reader->readSome())
+        return true;
+    m_reader.reset();
+    return false;
 }
 
 const VhdlPlaces *VhdlPlaceTable::of(const QString &entity, const QString &architecture) const

@@ -10,6 +10,8 @@
 
 namespace QUARRY {
 
+class VhdlTreeReader;
+
 // What an architecture with its entity, or a block or generate statement in it, declares. Names are in
 // small letters, extended ones without their backslashes.
 struct VhdlPlaces
@@ -28,14 +30,19 @@ struct VhdlPlaces
 class VhdlPlaceTable
 {
 public:
-    // `fileNames`: a file as GHDL saw it -> the user's own, absolute.
-    void read(const QString &treeFile, const QMap<QString, QString> &fileNames);
+    VhdlPlaceTable();
+    ~VhdlPlaceTable();
+
+    // `fileNames`: a file as GHDL saw it -> the user's own, absolute; to live as long as this.
+    void open(const QString &treeFile, const QMap<QString, QString> &fileNames);
+    bool readSome(); // a few thousand lines; false when there are no more
 
     // Null when unknown. Without a name the architecture that was read last, as GHDL chooses.
     const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
 
 private:
     friend class VhdlTreeReader;
+    std::unique_ptr<VhdlTreeReader> m_reader; // null while there is nothing to read
     std::map<QString, VhdlPlaces> m_entities;
     std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
     QHash<QString, QString> m_last;                                   // architecture of the entity

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace QUARRY {
 
 // The sources of one design and how to read them. Plain values; paths absolute.
@@ -24,14 +26,21 @@ struct DesignInput
     QString workingDir;
 };
 
-// What a run found. Messages in the order of the tools, each with file and line where it has them; those
-// that begin with "ERROR" mean that the design cannot be used.
+// A message that means that the design cannot be used.
+inline bool isError(const QString &message)
+{
+    return message.startsWith(QLatin1String("ERROR"));
+}
+
+// What a run found. Messages in the order of the tools, each with file and line where it has them.
 struct ModuleList
 {
     QStringList topModules; // the modules that no other instantiates, or the one that `top` names
     QStringList modules;
     QStringList messages;
     bool cancelled = false;
+
+    bool anyError() const { return std::any_of(messages.begin(), messages.end(), isError); }
 };
 
 } // namespace QUARRY

@@ -5,7 +5,6 @@
 #include <QRegExp>
 #include <QSet>
 
-#include "elaboration/reading/elaborationprogress.h"
 #include "host/designmanager.h"
 
 namespace QUARRY {
@@ -38,19 +37,23 @@ QList<ToolMessage> ofSeverity(const QList<ToolMessage> &messages, ToolMessage::S
 
 } // namespace
 
-Elaborator::Elaborator(const DesignInput &input, ElaborationProgress *progress)
-    : m_input(input),
-      m_progress(progress),
-      m_names(*m_result->scratch),
-      m_verilator(m_input, *m_result->scratch, m_names)
+Elaborator::Elaborator(const DesignInput &input)
+    : m_input(input), m_names(*m_result->scratch), m_verilator(m_input, *m_result->scratch, m_names)
 {
+    connect(&m_runner, SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)));
 }
 
-std::unique_ptr<Elaboration> Elaborator::run()
+void Elaborator::start()
 {
-    if (checkSources() && readVhdl() && readDesign() && waitForVhdl())
-        finish();
-    return std::move(m_result);
+    QMetaObject::invokeMethod(this, "begin", Qt::QueuedConnection);
+}
+
+void Elaborator::begin()
+{
+    if (checkSources())
+        readVhdl();
+    else
+        Q_EMIT finished();
 }
 
 bool Elaborator::checkSources()
@@ -69,52 +72,60 @@ bool Elaborator::checkSources()
     return m_result->lists.messages.isEmpty();
 }
 
-bool Elaborator::readVhdl()
+void Elaborator::readVhdl()
 {
     bool anyVhdl = false;
     for (const DesignSource &source : m_input.files)
         anyVhdl = anyVhdl || source.type == TE::VhdlFile;
     if (!anyVhdl)
-        return true;
-    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names));
-    const bool isUsable = m_vhdl->prepare(m_progress);
-    m_result->lists.messages += m_vhdl->takeMessages();
-    m_result->lists.cancelled = m_vhdl->cancelled();
-    const QString top = m_vhdl->moduleOf(m_input.top);
-    if (!top.isEmpty())
-        m_verilator.setTop(top);
-    return isUsable && makeFiles() == Again;
+        return readDesign();
+    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_runner));
+    m_vhdl->prepare([this](bool isUsable) {
+        m_result->lists.messages += m_vhdl->takeMessages();
+        const QString top = m_vhdl->moduleOf(m_input.top);
+        if (!top.isEmpty())
+            m_verilator.setTop(top);
+        proceed(isUsable ? makeFiles() : Failed);
+    });
 }
 
-bool Elaborator::readDesign()
+void Elaborator::readDesign()
 {
     if (!m_verilator.hasFiles()) {
         m_topUnknown = true;
-        return true;
+        return proceed(Done);
     }
-    for (int i = 0; i < maxRuns; ++i) {
-        stage(QLatin1String("Reading ") + QString::number(m_input.files.size()) +
-              QLatin1String(m_input.files.size() == 1 ? " source file" : " source files"));
-        QFile::remove(m_verilator.xmlFile());
-        const Verdict verdict = judge(m_verilator.read(m_progress));
-        if (verdict != Again)
-            return verdict == Done;
+    if (m_runs++ == maxRuns) {
+        addError(QLatin1String("The design could not be read: its missing modules could not be replaced."));
+        return proceed(Failed);
     }
-    addError(QLatin1String("The design could not be read: its missing modules could not be replaced."));
-    return false;
+    m_runner.tellStage(QLatin1String("Reading ") + QString::number(m_input.files.size()) +
+                       QLatin1String(m_input.files.size() == 1 ? " source file" : " source files"));
+    QFile::remove(m_verilator.xmlFile());
+    m_runner.run(m_verilator.reading(), [this](const ToolResult &result) { judge(result); });
 }
 
-bool Elaborator::waitForVhdl()
+void Elaborator::proceed(Verdict verdict)
 {
-    m_result->lists.cancelled = m_vhdl && !m_vhdl->finishTree(m_progress);
-    return !m_result->lists.cancelled;
+    const auto end = [this] {
+        finish();
+        Q_EMIT finished();
+    };
+    if (verdict == Again)
+        readDesign();
+    else if (verdict == Failed)
+        Q_EMIT finished();
+    else if (m_vhdl)
+        m_vhdl->finishTree(end);
+    else
+        end();
 }
 
-Elaborator::Verdict Elaborator::judge(const ToolResult &result)
+void Elaborator::judge(const ToolResult &result)
 {
     if (result.outcome != ToolResult::Finished) {
-        fail(result);
-        return Failed;
+        m_result->lists.messages.append(result.message);
+        return proceed(Failed);
     }
     const QList<ToolMessage> messages = parseVerilatorMessages(result.errors + '\n' + result.output);
     const QList<ToolMessage> errors = ofSeverity(messages, ToolMessage::Error);
@@ -124,13 +135,13 @@ Elaborator::Verdict Elaborator::judge(const ToolResult &result)
         addError(QLatin1String("Verilator ended with code ") + QString::number(result.exitCode) +
                  QLatin1String(" and gave no design. Check that ") + m_verilator.program() +
                  QLatin1String(" is Verilator 5."));
-        return Failed;
+        return proceed(Failed);
     }
     m_warnings = ofSeverity(messages, ToolMessage::Warning);
-    return Done;
+    proceed(Done);
 }
 
-Elaborator::Verdict Elaborator::repair(const QList<ToolMessage> &errors)
+void Elaborator::repair(const QList<ToolMessage> &errors)
 {
     QStringList missing;
     QList<ToolMessage> others;
@@ -147,48 +158,57 @@ Elaborator::Verdict Elaborator::repair(const QList<ToolMessage> &errors)
     for (const ToolMessage &error : others)
         places.append(realFile(error, m_names, m_verilator.workingDir()));
     if (m_verilator.leaveToIncludes(places))
-        return Again;
+        return proceed(Again);
     // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
     if (!others.isEmpty() && !m_packagesOrdered) {
         m_packagesOrdered = true;
         if (m_verilator.orderPackagesFirst())
-            return Again;
+            return proceed(Again);
     }
+    if (others.isEmpty() && missing.isEmpty())
+        return proceed(Done);
     if (others.isEmpty())
-        return missing.isEmpty() ? Done : provide(missing);
+        return provide(missing, [this](Verdict verdict) { proceed(verdict); });
     if (m_boxes.adapt(others))
-        return makeFiles();
+        return proceed(makeFiles());
+    const auto giveUp = [=](Verdict verdict) {
+        if (verdict == Failed)
+            report(others, ToolMessage::Error);
+        proceed(verdict);
+    };
     // VHDL and Verilog that spell a port differently.
-    if (m_vhdl && others.first().code == QLatin1String("PINNOTFOUND") && provide(missing) == Again)
-        return Again;
-    if (!m_result->lists.cancelled)
-        report(others, ToolMessage::Error);
-    return Failed;
+    if (m_vhdl && others.first().code == QLatin1String("PINNOTFOUND"))
+        provide(missing, giveUp);
+    else
+        giveUp(Failed);
 }
 
-// Finds a definition for modules that have none: a VHDL entity, or else a black box.
-Elaborator::Verdict Elaborator::provide(const QStringList &missing)
+void Elaborator::provide(const QStringList &missing, const std::function<void(Verdict)> &then)
 {
-    const ToolResult result = m_verilator.dump(m_progress);
-    if (result.outcome != ToolResult::Finished) {
-        fail(result);
-        return Failed;
-    }
-    DesignDump dump;
-    readDesignDump(m_verilator.treeFile(), dump);
-    if (m_vhdl) {
-        const bool changed = m_vhdl->adapt(dump, missing, m_progress);
-        m_result->lists.messages += m_vhdl->takeMessages();
-        m_result->lists.cancelled = m_vhdl->cancelled();
-        if (changed)
-            return makeFiles();
-    }
+    QFile::remove(m_verilator.treeFile());
+    m_runner.run(m_verilator.dumping(), [=](const ToolResult &result) {
+        if (result.outcome != ToolResult::Finished) {
+            m_result->lists.messages.append(result.message);
+            return then(Failed);
+        }
+        DesignDump dump;
+        readDesignDump(m_verilator.treeFile(), dump);
+        if (!m_vhdl)
+            return then(makeBlackBoxes(dump, missing));
+        m_vhdl->adapt(dump, missing, [=](bool changed) {
+            m_result->lists.messages += m_vhdl->takeMessages();
+            then(changed ? makeFiles() : makeBlackBoxes(dump, missing));
+        });
+    });
+}
+
+Elaborator::Verdict Elaborator::makeBlackBoxes(const DesignDump &dump, const QStringList &missing)
+{
     const int known = m_boxes.names().size();
-    if (!m_result->lists.cancelled)
-        m_boxes.collect(dump, missing);
+    m_boxes.collect(dump, missing);
     if (m_boxes.names().size() > known)
         return makeFiles();
-    if (!missing.isEmpty() && !m_result->lists.cancelled)
+    if (!missing.isEmpty())
         addError(QLatin1String("These modules have no definition: ") + missing.join(QLatin1String(", ")) +
                  QLatin1String(". Add the files that define them to the project."));
     return Failed;
@@ -293,14 +313,6 @@ void Elaborator::nameFiles()
     }
 }
 
-void Elaborator::fail(const ToolResult &result)
-{
-    if (result.outcome == ToolResult::Cancelled)
-        m_result->lists.cancelled = true;
-    else
-        m_result->lists.messages.append(result.message);
-}
-
 void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severity severity)
 {
     for (ToolMessage message : messages) {
@@ -317,12 +329,6 @@ void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severit
 void Elaborator::addError(const QString &text)
 {
     m_result->lists.messages.append(QLatin1String("ERROR: ") + text);
-}
-
-void Elaborator::stage(const QString &text)
-{
-    if (m_progress)
-        m_progress->stage(text);
 }
 
 } // namespace QUARRY

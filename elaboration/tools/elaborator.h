@@ -10,6 +10,7 @@
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/toolrunner.h"
 #include "elaboration/tools/verilatorrun.h"
 #include "elaboration/tools/vhdlpart.h"
 #include "elaboration/tools/xmlsummary.h"
@@ -29,42 +30,55 @@ struct Elaboration
 };
 
 // Drives the tools until the design is read or cannot be: puts packages first, turns VHDL into Verilog,
-// makes black boxes for what nobody defines.
-class Elaborator
+// makes black boxes for what nobody defines. Goes on from the event loop when a tool is over; deleting it
+// kills the tools.
+class Elaborator : public QObject
 {
+    Q_OBJECT
+
 public:
-    Elaborator(const DesignInput &input, ElaborationProgress *progress);
-    std::unique_ptr<Elaboration> run();
+    explicit Elaborator(const DesignInput &input);
+
+    void start();
+    std::unique_ptr<Elaboration> takeResult() { return std::move(m_result); }
+
+Q_SIGNALS:
+    void stageChanged(const QString &text);
+    void finished(); // once
+
+private Q_SLOTS:
+    void begin();
 
 private:
     enum Verdict { Again, Done, Failed };
 
     bool checkSources();
-    bool readVhdl();
-    bool readDesign();
-    bool waitForVhdl();
-    Verdict judge(const ToolResult &result);
-    Verdict repair(const QList<ToolMessage> &errors);
-    Verdict provide(const QStringList &missing);
+    void readVhdl();
+    void readDesign();
+    void proceed(Verdict verdict);
+    void judge(const ToolResult &result);
+    void repair(const QList<ToolMessage> &errors);
+    // Finds a definition for modules that have none: a VHDL entity, or else a black box.
+    void provide(const QStringList &missing, const std::function<void(Verdict)> &then);
+    Verdict makeBlackBoxes(const DesignDump &dump, const QStringList &missing);
     Verdict makeFiles();
     void finish();
     void listModules();
     void nameFiles();
     QString userName(const QString &module) const;
-    void fail(const ToolResult &result);
     void report(const QList<ToolMessage> &messages, ToolMessage::Severity severity);
     void addError(const QString &text);
-    void stage(const QString &text);
 
     const DesignInput m_input;
-    ElaborationProgress *m_progress;
     std::unique_ptr<Elaboration> m_result{new Elaboration};
     SafeNames m_names;
     VerilatorRun m_verilator;
+    ToolRunner m_runner;
     std::unique_ptr<VhdlPart> m_vhdl; // null when there is no VHDL
     BlackBoxes m_boxes;
     QList<ToolMessage> m_warnings;
     XmlSummary m_summary;
+    int m_runs = 0;
     bool m_packagesOrdered = false;
     bool m_topUnknown = false;
 };

@@ -5,8 +5,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
-
-#include "elaboration/reading/elaborationprogress.h"
+#include <QTimer>
 
 #ifdef Q_OS_UNIX
 #include <signal.h>
@@ -46,17 +45,11 @@ protected:
 
 namespace {
 
-const int pollMs = 20;
 const int maxKeptBytes = 64 << 20; // a tool that writes without end must not fill the memory
 
-void drain(QProcess &process, ToolResult &result)
+int secondsOf(const ToolCall &call)
 {
-    if (!process.isReadable())
-        return; // both channels go into files
-    result.output += process.readAllStandardOutput();
-    result.errors += process.readAllStandardError();
-    result.output.truncate(maxKeptBytes);
-    result.errors.truncate(maxKeptBytes);
+    return call.seconds > 0 ? qMin(call.seconds, toolTimeLimit()) : toolTimeLimit();
 }
 
 QString missingMessage(const ToolCall &call, const QString &reason)
@@ -100,10 +93,19 @@ ToolRun::ToolRun(const ToolCall &call) : m_call(call), m_process(new GroupProces
         m_process->setStandardOutputFile(call.outputFile);
     if (!call.errorFile.isEmpty())
         m_process->setStandardErrorFile(call.errorFile);
-    m_clock.start();
+    connect(m_process.get(), SIGNAL(readyReadStandardOutput()), SLOT(readOutput()));
+    connect(m_process.get(), SIGNAL(readyReadStandardError()), SLOT(readOutput()));
+    connect(m_process.get(), SIGNAL(finished(int, QProcess::ExitStatus)), SLOT(noteEnd()));
     m_process->start(call.program, call.arguments, QIODevice::ReadOnly);
-    if (m_process->waitForStarted(-1))
-        m_process->closeWriteChannel();
+    if (!m_process->waitForStarted(-1)) {
+        end(ToolResult::Missing, missingMessage(m_call, m_process->errorString()));
+        return;
+    }
+    m_process->closeWriteChannel();
+    QTimer *limit = new QTimer(this);
+    limit->setSingleShot(true);
+    connect(limit, SIGNAL(timeout()), SLOT(noteTimeLimit()));
+    limit->start(secondsOf(call) * 1000);
 }
 
 ToolRun::~ToolRun()
@@ -112,49 +114,47 @@ ToolRun::~ToolRun()
         m_process->killGroup();
 }
 
-ToolResult ToolRun::wait(ElaborationProgress *progress)
+void ToolRun::readOutput()
 {
-    ToolResult result;
-    if (m_process->error() == QProcess::FailedToStart) {
-        result.outcome = ToolResult::Missing;
-        result.message = missingMessage(m_call, m_process->errorString());
-        return result;
-    }
-    const int seconds = m_call.seconds > 0 ? qMin(m_call.seconds, toolTimeLimit()) : toolTimeLimit();
-    const qint64 limitMs = qint64(seconds) * 1000;
-    // cancelled() may run the event loop, in which the process can end too: ask for its state each time.
-    while (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(pollMs)) {
-        drain(*m_process, result);
-        if (progress && progress->cancelled())
-            result.outcome = ToolResult::Cancelled;
-        else if (m_clock.elapsed() > limitMs)
-            result.outcome = ToolResult::Hung;
-        else
-            continue;
-        m_process->killGroup();
-        break;
-    }
-    drain(*m_process, result);
-    if (result.outcome == ToolResult::Hung)
-        result.message = hungMessage(m_call);
-    if (result.outcome != ToolResult::Finished)
-        return result;
-    result.exitCode = m_process->exitCode();
-    if (m_process->exitStatus() != QProcess::NormalExit) {
-        result.outcome = ToolResult::Died;
-        result.message = diedMessage(m_call, result.errors);
-    }
-    return result;
+    if (!m_process->isReadable())
+        return; // both channels go into files
+    m_result.output += m_process->readAllStandardOutput();
+    m_result.errors += m_process->readAllStandardError();
+    m_result.output.truncate(maxKeptBytes);
+    m_result.errors.truncate(maxKeptBytes);
 }
 
-ToolResult runTool(const ToolCall &call, ElaborationProgress *progress)
+void ToolRun::noteEnd()
 {
-    if (progress && progress->cancelled()) {
-        ToolResult result;
-        result.outcome = ToolResult::Cancelled;
-        return result;
-    }
-    return ToolRun(call).wait(progress);
+    readOutput();
+    m_result.exitCode = m_process->exitCode();
+    if (m_process->exitStatus() == QProcess::NormalExit)
+        end(ToolResult::Finished, QString());
+    else
+        end(ToolResult::Died, diedMessage(m_call, m_result.errors));
+}
+
+void ToolRun::noteTimeLimit()
+{
+    if (m_process->state() == QProcess::NotRunning)
+        return;
+    m_process->disconnect(this);
+    m_process->killGroup();
+    end(ToolResult::Hung, hungMessage(m_call));
+}
+
+// Who hears of the end may delete this object, so it is told from the event loop.
+void ToolRun::end(ToolResult::Outcome outcome, const QString &message)
+{
+    m_result.outcome = outcome;
+    m_result.message = message;
+    QMetaObject::invokeMethod(this, "announce", Qt::QueuedConnection);
+}
+
+void ToolRun::announce()
+{
+    m_isOver = true;
+    Q_EMIT over();
 }
 
 int toolTimeLimit()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QElapsedTimer>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
@@ -9,7 +9,6 @@
 
 namespace QUARRY {
 
-class ElaborationProgress;
 class GroupProcess;
 
 // One run of an external tool. No shell is involved: every argument reaches the tool as it stands.
@@ -28,38 +27,46 @@ struct ToolCall
 
 struct ToolResult
 {
-    enum Outcome { Finished, Missing, Died, Hung, Cancelled };
+    enum Outcome { Finished, Missing, Died, Hung };
     Outcome outcome = Finished;
-    int exitCode = 0;
+    int exitCode = 0; // some tools report findings through it: their callers judge it
     QByteArray output;
     QByteArray errors;
-    QString message; // an "ERROR ..." sentence unless the tool finished or was cancelled
+    QString message; // an "ERROR ..." sentence unless the tool finished
+
+    bool isGood() const { return outcome == Finished && exitCode == 0; }
 };
 
-// A started tool, with a group of processes of its own that is killed as a whole when the user cancels,
-// when it takes longer than it may, or with this object. Until it is waited for, nobody reads what it does
-// not write into files.
-class ToolRun
+// A started tool, with a group of processes of its own that is killed as a whole when it takes longer than
+// it may, or with this object. What it writes is read while events are handled.
+class ToolRun : public QObject
 {
+    Q_OBJECT
+
 public:
     explicit ToolRun(const ToolCall &call);
-    ~ToolRun();
+    ~ToolRun() override;
 
-    // To its end. A tool that ends by itself is judged by its caller: some report findings through their
-    // exit code.
-    ToolResult wait(ElaborationProgress *progress);
+    bool isOver() const { return m_isOver; }
+    const ToolResult &result() const { return m_result; } // complete once it is over
+
+Q_SIGNALS:
+    void over(); // once, and never before the constructor returned
+
+private Q_SLOTS:
+    void readOutput();
+    void noteEnd();
+    void noteTimeLimit();
+    void announce();
 
 private:
-    ToolRun(const ToolRun &) = delete;
-    ToolRun &operator=(const ToolRun &) = delete;
+    void end(ToolResult::Outcome outcome, const QString &message);
 
     ToolCall m_call;
-    QElapsedTimer m_clock;
+    ToolResult m_result;
     std::unique_ptr<GroupProcess> m_process;
+    bool m_isOver = false;
 };
-
-// Starts the tool and waits for its end.
-ToolResult runTool(const ToolCall &call, ElaborationProgress *progress);
 
 // Seconds that a tool may take: 600, or what the environment variable JEX_TOOL_TIMEOUT says.
 int toolTimeLimit();

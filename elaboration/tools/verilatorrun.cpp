@@ -151,19 +151,16 @@ ToolCall VerilatorRun::call(const QStringList &extra) const
     return call;
 }
 
-ToolResult VerilatorRun::read(ElaborationProgress *progress)
+ToolCall VerilatorRun::reading() const
 {
-    return runTool(call(QStringList() << QLatin1String("--xml-output") << xmlFile() << QLatin1String("--Mdir")
-                                      << m_scratch.file(QLatin1String("out"))),
-                   progress);
+    return call(QStringList() << QLatin1String("--xml-output") << xmlFile() << QLatin1String("--Mdir")
+                              << m_scratch.file(QLatin1String("out")));
 }
 
-ToolResult VerilatorRun::dump(ElaborationProgress *progress)
+ToolCall VerilatorRun::dumping() const
 {
-    QFile::remove(m_scratch.file(QLatin1String("dump/Vdesign_001_cells.tree")));
-    return runTool(call(QStringList() << QLatin1String("--dump-tree") << QLatin1String("--debug-exit-parse")
-                                      << QLatin1String("--Mdir") << m_scratch.file(QLatin1String("dump"))),
-                   progress);
+    return call(QStringList() << QLatin1String("--dump-tree") << QLatin1String("--debug-exit-parse")
+                              << QLatin1String("--Mdir") << m_scratch.file(QLatin1String("dump")));
 }
 
 } // namespace QUARRY

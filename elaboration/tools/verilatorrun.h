@@ -9,7 +9,6 @@
 namespace QUARRY {
 
 struct DesignInput;
-class ElaborationProgress;
 class SafeNames;
 class ScratchDir;
 
@@ -28,10 +27,8 @@ public:
     // those that others include, which so bring them in; false when there are none.
     bool leaveToIncludes(const QStringList &files);
 
-    // Reads the whole design and writes xmlFile().
-    ToolResult read(ElaborationProgress *progress);
-    // Reads the sources without linking them and writes treeFile().
-    ToolResult dump(ElaborationProgress *progress);
+    ToolCall reading() const; // of the whole design; it writes xmlFile()
+    ToolCall dumping() const; // reads the sources without linking them; it writes treeFile()
 
     QString xmlFile() const;
     QString treeFile() const;

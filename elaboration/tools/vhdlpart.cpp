@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QRegExp>
 
-#include "elaboration/reading/elaborationprogress.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
@@ -61,8 +60,8 @@ QStringList portsOf(const QString &name, const DesignDump &dump)
 
 } // namespace
 
-VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names)
-    : m_input(input), m_scratch(scratch), m_names(names)
+VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner)
+    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
 {
     for (const DesignSource &source : input.files) {
         if (source.type == TE::VhdlFile)
@@ -90,30 +89,35 @@ ToolCall VhdlPart::call(const QStringList &arguments) const
     return call;
 }
 
-bool VhdlPart::prepare(ElaborationProgress *progress)
+void VhdlPart::prepare(const std::function<void(bool)> &then)
 {
-    if (progress)
-        progress->stage(QLatin1String("Reading ") + QString::number(m_files.size()) +
-                        QLatin1String(m_files.size() == 1 ? " VHDL file" : " VHDL files"));
+    m_runner.tellStage(QLatin1String("Reading ") + QString::number(m_files.size()) +
+                       QLatin1String(m_files.size() == 1 ? " VHDL file" : " VHDL files"));
     scanSources();
     // The project's own order first: it costs nothing when it is right.
-    if (!analyze(false, progress)) {
+    analyze([=](const ToolResult &first) {
+        if (first.isGood())
+            return translateRoots(then);
         m_files = orderedByUse(m_files, VhdlSource);
-        if (m_cancelled || !analyze(true, progress))
-            return false;
-    }
+        analyze([=](const ToolResult &second) {
+            if (second.isGood())
+                return translateRoots(then);
+            report(second, false);
+            then(false);
+        });
+    });
+}
+
+void VhdlPart::translateRoots(const std::function<void(bool)> &then)
+{
     startTree();
     QStringList wanted = roots();
     if (!m_input.top.isEmpty()) {
         const QString top = m_input.top.toLower();
         wanted = m_entities.contains(top) ? QStringList(top) : QStringList();
     }
-    const bool isOptional = wanted.size() > 1 || m_files.size() != m_input.files.size();
-    for (const QString &entity : wanted) {
-        if (!translate(entity, isOptional && m_input.top.isEmpty(), progress))
-            return false;
-    }
-    return true;
+    const bool areOptional = wanted.size() > 1 || m_files.size() != m_input.files.size();
+    translate(wanted, areOptional && m_input.top.isEmpty(), then);
 }
 
 QString VhdlPart::handedOver(const QString &file) const
@@ -130,23 +134,18 @@ QMap<QString, QString> VhdlPart::fileNames() const
     return names;
 }
 
-bool VhdlPart::analyze(bool reportErrors, ElaborationProgress *progress)
+void VhdlPart::analyze(const ToolRunner::Then &then)
 {
     QStringList arguments(QLatin1String("-a"));
     for (const QString &file : m_files)
         arguments << handedOver(file);
-    ToolResult result = runTool(call(arguments), progress);
-    const QString unknown = m_library.isEmpty() ? unknownLibrary(result.errors) : QString();
-    if (!unknown.isEmpty()) {
+    m_runner.run(call(arguments), [=](const ToolResult &result) {
+        const QString unknown = m_library.isEmpty() ? unknownLibrary(result.errors) : QString();
+        if (unknown.isEmpty())
+            return then(result);
         m_library = unknown;
-        result = runTool(call(arguments), progress);
-    }
-    if (result.outcome == ToolResult::Finished && result.exitCode == 0)
-        return true;
-    m_cancelled = result.outcome == ToolResult::Cancelled;
-    if (reportErrors && !m_cancelled)
-        report(result, false);
-    return false;
+        m_runner.run(call(arguments), then);
+    });
 }
 
 void VhdlPart::scanSources()
@@ -172,28 +171,40 @@ QStringList VhdlPart::roots() const
     return entities;
 }
 
-bool VhdlPart::translate(const QString &entity, bool isOptional, ElaborationProgress *progress)
+void VhdlPart::translate(QStringList entities, bool areOptional, const std::function<void(bool)> &then)
 {
-    if (m_modules.contains(entity) || m_refused.contains(entity))
-        return true;
-    if (progress)
-        progress->stage(QLatin1String("Translating VHDL entity ") + m_entities.value(entity));
+    while (!entities.isEmpty() &&
+           (m_modules.contains(entities.first()) || m_refused.contains(entities.first())))
+        entities.removeFirst();
+    if (entities.isEmpty())
+        return then(true);
+    const QString entity = entities.takeFirst();
+    m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_entities.value(entity));
     ToolCall synthesis = call(QStringList() << QLatin1String("--synth") << QLatin1String("--latches")
                                             << QLatin1String("--out=verilog") << entity);
     synthesis.outputFile = m_scratch.file(QLatin1String("entity.v"));
-    const ToolResult result = runTool(synthesis, progress);
-    QFile output(synthesis.outputFile);
+    m_runner.run(synthesis, [=](const ToolResult &result) {
+        if (!takeTranslation(entity, result, areOptional))
+            return then(false);
+        const auto others = [=] { translate(entities, areOptional, then); };
+        if (m_modules.contains(entity))
+            recordScopes(entity, others);
+        else
+            others();
+    });
+}
+
+// False when the design cannot be used without it.
+bool VhdlPart::takeTranslation(const QString &entity, const ToolResult &result, bool isOptional)
+{
+    QFile output(m_scratch.file(QLatin1String("entity.v")));
     QString module;
-    if (result.outcome == ToolResult::Finished && result.exitCode == 0 && output.open(QIODevice::ReadOnly))
+    if (result.isGood() && output.open(QIODevice::ReadOnly))
         module = m_verilog.add(output.readAll(), m_entities, unboundComponents(result.errors));
     if (!module.isEmpty()) {
         m_modules.insert(entity, module);
-        recordScopes(entity, progress);
-        return !m_cancelled;
+        return true;
     }
-    m_cancelled = result.outcome == ToolResult::Cancelled;
-    if (m_cancelled)
-        return false;
     m_refused.insert(entity);
     m_untranslated.append(m_entities.value(entity));
     isOptional = isOptional && result.outcome == ToolResult::Finished;
@@ -212,7 +223,7 @@ void VhdlPart::startTree()
     reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
     reading.errorFile = treeFile();
     reading.seconds = 30;
-    m_tree.reset(new ToolRun(reading));
+    m_tree = m_runner.startBeside(reading);
 }
 
 QString VhdlPart::treeFile() const
@@ -220,14 +231,17 @@ QString VhdlPart::treeFile() const
     return m_scratch.file(QLatin1String("vhdl.tree"));
 }
 
-bool VhdlPart::finishTree(ElaborationProgress *progress) const
+void VhdlPart::finishTree(const std::function<void()> &then) const
 {
-    return !m_tree || m_tree->wait(progress).outcome != ToolResult::Cancelled;
+    if (m_tree)
+        m_runner.await(m_tree, [=](const ToolResult &) { then(); });
+    else
+        then();
 }
 
 // The translation has lost declared ranges, generate scopes and unused signals; the first moment of a
 // simulation has them all. Without it, for whatever reason, the translation is shown as it is.
-void VhdlPart::recordScopes(const QString &entity, ElaborationProgress *progress)
+void VhdlPart::recordScopes(const QString &entity, const std::function<void()> &then)
 {
     const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_waveforms.size()) +
                                         QLatin1String(".vcd"));
@@ -236,20 +250,38 @@ void VhdlPart::recordScopes(const QString &entity, ElaborationProgress *progress
                            << QLatin1String("--stop-delta=0") << QLatin1String("--vcd=") + file);
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
     simulation.seconds = 30;
-    const ToolResult result = runTool(simulation, progress);
-    m_cancelled = result.outcome == ToolResult::Cancelled;
-    if (result.outcome == ToolResult::Finished)
-        m_waveforms.insert(entity, file);
+    m_runner.run(simulation, [=](const ToolResult &result) {
+        if (result.outcome == ToolResult::Finished)
+            m_waveforms.insert(entity, file);
+        then();
+    });
 }
 
-bool VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, ElaborationProgress *progress)
+void VhdlPart::adapt(const DesignDump &dump, const QStringList &missing,
+                     const std::function<void(bool)> &then)
 {
-    bool changed = false;
+    QList<DumpCell> cells;
+    QStringList wanted;
     for (const DumpCell &cell : dump.cells) {
-        if (cell.resolved || missing.contains(cell.target))
-            changed = adaptCell(dump, cell, progress) || changed;
+        if (cell.resolved && !missing.contains(cell.target))
+            continue;
+        cells.append(cell);
+        if (!isVhdl(dump, cell) && mayPresent(cell))
+            wanted.append(cell.target.toLower());
     }
-    // Entities that only Verilog instantiates, under another spelling, are not shown a second time.
+    const int known = m_modules.size();
+    translate(wanted, true, [=](bool) {
+        bool changed = m_modules.size() > known;
+        for (const DumpCell &cell : cells)
+            changed = adaptCell(dump, cell) || changed;
+        dropUnusedSpellings(dump);
+        then(changed);
+    });
+}
+
+// Entities that only Verilog instantiates, under another spelling, are not shown a second time.
+void VhdlPart::dropUnusedSpellings(const DesignDump &dump)
+{
     for (const QString &entity : m_entityOrder) {
         const QString module = m_modules.value(entity);
         bool isUsed = module.isEmpty() || m_verilog.isInstantiated(module) || entity == m_input.top.toLower();
@@ -262,28 +294,31 @@ bool VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, Elabora
         if (!isUsed && hasAlias)
             m_verilog.remove(module);
     }
-    return changed;
 }
 
-bool VhdlPart::adaptCell(const DesignDump &dump, const DumpCell &cell, ElaborationProgress *progress)
+bool VhdlPart::isVhdl(const DesignDump &dump, const DumpCell &cell) const
 {
-    const bool ownerIsVhdl = m_verilog.contains(dump.modules.at(cell.owner).name);
-    if (!ownerIsVhdl)
-        return presentEntity(cell, progress);
+    return m_verilog.contains(dump.modules.at(cell.owner).name);
+}
+
+bool VhdlPart::adaptCell(const DesignDump &dump, const DumpCell &cell)
+{
+    if (!isVhdl(dump, cell))
+        return mayPresent(cell) && presentEntity(cell);
     if (m_verilog.contains(cell.target))
         return false;
     const QString module = spelledModule(cell.target, dump);
     return !module.isEmpty() && m_verilog.renameInstances(cell.target, module, portsOf(module, dump));
 }
 
-bool VhdlPart::presentEntity(const DumpCell &cell, ElaborationProgress *progress)
+bool VhdlPart::mayPresent(const DumpCell &cell) const
+{
+    return m_entities.contains(cell.target.toLower()) && (!cell.resolved || m_verilog.contains(cell.target));
+}
+
+bool VhdlPart::presentEntity(const DumpCell &cell)
 {
     const QString entity = cell.target.toLower();
-    if (!m_entities.contains(entity) || (cell.resolved && !m_verilog.contains(cell.target)))
-        return false;
-    const bool isNew = !m_modules.contains(entity);
-    if (!translate(entity, true, progress))
-        return false;
     if (!m_modules.contains(entity)) {
         if (!m_boxed.contains(entity))
             m_messages.append(QLatin1String("WARNING: VHDL entity ") + m_entities.value(entity) +
@@ -301,7 +336,7 @@ bool VhdlPart::presentEntity(const DumpCell &cell, ElaborationProgress *progress
             QLatin1String("WARNING: The generics that Verilog sets on VHDL entity ") +
             m_entities.value(entity) + QLatin1String(" (") + generics.join(QLatin1String(", ")) +
             QLatin1String(") have no effect here: the entity is shown with its default values."));
-    return changed || isNew;
+    return changed;
 }
 
 void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings)

@@ -1,3 +1,4 @@
+#include "elaboration/readingjob.h"
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
@@ -10,19 +11,6 @@
 using namespace QUARRY;
 
 namespace {
-
-class CancelAfter : public ElaborationProgress
-{
-public:
-    explicit CancelAfter(int ms) : m_ms(ms) { m_clock.start(); }
-    void stage(const QString &text) override { stages += text; }
-    bool cancelled() override { return m_clock.elapsed() >= m_ms; }
-    QStringList stages;
-
-private:
-    QElapsedTimer m_clock;
-    int m_ms;
-};
 
 // In the pattern * stands for any text, such as a tool's own words.
 bool fits(const QString &text, const QString &pattern)
@@ -174,7 +162,7 @@ private Q_SLOTS:
     {
         for (const char *variable : {"JEX_VERILATOR", "JEX_GHDL", "JEX_TOOL_TIMEOUT"})
             qunsetenv(variable);
-        listModules(DesignInput(), nullptr); // drops the remembered design
+        listModules(DesignInput()); // drops the remembered design
         QCOMPARE(leftInTemp(), QStringList());
     }
 
@@ -241,14 +229,14 @@ private Q_SLOTS:
             design.workingDir = path(name);
             QCOMPARE(listed(design), QString("top m\nmodules m"));
             QStringList messages;
-            const std::unique_ptr<RtlNetlist> netlist(buildNetlist(design, messages, nullptr));
+            const std::unique_ptr<RtlNetlist> netlist(buildNetlist(design, messages));
             QVERIFY2(netlist, qPrintable(messages.join('\n')));
             QCOMPARE(netlist->findNet("m/x")->declaration().file, path(file));
             if (!isVhdl)
                 QCOMPARE(netlist->findNet("m/near")->declaration().file, path(name + "/near it.vh"));
             m_sources->write(file, isVhdl ? "entity m is\nport (x : inn bit); end;"
                                           : "module m;\nwire = ;\nendmodule");
-            const QString text = listModules(design, nullptr).messages.value(0);
+            const QString text = listModules(design).messages.value(0);
             QVERIFY2(text.startsWith("ERROR: " + path(file) + ":2: "), qPrintable(text));
         }
         QVERIFY(!QFile::exists(path("hacked")) && !QFile::exists(path(name + "/hacked")));
@@ -290,7 +278,7 @@ private Q_SLOTS:
         for (const QStringList &tool : tools) {
             const QString program = body.isEmpty() ? path("none") : m_sources->script(tool.at(0), body);
             qputenv(qPrintable(tool.at(1)), program.toUtf8());
-            const ModuleList list = listModules(m_sources->input({tool.at(2)}), nullptr);
+            const ModuleList list = listModules(m_sources->input({tool.at(2)}));
             QCOMPARE(list.messages.size(), 1);
             const QString expected =
                 QString(message).replace("%1", tool.at(0)).replace("%2", tool.at(1)).replace("%3", program);
@@ -315,23 +303,24 @@ private Q_SLOTS:
             m_sources->write(source, source == "a.v" ? "module a; endmodule"
                                                      : "entity a is end; architecture a of a is begin end;");
             qputenv(tool.at(0), m_sources->script("slow", tool.at(2)).toUtf8());
-            CancelAfter progress(300);
-            QElapsedTimer clock;
-            clock.start();
-            const ModuleList list = listModules(m_sources->input({source}), &progress);
-            QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-            QVERIFY(list.cancelled);
-            QCOMPARE(list.messages, QStringList());
-            QVERIFY(!progress.stages.isEmpty());
+            ReadingJob job(m_sources->input({source}), ReadingJob::Netlist);
+            QSignalSpy stages(&job, SIGNAL(stageChanged(QString)));
+            QSignalSpy ends(&job, SIGNAL(finished()));
+            job.start();
+            QTRY_VERIFY(!m_sources->read("pids").isEmpty());
+            QTRY_VERIFY(!stages.isEmpty());
+            QVERIFY(!job.isFinished());
+            job.cancel();
+            QVERIFY(job.isCancelled());
+            QCOMPARE(ends.size(), 1);
+            QCOMPARE(job.modules().messages + job.netlistMessages(), QStringList());
+            QVERIFY(!job.takeNetlist());
             QCOMPARE(leftInTemp(), QStringList());
             const QStringList pids = QString(m_sources->read("pids")).simplified().split(' ');
             QCOMPARE(pids.size(), 2);
             for (const QString &pid : pids)
                 QTRY_VERIFY(!isRunning(pid));
-            QStringList messages;
-            CancelAfter atOnce(0);
-            QVERIFY(!buildNetlist(m_sources->input({source}), messages, &atOnce));
-            QCOMPARE(messages, QStringList());
+            QFile::remove(path("pids"));
         }
     }
 
@@ -389,8 +378,7 @@ private Q_SLOTS:
         const QByteArray script = "case \"$*\" in *" + failing + "*) exit 1;; *) exec ghdl \"$@\";; esac";
         qputenv("JEX_GHDL", m_sources->script("tool", script).toUtf8());
         QStringList messages;
-        const std::unique_ptr<RtlNetlist> netlist(
-            buildNetlist(m_sources->input({"t.vhd"}), messages, nullptr));
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"t.vhd"}), messages));
         QCOMPARE(messages, QStringList());
         QCOMPARE(drawn(netlist.get()).join('\n'), QString("t:t a b y s v\nt/u:l a y n_o"));
         QTEST(netlist->findNet("t/u/n_o")->declaration().line, "line");
@@ -400,7 +388,7 @@ private:
     // The sources' folder is @; the order of modules is the tool's own and not compared.
     QString listed(const DesignInput &input) const
     {
-        ModuleList list = listModules(input, nullptr);
+        ModuleList list = listModules(input);
         list.topModules.sort();
         list.modules.sort();
         const QStringList lines{"top " + list.topModules.join(' '), "modules " + list.modules.join(' ')};
@@ -410,7 +398,7 @@ private:
     QString built(const DesignInput &input) const
     {
         QStringList messages;
-        return drawn(std::unique_ptr<RtlNetlist>(buildNetlist(input, messages, nullptr)).get()).join('\n');
+        return drawn(std::unique_ptr<RtlNetlist>(buildNetlist(input, messages)).get()).join('\n');
     }
 
     QString path(const QString &name) const { return m_sources->path(name); }

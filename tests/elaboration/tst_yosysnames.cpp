@@ -153,7 +153,7 @@ private Q_SLOTS:
         input.top = files.size() > 1 ? "soc" : "top";
         input.includePaths += EXAMPLES "/soc/rtl";
         QStringList messages;
-        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages, nullptr));
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
         QVERIFY2(netlist, qPrintable(messages.join('\n')));
 
         QString vhdl;

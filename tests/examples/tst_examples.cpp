@@ -84,7 +84,7 @@ private Q_SLOTS:
         Core::ProjectManager::setCurrentProject(nullptr);
         QStringList messages;
         const std::unique_ptr<QUARRY::RtlNetlist> netlist(
-            QUARRY::buildNetlist(QUARRY::designInputFromInfo(info), messages, nullptr));
+            QUARRY::buildNetlist(QUARRY::designInputFromInfo(info), messages));
         QCOMPARE(messages.join('\n'), QString());
         QVERIFY(netlist);
         QString errors;

@@ -1,7 +1,0 @@
-#include "elaboration/reading/elaborationprogress.h"
-
-namespace QUARRY {
-
-ElaborationProgress::~ElaborationProgress() = default;
-
-} // namespace QUARRY

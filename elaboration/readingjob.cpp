@@ -1,0 +1,114 @@
+#include "elaboration/readingjob.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include "elaboration/lastdesign.h"
+#include "elaboration/reading/netlistreader.h"
+#include "elaboration/tools/elaborator.h"
+#include "model/netlist/rtlnetlist.h"
+
+namespace QUARRY {
+namespace {
+
+// What the lists leave to their reader must be said when there is no netlist.
+QString missingTop(const ModuleList &lists, const QString &top)
+{
+    if (lists.modules.isEmpty() && !top.isEmpty())
+        return QLatin1String("ERROR: No module named \"") + top +
+               QLatin1String("\" was found. Set another top module.");
+    if (lists.modules.isEmpty())
+        return QLatin1String("ERROR: The sources contain no module.");
+    return QLatin1String("ERROR: The design has several top modules (") +
+           lists.topModules.join(QLatin1String(", ")) + QLatin1String("). Set one of them.");
+}
+
+} // namespace
+
+ReadingJob::ReadingJob(const DesignInput &input, Goal goal) : m_input(input), m_goal(goal)
+{
+}
+
+ReadingJob::~ReadingJob() = default;
+
+void ReadingJob::start()
+{
+    std::unique_ptr<Elaboration> known = takeLastDesign(m_input);
+    if (m_goal == Netlist && known)
+        return takeLists(std::move(known));
+    m_start = QDateTime::currentDateTime();
+    m_elaborator.reset(new Elaborator(m_input));
+    // Queued, so that who hears of it may cancel or delete the job.
+    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
+            Qt::QueuedConnection);
+    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeElaboration()), Qt::QueuedConnection);
+    m_elaborator->start();
+}
+
+void ReadingJob::cancel()
+{
+    if (m_isFinished)
+        return;
+    m_elaborator.reset();
+    m_reader.reset();
+    m_design.reset();
+    m_lists = ModuleList();
+    m_lists.cancelled = true;
+    finish();
+}
+
+void ReadingJob::takeElaboration()
+{
+    if (!m_elaborator)
+        return;
+    std::unique_ptr<Elaboration> design = m_elaborator->takeResult();
+    m_elaborator.reset();
+    takeLists(std::move(design));
+}
+
+void ReadingJob::takeLists(std::unique_ptr<Elaboration> design)
+{
+    m_lists = design->lists;
+    if (m_goal == Modules) {
+        rememberDesign(m_input, std::move(design), m_start);
+        return finish();
+    }
+    if (!design->usable) {
+        if (!m_lists.anyError())
+            m_netlistMessages += missingTop(m_lists, m_input.top);
+        return finish();
+    }
+    m_design = std::move(design);
+    m_reader.reset(new NetlistReader(m_design->xmlFile, m_design->readOptions));
+    QTimer::singleShot(0, this, SLOT(readNetlist()));
+    Q_EMIT stageChanged(QCoreApplication::translate("QUARRY", "Building the netlist"));
+}
+
+void ReadingJob::readNetlist()
+{
+    if (!m_reader)
+        return;
+    if (m_reader->readSlice()) {
+        QTimer::singleShot(0, this, SLOT(readNetlist()));
+        return;
+    }
+    if (!m_reader->error().isEmpty())
+        m_netlistMessages += m_reader->error();
+    m_netlist.reset(m_reader->takeNetlist());
+    m_reader.reset();
+    m_design.reset();
+    finish();
+}
+
+RtlNetlist *ReadingJob::takeNetlist()
+{
+    return m_netlist.release();
+}
+
+void ReadingJob::finish()
+{
+    m_isFinished = true;
+    Q_EMIT finished();
+}
+
+} // namespace QUARRY

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "elaboration/tools/toolprocess.h"
+
+namespace QUARRY {
+
+// Runs one tool after the other for work that goes on when each is over. Nothing waits here: run() returns
+// at once, and `then` is called from the event loop; it may start the next tool. Deleting the runner, from
+// anywhere but `then`, kills what still runs, and nobody is called any more.
+class ToolRunner : public QObject
+{
+    Q_OBJECT
+
+public:
+    typedef std::function<void(const ToolResult &)> Then;
+
+    void run(const ToolCall &call, const Then &then);
+
+    // A tool that runs beside the others until it is awaited. It stays the runner's.
+    ToolRun *startBeside(const ToolCall &call);
+    void await(ToolRun *tool, const Then &then);
+
+    void tellStage(const QString &text) { Q_EMIT stageChanged(text); }
+
+Q_SIGNALS:
+    void stageChanged(const QString &text); // "Reading 12 source files", for the user
+
+private Q_SLOTS:
+    void goOn();
+
+private:
+    std::unique_ptr<ToolRun> m_current; // the tool of run()
+    std::vector<std::unique_ptr<ToolRun>> m_beside;
+    const ToolRun *m_awaited = nullptr;
+    Then m_then;
+};
+
+} // namespace QUARRY
