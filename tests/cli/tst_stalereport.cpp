@@ -170,5 +170,5 @@ void StaleReportTest::distances()
         QCOMPARE(editDistance(row.a, row.b, row.limit), row.distance);
 }
 
-QTEST_APPLESS_MAIN(StaleReportTest)
+QTEST_GUILESS_MAIN(StaleReportTest)
 #include "tst_stalereport.moc"

@@ -60,7 +60,7 @@ void cancel(QWidget *widget)
 
 } // namespace
 
-class tst_CatchRtl : public QObject
+class CatchRtlTest : public QObject
 {
     Q_OBJECT
 
@@ -182,5 +182,5 @@ private:
     std::unique_ptr<RtlNetlist> m_netlist;
 };
 
-QTEST_MAIN(tst_CatchRtl)
+QTEST_MAIN(CatchRtlTest)
 #include "tst_catchrtl.moc"

@@ -146,7 +146,7 @@ void mixedRows()
 
 } // namespace
 
-class tst_Elaboration : public QObject
+class ElaborationTest : public QObject
 {
     Q_OBJECT
 
@@ -410,5 +410,5 @@ private:
     std::unique_ptr<Sources> m_sources;
 };
 
-QTEST_GUILESS_MAIN(tst_Elaboration)
+QTEST_GUILESS_MAIN(ElaborationTest)
 #include "tst_elaboration.moc"

@@ -7,7 +7,7 @@
 
 using namespace QUARRY;
 
-class TestNetlistReader : public QObject
+class NetlistReaderTest : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private:
     Sources m_sources;
 };
 
-void TestNetlistReader::tree_data()
+void NetlistReaderTest::tree_data()
 {
     QTest::addColumn<QString>("file");
     for (const QString &file : QDir(TEST_DESIGNS).entryList(QDir::Files))
@@ -42,7 +42,7 @@ void TestNetlistReader::tree_data()
 }
 
 // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= ".
-void TestNetlistReader::tree()
+void NetlistReaderTest::tree()
 {
     QFETCH(QString, file);
     QStringList expected;
@@ -53,7 +53,7 @@ void TestNetlistReader::tree()
     QCOMPARE(drawn(read(file).get()).join(' ').split(' '), expected);
 }
 
-void TestNetlistReader::declarations_data()
+void NetlistReaderTest::declarations_data()
 {
     QTest::addColumn<QByteArray>("source");
     QTest::addColumn<QString>("expected");
@@ -130,7 +130,7 @@ end;)")
                                 "loops[0]/inner/second/g/c 14: bit";
 }
 
-void TestNetlistReader::declarations()
+void NetlistReaderTest::declarations()
 {
     QFETCH(QByteArray, source);
     QFETCH(QString, expected);
@@ -150,7 +150,7 @@ void TestNetlistReader::declarations()
     QCOMPARE(lines.join('\n'), expected);
 }
 
-void TestNetlistReader::unusableFiles_data()
+void NetlistReaderTest::unusableFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("message"); // empty: what a cancelled reading says
@@ -167,7 +167,7 @@ void TestNetlistReader::unusableFiles_data()
     QTest::newRow("endless") << endless << "ERROR: The module a contains itself.";
 }
 
-void TestNetlistReader::unusableFiles()
+void NetlistReaderTest::unusableFiles()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, message);
@@ -183,5 +183,5 @@ void TestNetlistReader::unusableFiles()
     QCOMPARE(reader.error().left(message.size()), message);
 }
 
-QTEST_GUILESS_MAIN(TestNetlistReader)
+QTEST_GUILESS_MAIN(NetlistReaderTest)
 #include "tst_netlistreader.moc"

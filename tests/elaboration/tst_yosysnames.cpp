@@ -125,7 +125,7 @@ QByteArray generatedDesign(unsigned seed)
 
 } // namespace
 
-class TestYosysNames : public QObject
+class YosysNamesTest : public QObject
 {
     Q_OBJECT
 
@@ -193,5 +193,5 @@ private:
     Sources m_sources;
 };
 
-QTEST_GUILESS_MAIN(TestYosysNames)
+QTEST_GUILESS_MAIN(YosysNamesTest)
 #include "tst_yosysnames.moc"

@@ -54,10 +54,6 @@ class ExamplesTest : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir m_dir;
-    Core::Project m_project;
-
 private Q_SLOTS:
     void initTestCase()
     {
@@ -128,6 +124,10 @@ private Q_SLOTS:
         run("iverilog", arguments);
         QCOMPARE(run("vvp", {m_dir.filePath("tb.vvp")}), QByteArray("PASS\n"));
     }
+
+private:
+    QTemporaryDir m_dir;
+    Core::Project m_project;
 };
 
 QTEST_GUILESS_MAIN(ExamplesTest)

@@ -11,8 +11,6 @@ class AtomicFileTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
-
 private Q_SLOTS:
     void replacesFileOrTargetOfLink()
     {
@@ -59,6 +57,9 @@ private Q_SLOTS:
         QCOMPARE(contents(path), QByteArray("old"));
         QCOMPARE(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
     }
+
+private:
+    QTemporaryDir m_dir;
 };
 
 QTEST_GUILESS_MAIN(AtomicFileTest)

@@ -46,5 +46,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PluginsTest)
+QTEST_GUILESS_MAIN(PluginsTest)
 #include "tst_plugins.moc"

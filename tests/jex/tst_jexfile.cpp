@@ -63,10 +63,6 @@ class JexFileTest : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir m_dir;
-    QString m_path = m_dir.filePath("a %1 'b'.zub");
-
 private Q_SLOTS:
     void liteRoundTrip()
     {
@@ -237,6 +233,10 @@ private Q_SLOTS:
         QVERIFY(writeJEXConfigToXml_Lite({&first, &second}, m_path));
         QVERIFY(checkJEXLiteFile(m_path));
     }
+
+private:
+    QTemporaryDir m_dir;
+    QString m_path = m_dir.filePath("a %1 'b'.zub");
 };
 
 QTEST_GUILESS_MAIN(JexFileTest)

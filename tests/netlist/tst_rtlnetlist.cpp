@@ -35,7 +35,7 @@ const char *const design = R"(
 
 } // namespace
 
-class TestRtlNetlist : public QObject
+class RtlNetlistTest : public QObject
 {
     Q_OBJECT
 
@@ -117,5 +117,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestRtlNetlist)
+QTEST_GUILESS_MAIN(RtlNetlistTest)
 #include "tst_rtlnetlist.moc"

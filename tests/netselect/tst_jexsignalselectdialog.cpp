@@ -72,7 +72,7 @@ QString texts(const QTreeWidgetItem *parent)
 
 } // namespace
 
-class TestJexSignalSelectDialog : public QObject
+class JexSignalSelectDialogTest : public QObject
 {
     Q_OBJECT
 
@@ -329,5 +329,5 @@ private:
     QScopedPointer<QUARRY::RtlNetlist> m_netlist;
 };
 
-QTEST_MAIN(TestJexSignalSelectDialog)
+QTEST_MAIN(JexSignalSelectDialogTest)
 #include "tst_jexsignalselectdialog.moc"

@@ -153,7 +153,7 @@ QString randomPattern(Random &random, const QStringList &names, const QStringLis
 
 } // namespace
 
-class TestNetSearch : public QObject
+class NetSearchTest : public QObject
 {
     Q_OBJECT
 
@@ -287,5 +287,5 @@ private:
     Hierachy *m_top = nullptr;
 };
 
-QTEST_APPLESS_MAIN(TestNetSearch)
+QTEST_GUILESS_MAIN(NetSearchTest)
 #include "tst_netsearch.moc"

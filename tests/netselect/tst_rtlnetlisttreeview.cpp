@@ -21,7 +21,7 @@ QString drawn(const QTreeWidgetItem *row)
 
 } // namespace
 
-class TestRtlNetlistTreeView : public QObject
+class RtlNetlistTreeViewTest : public QObject
 {
     Q_OBJECT
 
@@ -59,5 +59,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestRtlNetlistTreeView)
+QTEST_MAIN(RtlNetlistTreeViewTest)
 #include "tst_rtlnetlisttreeview.moc"

@@ -25,7 +25,7 @@ QString nets(int count)
 } // namespace
 
 // Each test runs over the pages of both editors.
-class TestCapturePages : public QObject
+class CapturePagesTest : public QObject
 {
     Q_OBJECT
 
@@ -248,5 +248,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestCapturePages)
+QTEST_MAIN(CapturePagesTest)
 #include "tst_capturepages.moc"

@@ -5,7 +5,7 @@
 
 using namespace RTLJEX;
 
-class TestOptionMath : public QObject
+class OptionMathTest : public QObject
 {
     Q_OBJECT
 
@@ -117,5 +117,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOptionMath)
+QTEST_GUILESS_MAIN(OptionMathTest)
 #include "tst_optionmath.moc"

@@ -85,7 +85,7 @@ const QDialogButtonBox::StandardButton cancel = QDialogButtonBox::Cancel;
 
 } // namespace
 
-class TestStandardPages : public QObject
+class StandardPagesTest : public QObject
 {
     Q_OBJECT
 
@@ -352,5 +352,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestStandardPages)
+QTEST_MAIN(StandardPagesTest)
 #include "tst_standardpages.moc"

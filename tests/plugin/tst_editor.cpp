@@ -25,7 +25,7 @@ endmodule
 } // namespace
 
 // A Lite file in the editor as it ships.
-class TestEditor : public EditorSession
+class EditorTest : public EditorSession
 {
     Q_OBJECT
 
@@ -123,5 +123,5 @@ private:
     static QTreeWidget *tree() { return find<QTreeWidget>("treeWidgetSignal"); }
 };
 
-QTEST_MAIN(TestEditor)
+QTEST_MAIN(EditorTest)
 #include "tst_editor.moc"

@@ -30,7 +30,7 @@ void leave(QDialog *dialog)
 } // namespace
 
 // A Standard file in the editor as it ships, from the wizard that makes it to the removal of a core.
-class TestStandardEditor : public EditorSession
+class StandardEditorTest : public EditorSession
 {
     Q_OBJECT
 
@@ -194,5 +194,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestStandardEditor)
+QTEST_MAIN(StandardEditorTest)
 #include "tst_standardeditor.moc"

@@ -42,71 +42,68 @@ bool drag(const QPoint &from, const QPoint &to)
 } // namespace
 
 // Drags with a mouse that the X server believes in: the drag loop takes its events from there.
-class TestSignalDrag : public QObject
+class SignalDragTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void dragging_data();
-    void dragging();
+    void dragging_data()
+    {
+        textColumns("chosen", "over"); // empty: below all rows
+        QTest::addColumn<double>("share");
+        textColumns("rows", "result"); // what the tree starts with
+        const QString rows = "s:a b:b{x,y} s:c s:d !s:e";
+        const QString enabled = "s:a s:b s:c";
+        row("upper half", "d", "b", 0.2, rows, "a d b c e");
+        row("lower half", "a", "c", 0.8, rows, "b c a d e");
+        row("several, in tree order", "d b", "a", 0.2, rows, "b d a c e");
+        row("a member stays", "x c", "a", 0.2, rows, "c a b d e");
+        row("onto a disabled row", "a", "e", 0.2, rows, "a b c d e");
+        row("onto a member", "d", "x", 0.2, rows, "a b c d e");
+        row("onto a selected row", "d a", "d", 0.8, rows, "a b c d e");
+        row("below, the last row disabled", "a", "", 0.0, rows, "a b c d e");
+        row("below", "b a", "", 0.0, enabled, "c a b");
+        row("a disabled row", "e", "a", 0.2, rows, "a b c d e");
+    }
+
+    void dragging()
+    {
+        QFETCH(QString, chosen);
+        QFETCH(QString, over);
+        QFETCH(double, share);
+        QFETCH(QString, rows);
+        QFETCH(QString, result);
+        QWidget window;
+        QVBoxLayout layout(&window);
+        signalTreeWidget tree;
+        layout.addWidget(&tree);
+        tree.setHeaderHidden(true);
+        tree.setStyleSheet("QTreeWidget::item { height: 20px;}");
+        window.setGeometry(100, 100, 300, 400);
+        insertCaptureRows(&tree, signalsFromText(rows), 0);
+        tree.expandAll();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+        const QStringList names = chosen.split(' ');
+        for (const QString &name : names)
+            tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+        const int selected = tree.selectedItems().size();
+        const QString before = rowNames(&tree);
+        QSignalSpy dragged(&tree, SIGNAL(itemDragged()));
+        const QPoint from = placeIn(tree, names.last(), 0.5);
+        const QPoint to =
+            over.isEmpty() ? tree.viewport()->mapToGlobal(QPoint(60, 300)) : placeIn(tree, over, share);
+        QVERIFY(drag(from, to));
+
+        QCOMPARE(rowNames(&tree), result);
+        QCOMPARE(dragged.count(), rowNames(&tree) == before ? 0 : 1);
+        if (chosen != "e") // there the mouse selects, as no drag begins
+            QCOMPARE(tree.selectedItems().size(), selected);
+        for (int i = 0; i < tree.topLevelItemCount(); ++i)
+            QVERIFY(tree.topLevelItem(i)->isExpanded() || tree.topLevelItem(i)->childCount() == 0);
+    }
 };
 
-void TestSignalDrag::dragging_data()
-{
-    textColumns("chosen", "over"); // empty: below all rows
-    QTest::addColumn<double>("share");
-    textColumns("rows", "result"); // what the tree starts with
-    const QString rows = "s:a b:b{x,y} s:c s:d !s:e";
-    const QString enabled = "s:a s:b s:c";
-    row("upper half", "d", "b", 0.2, rows, "a d b c e");
-    row("lower half", "a", "c", 0.8, rows, "b c a d e");
-    row("several, in tree order", "d b", "a", 0.2, rows, "b d a c e");
-    row("a member stays", "x c", "a", 0.2, rows, "c a b d e");
-    row("onto a disabled row", "a", "e", 0.2, rows, "a b c d e");
-    row("onto a member", "d", "x", 0.2, rows, "a b c d e");
-    row("onto a selected row", "d a", "d", 0.8, rows, "a b c d e");
-    row("below, the last row disabled", "a", "", 0.0, rows, "a b c d e");
-    row("below", "b a", "", 0.0, enabled, "c a b");
-    row("a disabled row", "e", "a", 0.2, rows, "a b c d e");
-}
-
-void TestSignalDrag::dragging()
-{
-    QFETCH(QString, chosen);
-    QFETCH(QString, over);
-    QFETCH(double, share);
-    QFETCH(QString, rows);
-    QFETCH(QString, result);
-    QWidget window;
-    QVBoxLayout layout(&window);
-    signalTreeWidget tree;
-    layout.addWidget(&tree);
-    tree.setHeaderHidden(true);
-    tree.setStyleSheet("QTreeWidget::item { height: 20px;}");
-    window.setGeometry(100, 100, 300, 400);
-    insertCaptureRows(&tree, signalsFromText(rows), 0);
-    tree.expandAll();
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-
-    const QStringList names = chosen.split(' ');
-    for (const QString &name : names)
-        tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
-    const int selected = tree.selectedItems().size();
-    const QString before = rowNames(&tree);
-    QSignalSpy dragged(&tree, SIGNAL(itemDragged()));
-    const QPoint from = placeIn(tree, names.last(), 0.5);
-    const QPoint to =
-        over.isEmpty() ? tree.viewport()->mapToGlobal(QPoint(60, 300)) : placeIn(tree, over, share);
-    QVERIFY(drag(from, to));
-
-    QCOMPARE(rowNames(&tree), result);
-    QCOMPARE(dragged.count(), rowNames(&tree) == before ? 0 : 1);
-    if (chosen != "e") // there the mouse selects, as no drag begins
-        QCOMPARE(tree.selectedItems().size(), selected);
-    for (int i = 0; i < tree.topLevelItemCount(); ++i)
-        QVERIFY(tree.topLevelItem(i)->isExpanded() || tree.topLevelItem(i)->childCount() == 0);
-}
-
-QTEST_MAIN(TestSignalDrag)
+QTEST_MAIN(SignalDragTest)
 #include "tst_signaldrag.moc"

@@ -15,122 +15,7 @@ using JEX::SignalItem;
 
 namespace {
 
-QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses, const QList<SignalItem> &others)
-{
-    return toText(rows) + " | " + toText(buses) + " | " + toText(others);
-}
-
-} // namespace
-
-class TestSignalRules : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void bitsAndTheirBus();
-    void grouping_data();
-    void grouping();
-    void repeats_data();
-    void repeats();
-    void onlyTheFirstRepeatLeaves();
-    void classification_data();
-    void classification();
-    void anEmptyNetlistClassifiesNothing();
-    void rangeNames();
-    void groupNames();
-    void rowOrders();
-};
-
-void TestSignalRules::bitsAndTheirBus()
-{
-    const SignalItem bus = signalFromText("b:A{a1,a0}");
-    QVERIFY(isBussignalInBus(bus, signalFromText("b:a0")));
-    for (const char *other : {"b:a2", "b:A", "b:a0{x}"})
-        QVERIFY(!isBussignalInBus(bus, signalFromText(other)));
-    QVERIFY(!isBussignalInBus(signalFromText("b:a0"), signalFromText("b:a0")));
-    QCOMPARE(captureBits(bus), 2);
-    QCOMPARE(captureBits(signalFromText("s:clk")), 1);
-    QCOMPARE(captureBits(signalFromText("!b:A{a1,a0}")), 0);
-}
-
-void TestSignalRules::grouping_data()
-{
-    textColumns("already", "chosen", "result");
-    row("a bit of a bus is dropped", "b:A{a1,a0}", "b:a0", "b:A{a1,a0} | ");
-    row("a bus removes its bits", "b:x b:a5 b:a3", "b:A{a5,a4,a3}", "b:x b:A{a5,a4,a3} | ");
-    row("kinds are kept apart", "", "s:clk g:G{s:x,s:y} b:a0 s:rst", "b:a0 | s:clk g:G{s:x,s:y} s:rst");
-    row("members that are not valid go", "", "b:A{~a1,a0} b:a1 g:G{~s:x}", "b:A{a0} b:a1 | g:G");
-    row("equal entries stay", "", "b:a0 b:a0 b:A{x} b:A{x} b:x{y}", "b:a0 b:a0 b:A{x} b:A{x} b:x{y} | ");
-    row("what was dropped does not come back", "b:a0 b:a0", "b:A{a0} b:a0 b:b0", "b:A{a0} b:b0 | ");
-}
-
-void TestSignalRules::grouping()
-{
-    QFETCH(QString, already);
-    QFETCH(QString, chosen);
-    QList<SignalItem> buses = signalsFromText(already);
-    QList<SignalItem> others;
-    Grouped(signalsFromText(chosen), buses, others);
-    QTEST(toText(buses) + " | " + toText(others), "result");
-}
-
-void TestSignalRules::repeats_data()
-{
-    textColumns("before", "after"); // rows, new buses and bits, other new signals
-    row("net: enabled again", "!s:clk |  | s:clk s:rst", "s:clk |  | s:rst");
-    row("net: no bit", "s:x | b:x | ", "s:x | b:x | ");
-    row("bit: enabled again", "!b:a0 | b:a0 b:b0 | ", "b:a0 | b:b0 | ");
-    row("bit: one repeat leaves", "b:a0 | b:a0 b:a0 | ", "b:a0 | b:a0 | ");
-    row("bit: replaced by its bus, the next is seen", "b:a0 !b:b0 | b:A{a1,a0} b:b0 | ",
-        "b:b0 | b:A{a1,a0} | ");
-    row("bit: the first in the list decides", "!b:a0 | b:a0 b:A{a0} | ", "b:a0 | b:A{a0} | ");
-    row("bit: the bus first", "b:a0 | b:A{a0} b:a0 | ", " | b:A{a0} b:a0 | ");
-    row("bit: a bus of its name", "!b:a0 | b:a0{a0} | ", "b:a0 |  | ");
-    row("bus: enabled with its members", "!b:A{!a1,!a0} | b:A{a1,a0} | ", "b:A{a1,a0} |  | ");
-    row("bus: its bits are not added", "!b:A{!a1,!a0} | b:a1 b:a0 b:a2 | ", "b:A{a1,a0} | b:a2 | ");
-    row("bus: bits in front of itself", "b:A{a1,a0} | b:a1 b:x b:a1 b:A{a1,a0} | ", "b:A{a1,a0} | b:x | ");
-    row("bus: left at itself", "b:A{a1,a0} | b:A{a1,a0} b:a0 | ", "b:A{a1,a0} | b:a0 | ");
-    row("bus: another one", "!b:A{!a0} | b:B{a0} | ", "!b:A{!a0} | b:B{a0} | ");
-    row("group: a net of it enables both", "!g:G{!s:x,!s:y} |  | s:y", "g:G{!s:x,s:y} |  | ");
-    row("group: an enabled net in it", "!g:G{s:x} |  | ", "g:G{s:x} |  | ");
-    row("group: a bit of it enables the group", "!g:G{!a0,!b0} | b:a0 b:a0 | ", "g:G{!a0,!b0} |  | ");
-    row("group: a bus of a member's name", "!g:G{!a0} | b:a0{x} | ", "!g:G{!a0} | b:a0{x} | ");
-    row("group: all taken over", "g:G{a1,a0} | b:A{a1,a0} | ", " | b:A{a1,a0} | ");
-    row("group: a bit in front of the bus", "g:G{a0,s:x} | b:a0 b:A{a0} b:a0 | ", " | s:x b:A{a0} b:a0 | ");
-    row("group: one left", "g:G{a1,a0,s:x} | b:A{a1,a0} | ", " | s:x b:A{a1,a0} | ");
-    row("group: several left", "g:group_0[3:0]{a1,s:x,a0,s:y} | b:A{a1,a0} | ",
-        " | g:group_0[1:0]{s:x,s:y} b:A{a1,a0} | ");
-    row("group: its rest meets the rows behind", "g:G{a0,c0} b:c0 | b:A{a0} | ", "b:c0 | b:A{a0} | ");
-    row("group: rests pile up at the front", "g:G{a0,c0} g:H{a0,d0} b:e0 | b:A{a0} b:e0 | ",
-        "b:e0 | b:d0 b:c0 b:A{a0} | ");
-    row("group: the rest in front is met", "g:G{a0,s:c=x} g:H{a0,s:c=y} b:c | b:A{a0} | ",
-        "b:c | s:c=x b:A{a0} | ");
-}
-
-void TestSignalRules::repeats()
-{
-    QFETCH(QString, before);
-    const QStringList lists = before.split('|');
-    SignalListIndex buses(signalsFromText(lists.at(1)));
-    SignalListIndex others(signalsFromText(lists.at(2)));
-    QList<SignalItem> kept;
-    for (SignalItem &item : signalsFromText(lists.at(0)))
-        if (judgeRow(item, others, buses) != RowGone)
-            kept.append(item);
-    QTEST(joined(kept, buses.records(), others.records()), "after");
-}
-
-void TestSignalRules::onlyTheFirstRepeatLeaves()
-{
-    QList<SignalItem> list = signalsFromText("s:x s:y !s:x");
-    SignalItem item = signalFromText("!s:x");
-    CheckRepeatSignal(item, list);
-    QCOMPARE(toText(item) + " | " + toText(list), QString("s:x | s:y !s:x"));
-    CheckRepeatSignal(item = signalFromText("!s:z"), list);
-    QCOMPARE(toText(item) + " | " + toText(list), QString("!s:z | s:y !s:x"));
-}
-
-static const char design[] = R"(
+const char design[] = R"(
 top
   clk
   count[3:0]
@@ -141,84 +26,188 @@ top
       odd[0]
 )";
 
-void TestSignalRules::classification_data()
+QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses, const QList<SignalItem> &others)
 {
-    textColumns("stored", "classified");
-    row("net of the top", "top/clk", "s:top/clk");
-    row("net below", "b:top/u0/ready", "s:top/u0/ready");
-    row("bit", "top/count[3]", "b:top/count[3]");
-    row("net with the look of a bit", "b:top/u0/u1/odd[0]", "s:top/u0/u1/odd[0]");
-    row("a name that is nowhere", "s:top/gone", "b:top/gone");
-    row("bus", "top/u0/data[1:0]{s:top/u0/data[1],x}", "b:top/u0/data[1:0]{top/u0/data[1],x}");
-    row("another range is no bus", "b:top/count[4:0]{g:x}", "g:top/count[4:0]{x}");
-    row("group", "b:group_0[1:0]{top/clk,s:top/count[0]}", "g:group_0[1:0]{s:top/clk,top/count[0]}");
-    row("flags stay", "!~^top/clk=c", "!~^s:top/clk=c");
+    return toText(rows) + " | " + toText(buses) + " | " + toText(others);
 }
 
-void TestSignalRules::classification()
+} // namespace
+
+class SignalRulesTest : public QObject
 {
-    QFETCH(QString, stored);
-    const QScopedPointer<QUARRY::RtlNetlist> netlist(netlistFromText(design));
-    QList<QUARRY::RtlNet *> nets = netlist->topHierarchy->nets;
-    QList<QUARRY::RtlNetBus *> buses = netlist->topHierarchy->buses;
-    getAllnlsNet(netlist->topHierarchy, nets, buses);
-    SignalItem item = signalFromText(stored);
-    CheckBusOrSignal(nets, buses, item);
-    QTEST(toText(item), "classified");
+    Q_OBJECT
 
-    QList<SignalItem> list{signalFromText(stored)};
-    classifySignals(netlist.data(), list);
-    QTEST(toText(list), "classified");
-}
+private Q_SLOTS:
+    void bitsAndTheirBus()
+    {
+        const SignalItem bus = signalFromText("b:A{a1,a0}");
+        QVERIFY(isBussignalInBus(bus, signalFromText("b:a0")));
+        for (const char *other : {"b:a2", "b:A", "b:a0{x}"})
+            QVERIFY(!isBussignalInBus(bus, signalFromText(other)));
+        QVERIFY(!isBussignalInBus(signalFromText("b:a0"), signalFromText("b:a0")));
+        QCOMPARE(captureBits(bus), 2);
+        QCOMPARE(captureBits(signalFromText("s:clk")), 1);
+        QCOMPARE(captureBits(signalFromText("!b:A{a1,a0}")), 0);
+    }
 
-void TestSignalRules::anEmptyNetlistClassifiesNothing()
-{
-    const QScopedPointer<const QUARRY::RtlNetlist> netlist(netlistFromText("top\n  u0:m\n"));
-    const QUARRY::RtlNetlist *const none = nullptr;
-    QList<SignalItem> list = signalsFromText("g:x s:y");
-    for (const QUARRY::RtlNetlist *model : {none, netlist.data()})
-        classifySignals(model, list);
-    CheckBusOrSignal(QList<QUARRY::RtlNet *>(), QList<QUARRY::RtlNetBus *>(), list[0]);
-    QCOMPARE(toText(list), QString("g:x s:y"));
-}
+    void grouping_data()
+    {
+        textColumns("already", "chosen", "result");
+        row("a bit of a bus is dropped", "b:A{a1,a0}", "b:a0", "b:A{a1,a0} | ");
+        row("a bus removes its bits", "b:x b:a5 b:a3", "b:A{a5,a4,a3}", "b:x b:A{a5,a4,a3} | ");
+        row("kinds are kept apart", "", "s:clk g:G{s:x,s:y} b:a0 s:rst", "b:a0 | s:clk g:G{s:x,s:y} s:rst");
+        row("members that are not valid go", "", "b:A{~a1,a0} b:a1 g:G{~s:x}", "b:A{a0} b:a1 | g:G");
+        row("equal entries stay", "", "b:a0 b:a0 b:A{x} b:A{x} b:x{y}", "b:a0 b:a0 b:A{x} b:A{x} b:x{y} | ");
+        row("what was dropped does not come back", "b:a0 b:a0", "b:A{a0} b:a0 b:b0", "b:A{a0} b:b0 | ");
+    }
 
-void TestSignalRules::rangeNames()
-{
-    const auto rangeOf = [](const char *texts) { return busRangeName(QString(texts).split(' ')); };
-    QCOMPARE(rangeOf("a[3] a[2] a[1]"), QString("a[3:1]"));
-    QCOMPARE(rangeOf("a[0] a[1]"), QString("a[0:1]"));
-    QCOMPARE(rangeOf("a[1][9] a[1][10]"), QString("a[1][9:10]"));
-    for (const char *texts : {"a[0] a[2]", "a[0] a[1] a[0]", "a[1] a[1]", "a[0] b[1]", "a[00] a[1]",
-                              "a[1] clk", "a[99999999999] a[99999999998]", "a[1]"})
-        QVERIFY2(rangeOf(texts).isEmpty(), texts);
-}
+    void grouping()
+    {
+        QFETCH(QString, already);
+        QFETCH(QString, chosen);
+        QList<SignalItem> buses = signalsFromText(already);
+        QList<SignalItem> others;
+        Grouped(signalsFromText(chosen), buses, others);
+        QTEST(toText(buses) + " | " + toText(others), "result");
+    }
 
-void TestSignalRules::groupNames()
-{
-    const auto freeBeside = [](const char *names) { return freeGroupName(QString(names).split(' ')); };
-    QCOMPARE(freeBeside("clk a[3:0] group_x[1:0] group_0 xgroup_0[1:0]"), QString("group_0"));
-    QCOMPARE(freeBeside("group_2[1:0] group_0[3:0]"), QString("group_1"));
-    QCOMPARE(freeBeside("group_1[1:0]"), QString("group_0"));
-    QCOMPARE(freeBeside("group_10[1:0] group_0[1:0] group_2[1:0] group_1[1:0]"), QString("group_3"));
-    QCOMPARE(groupNameWithRange("group_2", 6), QString("group_2[5:0]"));
-    QCOMPARE(groupNameForWidth("group_3[7:0]", 5), QString("group_3[4:0]"));
-    QCOMPARE(groupNameForWidth("odd", 5), QString("odd"));
-}
+    void repeats_data()
+    {
+        textColumns("before", "after"); // rows, new buses and bits, other new signals
+        row("net: enabled again", "!s:clk |  | s:clk s:rst", "s:clk |  | s:rst");
+        row("net: no bit", "s:x | b:x | ", "s:x | b:x | ");
+        row("bit: enabled again", "!b:a0 | b:a0 b:b0 | ", "b:a0 | b:b0 | ");
+        row("bit: one repeat leaves", "b:a0 | b:a0 b:a0 | ", "b:a0 | b:a0 | ");
+        row("bit: replaced by its bus, the next is seen", "b:a0 !b:b0 | b:A{a1,a0} b:b0 | ",
+            "b:b0 | b:A{a1,a0} | ");
+        row("bit: the first in the list decides", "!b:a0 | b:a0 b:A{a0} | ", "b:a0 | b:A{a0} | ");
+        row("bit: the bus first", "b:a0 | b:A{a0} b:a0 | ", " | b:A{a0} b:a0 | ");
+        row("bit: a bus of its name", "!b:a0 | b:a0{a0} | ", "b:a0 |  | ");
+        row("bus: enabled with its members", "!b:A{!a1,!a0} | b:A{a1,a0} | ", "b:A{a1,a0} |  | ");
+        row("bus: its bits are not added", "!b:A{!a1,!a0} | b:a1 b:a0 b:a2 | ", "b:A{a1,a0} | b:a2 | ");
+        row("bus: bits in front of itself", "b:A{a1,a0} | b:a1 b:x b:a1 b:A{a1,a0} | ",
+            "b:A{a1,a0} | b:x | ");
+        row("bus: left at itself", "b:A{a1,a0} | b:A{a1,a0} b:a0 | ", "b:A{a1,a0} | b:a0 | ");
+        row("bus: another one", "!b:A{!a0} | b:B{a0} | ", "!b:A{!a0} | b:B{a0} | ");
+        row("group: a net of it enables both", "!g:G{!s:x,!s:y} |  | s:y", "g:G{!s:x,s:y} |  | ");
+        row("group: an enabled net in it", "!g:G{s:x} |  | ", "g:G{s:x} |  | ");
+        row("group: a bit of it enables the group", "!g:G{!a0,!b0} | b:a0 b:a0 | ", "g:G{!a0,!b0} |  | ");
+        row("group: a bus of a member's name", "!g:G{!a0} | b:a0{x} | ", "!g:G{!a0} | b:a0{x} | ");
+        row("group: all taken over", "g:G{a1,a0} | b:A{a1,a0} | ", " | b:A{a1,a0} | ");
+        row("group: a bit in front of the bus", "g:G{a0,s:x} | b:a0 b:A{a0} b:a0 | ",
+            " | s:x b:A{a0} b:a0 | ");
+        row("group: one left", "g:G{a1,a0,s:x} | b:A{a1,a0} | ", " | s:x b:A{a1,a0} | ");
+        row("group: several left", "g:group_0[3:0]{a1,s:x,a0,s:y} | b:A{a1,a0} | ",
+            " | g:group_0[1:0]{s:x,s:y} b:A{a1,a0} | ");
+        row("group: its rest meets the rows behind", "g:G{a0,c0} b:c0 | b:A{a0} | ", "b:c0 | b:A{a0} | ");
+        row("group: rests pile up at the front", "g:G{a0,c0} g:H{a0,d0} b:e0 | b:A{a0} b:e0 | ",
+            "b:e0 | b:d0 b:c0 b:A{a0} | ");
+        row("group: the rest in front is met", "g:G{a0,s:c=x} g:H{a0,s:c=y} b:c | b:A{a0} | ",
+            "b:c | s:c=x b:A{a0} | ");
+    }
 
-void TestSignalRules::rowOrders()
-{
-    typedef QList<int> Rows;
-    QCOMPARE(enabledFirstOrder({false, true, false, true}), Rows({1, 3, 0, 2}));
-    QCOMPARE(orderAfterEnabling({true, false, false, false}, {3, 1}), Rows({0, 3, 1, 2}));
-    QCOMPARE(orderAfterEnabling({false, false}, {1, 0}), Rows({1, 0}));
-    QCOMPARE(orderAfterEnabling({false, true, false, true}, {2}), Rows({2, 0, 1, 3}));
-    QCOMPARE(orderAfterMove(5, {2, 4}, 1), Rows({0, 2, 4, 1, 3}));
-    QCOMPARE(orderAfterMove(5, {0, 1}, 4), Rows({2, 3, 0, 1, 4}));
-    QCOMPARE(orderAfterMove(5, {0}, 5), Rows({1, 2, 3, 4, 0}));
-    QCOMPARE(orderAfterMove(5, {1, 3}, 1), Rows({0, 1, 3, 2, 4}));
-    QCOMPARE(dropRow(3, 109, 100, 20), 3);
-    QCOMPARE(dropRow(3, 110, 100, 20), 4);
-}
+    void repeats()
+    {
+        QFETCH(QString, before);
+        const QStringList lists = before.split('|');
+        SignalListIndex buses(signalsFromText(lists.at(1)));
+        SignalListIndex others(signalsFromText(lists.at(2)));
+        QList<SignalItem> kept;
+        for (SignalItem &item : signalsFromText(lists.at(0)))
+            if (judgeRow(item, others, buses) != RowGone)
+                kept.append(item);
+        QTEST(joined(kept, buses.records(), others.records()), "after");
+    }
 
-QTEST_GUILESS_MAIN(TestSignalRules)
+    void onlyTheFirstRepeatLeaves()
+    {
+        QList<SignalItem> list = signalsFromText("s:x s:y !s:x");
+        SignalItem item = signalFromText("!s:x");
+        CheckRepeatSignal(item, list);
+        QCOMPARE(toText(item) + " | " + toText(list), QString("s:x | s:y !s:x"));
+        CheckRepeatSignal(item = signalFromText("!s:z"), list);
+        QCOMPARE(toText(item) + " | " + toText(list), QString("!s:z | s:y !s:x"));
+    }
+
+    void classification_data()
+    {
+        textColumns("stored", "classified");
+        row("net of the top", "top/clk", "s:top/clk");
+        row("net below", "b:top/u0/ready", "s:top/u0/ready");
+        row("bit", "top/count[3]", "b:top/count[3]");
+        row("net with the look of a bit", "b:top/u0/u1/odd[0]", "s:top/u0/u1/odd[0]");
+        row("a name that is nowhere", "s:top/gone", "b:top/gone");
+        row("bus", "top/u0/data[1:0]{s:top/u0/data[1],x}", "b:top/u0/data[1:0]{top/u0/data[1],x}");
+        row("another range is no bus", "b:top/count[4:0]{g:x}", "g:top/count[4:0]{x}");
+        row("group", "b:group_0[1:0]{top/clk,s:top/count[0]}", "g:group_0[1:0]{s:top/clk,top/count[0]}");
+        row("flags stay", "!~^top/clk=c", "!~^s:top/clk=c");
+    }
+
+    void classification()
+    {
+        QFETCH(QString, stored);
+        const QScopedPointer<QUARRY::RtlNetlist> netlist(netlistFromText(design));
+        QList<QUARRY::RtlNet *> nets = netlist->topHierarchy->nets;
+        QList<QUARRY::RtlNetBus *> buses = netlist->topHierarchy->buses;
+        getAllnlsNet(netlist->topHierarchy, nets, buses);
+        SignalItem item = signalFromText(stored);
+        CheckBusOrSignal(nets, buses, item);
+        QTEST(toText(item), "classified");
+
+        QList<SignalItem> list{signalFromText(stored)};
+        classifySignals(netlist.data(), list);
+        QTEST(toText(list), "classified");
+    }
+
+    void anEmptyNetlistClassifiesNothing()
+    {
+        const QScopedPointer<const QUARRY::RtlNetlist> netlist(netlistFromText("top\n  u0:m\n"));
+        const QUARRY::RtlNetlist *const none = nullptr;
+        QList<SignalItem> list = signalsFromText("g:x s:y");
+        for (const QUARRY::RtlNetlist *model : {none, netlist.data()})
+            classifySignals(model, list);
+        CheckBusOrSignal(QList<QUARRY::RtlNet *>(), QList<QUARRY::RtlNetBus *>(), list[0]);
+        QCOMPARE(toText(list), QString("g:x s:y"));
+    }
+
+    void rangeNames()
+    {
+        const auto rangeOf = [](const char *texts) { return busRangeName(QString(texts).split(' ')); };
+        QCOMPARE(rangeOf("a[3] a[2] a[1]"), QString("a[3:1]"));
+        QCOMPARE(rangeOf("a[0] a[1]"), QString("a[0:1]"));
+        QCOMPARE(rangeOf("a[1][9] a[1][10]"), QString("a[1][9:10]"));
+        for (const char *texts : {"a[0] a[2]", "a[0] a[1] a[0]", "a[1] a[1]", "a[0] b[1]", "a[00] a[1]",
+                                  "a[1] clk", "a[99999999999] a[99999999998]", "a[1]"})
+            QVERIFY2(rangeOf(texts).isEmpty(), texts);
+    }
+
+    void groupNames()
+    {
+        const auto freeBeside = [](const char *names) { return freeGroupName(QString(names).split(' ')); };
+        QCOMPARE(freeBeside("clk a[3:0] group_x[1:0] group_0 xgroup_0[1:0]"), QString("group_0"));
+        QCOMPARE(freeBeside("group_2[1:0] group_0[3:0]"), QString("group_1"));
+        QCOMPARE(freeBeside("group_1[1:0]"), QString("group_0"));
+        QCOMPARE(freeBeside("group_10[1:0] group_0[1:0] group_2[1:0] group_1[1:0]"), QString("group_3"));
+        QCOMPARE(groupNameWithRange("group_2", 6), QString("group_2[5:0]"));
+        QCOMPARE(groupNameForWidth("group_3[7:0]", 5), QString("group_3[4:0]"));
+        QCOMPARE(groupNameForWidth("odd", 5), QString("odd"));
+    }
+
+    void rowOrders()
+    {
+        typedef QList<int> Rows;
+        QCOMPARE(enabledFirstOrder({false, true, false, true}), Rows({1, 3, 0, 2}));
+        QCOMPARE(orderAfterEnabling({true, false, false, false}, {3, 1}), Rows({0, 3, 1, 2}));
+        QCOMPARE(orderAfterEnabling({false, false}, {1, 0}), Rows({1, 0}));
+        QCOMPARE(orderAfterEnabling({false, true, false, true}, {2}), Rows({2, 0, 1, 3}));
+        QCOMPARE(orderAfterMove(5, {2, 4}, 1), Rows({0, 2, 4, 1, 3}));
+        QCOMPARE(orderAfterMove(5, {0, 1}, 4), Rows({2, 3, 0, 1, 4}));
+        QCOMPARE(orderAfterMove(5, {0}, 5), Rows({1, 2, 3, 4, 0}));
+        QCOMPARE(orderAfterMove(5, {1, 3}, 1), Rows({0, 1, 3, 2, 4}));
+        QCOMPARE(dropRow(3, 109, 100, 20), 3);
+        QCOMPARE(dropRow(3, 110, 100, 20), 4);
+    }
+};
+
+QTEST_GUILESS_MAIN(SignalRulesTest)
 #include "tst_signalrules.moc"

@@ -51,249 +51,238 @@ struct Editor
 
 } // namespace
 
-class TestTrigger : public QObject
+class TriggerTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void kindsOfTokens();
-    void expressions();
-    void buttonsAreTokens();
-    void expressionsAreReturned();
-    void bitsAreCountedOnOk();
-    void addsWhatIsNotThere();
-    void removesWholeRows();
-    void renamingEndsInsideTheTree();
-    void portsArePicked();
-    void parentsMayDieMeanwhile();
+    // Priority of each kind, and whether it is an operand (M), stands between two (b) or in front of one (u).
+    void kindsOfTokens()
+    {
+        QString kinds;
+        for (const char *token : {OP_OR, OP_XOR, OP_AND, OP_NOT, LEFT_BRACKET, RIGHT_BRACKET, "m15", "x", ""})
+            kinds += token + QString(" %1").arg(priority(token)) + (isDigit(token) ? "M " : " ") +
+                     (isOperator(token) ? "b " : "") + (isNotUnaryOp(token) ? "u " : "");
+        QCOMPARE(kinds, QString("| 1 b ^ 2 b & 3 b ! 4 u ( 0 ) 0 m15 0M x 0  0 "));
+    }
+
+    void expressions()
+    {
+        const QList<QPair<const char *, const char *>> accepted = {
+            {"M0", "M0"},
+            {"! M0", "M0 !"},
+            {"! ( M0 & M1 )", "M0 M1 & !"},
+            {"M0 & ! M1", "M0 M1 ! &"},
+            {"( M0 )", "M0"},
+            {"( ( M0 | M1 ) ) ^ M12", "M0 M1 | M12 ^"},
+            {"! ( ! M0 )", "M0 ! !"},
+            {"M0 | M1 & M2", "M0 M1 M2 & |"},
+            {"M0 & M1 | M2", "M0 M1 & M2 |"},
+            {"M0 ^ M1 ^ M2", "M0 M1 ^ M2 ^"},
+            {"! M0 | M1 ^ M2 & ! M3", "M0 ! M1 M2 M3 ! & ^ |"},
+        };
+        for (const auto &pair : accepted) {
+            QCOMPARE(convertRPN(QString(pair.first).split(' ')).join(' '), QString(pair.second));
+            QVERIFY2(isExpression(QString(pair.first).split(' ')), pair.first);
+        }
+        QVERIFY(!isExpression(QStringList()));
+        // The second half would leave one result on the stack; only the rules of neighbours refuse it.
+        for (const char *refused :
+             {"! ! M0", "M0 M1", "M0 & | M1", "M0 &", "( )", "( ! ) M0", "& M0", "M0 ( M1 )", "( M0 ) M1",
+              "( M0 & ) M1", "M0 !", "( M0 ) ( M1 ) &", "( M0 M1 & )", "( M0 ! )", "( ) M0",
+              "( & M0 ( M1 ) )", "| & M0 ( M1 ) ( M2 )"})
+            QVERIFY2(!isExpression(QString(refused).split(' ')), refused);
+        for (const char *surplus : {"M0 )", ") M0 ( M1", "( M0 ) ) & M1"}) {
+            QTest::ignoreMessage(QtDebugMsg, "bracket unmatched");
+            QVERIFY2(!isExpression(QString(surplus).split(' ')), surplus);
+        }
+        QTest::ignoreMessage(QtDebugMsg, " bracket unmatched");
+        QVERIFY(convertRPN(QString("M0 & ( M1").split(' ')).isEmpty());
+    }
+
+    // Return means OK wherever the focus is, also on the button that was clicked last.
+    void buttonsAreTokens()
+    {
+        MuExpressionDialog dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(dialog.windowTitle(), QString("Expression"));
+        QLineEdit *display = dialog.findChild<QLineEdit *>("editDisplay");
+        QVERIFY(display->isReadOnly());
+        QCOMPARE(display->font().toString().section(',', 0, 4), QString("Courier,16,-1,5,75"));
+        QCOMPARE(dialog.findChild<QPushButton *>("btnAND")->text(), QString("&&"));
+        for (const char *name : {"OR", "XOR", "AND", "NOT", "LeftBracket", "RightBracket"})
+            press(&dialog, name);
+        for (int i = 0; i < 16; ++i)
+            press(&dialog, QString("M%1").arg(i));
+        QCOMPARE(display->text(), QString("|^&!()M0M1M2M3M4M5M6M7M8M9M10M11M12M13M14M15"));
+        press(&dialog, "Backspace");
+        QTest::mouseClick(display, Qt::LeftButton);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Backspace);
+        QVERIFY(display->text().endsWith("M12M13"));
+        press(&dialog, "Clear");
+        press(&dialog, "Backspace");
+        QCOMPARE(display->text(), QString());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Exclam);
+        press(&dialog, "M12");
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(dialog.currentExpression(), QString("!M12"));
+    }
+
+    void expressionsAreReturned()
+    {
+        ModalDriver driver;
+        const auto run = [&](const char *buttons, bool staticMode, QDialogButtonBox::StandardButton button) {
+            driver.then([=](QDialog *dialog) {
+                for (const QString &name : QString(buttons).split(' '))
+                    press(dialog, name);
+                leave(dialog, button);
+                if (dialog->isVisible())
+                    leave(dialog, QDialogButtonBox::Cancel);
+            });
+            return MuExpressionDialog::getExpression(nullptr, staticMode);
+        };
+        QCOMPARE(run("M0 AND LeftBracket M15 OR NOT M2 RightBracket", false, QDialogButtonBox::Ok),
+                 QString("M0&(M15|!M2)"));
+        QCOMPARE(run("M9 M10 M11 M12 M13 M14 M15", true, QDialogButtonBox::Ok), QString("M9"));
+        QCOMPARE(run("M9", true, QDialogButtonBox::Cancel), QString());
+        QCOMPARE(driver.seen.size(), 3);
+        QCOMPARE(run("M1 M2", false, QDialogButtonBox::Ok), QString());
+        QCOMPARE(driver.seen.last(),
+                 QString("unexpected: warning | Warning | Please input the right expression | OK"));
+    }
+
+    void bitsAreCountedOnOk()
+    {
+        for (int width : {63, 64}) {
+            const bool fits = width == 63;
+            const QString items = QString("b:w{x%1} s:clk=CLOCK").arg(QString(",x").repeated(width - 1));
+            Editor editor(items);
+            editor.port.signalItems = signalsFromText("s:before");
+            const QString rows = rowText(editor.tree);
+            ModalDriver driver;
+            if (!fits)
+                driver.press(QMessageBox::Ok);
+            leave(editor.dialog.get(), QDialogButtonBox::Ok);
+            QCOMPARE(driver.seen.join('\n'),
+                     QString(fits ? "" : "warning | Warning | Support 64 signals at most. | OK"));
+            QCOMPARE(editor.dialog->isVisible(), !fits);
+            QCOMPARE(rowText(editor.tree), rows);
+            QCOMPARE(toText(editor.port.signalItems), fits ? items : QString("s:before"));
+        }
+    }
+
+    void addsWhatIsNotThere()
+    {
+        const QString before("s:top/clk b:top/d[1] ~s:lost=L");
+        const Editor editor(before);
+        QCOMPARE(editor.dialog->windowTitle(), QString("Trigger Port"));
+        QCOMPARE(editor.dialog->size(), QSize(410, 461));
+        QCOMPARE(editor.tree->styleSheet(), QString("QTreeWidget::item { height: 20px;}"));
+        QStringList texts;
+        for (const QLabel *label : editor.dialog->findChildren<QLabel *>())
+            texts << label->text();
+        for (const char *name : {"btnAdd", "btnRemove"})
+            texts << editor.dialog->findChild<QPushButton *>(name)->text();
+        QCOMPARE(texts.join(','), QString("MSB,LSB,Add Signals,Remove"));
+        ModalDriver driver;
+        driver.then(pickNets("", {"top/d[1:0]"}, QDialogButtonBox::Cancel));
+        press(editor.dialog.get(), "Add");
+        QCOMPARE(rowNames(editor.tree), QString("top/clk top/d[1] L"));
+        driver.then(pickNets("", {"top/clk", "top/rst", "top/d[1:0]", "top/d[0]"}));
+        press(editor.dialog.get(), "Add");
+        QCOMPARE(rowNames(editor.tree), QString("top/clk L top/d[1:0] top/rst"));
+        leave(editor.dialog.get(), QDialogButtonBox::Cancel);
+        QCOMPARE(toText(editor.port.signalItems), before);
+        editor.dialog->accept();
+        QCOMPARE(toText(editor.port.signalItems),
+                 QString("s:top/clk ~s:lost=L b:top/d[1:0]{top/d[1],top/d[0]} s:top/rst"));
+    }
+
+    void removesWholeRows()
+    {
+        const Editor editor("s:a b:b{b1,b0} s:c s:d");
+        const QPushButton *remove = editor.dialog->findChild<QPushButton *>("btnRemove");
+        QVERIFY(!remove->isEnabled());
+        clickRows(editor.tree, {"b1", "a"});
+        QVERIFY(!remove->isEnabled());
+        clickRows(editor.tree, {"b", "d"});
+        press(editor.dialog.get(), "Remove");
+        QCOMPARE(rowNames(editor.tree), QString("a c"));
+        clickRows(editor.tree, {"c"});
+        QTest::keyClick(editor.tree, Qt::Key_Delete);
+        QCOMPARE(rowNames(editor.tree), QString("a"));
+    }
+
+    void renamingEndsInsideTheTree()
+    {
+        const Editor editor("s:a");
+        clickRows(editor.tree, {"a"});
+        const auto rename = [&](const char *name, Qt::Key last) {
+            QTest::keyClick(editor.tree, Qt::Key_F2);
+            QTest::keyClicks(QApplication::focusWidget(), name);
+            QTest::keyClick(QApplication::focusWidget(), last);
+            return rowNames(editor.tree);
+        };
+        QCOMPARE(rename("new", Qt::Key_Return), QString("new"));
+        QCOMPARE(rename("other", Qt::Key_Escape), QString("new"));
+        QVERIFY(editor.dialog->isVisible());
+        rename("las", Qt::Key_T);
+        editor.dialog->accept();
+        QCOMPARE(toText(editor.port.signalItems), QString("s:a=last"));
+    }
+
+    void portsArePicked()
+    {
+        JEX::AoCore core(0);
+        core.getTrigger(1)->signalItems = signalsFromText("s:a b:b=B{b1,b0}");
+        core.getTrigger(3)->signalItems = signalsFromText("s:c s:a");
+        QStringList seen;
+        const auto pick = [&](const QList<int> &clicks, QDialogButtonBox::StandardButton button) {
+            ModalDriver driver;
+            driver.then([&](QDialog *dialog) {
+                for (int box : clicks) {
+                    QCheckBox *port = dialog->findChildren<QCheckBox *>().at(box);
+                    port->click();
+                    seen << port->text() + ": " + rowNames(dialog->findChild<QTreeWidget *>());
+                }
+                leave(dialog, button);
+            });
+            const auto picked =
+                TriggerSingalSelectDialog::getSelectTriggerPort(core.triggerPorts.mid(1, 3), nullptr);
+            seen << driver.seen << toText(picked);
+        };
+        pick({2, 0, 1, 2}, QDialogButtonBox::Ok);
+        pick({0}, QDialogButtonBox::Cancel);
+        pick({}, QDialogButtonBox::Ok);
+        QCOMPARE(seen.join('\n'),
+                 QString("Trigger Port 3: c a\nTrigger Port 1: a B c a\nTrigger Port 2: a B c a\n"
+                         "Trigger Port 3: a B\ndialog | Add From Trigger\ns:a b:b=B{b1,b0}\n"
+                         "Trigger Port 1: a B\ndialog | Add From Trigger\n\n"
+                         "dialog | Add From Trigger\n"));
+    }
+
+    void parentsMayDieMeanwhile()
+    {
+        JEX::AoCore core(0);
+        QPointer<QWidget> parent = new QWidget;
+        ModalDriver driver;
+        const auto killParent = [&](QDialog *) { delete parent.data(); };
+        driver.then(killParent);
+        TriggerPortDialog *dialog = new TriggerPortDialog(core.getTrigger(0), nullptr, parent);
+        dialog->findChild<QPushButton *>("btnAdd")->click();
+        QVERIFY(!parent);
+        driver.then(killParent);
+        parent = new QWidget;
+        QVERIFY(TriggerSingalSelectDialog::getSelectTriggerPort(core.triggerPorts, parent).isEmpty());
+        driver.then([](QDialog *expression) { leave(expression, QDialogButtonBox::Ok); });
+        driver.then(killParent); // under the warning
+        parent = new QWidget;
+        QCOMPARE(MuExpressionDialog::getExpression(parent, false), QString());
+        QVERIFY(!parent && driver.done());
+    }
 };
 
-// Priority of each kind, and whether it is an operand (M), stands between two (b) or in front of one (u).
-void TestTrigger::kindsOfTokens()
-{
-    QString kinds;
-    for (const char *token : {OP_OR, OP_XOR, OP_AND, OP_NOT, LEFT_BRACKET, RIGHT_BRACKET, "m15", "x", ""})
-        kinds += token + QString(" %1").arg(priority(token)) + (isDigit(token) ? "M " : " ") +
-                 (isOperator(token) ? "b " : "") + (isNotUnaryOp(token) ? "u " : "");
-    QCOMPARE(kinds, QString("| 1 b ^ 2 b & 3 b ! 4 u ( 0 ) 0 m15 0M x 0  0 "));
-}
-
-void TestTrigger::expressions()
-{
-    const QList<QPair<const char *, const char *>> accepted = {
-        {"M0", "M0"},
-        {"! M0", "M0 !"},
-        {"! ( M0 & M1 )", "M0 M1 & !"},
-        {"M0 & ! M1", "M0 M1 ! &"},
-        {"( M0 )", "M0"},
-        {"( ( M0 | M1 ) ) ^ M12", "M0 M1 | M12 ^"},
-        {"! ( ! M0 )", "M0 ! !"},
-        {"M0 | M1 & M2", "M0 M1 M2 & |"},
-        {"M0 & M1 | M2", "M0 M1 & M2 |"},
-        {"M0 ^ M1 ^ M2", "M0 M1 ^ M2 ^"},
-        {"! M0 | M1 ^ M2 & ! M3", "M0 ! M1 M2 M3 ! & ^ |"},
-    };
-    for (const auto &pair : accepted) {
-        QCOMPARE(convertRPN(QString(pair.first).split(' ')).join(' '), QString(pair.second));
-        QVERIFY2(isExpression(QString(pair.first).split(' ')), pair.first);
-    }
-    QVERIFY(!isExpression(QStringList()));
-    // The second half would leave one result on the stack; only the rules of neighbours refuse it.
-    for (const char *refused :
-         {"! ! M0", "M0 M1", "M0 & | M1", "M0 &", "( )", "( ! ) M0", "& M0", "M0 ( M1 )", "( M0 ) M1",
-          "( M0 & ) M1", "M0 !", "( M0 ) ( M1 ) &", "( M0 M1 & )", "( M0 ! )", "( ) M0", "( & M0 ( M1 ) )",
-          "| & M0 ( M1 ) ( M2 )"})
-        QVERIFY2(!isExpression(QString(refused).split(' ')), refused);
-    for (const char *surplus : {"M0 )", ") M0 ( M1", "( M0 ) ) & M1"}) {
-        QTest::ignoreMessage(QtDebugMsg, "bracket unmatched");
-        QVERIFY2(!isExpression(QString(surplus).split(' ')), surplus);
-    }
-    QTest::ignoreMessage(QtDebugMsg, " bracket unmatched");
-    QVERIFY(convertRPN(QString("M0 & ( M1").split(' ')).isEmpty());
-}
-
-// Return means OK wherever the focus is, also on the button that was clicked last.
-void TestTrigger::buttonsAreTokens()
-{
-    MuExpressionDialog dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QCOMPARE(dialog.windowTitle(), QString("Expression"));
-    QLineEdit *display = dialog.findChild<QLineEdit *>("editDisplay");
-    QVERIFY(display->isReadOnly());
-    QCOMPARE(display->font().toString().section(',', 0, 4), QString("Courier,16,-1,5,75"));
-    QCOMPARE(dialog.findChild<QPushButton *>("btnAND")->text(), QString("&&"));
-    for (const char *name : {"OR", "XOR", "AND", "NOT", "LeftBracket", "RightBracket"})
-        press(&dialog, name);
-    for (int i = 0; i < 16; ++i)
-        press(&dialog, QString("M%1").arg(i));
-    QCOMPARE(display->text(), QString("|^&!()M0M1M2M3M4M5M6M7M8M9M10M11M12M13M14M15"));
-    press(&dialog, "Backspace");
-    QTest::mouseClick(display, Qt::LeftButton);
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Backspace);
-    QVERIFY(display->text().endsWith("M12M13"));
-    press(&dialog, "Clear");
-    press(&dialog, "Backspace");
-    QCOMPARE(display->text(), QString());
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Exclam);
-    press(&dialog, "M12");
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(dialog.currentExpression(), QString("!M12"));
-}
-
-void TestTrigger::expressionsAreReturned()
-{
-    ModalDriver driver;
-    const auto run = [&](const char *buttons, bool staticMode, QDialogButtonBox::StandardButton button) {
-        driver.then([=](QDialog *dialog) {
-            for (const QString &name : QString(buttons).split(' '))
-                press(dialog, name);
-            leave(dialog, button);
-            if (dialog->isVisible())
-                leave(dialog, QDialogButtonBox::Cancel);
-        });
-        return MuExpressionDialog::getExpression(nullptr, staticMode);
-    };
-    QCOMPARE(run("M0 AND LeftBracket M15 OR NOT M2 RightBracket", false, QDialogButtonBox::Ok),
-             QString("M0&(M15|!M2)"));
-    QCOMPARE(run("M9 M10 M11 M12 M13 M14 M15", true, QDialogButtonBox::Ok), QString("M9"));
-    QCOMPARE(run("M9", true, QDialogButtonBox::Cancel), QString());
-    QCOMPARE(driver.seen.size(), 3);
-    QCOMPARE(run("M1 M2", false, QDialogButtonBox::Ok), QString());
-    QCOMPARE(driver.seen.last(),
-             QString("unexpected: warning | Warning | Please input the right expression | OK"));
-}
-
-void TestTrigger::bitsAreCountedOnOk()
-{
-    for (int width : {63, 64}) {
-        const bool fits = width == 63;
-        const QString items = QString("b:w{x%1} s:clk=CLOCK").arg(QString(",x").repeated(width - 1));
-        Editor editor(items);
-        editor.port.signalItems = signalsFromText("s:before");
-        const QString rows = rowText(editor.tree);
-        ModalDriver driver;
-        if (!fits)
-            driver.press(QMessageBox::Ok);
-        leave(editor.dialog.get(), QDialogButtonBox::Ok);
-        QCOMPARE(driver.seen.join('\n'),
-                 QString(fits ? "" : "warning | Warning | Support 64 signals at most. | OK"));
-        QCOMPARE(editor.dialog->isVisible(), !fits);
-        QCOMPARE(rowText(editor.tree), rows);
-        QCOMPARE(toText(editor.port.signalItems), fits ? items : QString("s:before"));
-    }
-}
-
-void TestTrigger::addsWhatIsNotThere()
-{
-    const QString before("s:top/clk b:top/d[1] ~s:lost=L");
-    const Editor editor(before);
-    QCOMPARE(editor.dialog->windowTitle(), QString("Trigger Port"));
-    QCOMPARE(editor.dialog->size(), QSize(410, 461));
-    QCOMPARE(editor.tree->styleSheet(), QString("QTreeWidget::item { height: 20px;}"));
-    QStringList texts;
-    for (const QLabel *label : editor.dialog->findChildren<QLabel *>())
-        texts << label->text();
-    for (const char *name : {"btnAdd", "btnRemove"})
-        texts << editor.dialog->findChild<QPushButton *>(name)->text();
-    QCOMPARE(texts.join(','), QString("MSB,LSB,Add Signals,Remove"));
-    ModalDriver driver;
-    driver.then(pickNets("", {"top/d[1:0]"}, QDialogButtonBox::Cancel));
-    press(editor.dialog.get(), "Add");
-    QCOMPARE(rowNames(editor.tree), QString("top/clk top/d[1] L"));
-    driver.then(pickNets("", {"top/clk", "top/rst", "top/d[1:0]", "top/d[0]"}));
-    press(editor.dialog.get(), "Add");
-    QCOMPARE(rowNames(editor.tree), QString("top/clk L top/d[1:0] top/rst"));
-    leave(editor.dialog.get(), QDialogButtonBox::Cancel);
-    QCOMPARE(toText(editor.port.signalItems), before);
-    editor.dialog->accept();
-    QCOMPARE(toText(editor.port.signalItems),
-             QString("s:top/clk ~s:lost=L b:top/d[1:0]{top/d[1],top/d[0]} s:top/rst"));
-}
-
-void TestTrigger::removesWholeRows()
-{
-    const Editor editor("s:a b:b{b1,b0} s:c s:d");
-    const QPushButton *remove = editor.dialog->findChild<QPushButton *>("btnRemove");
-    QVERIFY(!remove->isEnabled());
-    clickRows(editor.tree, {"b1", "a"});
-    QVERIFY(!remove->isEnabled());
-    clickRows(editor.tree, {"b", "d"});
-    press(editor.dialog.get(), "Remove");
-    QCOMPARE(rowNames(editor.tree), QString("a c"));
-    clickRows(editor.tree, {"c"});
-    QTest::keyClick(editor.tree, Qt::Key_Delete);
-    QCOMPARE(rowNames(editor.tree), QString("a"));
-}
-
-void TestTrigger::renamingEndsInsideTheTree()
-{
-    const Editor editor("s:a");
-    clickRows(editor.tree, {"a"});
-    const auto rename = [&](const char *name, Qt::Key last) {
-        QTest::keyClick(editor.tree, Qt::Key_F2);
-        QTest::keyClicks(QApplication::focusWidget(), name);
-        QTest::keyClick(QApplication::focusWidget(), last);
-        return rowNames(editor.tree);
-    };
-    QCOMPARE(rename("new", Qt::Key_Return), QString("new"));
-    QCOMPARE(rename("other", Qt::Key_Escape), QString("new"));
-    QVERIFY(editor.dialog->isVisible());
-    rename("las", Qt::Key_T);
-    editor.dialog->accept();
-    QCOMPARE(toText(editor.port.signalItems), QString("s:a=last"));
-}
-
-void TestTrigger::portsArePicked()
-{
-    JEX::AoCore core(0);
-    core.getTrigger(1)->signalItems = signalsFromText("s:a b:b=B{b1,b0}");
-    core.getTrigger(3)->signalItems = signalsFromText("s:c s:a");
-    QStringList seen;
-    const auto pick = [&](const QList<int> &clicks, QDialogButtonBox::StandardButton button) {
-        ModalDriver driver;
-        driver.then([&](QDialog *dialog) {
-            for (int box : clicks) {
-                QCheckBox *port = dialog->findChildren<QCheckBox *>().at(box);
-                port->click();
-                seen << port->text() + ": " + rowNames(dialog->findChild<QTreeWidget *>());
-            }
-            leave(dialog, button);
-        });
-        const auto picked =
-            TriggerSingalSelectDialog::getSelectTriggerPort(core.triggerPorts.mid(1, 3), nullptr);
-        seen << driver.seen << toText(picked);
-    };
-    pick({2, 0, 1, 2}, QDialogButtonBox::Ok);
-    pick({0}, QDialogButtonBox::Cancel);
-    pick({}, QDialogButtonBox::Ok);
-    QCOMPARE(seen.join('\n'),
-             QString("Trigger Port 3: c a\nTrigger Port 1: a B c a\nTrigger Port 2: a B c a\n"
-                     "Trigger Port 3: a B\ndialog | Add From Trigger\ns:a b:b=B{b1,b0}\n"
-                     "Trigger Port 1: a B\ndialog | Add From Trigger\n\n"
-                     "dialog | Add From Trigger\n"));
-}
-
-void TestTrigger::parentsMayDieMeanwhile()
-{
-    JEX::AoCore core(0);
-    QPointer<QWidget> parent = new QWidget;
-    ModalDriver driver;
-    const auto killParent = [&](QDialog *) { delete parent.data(); };
-    driver.then(killParent);
-    TriggerPortDialog *dialog = new TriggerPortDialog(core.getTrigger(0), nullptr, parent);
-    dialog->findChild<QPushButton *>("btnAdd")->click();
-    QVERIFY(!parent);
-    driver.then(killParent);
-    parent = new QWidget;
-    QVERIFY(TriggerSingalSelectDialog::getSelectTriggerPort(core.triggerPorts, parent).isEmpty());
-    driver.then([](QDialog *expression) { leave(expression, QDialogButtonBox::Ok); });
-    driver.then(killParent); // under the warning
-    parent = new QWidget;
-    QCOMPARE(MuExpressionDialog::getExpression(parent, false), QString());
-    QVERIFY(!parent && driver.done());
-}
-
-QTEST_MAIN(TestTrigger)
+QTEST_MAIN(TriggerTest)
 #include "tst_trigger.moc"

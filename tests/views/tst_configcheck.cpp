@@ -40,11 +40,6 @@ class ConfigCheckTest : public QObject
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<QUARRY::RtlNetlist> m_netlist{netlistFromText("top\n"
-                                                                  "  clk\n"
-                                                                  "  a[1:0]\n")};
-
 private Q_SLOTS:
     void standard()
     {
@@ -128,6 +123,9 @@ private Q_SLOTS:
         QCOMPARE(found, QString("Core 0: The specified sample clock does not exist"));
         QVERIFY(checkLiteCores({&good}, m_netlist.get(), &found) && found.isEmpty());
     }
+
+private:
+    std::unique_ptr<QUARRY::RtlNetlist> m_netlist{netlistFromText("top\n  clk\n  a[1:0]\n")};
 };
 
 QTEST_GUILESS_MAIN(ConfigCheckTest)

@@ -73,5 +73,5 @@ private:
     Workspace m_work;
 };
 
-QTEST_MAIN(CommandLineTest)
+QTEST_GUILESS_MAIN(CommandLineTest)
 #include "tst_commandline.moc"
