@@ -87,7 +87,8 @@ private Q_SLOTS:
         project.setOption("TopModule", "other");
         QVERIFY(project.isModified());
         project.setOption("TopModule", "top");
-        QVERIFY(project.save(&error) && !project.isModified());
+        QVERIFY2(project.save(&error), qPrintable(error));
+        QVERIFY(!project.isModified());
         QCOMPARE(QJsonDocument::fromJson(contents(path)), QJsonDocument::fromJson(fullProject));
 
         QVERIFY(QDir().mkpath(dir.path("elsewhere/deep")));
@@ -166,7 +167,8 @@ private Q_SLOTS:
     {
         const TE::DesignManager *manager = TE::TaskEngine::instance()->designManager();
         QVERIFY(manager->getSourceFileInfo().isEmpty());
-        QVERIFY(manager->workingDir().isEmpty() && !manager->getOptionValue("TopModule").isValid());
+        QCOMPARE(manager->workingDir(), QString());
+        QVERIFY(!manager->getOptionValue("TopModule").isValid());
         const Folder dir;
         Project project;
         QVERIFY(project.load(dir.write("demo.jexprj", fullProject), nullptr));

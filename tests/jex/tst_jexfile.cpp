@@ -68,14 +68,17 @@ private Q_SLOTS:
     {
         put(m_path, liteFile);
         QCOMPARE(jexModeFromJexConfigFile(m_path), LiteMode);
-        QVERIFY(checkJEXLiteFile(m_path) && !checkJEXStandardFile(m_path));
+        QVERIFY(checkJEXLiteFile(m_path));
+        QVERIFY(!checkJEXStandardFile(m_path));
         bool ok = false;
         QList<AOCore_Lite *> cores = readJEXConfigFromXml_Lite(m_path, &ok, nullptr);
-        QVERIFY(ok && cores.size() == 2);
+        QVERIFY(ok);
+        QCOMPARE(cores.size(), 2);
         const AOCore_Lite &core = *cores.first();
         QCOMPARE(core.sampleEdge, 1);
         QCOMPARE(core.implementation, 2);
-        QVERIFY(core.enableCaptureDataInputRegister && !core.captureInitialData);
+        QVERIFY(core.enableCaptureDataInputRegister);
+        QVERIFY(!core.captureInitialData);
         QCOMPARE(core.captureSignals[0].alias, QString::fromUtf8("größe <\"&%1\">"));
         QCOMPARE(core.captureSignals[0].members[0].alias, QString(" msb\t\n\r"));
         QVERIFY(!core.captureSignals[0].members[1].auxFlag);
@@ -95,7 +98,8 @@ private Q_SLOTS:
     {
         put(m_path, standardFile);
         QCOMPARE(jexModeFromJexConfigFile(m_path), StandardMode);
-        QVERIFY(checkJEXStandardFile(m_path) && !checkJEXLiteFile(m_path));
+        QVERIFY(checkJEXStandardFile(m_path));
+        QVERIFY(!checkJEXLiteFile(m_path));
         QList<AoCore *> cores = readJEXConfigFromXml(m_path, nullptr, nullptr);
         QCOMPARE(cores.size(), 1);
         const AoCore &core = *cores.first();
@@ -105,7 +109,8 @@ private Q_SLOTS:
         QCOMPARE(core.enabledMatchUnits(), QList<MatchUnit *>() << core.matchUnit(0));
         QCOMPARE(core.matchUnit(0)->triggerPort, core.getTrigger(2));
         QCOMPARE(core.matchUnit(15)->triggerPort, core.getTrigger(4));
-        QVERIFY(!core.matchUnit(16) && !core.getTrigger(-1));
+        QVERIFY(!core.matchUnit(16));
+        QVERIFY(!core.getTrigger(-1));
         QCOMPARE(core.expressions, QStringList({"M0&&!M1", "M0"}));
         QCOMPARE(core.windowNumber, 3);
 
@@ -119,9 +124,12 @@ private Q_SLOTS:
         fillInfoForEmptyJexConfig(m_path, LiteMode);
         QVERIFY(checkJEXLiteFile(m_path));
         bool ok = false;
-        QVERIFY(readJEXConfigFromXml_Lite(m_path, &ok, nullptr).isEmpty() && ok);
+        QVERIFY(readJEXConfigFromXml_Lite(m_path, &ok, nullptr).isEmpty());
+        QVERIFY(ok);
         fillInfoForEmptyJexConfig(m_path, StandardMode);
-        QVERIFY(readJEXConfigFromXml(m_path, &ok, nullptr).isEmpty() && ok);
+        ok = false;
+        QVERIFY(readJEXConfigFromXml(m_path, &ok, nullptr).isEmpty());
+        QVERIFY(ok);
         const QByteArray before = contents(m_path);
         fillInfoForEmptyJexConfig(m_path, InvalidMode);
         QCOMPARE(contents(m_path), before);

@@ -49,9 +49,11 @@ private Q_SLOTS:
             QVERIFY2(!parts.contains(arg.partNumber), qPrintable(arg.partNumber));
             parts.insert(arg.partNumber);
             const Device *device = findDevice(arg.series, arg.device);
-            QVERIFY(device && QLatin1String(device->partNumber) == arg.partNumber);
-            QVERIFY2(*device->family->source && device->registers > 0, qPrintable(arg.partNumber));
-            QVERIFY2(!device->shadows == !device->family->shadowShapes, qPrintable(arg.partNumber));
+            QVERIFY2(device, qPrintable(arg.partNumber));
+            QCOMPARE(QString(device->partNumber), arg.partNumber);
+            QVERIFY2(*device->family->source, device->partNumber);
+            QVERIFY2(device->registers > 0, device->partNumber);
+            QVERIFY2(!device->shadows == !device->family->shadowShapes, device->partNumber);
         }
         QVERIFY(parts.size() >= 25);
     }

@@ -237,10 +237,13 @@ private Q_SLOTS:
             QCOMPARE(box->currentText(), QString("top"));
             QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(20, box->height() / 2));
             RtlNetlistTreeView *view = qobject_cast<RtlNetlistTreeView *>(box->view());
-            QVERIFY(view && view->isVisible() && !view->itemsExpandable());
+            QVERIFY(view);
+            QVERIFY(view->isVisible());
+            QVERIFY(!view->itemsExpandable());
             QTreeWidgetItem *fifo =
                 view->findItems("u2[fifo]", Qt::MatchExactly | Qt::MatchRecursive).value(0);
-            QVERIFY(fifo && fifo->parent()->isExpanded());
+            QVERIFY(fifo);
+            QVERIFY(fifo->parent()->isExpanded());
             QTest::qWait(QApplication::doubleClickInterval() + 50); // an early release is not taken
             const QPoint place = view->visualItemRect(fifo).center();
             QTest::mouseMove(view->viewport(), place);

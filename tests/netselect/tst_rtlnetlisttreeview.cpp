@@ -38,9 +38,11 @@ private Q_SLOTS:
         const QTreeWidgetItem *top = view.topLevelItem(0);
         QCOMPARE(drawn(top),
                  QString("top 1003 icon(u1[uart] 1003 icon(u3[fifo] 1003 icon), u0[uart] 1003 icon)"));
-        QVERIFY(top->isExpanded() && !top->child(0)->isExpanded());
+        QVERIFY(top->isExpanded());
+        QVERIFY(!top->child(0)->isExpanded());
         const RtlTreeItem *uart = dynamic_cast<const RtlTreeItem *>(top->child(1));
-        QVERIFY(uart && uart->netlistObject == netlist->topHierarchy->children.last());
+        QVERIFY(uart);
+        QCOMPARE(uart->netlistObject, netlist->topHierarchy->children.last());
 
         QUARRY::RtlNet *net = netlist->topHierarchy->nets.first();
         QUARRY::RtlNetBus *bus = netlist->topHierarchy->children.first()->buses.first();
@@ -48,7 +50,8 @@ private Q_SLOTS:
         const QScopedPointer<RtlTreeItem> busRow(view.buildNetBusItem(bus));
         QCOMPARE(drawn(netRow.data()), QString("top/clk 1001"));
         QCOMPARE(drawn(busRow.data()), QString("top/u1/a[0:1] 1002(top/u1/a[0] 1001, top/u1/a[1] 1001)"));
-        QVERIFY(netRow->netlistObject == net && busRow->netlistObject == bus);
+        QCOMPARE(netRow->netlistObject, net);
+        QCOMPARE(busRow->netlistObject, bus);
 
         QUARRY::RtlNetlist empty;
         for (QUARRY::RtlNetlist *none : {&empty, static_cast<QUARRY::RtlNetlist *>(nullptr)}) {

@@ -77,7 +77,8 @@ private Q_SLOTS:
         QCOMPARE(clock, QString("top/clk"));
         for (const auto &number : numbers)
             QCOMPARE(*number.first, number.second);
-        QVERIFY(flag && !initial);
+        QVERIFY(flag);
+        QVERIFY(!initial);
         QCOMPARE(toText(page.stored), toText(rows));
         QCOMPARE(toText(standard ? ao.enabledCaptureSignals : lite.enabledCaptureSignals),
                  toText(rows.mid(0, 2)));
@@ -175,7 +176,8 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(page.widget.get()));
         QTest::keyClick(page.tree(), Qt::Key_Delete);
         QCOMPARE(page.rows(), QString("top/clk"));
-        QVERIFY(!page.modified->isEmpty() && !remove->isEnabled());
+        QVERIFY(!page.modified->isEmpty());
+        QVERIFY(!remove->isEnabled());
     }
 
     void deviceChange()

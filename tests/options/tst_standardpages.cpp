@@ -179,7 +179,8 @@ private Q_SLOTS:
         QCOMPARE(QString("%1 %2 ").arg(core.triggerMode).arg(core.triggerImplementation) +
                      core.expressions.join(','),
                  QString("1 0 M1&M2,M3"));
-        QVERIFY(!core.matchUnits[12]->enabled && core.matchUnits[5]->enabled);
+        QVERIFY(!core.matchUnits[12]->enabled);
+        QVERIFY(core.matchUnits[5]->enabled);
     }
 
     void triggerImplementations()
@@ -214,7 +215,8 @@ private Q_SLOTS:
         QCOMPARE(toText(recordOf(row->child(1))), toText(page.aoCore.triggerPorts[1]->signalItems[1]));
         page.press({}, cancel);
         page.openPort(1);
-        QVERIFY(!row->isExpanded() && page.modified->isEmpty());
+        QVERIFY(!row->isExpanded());
+        QCOMPARE(page.modified->size(), 0);
 
         // A signal stands for its port, and is gone after the dialog.
         row->setExpanded(true);
@@ -225,7 +227,9 @@ private Q_SLOTS:
             dialog->accept();
         });
         page.doubleClick(page.ports(), page.ports()->model()->index(0, 0, page.ports()->currentIndex()));
-        QVERIFY(row->isExpanded() && page.ports()->currentItem() == row && row->childCount() == 1);
+        QVERIFY(row->isExpanded());
+        QCOMPARE(page.ports()->currentItem(), row);
+        QCOMPARE(row->childCount(), 1);
         QCOMPARE(page.modified->size(), 1);
         QVERIFY2(!redrawn.isEmpty(), "units show how wide their port is");
         delete page.aoCore.triggerPorts.takeLast();
@@ -245,7 +249,8 @@ private Q_SLOTS:
         QCOMPARE(page.modified->size(), 1);
         QVERIFY(!page.aoCore.matchUnits[3]->enabled); // since it is not bound
         QTest::keyClick(page.units(), Qt::Key_Space);
-        QVERIFY(page.aoCore.matchUnits[3]->enabled && page.modified->size() == 2);
+        QVERIFY(page.aoCore.matchUnits[3]->enabled);
+        QCOMPARE(page.modified->size(), 2);
     }
 
     void expressions()
@@ -342,7 +347,8 @@ private Q_SLOTS:
 
         for (const QTabWidget *tab : pages)
             tab->findChild<QLineEdit *>("editSampleClock")->setText("top/rst");
-        QVERIFY(modified.size() == 1 && liteModified.size() == 1);
+        QCOMPARE(modified.size(), 1);
+        QCOMPARE(liteModified.size(), 1);
         page.findChild<QComboBox *>("ModeComboBox")->setCurrentIndex(1);
         QCOMPARE(modified.size(), 2);
         page.save();

@@ -62,7 +62,8 @@ private Q_SLOTS:
         QCOMPARE(configText(path("probe.zub")).join('\n'), saved);
 
         closeTab();
-        QVERIFY(!view() && open("probe.zub"));
+        QVERIFY(!view());
+        QVERIFY(open("probe.zub"));
         QCOMPARE(rows(tree()), edited);
         closeTab();
         QCOMPARE(configText(path("probe.zub")).join('\n'), saved);

@@ -59,7 +59,8 @@ private Q_SLOTS:
         const QString a = m_work->writeLite("a.zub", 1);
         m_work->writeLite("b.zub", 1);
         JEX::fillInfoForEmptyJexConfig(m_work->path("A.zub"), JEX::StandardMode);
-        QVERIFY(open(a) && open(m_work->path("b.zub")) && open(m_work->path("A.zub")));
+        for (const char *name : {"a.zub", "b.zub", "A.zub"})
+            QVERIFY2(open(m_work->path(name)), name);
         QCOMPARE(views(), QString("a.zub, b.zub, A.zub *"));
         JexInserterView *first = JexViewManager::instance()->jexViews().first();
         QCOMPARE(first->device, QString("part-1"));
@@ -97,7 +98,8 @@ private Q_SLOTS:
             else
                 m_work->write("<b>%1.zub", text);
             driver.press(QMessageBox::Ok);
-            QVERIFY(!open(file) && views().isEmpty());
+            QVERIFY(!open(file));
+            QCOMPARE(views(), QString());
             QVERIFY(Core::ViewManager::instance()->views().isEmpty());
         }
         const QString invalid = "critical | Error | Can not open FILE:\nInvalid JEX file. | OK";
@@ -126,7 +128,8 @@ private Q_SLOTS:
 
     void saveFollowsTheActiveView()
     {
-        QVERIFY(open(m_work->writeLite("a.zub", 1)) && open(m_work->writeLite("b.zub", 1)));
+        for (const char *name : {"a.zub", "b.zub"})
+            QVERIFY2(open(m_work->writeLite(name, 1)), name);
         JexInserterView *a = JexViewManager::instance()->jexViews().at(0);
         JexInserterView *b = JexViewManager::instance()->jexViews().at(1);
         Core::ViewManager *host = Core::ViewManager::instance();

@@ -90,7 +90,8 @@ private Q_SLOTS:
         QCOMPARE(configText(path("probe1.zub")).join('\n'), first + second.arg(1));
 
         closeTab();
-        QVERIFY(!view() && open("probe1.zub"));
+        QVERIFY(!view());
+        QVERIFY(open("probe1.zub"));
         clickRows(cores(), {"Core 1"});
         QCOMPARE(expressions(Qt::black), valid);
         clickRows(cores(), {"Core 0"});

@@ -51,14 +51,14 @@ struct Fixture
     }
 
     // As they look in a tree that is made of these records.
-    bool rowsLookLikeTheirRecords()
+    void compareRowsWithRecords()
     {
         signalTreeWidget fresh;
         insertCaptureRows(&fresh, topLevelRecords(&tree), 0);
         tree.collapseAll();
         tree.clearSelection();
         tree.setCurrentItem(nullptr);
-        return rowText(&tree) == rowText(&fresh);
+        QCOMPARE(rowText(&tree), rowText(&fresh));
     }
 
     signalTreeWidget tree;
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(QMetaObject::invokeMethod(&f.tree, slot.toLatin1()));
         QTEST(f.records(), "records");
         QCOMPARE(f.reports(), QString("1 dragged %1 changed").arg(slot.endsWith("able") ? 1 : 0));
-        QVERIFY(f.rowsLookLikeTheirRecords());
+        f.compareRowsWithRecords();
     }
 
     void selectionOrderNamesTheGroup()
@@ -217,7 +217,8 @@ private Q_SLOTS:
         f.tree.setFocus();
         QTest::keyClick(&f.tree, Qt::Key_F2);
         QLineEdit *editor = f.editor();
-        QVERIFY(editor && editor->hasFocus());
+        QVERIFY(editor);
+        QVERIFY(editor->hasFocus());
         QCOMPARE(editor->selectedText(), name);
         QTest::keyClick(editor, Qt::Key_Delete);
         QTest::keyClicks(editor, typed);
@@ -225,7 +226,7 @@ private Q_SLOTS:
         QTEST(f.records(), "records");
         QCOMPARE(f.dragged.count(), f.records() == before ? 0 : 1);
         QTRY_VERIFY(!f.editor());
-        QVERIFY(f.rowsLookLikeTheirRecords());
+        f.compareRowsWithRecords();
     }
 
     void aRowMayGoWhileItIsRenamed()

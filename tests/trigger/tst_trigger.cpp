@@ -280,7 +280,8 @@ private Q_SLOTS:
         driver.then(killParent); // under the warning
         parent = new QWidget;
         QCOMPARE(MuExpressionDialog::getExpression(parent, false), QString());
-        QVERIFY(!parent && driver.done());
+        QVERIFY(!parent);
+        QVERIFY(driver.done());
     }
 };
 

@@ -57,6 +57,7 @@ struct Shown
     }
     QTreeWidget *coreTree() const { return view->findChild<QTreeWidget *>("treeWidget"); }
     void edit() const { initialData()->click(); }
+    QString state() const { return !view ? "gone" : view->isVisible() ? "visible" : "hidden"; }
 
     // The cores as they are listed, a star at the chosen one.
     QString cores() const

@@ -89,7 +89,8 @@ private Q_SLOTS:
         QCOMPARE(shown.cores() + " | " + dockTitle(shown), QString("Core 0*, Core 1, Core 2 | Core 0"));
         QCOMPARE(shown.pages()->currentWidget(), first);
         QCOMPARE(shown.pages()->widget(1), third);
-        QVERIFY(shown.view->isModified() && shown.view->save());
+        QVERIFY(shown.view->isModified());
+        QVERIFY(shown.view->save());
         const QStringList heads = configText(file).filter("core ");
         QCOMPARE(heads.size(), 3);
         for (int i = 0; i < 3; ++i) {
@@ -119,7 +120,8 @@ private Q_SLOTS:
             ModalDriver driver;
             driver.then([&shown](QDialog *) { delete shown.container; });
             shown.menu(0, box.entry);
-            QVERIFY(!shown.view && driver.done());
+            QVERIFY(!shown.view);
+            QVERIFY(driver.done());
         }
     }
 
@@ -157,7 +159,8 @@ private Q_SLOTS:
             });
             QTreeWidget *ports = shown.find<QTreeWidget>("treeTrigger");
             Q_EMIT ports->itemDoubleClicked(ports->topLevelItem(0), 0);
-            QTRY_VERIFY(driver.done() && !QApplication::activeModalWidget());
+            QTRY_VERIFY(driver.done());
+            QTRY_VERIFY(!QApplication::activeModalWidget());
             QCOMPARE(driver.seen, QStringList({"dialog | Trigger Port", "dialog | Search Nets"}));
             QCOMPARE(shown.view.isNull(), event == "death");
         }

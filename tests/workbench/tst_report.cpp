@@ -60,7 +60,8 @@ private Q_SLOTS:
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.setWorkingDirectory(m_dir.path());
         process.start(WORKBENCH, arguments);
-        QVERIFY(process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit);
+        QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         const QString output = process.readAll();
         for (const QString &text : qAsConst(texts))
             QVERIFY2(output.contains(QString(text).replace("%1", m_dir.path())), qPrintable(output));
