@@ -10,6 +10,7 @@
 #include "model/jex/matchunitmodel.h"
 #include "model/jex/matchvalue.h"
 #include "tests/support/modaldriver.h"
+#include "tests/support/signaltext.h"
 
 using namespace JEX;
 
@@ -20,15 +21,9 @@ struct Desk
 {
     Desk()
     {
-        SignalItem bus, bit;
-        bus.name = "top/a[4:0]";
-        for (int i = 4; i >= 0; --i) {
-            bit.name = QString("top/a[%1]").arg(i);
-            bus.members << bit;
-        }
-        bit.name = "top/b";
-        core.getTrigger(0)->signalItems << bit << bit;
-        core.getTrigger(1)->signalItems << bus << bit;
+        core.getTrigger(0)->signalItems = signalsFromText("s:top/b s:top/b");
+        core.getTrigger(1)->signalItems =
+            signalsFromText("b:top/a[4:0]{top/a[4],top/a[3],top/a[2],top/a[1],top/a[0]} s:top/b");
     }
 
     void bind(int port, MatchFunction function, const char *value, const char *upper = "")

@@ -240,8 +240,7 @@ private Q_SLOTS:
             QVERIFY(view);
             QVERIFY(view->isVisible());
             QVERIFY(!view->itemsExpandable());
-            QTreeWidgetItem *fifo =
-                view->findItems("u2[fifo]", Qt::MatchExactly | Qt::MatchRecursive).value(0);
+            QTreeWidgetItem *fifo = rowNamed(view, "u2[fifo]");
             QVERIFY(fifo);
             QVERIFY(fifo->parent()->isExpanded());
             QTest::qWait(QApplication::doubleClickInterval() + 50); // an early release is not taken

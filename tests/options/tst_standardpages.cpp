@@ -71,12 +71,12 @@ public:
     }
 
     // What the user does in the next dialog: presses those buttons and leaves.
-    void press(const QStringList &buttons, QDialogButtonBox::StandardButton leave = QDialogButtonBox::Ok)
+    void press(const QStringList &buttons, QDialogButtonBox::StandardButton last = QDialogButtonBox::Ok)
     {
         user.then([=](QDialog *dialog) {
             for (const QString &button : buttons)
                 dialog->findChild<QAbstractButton *>(button)->click();
-            dialog->findChild<QDialogButtonBox *>()->button(leave)->click();
+            leave(dialog, last);
         });
     }
 };
@@ -134,12 +134,12 @@ private Q_SLOTS:
         page.aoCore.triggerPorts[5]->signalItems =
             signalsFromText("b:top/count[1] s:top/rst s:top/x g:group_0[0:0]{s:top/q}");
         page.open();
-        for (const auto leave : {cancel, QDialogButtonBox::Ok}) {
+        for (const auto button : {cancel, QDialogButtonBox::Ok}) {
             QCOMPARE(page.modified->size(), 0);
             page.user.then([=](QDialog *dialog) {
                 for (QCheckBox *box : dialog->findChildren<QCheckBox *>())
                     box->click();
-                dialog->findChild<QDialogButtonBox *>()->button(leave)->click();
+                leave(dialog, button);
             });
             page.child<QPushButton>("btnAddFromTp")->click();
         }
@@ -151,6 +151,11 @@ private Q_SLOTS:
     {
         TriggerPage page;
         JEX::AoCore &core = page.aoCore;
+        const auto saved = [&] {
+            page.save();
+            return QString("%1 %2 ").arg(core.triggerMode).arg(core.triggerImplementation) +
+                   core.expressions.join(',');
+        };
         core.triggerMode = 1;
         core.triggerImplementation = JEX::RegImplementation;
         core.expressions << "M1&M2"
@@ -168,17 +173,11 @@ private Q_SLOTS:
         page.mode()->setCurrentIndex(0);
         QCOMPARE(page.shown(), QString("Dynamic 16: M1&M2,M11&M2,M3"));
         QCOMPARE(page.modified->size(), 3);
-        page.save();
-        QCOMPARE(QString("%1 %2 ").arg(core.triggerMode).arg(core.triggerImplementation) +
-                     core.expressions.join(','),
-                 QString("0 1 M1&M2,M11&M2,M3"));
+        QCOMPARE(saved(), QString("0 1 M1&M2,M11&M2,M3"));
         QVERIFY(core.matchUnits[12]->enabled);
 
         page.mode()->setCurrentIndex(1);
-        page.save();
-        QCOMPARE(QString("%1 %2 ").arg(core.triggerMode).arg(core.triggerImplementation) +
-                     core.expressions.join(','),
-                 QString("1 0 M1&M2,M3"));
+        QCOMPARE(saved(), QString("1 0 M1&M2,M3"));
         QVERIFY(!core.matchUnits[12]->enabled);
         QVERIFY(core.matchUnits[5]->enabled);
     }

@@ -22,11 +22,6 @@ void click(QDialog *dialog, const char *button)
     QTest::mouseClick(dialog->findChild<QPushButton *>(button), Qt::LeftButton);
 }
 
-void leave(QDialog *dialog)
-{
-    QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
-}
-
 } // namespace
 
 // A Standard file in the editor as it ships, from the wizard that makes it to the removal of a core.

@@ -22,8 +22,7 @@ QString at(const QPoint &global)
 // The place for a row to be dropped at: a share of its height from its top.
 QPoint placeIn(const signalTreeWidget &tree, const QString &name, double share)
 {
-    const QRect rect =
-        tree.visualItemRect(tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first());
+    const QRect rect = tree.visualItemRect(rowNamed(&tree, name));
     return tree.viewport()->mapToGlobal(QPoint(60, rect.top() + int(share * rect.height())));
 }
 
@@ -88,7 +87,7 @@ private Q_SLOTS:
 
         const QStringList names = chosen.split(' ');
         for (const QString &name : names)
-            tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+            rowNamed(&tree, name)->setSelected(true);
         const int selected = tree.selectedItems().size();
         const QString before = rowNames(&tree);
         QSignalSpy dragged(&tree, SIGNAL(itemDragged()));

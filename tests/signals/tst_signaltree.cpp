@@ -31,7 +31,7 @@ struct Fixture
     {
         tree.clearSelection();
         for (const QString &name : names.split(' ', Qt::SkipEmptyParts)) {
-            QTreeWidgetItem *row = tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+            QTreeWidgetItem *row = rowNamed(&tree, name);
             tree.setCurrentItem(row, 0, QItemSelectionModel::NoUpdate);
             row->setSelected(true);
         }

@@ -3,13 +3,21 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QObject>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QStringList>
+#include <QTest>
 #include <QTimer>
 #include <functional>
+
+// Clicks a button of the box that ends a dialog.
+inline void leave(QDialog *dialog, QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)
+{
+    QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(button), Qt::LeftButton);
+}
 
 // Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the
 // message boxes said is kept as "icon | title | text | buttons | details", with a star at the default button.

@@ -1,23 +1,22 @@
 #pragma once
 
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QtTest>
 
 #include "tests/support/modaldriver.h"
+#include "tests/support/rowtext.h"
 
 // Clicks the rows with those texts, with Ctrl from the second on.
 inline void clickRows(QTreeWidget *tree, const QStringList &texts)
 {
     Qt::KeyboardModifiers keys = Qt::NoModifier;
     for (const QString &text : texts) {
-        const auto hits = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-        QVERIFY2(hits.size() == 1, qPrintable(text));
-        tree->scrollToItem(hits.first());
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, keys,
-                          tree->visualItemRect(hits.first()).center());
+        const QTreeWidgetItem *row = rowNamed(tree, text);
+        QVERIFY2(row, qPrintable(text));
+        tree->scrollToItem(row);
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, keys, tree->visualItemRect(row).center());
         keys = Qt::ControlModifier;
     }
 }
@@ -25,7 +24,7 @@ inline void clickRows(QTreeWidget *tree, const QStringList &texts)
 // What a user does in the search dialog: types, presses Return, clicks the rows with those texts and leaves
 // with OK or Cancel.
 inline ModalDriver::Step pickNets(const QString &search, const QStringList &names,
-                                  QDialogButtonBox::StandardButton leave = QDialogButtonBox::Ok)
+                                  QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)
 {
     return [=](QDialog *dialog) {
         QLineEdit *name = dialog->findChild<QLineEdit *>("lineEditName");
@@ -34,6 +33,6 @@ inline ModalDriver::Step pickNets(const QString &search, const QStringList &name
         QTreeWidget *result = dialog->findChild<QTreeWidget *>("treeWidget");
         result->expandAll();
         clickRows(result, names);
-        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>("buttonBox")->button(leave), Qt::LeftButton);
+        leave(dialog, button);
     };
 }

@@ -49,3 +49,10 @@ inline QString rowNames(const QTreeWidget *tree)
         names.append(tree->topLevelItem(i)->text(0));
     return names.join(' ');
 }
+
+// The row with that text, at any level; none when there are several.
+inline QTreeWidgetItem *rowNamed(const QTreeWidget *tree, const QString &text)
+{
+    const auto rows = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    return rows.size() == 1 ? rows.first() : nullptr;
+}

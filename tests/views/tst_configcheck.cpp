@@ -5,6 +5,7 @@
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/signaltext.h"
 #include "views/configcheck.h"
 
 using namespace JEX;
@@ -12,26 +13,17 @@ using namespace RTLJEX;
 
 namespace {
 
-SignalItem signal(const char *name, int bits = 0)
-{
-    SignalItem item;
-    item.name = name;
-    for (int i = 0; i < bits; ++i)
-        item.members.append(signal(name));
-    return item;
-}
-
 // Everything in order: port 2 of three bits, M3 bound to it.
 void fill(AoCore *core)
 {
-    core->getTrigger(2)->signalItems << signal("top/a[1:0]", 2) << signal("top/b");
+    core->getTrigger(2)->signalItems = signalsFromText("b:top/a[1:0]{top/a[1],top/a[0]} s:top/b");
     MatchUnit *unit = core->matchUnit(3);
     unit->enabled = true;
     unit->triggerPort = core->getTrigger(2);
     unit->value = "01X";
     core->expressions << "M3";
     core->sampleClock = "top/clk";
-    core->enabledCaptureSignals << signal("top/b");
+    core->enabledCaptureSignals = signalsFromText("s:top/b");
 }
 
 } // namespace
@@ -111,8 +103,7 @@ private Q_SLOTS:
     {
         AOCore_Lite good, bad;
         good.sampleClock = "top/clk";
-        good.enabledCaptureSignals << signal("top/b");
-        good.enabledCaptureSignals[0].capEnable = false; // not scanned
+        good.enabledCaptureSignals = signalsFromText("!s:top/b"); // not scanned
         bad.coreNumber = 1;
         QString found;
         QVERIFY(!checkLiteCores({&good, &bad}, m_netlist.get(), &found));

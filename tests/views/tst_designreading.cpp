@@ -6,9 +6,9 @@
 
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
-#include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/workspace.h"
 #include "views/designevents.h"
 #include "views/designreading.h"
 #include "views/messagedlg.h"
@@ -107,13 +107,11 @@ private Q_SLOTS:
 
     void includePaths()
     {
-        Core::Project project;
-        Core::ProjectManager::setCurrentProject(&project);
-        project.setOption("IncludePath", QStringList({"inc", "/usr/lib/x", "../up/./two"}));
-        const QString folder = project.workingDir();
+        Workspace work;
+        work.project.setOption("IncludePath", QStringList({"inc", "/usr/lib/x", "../up/./two"}));
+        const QString folder = work.project.workingDir();
         QCOMPARE(projectIncludePaths(),
                  QStringList({folder + "/inc", "/usr/lib/x", QDir::cleanPath(folder + "/../up/two")}));
-        Core::ProjectManager::setCurrentProject(nullptr);
     }
 
     void messageDialog()
