@@ -3,11 +3,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "check/stalereport.h"
 #include "host/atomicfile.h"
 #include "model/jex/jexfile.h"
 #include "model/jex/zubfields.h"
 #include "model/jex/zubwriter.h"
-#include "signals/stalereport.h"
 #include "views/configcheck.h"
 
 namespace Cli {

@@ -5,10 +5,10 @@
 
 #include <csignal>
 
+#include "check/designjudgement.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
-#include "views/designjudgement.h"
 
 namespace Cli {
 namespace {
@@ -88,9 +88,7 @@ bool Design::elaborate()
     const QUARRY::ModuleList &modules = job.modules();
     QStringList said;
     sayNew(modules.messages, said);
-    const bool isUsable =
-        !job.isCancelled() &&
-        accept(RTLJEX::judgeModules({input.top, modules.topModules, modules.modules, modules.messages}));
+    const bool isUsable = !job.isCancelled() && accept(RTLJEX::judgeModules(input.top, modules));
     if (!isUsable && input.top.isEmpty() && modules.topModules.size() > 1)
         say("jex: Name one of " + modules.topModules.join(", ") + " with --top.");
     if (isUsable)

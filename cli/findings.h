@@ -1,7 +1,7 @@
 #pragma once
 
+#include "check/stalereport.h"
 #include "cli/configuration.h"
-#include "signals/stalereport.h"
 
 namespace Cli {
 

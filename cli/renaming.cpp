@@ -3,7 +3,7 @@
 #include <QSet>
 #include <algorithm>
 
-#include "signals/netname.h"
+#include "check/netname.h"
 
 namespace Cli {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "signals/netname.h"
+#include "check/netname.h"
 
 namespace Cli {
 namespace {

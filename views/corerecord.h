@@ -2,8 +2,8 @@
 
 #include <QList>
 
+#include "check/stalereport.h"
 #include "model/jex/jexfile.h"
-#include "signals/stalereport.h"
 #include "views/editorrecord.h"
 #include "views/viewwindow.h"
 

@@ -5,6 +5,7 @@
 #include <QScopedPointer>
 
 #include "elaboration/catchrtl.h"
+#include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
@@ -45,13 +46,13 @@ bool readDesign(QWidget *editor, QUARRY::RtlNetlist **netlist)
     QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
     if (!accept(judgeFiles(sourcePaths(info)), editor))
         return false;
-    ModuleFindings found;
-    found.top = info.value("Top").toString();
+    const QString top = info.value("Top").toString();
+    QUARRY::ModuleList found;
     catchDesignModules(info, found.topModules, found.modules, found.messages);
-    if (!alive || !accept(judgeModules(found), editor))
+    if (!alive || !accept(judgeModules(top, found), editor))
         return false;
     QScopedPointer<QUARRY::RtlNetlist> fresh(catchDesignNetlist());
-    if (!alive || !accept(judgeNetlist(found.top, fresh.data()), editor))
+    if (!alive || !accept(judgeNetlist(top, fresh.data()), editor))
         return false;
     *netlist = fresh.take();
     return true;

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
-#include "views/designjudgement.h"
+#include "check/designjudgement.h"
 
 class QWidget;
 namespace QUARRY {

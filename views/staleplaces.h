@@ -1,7 +1,7 @@
 #pragma once
 
+#include "check/stalereport.h"
 #include "host/iview.h"
-#include "signals/stalereport.h"
 
 namespace RTLJEX {
 

@@ -1,4 +1,4 @@
-#include "signals/nearestnames.h"
+#include "check/nearestnames.h"
 
 #include <QHash>
 
@@ -8,8 +8,8 @@
 #include <tuple>
 #include <vector>
 
+#include "check/netname.h"
 #include "model/netlist/rtlmodule.h"
-#include "signals/netname.h"
 
 using QUARRY::Hierachy;
 using QUARRY::RtlModule;

@@ -5,7 +5,8 @@
 
 namespace QUARRY {
 class RtlNetlist;
-}
+struct ModuleList;
+} // namespace QUARRY
 
 namespace RTLJEX {
 
@@ -19,17 +20,10 @@ struct DesignFault
     bool isNull() const { return title.isEmpty(); }
 };
 
-// What the parser found out about the project's modules.
-struct ModuleFindings
-{
-    QString top; // the project's top module; empty: none set
-    QStringList topModules;
-    QStringList modules;
-    QStringList messages;
-};
-
+// The steps of reading a design, each judged before the next. `top` is the project's top module; empty: none
+// set.
 DesignFault judgeFiles(const QStringList &files);
-DesignFault judgeModules(const ModuleFindings &findings);
+DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found);
 // A null netlist is not at fault: the parser has told the user why there is none.
 DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist);
 

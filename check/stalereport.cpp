@@ -1,12 +1,12 @@
-#include "signals/stalereport.h"
+#include "check/stalereport.h"
 
 #include <QSet>
 
 #include <algorithm>
 
+#include "check/nearestnames.h"
+#include "check/netname.h"
 #include "model/netlist/rtlmodule.h"
-#include "signals/nearestnames.h"
-#include "signals/netname.h"
 
 using QUARRY::Hierachy;
 using QUARRY::RtlModule;

@@ -1,8 +1,8 @@
-#include "views/designjudgement.h"
+#include "check/designjudgement.h"
 
 #include <QCoreApplication>
 
-#include "elaboration/tools/designinput.h"
+#include "elaboration/elaboration.h"
 #include "model/netlist/rtlnetlist.h"
 
 namespace RTLJEX {
@@ -28,24 +28,24 @@ DesignFault judgeFiles(const QStringList &files)
     return files.isEmpty() ? fault(tr("Error"), tr("Design files are not exist.")) : DesignFault();
 }
 
-DesignFault judgeModules(const ModuleFindings &found)
+DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found)
 {
-    if (std::any_of(found.messages.begin(), found.messages.end(), QUARRY::isError)) {
+    if (found.anyError()) {
         DesignFault errors = fault(tr("Design files contain some errors."), QString());
         errors.details = found.messages;
         return errors;
     }
     const DesignFault noModule =
         fault(tr("Design files contain some errors"), tr("Get no module from design."));
-    if (found.modules.isEmpty() && found.top.isEmpty())
+    if (found.modules.isEmpty() && top.isEmpty())
         return noModule;
     if (found.modules.isEmpty())
         return fault(tr("Invalid Top Module"),
-                     tr("No module named \"") + found.top + tr("\", please reset top module."));
+                     tr("No module named \"") + top + tr("\", please reset top module."));
     if (found.topModules.size() == 1)
         return DesignFault();
-    return found.top.isEmpty() ? fault(tr("Multiple Top Module"), tr("Multiple top, please set top module."))
-                               : noModule;
+    return top.isEmpty() ? fault(tr("Multiple Top Module"), tr("Multiple top, please set top module."))
+                         : noModule;
 }
 
 DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist)

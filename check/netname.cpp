@@ -1,4 +1,4 @@
-#include "signals/netname.h"
+#include "check/netname.h"
 
 namespace RTLJEX {
 

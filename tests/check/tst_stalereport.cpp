@@ -1,9 +1,9 @@
 #include <QScopedPointer>
 #include <QtTest>
 
+#include "check/nearestnames.h"
+#include "check/stalereport.h"
 #include "model/netlist/rtlnetlist.h"
-#include "signals/nearestnames.h"
-#include "signals/stalereport.h"
 #include "tests/support/netlisttext.h"
 
 using namespace RTLJEX;
