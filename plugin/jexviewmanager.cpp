@@ -11,7 +11,7 @@
 #include "host/modal.h"
 #include "host/viewmanager.h"
 #include "model/jex/jexfile.h"
-#include "views/jexinserterview.h"
+#include "plugin/jexinserterview.h"
 #include "views/jexliteinserterview.h"
 #include "views/jexstandardinserterview.h"
 

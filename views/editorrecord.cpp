@@ -7,12 +7,12 @@
 #include "host/modal.h"
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
+#include "plugin/jexinserterview.h"
 #include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"
 #include "views/designreading.h"
 #include "views/filewatch.h"
-#include "views/jexinserterview.h"
 #include "views/saving.h"
 #include "views/viewwindow.h"
 

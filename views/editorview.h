@@ -5,7 +5,7 @@
 #include <QVariant>
 
 #include "host/eventmanager.h"
-#include "views/jexinserterview.h"
+#include "plugin/jexinserterview.h"
 
 class QCloseEvent;
 namespace QUARRY {

@@ -8,10 +8,10 @@
 #include "host/actionmanager.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
+#include "plugin/jexinserterview.h"
 #include "plugin/jexviewmanager.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
-#include "views/jexinserterview.h"
 
 using namespace RTLJEX;
 

@@ -1,4 +1,4 @@
-#include "views/jexinserterview.h"
+#include "plugin/jexinserterview.h"
 
 namespace RTLJEX {
 
