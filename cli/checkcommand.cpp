@@ -11,14 +11,14 @@ ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist,
     ExitCode result = Fine;
     Json all = Json::array();
     for (const QString &file : files) {
-        Configuration configuration;
+        RTLJEX::Configuration configuration;
         QString error;
         if (!configuration.read(file, &error)) {
             say("jex check: " + error);
             result = CouldNotRun;
             continue;
         }
-        const FileFindings findings = findingsOf(configuration, netlist);
+        const RTLJEX::FileFindings findings = configuration.judge(netlist);
         if (!findings.isEmpty() && result == Fine)
             result = Findings;
         if (asJson)

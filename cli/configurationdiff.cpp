@@ -25,7 +25,7 @@ QList<Setting> unitSettings(const JEX::MatchUnit &unit)
             {"upperValue", shown(unit.upperValue)}};
 }
 
-bool areCapturedRows(const CoreRecord &core)
+bool areCapturedRows(const RTLJEX::AnyCore &core)
 {
     QList<JEX::SignalItem> captured;
     std::copy_if(core.signalRows->begin(), core.signalRows->end(), std::back_inserter(captured),
@@ -38,15 +38,15 @@ class Comparison
 public:
     QList<Difference> found;
 
-    void compareFiles(const Configuration &older, const Configuration &newer)
+    void compareFiles(const RTLJEX::Configuration &older, const RTLJEX::Configuration &newer)
     {
         if (older.mode() != newer.mode())
             add({}, "changed", "mode", shown(older.modeName()), shown(newer.modeName()));
-        QHash<int, CoreRecord> before;
+        QHash<int, RTLJEX::AnyCore> before;
         QStringList numbers, oldNumbers;
-        for (const CoreRecord &core : newer.cores())
+        for (const RTLJEX::AnyCore &core : newer.cores())
             numbers << QString::number(core.number);
-        for (const CoreRecord &core : older.cores()) {
+        for (const RTLJEX::AnyCore &core : older.cores()) {
             before.insert(core.number, core);
             oldNumbers << QString::number(core.number);
         }
@@ -54,14 +54,14 @@ public:
             if (pair.isMoved)
                 addCore(numbers.at(pair.to).toInt(), "moved", pair.from + 1, pair.to + 1);
         }
-        for (const CoreRecord &core : newer.cores()) {
+        for (const RTLJEX::AnyCore &core : newer.cores()) {
             m_core = core.number;
             if (before.contains(core.number))
                 compareCores(before.take(core.number), core);
             else
                 addCore(core.number, "added", nullptr, core.signalRows->size());
         }
-        for (const CoreRecord &core : older.cores()) {
+        for (const RTLJEX::AnyCore &core : older.cores()) {
             if (before.contains(core.number))
                 addCore(core.number, "removed", core.signalRows->size(), nullptr);
         }
@@ -79,9 +79,9 @@ private:
         add({}, what, "core", from, to);
     }
 
-    void compareCores(const CoreRecord &a, const CoreRecord &b)
+    void compareCores(const RTLJEX::AnyCore &a, const RTLJEX::AnyCore &b)
     {
-        compareSettings(QString(), a.settings, b.settings);
+        compareSettings(QString(), settingsOf(a), settingsOf(b));
         if (a.standard && b.standard)
             compareTriggers(*a.standard, *b.standard);
         compareRows("capture", *a.signalRows, *b.signalRows);
@@ -177,7 +177,7 @@ QString valueText(const Json &value)
 
 } // namespace
 
-QList<Difference> differences(const Configuration &older, const Configuration &newer)
+QList<Difference> differences(const RTLJEX::Configuration &older, const RTLJEX::Configuration &newer)
 {
     Comparison comparison;
     comparison.compareFiles(older, newer);

@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-#include "cli/configuration.h"
+#include "cli/settings.h"
 
 namespace Cli {
 
@@ -20,7 +20,7 @@ struct Difference
 
 // In the order of the newer file; cores are told by their numbers, rows by their names. A row that took the
 // place of one of the same width or base counts as renamed.
-QList<Difference> differences(const Configuration &older, const Configuration &newer);
+QList<Difference> differences(const RTLJEX::Configuration &older, const RTLJEX::Configuration &newer);
 
 QString differenceSentence(const Difference &difference);
 

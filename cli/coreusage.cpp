@@ -47,7 +47,7 @@ QString formulaText(const MemoryShape &shape, const CaptureUsage &capture)
 
 } // namespace
 
-CaptureUsage::CaptureUsage(const CoreRecord &core, const DEV::DeviceArg &device)
+CaptureUsage::CaptureUsage(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device)
 {
     for (const JEX::SignalItem &item : *core.signalRows)
         signalCount += RTLJEX::captureBits(item);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/configuration.h"
+#include "check/configuration.h"
 #include "host/devicearg.h"
 #include "model/jex/devicetable.h"
 
@@ -23,7 +23,7 @@ struct UsageRow
 // The capture side of a core, for a device that is known: what the formulas are given, and what they give.
 struct CaptureUsage
 {
-    CaptureUsage(const CoreRecord &core, const DEV::DeviceArg &device);
+    CaptureUsage(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device);
 
     int signalCount = 0;
     int depth = 0;

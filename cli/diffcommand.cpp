@@ -31,7 +31,7 @@ ExitCode diff(const QStringList &words, Output &out)
         return arguments.result();
     if (arguments.files().size() != 2)
         return arguments.refuse("Name two configurations (.zub).");
-    Configuration older, newer;
+    RTLJEX::Configuration older, newer;
     QString error;
     if (!older.read(arguments.files().at(0), &error) || !newer.read(arguments.files().at(1), &error)) {
         say("jex diff: " + error);

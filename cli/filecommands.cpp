@@ -1,7 +1,8 @@
+#include <QFile>
 #include <QFileInfo>
 
+#include "check/configuration.h"
 #include "cli/arguments.h"
-#include "cli/configuration.h"
 
 namespace Cli {
 namespace {
@@ -10,6 +11,18 @@ ExitCode failFor(const char *command, const QString &error)
 {
     say(QString("jex ") + command + ": " + error);
     return CouldNotRun;
+}
+
+bool readFile(const QString &path, QByteArray *bytes, QString *error)
+{
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly)) {
+        *bytes = file.readAll();
+        if (file.error() == QFile::NoError)
+            return true;
+    }
+    *error = "The file \"" + path + "\" cannot be read: " + file.errorString() + '.';
+    return false;
 }
 
 } // namespace
@@ -32,7 +45,7 @@ ExitCode makeNew(const QStringList &words, Output &out)
         return arguments.refuse("The name of a configuration ends in .zub, \"" + file + "\" does not.");
     if (QFileInfo::exists(file) || QFileInfo(file).isSymLink())
         return failFor("new", "The file \"" + file + "\" exists already. Name another one, or remove it.");
-    const Configuration empty(mode == "lite" ? JEX::LiteMode : JEX::StandardMode);
+    const RTLJEX::Configuration empty(mode == "lite" ? JEX::LiteMode : JEX::StandardMode);
     QString error;
     return empty.write(file, &error) ? Fine : failFor("new", error);
 }
@@ -52,16 +65,18 @@ ExitCode format(const QStringList &words, Output &out)
         return arguments.refuse("Name a configuration (.zub).");
     ExitCode result = Fine;
     for (const QString &file : arguments.files()) {
-        Configuration configuration;
+        RTLJEX::Configuration configuration;
         QByteArray old, bytes;
         QString error;
         bool done = configuration.read(file, &error) && readFile(file, &old, &error) &&
                     configuration.toBytes(&bytes, &error);
-        if (done && !arguments.parser.isSet("check")) {
-            done = configuration.write(file, &error);
-        } else if (done && bytes != old) {
-            out.line(file);
-            result = qMax(result, Findings);
+        if (done && bytes != old) {
+            if (arguments.parser.isSet("check")) {
+                out.line(file);
+                result = qMax(result, Findings);
+            } else {
+                done = configuration.write(file, &error);
+            }
         }
         if (!done)
             result = failFor("fmt", error);

@@ -23,12 +23,7 @@ Json staleJson(const RTLJEX::StaleSignal &signal)
 
 } // namespace
 
-FileFindings findingsOf(const Configuration &configuration, const QUARRY::RtlNetlist &netlist)
-{
-    return {configuration.check(netlist), configuration.staleSignals(netlist)};
-}
-
-void printFindings(const QString &file, const FileFindings &findings, Output &out)
+void printFindings(const QString &file, const RTLJEX::FileFindings &findings, Output &out)
 {
     for (const QString &line : findings.errors)
         out.line(file + ": " + line);
@@ -38,7 +33,8 @@ void printFindings(const QString &file, const FileFindings &findings, Output &ou
         out.line(file + ": no findings");
 }
 
-Json findingsJson(const QString &file, const Configuration &configuration, const FileFindings &findings)
+Json findingsJson(const QString &file, const RTLJEX::Configuration &configuration,
+                  const RTLJEX::FileFindings &findings)
 {
     Json json;
     json["file"] = toStd(file);

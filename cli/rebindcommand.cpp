@@ -17,8 +17,8 @@ ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
 struct Outcome
 {
     QList<QPair<QString, QString>> changes;
-    FileFindings findings; // with the new names
-    QString refusal;       // why they are not written; empty when they may be
+    RTLJEX::FileFindings findings; // with the new names
+    QString refusal;               // why they are not written; empty when they may be
     bool isWritten = false;
 };
 
@@ -38,12 +38,12 @@ QStringList unbound(const Outcome &outcome)
 }
 
 Outcome rename(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
-               Configuration &configuration)
+               RTLJEX::Configuration &configuration)
 {
     Outcome outcome;
     const QStringList brokenBefore = brokenRows(configuration);
     outcome.changes = renaming.apply(configuration);
-    outcome.findings = findingsOf(configuration, netlist);
+    outcome.findings = configuration.judge(netlist);
     const QStringList lost = unbound(outcome);
     const QStringList broken = brokenRows(configuration);
     QStringList added = broken;
@@ -66,7 +66,7 @@ void print(const QString &file, const Outcome &outcome, Output &out)
         printFindings(file, outcome.findings, out);
 }
 
-Json outcomeJson(const QString &file, const Configuration &configuration, const Outcome &outcome)
+Json outcomeJson(const QString &file, const RTLJEX::Configuration &configuration, const Outcome &outcome)
 {
     Json json = findingsJson(file, configuration, outcome.findings);
     json["renamed"] = Json::array();
@@ -79,7 +79,7 @@ Json outcomeJson(const QString &file, const Configuration &configuration, const 
 ExitCode rebindFile(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
                     const Arguments &arguments, Output &out)
 {
-    Configuration configuration;
+    RTLJEX::Configuration configuration;
     QString error;
     if (!configuration.read(file, &error))
         return fail(error);

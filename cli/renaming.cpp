@@ -127,10 +127,10 @@ QString Renaming::renamed(const QString &name) const
     return isWhole ? m_to + rest : name;
 }
 
-Pairs Renaming::apply(Configuration &configuration) const
+Pairs Renaming::apply(RTLJEX::Configuration &configuration) const
 {
     Walk walk(*this);
-    for (CoreRecord &core : configuration.cores()) {
+    for (RTLJEX::AnyCore &core : configuration.cores()) {
         walk.rename(*core.clock);
         if (*core.topModule == m_from)
             *core.topModule = m_to;
@@ -144,10 +144,10 @@ Pairs Renaming::apply(Configuration &configuration) const
     return walk.changes;
 }
 
-QStringList brokenRows(const Configuration &configuration)
+QStringList brokenRows(const RTLJEX::Configuration &configuration)
 {
     QStringList broken;
-    for (const CoreRecord &core : configuration.cores()) {
+    for (const RTLJEX::AnyCore &core : configuration.cores()) {
         addBroken(*core.signalRows, broken);
         if (core.standard) {
             for (const JEX::TriggerPort *port : core.standard->triggerPorts)

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "cli/configuration.h"
+#include "check/configuration.h"
 
 namespace Cli {
 
@@ -22,7 +22,7 @@ public:
 
     // Renames clocks, trigger and capture signals and the top module. Gives the old and new name of each row
     // and single net that changed, once, in the order of the file.
-    QList<QPair<QString, QString>> apply(Configuration &configuration) const;
+    QList<QPair<QString, QString>> apply(RTLJEX::Configuration &configuration) const;
 
 private:
     QString m_from;
@@ -31,6 +31,6 @@ private:
 
 // What no editor lets happen, a sentence for each: names that stand twice in a list, and buses with bits of
 // another name.
-QStringList brokenRows(const Configuration &configuration);
+QStringList brokenRows(const RTLJEX::Configuration &configuration);
 
 } // namespace Cli

@@ -1,5 +1,5 @@
 #include "cli/arguments.h"
-#include "cli/configuration.h"
+#include "cli/settings.h"
 #include "cli/table.h"
 #include "model/jex/zubfields.h"
 #include "signals/signalrules.h"
@@ -81,11 +81,11 @@ void printTrigger(const JEX::AoCore &core, Output &out)
         out.line("    " + expression);
 }
 
-void printCore(const CoreRecord &core, Output &out)
+void printCore(const RTLJEX::AnyCore &core, Output &out)
 {
     out.line("\nCore " + QString::number(core.number));
     Table table;
-    for (const Setting &setting : core.settings)
+    for (const Setting &setting : settingsOf(core))
         table.add({setting.name, settingText(setting.value)});
     out.line(table.text("  "));
     if (core.standard)
@@ -125,11 +125,11 @@ Json unitJson(const JEX::MatchUnit &unit)
     return json;
 }
 
-Json coreJson(const CoreRecord &core)
+Json coreJson(const RTLJEX::AnyCore &core)
 {
     Json json;
     json["number"] = core.number;
-    for (const Setting &setting : core.settings)
+    for (const Setting &setting : settingsOf(core))
         json[toStd(setting.name)] = setting.value;
     if (core.standard) {
         json["ports"] = Json::array();
@@ -157,25 +157,25 @@ ExitCode show(const QStringList &words, Output &out)
         return arguments.result();
     if (arguments.files().size() != 1)
         return arguments.refuse("Name one configuration (.zub).");
-    Configuration configuration;
+    RTLJEX::Configuration configuration;
     QString error;
     if (!configuration.read(arguments.files().first(), &error)) {
         say("jex show: " + error);
         return CouldNotRun;
     }
-    const QList<CoreRecord> cores = configuration.cores();
+    const QList<RTLJEX::AnyCore> cores = configuration.cores();
     if (arguments.json()) {
         Json json;
         json["mode"] = toStd(configuration.modeName());
         json["cores"] = Json::array();
-        for (const CoreRecord &core : cores)
+        for (const RTLJEX::AnyCore &core : cores)
             json["cores"].push_back(coreJson(core));
         printJson(json, out);
         return Fine;
     }
     out.line(arguments.files().first() + ": " + configuration.modeName() +
              QString(", cores: %1").arg(cores.size()));
-    for (const CoreRecord &core : cores)
+    for (const RTLJEX::AnyCore &core : cores)
         printCore(core, out);
     return Fine;
 }

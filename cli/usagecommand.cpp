@@ -88,7 +88,7 @@ void printTrigger(int core, const TriggerUsage &trigger, Output &out)
 }
 
 // Prints or adds one core; true when something that it has chosen does not fit.
-bool addCore(const CoreRecord &core, const DEV::DeviceArg &device, Json *json, Output &out)
+bool addCore(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device, Json *json, Output &out)
 {
     const CaptureUsage capture(core, device);
     bool over = isOver(capture.rows);
@@ -150,7 +150,7 @@ ExitCode usage(const QStringList &words, Output &out)
         return arguments.result();
     if (options.projectFile.isEmpty() && options.device.isEmpty())
         options.projectFile = CommandLine::projectBeside(arguments.files().first());
-    Configuration configuration;
+    RTLJEX::Configuration configuration;
     Design design; // the formulas ask the open project for its device
     QString error;
     if (!design.open(options))
@@ -171,7 +171,7 @@ ExitCode usage(const QStringList &words, Output &out)
     Json json{{"device", deviceJson(device)}, {"cores", Json::array()}};
     if (!arguments.json())
         out.line("Device: " + device.device + ", " + device.series);
-    for (const CoreRecord &core : configuration.cores())
+    for (const RTLJEX::AnyCore &core : configuration.cores())
         over = addCore(core, device, arguments.json() ? &json["cores"] : nullptr, out) || over;
     if (arguments.json())
         printJson(json, out);

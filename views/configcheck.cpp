@@ -12,10 +12,10 @@ namespace {
 
 // The lines of one core, each behind its prefix. Numbers fill %1 and %2 of a text; user text is put in at
 // once with them, so that a "%1" in it stays as it is.
-class Findings
+class ErrorLines
 {
 public:
-    explicit Findings(QStringList *lines) : m_lines(lines) {}
+    explicit ErrorLines(QStringList *lines) : m_lines(lines) {}
 
     void setCore(int number) { m_prefix = QString::fromLatin1("Core %1: ").arg(number); }
     void add(const QString &text) { m_lines->append(m_prefix + text); }
@@ -32,30 +32,30 @@ private:
     QString m_prefix;
 };
 
-void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, Findings *findings)
+void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, ErrorLines *found)
 {
     if (clock.isEmpty()) {
-        findings->add("No sample clock specified");
+        found->add("No sample clock specified");
     } else if (!netlist || !netlist->findNet(clock)) {
-        findings->add("The specified sample clock does not exist");
+        found->add("The specified sample clock does not exist");
     }
 }
 
-void checkUnit(const JEX::MatchUnit &unit, Findings *findings)
+void checkUnit(const JEX::MatchUnit &unit, ErrorLines *found)
 {
     const JEX::TriggerPort *port = unit.triggerPort;
     if (!port) {
-        findings->add("M%1 doesn't bind a trigger port", unit.unitNumber);
+        found->add("M%1 doesn't bind a trigger port", unit.unitNumber);
     } else if (port->signalItems.isEmpty()) {
-        findings->add("Trigger port %1 for M%2 is not available", port->portNumber, unit.unitNumber);
+        found->add("Trigger port %1 for M%2 is not available", port->portNumber, unit.unitNumber);
     } else if (unit.value.size() != port->singleSignals().size()) {
-        findings->add("Length of M%1 is not equal to trigger port %2", unit.unitNumber, port->portNumber);
+        found->add("Length of M%1 is not equal to trigger port %2", unit.unitNumber, port->portNumber);
     }
 }
 
 // Any run of digits counts as a unit number, also one that names no unit; one too long for an integer is
 // passed over.
-void checkExpression(const JEX::AoCore &core, const QString &expression, Findings *findings)
+void checkExpression(const JEX::AoCore &core, const QString &expression, ErrorLines *found)
 {
     QRegExp digits(QLatin1String("\\d+"));
     for (int at = digits.indexIn(expression); at >= 0;
@@ -64,28 +64,28 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, Finding
         const int number = digits.cap().toInt(&isNumber);
         const JEX::MatchUnit *unit = core.matchUnit(number);
         if (isNumber && !(unit && unit->enabled)) {
-            findings->add("M%1 in expression \"%2\" is not enable", number, expression);
+            found->add("M%1 in expression \"%2\" is not enable", number, expression);
         }
     }
 }
 
-void checkTrigger(const JEX::AoCore &core, Findings *findings)
+void checkTrigger(const JEX::AoCore &core, ErrorLines *found)
 {
     if (core.availableTriggers().isEmpty()) {
-        findings->add("No available trigger ports");
+        found->add("No available trigger ports");
     }
     const QList<JEX::MatchUnit *> units = core.enabledMatchUnits();
     if (units.isEmpty()) {
-        findings->add("No available match units");
+        found->add("No available match units");
     }
     for (const JEX::MatchUnit *unit : units) {
-        checkUnit(*unit, findings);
+        checkUnit(*unit, found);
     }
     if (core.expressions.isEmpty()) {
-        findings->add("No expressions specified");
+        found->add("No expressions specified");
     }
     for (const QString &expression : core.expressions) {
-        checkExpression(core, expression, findings);
+        checkExpression(core, expression, found);
     }
 }
 
@@ -112,13 +112,13 @@ bool report(const QStringList &lines, QString *errors)
 bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
 {
     QStringList lines;
-    Findings findings(&lines);
+    ErrorLines found(&lines);
     for (const JEX::AoCore *core : cores) {
-        findings.setCore(core->coreNumber);
-        checkTrigger(*core, &findings);
-        checkClock(core->sampleClock, netlist, &findings);
+        found.setCore(core->coreNumber);
+        checkTrigger(*core, &found);
+        checkClock(core->sampleClock, netlist, &found);
         if (!anyEnabled(core->enabledCaptureSignals)) {
-            findings.add("No capture signals specified");
+            found.add("No capture signals specified");
         }
     }
     return report(lines, errors);
@@ -129,12 +129,12 @@ bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNet
                     QString *errors)
 {
     QStringList lines;
-    Findings findings(&lines);
+    ErrorLines found(&lines);
     for (int i = 0; i < cores.size(); ++i) {
-        findings.setCore(i);
-        checkClock(cores.at(i)->sampleClock, netlist, &findings);
+        found.setCore(i);
+        checkClock(cores.at(i)->sampleClock, netlist, &found);
         if (cores.at(i)->enabledCaptureSignals.isEmpty()) {
-            findings.add("No capture signals specified");
+            found.add("No capture signals specified");
         }
     }
     return report(lines, errors);

@@ -14,8 +14,8 @@ class RtlNetlist;
 namespace RTLJEX {
 
 // Judges a whole configuration against the design before it is written. Changes nothing. A null netlist
-// holds no clock. True when nothing was found; `errors`, when not null, gets one line for each finding,
-// joined by newlines.
+// holds no clock. True when nothing was found; `errors`, when not null, gets one line for each error, joined
+// by newlines.
 bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist,
                         QString *errors);
 bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,

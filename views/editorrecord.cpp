@@ -5,7 +5,6 @@
 #include <QPointer>
 
 #include "host/modal.h"
-#include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
 #include "plugin/jexinserterview.h"
 #include "signals/signaltreewidget.h"
@@ -19,8 +18,9 @@
 namespace RTLJEX {
 namespace private_impl {
 
-EditorRecord::EditorRecord(JexInserterView *view)
+EditorRecord::EditorRecord(JexInserterView *view, JEX::JexMode mode)
     : QObject(view),
+      configuration(mode),
       netlist(nullptr),
       fileWatcher(new QFileSystemWatcher(this)),
       modified(false),
@@ -59,7 +59,7 @@ bool EditorRecord::openFile(const QString &path, QString *errorMessage)
     unwatchFile(fileWatcher, fileName);
     fileName = path;
     watchFile(fileWatcher, fileName);
-    if (!isWellFormed()) {
+    if (!configuration.accepts(fileName)) {
         if (errorMessage)
             *errorMessage = JexInserterView::tr("%1 open file failed.").arg(fileName);
         return false;
@@ -72,7 +72,7 @@ bool EditorRecord::openFile(const QString &path, QString *errorMessage)
 
 bool EditorRecord::reloadFile()
 {
-    if (!hasMode() || !isWellFormed() || !readCores(nullptr))
+    if (!configuration.accepts(fileName) || !readCores(nullptr))
         return false;
     // A page that is made does not judge its rows by the netlist; one that is given a netlist does.
     if (netlist)
@@ -81,14 +81,26 @@ bool EditorRecord::reloadFile()
     return true;
 }
 
+bool EditorRecord::readCores(QString *errorMessage)
+{
+    Configuration fresh(configuration.mode());
+    if (!fresh.read(fileName, errorMessage))
+        return false;
+    // The pages point at the cores that go.
+    deletePages();
+    configuration.swap(fresh);
+    showCores();
+    return true;
+}
+
 bool EditorRecord::saveFile()
 {
     qDebug("save jex");
     finishRenaming();
     savePages();
-    QString findings;
-    if (!check(&findings)) {
-        showCheckErrors(m_view, findingsText(), findings);
+    QString errors;
+    if (!check(&errors)) {
+        showCheckErrors(m_view, errorsText(), errors);
         return false;
     }
     bool written = false;
@@ -103,6 +115,21 @@ bool EditorRecord::saveFile()
     showTitles(m_view, fileName, false);
     setModified(false);
     return true;
+}
+
+bool EditorRecord::writeCores()
+{
+    return configuration.write(fileName, nullptr);
+}
+
+bool EditorRecord::check(QString *errors) const
+{
+    return configuration.check(netlist, errors);
+}
+
+QList<StaleSignal> EditorRecord::staleSignals() const
+{
+    return netlist ? configuration.staleSignals(*netlist) : QList<StaleSignal>();
 }
 
 void EditorRecord::closing(QCloseEvent *event)

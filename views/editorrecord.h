@@ -5,6 +5,8 @@
 #include <QString>
 #include <functional>
 
+#include "check/configuration.h"
+
 class QCloseEvent;
 class QFileSystemWatcher;
 class QWidget;
@@ -18,7 +20,6 @@ class IEvent;
 namespace RTLJEX {
 
 class JexInserterView;
-struct StaleSignal;
 
 namespace private_impl {
 
@@ -29,7 +30,7 @@ namespace private_impl {
 class EditorRecord : public QObject
 {
 public:
-    explicit EditorRecord(JexInserterView *view);
+    EditorRecord(JexInserterView *view, JEX::JexMode mode);
     ~EditorRecord() override;
 
     void setModified(bool value); // calls the callback on a change
@@ -48,8 +49,9 @@ public:
     void askAboutDesignFiles();
     void askAboutTopModule();
 
-    // Of the cores as they were read or saved last; none without a design.
-    virtual QList<StaleSignal> staleSignals() const = 0;
+    // What is wrong with the cores as they were read or saved last. Without a design no signal is stale.
+    bool check(QString *errors) const;
+    QList<StaleSignal> staleSignals() const;
     virtual QWidget *showPage(int core) = 0; // of that position; null when there is none
 
     void noteFileChange();
@@ -64,6 +66,7 @@ public:
     void cancelDesignReload(QObject *banner);
 
     QString fileName;
+    Configuration configuration;
     QUARRY::RtlNetlist *netlist;     // owned
     QFileSystemWatcher *fileWatcher; // child
     bool modified;
@@ -74,19 +77,18 @@ public:
 protected:
     void installNetlist(QUARRY::RtlNetlist *fresh); // as setNlsData; the same one again changes nothing
     bool refusesCore(int count);                    // tells the user when there can not be more cores
+    virtual void showCores() = 0;                   // makes their pages, and one core where there is none
+    virtual void deletePages() = 0;
+    virtual bool writeCores(); // to the file
 
     QWidget *bannerContainer; // of the form; set by who builds the form
 
 private:
-    virtual bool isWellFormed() const = 0;
-    virtual bool hasMode() const = 0;
-    virtual bool readCores(QString *errorMessage) = 0; // and shows them
-    virtual bool writeCores() = 0;
     virtual void savePages() = 0;
     virtual void handNetlistToPages() = 0;
-    virtual bool check(QString *errors) const = 0;
-    virtual QString findingsText() const = 0; // above what the check found
+    virtual QString errorsText() const = 0; // above the errors of the check
 
+    bool readCores(QString *errorMessage); // and shows them
     void finishRenaming();
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);

@@ -10,7 +10,7 @@ namespace RTLJEX {
 namespace private_impl {
 
 JexLiteInserterViewPrivate::JexLiteInserterViewPrivate(JexLiteInserterView *view)
-    : CoreRecord<LiteFile>(view), changedBanner(nullptr)
+    : ModeRecord<LiteFile>(view), changedBanner(nullptr)
 {
     ui.setupUi(view);
     bannerContainer = ui.bannerContainer;
@@ -19,7 +19,7 @@ JexLiteInserterViewPrivate::JexLiteInserterViewPrivate(JexLiteInserterView *view
 
 JexLiteInserterViewPrivate::~JexLiteInserterViewPrivate()
 {
-    deleteCores();
+    deletePages();
 }
 
 void JexLiteInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
@@ -100,7 +100,7 @@ void JexLiteInserterViewPrivate::onOKBtn()
         changedBanner->hide();
 }
 
-QString JexLiteInserterViewPrivate::findingsText() const
+QString JexLiteInserterViewPrivate::errorsText() const
 {
     return JexLiteInserterView::tr("Your settings contain some errors.");
 }

@@ -2,8 +2,7 @@
 
 #include "options/liteaooptionwidget.h"
 #include "ui_jexliteinserterview.h"
-#include "views/configcheck.h"
-#include "views/corerecord.h"
+#include "views/moderecord.h"
 
 namespace RTLJEX {
 
@@ -17,15 +16,11 @@ struct LiteFile
     typedef JEX::AOCore_Lite Core;
     typedef LiteAoOptionWidget Page;
     static constexpr JEX::JexMode mode = JEX::LiteMode;
-    static constexpr auto isWellFormed = JEX::checkJEXLiteFile;
-    static constexpr auto read = JEX::readJEXConfigFromXml_Lite;
-    static constexpr auto write = JEX::writeJEXConfigToXml_Lite;
-    static constexpr auto check = checkLiteCores;
     static constexpr auto showDesign = &LiteAoOptionWidget::setNlsData;
 };
 
 // The state of one Lite editor and its form.
-class JexLiteInserterViewPrivate : public CoreRecord<LiteFile>
+class JexLiteInserterViewPrivate : public ModeRecord<LiteFile>
 {
     Q_OBJECT
 
@@ -53,7 +48,7 @@ public Q_SLOTS:
 private:
     void showCores() override;
     void removePage(LiteAoOptionWidget *page) override;
-    QString findingsText() const override;
+    QString errorsText() const override;
     void addPage(JEX::AOCore_Lite *core, QWidget *parent, int number);
 };
 

@@ -12,7 +12,7 @@ namespace private_impl {
 
 JexStandardInserterViewPrivate::JexStandardInserterViewPrivate(JexStandardInserterView *view,
                                                                QWidget *banners)
-    : CoreRecord<StandardFile>(view),
+    : ModeRecord<StandardFile>(view),
       addAction(new QAction(JexStandardInserterView::tr("Add"), this)),
       removeAction(new QAction(JexStandardInserterView::tr("Remove"), this))
 {
@@ -21,7 +21,7 @@ JexStandardInserterViewPrivate::JexStandardInserterViewPrivate(JexStandardInsert
 
 JexStandardInserterViewPrivate::~JexStandardInserterViewPrivate()
 {
-    deleteCores();
+    deletePages();
 }
 
 void JexStandardInserterViewPrivate::setNlsData(QUARRY::RtlNetlist *fresh)
@@ -118,12 +118,12 @@ bool JexStandardInserterViewPrivate::writeCores()
     const QUARRY::Hierachy *top = netlist ? netlist->topHierarchy : nullptr;
     for (JEX::AoCore *core : cores)
         core->topModuleName = top ? top->instanceName : QString();
-    return CoreRecord<StandardFile>::writeCores();
+    return EditorRecord::writeCores();
 }
 
-QString JexStandardInserterViewPrivate::findingsText() const
+QString JexStandardInserterViewPrivate::errorsText() const
 {
-    // The blanks widen the box, which is as wide as its text and has the findings to show.
+    // The blanks widen the box, which is as wide as its text and has the errors to show.
     return JexStandardInserterView::tr("Your settings contain some errors.             ");
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "options/aooptionwidget.h"
-#include "views/configcheck.h"
-#include "views/corerecord.h"
+#include "views/moderecord.h"
 
 class QAction;
 
@@ -18,17 +17,13 @@ struct StandardFile
     typedef JEX::AoCore Core;
     typedef AoOptionWidget Page;
     static constexpr JEX::JexMode mode = JEX::StandardMode;
-    static constexpr auto isWellFormed = JEX::checkJEXStandardFile;
-    static constexpr auto read = JEX::readJEXConfigFromXml;
-    static constexpr auto write = JEX::writeJEXConfigToXml;
-    static constexpr auto check = checkStandardCores;
     static constexpr auto showDesign = &AoOptionWidget::setNlsdata;
 };
 
 // The state of one Standard editor. Cores are told by their position in the list; the number that a core
 // carries is what the user sees, and differs in a file that numbers them in its own way, until one is
 // removed.
-class JexStandardInserterViewPrivate : public CoreRecord<StandardFile>
+class JexStandardInserterViewPrivate : public ModeRecord<StandardFile>
 {
     Q_OBJECT
 
@@ -50,7 +45,7 @@ private:
     void showCores() override;
     void removePage(AoOptionWidget *page) override;
     bool writeCores() override;
-    QString findingsText() const override;
+    QString errorsText() const override;
     void addPage(JEX::AoCore *core, QWidget *parent);
     bool confirmsRemoval(int index);
     bool hasNumber(int number) const;

@@ -28,11 +28,11 @@ bool refusesSynthesisTool(QWidget *editor)
     return true;
 }
 
-void showCheckErrors(QWidget *editor, const QString &text, const QString &findings)
+void showCheckErrors(QWidget *editor, const QString &text, const QString &errors)
 {
     QUtil::Modal<QMessageBox> box(
         new QMessageBox(QMessageBox::Critical, tr("Error"), text, QMessageBox::Ok, editor));
-    box->setDetailedText(findings);
+    box->setDetailedText(errors);
     box->setDefaultButton(QMessageBox::Ok);
     box->setEscapeButton(QMessageBox::Ok);
     box->exec();

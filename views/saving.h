@@ -12,8 +12,8 @@ namespace RTLJEX {
 // Tells the user, and returns true, when the project's synthesis tool is the one that cannot be used.
 bool refusesSynthesisTool(QWidget *editor);
 
-// The findings of the check as the details of one box.
-void showCheckErrors(QWidget *editor, const QString &text, const QString &findings);
+// The errors of the check as the details of one box.
+void showCheckErrors(QWidget *editor, const QString &text, const QString &errors);
 
 void showWriteFailure(QWidget *editor, const QString &fileName);
 

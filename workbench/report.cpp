@@ -4,12 +4,11 @@
 #include <QFileInfo>
 #include <memory>
 
+#include "check/configuration.h"
 #include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/project.h"
-#include "model/jex/jexfile.h"
 #include "model/netlist/rtlnetlist.h"
-#include "views/configcheck.h"
 
 namespace Workbench {
 namespace {
@@ -34,47 +33,27 @@ void count(const QUARRY::Hierachy *node, Counts &counts)
         count(child, counts);
 }
 
-template <class Core>
-using Read = QList<Core *>(const QString &path, bool *ok, QString *errorMessage);
-template <class Core>
-using Check = bool(const QList<Core *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors);
-
-template <class Core>
-void reportCores(const QString &mode, Read<Core> read, Check<Core> check, const QString &path,
-                 const QUARRY::RtlNetlist *netlist, DesignReport &report)
+void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist, DesignReport &report)
 {
     const QString name = QFileInfo(path).fileName() + ": ";
-    bool ok = false;
+    RTLJEX::Configuration configuration;
     QString error;
-    const QList<Core *> cores = read(path, &ok, &error);
-    int signalCount = 0;
-    for (const Core *core : cores)
-        signalCount += core->captureSignals.size();
+    bool ok = configuration.read(path, &error);
     if (ok) {
-        report.lines << name + mode +
+        const QList<RTLJEX::AnyCore> cores = configuration.cores();
+        int signalCount = 0;
+        for (const RTLJEX::AnyCore &core : cores)
+            signalCount += core.signalRows->size();
+        report.lines << name + configuration.modeName() +
                             QString(", cores: %1, capture signals: %2").arg(cores.size()).arg(signalCount);
-        ok = check(cores, netlist, &error);
+        ok = configuration.check(netlist, &error);
         report.lines << name + "check " + (ok ? "passed" : "found:\n" + error);
+    } else if (configuration.mode() == JEX::InvalidMode) {
+        report.lines << name + "neither a Standard nor a Lite configuration";
     } else {
         report.lines << name + error;
     }
     report.good = report.good && ok;
-    qDeleteAll(cores);
-}
-
-void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist, DesignReport &report)
-{
-    switch (JEX::jexModeFromJexConfigFile(path)) {
-    case JEX::StandardMode:
-        return reportCores("Standard", JEX::readJEXConfigFromXml, RTLJEX::checkStandardCores, path, netlist,
-                           report);
-    case JEX::LiteMode:
-        return reportCores("Lite", JEX::readJEXConfigFromXml_Lite, RTLJEX::checkLiteCores, path, netlist,
-                           report);
-    default:
-        report.lines << QFileInfo(path).fileName() + ": neither a Standard nor a Lite configuration";
-        report.good = false;
-    }
 }
 
 QUARRY::DesignInput currentDesign()

@@ -7,7 +7,7 @@ namespace Workbench {
 
 struct DesignReport
 {
-    QStringList lines; // one finding each
+    QStringList lines; // for the user
     bool good = true;  // the design was elaborated, and the check passed every configuration
 };
 

@@ -55,14 +55,21 @@ QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(),
 }
 
 template <class Core>
-bool writeCores(const QList<Core *> &cores, const QString &path)
+bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorMessage)
 {
     QByteArray bytes;
     QString error;
-    if (zubFromCores(cores, &bytes, &error) && QUtil::writeFileAtomically(path, bytes, &error)) {
+    const bool made = zubFromCores(cores, &bytes, &error);
+    if (made && QUtil::writeFileAtomically(path, bytes, &error)) {
         return true;
     }
-    qWarning() << "configuration not written:" << path << error;
+    if (!errorMessage) {
+        qWarning() << "configuration not written:" << path << error;
+    } else if (made) {
+        *errorMessage = error;
+    } else {
+        *errorMessage = QLatin1String("The file \"") + path + QLatin1String("\" is not written: ") + error;
+    }
     return false;
 }
 
@@ -100,12 +107,22 @@ QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QS
 
 bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path)
 {
-    return writeCores(cores, path);
+    return writeCores(cores, path, nullptr);
 }
 
 bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path)
 {
-    return writeCores(cores, path);
+    return writeCores(cores, path, nullptr);
+}
+
+bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path, QString *errorMessage)
+{
+    return writeCores(cores, path, errorMessage);
+}
+
+bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path, QString *errorMessage)
+{
+    return writeCores(cores, path, errorMessage);
 }
 
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode)

@@ -8,7 +8,8 @@
 namespace JEX {
 
 // The ".zub" file. Paths are absolute. Reading gives all records of a file or none; writing replaces the
-// file in one step, and a failed write leaves the old file as it was and says why in the debug output.
+// file in one step, and a failed write leaves the old file as it was and says why, in the debug output when
+// there is no errorMessage.
 // The format is described in docs/zub-format.md.
 
 // The mode of a file; InvalidMode when it cannot be read or says neither.
@@ -26,6 +27,8 @@ QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QS
 
 bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path);
 bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path);
+bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path, QString *errorMessage);
+bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path, QString *errorMessage);
 
 // Writes a file of the mode without cores. Overwrites.
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode);

@@ -3,14 +3,13 @@
 
 #include <memory>
 
+#include "check/configuration.h"
 #include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/project.h"
 #include "model/jex/devicetable.h"
-#include "model/jex/jexfile.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
-#include "views/configcheck.h"
 
 namespace {
 
@@ -83,26 +82,22 @@ private Q_SLOTS:
             QUARRY::buildNetlist(QUARRY::designInputFromInfo(info), messages));
         QCOMPARE(messages.join('\n'), QString());
         QVERIFY(netlist);
-        QString errors;
-        const auto lite = JEX::readJEXConfigFromXml_Lite(folder + "capture.zub", nullptr, &errors);
-        RTLJEX::checkLiteCores(lite, netlist.get(), &errors);
-        QCOMPARE(errors, QString());
-        QCOMPARE(strangers(lite.first()->captureSignals, *netlist).join('\n'), QString());
-        QVERIFY(JEX::writeJEXConfigToXml_Lite(lite, m_dir.filePath("capture.zub")));
-        qDeleteAll(lite);
-        const auto standard = JEX::readJEXConfigFromXml(folder + "trigger.zub", nullptr, &errors);
-        RTLJEX::checkStandardCores(standard, netlist.get(), &errors);
-        QCOMPARE(errors, QString());
-        for (const JEX::AoCore *core : standard) {
-            QList<JEX::SignalItem> items = core->captureSignals;
-            for (const JEX::TriggerPort *port : core->triggerPorts)
-                items += port->signalItems;
-            QCOMPARE(strangers(items, *netlist).join('\n'), QString());
-        }
-        QVERIFY(JEX::writeJEXConfigToXml(standard, m_dir.filePath("trigger.zub")));
-        qDeleteAll(standard);
-        for (const QString name : {"capture.zub", "trigger.zub"})
+        for (const QString name : {"capture.zub", "trigger.zub"}) {
+            RTLJEX::Configuration configuration;
+            QString error;
+            QVERIFY2(configuration.read(folder + name, &error), qPrintable(error));
+            configuration.check(netlist.get(), &error);
+            QCOMPARE(error, QString());
+            for (const RTLJEX::AnyCore &core : configuration.cores()) {
+                QCOMPARE(strangers(*core.signalRows, *netlist).join('\n'), QString());
+                for (int i = 0; core.standard && i < JEX::PortCount; ++i) {
+                    const QList<JEX::SignalItem> &items = core.standard->triggerPorts.at(i)->signalItems;
+                    QCOMPARE(strangers(items, *netlist).join('\n'), QString());
+                }
+            }
+            QVERIFY2(configuration.write(m_dir.filePath(name), &error), qPrintable(error));
             QCOMPARE(contents(m_dir.filePath(name)), contents(folder + name));
+        }
     }
 
     // The files of the project are a whole design that works: the bench talks to it over the serial line.

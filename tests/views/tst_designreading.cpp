@@ -7,8 +7,6 @@
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "host/project.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/support/netlisttext.h"
 #include "tests/support/workspace.h"
 #include "views/designevents.h"
 #include "views/designreading.h"

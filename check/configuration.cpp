@@ -1,0 +1,118 @@
+#include "check/configuration.h"
+
+#include "model/jex/jexfile.h"
+#include "model/jex/zubfields.h"
+#include "model/jex/zubwriter.h"
+#include "views/configcheck.h"
+
+namespace RTLJEX {
+namespace {
+
+template <class Core>
+AnyCore anyCore(Core *core)
+{
+    AnyCore any;
+    any.number = core->coreNumber;
+    any.clock = &core->sampleClock;
+    any.topModule = &core->topModuleName;
+    any.signalRows = &core->captureSignals;
+    any.enabledRows = &core->enabledCaptureSignals;
+    return any;
+}
+
+} // namespace
+
+Configuration::~Configuration()
+{
+    deleteCores();
+}
+
+void Configuration::deleteCores()
+{
+    qDeleteAll(m_standard);
+    qDeleteAll(m_lite);
+    m_standard.clear();
+    m_lite.clear();
+}
+
+void Configuration::swap(Configuration &other)
+{
+    qSwap(m_mode, other.m_mode);
+    qSwap(m_standard, other.m_standard);
+    qSwap(m_lite, other.m_lite);
+}
+
+bool Configuration::accepts(const QString &path) const
+{
+    return m_mode == JEX::StandardMode ? JEX::checkJEXStandardFile(path)
+                                       : m_mode == JEX::LiteMode && JEX::checkJEXLiteFile(path);
+}
+
+bool Configuration::read(const QString &path, QString *error)
+{
+    deleteCores();
+    if (m_mode == JEX::InvalidMode)
+        m_mode = JEX::jexModeFromJexConfigFile(path);
+    bool ok = false;
+    // The reader says what is wrong with a file of neither mode, too.
+    if (m_mode == JEX::StandardMode)
+        m_standard = JEX::readJEXConfigFromXml(path, &ok, error);
+    else
+        m_lite = JEX::readJEXConfigFromXml_Lite(path, &ok, error);
+    return ok;
+}
+
+bool Configuration::toBytes(QByteArray *bytes, QString *error) const
+{
+    return m_mode == JEX::StandardMode ? JEX::zubFromCores(m_standard, bytes, error)
+                                       : JEX::zubFromCores(m_lite, bytes, error);
+}
+
+bool Configuration::write(const QString &path, QString *error) const
+{
+    return m_mode == JEX::StandardMode ? JEX::writeJEXConfigToXml(m_standard, path, error)
+                                       : JEX::writeJEXConfigToXml_Lite(m_lite, path, error);
+}
+
+QString Configuration::modeName() const
+{
+    return QLatin1String(JEX::modeName(m_mode));
+}
+
+QList<AnyCore> Configuration::cores() const
+{
+    QList<AnyCore> cores;
+    for (JEX::AoCore *core : m_standard) {
+        cores << anyCore(core);
+        cores.last().standard = core;
+    }
+    for (JEX::AOCore_Lite *core : m_lite) {
+        cores << anyCore(core);
+        cores.last().lite = core;
+    }
+    return cores;
+}
+
+bool Configuration::check(const QUARRY::RtlNetlist *netlist, QString *errors) const
+{
+    return m_mode == JEX::StandardMode ? checkStandardCores(m_standard, netlist, errors)
+                                       : checkLiteCores(m_lite, netlist, errors);
+}
+
+QList<StaleSignal> Configuration::staleSignals(const QUARRY::RtlNetlist &netlist) const
+{
+    return m_mode == JEX::StandardMode ? RTLJEX::staleSignals(m_standard, netlist)
+                                       : RTLJEX::staleSignals(m_lite, netlist);
+}
+
+FileFindings Configuration::judge(const QUARRY::RtlNetlist &netlist) const
+{
+    QString errors;
+    check(&netlist, &errors);
+    FileFindings findings;
+    findings.errors = errors.split(QLatin1Char('\n'), QString::SkipEmptyParts);
+    findings.stale = staleSignals(netlist);
+    return findings;
+}
+
+} // namespace RTLJEX

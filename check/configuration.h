@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "check/stalereport.h"
+#include "model/jex/core.h"
+
+namespace RTLJEX {
+
+// A core of either mode: what both have. Points into the configuration.
+struct AnyCore
+{
+    int number = 0;
+    QString *clock = nullptr;
+    QString *topModule = nullptr;
+    QList<JEX::SignalItem> *signalRows = nullptr;
+    QList<JEX::SignalItem> *enabledRows = nullptr;
+    JEX::AoCore *standard = nullptr;  // null in a Lite file
+    JEX::AOCore_Lite *lite = nullptr; // null in a Standard file
+};
+
+// What is wrong with a configuration beside a design; one line or one signal is a finding.
+struct FileFindings
+{
+    QStringList errors; // lines of the check, with which an editor does not save
+    QList<StaleSignal> stale;
+
+    bool isEmpty() const { return errors.isEmpty() && stale.isEmpty(); }
+};
+
+// A configuration file of either mode in memory, for everyone who reads, judges or writes one. Owns its
+// cores.
+class Configuration
+{
+public:
+    // Without cores. One that is made of no mode takes that of the first file it reads.
+    explicit Configuration(JEX::JexMode mode = JEX::InvalidMode) : m_mode(mode) {}
+    ~Configuration();
+    void swap(Configuration &other);
+
+    // Whether a file is well-formed and of this mode; what its values are worth is judged by reading.
+    bool accepts(const QString &path) const;
+    // The cores of the file in place of those it has. False, with a sentence, when the file cannot be read:
+    // then it has none.
+    bool read(const QString &path, QString *error);
+    bool toBytes(QByteArray *bytes, QString *error) const;
+    // False leaves the old file as it was, with a sentence; where that is null, it goes to the debug output.
+    bool write(const QString &path, QString *error) const;
+
+    JEX::JexMode mode() const { return m_mode; }
+    QString modeName() const;
+    QList<AnyCore> cores() const;
+    // For who knows the mode; a list of the other mode's cores is empty. Who takes a core out deletes it.
+    template <class Core>
+    QList<Core *> &coresOf();
+
+    // The editor's check before it saves, see configcheck.h. Both pointers may be null.
+    bool check(const QUARRY::RtlNetlist *netlist, QString *errors) const;
+    QList<StaleSignal> staleSignals(const QUARRY::RtlNetlist &netlist) const;
+    FileFindings judge(const QUARRY::RtlNetlist &netlist) const; // by both
+
+private:
+    Configuration(const Configuration &);
+    Configuration &operator=(const Configuration &);
+
+    void deleteCores();
+
+    JEX::JexMode m_mode;
+    QList<JEX::AoCore *> m_standard;
+    QList<JEX::AOCore_Lite *> m_lite;
+};
+
+template <>
+inline QList<JEX::AoCore *> &Configuration::coresOf<JEX::AoCore>()
+{
+    return m_standard;
+}
+
+template <>
+inline QList<JEX::AOCore_Lite *> &Configuration::coresOf<JEX::AOCore_Lite>()
+{
+    return m_lite;
+}
+
+} // namespace RTLJEX
