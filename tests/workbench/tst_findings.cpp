@@ -3,29 +3,16 @@
 #include <QtTest>
 
 #include "host/editorregistry.h"
+#include "host/filewizard.h"
+#include "host/iview.h"
+#include "host/pluginmanager.h"
 #include "host/viewmanager.h"
-#include "signals/signalrows.h"
-#include "signals/signaltreewidget.h"
 #include "tests/support/workspace.h"
-#include "views/jexliteinserterview.h"
-#include "views/jexstandardinserterview.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
 #include "workbench/workspace.h"
 
 namespace {
-
-bool openInEditor(const QString &file, const DEV::DeviceArg &)
-{
-    RTLJEX::JexInserterView *view = nullptr;
-    if (JEX::jexModeFromJexConfigFile(file) == JEX::LiteMode)
-        view = new RTLJEX::JexLiteInserterView(nullptr);
-    else
-        view = new RTLJEX::JexStandardInserterView(nullptr);
-    const bool opened = view->open(file, QString(), nullptr);
-    Core::ViewManager::instance()->showView(view);
-    return opened;
-}
 
 const char standardFile[] = R"(<jexconfig version="1" mode="Standard">
 <core number="0" clock="top/clk"><signals/></core>
@@ -46,6 +33,19 @@ class FindingsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        QString error;
+        QVERIFY2(m_plugins.load(PLUGIN_FILE, &error), qPrintable(error));
+        QCOMPARE(m_plugins.initialize(), QStringList());
+    }
+    void cleanupTestCase()
+    {
+        Core::FileWizardRegistry::clear();
+        Core::EditorRegistry::clear();
+        m_plugins.shutDown();
+    }
+
     void listsAndShows_data()
     {
         QTest::addColumn<QByteArray>("text");
@@ -73,7 +73,6 @@ private Q_SLOTS:
         const QString source = dir.write("top.v", counterDesign);
         const QString project =
             dir.write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
-        Core::EditorRegistry::announce("zub", openInEditor);
         Workbench::MainWindow window(nullptr);
         window.show();
         QVERIFY(window.workspace()->openProject(project));
@@ -114,6 +113,8 @@ private:
         const QString row = tree && tree->currentItem() ? tree->currentItem()->text(0) : QString();
         return focused->objectName() + (focused->isVisible() ? ": " : " (hidden): ") + row;
     }
+
+    ExtSys::PluginManager m_plugins;
 };
 
 QTEST_MAIN(FindingsTest)
