@@ -1,5 +1,7 @@
 #include "elaboration/reading/ghdltree.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <charconv>
 
@@ -32,6 +34,28 @@ GhdlTreeLine::GhdlTreeLine(std::string_view line)
 bool GhdlTreeLine::isOf(std::string_view kinds) const
 {
     return kind.size() >= kinds.size() && kind.substr(kind.size() - kinds.size()) == kinds;
+}
+
+bool findGhdlName(const char *name, const QString &treeFile, QString &place)
+{
+    QFile file(treeFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray reference = QByteArray("simple_name \"") + name + '"';
+    bool isFound = false;
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine();
+        if (!isFound) {
+            isFound = line.contains(reference);
+            continue;
+        }
+        const GhdlTreeLine member(std::string_view(line.constData(), size_t(line.size())));
+        if (member.role != "location")
+            continue;
+        place = QString::fromUtf8(member.value.data(), int(member.value.size())).trimmed();
+        break;
+    }
+    return isFound;
 }
 
 int ghdlNumber(std::string_view digits)

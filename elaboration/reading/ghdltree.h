@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <string_view>
 
 namespace QUARRY {
@@ -22,6 +24,10 @@ struct GhdlTreeLine
     std::string_view value;            // all behind the role
     int id = 0;
 };
+
+// Whether anything in that tree refers to that name, in small letters; the place of the first that does:
+// "file:line:column" as GHDL saw it.
+bool findGhdlName(const char *name, const QString &treeFile, QString &place);
 
 int ghdlNumber(std::string_view digits);
 

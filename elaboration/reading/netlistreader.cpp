@@ -34,6 +34,10 @@ bool NetlistReader::readSlice()
     do {
         if (!readPiece())
             return false;
+        if (m_error.isEmpty())
+            m_error = m_work->builder.overflow();
+        if (!m_error.isEmpty())
+            return false;
     } while (clock.elapsed() < sliceMs);
     return true;
 }
@@ -58,9 +62,8 @@ bool NetlistReader::readPiece()
     case Work::Tree:
         break;
     }
-    const bool more = m_work->tree.addNode();
     m_error = m_work->tree.error();
-    return more;
+    return m_work->tree.addNode();
 }
 
 bool NetlistReader::load()

@@ -164,6 +164,8 @@ bool NetlistTree::addScopeChild(Level &level)
         return false;
     const VerilatorChild &child = level.scope->children[level.child];
     const int count = child.isArray ? qAbs(child.left - child.right) + 1 : 1;
+    if (level.element == 0)
+        m_builder.expectInstances(count);
     const int i = level.element++;
     if (level.element == count) {
         level.element = 0;

@@ -235,17 +235,19 @@ void VerilatorDesign::openModule(VerilatorModule &module)
 
 void VerilatorDesign::closeModule(VerilatorModule &module)
 {
-    const VerilatorTies ties(*m_types, module);
-    if (ties.anyConstant()) {
-        module.contested = ties.contested();
-        module.hasContested = true;
-        module.tied = ties.inEveryInstance();
-    }
     module.body->builderModule = m_builder.addModule(module.body->decl);
     module.body->decl = ModuleDecl();
     for (const std::unique_ptr<VerilatorScope> &scope : module.generates) {
         scope->builderModule = m_builder.addModule(scope->decl);
         scope->decl = ModuleDecl();
+    }
+    if (!m_builder.overflow().isEmpty())
+        return;
+    const VerilatorTies ties(*m_types, module);
+    if (ties.anyConstant()) {
+        module.contested = ties.contested();
+        module.hasContested = true;
+        module.tied = ties.inEveryInstance();
     }
 }
 

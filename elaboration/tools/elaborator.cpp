@@ -5,6 +5,8 @@
 #include <QRegExp>
 #include <QSet>
 
+#include "elaboration/tools/confinement.h"
+#include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
 
 namespace QUARRY {
@@ -50,6 +52,13 @@ void Elaborator::start()
 
 void Elaborator::begin()
 {
+    const QString fault = confinementFault();
+    if (!fault.isEmpty())
+        m_result->lists.messages.append(
+            QLatin1String("WARNING: The tools that read the design run with your rights, since ") + fault +
+            QLatin1String(
+                ". VHDL is therefore not started, and its signals are shown as GHDL translates them. "
+                "Install Debian's package bubblewrap."));
     if (checkSources())
         readVhdl();
     else
@@ -69,7 +78,8 @@ bool Elaborator::checkSources()
                      QLatin1String(" cannot be read. Remove it from the project or restore it."));
         m_result->filesRead.append(source.path);
     }
-    return m_result->lists.messages.isEmpty();
+    m_result->lists.messages += specialIncludes(m_verilator.files(), m_verilator.folders());
+    return !m_result->lists.anyError();
 }
 
 void Elaborator::readVhdl()

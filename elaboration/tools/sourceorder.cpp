@@ -1,6 +1,9 @@
 #include "elaboration/tools/sourceorder.h"
 
+#include <QByteArrayMatcher>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegExp>
 #include <QSet>
@@ -63,6 +66,20 @@ SourceWords wordsOf(const QString &path, SourceLanguage language)
     collect(text, "\\b\\w+\\.(\\w+)", words.uses);
     collect(text, "\\b(?:body|of)\\s+(\\w+)\\s+is\\b", words.uses);
     return words;
+}
+
+// What stands between quotes or angle brackets behind the directive; empty for a macro.
+QString includedName(const QByteArray &text, int from)
+{
+    while (from < text.size() && (text.at(from) == ' ' || text.at(from) == '\t'))
+        ++from;
+    if (from >= text.size() || (text.at(from) != '"' && text.at(from) != '<'))
+        return QString();
+    const int end = text.indexOf(text.at(from) == '"' ? '"' : '>', from + 1);
+    const int lineEnd = text.indexOf('\n', from);
+    if (end < 0 || (lineEnd >= 0 && lineEnd < end))
+        return QString();
+    return QString::fromUtf8(text.mid(from + 1, end - from - 1));
 }
 
 class Sorter
@@ -133,13 +150,45 @@ QSet<QString> includedNames(const QStringList &files)
     return names;
 }
 
+QStringList specialIncludes(const QStringList &files, const QStringList &folders)
+{
+    QStringList faults;
+    QStringList waiting = files;
+    QSet<QString> seen = files.toSet();
+    const QByteArrayMatcher directive("`include");
+    while (!waiting.isEmpty()) {
+        const QString path = waiting.takeFirst();
+        QFile file(path);
+        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray text = file.readAll();
+        for (int at = directive.indexIn(text); at >= 0; at = directive.indexIn(text, at + 1)) {
+            const QString name = includedName(text, at + 8);
+            for (const QString &folder : QStringList(QFileInfo(path).absolutePath()) + folders) {
+                const QString included = QDir::cleanPath(QDir(folder).absoluteFilePath(name));
+                const QFileInfo info(included);
+                if (name.isEmpty() || seen.contains(included) || !info.exists() || info.isDir())
+                    continue;
+                seen.insert(included);
+                waiting.append(included);
+                if (!info.isFile())
+                    faults.append(QLatin1String("ERROR: ") + path + QLatin1String(" includes ") + included +
+                                  QLatin1String(", which is no regular file."));
+            }
+        }
+    }
+    return faults;
+}
+
 VhdlNames vhdlNames(const QString &path)
 {
     VhdlNames names;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return names;
-    const QString text = withoutComments(file.readAll(), VhdlSource);
+    const QByteArray source = file.readAll();
+    names.mentionsForeign = source.toLower().contains("foreign");
+    const QString text = withoutComments(source, VhdlSource);
     QRegExp entity(QLatin1String("\\bentity\\s+(\\w+)\\s+is\\b"), Qt::CaseInsensitive);
     for (int at = entity.indexIn(text); at >= 0; at = entity.indexIn(text, at + 1))
         names.entities.append(entity.cap(1));

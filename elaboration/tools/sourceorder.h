@@ -16,11 +16,16 @@ QStringList orderedByUse(const QStringList &files, SourceLanguage language);
 // The last parts of the names that Verilog files include: "part.vh" of `include "sub/part.vh".
 QSet<QString> includedNames(const QStringList &files);
 
+// Sentences about what Verilog files include, directly or through others, that is no file: a tool would wait
+// at a pipe or read a device without end. `folders` are those in which includes are looked for.
+QStringList specialIncludes(const QStringList &files, const QStringList &folders);
+
 // The entities that a VHDL file declares, and the names of those that it instantiates in lower case.
 struct VhdlNames
 {
     QStringList entities;
     QSet<QString> instantiated;
+    bool mentionsForeign = false; // anywhere, in any spelling
 };
 VhdlNames vhdlNames(const QString &file);
 

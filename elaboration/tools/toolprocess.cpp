@@ -1,55 +1,85 @@
 #include "elaboration/tools/toolprocess.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTimer>
 
-#ifdef Q_OS_UNIX
+#include "elaboration/tools/confinement.h"
+#include "elaboration/tools/toollimits.h"
+
 #include <signal.h>
-#include <unistd.h>
-#endif
-#ifdef Q_OS_LINUX
 #include <sys/prctl.h>
-#endif
+#include <unistd.h>
 
 namespace QUARRY {
 
 class GroupProcess : public QProcess
 {
 public:
+    ToolLimits limits;
+    ToolRights rights = ConfinedTool;
+
+    // The leader may be over: its group goes on as long as one is left in it.
     void killGroup()
     {
-#ifdef Q_OS_UNIX
-        const Q_PID leader = pid();
-        if (leader > 0)
-            ::kill(-leader, SIGKILL);
-#endif
+        if (m_group > 0)
+            ::kill(-m_group, SIGKILL);
+        m_group = 0;
+        if (state() == NotRunning)
+            return;
         kill();
         waitForFinished(1000);
     }
 
+    void noteStart() { m_group = pid_t(pid()); }
+
 protected:
     void setupChildProcess() override
     {
-#ifdef Q_OS_UNIX
         ::setpgid(0, 0);
-#endif
-#ifdef Q_OS_LINUX
         ::prctl(PR_SET_PDEATHSIG, SIGKILL); // an editor that crashes leaves no tool behind
-#endif
+        prepareToolProcess(limits, rights);
     }
+
+private:
+    pid_t m_group = 0;
 };
 
 namespace {
 
-const int maxKeptBytes = 64 << 20; // a tool that writes without end must not fill the memory
-
 int secondsOf(const ToolCall &call)
 {
     return call.seconds > 0 ? qMin(call.seconds, toolTimeLimit()) : toolTimeLimit();
+}
+
+QString megabytes(qint64 bytes)
+{
+    return QString::number(bytes >> 20) + QLatin1String(" MB");
+}
+
+qint64 sizeOf(const QString &folder)
+{
+    qint64 bytes = 0;
+    QDirIterator entries(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        entries.next();
+        bytes += entries.fileInfo().size();
+    }
+    return bytes;
+}
+
+bool speaksOfMemory(const QByteArray &errors)
+{
+    for (const char *words :
+         {"bad_alloc", "STORAGE_ERROR", "heap exhausted", "ut of memory", "annot allocate"}) {
+        if (errors.contains(words))
+            return true;
+    }
+    return false;
 }
 
 QString missingMessage(const ToolCall &call, const QString &reason)
@@ -60,12 +90,38 @@ QString missingMessage(const ToolCall &call, const QString &reason)
            QLatin1String(" name the program.");
 }
 
+// "ERROR: GHDL did not end within 30 seconds and was stopped while it read VHDL entity uart."
+QString limitMessage(const ToolCall &call, const QString &excess, const QString &remedy)
+{
+    const QString work = call.subject.isEmpty() ? QString() : QLatin1String(" while it read ") + call.subject;
+    return QLatin1String("ERROR: ") + call.name + QLatin1Char(' ') + excess + work + QLatin1String(". ") +
+           remedy;
+}
+
 QString hungMessage(const ToolCall &call)
 {
-    return QString::fromLatin1("ERROR: ") + call.name + QLatin1String(" did not end within ") +
-           QString::number(toolTimeLimit()) +
-           QLatin1String(" seconds and was stopped. If the design needs longer, set JEX_TOOL_TIMEOUT to a "
-                         "larger number of seconds.");
+    return limitMessage(
+        call,
+        QLatin1String("did not end within ") + QString::number(secondsOf(call)) +
+            QLatin1String(" seconds and was stopped"),
+        QLatin1String("If the design needs longer, set JEX_TOOL_TIMEOUT to a larger number of "
+                      "seconds."));
+}
+
+QString memoryMessage(const ToolCall &call, qint64 limit)
+{
+    return limitMessage(
+        call,
+        QLatin1String("needed more memory than the ") + megabytes(limit) + QLatin1String(" that it may take"),
+        QLatin1String("Look for a range or a loop that is too large. If the design needs more, "
+                      "set JEX_TOOL_MEMORY to a larger number of MB."));
+}
+
+QString writtenMessage(const ToolCall &call, const QString &what, qint64 limit)
+{
+    return limitMessage(
+        call, QLatin1String("wrote more than ") + megabytes(limit) + what + QLatin1String(" and was stopped"),
+        QLatin1String("Look for the source that causes it by leaving files out."));
 }
 
 QString diedMessage(const ToolCall &call, const QByteArray &errors)
@@ -83,35 +139,62 @@ QString diedMessage(const ToolCall &call, const QByteArray &errors)
 
 ToolRun::ToolRun(const ToolCall &call) : m_call(call), m_process(new GroupProcess)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (!call.environment.isEmpty())
-        environment.insert(call.environment.section(QLatin1Char('='), 0, 0),
-                           call.environment.section(QLatin1Char('='), 1));
+    const QString fault = call.runsSources ? confinementFault() : QString();
+    const QString named = call.program;
+    const QFileInfo program(named.contains(QLatin1Char('/')) ? named : findProgram(named));
+    m_call.program = program.absoluteFilePath();
+    if (!program.isFile())
+        end(ToolResult::Missing, missingMessage(call, QLatin1String("there is no such file")));
+    else if (!program.isExecutable())
+        end(ToolResult::Missing, missingMessage(call, QLatin1String("it is not executable")));
+    else if (!fault.isEmpty())
+        end(ToolResult::Stopped, QLatin1String("ERROR: ") + call.name + QLatin1String(" is not run, since ") +
+                                     fault + QLatin1Char('.'));
+    else
+        start();
+}
+
+void ToolRun::start()
+{
+    QProcessEnvironment environment;
+    for (const QString &variable : toolEnvironment(m_call))
+        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
     m_process->setProcessEnvironment(environment);
-    m_process->setWorkingDirectory(call.workingDir);
-    if (!call.outputFile.isEmpty())
-        m_process->setStandardOutputFile(call.outputFile);
-    if (!call.errorFile.isEmpty())
-        m_process->setStandardErrorFile(call.errorFile);
+    m_process->setWorkingDirectory(m_call.workingDir);
+    if (!m_call.outputFile.isEmpty())
+        m_process->setStandardOutputFile(m_call.outputFile);
+    if (!m_call.errorFile.isEmpty())
+        m_process->setStandardErrorFile(m_call.errorFile);
+    m_process->limits.memoryBytes = toolMemoryLimit();
+    m_process->limits.fileBytes = toolDiskLimit();
+    m_process->limits.cpuSeconds = secondsOf(m_call) + 5; // should nobody be left to look at the clock
     connect(m_process.get(), SIGNAL(readyReadStandardOutput()), SLOT(readOutput()));
     connect(m_process.get(), SIGNAL(readyReadStandardError()), SLOT(readOutput()));
     connect(m_process.get(), SIGNAL(finished(int, QProcess::ExitStatus)), SLOT(noteEnd()));
-    m_process->start(call.program, call.arguments, QIODevice::ReadOnly);
-    if (!m_process->waitForStarted(-1)) {
-        end(ToolResult::Missing, missingMessage(m_call, m_process->errorString()));
-        return;
-    }
+    QStringList command = QStringList(m_call.program) + m_call.arguments;
+    if (confinementFault().isEmpty())
+        command = confinedCommand(m_call);
+    else
+        m_process->rights = m_call.evaluatesSources ? ReadingTool : OwnRights;
+    const QString first = command.takeFirst();
+    m_process->start(first, command, QIODevice::ReadOnly);
+    if (!m_process->waitForStarted(-1))
+        return end(ToolResult::Missing, missingMessage(m_call, m_process->errorString()));
+    m_process->noteStart();
     m_process->closeWriteChannel();
     QTimer *limit = new QTimer(this);
     limit->setSingleShot(true);
     connect(limit, SIGNAL(timeout()), SLOT(noteTimeLimit()));
-    limit->start(secondsOf(call) * 1000);
+    limit->start(secondsOf(m_call) * 1000);
+    QTimer *watch = new QTimer(this);
+    connect(watch, SIGNAL(timeout()), SLOT(measureFolder()));
+    watch->start(200);
 }
 
 ToolRun::~ToolRun()
 {
-    if (m_process->state() != QProcess::NotRunning)
-        m_process->killGroup();
+    m_process->disconnect(this);
+    m_process->killGroup();
 }
 
 void ToolRun::readOutput()
@@ -120,32 +203,71 @@ void ToolRun::readOutput()
         return; // both channels go into files
     m_result.output += m_process->readAllStandardOutput();
     m_result.errors += m_process->readAllStandardError();
-    m_result.output.truncate(maxKeptBytes);
-    m_result.errors.truncate(maxKeptBytes);
+    if (m_result.output.size() > maxToolMessageBytes || m_result.errors.size() > maxToolMessageBytes)
+        stop(writtenMessage(m_call, QLatin1String(" of messages"), maxToolMessageBytes));
+}
+
+void ToolRun::measureFolder()
+{
+    if (sizeOf(m_call.writableFolder) > m_process->limits.fileBytes)
+        stop(writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
+}
+
+void ToolRun::noteTimeLimit()
+{
+    if (m_process->state() != QProcess::NotRunning)
+        stop(hungMessage(m_call));
+}
+
+void ToolRun::stop(const QString &reason)
+{
+    m_process->disconnect(this);
+    m_process->killGroup();
+    m_result.output.clear();
+    m_result.errors.clear();
+    end(ToolResult::Stopped, reason);
+}
+
+// Where a tool that could not have what it needed says so.
+QByteArray ToolRun::lastWords() const
+{
+    const int length = 4096;
+    QFile file(m_call.errorFile);
+    if (m_call.errorFile.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return m_result.errors.right(length);
+    file.seek(qMax(qint64(0), file.size() - length));
+    return file.read(length);
 }
 
 void ToolRun::noteEnd()
 {
     readOutput();
-    m_result.exitCode = m_process->exitCode();
-    if (m_process->exitStatus() == QProcess::NormalExit)
-        end(ToolResult::Finished, QString());
-    else
-        end(ToolResult::Died, diedMessage(m_call, m_result.errors));
-}
-
-void ToolRun::noteTimeLimit()
-{
-    if (m_process->state() == QProcess::NotRunning)
+    if (m_isEnding)
         return;
-    m_process->disconnect(this);
+    // What a tool started goes with it.
     m_process->killGroup();
-    end(ToolResult::Hung, hungMessage(m_call));
+    m_result.exitCode = m_process->exitCode();
+    const bool isGood = m_process->exitStatus() == QProcess::NormalExit;
+    // Bubblewrap, and a shell, tell of a tool that a signal ended by 128 and its number.
+    const int signalNumber = isGood ? m_result.exitCode - 128 : 0;
+    if (m_result.errors.startsWith("bwrap: "))
+        end(ToolResult::Missing,
+            missingMessage(m_call, QString::fromLocal8Bit(m_result.errors.mid(7)).trimmed()));
+    else if (signalNumber == SIGXFSZ)
+        end(ToolResult::Stopped,
+            writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
+    else if ((m_result.exitCode != 0 || !isGood) && speaksOfMemory(lastWords()))
+        end(ToolResult::Stopped, memoryMessage(m_call, m_process->limits.memoryBytes));
+    else if (!isGood || (signalNumber > 0 && signalNumber <= SIGSYS))
+        end(ToolResult::Died, diedMessage(m_call, m_result.errors));
+    else
+        end(ToolResult::Finished, QString());
 }
 
 // Who hears of the end may delete this object, so it is told from the event loop.
 void ToolRun::end(ToolResult::Outcome outcome, const QString &message)
 {
+    m_isEnding = true;
     m_result.outcome = outcome;
     m_result.message = message;
     QMetaObject::invokeMethod(this, "announce", Qt::QueuedConnection);
@@ -157,25 +279,32 @@ void ToolRun::announce()
     Q_EMIT over();
 }
 
-int toolTimeLimit()
+QByteArray programPath()
 {
-    bool ok = false;
-    const int seconds = qgetenv("JEX_TOOL_TIMEOUT").toInt(&ok);
-    return ok && seconds > 0 ? seconds : 600;
+    const QByteArray path = qgetenv("PATH");
+    return path.isEmpty() ? QByteArray("/usr/local/bin:/usr/bin:/bin") : path;
+}
+
+QString findProgram(const QString &name)
+{
+    const QStringList folders = QFile::decodeName(programPath()).split(QLatin1Char(':'));
+    for (const QString &folder : folders) {
+        const QFileInfo file(QDir(folder).absoluteFilePath(name));
+        if (!folder.isEmpty() && file.isFile() && file.isExecutable())
+            return file.absoluteFilePath();
+    }
+    return QString();
 }
 
 QString findTool(const char *variable, const QStringList &names)
 {
-    const QString named = QString::fromLocal8Bit(qgetenv(variable));
+    const QString named = QFile::decodeName(qgetenv(variable));
     if (!named.isEmpty())
         return named;
-    const QStringList folders = QString::fromLocal8Bit(qgetenv("PATH")).split(QLatin1Char(':'));
     for (const QString &name : names) {
-        for (const QString &folder : folders) {
-            const QFileInfo file(QDir(folder).absoluteFilePath(name));
-            if (file.isFile() && file.isExecutable())
-                return file.absoluteFilePath();
-        }
+        const QString program = findProgram(name);
+        if (!program.isEmpty())
+            return program;
     }
     return names.value(0);
 }

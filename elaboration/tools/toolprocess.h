@@ -14,20 +14,24 @@ class GroupProcess;
 // One run of an external tool. No shell is involved: every argument reaches the tool as it stands.
 struct ToolCall
 {
-    QString name;        // as users know it: "Verilator"
-    QString program;     // file, or a name that is looked up in PATH
-    QString variable;    // the environment variable that names another program
-    QString environment; // NAME=VALUE added to the tool's environment; may be empty
-    QString workingDir;  // must exist
-    QString outputFile;  // takes the standard output instead of ToolResult::output; may be empty
-    QString errorFile;   // likewise for the standard error
+    QString name;           // as users know it: "Verilator"
+    QString program;        // file, or a name that is looked up in PATH
+    QString variable;       // the environment variable that names another program
+    QString environment;    // NAME=VALUE added to the tool's environment; may be empty
+    QString workingDir;     // must exist
+    QString writableFolder; // the only one it can write to
+    QString subject;        // "VHDL entity uart", what it works on, for sentences about limits
+    QString outputFile;     // takes the standard output instead of ToolResult::output; may be empty
+    QString errorFile;      // likewise for the standard error
     QStringList arguments;
-    int seconds = 0; // that it may take at most; 0: toolTimeLimit()
+    int seconds = 0;               // that it may take at most; 0: toolTimeLimit()
+    bool evaluatesSources = false; // calls their functions: may write nothing where it cannot be confined
+    bool runsSources = false;      // simulates: is not started where it cannot be confined
 };
 
 struct ToolResult
 {
-    enum Outcome { Finished, Missing, Died, Hung };
+    enum Outcome { Finished, Missing, Died, Stopped };
     Outcome outcome = Finished;
     int exitCode = 0; // some tools report findings through it: their callers judge it
     QByteArray output;
@@ -37,8 +41,9 @@ struct ToolResult
     bool isGood() const { return outcome == Finished && exitCode == 0; }
 };
 
-// A started tool, with a group of processes of its own that is killed as a whole when it takes longer than
-// it may, or with this object. What it writes is read while events are handled.
+// A started tool: confined where that can be had (see confinement.h), within its limits everywhere, with a
+// group of processes of its own that is killed as a whole when it is over, when it takes more than it may,
+// or with this object. What it writes is read while events are handled.
 class ToolRun : public QObject
 {
     Q_OBJECT
@@ -57,21 +62,26 @@ private Q_SLOTS:
     void readOutput();
     void noteEnd();
     void noteTimeLimit();
+    void measureFolder();
     void announce();
 
 private:
+    void start();
+    QByteArray lastWords() const;
+    void stop(const QString &reason);
     void end(ToolResult::Outcome outcome, const QString &message);
 
     ToolCall m_call;
     ToolResult m_result;
     std::unique_ptr<GroupProcess> m_process;
-    bool m_isOver = false;
+    bool m_isEnding = false; // the result is known
+    bool m_isOver = false;   // and told
 };
-
-// Seconds that a tool may take: 600, or what the environment variable JEX_TOOL_TIMEOUT says.
-int toolTimeLimit();
 
 // What `variable` names when it is set, or else the first of `names` that is in PATH, or else the first.
 QString findTool(const char *variable, const QStringList &names);
+// The absolute path of that program in PATH; empty when there is none.
+QString findProgram(const QString &name);
+QByteArray programPath(); // PATH, or the usual folders when it is not set
 
 } // namespace QUARRY

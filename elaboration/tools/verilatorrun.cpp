@@ -145,6 +145,8 @@ ToolCall VerilatorRun::call(const QStringList &extra) const
     call.program = program();
     call.environment = rootSetting(call.program);
     call.workingDir = m_workingDir;
+    call.writableFolder = m_scratch.path();
+    call.subject = QLatin1String("the Verilog sources");
     call.arguments = verilatorReadFlags();
     call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << optionArguments()
                    << files;

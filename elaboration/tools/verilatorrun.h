@@ -33,6 +33,7 @@ public:
     QString xmlFile() const;
     QString treeFile() const;
     QString workingDir() const { return m_workingDir; }
+    QStringList files() const { return m_files; }     // the user's own
     QStringList folders() const { return m_folders; } // where the tool looks for files
     static QString program();
 

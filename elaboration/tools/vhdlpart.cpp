@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QRegExp>
 
+#include "elaboration/reading/ghdltree.h"
+#include "elaboration/tools/confinement.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
@@ -79,6 +81,8 @@ ToolCall VhdlPart::call(const QStringList &arguments) const
         findTool("JEX_GHDL", QStringList() << QLatin1String("ghdl-mcode") << QLatin1String("ghdl-llvm")
                                            << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
     call.workingDir = m_scratch.path();
+    call.writableFolder = m_scratch.path();
+    call.subject = QLatin1String("the VHDL sources");
     call.arguments = arguments;
     call.arguments.insert(1, QLatin1String("--std=08"));
     call.arguments.insert(2, QLatin1String("-frelaxed"));
@@ -158,6 +162,7 @@ void VhdlPart::scanSources()
             m_entities.insert(entity.toLower(), entity);
         }
         m_used += names.instantiated;
+        m_mentionsForeign = m_mentionsForeign || names.mentionsForeign;
     }
 }
 
@@ -182,6 +187,8 @@ void VhdlPart::translate(QStringList entities, bool areOptional, const std::func
     m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_entities.value(entity));
     ToolCall synthesis = call(QStringList() << QLatin1String("--synth") << QLatin1String("--latches")
                                             << QLatin1String("--out=verilog") << entity);
+    synthesis.evaluatesSources = true;
+    synthesis.subject = QLatin1String("VHDL entity ") + m_entities.value(entity);
     synthesis.outputFile = m_scratch.file(QLatin1String("entity.v"));
     m_runner.run(synthesis, [=](const ToolResult &result) {
         if (!takeTranslation(entity, result, areOptional))
@@ -243,16 +250,58 @@ void VhdlPart::finishTree(const std::function<void()> &then) const
 // simulation has them all. Without it, for whatever reason, the translation is shown as it is.
 void VhdlPart::recordScopes(const QString &entity, const std::function<void()> &then)
 {
+    if (!m_mentionsForeign)
+        return simulate(entity, then);
+    finishTree([=] {
+        judgeForeign();
+        simulate(entity, then);
+    });
+}
+
+// A foreign subprogram or architecture is code from a library of the system, which a simulator calls with
+// whatever the source says. The word in the text may be any; the tree tells where it is a name.
+void VhdlPart::judgeForeign()
+{
+    m_mentionsForeign = false;
+    QString place;
+    m_mayRun = m_tree->result().isGood() && !findGhdlName("foreign", treeFile(), place);
+    if (m_mayRun)
+        return;
+    place = place.isEmpty() ? QString() : realPlace(place);
+    m_messages.append(QLatin1String("WARNING: ") + place +
+                      QLatin1String("The attribute foreign can run code from outside the design. The VHDL is "
+                                    "therefore not started, and its signals are shown as GHDL translates "
+                                    "them."));
+}
+
+// "/path/a.vhd:12: " of GHDL's "link3.vhd:12:5"
+QString VhdlPart::realPlace(const QString &place) const
+{
+    ToolMessage message;
+    message.file = place.section(QLatin1Char(':'), 0, -3);
+    return realFile(message, m_names, m_scratch.path()) + QLatin1Char(':') +
+           place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
+}
+
+void VhdlPart::simulate(const QString &entity, const std::function<void()> &then)
+{
+    if (!m_mayRun || !confinementFault().isEmpty())
+        return then();
     const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_waveforms.size()) +
                                         QLatin1String(".vcd"));
     ToolCall simulation =
         call(QStringList() << QLatin1String("--elab-run") << entity << QLatin1String("--stop-time=0ns")
                            << QLatin1String("--stop-delta=0") << QLatin1String("--vcd=") + file);
+    simulation.subject = QLatin1String("the first moment of VHDL entity ") + m_entities.value(entity);
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
     simulation.seconds = 30;
+    simulation.runsSources = true;
     m_runner.run(simulation, [=](const ToolResult &result) {
         if (result.outcome == ToolResult::Finished)
             m_waveforms.insert(entity, file);
+        else if (result.outcome == ToolResult::Stopped)
+            m_messages.append(
+                QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
         then();
     });
 }

@@ -54,6 +54,9 @@ private:
     void translate(QStringList entities, bool areOptional, const std::function<void(bool)> &then);
     bool takeTranslation(const QString &entity, const ToolResult &result, bool isOptional);
     void recordScopes(const QString &entity, const std::function<void()> &then);
+    void simulate(const QString &entity, const std::function<void()> &then);
+    void judgeForeign();
+    QString realPlace(const QString &place) const;
     void scanSources();
     QStringList roots() const;
     bool isVhdl(const DesignDump &dump, const DumpCell &cell) const; // what instantiates it
@@ -77,6 +80,8 @@ private:
     QSet<QString> m_used;               // entities that others instantiate, lower case
     QHash<QString, QString> m_modules;  // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
+    bool m_mentionsForeign = false;
+    bool m_mayRun = true;
     ToolRun *m_tree = nullptr; // the runner's; null before the sources are read
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates

@@ -13,8 +13,29 @@ NetlistBuilder::~NetlistBuilder() = default;
 
 int NetlistBuilder::addModule(const ModuleDecl &module)
 {
-    m_netlist->m_modules.push_back(std::make_unique<RtlModule>(module));
+    qint64 bits = 0;
+    for (const NetDecl &net : module.nets)
+        bits += net.isBus ? qAbs(qint64(net.left) - net.right) + 1 : 1;
+    ModuleDecl kept;
+    kept.name = module.name;
+    if (bits > maxNets)
+        m_overflow =
+            QString::fromLatin1("ERROR: Module %1 has %2 nets, and a design can have %3 here. Look for a "
+                                "range that is too large in it.")
+                .arg(module.name, QString::number(bits), QString::number(maxNets));
+    else
+        kept.nets = module.nets;
+    m_netlist->m_modules.push_back(std::make_unique<RtlModule>(kept));
     return int(m_netlist->m_modules.size()) - 1;
+}
+
+void NetlistBuilder::expectInstances(qint64 count)
+{
+    if (qint64(m_netlist->m_nodes.size()) + count > maxInstances)
+        m_overflow =
+            QString::fromLatin1("ERROR: The design has more than %1 instances. Look for a loop or an array "
+                                "of instances that is too large.")
+                .arg(maxInstances);
 }
 
 Hierachy *NetlistBuilder::addTop(const QString &instanceName, int module)
@@ -26,6 +47,13 @@ Hierachy *NetlistBuilder::addTop(const QString &instanceName, int module)
 Hierachy *NetlistBuilder::addInstance(Hierachy *parent, const QString &instanceName, int module)
 {
     const RtlModule &declarations = *m_netlist->m_modules[size_t(module)];
+    expectInstances(1);
+    m_netCount += declarations.slotCount();
+    if (m_netCount > maxNets)
+        m_overflow =
+            QString::fromLatin1("ERROR: The design has more than %1 nets. Look for a range, a loop or an "
+                                "array that is too large.")
+                .arg(maxNets);
     m_netlist->m_nodes.emplace_back();
     Hierachy *node = &m_netlist->m_nodes.back();
     node->instanceName = instanceName;
@@ -37,7 +65,8 @@ Hierachy *NetlistBuilder::addInstance(Hierachy *parent, const QString &instanceN
         node->m_path = parent->m_path + QLatin1Char('/') + instanceName;
         parent->children.append(node);
     }
-    fill(node, declarations);
+    if (m_overflow.isEmpty())
+        fill(node, declarations);
     return node;
 }
 

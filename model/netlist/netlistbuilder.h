@@ -31,6 +31,15 @@ public:
     NetlistBuilder();
     ~NetlistBuilder();
 
+    // What a design may have at most, so that a source with a range or a loop that is too large does not take
+    // the memory: a net costs about 50 bytes, an instance 200. The large design of the benchmark has
+    // 1,000,000 nets.
+    static const qint64 maxNets = qint64(1) << 25;
+    static const qint64 maxInstances = qint64(1) << 22;
+    // A sentence that begins with "ERROR" once something was left out because it is more; else empty.
+    const QString &overflow() const { return m_overflow; }
+    void expectInstances(qint64 count); // that many will come, unless it is too many
+
     int addModule(const ModuleDecl &module);
     Hierachy *addTop(const QString &instanceName, int module); // once
     Hierachy *addInstance(Hierachy *parent, const QString &instanceName, int module);
@@ -48,6 +57,8 @@ private:
     void fill(Hierachy *node, const RtlModule &module);
 
     std::unique_ptr<RtlNetlist> m_netlist;
+    qint64 m_netCount = 0;
+    QString m_overflow;
 };
 
 } // namespace QUARRY

@@ -4,6 +4,8 @@
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 
+#include <QRegularExpression>
+
 // The sources of one design, in a folder of their own.
 class Sources : public Folder
 {
@@ -13,6 +15,11 @@ public:
         const QString file = write(name, "#!/bin/sh\n" + text + "\n");
         QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
         return file;
+    }
+
+    QStringList files() const
+    {
+        return QDir(path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
     }
 
     // The language goes by the suffix.
@@ -29,6 +36,14 @@ public:
         return input;
     }
 };
+
+// In the pattern * stands for any text, such as a tool's own words.
+inline bool fits(const QString &text, const QString &pattern)
+{
+    const QString expression = QRegularExpression::escape(pattern).replace("\\*", ".*");
+    const QRegularExpression whole("^" + expression + "$", QRegularExpression::DotMatchesEverythingOption);
+    return whole.match(text).hasMatch();
+}
 
 // One line for each node, "top/u0:uart clk tied! data[7:0]!5!4": what an exclamation mark follows is
 // excluded.

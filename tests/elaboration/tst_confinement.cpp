@@ -1,0 +1,252 @@
+#include "elaboration/tools/confinement.h"
+#include "tests/elaboration/sources.h"
+#include "tests/support/tablerow.h"
+
+#include <QtTest>
+
+#include <memory>
+#include <sys/stat.h>
+
+using namespace QUARRY;
+
+namespace {
+
+// Each entity has a port x and a signal s; the rest tries what a source must not be able to do. @ is the
+// folder of the sources.
+QByteArray entity(const QByteArray &declarations, const QByteArray &statements)
+{
+    return "library std; use std.textio.all;\nentity t is port (x : in bit); end;\narchitecture a of t is\n" +
+           declarations + "signal s : bit;\nbegin s <= x;\n" + statements + "end;\n";
+}
+
+const char writer[] = "impure function f return natural is file h : text; variable l : line; begin\n"
+                      "file_open(h, \"@owned\", write_mode); write(l, string'(\"x\")); writeline(h, l);\n"
+                      "file_close(h); return 0; end;\n";
+const char shell[] = "function f(c : string) return integer;\n"
+                     "attribute Foreign of f : function is \"VHPIDIRECT libc.so.6 system\";\n"
+                     "function f(c : string) return integer is begin return 0; end;\n";
+
+} // namespace
+
+// What a source can do to the machine and to its user while it is read: nothing.
+class ConfinementTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_sources.reset(new Sources);
+        m_path = qgetenv("PATH");
+        QVERIFY(QDir().mkpath(m_sources->path("tmp")));
+        qputenv("TMPDIR", m_sources->path("tmp").toUtf8());
+    }
+
+    void cleanup()
+    {
+        for (const char *name :
+             {"JEX_VERILATOR", "JEX_TOOL_MEMORY", "JEX_TOOL_DISK", "JEX_TOOL_TIMEOUT", "TMPDIR"})
+            qunsetenv(name);
+        qputenv("PATH", m_path);
+    }
+
+    void keepsSourcesIn_data()
+    {
+        textColumns("source", "setting", "message", "design");
+        const QString whole = "t:t x s", translated = "t:t x"; // which drops what nothing reads
+        const QByteArray off = "-- synthesis translate_off\n", on = "-- synthesis translate_on\n";
+        const QString foreign = "The attribute foreign can run code from outside the design. *";
+        row("writes where both look", entity(writer + QByteArray("constant c : natural := f;\n"), ""), "",
+            "ERROR: @t.vhd:5: cannot open file: @owned", "");
+        row("writes in an initial value",
+            entity(writer + off + QByteArray("signal n : natural := f;\n") + on, ""), "", "", translated);
+        row("writes in a process",
+            entity(writer, off + "process variable n : natural; begin n := f; wait; end process;\n" + on), "",
+            "", whole);
+        row("runs a shell",
+            entity(shell + off + QByteArray("signal n : integer := f(\"touch @owned\" & nul);\n") + on, ""),
+            "", "WARNING: @t.vhd:5: " + foreign, translated);
+        row("only speaks of it", entity("-- foreign\nsignal \\Foreign\\ : bit; -- names no attribute\n", ""),
+            "", "", "t:t x Foreign s");
+        row("loops", entity("", off + "process begin loop null; end loop; wait; end process;\n" + on),
+            "JEX_TOOL_TIMEOUT=3",
+            "WARNING: GHDL did not end within 3 seconds and was stopped while it read the first moment of "
+            "VHDL "
+            "entity t. *",
+            translated);
+        row("allocates",
+            entity("type p is access string;\n",
+                   off +
+                       "process variable v : p; begin loop v := new string(1 to 1000000); end loop; wait; "
+                       "end process;\n" +
+                       on),
+            "JEX_TOOL_MEMORY=400", "", whole);
+        row("repeats itself",
+            "entity u is port (x : in bit); end;\narchitecture a of u is begin end;\n" +
+                entity("",
+                       "g : for i in 0 to 16777215 generate u : entity work.u port map (x); end generate;\n"),
+            "JEX_TOOL_MEMORY=300",
+            "ERROR: GHDL needed more memory than the 300 MB that it may take while it read VHDL entity t. *",
+            "");
+        row("fills the disk",
+            entity("",
+                   off +
+                       "process file h : text; variable l : line; begin file_open(h, \"big\", write_mode);\n"
+                       "loop write(l, string'(1 to 100000 => 'x')); writeline(h, l); end loop; wait; "
+                       "end process;\n" +
+                       on),
+            "JEX_TOOL_DISK=20",
+            "WARNING: GHDL wrote more than 20 MB of files and was stopped while it read the first moment of "
+            "VHDL "
+            "entity t. *",
+            translated);
+        row("reads a secret of ours",
+            entity(
+                off +
+                    "impure function f return natural is file h : text; variable l : line; variable n : "
+                    "natural := "
+                    "0; begin\nfile_open(h, \"/proc/self/environ\", read_mode);\n"
+                    "while not endfile(h) loop readline(h, l); for i in 1 to l'length - 6 loop "
+                    "if l(i to i + 5) = \"SECRET\" then n := 1; end if; end loop; end loop; return n; end;\n"
+                    "signal v : bit_vector(f downto 0);\n" +
+                    on,
+                ""),
+            "SECRET_VALUE=1", "", "t:t x s v[0:0]");
+    }
+
+    void keepsSourcesIn()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, setting);
+        QFETCH(QString, message);
+        QFETCH(QString, design);
+        if (!setting.isEmpty())
+            qputenv(qPrintable(setting.section('=', 0, 0)), setting.section('=', 1).toUtf8());
+        m_sources->write("t.vhd", source.replace("@", m_sources->path("") + "/").toUtf8());
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"t.vhd"}), messages));
+        const QString text = messages.join('\n').replace(m_sources->path("") + "/", "@");
+        QVERIFY2(fits(text, message), qPrintable(text));
+        const QString drawing = drawn(netlist.get()).join('\n');
+        QVERIFY2(fits(drawing, design), qPrintable(drawing));
+        QCOMPARE(m_sources->files(), (QStringList{"t.vhd", "tmp"}));
+        QCOMPARE(QDir(m_sources->path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
+
+    // What a tool that was taken over would find.
+    void confinesTools()
+    {
+        qputenv("SECRET_VALUE", "1");
+        const QByteArray script =
+            "say() { echo \"%Error: $1\" >&2; }\n"
+            "touch '" +
+            m_sources->path("owned").toUtf8() +
+            "' 2>/dev/null && say 'wrote beside the sources'\n"
+            "touch \"$HOME/jex-owned\" /tmp/jex-owned /dev/jex-owned 2>/dev/null && say 'wrote elsewhere'\n"
+            "touch \"$TMPDIR/own\" || say 'cannot write into its folder'\n"
+            "env | grep -q SECRET && say 'knows the environment'\n"
+            "[ -e /dev/zero ] && say 'has devices'\n"
+            "[ \"$(ls -d /proc/[0-9]* | wc -l)\" -lt 12 ] || say 'sees other processes'\n"
+            "[ \"$(grep -c : /proc/net/dev)\" -le 1 ] || say 'has a network'\n"
+            "grep -q 'NoNewPrivs:.1' /proc/self/status || say 'may gain rights'\n"
+            "grep -q 'CapEff:.0000000000000000' /proc/self/status || say 'has capabilities'\n"
+            "grep -q 'Seccomp:.2' /proc/self/status || say 'may call everything'\n"
+            "[ \"$(ls /proc/self/fd | wc -l)\" -le 4 ] || say 'has our files'\n"
+            "say 'is over'\n";
+        qputenv("JEX_VERILATOR", m_sources->script("tool", script).toUtf8());
+        m_sources->write("a.v", "module a; endmodule");
+        const QFile held(m_sources->path("a.v"));
+        QCOMPARE(listModules(m_sources->input({"a.v"})).messages, QStringList("ERROR: is over"));
+        QCOMPARE(m_sources->files(), (QStringList{"a.v", "tmp", "tool"}));
+        qunsetenv("SECRET_VALUE");
+    }
+
+    // Where a tool cannot be confined, what would run the sources is not started, and what evaluates them can
+    // write nothing.
+    void runsNothingUnconfined()
+    {
+        QVERIFY(QDir().mkpath(m_sources->path("bin")));
+        for (const char *tool : {"ghdl-mcode", "verilator_bin"})
+            QFile::link(QStandardPaths::findExecutable(tool), m_sources->path(QString("bin/") + tool));
+        qputenv("PATH", m_sources->path("bin").toUtf8());
+        const QString warning =
+            "WARNING: The tools that read the design run with your rights, since bubblewrap is not "
+            "installed. VHDL is therefore not started, and its signals are shown as GHDL translates "
+            "them. Install Debian's package bubblewrap.";
+        const QByteArray process =
+            "-- synthesis translate_off\nprocess variable n : natural; begin n := f; wait; end "
+            "process;\n-- synthesis translate_on\n";
+        const QStringList texts[] = {{entity(writer, process), warning},
+                                     {entity(writer + QByteArray("constant c : natural := f;\n"), ""),
+                                      warning + "\nERROR: @t.vhd:5: cannot open file: @owned"}};
+        for (const QStringList &text : texts) {
+            m_sources->write("t.vhd", QString(text.at(0)).replace("@", m_sources->path("") + "/").toUtf8());
+            const QStringList messages = listModules(m_sources->input({"t.vhd"})).messages;
+            QCOMPARE(messages.join('\n').replace(m_sources->path("") + "/", "@"), text.at(1));
+            QCOMPARE(m_sources->files(), (QStringList{"bin", "t.vhd", "tmp"}));
+        }
+    }
+
+    void refusesWhatTakesTheMachine_data()
+    {
+        textColumns("source", "message");
+        row("wide", "module t(input [99999999:0] p); endmodule",
+            "ERROR: Module t has 100000000 nets, and a design can have 33554432 here. *");
+        row("many", "module l(input c); endmodule\nmodule t(input c); l u[16777215:0](c); endmodule",
+            "ERROR: The design has more than 4194304 instances. *");
+        row("wide and many",
+            "module l(input [1048575:0] c); endmodule\nmodule t(input [1048575:0] c); l u[99:0](c); "
+            "endmodule",
+            "ERROR: The design has more than 33554432 nets. *");
+        row("device", "`include \"/dev/zero\"\nmodule t(input c); endmodule",
+            "ERROR: @t.v includes /dev/zero, which is no regular file.");
+        row("pipe", "`include \"inner.vh\"\nmodule t(input c); endmodule",
+            "ERROR: @inner.vh includes @pipe.vh, which is no regular file.");
+    }
+
+    void refusesWhatTakesTheMachine()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, message);
+        m_sources->write("t.v", source.toUtf8());
+        m_sources->write("inner.vh", "`include <pipe.vh>");
+        QCOMPARE(mkfifo(qPrintable(m_sources->path("pipe.vh")), 0600), 0);
+        QStringList messages;
+        QVERIFY(!std::unique_ptr<RtlNetlist>(buildNetlist(m_sources->input({"t.v"}), messages)));
+        const QString text = messages.join('\n').replace(m_sources->path("") + "/", "@");
+        QVERIFY2(fits(text, message), qPrintable(text));
+    }
+
+    void stopsFloods_data()
+    {
+        textColumns("script", "message");
+        row("messages", "exec yes >&2",
+            "ERROR: Verilator wrote more than 64 MB of messages and was stopped while it read the Verilog "
+            "sources. *");
+        row("one file", "exec yes > \"$TMPDIR/big\"",
+            "ERROR: Verilator wrote more than 20 MB of files and was stopped while it read the Verilog "
+            "sources. *");
+        row("many files", "i=0; while :; do i=$((i+1)); head -c 4000000 /bin/bash > \"$TMPDIR/$i\"; done",
+            "ERROR: Verilator wrote more than 20 MB of files and was stopped while it read the Verilog "
+            "sources. *");
+    }
+
+    void stopsFloods()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, message);
+        qputenv("JEX_TOOL_DISK", "20");
+        qputenv("JEX_VERILATOR", m_sources->script("tool", script.toUtf8()).toUtf8());
+        m_sources->write("a.v", "module a; endmodule");
+        const QStringList messages = listModules(m_sources->input({"a.v"})).messages;
+        QVERIFY2(fits(messages.join('\n'), message), qPrintable(messages.join('\n').left(1000)));
+    }
+
+private:
+    std::unique_ptr<Sources> m_sources;
+    QByteArray m_path;
+};
+
+QTEST_GUILESS_MAIN(ConfinementTest)
+#include "tst_confinement.moc"
