@@ -1,11 +1,10 @@
 #include "cli/design.h"
 
 #include <QEventLoop>
-#include <QTimer>
-
-#include <csignal>
+#include <QSet>
 
 #include "check/designjudgement.h"
+#include "commandline/endsignals.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
@@ -13,33 +12,19 @@
 namespace Cli {
 namespace {
 
-volatile sig_atomic_t interrupted = 0;
-
-void onInterrupt(int)
-{
-    interrupted = 1;
-}
-
 // The tools run in a group of processes of their own, which an interrupt at the terminal does not reach.
 void runUntilInterrupted(QUARRY::ReadingJob &job)
 {
-    signal(SIGINT, onInterrupt);
-    signal(SIGTERM, onInterrupt);
+    const CommandLine::EndSignals ends;
     QEventLoop loop;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&job] {
-        if (interrupted != 0)
-            job.cancel();
-    });
+    QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &job, &QUARRY::ReadingJob::cancel);
     QObject::connect(&job, &QUARRY::ReadingJob::finished, &loop, &QEventLoop::quit);
-    look.start(50);
     job.start();
-    loop.exec();
-    signal(SIGINT, SIG_DFL);
-    signal(SIGTERM, SIG_DFL);
+    if (!job.isFinished())
+        loop.exec();
 }
 
-void sayNew(const QStringList &messages, QStringList &said)
+void sayNew(const QStringList &messages, QSet<QString> &said)
 {
     for (const QString &message : messages) {
         if (!said.contains(message))
@@ -86,7 +71,7 @@ bool Design::elaborate()
     QUARRY::ReadingJob job(input, QUARRY::ReadingJob::Netlist);
     runUntilInterrupted(job);
     const QUARRY::ModuleList &modules = job.modules();
-    QStringList said;
+    QSet<QString> said;
     sayNew(modules.messages, said);
     const bool isUsable = !job.isCancelled() && accept(RTLJEX::judgeModules(input.top, modules));
     if (!isUsable && input.top.isEmpty() && modules.topModules.size() > 1)

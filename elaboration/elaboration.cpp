@@ -14,7 +14,8 @@ void waitFor(ReadingJob &job)
     QEventLoop loop;
     QObject::connect(&job, SIGNAL(finished()), &loop, SLOT(quit()));
     job.start();
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!job.isFinished())
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "elaboration/readingjob.h"
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QTimer>
 
 #include "elaboration/lastdesign.h"
@@ -23,16 +24,32 @@ QString missingTop(const ModuleList &lists, const QString &top)
            lists.topModules.join(QLatin1String(", ")) + QLatin1String("). Set one of them.");
 }
 
+QSet<ReadingJob *> &runningJobs()
+{
+    static QSet<ReadingJob *> jobs;
+    return jobs;
+}
+
 } // namespace
 
 ReadingJob::ReadingJob(const DesignInput &input, Goal goal) : m_input(input), m_goal(goal)
 {
 }
 
-ReadingJob::~ReadingJob() = default;
+ReadingJob::~ReadingJob()
+{
+    runningJobs().remove(this);
+}
+
+void ReadingJob::cancelAll()
+{
+    for (ReadingJob *job : runningJobs().values())
+        job->cancel();
+}
 
 void ReadingJob::start()
 {
+    runningJobs().insert(this);
     std::unique_ptr<Elaboration> known = takeLastDesign(m_input);
     if (m_goal == Netlist && known)
         return takeLists(std::move(known));
@@ -108,6 +125,7 @@ RtlNetlist *ReadingJob::takeNetlist()
 void ReadingJob::finish()
 {
     m_isFinished = true;
+    runningJobs().remove(this);
     Q_EMIT finished();
 }
 

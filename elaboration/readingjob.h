@@ -36,6 +36,8 @@ public:
     // What went wrong on the way from the modules to the netlist; empty without that goal, and when
     // cancelled.
     const QStringList &netlistMessages() const { return m_netlistMessages; }
+    static void cancelAll(); // that run in this program
+
     RtlNetlist *takeNetlist(); // for the caller, once; null when there is none, as the messages say
 
 public Q_SLOTS:

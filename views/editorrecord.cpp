@@ -4,6 +4,7 @@
 #include <QFileSystemWatcher>
 #include <QPointer>
 
+#include "elaboration/readingjob.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 #include "plugin/jexinserterview.h"
@@ -33,6 +34,8 @@ EditorRecord::EditorRecord(JexInserterView *view, JEX::JexMode mode)
 
 EditorRecord::~EditorRecord()
 {
+    if (m_isReading)
+        QUARRY::ReadingJob::cancelAll();
     delete netlist;
 }
 
@@ -161,7 +164,13 @@ bool EditorRecord::readNetlist()
 {
     setNlsData(nullptr);
     QUARRY::RtlNetlist *fresh = nullptr;
-    if (!readDesign(m_view, &fresh))
+    const QPointer<QObject> alive(this);
+    m_isReading = true;
+    const bool isRead = readDesign(m_view, &fresh);
+    if (!alive)
+        return false;
+    m_isReading = false;
+    if (!isRead)
         return false;
     setNlsData(fresh);
     m_view->tellFindings();

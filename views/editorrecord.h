@@ -95,6 +95,7 @@ private:
     void closeView();
 
     JexInserterView *m_view;
+    bool m_isReading = false; // the design: who dies meanwhile stops the tools
 };
 
 } // namespace private_impl

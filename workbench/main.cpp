@@ -1,11 +1,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSettings>
 #include <QTextStream>
 #include <QTimer>
 #include <memory>
 
+#include "commandline/endsignals.h"
+#include "elaboration/readingjob.h"
 #include "host/editorregistry.h"
 #include "host/filewizard.h"
 #include "host/modal.h"
@@ -94,6 +97,8 @@ private:
 int runUnattended(const StartOptions &options, MainWindow &window, bool good)
 {
     const BoxRecorder boxes;
+    const CommandLine::EndSignals ends;
+    QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &QUARRY::ReadingJob::cancelAll);
     Start start(options, window);
     window.resize(1280, 800); // pictures have one size, whatever the screen
     good = start.openProject() && good;
@@ -114,6 +119,25 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
     return good && boxes.texts().isEmpty() ? 0 : 1;
 }
 
+// As Quit does it: unsaved changes are asked about, and who cancels that stays. What else is open, such as
+// the box of a reading that is cancelled here, goes without an answer.
+void endProgram(MainWindow &window)
+{
+    QUARRY::ReadingJob::cancelAll();
+    QTimer *timer = new QTimer(&window);
+    QObject::connect(timer, &QTimer::timeout, [timer, &window] {
+        QWidget *modal = QApplication::activeModalWidget();
+        const QMessageBox *box = qobject_cast<QMessageBox *>(modal);
+        if (box && box->button(QMessageBox::Discard))
+            return;
+        if (modal)
+            modal->close();
+        else if (!window.isVisible() || !window.close())
+            timer->deleteLater();
+    });
+    timer->start(50);
+}
+
 int run(const StartOptions &options)
 {
     const bool unattended = options.report || !options.shot.isEmpty();
@@ -128,6 +152,9 @@ int run(const StartOptions &options)
         if (unattended) {
             result = runUnattended(options, window, good);
         } else {
+            const CommandLine::EndSignals ends;
+            QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &window,
+                             [&window] { endProgram(window); });
             QTimer::singleShot(0, &window, [&start] { start.openAll(); });
             result = QApplication::exec();
         }

@@ -192,7 +192,7 @@ void Workspace::tellDesignMessages()
         if (!m_toldMessages.contains(text))
             Q_EMIT message(text, QUARRY::isError(text));
     }
-    m_toldMessages = messages;
+    m_toldMessages = messages.toSet();
 }
 
 } // namespace Workbench

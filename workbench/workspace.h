@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -55,7 +56,7 @@ private:
 
     QWidget *m_window;
     std::unique_ptr<Core::Project> m_project;
-    QStringList m_toldMessages; // of the design, so that the next file does not repeat them
+    QSet<QString> m_toldMessages; // of the design, so that the next file does not repeat them
 };
 
 } // namespace Workbench

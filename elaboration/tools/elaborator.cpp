@@ -1,5 +1,6 @@
 #include "elaboration/tools/elaborator.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegExp>
@@ -12,7 +13,8 @@
 namespace QUARRY {
 namespace {
 
-const int maxRuns = 12; // each repair either changes something or ends the work
+const int maxMessages = 500; // of a kind: nobody reads more
+const int maxRuns = 12;      // each repair either changes something or ends the work
 
 // "Cannot find file containing module: 'prim'", "Can't resolve module reference: 'bb$x'"
 QString missingModule(const ToolMessage &message)
@@ -68,9 +70,9 @@ void Elaborator::begin()
 bool Elaborator::checkSources()
 {
     if (!m_result->scratch->isValid())
-        addError(
-            QLatin1String("No temporary folder could be made. Make room on the disk, or let the variable "
-                          "TMPDIR name a folder that can be written."));
+        addError(QLatin1String("No temporary folder could be made in ") + QDir::tempPath() +
+                 QLatin1String(". Make room on the disk, or let the variable "
+                               "TMPDIR name a folder that can be written."));
     for (const DesignSource &source : m_input.files) {
         const QFileInfo file(source.path);
         if (!file.isFile() || !file.isReadable())
@@ -144,7 +146,7 @@ void Elaborator::judge(const ToolResult &result)
     if (result.exitCode != 0 || !readXmlSummary(m_verilator.xmlFile(), m_summary)) {
         addError(QLatin1String("Verilator ended with code ") + QString::number(result.exitCode) +
                  QLatin1String(" and gave no design. Check that ") + m_verilator.program() +
-                 QLatin1String(" is Verilator 5."));
+                 QLatin1String(" is Verilator 5.") + lastLine(result.errors + result.output));
         return proceed(Failed);
     }
     m_warnings = ofSeverity(messages, ToolMessage::Warning);
@@ -325,8 +327,10 @@ void Elaborator::nameFiles()
 
 void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severity severity)
 {
+    int count = 0;
     for (ToolMessage message : messages) {
-        if (message.severity != severity || message.code == QLatin1String("MULTITOP"))
+        if (message.severity != severity || message.code == QLatin1String("MULTITOP") ||
+            ++count > maxMessages)
             continue;
         if (m_result->readOptions.generated.contains(message.file)) {
             message.file.clear();
@@ -334,6 +338,10 @@ void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severit
         }
         m_result->lists.messages.append(messageText(message, m_names, m_verilator.workingDir()));
     }
+    if (count > maxMessages)
+        m_result->lists.messages.append(
+            QLatin1String(severity == ToolMessage::Error ? "ERROR: " : "WARNING: ") +
+            QString::number(count - maxMessages) + QLatin1String(" more like these are not shown."));
 }
 
 void Elaborator::addError(const QString &text)

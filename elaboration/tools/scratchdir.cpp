@@ -1,10 +1,15 @@
 #include "elaboration/tools/scratchdir.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegExp>
 
+#include <fcntl.h>
 #include <stdlib.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace QUARRY {
 namespace {
@@ -22,19 +27,67 @@ void removeTree(const QString &folder)
     QDir().rmdir(folder);
 }
 
+// The tools trip over names that a shell would change, so such a folder for temporary files is passed over.
+QString temporaryRoot()
+{
+    const QStringList folders = QStringList(QDir::tempPath()) << QLatin1String("/tmp");
+    for (const QString &folder : folders) {
+        if (!folder.contains(QRegExp(QLatin1String("[^A-Za-z0-9/._-]"))) && QFileInfo(folder).isWritable())
+            return folder;
+    }
+    return QDir::tempPath();
+}
+
+int lockedFolder(const QString &path, bool mayWait)
+{
+    const int descriptor =
+        open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (descriptor >= 0 && flock(descriptor, LOCK_EX | (mayWait ? 0 : LOCK_NB)) != 0) {
+        close(descriptor);
+        return -1;
+    }
+    return descriptor;
+}
+
+// The folders of programs that did not live to remove them: whose lock nobody holds. One that was just made
+// may not be locked yet.
+void sweep(const QString &root)
+{
+    const QDateTime recent = QDateTime::currentDateTime().addSecs(-60);
+    for (const QFileInfo &folder : QDir(root).entryInfoList(QStringList(QLatin1String("jexquarry-??????")),
+                                                            QDir::Dirs | QDir::Hidden)) {
+        if (folder.isSymLink() || folder.ownerId() != geteuid() || folder.lastModified() > recent)
+            continue;
+        const int lock = lockedFolder(folder.absoluteFilePath(), false);
+        if (lock < 0)
+            continue;
+        removeTree(folder.absoluteFilePath());
+        close(lock);
+    }
+}
+
 } // namespace
 
 ScratchDir::ScratchDir()
 {
-    QByteArray pattern = QFile::encodeName(QDir::tempPath() + QLatin1String("/jexquarry-XXXXXX"));
-    if (mkdtemp(pattern.data()))
-        m_path = QFile::decodeName(pattern);
+    const QString root = temporaryRoot();
+    static bool isSwept = false;
+    if (!isSwept)
+        sweep(root);
+    isSwept = true;
+    QByteArray pattern = QFile::encodeName(root + QLatin1String("/jexquarry-XXXXXX"));
+    if (!mkdtemp(pattern.data()))
+        return;
+    m_path = QFile::decodeName(pattern);
+    m_lock = lockedFolder(m_path, true);
 }
 
 ScratchDir::~ScratchDir()
 {
     if (isValid())
         removeTree(m_path);
+    if (m_lock >= 0)
+        close(m_lock);
 }
 
 bool ScratchDir::write(const QString &name, const QByteArray &content) const

@@ -6,7 +6,7 @@
 namespace QUARRY {
 
 // A folder for temporary files, removed with everything in it when the object dies. Links in it are
-// removed, never followed.
+// removed, never followed. The first one of a program removes what others, that were killed, left behind.
 class ScratchDir
 {
 public:
@@ -21,6 +21,7 @@ public:
 private:
     Q_DISABLE_COPY(ScratchDir)
     QString m_path;
+    int m_lock = -1; // held as long as the folder is in use
 };
 
 } // namespace QUARRY

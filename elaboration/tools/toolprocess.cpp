@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QRegExp>
 #include <QTimer>
 
 #include "elaboration/tools/confinement.h"
@@ -126,13 +127,11 @@ QString writtenMessage(const ToolCall &call, const QString &what, qint64 limit)
 
 QString diedMessage(const ToolCall &call, const QByteArray &errors)
 {
-    const QString said = QString::fromLocal8Bit(errors).trimmed().section(QLatin1Char('\n'), -1);
-    QString text = QString::fromLatin1("ERROR: ") + call.name +
-                   QLatin1String(" crashed or was killed before it finished. Read the design again; if it "
-                                 "happens again, look for the source that causes it by leaving files out.");
-    if (!said.isEmpty())
-        text += QLatin1String(" Its last words: ") + said;
-    return text;
+    const QString text =
+        QString::fromLatin1("ERROR: ") + call.name +
+        QLatin1String(" crashed or was killed before it finished. Read the design again; if it "
+                      "happens again, look for the source that causes it by leaving files out.");
+    return text + lastLine(errors);
 }
 
 } // namespace
@@ -277,6 +276,15 @@ void ToolRun::announce()
 {
     m_isOver = true;
     Q_EMIT over();
+}
+
+QString lastLine(const QByteArray &output)
+{
+    const int longest = 300;
+    const QString text = QString::fromUtf8(output.right(longest)).trimmed();
+    QString line = text.section(QLatin1Char('\n'), -1).simplified();
+    line.remove(QRegExp(QLatin1String("[^\\x0020-\\xfffc]")));
+    return line.isEmpty() ? QString() : QLatin1String(" Its last words: ") + line;
 }
 
 QByteArray programPath()

@@ -78,6 +78,9 @@ private:
     bool m_isOver = false;   // and told
 };
 
+// " Its last words: ..." of a tool that says nothing that can be understood; empty when it said nothing.
+QString lastLine(const QByteArray &output);
+
 // What `variable` names when it is set, or else the first of `names` that is in PATH, or else the first.
 QString findTool(const char *variable, const QStringList &names);
 // The absolute path of that program in PATH; empty when there is none.

@@ -411,7 +411,8 @@ void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings)
                              : QLatin1String("ended with code ") + QString::number(result.exitCode)) +
                       QLatin1String(" and gave no design. Look for the VHDL source that causes it by leaving "
                                     "files out, or check that ") +
-                      call(QStringList(QString())).program + QLatin1String(" is GHDL 2 or later."));
+                      call(QStringList(QString())).program + QLatin1String(" is GHDL 2 or later.") +
+                      lastLine(result.errors));
 }
 
 QStringList VhdlPart::takeMessages()

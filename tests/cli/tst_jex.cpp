@@ -1,6 +1,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <csignal>
+
 #include "tests/support/files.h"
 
 // Runs transcripts of terminal sessions and compares what they show with what happens now. In a transcript
@@ -48,15 +50,22 @@ private Q_SLOTS:
     }
 
     // No child and no temporary folder is left, however early or late the interrupt comes.
+    void interrupted_data()
+    {
+        QTest::addColumn<int>("signal");
+        for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM})
+            QTest::addRow("%d", signal) << signal;
+    }
     void interrupted()
     {
+        QFETCH(int, signal);
         QTemporaryDir dir;
         QProcess process;
         const QString tool = dir.filePath("tool");
-        QCOMPARE(
-            bash("printf '#!/bin/sh\\ntouch started; exec sleep 300\\n' > tool; chmod +x tool; mkdir tmp",
-                 dir.path()),
-            QString());
+        QCOMPARE(bash("printf '#!/bin/sh\\ntouch \"$TMPDIR/started\"; exec sleep 300\\n' > tool; chmod +x "
+                      "tool; mkdir tmp",
+                      dir.path()),
+                 QString());
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("JEX_VERILATOR", tool);
         environment.insert("TMPDIR", dir.filePath("tmp"));
@@ -64,7 +73,7 @@ private Q_SLOTS:
         process.setWorkingDirectory(dir.path());
         process.start(JEX, {"nets", EXAMPLE "/rtl/ram.v"});
         QTRY_VERIFY_WITH_TIMEOUT(bash("find . -name started", dir.path()) != "", 20000);
-        process.terminate();
+        QCOMPARE(kill(pid_t(process.processId()), signal), 0);
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.readAllStandardError(), QByteArray("jex: Interrupted.\n"));
         QCOMPARE(process.exitCode(), 3);

@@ -404,6 +404,20 @@ private Q_SLOTS:
         }
     }
 
+    // The tool would go on until this test is given up.
+    void stopsTheToolWhenItDies()
+    {
+        Shown shown(m_mode, config("a.zub"));
+        const QString tool = m_work->write("slow", "#!/bin/sh\nexec sleep 600");
+        QVERIFY(QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner));
+        qputenv("JEX_VERILATOR", tool.toUtf8());
+        m_work->write("design.sv", faultyDesign);
+        QTimer::singleShot(300, shown.container, [&shown] { delete shown.container; });
+        QMetaObject::invokeMethod(shown.view, "onRtlReload");
+        qunsetenv("JEX_VERILATOR");
+        QCOMPARE(shown.state(), QString("gone"));
+    }
+
 private:
     QString config(const char *name, int cores = 1) const { return m_work->writeConfig(m_mode, name, cores); }
     QString checkFailed(const QString &details) const

@@ -1,0 +1,54 @@
+#include "commandline/endsignals.h"
+
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace CommandLine {
+namespace {
+
+const int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+int pipeEnds[2] = {-1, -1};
+
+// May come at any moment: it only writes a byte. The next signal meets the default action.
+void note(int)
+{
+    for (const int number : endingSignals)
+        signal(number, SIG_DFL);
+    const char byte = 0;
+    const ssize_t written = write(pipeEnds[1], &byte, 1);
+    (void)written;
+}
+
+} // namespace
+
+EndSignals::EndSignals()
+{
+    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
+    connect(m_notifier, SIGNAL(activated(int)), SLOT(tell()));
+    for (const int number : endingSignals)
+        signal(number, note);
+}
+
+EndSignals::~EndSignals()
+{
+    for (const int number : endingSignals)
+        signal(number, SIG_DFL);
+    delete m_notifier;
+    for (int &end : pipeEnds) {
+        close(end);
+        end = -1;
+    }
+}
+
+void EndSignals::tell()
+{
+    m_notifier->setEnabled(false);
+    Q_EMIT endAsked();
+}
+
+} // namespace CommandLine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+class QSocketNotifier;
+
+namespace CommandLine {
+
+// While this lives, a hang-up, an interrupt and the requests to quit and to end do not kill the program: they
+// are told from the event loop, once. A second one ends it at once. One object at a time.
+class EndSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    EndSignals();
+    ~EndSignals() override;
+
+Q_SIGNALS:
+    void endAsked();
+
+private Q_SLOTS:
+    void tell();
+
+private:
+    QSocketNotifier *m_notifier = nullptr; // child
+};
+
+} // namespace CommandLine
