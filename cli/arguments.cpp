@@ -72,6 +72,10 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
             refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
         return false;
     }
+    if (!options.toolMemory.isEmpty() && options.toolMemory.toUInt() == 0) {
+        m_result = refuse("The memory of a tool is a number of MB, not \"" + options.toolMemory + "\".");
+        return false;
+    }
     for (const QString &project : qAsConst(projects)) {
         if (!isProjectFile(project)) {
             m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");

@@ -13,7 +13,7 @@ _jex() {
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
     -I | -y) COMPREPLY=($(compgen -d -- "$word")) ;;
-    --top | --in | --from | --to | -D) ;; # names in the design are not looked up here
+    --top | --in | --from | --to | -D | --tool-memory) ;; # names in the design are not looked up here
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;

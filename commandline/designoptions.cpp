@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include "elaboration/tools/toollimits.h"
 #include "host/designmanager.h"
 #include "host/filelist.h"
 #include "host/project.h"
@@ -66,6 +67,8 @@ void declareDesignOptions(QCommandLineParser &parser)
         {"y", "Search this folder for modules that no source defines.", "FOLDER"},
         {"top", "The top module of the design.", "MODULE"},
         {"device", "The device, by its part number or name.", "DEVICE"},
+        {"tool-memory", "What each tool that reads the design may take; half of what is free unless given.",
+         "MB"},
     });
 }
 
@@ -78,6 +81,7 @@ void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options)
     options.defines = parser.values("D");
     options.top = parser.value("top");
     options.device = parser.value("device");
+    options.toolMemory = parser.value("tool-memory");
 }
 
 QString projectBeside(const QString &path)
@@ -156,6 +160,13 @@ bool fillProject(const DesignOptions &options, Core::Project &project, QStringLi
         messages << "The device \"" + options.device +
                         "\" is not known. Project > Device shows those that are.";
         good = false;
+    }
+    if (!options.toolMemory.isEmpty()) {
+        const qint64 megabytes = options.toolMemory.toUInt();
+        if (megabytes == 0)
+            messages << "The memory of a tool is a number of MB, not \"" + options.toolMemory + "\".";
+        good = good && megabytes > 0;
+        QUARRY::setToolMemoryLimit(megabytes << 20);
     }
     project.setData(data);
     return good;

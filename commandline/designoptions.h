@@ -25,10 +25,11 @@ struct DesignOptions
     QStringList libraryPaths;
     QStringList defines;
     QString top;
-    QString device; // part number or device name
+    QString device;     // part number or device name
+    QString toolMemory; // MB that a tool may take; empty: see QUARRY::toolMemoryLimit()
 };
 
-// -f -F -I -D -y --top --device: for the parser, and from it once it has parsed.
+// -f -F -I -D -y --top --device --tool-memory: for the parser, and from it once it has parsed.
 void declareDesignOptions(QCommandLineParser &parser);
 void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options);
 

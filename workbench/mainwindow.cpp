@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
@@ -18,6 +19,7 @@
 #include <QTabWidget>
 #include <QUrl>
 
+#include "elaboration/tools/toollimits.h"
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
 #include "host/filewizard.h"
@@ -35,6 +37,7 @@
 namespace Workbench {
 namespace {
 
+const char *const toolMemoryKey = "toolMemory"; // MB
 const char *const projectFilter = "Projects (*.jexprj)";
 const char *const sourceFilter =
     "Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
@@ -164,6 +167,8 @@ void MainWindow::createProjectMenu()
     menu->addSeparator();
     QAction *options = addAction(menu, "O&ptions...", QKeySequence("Ctrl+,"), &MainWindow::onOptions);
     QAction *device = addAction(menu, "&Device...", QKeySequence(), &MainWindow::onDevice);
+    menu->addSeparator();
+    addAction(menu, "&Tool Memory...", QKeySequence(), &MainWindow::onToolMemory);
     m_projectActions = {save, close, add, options, device};
 }
 
@@ -219,6 +224,7 @@ void MainWindow::restoreLayout()
         return;
     const QSize frame(0, 40); // what a window manager puts around the window, about
     resize(size().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
+    QUARRY::setToolMemoryLimit(qint64(m_settings->value(toolMemoryKey).toInt()) << 20);
     restoreGeometry(m_settings->value("geometry").toByteArray());
     restoreState(m_settings->value("layout").toByteArray());
 }
@@ -336,6 +342,22 @@ void MainWindow::onDevice()
     DeviceDialog dialog(m_workspace->project()->data().device, this);
     if (dialog.exec() == QDialog::Accepted)
         m_workspace->project()->setDevice(dialog.device());
+}
+
+// The user's own choice, for all projects: none of them can make it.
+void MainWindow::onToolMemory()
+{
+    bool isChosen = false;
+    const int chosen = QInputDialog::getInt(this, "Tool Memory",
+                                            "Memory that each tool which reads the design may take, in "
+                                            "MB.\nWith 0, half of what is free, at most 8192 MB:",
+                                            m_settings ? m_settings->value(toolMemoryKey).toInt() : 0, 0,
+                                            1 << 20, 256, &isChosen);
+    if (!isChosen)
+        return;
+    QUARRY::setToolMemoryLimit(qint64(chosen) << 20);
+    if (m_settings)
+        m_settings->setValue(toolMemoryKey, chosen);
 }
 
 void MainWindow::onAbout()

@@ -56,6 +56,7 @@ private:
     void onRemoveFiles();
     void onOptions();
     void onDevice();
+    void onToolMemory();
     void onAbout();
 
     void openFromTree(const QString &path);

@@ -75,8 +75,8 @@ qint64 sizeOf(const QString &folder)
 
 bool speaksOfMemory(const QByteArray &errors)
 {
-    for (const char *words :
-         {"bad_alloc", "STORAGE_ERROR", "heap exhausted", "ut of memory", "annot allocate"}) {
+    for (const char *words : {"bad_alloc", "STORAGE_ERROR", "heap exhausted", "ut of memory",
+                              "annot allocate", "failed to map segment"}) {
         if (errors.contains(words))
             return true;
     }
