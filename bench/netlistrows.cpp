@@ -28,7 +28,7 @@ void composeIntoBuffer(const Hierachy *node, QString &buffer)
         QChar *out = buffer.data();
         memcpy(out, path.constData(), size_t(path.size()) * sizeof(QChar));
         out[path.size()] = QLatin1Char('/');
-        memcpy(out + path.size() + 1, module.text(entry), entry.textLength * sizeof(QChar));
+        memcpy(out + path.size() + 1, module.nameOf(entry), entry.textLength * sizeof(QChar));
         keep(buffer);
     }
     for (const Hierachy *child : node->children)

@@ -205,7 +205,7 @@ private:
         bool isSure = wanted.name.form == NetName::Plain;
         for (quint32 i = 0; i < module.entries().size() && spend(comparisonWork); ++i) {
             const RtlModule::Entry &entry = module.entries()[i];
-            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const QString name = QString::fromRawData(module.nameOf(entry), int(entry.textLength));
             const bool hasShape = wanted.name.hasShapeOf(entry) && !isExcluded(wanted.node, entry);
             const int half = qMax(1, qMax(name.size(), base.size()) / 2);
             const int limit = isSimilar(name, base, runs) ? qMax(name.size(), base.size()) : half;
@@ -239,7 +239,7 @@ private:
         for (quint32 number : wanted.alike) {
             const RtlModule &module = wanted.node->declarations();
             const RtlModule::Entry &entry = module.entries()[number];
-            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const QString name = QString::fromRawData(module.nameOf(entry), int(entry.textLength));
             const int distance = editDistance(wanted.name.base, name, name.size() + wanted.name.base.size());
             add(wanted, false, distance, wanted.node, number, int(number));
         }
@@ -252,7 +252,7 @@ private:
             const auto bases = m_basesByLength.find(int(entry.textLength));
             if (bases == m_basesByLength.end())
                 continue;
-            const QString name = QString::fromRawData(module.text(entry), int(entry.textLength));
+            const QString name = QString::fromRawData(module.nameOf(entry), int(entry.textLength));
             const int same = m_baseNumbers.value(name, -1);
             if (same >= 0)
                 addInstances(m_bases[size_t(same)], 0, module, i);

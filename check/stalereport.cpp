@@ -27,7 +27,7 @@ QString declaredName(const Hierachy *node, const QString &name, int from)
     const int length = name.size() - end - 1;
     for (const RtlModule::Entry &entry : module.entries())
         if (int(entry.textLength) == length &&
-            std::equal(module.text(entry), module.text(entry) + length, name.constData() + end + 1))
+            std::equal(module.nameOf(entry), module.nameOf(entry) + length, name.constData() + end + 1))
             return NetName().in(*node, entry);
     for (const Hierachy *child : node->children) {
         const QString found = declaredName(child, name, end + 1);

@@ -188,7 +188,7 @@ void NetListing::appendLine(const RtlModule &module, quint32 number)
     const RtlModule::Entry &entry = module.entries()[number];
     const std::string &file = shownFile(module.info(number).file);
     std::string &text = m_texts;
-    append(text, module.text(entry), int(entry.textLength));
+    append(text, module.nameOf(entry), int(entry.textLength));
     if (entry.isBus) {
         QChar range[RtlModule::rangeRoom];
         append(text, range, RtlModule::writeRange(entry, range));

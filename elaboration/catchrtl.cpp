@@ -15,10 +15,10 @@ namespace {
 
 const int modulesDelayMs = 500;
 
-QString tr(const char *text)
+struct CatchRtl
 {
-    return QCoreApplication::translate("QUARRY", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::CatchRtl)
+};
 
 // Runs the job below a dialog. False when another one runs already: events that are handled meanwhile may ask
 // for a design again, and two readings cannot run inside each other.
@@ -35,16 +35,17 @@ bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *paren
 
 QString busyMessage()
 {
-    return tr("ERROR: A design is being read already. Try again when that is done.");
+    return CatchRtl::tr("ERROR: A design is being read already. Try again when that is done.");
 }
 
 void showFailure(const QStringList &messages, QWidget *parent)
 {
     const auto found = std::find_if(messages.begin(), messages.end(), isError);
     const QString first = found == messages.end() ? QString() : *found;
-    QUtil::Modal<QMessageBox> box(new QMessageBox(
-        QMessageBox::Critical, tr("Error"),
-        tr("The design could not be read.") + QLatin1String("\n\n") + first, QMessageBox::Ok, parent));
+    QUtil::Modal<QMessageBox> box(
+        new QMessageBox(QMessageBox::Critical, CatchRtl::tr("Error"),
+                        CatchRtl::tr("The design could not be read.") + QLatin1String("\n\n") + first,
+                        QMessageBox::Ok, parent));
     box->setTextFormat(Qt::PlainText);
     box->setDetailedText(messages.join(QLatin1String("\n")));
     box->exec();
@@ -58,7 +59,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
     ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
                    ReadingJob::Netlist);
     const QPointer<QWidget> owner(parent);
-    if (!runAlone(job, tr("Read Design"), 0, parent)) {
+    if (!runAlone(job, CatchRtl::tr("Read Design"), 0, parent)) {
         messages.append(busyMessage());
         return false;
     }
@@ -73,7 +74,7 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
                      QMap<QString, QVariant> &info, QWidget *parent)
 {
     ReadingJob job(designInputFromInfo(info), ReadingJob::Modules);
-    if (!runAlone(job, tr("Read Modules"), modulesDelayMs, parent)) {
+    if (!runAlone(job, CatchRtl::tr("Read Modules"), modulesDelayMs, parent)) {
         messages.append(busyMessage());
         return false;
     }
@@ -82,7 +83,7 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
     modules = found.modules;
     messages = found.messages;
     if (job.isCancelled())
-        messages.append(tr("ERROR: Reading the design was cancelled."));
+        messages.append(CatchRtl::tr("ERROR: Reading the design was cancelled."));
     return !job.isCancelled() && !found.anyError();
 }
 

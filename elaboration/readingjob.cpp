@@ -1,6 +1,5 @@
 #include "elaboration/readingjob.h"
 
-#include <QCoreApplication>
 #include <QSet>
 #include <QTimer>
 
@@ -98,7 +97,7 @@ void ReadingJob::takeLists(std::unique_ptr<Elaboration> design)
     m_design = std::move(design);
     m_reader.reset(new NetlistReader(m_design->xmlFile, m_design->readOptions));
     QTimer::singleShot(0, this, SLOT(readNetlist()));
-    Q_EMIT stageChanged(QCoreApplication::translate("QUARRY", "Building the netlist"));
+    Q_EMIT stageChanged(tr("Building the netlist"));
 }
 
 void ReadingJob::readNetlist()

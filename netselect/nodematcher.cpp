@@ -25,7 +25,7 @@ int nameRoom(const RtlModule::Entry &entry)
 int writeName(const RtlModule &module, const RtlModule::Entry &entry, QChar *out)
 {
     const int length = int(entry.textLength);
-    memcpy(out, module.text(entry), size_t(length) * sizeof(QChar));
+    memcpy(out, module.nameOf(entry), size_t(length) * sizeof(QChar));
     return entry.isBus ? length + RtlModule::writeRange(entry, out + length) : length;
 }
 
@@ -108,7 +108,7 @@ const NodeMatcher::Fits &NodeMatcher::fitsAlone(const RtlModule &module, size_t 
     const std::map<size_t, Fits>::iterator it = known.find(piece);
     if (it != known.end())
         return it->second;
-    QString text = module.text();
+    QString text = module.names();
     if (m_pattern.folds())
         NamePattern::fold(text.data(), text.size());
     Fits &fits = known[piece];

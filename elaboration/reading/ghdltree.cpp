@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "host/utf8.h"
+
 namespace QUARRY {
 
 GhdlTreeLine::GhdlTreeLine(std::string_view line)
@@ -52,7 +54,7 @@ bool findGhdlName(const char *name, const QString &treeFile, QString &place)
         const GhdlTreeLine member(std::string_view(line.constData(), size_t(line.size())));
         if (member.role != "location")
             continue;
-        place = QString::fromUtf8(member.value.data(), int(member.value.size())).trimmed();
+        place = QUtil::fromUtf8(member.value).trimmed();
         break;
     }
     return isFound;

@@ -1,6 +1,5 @@
 #include "elaboration/reading/netlistreader.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include "elaboration/reading/netlisttree.h"
@@ -71,9 +70,8 @@ bool NetlistReader::load()
     if (!m_work->design.load(m_xmlFile, m_error))
         return false;
     if (!m_work->design.top())
-        m_error =
-            QCoreApplication::translate("QUARRY", "ERROR: The design has no top module. Add the file that "
-                                                  "holds it to the project.");
+        m_error = tr("ERROR: The design has no top module. Add the file that "
+                     "holds it to the project.");
     return m_error.isEmpty();
 }
 

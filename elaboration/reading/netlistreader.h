@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QSet>
 #include <QString>
@@ -32,6 +33,8 @@ struct ReadOptions
 // one piece: a tenth of a second for 100 MB.
 class NetlistReader
 {
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::NetlistReader)
+
 public:
     NetlistReader(const QString &xmlFile, const ReadOptions &options);
     ~NetlistReader();

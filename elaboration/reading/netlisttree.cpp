@@ -4,7 +4,6 @@
 #include "elaboration/reading/verilatorties.h"
 #include "elaboration/reading/vhdlbody.h"
 
-#include <QCoreApplication>
 #include <QSet>
 
 #include <cstring>
@@ -109,7 +108,7 @@ Hierachy *NetlistTree::makeNode(Hierachy *parent, const QString &name, int modul
 std::unique_ptr<NetlistTree::Instance> NetlistTree::open(VerilatorModule &module, TiedNets tiedPorts)
 {
     if (module.isOpen) {
-        m_error = QCoreApplication::translate("QUARRY", "ERROR: The module %1 contains itself.");
+        m_error = tr("ERROR: The module %1 contains itself.");
         m_error = m_error.arg(module.name);
         return nullptr;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "elaboration/reading/verilatormodule.h"
+#include <QCoreApplication>
 #include <QHash>
 
 namespace QUARRY {
@@ -10,6 +11,8 @@ class VerilatorDesign;
 // Walks the instance tree of a design from the top down and gives it to the builder, a node at a time.
 class NetlistTree
 {
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::NetlistTree)
+
 public:
     NetlistTree(VerilatorDesign &design, NetlistBuilder &builder);
     ~NetlistTree();

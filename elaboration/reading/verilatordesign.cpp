@@ -15,11 +15,6 @@ namespace QUARRY {
 
 namespace {
 
-QString text(const char *words)
-{
-    return QCoreApplication::translate("QUARRY::VerilatorDesign", words);
-}
-
 bool is(const pugi::xml_node &node, const char *name)
 {
     return std::strcmp(node.name(), name) == 0;
@@ -87,7 +82,7 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
 {
     QFile file(xmlFile);
     if (!file.open(QIODevice::ReadOnly)) {
-        error = text("ERROR: The elaborated design %1 cannot be read: %2.").arg(xmlFile, file.errorString());
+        error = tr("ERROR: The elaborated design %1 cannot be read: %2.").arg(xmlFile, file.errorString());
         return false;
     }
     m_text = file.readAll();
@@ -96,7 +91,7 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
         m_document.load_buffer_inplace(m_text.data(), size_t(m_text.size()), pugi::parse_escapes);
     const pugi::xml_node netlist = m_document.child("verilator_xml").child("netlist");
     if (!result || !netlist) {
-        error = text("ERROR: %1 is not a complete design that Verilator wrote. Read the design again.");
+        error = tr("ERROR: %1 is not a complete design that Verilator wrote. Read the design again.");
         error = error.arg(xmlFile);
         return false;
     }

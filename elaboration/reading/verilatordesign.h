@@ -7,6 +7,7 @@
 #include "elaboration/reading/vhdlscopes.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QHash>
 
 #include <string>
@@ -17,6 +18,8 @@ namespace QUARRY {
 // the modules below the top one, and adds them to the builder. After load() it is read in small pieces.
 class VerilatorDesign
 {
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VerilatorDesign)
+
 public:
     VerilatorDesign(const ReadOptions &options, NetlistBuilder &builder);
     ~VerilatorDesign();

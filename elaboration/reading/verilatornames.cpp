@@ -1,7 +1,6 @@
 #include "elaboration/reading/verilatornames.h"
 
 #include <QByteArray>
-#include <QRegExp>
 
 #include <cctype>
 #include <cstring>
@@ -54,11 +53,6 @@ QString decodedVerilatorName(const char *name)
 bool isVerilatorOwnName(const char *origName)
 {
     return std::strstr(origName, "__V") && !isHashedVerilatorName(origName);
-}
-
-bool isGhdlOwnName(const QString &name)
-{
-    return QRegExp(QLatin1String("n\\d+(_[a-z]+)?")).exactMatch(name);
 }
 
 bool isHashedVerilatorName(const char *name)

@@ -12,9 +12,6 @@ QString decodedVerilatorName(const char *name);
 // `origName` never comes from the source.
 bool isVerilatorOwnName(const char *origName);
 
-// True for a name in the Verilog that GHDL writes which stands for no signal of the source: "n12_o".
-bool isGhdlOwnName(const QString &name);
-
 // Verilator replaces the tail of a name of more than 127 characters by a hash.
 bool isHashedVerilatorName(const char *name);
 

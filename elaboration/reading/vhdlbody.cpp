@@ -1,12 +1,14 @@
 #include "elaboration/reading/vhdlbody.h"
 
+#include "host/utf8.h"
+
 namespace QUARRY {
 
 namespace {
 
 QString lower(std::string_view name)
 {
-    return QString::fromUtf8(name.data(), int(name.size())).toLower();
+    return QUtil::fromUtf8(name).toLower();
 }
 
 NetDecl declaration(const QString &name, bool isBus, int left, int right)
@@ -55,7 +57,7 @@ VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *p
         QString shown = signal.name;
         if (number >= 0 && prefix.isEmpty()) {
             const std::string_view written = m_module.nets[size_t(number)].name;
-            shown = QString::fromUtf8(written.data(), int(written.size()));
+            shown = QUtil::fromUtf8(written);
         }
         if (signal.hasShape) {
             result.decl.nets.append(declaration(shown, signal.isBus, signal.left, signal.right));

@@ -2,6 +2,7 @@
 
 #include "elaboration/reading/ghdltree.h"
 #include "elaboration/reading/vhdlscopes.h"
+#include "host/utf8.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,16 +12,13 @@
 
 namespace QUARRY {
 
-namespace {
+using QUtil::fromUtf8;
 
-QString text(std::string_view bytes)
-{
-    return QString::fromUtf8(bytes.data(), int(bytes.size()));
-}
+namespace {
 
 QString key(std::string_view name)
 {
-    return plainVhdlName(text(name)).toLower();
+    return plainVhdlName(fromUtf8(name)).toLower();
 }
 
 } // namespace
@@ -130,7 +128,7 @@ private:
     void takeMember(Node &node, const GhdlTreeLine &line)
     {
         if (node.kind == Enumeration && line.kind == "enumeration_literal" && line.role.empty())
-            node.info.enumLabels += plainVhdlName(text(line.name)) + QLatin1Char('=') +
+            node.info.enumLabels += plainVhdlName(fromUtf8(line.name)) + QLatin1Char('=') +
                                     QString::number(node.info.enumLabels.size());
         else if (line.role == "architecture" && (node.kind == Instance || node.kind == Configuration))
             node.architecture = key(line.name);
@@ -188,7 +186,7 @@ private:
             setPlace(node.info, line.value);
         else if (line.role == "subtype_type_mark" ||
                  (line.role == "subtype_indication" && line.isOf("_name")))
-            node.info.type = plainVhdlName(text(line.name));
+            node.info.type = plainVhdlName(fromUtf8(line.name));
         else if (line.role == "type" || line.role == "parent_type")
             node.type = line.id;
     }
@@ -201,7 +199,7 @@ private:
             return;
         if (place.substr(0, line) != m_fileSeen) {
             m_fileSeen = place.substr(0, line);
-            const QString name = text(m_fileSeen);
+            const QString name = fromUtf8(m_fileSeen);
             m_file = m_fileNames.value(name, QDir::cleanPath(name));
         }
         info.file = m_file;
@@ -211,11 +209,11 @@ private:
     static void takeLimit(Node &node, const GhdlTreeLine &line)
     {
         if (line.role == "direction")
-            node.direction = text(line.value);
+            node.direction = fromUtf8(line.value);
         else if (line.role == "left_limit_expr" && line.kind == "integer_literal")
-            node.left = text(line.rest);
+            node.left = fromUtf8(line.rest);
         else if (line.role == "right_limit_expr" && line.kind == "integer_literal")
-            node.right = text(line.rest);
+            node.right = fromUtf8(line.rest);
     }
 
     void close()

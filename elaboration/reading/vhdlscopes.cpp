@@ -42,6 +42,11 @@ QString plainVhdlName(const QString &name)
                                                                              : name;
 }
 
+bool isGhdlOwnName(const QString &name)
+{
+    return QRegExp(QLatin1String("n\\d+(_[a-z]+)?")).exactMatch(name);
+}
+
 QString VhdlScope::label() const
 {
     return name.left(name.endsWith(QLatin1Char(')')) ? name.lastIndexOf(QLatin1Char('(')) : -1);

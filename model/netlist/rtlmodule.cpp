@@ -98,18 +98,18 @@ QString RtlModule::netName(quint32 slot, const QString *path) const
 {
     const Entry &entry = entryOfSlot(slot);
     if (!entry.isBus)
-        return compose(path, text(entry), int(entry.textLength), nullptr, 0);
+        return compose(path, nameOf(entry), int(entry.textLength), nullptr, 0);
     QChar index[rangeRoom];
     index[0] = QLatin1Char('[');
     QChar *end = writeNumber(index + 1, entry.bitOfSlot(slot));
     *end++ = QLatin1Char(']');
-    return compose(path, text(entry), int(entry.textLength), index, int(end - index));
+    return compose(path, nameOf(entry), int(entry.textLength), index, int(end - index));
 }
 
 QString RtlModule::busName(const Entry &entry, const QString *path) const
 {
     QChar range[rangeRoom];
-    return compose(path, text(entry), int(entry.textLength), range, writeRange(entry, range));
+    return compose(path, nameOf(entry), int(entry.textLength), range, writeRange(entry, range));
 }
 
 QString RtlModule::shortName(const Entry &entry) const
@@ -126,12 +126,12 @@ qint64 RtlModule::findEntry(const QChar *name, int length, Accept accept) const
         for (quint32 i = 0; i < m_entries.size(); ++i)
             m_byName.push_back(i);
         std::stable_sort(m_byName.begin(), m_byName.end(), [this](quint32 a, quint32 b) {
-            return compareText(text(m_entries[a]), int(m_entries[a].textLength), text(m_entries[b]),
+            return compareText(nameOf(m_entries[a]), int(m_entries[a].textLength), nameOf(m_entries[b]),
                                int(m_entries[b].textLength)) < 0;
         });
     }
     const auto compare = [&](quint32 i) {
-        return compareText(text(m_entries[i]), int(m_entries[i].textLength), name, length);
+        return compareText(nameOf(m_entries[i]), int(m_entries[i].textLength), name, length);
     };
     auto it =
         std::lower_bound(m_byName.begin(), m_byName.end(), 0, [&](quint32 i, int) { return compare(i) < 0; });

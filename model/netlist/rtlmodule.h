@@ -45,10 +45,10 @@ public:
     const Entry &entryOfSlot(quint32 slot) const { return m_entries[m_entryOfSlot[slot]]; }
 
     // The names of all entries without their ranges, one behind the other in the order of the entries.
-    const QString &text() const { return m_text; }
-    bool isAscii() const { return m_isAscii; } // all of text()
+    const QString &names() const { return m_text; }
+    bool isAscii() const { return m_isAscii; } // all of names()
     // The name without a range: textLength units, not terminated.
-    const QChar *text(const Entry &entry) const { return m_text.constData() + entry.textBegin; }
+    const QChar *nameOf(const Entry &entry) const { return m_text.constData() + entry.textBegin; }
     // "[7:0]" at `out`, which has rangeRoom units; gives the length.
     static const int rangeRoom = 28;
     static int writeRange(const Entry &entry, QChar *out);
