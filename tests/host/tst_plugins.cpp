@@ -47,5 +47,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(PluginsTest)
+QTEST_MAIN(PluginsTest)
 #include "tst_plugins.moc"
