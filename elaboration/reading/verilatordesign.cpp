@@ -102,8 +102,6 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     for (const pugi::xml_node &node : netlist.children())
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);
-    if (VerilatorModule *first = top())
-        openModule(*first);
     return true;
 }
 
@@ -189,7 +187,10 @@ const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
 
 bool VerilatorDesign::readPlaces()
 {
-    return m_vhdlPlaces.readSome();
+    if (m_vhdlPlaces.readSome())
+        return true;
+    openModule(*top());
+    return false;
 }
 
 bool VerilatorDesign::readModules()
@@ -305,12 +306,27 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
     if (!isGhdlOwn(var)) {
         net.position = scope.decl.nets.size();
         scope.decl.nets.append(declaration(var, type, module));
+        net.left = scope.decl.nets.last().left;
+        net.right = scope.decl.nets.last().right;
     }
     const int number = int(module.nets.size());
     if (var.attribute("pinIndex"))
         module.pins[var.attribute("pinIndex").as_int()] = number;
     scope.names.emplace(net.name, number);
     module.nets.push_back(net);
+}
+
+// GHDL counts all ranges down to 0. Where no waveform has the declared one, the type in the source may.
+void VerilatorDesign::takeWrittenRange(NetDecl &decl)
+{
+    const QRegExp written(QLatin1String(".*\\((\\d+) (?:downto|to) (\\d+)\\)"));
+    if (!written.exactMatch(decl.info.type))
+        return;
+    const int left = written.cap(1).toInt(), right = written.cap(2).toInt();
+    if (qAbs(left - right) != qAbs(decl.left - decl.right))
+        return;
+    decl.left = left;
+    decl.right = right;
 }
 
 NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorType &type,
@@ -325,6 +341,8 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     if (file.isGenerated) {
         if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
             decl.info = places->place(decl.name);
+        if (decl.isBus && !m_options.vhdlScopes.contains(module.name.toLower()))
+            takeWrittenRange(decl);
         return decl;
     }
     decl.info.file = file.name;

@@ -27,8 +27,8 @@ public:
     // False, with a sentence that begins with "ERROR", when the file is no design.
     bool load(const QString &xmlFile, QString &error);
 
-    // Both do a little and give false when there is no more to do.
-    bool readPlaces(); // of VHDL; needed by the modules
+    // Both, in this order, do a little and give false when there is no more to do. There must be a top module.
+    bool readPlaces(); // of VHDL
     bool readModules();
 
     VerilatorModule *top(); // null when the design has none
@@ -68,6 +68,7 @@ private:
     bool isNet(const pugi::xml_node &var, const VerilatorType &type) const;
     bool isGhdlOwn(const pugi::xml_node &var) const;
     NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
+    static void takeWrittenRange(NetDecl &decl);
     const File &fileOf(const pugi::xml_node &node) const;
     QString scopeName(const pugi::xml_node &begin) const;
     QString nameOf(const pugi::xml_node &node) const;

@@ -186,6 +186,13 @@ private Q_SLOTS:
             QCOMPARE(messages.join('\n').replace(m_sources->path("") + "/", "@"), text.at(1));
             QCOMPARE(m_sources->files(), (QStringList{"bin", "t.vhd", "tmp"}));
         }
+        // Declared ranges come from the sources then.
+        m_sources->write(
+            "t.vhd", "entity t is port (x : in bit_vector(1 to 4); y : out bit_vector(7 downto 4)); end;\n"
+                     "architecture a of t is begin y <= x; end;\n");
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"t.vhd"}), messages));
+        QCOMPARE(drawn(netlist.get()).join('\n'), QString("t:t x[1:4] y[7:4]"));
     }
 
     void refusesWhatTakesTheMachine_data()

@@ -360,6 +360,7 @@ private Q_SLOTS:
     void showsWhatGhdlGave()
     {
         QFETCH(QByteArray, failing);
+        QFETCH(int, line);
         m_sources->write(
             "t.vhd", "entity l is port (a : in bit; y : out bit); end;\n"
                      "architecture a of l is signal n_o : bit; begin n_o <= not a; y <= n_o; end;\n"
@@ -373,6 +374,7 @@ private Q_SLOTS:
         QCOMPARE(messages, QStringList());
         QCOMPARE(drawn(netlist.get()).join('\n'), QString("t:t a b y s v\nt/u:l a y n_o"));
         QTEST(netlist->findNet("t/u/n_o")->declaration().line, "line");
+        QCOMPARE(netlist->findNet("t/s")->declaration().line != 0, line != 0);
     }
 
 private:
