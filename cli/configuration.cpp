@@ -1,11 +1,10 @@
 #include "cli/configuration.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include "host/atomicfile.h"
-#include "model/jex/jexfile.h"
+#include "host/regularfile.h"
 #include "model/jex/zubfields.h"
+#include "model/jex/zubinput.h"
+#include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
 #include "signals/stalereport.h"
 #include "views/configcheck.h"
@@ -61,14 +60,19 @@ Configuration::~Configuration()
 
 bool Configuration::read(const QString &path, QString *error)
 {
-    bool ok = false;
-    m_mode = JEX::jexModeFromJexConfigFile(path);
+    QByteArray bytes;
+    if (!JEX::readZubInput(path, &bytes, error))
+        return false;
+    m_read = QUtil::FileMark(bytes);
+    m_mode = JEX::zubMode(bytes);
+    JEX::ZubReader reader(bytes, path);
     // The reader says what is wrong with a file of neither mode, too.
     if (m_mode == JEX::StandardMode)
-        m_standard = JEX::readJEXConfigFromXml(path, &ok, error);
+        m_standard = reader.standardCores();
     else
-        m_lite = JEX::readJEXConfigFromXml_Lite(path, &ok, error);
-    return ok;
+        m_lite = reader.liteCores();
+    *error = reader.error();
+    return error->isEmpty();
 }
 
 bool Configuration::toBytes(QByteArray *bytes, QString *error) const
@@ -79,15 +83,22 @@ bool Configuration::toBytes(QByteArray *bytes, QString *error) const
 
 bool Configuration::write(const QString &path, QString *error) const
 {
-    QByteArray bytes, old;
+    QByteArray bytes;
     if (!toBytes(&bytes, error)) {
         *error = "The file \"" + path + "\" is not written: " + *error;
         return false;
     }
-    QString unread;
-    if (QFileInfo::exists(path) && readFile(path, &old, &unread) && old == bytes)
+    const QUtil::FileMark now = QUtil::FileMark::of(path);
+    if (now == QUtil::FileMark(bytes))
         return true;
-    return QUtil::writeFileAtomically(path, bytes, error);
+    if (!m_read.isNull() && !now.isNull() && now != m_read)
+        *error = "The file \"" + path +
+                 "\" has changed since it was read, and is left as it is. Run the command again.";
+    else if (QUtil::isStreamName(path))
+        *error = "\"" + path + "\" is a stream, which cannot be replaced. Name a file.";
+    else
+        return QUtil::writeFileAtomically(path, bytes, error);
+    return false;
 }
 
 QString Configuration::modeName() const
@@ -123,18 +134,6 @@ QList<RTLJEX::StaleSignal> Configuration::staleSignals(const QUARRY::RtlNetlist 
 {
     return m_mode == JEX::StandardMode ? RTLJEX::staleSignals(m_standard, netlist)
                                        : RTLJEX::staleSignals(m_lite, netlist);
-}
-
-bool readFile(const QString &path, QByteArray *bytes, QString *error)
-{
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
-        *bytes = file.readAll();
-        if (file.error() == QFile::NoError)
-            return true;
-    }
-    *error = "The file \"" + path + "\" cannot be read: " + file.errorString() + '.';
-    return false;
 }
 
 } // namespace Cli

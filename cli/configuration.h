@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "cli/json.h"
+#include "host/filemark.h"
 #include "model/jex/core.h"
 
 namespace QUARRY {
@@ -45,9 +46,11 @@ public:
     explicit Configuration(JEX::JexMode mode) : m_mode(mode) {} // without cores
     ~Configuration();
 
-    // False, with a sentence, when the file cannot be read.
+    // False, with a sentence, when the file cannot be read. A stream is taken as well (see regularfile.h).
     bool read(const QString &path, QString *error);
-    // Writes the file unless it holds these bytes already.
+    // Whether the file that was read holds these bytes.
+    bool wasReadFrom(const QByteArray &bytes) const { return m_read == QUtil::FileMark(bytes); }
+    // Writes the file unless it holds these bytes already; refuses when it has changed since it was read.
     bool write(const QString &path, QString *error) const;
     bool toBytes(QByteArray *bytes, QString *error) const;
 
@@ -64,11 +67,9 @@ private:
     Configuration &operator=(const Configuration &) = delete;
 
     JEX::JexMode m_mode = JEX::InvalidMode;
+    QUtil::FileMark m_read; // null: nothing was read
     QList<JEX::AoCore *> m_standard;
     QList<JEX::AOCore_Lite *> m_lite;
 };
-
-// False, with a sentence.
-bool readFile(const QString &path, QByteArray *bytes, QString *error);
 
 } // namespace Cli

@@ -2,6 +2,7 @@
 
 #include "cli/arguments.h"
 #include "cli/configuration.h"
+#include "host/regularfile.h"
 
 namespace Cli {
 namespace {
@@ -42,7 +43,8 @@ ExitCode format(const QStringList &words, Output &out)
     Arguments arguments(
         "fmt", "FILE...",
         "Reads configurations (.zub) and writes them as the editor does. A file that has this\n"
-        "form already is not touched; comments are not kept.");
+        "form already is not touched; comments are not kept. What is read from \"-\" goes to standard "
+        "output.");
     arguments.parser.addPositionalArgument("FILE", "The configurations.");
     arguments.parser.addOption(
         {"check", "Write nothing; list the files that would change, and end with 1 if there is one."});
@@ -53,13 +55,15 @@ ExitCode format(const QStringList &words, Output &out)
     ExitCode result = Fine;
     for (const QString &file : arguments.files()) {
         Configuration configuration;
-        QByteArray old, bytes;
+        QByteArray bytes;
         QString error;
-        bool done = configuration.read(file, &error) && readFile(file, &old, &error) &&
-                    configuration.toBytes(&bytes, &error);
+        bool done = configuration.read(file, &error) && configuration.toBytes(&bytes, &error);
         if (done && !arguments.parser.isSet("check")) {
-            done = configuration.write(file, &error);
-        } else if (done && bytes != old) {
+            if (QUtil::isStreamName(file))
+                out.write(bytes.constData(), size_t(bytes.size()));
+            else
+                done = configuration.write(file, &error);
+        } else if (done && !configuration.wasReadFrom(bytes)) {
             out.line(file);
             result = qMax(result, Findings);
         }

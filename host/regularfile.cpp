@@ -31,11 +31,14 @@ QString kindOf(const struct stat &info)
     }
 }
 
+const char linkLoop[] = "a link that leads to itself";
+
 QString reasonOf(const QString &kind)
 {
     if (kind.isEmpty())
         return kind;
-    return QLatin1String("it is ") + kind + QLatin1String(", not a regular file");
+    const char *const rest = kind == QLatin1String(linkLoop) ? "" : ", not a regular file";
+    return QLatin1String("it is ") + kind + QLatin1String(rest);
 }
 
 bool fail(const QString &why, QString *reason)
@@ -121,7 +124,7 @@ QString irregularKind(const QString &path)
     struct stat info;
     if (::stat(QFile::encodeName(path).constData(), &info) == 0)
         return kindOf(info);
-    return errno == ELOOP ? QLatin1String("a link that leads to itself") : QString();
+    return errno == ELOOP ? QLatin1String(linkLoop) : QString();
 }
 
 QString irregularReason(const QString &path)

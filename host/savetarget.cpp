@@ -64,7 +64,7 @@ SaveFault faultOf(const char *step)
 SaveTarget::SaveTarget(const QString &name) : path(QFile::encodeName(name))
 {
     if (!followLinks(path)) {
-        fault = refusal(QLatin1String("it is a link that leads to itself"));
+        fault = refusal(irregularReason(name));
         return;
     }
     folder = folderOf(path);

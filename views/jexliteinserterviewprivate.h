@@ -19,7 +19,7 @@ struct LiteFile
     static constexpr JEX::JexMode mode = JEX::LiteMode;
     static constexpr auto isWellFormed = JEX::checkJEXLiteFile;
     static constexpr auto read = JEX::readJEXConfigFromXml_Lite;
-    static constexpr auto write = JEX::writeJEXConfigToXml_Lite;
+    static constexpr bool (*write)(const QList<Core *> &, const QString &) = JEX::writeJEXConfigToXml_Lite;
     static constexpr auto check = checkLiteCores;
     static constexpr auto showDesign = &LiteAoOptionWidget::setNlsData;
 };

@@ -20,7 +20,7 @@ struct StandardFile
     static constexpr JEX::JexMode mode = JEX::StandardMode;
     static constexpr auto isWellFormed = JEX::checkJEXStandardFile;
     static constexpr auto read = JEX::readJEXConfigFromXml;
-    static constexpr auto write = JEX::writeJEXConfigToXml;
+    static constexpr bool (*write)(const QList<Core *> &, const QString &) = JEX::writeJEXConfigToXml;
     static constexpr auto check = checkStandardCores;
     static constexpr auto showDesign = &AoOptionWidget::setNlsdata;
 };

@@ -6,6 +6,7 @@
 #include <QSet>
 
 #include "host/designmanager.h"
+#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
@@ -64,7 +65,11 @@ bool Elaborator::checkSources()
                           "TMPDIR name a folder that can be written."));
     for (const DesignSource &source : m_input.files) {
         const QFileInfo file(source.path);
-        if (!file.isFile() || !file.isReadable())
+        const QString odd = QUtil::irregularReason(source.path);
+        if (!odd.isEmpty())
+            addError(source.path + QLatin1String(" is not read: ") + odd +
+                     QLatin1String(". Remove it from the project."));
+        else if (!file.isFile() || !file.isReadable())
             addError(source.path +
                      QLatin1String(" cannot be read. Remove it from the project or restore it."));
         m_result->filesRead.append(source.path);

@@ -1,11 +1,12 @@
 #include "elaboration/tools/sourceorder.h"
 
-#include <QFile>
 #include <QHash>
 #include <QRegExp>
 #include <QSet>
 
 #include <algorithm>
+
+#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
@@ -16,6 +17,15 @@ struct SourceWords
     QSet<QString> uses;
     bool isForAll = false; // only types and macros outside of everything: any file may need them
 };
+
+// Empty when the file cannot be read; the tools say why.
+QByteArray sourceOf(const QString &path)
+{
+    const qint64 limit = 512 * QUtil::MiB;
+    QByteArray source;
+    QString reason;
+    return QUtil::readRegularFile(path, limit, &source, &reason) ? source : QByteArray();
+}
 
 QString withoutComments(const QByteArray &source, SourceLanguage language)
 {
@@ -48,10 +58,10 @@ void collect(const QString &text, const char *pattern, QSet<QString> &names)
 SourceWords wordsOf(const QString &path, SourceLanguage language)
 {
     SourceWords words;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const QByteArray source = sourceOf(path);
+    if (source.isEmpty())
         return words;
-    QString text = withoutComments(file.readAll(), language);
+    QString text = withoutComments(source, language);
     if (language == VerilogSource) {
         collect(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
         collect(text, "\\b(\\w+)\\s*::", words.uses);
@@ -124,22 +134,16 @@ QStringList orderedByUse(const QStringList &files, SourceLanguage language)
 QSet<QString> includedNames(const QStringList &files)
 {
     QSet<QString> names;
-    for (const QString &path : files) {
-        QFile file(path);
-        if (file.open(QIODevice::ReadOnly))
-            collect(withoutComments(file.readAll(), VerilogSource),
-                    "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
-    }
+    for (const QString &path : files)
+        collect(withoutComments(sourceOf(path), VerilogSource),
+                "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
     return names;
 }
 
 VhdlNames vhdlNames(const QString &path)
 {
     VhdlNames names;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return names;
-    const QString text = withoutComments(file.readAll(), VhdlSource);
+    const QString text = withoutComments(sourceOf(path), VhdlSource);
     QRegExp entity(QLatin1String("\\bentity\\s+(\\w+)\\s+is\\b"), Qt::CaseInsensitive);
     for (int at = entity.indexIn(text); at >= 0; at = entity.indexIn(text, at + 1))
         names.entities.append(entity.cap(1));

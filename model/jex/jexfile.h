@@ -8,8 +8,10 @@
 namespace JEX {
 
 // The ".zub" file. Paths are absolute. Reading gives all records of a file or none; writing replaces the
-// file in one step, and a failed write leaves the old file as it was and says why in the debug output.
+// file in one step, and a failed write leaves the old file as it was and says why: in the errorMessage, or
+// where there is none in the debug output and by a host event with "file" and "error".
 // The format is described in docs/zub-format.md.
+constexpr char NotWrittenTopic[] = "JEX.File.NotWritten";
 
 // The mode of a file; InvalidMode when it cannot be read or says neither.
 JexMode jexModeFromJexConfigFile(const QString &path);
@@ -26,6 +28,8 @@ QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QS
 
 bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path);
 bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path);
+bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path, QString *errorMessage);
+bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path, QString *errorMessage);
 
 // Writes a file of the mode without cores. Overwrites.
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode);
