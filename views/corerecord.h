@@ -3,6 +3,7 @@
 #include <QList>
 
 #include "model/jex/jexfile.h"
+#include "model/jex/zubwriter.h"
 #include "signals/stalereport.h"
 #include "views/editorrecord.h"
 #include "views/viewwindow.h"
@@ -42,6 +43,7 @@ protected:
 
 private:
     bool hasMode() const override { return JEX::jexModeFromJexConfigFile(fileName) == Mode::mode; }
+    QByteArray fileBytes() const override;
     bool isWellFormed() const override { return Mode::isWellFormed(fileName); }
     bool readCores(QString *errorMessage) override;
     void savePages() override;
@@ -72,6 +74,15 @@ bool CoreRecord<Mode>::readCores(QString *errorMessage)
     cores = fresh;
     showCores();
     return true;
+}
+
+template <class Mode>
+QByteArray CoreRecord<Mode>::fileBytes() const
+{
+    QByteArray bytes;
+    QString error;
+    JEX::zubFromCores(cores, &bytes, &error);
+    return bytes;
 }
 
 template <class Mode>

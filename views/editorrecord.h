@@ -5,6 +5,8 @@
 #include <QString>
 #include <functional>
 
+#include "host/filemark.h"
+
 class QCloseEvent;
 class QFileSystemWatcher;
 class QWidget;
@@ -37,8 +39,9 @@ public:
 
     // Loads cores and design. The message stays empty when the user has been told.
     bool openFile(const QString &path, QString *errorMessage);
-    bool reloadFile(); // drops all edits, keeps the netlist; nothing changes when it fails
-    bool saveFile();   // collects from the pages, checks, writes; tells the user about every failure
+    bool reloadFile();     // drops all edits, keeps the netlist; nothing changes when it fails
+    void finishRenaming(); // of a row; may be the first edit
+    bool saveFile();       // collects from the pages, checks, writes; tells the user about every failure
     void closing(QCloseEvent *event);
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
@@ -64,6 +67,7 @@ public:
     void cancelDesignReload(QObject *banner);
 
     QString fileName;
+    QUtil::FileMark fileMark;        // what the file held when it was read or saved last
     QUARRY::RtlNetlist *netlist;     // owned
     QFileSystemWatcher *fileWatcher; // child
     bool modified;
@@ -82,12 +86,12 @@ private:
     virtual bool hasMode() const = 0;
     virtual bool readCores(QString *errorMessage) = 0; // and shows them
     virtual bool writeCores() = 0;
+    virtual QByteArray fileBytes() const = 0; // what writeCores() writes
     virtual void savePages() = 0;
     virtual void handNetlistToPages() = 0;
     virtual bool check(QString *errors) const = 0;
     virtual QString findingsText() const = 0; // above what the check found
 
-    void finishRenaming();
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void closeView();

@@ -17,6 +17,7 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
@@ -28,6 +29,7 @@
 #include "workbench/messagepane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
+#include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
 #include "workbench/workspace.h"
@@ -62,6 +64,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     : QMainWindow(parent),
       m_settings(settings),
       m_workspace(new Workspace(this)),
+      m_banner(new ProjectBanner),
       m_center(new QStackedWidget),
       m_hint(newHint()),
       m_tree(new ProjectTree),
@@ -72,7 +75,13 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     Core::ViewManager *views = Core::ViewManager::instance();
     m_center->addWidget(m_hint);
     m_center->addWidget(views->tabWidget());
-    setCentralWidget(m_center);
+    auto *center = new QWidget;
+    auto *layout = new QVBoxLayout(center);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_banner);
+    layout->addWidget(m_center);
+    setCentralWidget(center);
     views->setDialogParent(this);
     for (QLabel *label : {m_topLabel, m_deviceLabel}) {
         label->setTextFormat(Qt::PlainText);
@@ -84,6 +93,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     createProjectMenu();
     createOtherMenus();
     connectTree();
+    connectBanner();
     connect(m_workspace, &Workspace::projectReplaced, this, &MainWindow::onProjectReplaced);
     connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
@@ -211,6 +221,16 @@ void MainWindow::connectTree()
         for (const QString &path : paths)
             m_workspace->project()->setFileType(path, type);
     });
+}
+
+void MainWindow::connectBanner()
+{
+    connect(m_workspace, &Workspace::projectFileChanged, this, [this](ProjectFile state) {
+        m_banner->showState(state, m_workspace->project() ? m_workspace->project()->filePath() : QString());
+    });
+    connect(m_banner, &ProjectBanner::reload, m_workspace, &Workspace::reloadProject);
+    connect(m_banner, &ProjectBanner::keepIt, m_workspace, &Workspace::keepProject);
+    connect(m_banner, &ProjectBanner::closeIt, m_workspace, &Workspace::closeProject);
 }
 
 void MainWindow::restoreLayout()
