@@ -121,8 +121,12 @@ private:
         if (failed || !losses.isEmpty())
             ::fchmod(m_made.descriptor(), 0600);
         m_path = place;
-        const SaveFault unfinished = m_made.finish(content, place);
-        return unfinished ? unfinished : flushFolder(folder);
+        SaveFault unkept = m_made.finish(content, place);
+        if (!unkept)
+            unkept = flushFolder(folder);
+        if (unkept)
+            unkept.step = QLatin1String("keeping a backup");
+        return unkept;
     }
 
     QByteArray m_path;
@@ -195,7 +199,7 @@ QString pendingBackup(const QString &path)
         QString reason;
         const bool isRead = readRegularFile(QFile::decodeName(target.path), sizeLimit, &content, &reason);
         if (!isRead || !holds(backup.number(), content))
-            return QFile::decodeName(place);
+            return QDir::cleanPath(QFile::decodeName(place));
         ::unlink(place.constData());
     }
     return QString();
