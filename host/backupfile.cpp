@@ -89,6 +89,7 @@ public:
         if (isElsewhere) {
             QDir().mkpath(QFile::decodeName(dataFolder()));
             ::chmod(dataFolder().constData(), 0700);
+            sweepTemporaryFiles(dataFolder());
             failed = make(target, content, places[1], &isElsewhere);
         }
         return failed;

@@ -12,21 +12,27 @@
 #include <unistd.h>
 
 #include "host/atomicfile.h"
-#include "model/jex/jexfile.h"
+#include "model/jex/zubwriter.h"
 
 namespace {
+
+const int signalCount = 20000; // large enough that a write can be interrupted
 
 void saveInTurns(const QString &path)
 {
     JEX::AOCore_Lite small, large;
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < signalCount; ++i) {
         large.captureSignals.append(JEX::SignalItem());
         large.captureSignals.last().name = QString::number(i);
     }
     large.enabledCaptureSignals = large.captureSignals;
+    QByteArray states[2]; // made before, so that all of the time is spent on saving
+    QString error;
+    JEX::zubFromCores({&small}, &states[0], &error);
+    JEX::zubFromCores({&large}, &states[1], &error);
     for (bool isFirst = true;; isFirst = false) {
-        JEX::writeJEXConfigToXml_Lite({&small}, path);
-        JEX::writeJEXConfigToXml_Lite({&large}, path);
+        for (const QByteArray &state : states)
+            QUtil::writeFileAtomically(path, state, nullptr);
         if (isFirst && (std::puts("saving") == EOF || std::fflush(stdout) != 0))
             return;
     }

@@ -102,10 +102,46 @@ private Q_SLOTS:
         QVERIFY(inPlace || backups == 0);
         QString found;
         for (auto it = states.begin(); it != states.end(); ++it) {
-            QVERIFY2(it.key() == 0 || it.key() == 500, qPrintable(QString::number(it.key())));
+            QVERIFY2(it.key() == 0 || it.key() == 20000, qPrintable(QString::number(it.key())));
             found += QString(", %1 signals %2 times").arg(it.key()).arg(it.value());
         }
         qInfo("%d processes killed%s, %d backups used", rounds, qPrintable(found), backups);
+    }
+
+    void killedAtEachCall_data()
+    {
+        textColumns("file", "function");
+        for (const char *file : {"plain", "linked"}) {
+            for (const char *function :
+                 {"write", "fsync", "close", "rename", "fchmod", "fallocate", "ftruncate"})
+                row(qPrintable(QString("%1 %2").arg(file, function)), file, function);
+        }
+    }
+
+    // The same, not left to chance: at each call of each function that a save makes.
+    void killedAtEachCall()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, function);
+        const QString path = m_dir->path("a.zub");
+        QStringList found;
+        for (int number = 1; found.isEmpty() || found.last() != "ended"; ++number) {
+            QVERIFY(number < 20);
+            QFile::remove(path);
+            QFile::remove(path + ".other");
+            put(path, old);
+            prepare(path, file);
+            save(path, faulty(QString("%1:%2:-1").arg(function).arg(number)));
+            const bool isKilled = m_saver.exitStatus() == QProcess::CrashExit;
+            QVERIFY(isKilled || (m_saver.exitCode() == 0 && state(contents(path)) == "new"));
+            const bool isRestored = !QUtil::pendingBackup(path).isEmpty();
+            QVERIFY(!isRestored || QUtil::restoreBackup(path, nullptr));
+            found << (isKilled ? state(contents(path)) : "ended");
+            QVERIFY2(found.last() != "damaged", qPrintable(found.join(' ')));
+        }
+        QVERIFY(found.size() > 1 || file == "plain"); // a call that was never made is no test
+        QVERIFY(QUtil::writeFileAtomically(path, old, nullptr));
+        QCOMPARE(remains(m_dir->path()), QStringList());
     }
 
     void faults_data()
@@ -159,13 +195,7 @@ private Q_SLOTS:
         const QString path = m_dir->write("a.zub", old);
         prepare(path, file);
         const struct stat before = statusOf(path);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("LD_PRELOAD", FAULTS);
-        environment.insert("ASAN_OPTIONS",
-                           environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0:detect_leaks=0");
-        environment.insert("JEX_FAULT", fault);
-        environment.insert("JEX_FAULT_DIR", m_dir->path());
-        const QString output = save(path, environment);
+        const QString output = save(path, faulty(fault));
         QCOMPARE(output, said.isEmpty()
                              ? QString()
                              : "Can not save to " + path + ": " + said.replace("%1", m_dir->path()));
@@ -334,20 +364,31 @@ private:
             QSKIP("This file system has no extended attributes.");
     }
 
-    // What it prints.
-    static QString save(const QString &path, const QProcessEnvironment &environment, uid_t user = ::geteuid())
+    QProcessEnvironment faulty(const QString &fault) const
     {
-        QProcess saver;
-        saver.setProcessChannelMode(QProcess::MergedChannels);
-        saver.setProcessEnvironment(environment);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("LD_PRELOAD", FAULTS);
+        environment.insert("ASAN_OPTIONS",
+                           environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0:detect_leaks=0");
+        environment.insert("JEX_FAULT", fault);
+        environment.insert("JEX_FAULT_DIR", m_dir->path());
+        return environment;
+    }
+
+    // What it prints.
+    QString save(const QString &path, const QProcessEnvironment &environment, uid_t user = ::geteuid())
+    {
+        m_saver.setProcessChannelMode(QProcess::MergedChannels);
+        m_saver.setProcessEnvironment(environment);
         QStringList words = {"save", path, QString::number(newSize)};
         if (user != ::geteuid())
             words = QStringList({"as", QString::number(user)}) + words;
-        saver.start(SAVER, words);
-        saver.waitForFinished(20000);
-        return QString(saver.readAll()).trimmed();
+        m_saver.start(SAVER, words);
+        m_saver.waitForFinished(20000);
+        return QString(m_saver.readAll()).trimmed();
     }
 
+    QProcess m_saver;
     std::unique_ptr<Folder> m_dir;
 };
 
