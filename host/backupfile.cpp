@@ -17,7 +17,7 @@
 namespace QUtil {
 namespace {
 
-const qint64 sizeLimit = 1024 * MiB;
+const qint64 sizeLimit = 256 * MiB;
 const char suffix[] = ".jex-backup";
 const int nameLimit = 200; // bytes; with dot and suffix below what a name may have
 

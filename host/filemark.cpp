@@ -9,7 +9,7 @@
 
 namespace QUtil {
 
-static const qint64 sizeLimit = 1024 * MiB;
+static const qint64 sizeLimit = 256 * MiB;
 
 FileMark::FileMark(const QByteArray &content)
     : m_digest(QCryptographicHash::hash(content, QCryptographicHash::Sha1))

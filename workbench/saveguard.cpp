@@ -18,7 +18,8 @@ SaveGuard::Answer SaveGuard::ask(const Core::EditedFile &file, Occasion occasion
     const QString name = "The file '" + QDir::toNativeSeparators(file.path) + "' ";
     QStringList facts, buttons;
     if (isChanged)
-        facts << name + "changed on disk since it was read or saved here.";
+        facts << name + "changed on disk since it was read or saved here.\nOverwrite it, or " +
+                     (occasion == Saving ? "reload it and lose" : "discard") + " what was edited here?";
     if (isInPlace)
         facts << name + "can not be replaced in one step without a loss: " + now.reasons.join("; ") +
                      ". It is written in place, and a backup is kept until that has ended.";

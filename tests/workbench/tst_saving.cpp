@@ -25,7 +25,8 @@
 
 namespace {
 
-const char changedText[] = "The file '%1' changed on disk since it was read or saved here.";
+const char changedText[] = "The file '%1' changed on disk since it was read or saved here.\n"
+                           "Overwrite it, or reload it and lose what was edited here?";
 const char linkedText[] =
     "The file '%1' can not be replaced in one step without a loss: it has 2 names (hard links). "
     "It is written in place, and a backup is kept until that has ended.";
