@@ -36,6 +36,16 @@ bool followLinks(QByteArray &path)
     return false;
 }
 
+// False, with errno.
+bool mayWrite(const QByteArray &path, const struct stat &info)
+{
+    if (S_ISDIR(info.st_mode)) {
+        errno = EISDIR;
+        return false;
+    }
+    return ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0;
+}
+
 SaveFault refusal(const QString &reason)
 {
     SaveFault fault;
@@ -69,16 +79,10 @@ SaveTarget::SaveTarget(const QString &name) : path(QFile::encodeName(name))
     }
     folder = folderOf(path);
     exists = ::stat(path.constData(), &info) == 0;
-    if (!exists && errno != ENOENT) {
-        fault = faultOf("opening");
-    } else if (exists && S_ISDIR(info.st_mode)) {
-        errno = EISDIR;
-        fault = faultOf("opening");
-    } else if (exists && !S_ISREG(info.st_mode)) {
+    if (exists && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode))
         fault = refusal(irregularReason(name));
-    } else if (exists && ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0) {
+    else if (exists ? !mayWrite(path, info) : errno != ENOENT)
         fault = faultOf("opening");
-    }
 }
 
 SaveFault writeAll(int descriptor, const QByteArray &bytes)
