@@ -1,7 +1,10 @@
 #include "check/configuration.h"
 
+#include "host/regularfile.h"
 #include "model/jex/jexfile.h"
 #include "model/jex/zubfields.h"
+#include "model/jex/zubinput.h"
+#include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
 #include "views/configcheck.h"
 
@@ -38,6 +41,7 @@ void Configuration::deleteCores()
 void Configuration::swap(Configuration &other)
 {
     qSwap(m_mode, other.m_mode);
+    qSwap(m_read, other.m_read);
     qSwap(m_standard, other.m_standard);
     qSwap(m_lite, other.m_lite);
 }
@@ -51,15 +55,23 @@ bool Configuration::accepts(const QString &path) const
 bool Configuration::read(const QString &path, QString *error)
 {
     deleteCores();
-    if (m_mode == JEX::InvalidMode)
-        m_mode = JEX::jexModeFromJexConfigFile(path);
-    bool ok = false;
-    // The reader says what is wrong with a file of neither mode, too.
-    if (m_mode == JEX::StandardMode)
-        m_standard = JEX::readJEXConfigFromXml(path, &ok, error);
-    else
-        m_lite = JEX::readJEXConfigFromXml_Lite(path, &ok, error);
-    return ok;
+    QByteArray bytes;
+    QString fault;
+    if (JEX::readZubInput(path, &bytes, &fault)) {
+        m_read = QUtil::FileMark(bytes);
+        if (m_mode == JEX::InvalidMode)
+            m_mode = JEX::zubMode(bytes);
+        JEX::ZubReader reader(bytes, path);
+        // The reader says what is wrong with a file of neither mode, too.
+        if (m_mode == JEX::StandardMode)
+            m_standard = reader.standardCores();
+        else
+            m_lite = reader.liteCores();
+        fault = reader.error();
+    }
+    if (error)
+        *error = fault;
+    return fault.isEmpty();
 }
 
 bool Configuration::toBytes(QByteArray *bytes, QString *error) const
@@ -72,6 +84,28 @@ bool Configuration::write(const QString &path, QString *error) const
 {
     return m_mode == JEX::StandardMode ? JEX::writeJEXConfigToXml(m_standard, path, error)
                                        : JEX::writeJEXConfigToXml_Lite(m_lite, path, error);
+}
+
+bool Configuration::rewrite(const QString &path, QString *error) const
+{
+    QByteArray bytes;
+    if (!toBytes(&bytes, error)) {
+        *error = QLatin1String("The file \"") + path + QLatin1String("\" is not written: ") + *error;
+        return false;
+    }
+    const QUtil::FileMark now = QUtil::FileMark::of(path);
+    if (now == QUtil::FileMark(bytes))
+        return true;
+    if (!m_read.isNull() && !now.isNull() && now != m_read)
+        *error =
+            QLatin1String("The file \"") + path +
+            QLatin1String("\" has changed since it was read, and is left as it is. Run the command again.");
+    else if (QUtil::isStreamName(path))
+        *error = QLatin1String("\"") + path +
+                 QLatin1String("\" is a stream, which cannot be replaced. Name a file.");
+    else
+        return write(path, error);
+    return false;
 }
 
 QString Configuration::modeName() const

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include "check/stalereport.h"
+#include "host/filemark.h"
 #include "model/jex/core.h"
 
 namespace RTLJEX {
@@ -44,11 +45,17 @@ public:
     // Whether a file is well-formed and of this mode; what its values are worth is judged by reading.
     bool accepts(const QString &path) const;
     // The cores of the file in place of those it has. False, with a sentence, when the file cannot be read:
-    // then it has none.
+    // then it has none. A stream is taken as well (see regularfile.h).
     bool read(const QString &path, QString *error);
     bool toBytes(QByteArray *bytes, QString *error) const;
     // False leaves the old file as it was, with a sentence; where that is null, it goes to the debug output.
     bool write(const QString &path, QString *error) const;
+
+    // For programs that nobody watches: leaves a file that holds these bytes already as it is, and refuses
+    // one that has changed since it was read.
+    bool rewrite(const QString &path, QString *error) const;
+    // Whether the file that was read held these bytes.
+    bool wasReadFrom(const QByteArray &bytes) const { return m_read == QUtil::FileMark(bytes); }
 
     JEX::JexMode mode() const { return m_mode; }
     QString modeName() const;
@@ -69,6 +76,7 @@ private:
     void deleteCores();
 
     JEX::JexMode m_mode;
+    QUtil::FileMark m_read; // null: nothing was read
     QList<JEX::AoCore *> m_standard;
     QList<JEX::AOCore_Lite *> m_lite;
 };

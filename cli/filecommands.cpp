@@ -1,8 +1,8 @@
-#include <QFile>
 #include <QFileInfo>
 
 #include "check/configuration.h"
 #include "cli/arguments.h"
+#include "host/regularfile.h"
 
 namespace Cli {
 namespace {
@@ -11,18 +11,6 @@ ExitCode failFor(const char *command, const QString &error)
 {
     say(QString("jex ") + command + ": " + error);
     return CouldNotRun;
-}
-
-bool readFile(const QString &path, QByteArray *bytes, QString *error)
-{
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
-        *bytes = file.readAll();
-        if (file.error() == QFile::NoError)
-            return true;
-    }
-    *error = "The file \"" + path + "\" cannot be read: " + file.errorString() + '.';
-    return false;
 }
 
 } // namespace
@@ -47,7 +35,7 @@ ExitCode makeNew(const QStringList &words, Output &out)
         return failFor("new", "The file \"" + file + "\" exists already. Name another one, or remove it.");
     const RTLJEX::Configuration empty(mode == "lite" ? JEX::LiteMode : JEX::StandardMode);
     QString error;
-    return empty.write(file, &error) ? Fine : failFor("new", error);
+    return empty.rewrite(file, &error) ? Fine : failFor("new", error);
 }
 
 ExitCode format(const QStringList &words, Output &out)
@@ -55,7 +43,8 @@ ExitCode format(const QStringList &words, Output &out)
     Arguments arguments(
         "fmt", "FILE...",
         "Reads configurations (.zub) and writes them as the editor does. A file that has this\n"
-        "form already is not touched; comments are not kept.");
+        "form already is not touched; comments are not kept. What is read from \"-\" goes to standard "
+        "output.");
     arguments.parser.addPositionalArgument("FILE", "The configurations.");
     arguments.parser.addOption(
         {"check", "Write nothing; list the files that would change, and end with 1 if there is one."});
@@ -66,17 +55,17 @@ ExitCode format(const QStringList &words, Output &out)
     ExitCode result = Fine;
     for (const QString &file : arguments.files()) {
         RTLJEX::Configuration configuration;
-        QByteArray old, bytes;
+        QByteArray bytes;
         QString error;
-        bool done = configuration.read(file, &error) && readFile(file, &old, &error) &&
-                    configuration.toBytes(&bytes, &error);
-        if (done && bytes != old) {
-            if (arguments.parser.isSet("check")) {
-                out.line(file);
-                result = qMax(result, Findings);
-            } else {
-                done = configuration.write(file, &error);
-            }
+        bool done = configuration.read(file, &error) && configuration.toBytes(&bytes, &error);
+        if (done && !arguments.parser.isSet("check")) {
+            if (QUtil::isStreamName(file))
+                out.write(bytes.constData(), size_t(bytes.size()));
+            else
+                done = configuration.rewrite(file, &error);
+        } else if (done && !configuration.wasReadFrom(bytes)) {
+            out.line(file);
+            result = qMax(result, Findings);
         }
         if (!done)
             result = failFor("fmt", error);

@@ -76,6 +76,8 @@ int main(int argc, char *argv[])
     occupyStandardStreams();
     // A reader that has seen enough ends the output, not the program, which cleans up after itself.
     signal(SIGPIPE, SIG_IGN);
+    // A file that may not grow any more is a sentence, not the end.
+    signal(SIGXFSZ, SIG_IGN);
     // Build servers often run in the C locale, whose codec knows no name beyond ASCII.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     QCoreApplication application(argc, argv);

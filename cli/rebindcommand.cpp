@@ -85,7 +85,7 @@ ExitCode rebindFile(const QString &file, const Renaming &renaming, const QUARRY:
         return fail(error);
     Outcome outcome = rename(file, renaming, netlist, configuration);
     if (outcome.refusal.isEmpty() && !arguments.parser.isSet("dry-run"))
-        outcome.isWritten = configuration.write(file, &error);
+        outcome.isWritten = configuration.rewrite(file, &error);
     if (arguments.json())
         printJson(outcomeJson(file, configuration, outcome), out);
     else

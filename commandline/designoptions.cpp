@@ -9,6 +9,7 @@
 #include "host/designmanager.h"
 #include "host/filelist.h"
 #include "host/project.h"
+#include "host/regularfile.h"
 #include "model/jex/devicetable.h"
 
 namespace CommandLine {
@@ -49,6 +50,15 @@ bool areFolders(const QStringList &paths, QStringList &messages)
         good = false;
     }
     return good;
+}
+
+QString missingFile(const QString &file)
+{
+    if (QFileInfo(file).isDir())
+        return "\"" + file + "\" is not a file: name its sources, or a list with -f.";
+    const QString odd = QUtil::irregularReason(file);
+    return odd.isEmpty() ? "There is no file \"" + file + "\"."
+                         : "\"" + file + "\" cannot be read: " + odd + '.';
 }
 
 } // namespace
@@ -96,13 +106,12 @@ bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMe
 {
     for (const QString &file : files) {
         const QString suffix = QFileInfo(file).suffix().toLower();
-        if (!QFileInfo(file).isFile()) {
-            errorMessage = QFileInfo::exists(file)
-                               ? "\"" + file + "\" is not a file: name its sources, or a list with -f."
-                               : "There is no file \"" + file + "\".";
+        const bool isStream = QUtil::isStreamName(file);
+        if (!isStream && !QFileInfo(file).isFile()) {
+            errorMessage = missingFile(file);
             return false;
         }
-        if (suffix == "zub") {
+        if (isStream || suffix == "zub") {
             options.editorFiles << file;
         } else if (suffix != Core::projectFileSuffix()) {
             options.sources << file;

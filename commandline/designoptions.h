@@ -36,8 +36,9 @@ void readDesignOptions(const QCommandLineParser &parser, DesignOptions &options)
 // The project in the folder of a file, when there is just one; else empty.
 QString projectBeside(const QString &path);
 
-// Puts each file, by its suffix, where it belongs. False, with a sentence, when one is not there or is a
-// second project. A configuration without a design brings the project beside it.
+// Puts each file, by its suffix, where it belongs; a stream (see regularfile.h) is a configuration. False,
+// with a sentence, when one is not there or is a second project. A configuration without a design brings the
+// project beside it.
 bool addFiles(const QStringList &files, DesignOptions &options, QString &errorMessage);
 
 // Whether the options name anything that needs a project.

@@ -74,9 +74,19 @@ void ActionManager::refresh()
     }
 }
 
+void ActionManager::setGate(const QString &actionId, const Gate &gate)
+{
+    command(actionId);
+    m_commands[actionId].gate = gate;
+}
+
 void ActionManager::onCommandTriggered()
 {
-    if (QAction *active = activeAction(sender()->objectName()))
+    const QString actionId = sender()->objectName();
+    const Gate gate = m_commands.value(actionId).gate;
+    if (!activeAction(actionId) || (gate && !gate()))
+        return;
+    if (QAction *active = activeAction(actionId))
         active->trigger();
 }
 

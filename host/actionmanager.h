@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <functional>
 
 class QAction;
 
@@ -27,6 +28,11 @@ public:
     // The action is not owned and forgotten when it dies.
     static void registerAction(QAction *action, const QString &actionId, const QString &context);
 
+    // The host's say before the command triggers a plug-in's action; false: it does not. An empty one:
+    // always.
+    typedef std::function<bool()> Gate;
+    void setGate(const QString &actionId, const Gate &gate);
+
 private Q_SLOTS:
     void refresh();
     void onCommandTriggered();
@@ -36,6 +42,7 @@ private:
     {
         QAction *action;
         QString defaultText;
+        Gate gate;
     };
     struct Registration
     {

@@ -1,105 +1,79 @@
 #include "host/atomicfile.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+
+#include "host/backupfile.h"
+#include "host/fileattributes.h"
+#include "host/savetarget.h"
+#include "host/temporaryfile.h"
 
 namespace QUtil {
 namespace {
 
-bool fail(const QString &path, const char *step, int cause, QString *errorMessage)
+// The new file for a target, with all that the old one has but its content; or what speaks against it.
+class Replacement
 {
-    if (errorMessage)
-        *errorMessage = QString::fromLatin1("Can not save to %1: %2 failed (%3).")
-                            .arg(QDir::toNativeSeparators(path), QLatin1String(step),
-                                 QString::fromLocal8Bit(std::strerror(cause)));
-    return false;
-}
-
-// The file that is replaced: the end of a chain of links, also when nothing is there yet.
-QString realTarget(const QString &path)
-{
-    QString target = QFileInfo(path).absoluteFilePath();
-    for (int hops = 0; hops < 32 && QFileInfo(target).isSymLink(); ++hops)
-        target = QFileInfo(target).symLinkTarget();
-    return target;
-}
-
-// A new file beside the target, with the permissions that a new file gets here. -1 on failure.
-int createBeside(const QByteArray &target, QByteArray &name)
-{
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        name = target + '.' + QByteArray::number(qint64(::getpid())) + '.' + QByteArray::number(attempt) +
-               ".tmp";
-        const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd >= 0 || errno != EEXIST)
-            return fd;
+public:
+    explicit Replacement(const SaveTarget &target) : m_target(target)
+    {
+        const mode_t mode = target.exists ? 0600 : 0666;
+        if (target.exists && target.info.st_nlink > 1)
+            losses << QString::fromLatin1("it has %1 names (hard links)").arg(target.info.st_nlink);
+        else if (m_file.create(target.folder, mode))
+            fault = target.exists ? copyAttributes(target, m_file.descriptor(), losses) : SaveFault();
+        else if (target.exists && (errno == EACCES || errno == EPERM || errno == EROFS))
+            losses << QLatin1String("its folder cannot be written to");
+        else
+            fault = faultOf("creating a file in its folder");
     }
-    return -1;
-}
 
-bool writeAll(int fd, const QByteArray &bytes)
-{
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.constData() + done, size_t(bytes.size() - done));
-        if (n > 0)
-            done += n;
-        else if (n == 0 || errno != EINTR)
-            return false;
+    SaveFault write(const QByteArray &bytes)
+    {
+        const SaveFault failed = m_file.finish(bytes, m_target.path);
+        return failed ? failed : flushFolder(m_target.folder);
     }
-    return true;
-}
 
-// Null when every step succeeded, else the step at fault, with errno telling why.
-const char *fill(int fd, const QByteArray &target, const QByteArray &bytes)
+    QStringList losses;
+    SaveFault fault;
+
+private:
+    const SaveTarget &m_target;
+    TemporaryFile m_file;
+};
+
+SaveFault save(const SaveTarget &target, const QByteArray &bytes)
 {
-    struct stat old;
-    if (::stat(target.constData(), &old) == 0 && ::fchmod(fd, old.st_mode & 07777) != 0)
-        return "setting the permissions";
-    if (!writeAll(fd, bytes))
-        return "writing";
-    return ::fsync(fd) == 0 ? nullptr : "flushing to the disk";
+    if (target.fault)
+        return target.fault;
+    sweepTemporaryFiles(target.folder);
+    {
+        Replacement replacement(target);
+        if (replacement.fault)
+            return replacement.fault;
+        if (replacement.losses.isEmpty())
+            return replacement.write(bytes);
+    }
+    return writeInPlace(target, bytes);
 }
 
 } // namespace
 
 bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *errorMessage)
 {
-    const QString targetPath = realTarget(path);
-    const QFileInfo info(targetPath);
-    if (info.exists() && !info.isWritable())
-        return fail(path, "opening", EACCES, errorMessage);
-    if (info.isDir())
-        return fail(path, "opening", EISDIR, errorMessage);
+    const SaveFault fault = save(SaveTarget(path), bytes);
+    if (!fault)
+        discardBackup(path); // of an earlier save that did not end
+    else if (errorMessage)
+        *errorMessage = fault.sentence(path);
+    return !fault;
+}
 
-    const QByteArray target = QFile::encodeName(targetPath);
-    QByteArray temporary;
-    const int fd = createBeside(target, temporary);
-    if (fd < 0)
-        return fail(path, "creating a file in its folder", errno, errorMessage);
-
-    const char *step = fill(fd, target, bytes);
-    int cause = errno;
-    if (::close(fd) != 0 && !step) {
-        step = "closing";
-        cause = errno;
-    }
-    if (!step && ::rename(temporary.constData(), target.constData()) != 0) {
-        step = "replacing the file";
-        cause = errno;
-    }
-    if (!step)
-        return true;
-    ::unlink(temporary.constData());
-    return fail(path, step, cause, errorMessage);
+QStringList reasonsToWriteInPlace(const QString &path)
+{
+    const SaveTarget target(path);
+    if (target.fault)
+        return QStringList();
+    return Replacement(target).losses;
 }
 
 } // namespace QUtil

@@ -1,15 +1,17 @@
 #include "host/filelist.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegExp>
 #include <QSet>
 
 #include "host/designmanager.h"
+#include "host/regularfile.h"
 
 namespace Core {
 namespace {
+
+const qint64 sizeLimit = 16 * QUtil::MiB;
 
 struct Word
 {
@@ -150,17 +152,21 @@ public:
 
     bool read(const QString &listPath, const QString &folder, const QString &namedAt)
     {
-        const QString list = QDir::cleanPath(QFileInfo(listPath).absoluteFilePath());
-        QFile file(list);
+        // A list that another one names is a file: the streams are the user's.
+        const bool isStream = m_open.isEmpty() && QUtil::isStreamName(listPath);
+        const QString list = isStream ? listPath : absoluteIn(QDir::currentPath(), listPath);
+        QByteArray bytes;
+        QString reason;
         if (m_open.contains(list))
             fail(namedAt, QString::fromLatin1("the list \"%1\" reads itself.").arg(list));
-        else if (!file.open(QIODevice::ReadOnly))
+        else if (isStream ? !QUtil::readFileOrStream(list, sizeLimit, &bytes, &reason)
+                          : !QUtil::readRegularFile(list, sizeLimit, &bytes, &reason))
             fail(namedAt, QLatin1String(namedAt.isEmpty() ? "The" : "the") +
                               QString::fromLatin1(" list \"%1\" can not be read (%2). Check its name, and "
                                                   "that you may read it.")
-                                  .arg(QDir::toNativeSeparators(listPath), file.errorString()));
+                                  .arg(QDir::toNativeSeparators(listPath), reason));
         else
-            readWords(QString::fromUtf8(file.readAll()).remove(QLatin1Char('\r')), list, folder);
+            readWords(QString::fromUtf8(bytes).remove(QLatin1Char('\r')), list, folder);
         return !m_failed;
     }
 
@@ -254,9 +260,9 @@ private:
 
     static QString find(const QString &path, const QString &list, const QString &folder)
     {
-        const QString first = QDir::cleanPath(QDir(folder).absoluteFilePath(path));
-        const QString second = QDir::cleanPath(QFileInfo(list).absoluteDir().absoluteFilePath(path));
-        return !QFile::exists(first) && QFile::exists(second) ? second : first;
+        const QString first = absoluteIn(folder, path);
+        const QString second = absoluteIn(QFileInfo(list).absolutePath(), path);
+        return !QFileInfo(first).exists() && QFileInfo(second).exists() ? second : first;
     }
 
     void addFolder(const QString &path, QStringList &folders, const QString &where)
@@ -269,7 +275,10 @@ private:
 
     void addSource(const QString &path, const QString &where)
     {
-        if (!QFileInfo(path).isFile()) {
+        const QString kind = QUtil::irregularKind(path);
+        if (!kind.isEmpty()) {
+            fail(where, QString::fromLatin1("\"%1\" is %2, not a source.").arg(path, kind));
+        } else if (!QFileInfo(path).isFile()) {
             fail(where, QString::fromLatin1("there is no file \"%1\".").arg(path));
         } else if (!m_known.contains(path)) {
             SourceFile file;

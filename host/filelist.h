@@ -17,9 +17,10 @@ namespace Core {
 //   -sv  -sverilog                     Verilog files are SystemVerilog
 //   +libext+...                        passed over: library folders are searched for all suffixes
 //   // # and /* */                     comments, at the start of a word
-// Paths are relative to `folder`, and where nothing is there, to the folder of the list itself.
-// False, with `data` untouched, when something named is not there or not understood at all; `messages`
-// gets a sentence with file and line for each such fault, and for options that were passed over.
+// The list itself may be a stream that the command line names, as "-". Paths are relative to `folder`, and
+// where nothing is there, to the folder of the list itself. False, with `data` untouched, when something
+// named is not there or not understood at all; `messages` gets a sentence with file and line for each such
+// fault, and for options that were passed over.
 bool readFileList(const QString &listPath, const QString &folder, ProjectData &data, QStringList &messages);
 
 } // namespace Core

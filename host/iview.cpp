@@ -23,6 +23,16 @@ void IView::showFinding(const Finding &)
 {
 }
 
+EditedFile IView::editedFile() const
+{
+    return EditedFile();
+}
+
+bool IView::reloadFile()
+{
+    return false;
+}
+
 void IView::tellFindings()
 {
     Q_EMIT findingsChanged();

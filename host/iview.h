@@ -5,6 +5,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include "host/filemark.h"
+
 namespace Core {
 
 // Something that a view finds at fault in what it shows, for the host to list.
@@ -12,6 +14,14 @@ struct Finding
 {
     QString text;   // one line
     QVariant place; // the view knows what it means
+};
+
+// The file that a view edits, for the host to look at before anything is written to it.
+struct EditedFile
+{
+    QString path; // empty: the view edits none
+    bool isModified = false;
+    QUtil::FileMark mark; // what the file held when the view read or saved it last
 };
 
 // A view that the host shows in a tab. The window title is the tab's tool tip, the short title its text.
@@ -29,6 +39,10 @@ public:
     virtual QList<Finding> findings() const;
     virtual void showFinding(const Finding &finding); // brings its place into view; does nothing here
     void tellFindings();
+
+    // None here. An edit that is under way is ended before, so that it counts.
+    virtual EditedFile editedFile() const;
+    virtual bool reloadFile(); // drops all edits; false, here always, when nothing was changed
 
     QString shortTitle() const;
     void setShortTitle(const QString &title);

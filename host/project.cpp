@@ -1,19 +1,23 @@
 #include "host/project.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QMap>
 #include <QPointer>
 #include <QVariant>
 
 #include "host/atomicfile.h"
+#include "host/backupfile.h"
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "host/projectfile.h"
+#include "host/regularfile.h"
 
 namespace Core {
 namespace {
+
+const qint64 sizeLimit = 16 * QUtil::MiB;
 
 QPointer<Project> &openProject()
 {
@@ -62,15 +66,89 @@ OptionPlace placeOf(const QString &option)
     return place;
 }
 
+const char *const optionNames[] = {"TopModule",   "Verilog_Standard", "Synthesize_tool",
+                                   "IncludePath", "LibraryPath",      "Defines"};
+
+QVariant valueOf(const ProjectData &data, const QString &option)
+{
+    const OptionPlace place = placeOf(option);
+    if (place.text)
+        return data.*place.text;
+    return place.list ? QVariant(data.*place.list) : QVariant();
+}
+
+void postOptionChange(const QString &option)
+{
+    EventData data;
+    data.insert(QLatin1String("option"), option);
+    post("TE.Option.Change", data);
+}
+
+void postTypeChange(const SourceFile &file, int previous)
+{
+    EventData data;
+    data.insert(QLatin1String("file"), file.path);
+    data.insert(QLatin1String("previous"), previous);
+    data.insert(QLatin1String("type"), file.type);
+    post("TE.File.Change.Type", data);
+}
+
+void postAddition(const SourceFile &file)
+{
+    EventData data;
+    data.insert(QLatin1String("file"), file.path);
+    post("TE.File.Add", data);
+}
+
+// The events of all that is another in the second list; the order of files is nobody's concern.
+void postFileChanges(const QList<SourceFile> &before, const QList<SourceFile> &after)
+{
+    QHash<QString, SourceFile> gone;
+    for (const SourceFile &file : before)
+        gone.insert(file.path, file);
+    for (const SourceFile &file : after) {
+        const bool isKnown = gone.contains(file.path);
+        const SourceFile old = gone.take(file.path);
+        if (!isKnown)
+            postAddition(file);
+        if (isKnown && old.enabled != file.enabled)
+            post("TE.File.Change.Enable", fileData(file));
+        if (isKnown && old.type != file.type)
+            postTypeChange(file, old.type);
+    }
+    for (const SourceFile &file : gone)
+        post("TE.File.Remove", fileData(file));
+}
+
 void moveRelativePaths(QStringList &paths, const QString &oldFolder, const QString &newFolder)
 {
     for (QString &path : paths) {
-        if (QDir::isRelativePath(path))
-            path = QDir(newFolder).relativeFilePath(QDir(oldFolder).absoluteFilePath(path));
+        if (!path.startsWith(QLatin1Char('/')))
+            path = QDir(newFolder).relativeFilePath(absoluteIn(oldFolder, path));
     }
 }
 
+bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, QString *errorMessage)
+{
+    QByteArray bytes;
+    QString fault = QUtil::pendingBackupFault(path);
+    if (!fault.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, &bytes, &fault))
+        fault += QLatin1Char('.');
+    else
+        projectFromJson(bytes, QFileInfo(path).absolutePath(), data, fault);
+    mark = QUtil::FileMark(bytes);
+    if (!fault.isEmpty() && errorMessage)
+        *errorMessage = QLatin1String("Can not read the project ") + QDir::toNativeSeparators(path) +
+                        QLatin1String(": ") + fault;
+    return fault.isEmpty();
+}
+
 } // namespace
+
+QString absoluteIn(const QString &folder, const QString &path)
+{
+    return QDir::cleanPath(path.startsWith(QLatin1Char('/')) ? path : folder + QLatin1Char('/') + path);
+}
 
 Project::Project(QObject *parent) : QObject(parent), m_modified(false)
 {
@@ -109,28 +187,45 @@ bool Project::isModified() const
 
 QString Project::absolutePath(const QString &path) const
 {
-    return QDir::cleanPath(QDir(workingDir()).absoluteFilePath(path));
+    return absoluteIn(workingDir(), path);
 }
 
 bool Project::load(const QString &filePath, QString *errorMessage)
 {
     const QString absolute = QFileInfo(filePath).absoluteFilePath();
-    const QString shown = QDir::toNativeSeparators(absolute);
-    QString fault;
     ProjectData read;
-    QFile file(absolute);
-    if (!file.open(QIODevice::ReadOnly))
-        fault = file.errorString() + QLatin1Char('.');
-    else
-        projectFromJson(file.readAll(), QFileInfo(absolute).absolutePath(), read, fault);
-    if (!fault.isEmpty()) {
-        if (errorMessage)
-            *errorMessage = QString::fromLatin1("Can not read the project %1: %2").arg(shown, fault);
+    QUtil::FileMark mark;
+    if (!readProject(absolute, read, mark, errorMessage))
         return false;
-    }
     m_filePath = absolute;
+    m_fileMark = mark;
     setData(read);
     return true;
+}
+
+bool Project::reload(QString *errorMessage)
+{
+    ProjectData read;
+    QUtil::FileMark mark;
+    if (!readProject(m_filePath, read, mark, errorMessage))
+        return false;
+    m_fileMark = mark;
+    const ProjectData before = m_data;
+    setData(read);
+    postFileChanges(before.files, m_data.files);
+    for (const char *option : optionNames) {
+        if (valueOf(before, QLatin1String(option)) != valueOf(m_data, QLatin1String(option)))
+            postOptionChange(QLatin1String(option));
+    }
+    if (!(before.device == m_data.device))
+        post("TE.Device.Change", EventData());
+    return true;
+}
+
+void Project::noteRemoval()
+{
+    m_fileMark = QUtil::FileMark();
+    finishChange();
 }
 
 bool Project::save(QString *errorMessage)
@@ -140,7 +235,13 @@ bool Project::save(QString *errorMessage)
             *errorMessage = QLatin1String("The project has no file yet: choose one to save it to.");
         return false;
     }
-    if (!QUtil::writeFileAtomically(m_filePath, projectToJson(m_data, workingDir()), errorMessage))
+    const QByteArray bytes = projectToJson(m_data, workingDir());
+    const QUtil::FileMark mark(bytes);
+    const bool isSaved = QUtil::writeFileAtomically(m_filePath, bytes, errorMessage);
+    // The last step of a save can fail when the file is written.
+    if (isSaved || mark == QUtil::FileMark::of(m_filePath))
+        m_fileMark = mark;
+    if (!isSaved)
         return false;
     m_modified = false;
     Q_EMIT changed();
@@ -150,6 +251,7 @@ bool Project::save(QString *errorMessage)
 bool Project::saveAs(const QString &filePath, QString *errorMessage)
 {
     const QString oldPath = m_filePath;
+    const QUtil::FileMark oldMark = m_fileMark;
     const ProjectData oldData = m_data;
     const QString oldFolder = workingDir();
     m_filePath = QFileInfo(filePath).absoluteFilePath();
@@ -158,6 +260,7 @@ bool Project::saveAs(const QString &filePath, QString *errorMessage)
     if (save(errorMessage))
         return true;
     m_filePath = oldPath;
+    m_fileMark = oldMark;
     m_data = oldData;
     return false;
 }
@@ -198,9 +301,7 @@ void Project::addFile(const QString &path)
     file.type = TE::fileTypeFromName(path);
     m_data.files.append(file);
     finishChange();
-    EventData data;
-    data.insert(QLatin1String("file"), file.path);
-    post("TE.File.Add", data);
+    postAddition(file);
 }
 
 void Project::removeFile(const QString &path)
@@ -229,21 +330,15 @@ void Project::setFileType(const QString &path, int type)
     const int index = indexOf(path);
     if (index < 0 || m_data.files.at(index).type == type)
         return;
-    EventData data;
-    data.insert(QLatin1String("file"), m_data.files.at(index).path);
-    data.insert(QLatin1String("previous"), m_data.files.at(index).type);
-    data.insert(QLatin1String("type"), type);
+    const int previous = m_data.files.at(index).type;
     m_data.files[index].type = type;
     finishChange();
-    post("TE.File.Change.Type", data);
+    postTypeChange(m_data.files.at(index), previous);
 }
 
 QVariant Project::option(const QString &option) const
 {
-    const OptionPlace place = placeOf(option);
-    if (place.text)
-        return m_data.*place.text;
-    return place.list ? QVariant(m_data.*place.list) : QVariant();
+    return valueOf(m_data, option);
 }
 
 void Project::setOption(const QString &option, const QVariant &value)
@@ -256,9 +351,7 @@ void Project::setOption(const QString &option, const QVariant &value)
     else
         return;
     finishChange();
-    EventData data;
-    data.insert(QLatin1String("option"), option);
-    post("TE.Option.Change", data);
+    postOptionChange(option);
 }
 
 void Project::setDevice(const DEV::DeviceArg &device)

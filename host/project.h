@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include "host/devicearg.h"
+#include "host/filemark.h"
 
 namespace Core {
 
@@ -14,6 +15,10 @@ inline const char *projectFileSuffix()
 {
     return "jexprj";
 }
+
+// A path of a project file, or of a list of sources, as seen from a folder: absolute and clean. The toolkit's
+// own functions take a name that begins with a colon for something else than a file.
+QString absoluteIn(const QString &folder, const QString &path);
 
 // One source file of a project. Paths are absolute in memory and relative to the project's folder in
 // the project file.
@@ -61,6 +66,11 @@ public:
     bool save(QString *errorMessage);
     // Paths that are relative to the project's folder are adjusted to the new one.
     bool saveAs(const QString &filePath, QString *errorMessage);
+    // What the project file held when it was read or saved last.
+    QUtil::FileMark fileMark() const { return m_fileMark; }
+    // Reads the file again and drops all edits. Posts the events of what is another now.
+    bool reload(QString *errorMessage);
+    void noteRemoval(); // the file is gone, so that there is something to be saved
     // Replaces everything at once, like load(), for a project that no view shows yet: posts no events, and
     // the project counts as unmodified.
     void setData(const ProjectData &data);
@@ -88,6 +98,7 @@ private:
 
     ProjectData m_data;
     QString m_filePath;
+    QUtil::FileMark m_fileMark;
     bool m_modified;
 };
 

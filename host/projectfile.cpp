@@ -1,10 +1,14 @@
 #include "host/projectfile.h"
 
 #include <QDir>
+#include <QStringList>
 
+#include <cmath>
+#include <limits>
 #include <nlohmann/json.hpp>
 
 #include "host/designmanager.h"
+#include "host/jsonfault.h"
 
 namespace Core {
 namespace {
@@ -28,45 +32,6 @@ std::string toStd(const QString &text)
     return std::string(utf8.constData(), size_t(utf8.size()));
 }
 
-// Finds out where and why a text is no JSON, which the reading that builds the document only says by
-// throwing.
-class FaultFinder : public nlohmann::json_sax<Json>
-{
-public:
-    std::size_t position = 0;
-    QString reason;
-
-    bool null() override { return true; }
-    bool boolean(bool) override { return true; }
-    bool number_integer(number_integer_t) override { return true; }
-    bool number_unsigned(number_unsigned_t) override { return true; }
-    bool number_float(number_float_t, const string_t &) override { return true; }
-    bool string(string_t &) override { return true; }
-    bool binary(binary_t &) override { return true; }
-    bool start_object(std::size_t) override { return true; }
-    bool key(string_t &) override { return true; }
-    bool end_object() override { return true; }
-    bool start_array(std::size_t) override { return true; }
-    bool end_array() override { return true; }
-    bool parse_error(std::size_t at, const std::string &, const nlohmann::detail::exception &cause) override
-    {
-        // "[json.exception.parse_error.101] parse error at line 3, column 5: ... - unexpected '}'; expected
-        // ..."
-        const QString text = fromStd(cause.what());
-        reason = text.mid(text.indexOf(QLatin1String(" - ")) + 3);
-        position = at;
-        return false;
-    }
-};
-
-QString jsonFault(const QByteArray &bytes)
-{
-    FaultFinder finder;
-    Json::sax_parse(bytes.constData(), bytes.constData() + bytes.size(), &finder);
-    const int line = 1 + bytes.left(int(finder.position) - 1).count('\n');
-    return QString::fromLatin1("line %1: %2.").arg(QString::number(line), finder.reason);
-}
-
 // Takes values out of one object of the document and remembers the first thing that is wrong with it.
 class ObjectReader
 {
@@ -84,7 +49,7 @@ public:
             return QString();
         if (!value->is_string())
             return setFault(QString::fromLatin1("%1 must be a text.").arg(name(key))), QString();
-        return fromStd(value->get_ref<const std::string &>());
+        return text(key, *value);
     }
 
     bool flag(const char *key, bool missing)
@@ -97,14 +62,17 @@ public:
         return value->is_boolean() && value->get<bool>();
     }
 
+    // Numbers beyond the range of int become its limits.
     int number(const char *key, int missing)
     {
         const Json *value = find(key);
         if (!value)
             return missing;
-        if (!value->is_number_integer())
+        const double number = value->is_number() ? value->get<double>() : 0.5;
+        if (number != std::floor(number))
             return setFault(QString::fromLatin1("%1 must be a whole number.").arg(name(key))), missing;
-        return value->get<int>();
+        return int(
+            qBound(double(std::numeric_limits<int>::min()), number, double(std::numeric_limits<int>::max())));
     }
 
     const Json *list(const char *key)
@@ -126,7 +94,7 @@ public:
                 setFault(QString::fromLatin1("%1 must hold texts only.").arg(name(key)));
                 break;
             }
-            result.append(fromStd(value.get_ref<const std::string &>()));
+            result.append(text(key, value));
         }
         return result;
     }
@@ -164,6 +132,15 @@ public:
     }
 
 private:
+    // The system takes the first NUL of a name for its end.
+    QString text(const char *key, const Json &value)
+    {
+        const QString text = fromStd(value.get_ref<const std::string &>());
+        if (text.contains(QChar(0)))
+            setFault(QString::fromLatin1("%1 holds a NUL character.").arg(name(key)));
+        return text;
+    }
+
     const Json &m_object;
     QString m_where;
     QString m_fault;
@@ -179,11 +156,6 @@ int typeFromText(const QString &text)
     return TE::UnknownFile;
 }
 
-QString absoluteFrom(const QString &folder, const QString &path)
-{
-    return QDir::cleanPath(QDir(folder).absoluteFilePath(path));
-}
-
 QString readFile(const Json &entry, int index, const QString &folder, SourceFile &file)
 {
     const QString where = QString::fromLatin1("\"files\", entry %1").arg(index + 1);
@@ -191,7 +163,7 @@ QString readFile(const Json &entry, int index, const QString &folder, SourceFile
     const QString path = reader.text("path");
     const QString type = reader.text("type");
     file.enabled = reader.flag("enabled", true);
-    file.path = absoluteFrom(folder, path);
+    file.path = absoluteIn(folder, path);
     file.type = type.isEmpty() ? TE::fileTypeFromName(path) : typeFromText(type);
     if (path.isEmpty())
         reader.setFault(QString::fromLatin1("%1 is missing.").arg(reader.name("path")));
@@ -220,9 +192,11 @@ QString readProject(const Json &document, const QString &folder, ProjectData &da
         return QLatin1String("it must hold one object.");
     const int version = reader.number("version", 0);
     if (version > formatVersion)
-        return QString::fromLatin1("its version %1 is newer than this program.").arg(version);
+        return QString::fromLatin1("its version %1 is newer than this program.")
+            .arg(fromStd(document.at("version").dump()));
     if (version < 1)
-        reader.setFault(QLatin1String("\"version\" is missing."));
+        reader.setFault(QLatin1String(document.contains("version") ? "\"version\" must be 1."
+                                                                   : "\"version\" is missing."));
     data.name = reader.text("name");
     const Json *files = reader.list("files");
     for (size_t i = 0; files && i < files->size(); ++i) {
@@ -278,11 +252,10 @@ Json deviceObject(const DEV::DeviceArg &device)
 
 bool projectFromJson(const QByteArray &bytes, const QString &folder, ProjectData &data, QString &fault)
 {
-    const Json document = Json::parse(bytes.constData(), bytes.constData() + bytes.size(), nullptr, false);
-    if (document.is_discarded()) {
-        fault = jsonFault(bytes);
+    fault = jsonFault(bytes);
+    if (!fault.isEmpty())
         return false;
-    }
+    const Json document = Json::parse(bytes.constData(), bytes.constData() + bytes.size(), nullptr, false);
     ProjectData read;
     fault = readProject(document, folder, read);
     if (!fault.isEmpty())

@@ -83,7 +83,7 @@ bool ViewManager::closeView(IView *view)
     ViewContainer *container = m_entries.at(index).container;
     const QPointer<QWidget> guard = view;
     m_asked.append(view);
-    const bool accepted = view->close();
+    const bool accepted = (!m_closeGate || m_closeGate(view)) && guard && view->close();
     m_asked.removeAll(view);
     // The view may have gone its own way while it asked the user.
     if (!guard || indexOf(view) < 0)
@@ -91,6 +91,11 @@ bool ViewManager::closeView(IView *view)
     if (accepted)
         container->close();
     return accepted;
+}
+
+void ViewManager::setCloseGate(const CloseGate &gate)
+{
+    m_closeGate = gate;
 }
 
 bool ViewManager::closeAllViews()

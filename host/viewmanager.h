@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 
 class QTabWidget;
 
@@ -33,6 +34,10 @@ public:
     void showView(IView *view);
     // Sends the view a close event; false when the view refuses. Reports viewClosed and deletes it.
     bool closeView(IView *view);
+    // The host's say before a view is asked whether it closes; false: it stays, unless the host closed its
+    // container meanwhile. An empty one: always.
+    typedef std::function<bool(IView *)> CloseGate;
+    void setCloseGate(const CloseGate &gate);
     // Closes every view, the active one last; stops at the first that refuses.
     bool closeAllViews();
 
@@ -89,6 +94,7 @@ private:
     QList<Entry> m_entries; // in order of opening
     QList<Binding> m_bindings;
     QList<IView *> m_asked; // views whose closeEvent is under way
+    CloseGate m_closeGate;
     IView *m_active;
     QStringList m_contexts;
     bool m_activeLost;   // the active view was closed or died, and who follows is not reported yet

@@ -67,6 +67,8 @@ bool EditorRecord::openFile(const QString &path, QString *errorMessage)
             *errorMessage = JexInserterView::tr("%1 open file failed.").arg(fileName);
         return false;
     }
+    // A change between this and the reading is asked about once too often, never once too little.
+    fileMark = QUtil::FileMark::of(fileName);
     if (!readCores(errorMessage))
         return false;
     showTitles(m_view, fileName, modified);
@@ -75,8 +77,10 @@ bool EditorRecord::openFile(const QString &path, QString *errorMessage)
 
 bool EditorRecord::reloadFile()
 {
+    const QUtil::FileMark mark = QUtil::FileMark::of(fileName);
     if (!configuration.accepts(fileName) || !readCores(nullptr))
         return false;
+    fileMark = mark;
     // A page that is made does not judge its rows by the netlist; one that is given a netlist does.
     if (netlist)
         handNetlistToPages();
@@ -110,6 +114,13 @@ bool EditorRecord::saveFile()
     {
         const WatchPause pause(fileWatcher, fileName);
         written = writeCores();
+        // The last step of a save can fail when the file is written.
+        QByteArray bytes;
+        QString error;
+        configuration.toBytes(&bytes, &error);
+        const QUtil::FileMark mark(bytes);
+        if (written || mark == QUtil::FileMark::of(fileName))
+            fileMark = mark;
     }
     if (!written) {
         showWriteFailure(m_view, fileName);

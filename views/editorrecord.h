@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "check/configuration.h"
+#include "host/filemark.h"
 
 class QCloseEvent;
 class QFileSystemWatcher;
@@ -38,8 +39,9 @@ public:
 
     // Loads cores and design. The message stays empty when the user has been told.
     bool openFile(const QString &path, QString *errorMessage);
-    bool reloadFile(); // drops all edits, keeps the netlist; nothing changes when it fails
-    bool saveFile();   // collects from the pages, checks, writes; tells the user about every failure
+    bool reloadFile();     // drops all edits, keeps the netlist; nothing changes when it fails
+    void finishRenaming(); // of a row; may be the first edit
+    bool saveFile();       // collects from the pages, checks, writes; tells the user about every failure
     void closing(QCloseEvent *event);
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
@@ -67,6 +69,7 @@ public:
 
     QString fileName;
     Configuration configuration;
+    QUtil::FileMark fileMark;        // what the file held when it was read or saved last
     QUARRY::RtlNetlist *netlist;     // owned
     QFileSystemWatcher *fileWatcher; // child
     bool modified;
@@ -89,7 +92,6 @@ private:
     virtual QString errorsText() const = 0; // above the errors of the check
 
     bool readCores(QString *errorMessage); // and shows them
-    void finishRenaming();
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void closeView();

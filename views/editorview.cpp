@@ -59,6 +59,21 @@ void EditorView::showFinding(const Core::Finding &finding)
         showSignalRow(page, signal);
 }
 
+Core::EditedFile EditorView::editedFile() const
+{
+    m_record->finishRenaming();
+    Core::EditedFile file;
+    file.path = m_record->fileName;
+    file.isModified = m_record->modified;
+    file.mark = m_record->fileMark;
+    return file;
+}
+
+bool EditorView::reloadFile()
+{
+    return m_record->reloadFile();
+}
+
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
 {
     return catchDesignNetlist();

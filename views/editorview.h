@@ -31,6 +31,8 @@ public:
     void handleIEvent(const QUtil::IEvent *event) override;
     QList<Core::Finding> findings() const override; // the signals of the file that the design does not have
     void showFinding(const Core::Finding &finding) override;
+    Core::EditedFile editedFile() const override;
+    bool reloadFile() override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,

@@ -5,6 +5,8 @@
 #include <QSettings>
 #include <QTextStream>
 #include <QTimer>
+
+#include <csignal>
 #include <memory>
 
 #include "commandline/endsignals.h"
@@ -51,6 +53,8 @@ public:
     {
         if (!namesProject(m_options))
             return true;
+        if (!m_options.projectFile.isEmpty() && !m_window.workspace()->settleBackup(m_options.projectFile))
+            return false;
         auto project = std::make_unique<Core::Project>();
         QStringList messages;
         const bool good = fillProject(m_options, *project, messages);
@@ -199,6 +203,8 @@ QStringList takePluginOption(int &argc, char *argv[])
 
 int main(int argc, char *argv[])
 {
+    // A file that may not grow any more is a sentence, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     const QStringList pluginOption = takePluginOption(argc, argv);
     QApplication application(argc, argv);
     if (QGuiApplication::platformName() == "offscreen")

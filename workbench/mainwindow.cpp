@@ -18,6 +18,7 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "elaboration/tools/toollimits.h"
 #include "host/actionmanager.h"
@@ -30,6 +31,7 @@
 #include "workbench/messagepane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
+#include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
 #include "workbench/workspace.h"
@@ -65,6 +67,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     : QMainWindow(parent),
       m_settings(settings),
       m_workspace(new Workspace(this)),
+      m_banner(new ProjectBanner),
       m_center(new QStackedWidget),
       m_hint(newHint()),
       m_tree(new ProjectTree),
@@ -75,7 +78,13 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     Core::ViewManager *views = Core::ViewManager::instance();
     m_center->addWidget(m_hint);
     m_center->addWidget(views->tabWidget());
-    setCentralWidget(m_center);
+    auto *center = new QWidget;
+    auto *layout = new QVBoxLayout(center);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_banner);
+    layout->addWidget(m_center);
+    setCentralWidget(center);
     views->setDialogParent(this);
     for (QLabel *label : {m_topLabel, m_deviceLabel}) {
         label->setTextFormat(Qt::PlainText);
@@ -87,6 +96,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     createProjectMenu();
     createOtherMenus();
     connectTree();
+    connectBanner();
     connect(m_workspace, &Workspace::projectReplaced, this, &MainWindow::onProjectReplaced);
     connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
@@ -216,6 +226,16 @@ void MainWindow::connectTree()
         for (const QString &path : paths)
             m_workspace->project()->setFileType(path, type);
     });
+}
+
+void MainWindow::connectBanner()
+{
+    connect(m_workspace, &Workspace::projectFileChanged, this, [this](ProjectFile state) {
+        m_banner->showState(state, m_workspace->project() ? m_workspace->project()->filePath() : QString());
+    });
+    connect(m_banner, &ProjectBanner::reload, m_workspace, &Workspace::reloadProject);
+    connect(m_banner, &ProjectBanner::keepIt, m_workspace, &Workspace::keepProject);
+    connect(m_banner, &ProjectBanner::closeIt, m_workspace, &Workspace::closeProject);
 }
 
 void MainWindow::restoreLayout()

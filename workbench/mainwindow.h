@@ -15,6 +15,7 @@ struct Finding;
 namespace Workbench {
 
 class MessagePane;
+class ProjectBanner;
 class ProjectTree;
 class Workspace;
 
@@ -43,6 +44,7 @@ private:
     void createOtherMenus();
     void createDocks();
     void connectTree();
+    void connectBanner();
     void restoreLayout();
 
     void onNewFile();
@@ -71,6 +73,7 @@ private:
 
     QSettings *m_settings;
     Workspace *m_workspace;
+    ProjectBanner *m_banner;
     QStackedWidget *m_center; // a hint, or the tabs
     QLabel *m_hint;
     ProjectTree *m_tree;

@@ -1,5 +1,7 @@
 #include "workbench/workspace.h"
 
+#include <QAction>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,19 +10,49 @@
 
 #include "commandline/designoptions.h"
 #include "elaboration/elaboration.h"
+#include "host/actionmanager.h"
+#include "host/backupfile.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
-#include "host/iview.h"
 #include "host/modal.h"
+#include "host/regularfile.h"
 #include "host/viewmanager.h"
+#include "model/jex/jexfile.h"
+#include "workbench/projectwatch.h"
+#include "workbench/question.h"
 #include "workbench/report.h"
 
 namespace Workbench {
 
-Workspace::Workspace(QWidget *window) : QObject(window), m_window(window)
+namespace {
+
+const char *const saveCommand = "Core.Action.Save";
+
+// The name under which a view has this file open, which may have several; else the name itself.
+QString nameInUse(const QString &path)
 {
-    connect(Core::ViewManager::instance(), &Core::ViewManager::viewActiveted, this,
-            &Workspace::followFindings);
+    for (const Core::IView *view : Core::ViewManager::instance()->views()) {
+        const QString open = view->editedFile().path;
+        if (QUtil::isSameFile(open, path))
+            return open;
+    }
+    return path;
+}
+
+} // namespace
+
+Workspace::Workspace(QWidget *window)
+    : QObject(window), m_window(window), m_watch(new ProjectWatch(this)), m_guard(window)
+{
+    Core::ViewManager *views = Core::ViewManager::instance();
+    connect(views, &Core::ViewManager::viewActiveted, this, &Workspace::followFindings);
+    connect(m_watch, &ProjectWatch::stirred, this, &Workspace::lookAtProjectFile);
+    connect(this, &Workspace::projectChanged, this, &Workspace::followProject);
+    connect(this, &Workspace::projectReplaced, this, &Workspace::followProject);
+    connect(this, &Workspace::projectReplaced, this, &Workspace::lookAtProjectFile);
+    views->setCloseGate([this](Core::IView *view) { return mayCloseView(view); });
+    Core::ActionManager::instance()->setGate(saveCommand, [this] { return maySaveView(); });
+    QUtil::EventManager::instance()->subscribe(this, JEX::NotWrittenTopic);
 }
 
 // A view is told of once it is there to be shown, and later when it says so; never in the middle of what it
@@ -52,6 +84,9 @@ void Workspace::tellFindings(Core::IView *view)
 
 Workspace::~Workspace()
 {
+    QUtil::EventManager::instance()->unsubscribe(this, JEX::NotWrittenTopic);
+    Core::ActionManager::instance()->setGate(saveCommand, {});
+    Core::ViewManager::instance()->setCloseGate({});
     for (Core::IView *view : Core::ViewManager::instance()->views())
         view->parentWidget()->close();
 }
@@ -74,6 +109,8 @@ bool Workspace::createProject(const QString &path)
         return false;
     auto project = std::make_unique<Core::Project>();
     QString error;
+    if (!mayReplace(path))
+        return false;
     if (!project->saveAs(path, &error))
         return fail(error);
     return useProject(std::move(project));
@@ -83,6 +120,8 @@ bool Workspace::openProject(const QString &path)
 {
     auto project = std::make_unique<Core::Project>();
     QString error;
+    if (!settleBackup(path))
+        return false;
     if (!project->load(path, &error))
         return fail(error);
     return useProject(std::move(project));
@@ -111,10 +150,58 @@ bool Workspace::saveProject()
     if (!m_project)
         return true;
     QString error;
-    if (!m_project->filePath().isEmpty())
+    if (!m_project->filePath().isEmpty()) {
+        const SaveGuard::Answer answer =
+            m_guard.ask({m_project->filePath(), true, m_project->fileMark()}, SaveGuard::Saving);
+        if (answer == SaveGuard::Otherwise)
+            reloadProject();
+        if (answer == SaveGuard::Otherwise || answer == SaveGuard::Cancel)
+            return false;
         return m_project->save(&error) || fail(error);
+    }
     const QString path = chooseProjectFile("Save Project", m_project->workingDir());
-    return !path.isEmpty() && (m_project->saveAs(path, &error) || fail(error));
+    return !path.isEmpty() && mayReplace(path) && (m_project->saveAs(path, &error) || fail(error));
+}
+
+// By what the user chose to replace; whether it changed is no question then.
+bool Workspace::mayReplace(const QString &path)
+{
+    return m_guard.ask({path, true, QUtil::FileMark::of(path)}, SaveGuard::Saving) != SaveGuard::Cancel;
+}
+
+bool Workspace::reloadProject()
+{
+    QString error;
+    if (!m_project)
+        return false;
+    if (!m_project->reload(&error))
+        return fail(error);
+    Q_EMIT message("Read the project " + QDir::toNativeSeparators(m_project->filePath()) + " again.", false);
+    lookAtProjectFile();
+    return true;
+}
+
+void Workspace::keepProject()
+{
+    m_kept = QUtil::FileMark::of(m_project ? m_project->filePath() : QString());
+    if (m_project && m_kept.isNull())
+        m_project->noteRemoval();
+    lookAtProjectFile();
+}
+
+void Workspace::followProject()
+{
+    m_watch->follow(m_project ? m_project->filePath() : QString());
+}
+
+void Workspace::lookAtProjectFile()
+{
+    const QString path = m_project ? m_project->filePath() : QString();
+    const QUtil::FileMark now = QUtil::FileMark::of(path);
+    ProjectFile state = ProjectFile::Same;
+    if (!path.isEmpty() && now != m_project->fileMark() && now != m_kept)
+        state = now.isNull() ? ProjectFile::Removed : ProjectFile::Changed;
+    Q_EMIT projectFileChanged(state);
 }
 
 QString Workspace::chooseProjectFile(const QString &title, const QString &folder) const
@@ -160,6 +247,64 @@ bool Workspace::closeProject()
     return true;
 }
 
+bool Workspace::maySaveView()
+{
+    const QPointer<Core::IView> view = Core::ViewManager::instance()->currentView();
+    const SaveGuard::Answer answer =
+        view ? m_guard.ask(view->editedFile(), SaveGuard::Saving) : SaveGuard::NothingToAsk;
+    if (answer == SaveGuard::Otherwise && view)
+        reloadView(view);
+    return answer == SaveGuard::NothingToAsk || answer == SaveGuard::Write;
+}
+
+void Workspace::reloadView(Core::IView *view)
+{
+    const QString path = QDir::toNativeSeparators(view->editedFile().path);
+    if (view->reloadFile())
+        Q_EMIT message("Read " + path + " again.", false);
+    else
+        fail(path + " could not be read again. The editor keeps what it has.");
+}
+
+// The editor asks whether to save when it closes, and then it saves at once.
+bool Workspace::mayCloseView(Core::IView *view)
+{
+    const QPointer<Core::IView> guard = view;
+    const Core::EditedFile file = view->editedFile();
+    const SaveGuard::Answer answer =
+        file.isModified ? m_guard.ask(file, SaveGuard::Closing) : SaveGuard::NothingToAsk;
+    if (answer == SaveGuard::Write && guard) {
+        Core::ViewManager::instance()->showView(view);
+        Core::ActionManager::instance()->command(saveCommand)->trigger();
+        return guard && !view->editedFile().isModified;
+    }
+    if (answer == SaveGuard::Otherwise && guard)
+        view->parentWidget()->close();
+    return answer == SaveGuard::NothingToAsk;
+}
+
+bool Workspace::settleBackup(const QString &path)
+{
+    const QString backup = QUtil::pendingBackup(path);
+    if (backup.isEmpty())
+        return true;
+    const int answer = askUser(m_window, "Backup",
+                               "The last save of the file '" + QDir::toNativeSeparators(path) +
+                                   "' did not end, and it may be damaged. What it held before is kept in '" +
+                                   QDir::toNativeSeparators(backup) + "' of " +
+                                   QFileInfo(backup).lastModified().toString() + ".",
+                               {"&Restore", "&Discard the Backup", "Cancel"});
+    QString error;
+    if (answer == 1)
+        QUtil::discardBackup(path);
+    return answer == 1 || (answer == 0 && (QUtil::restoreBackup(path, &error) || fail(error)));
+}
+
+void Workspace::handleIEvent(const QUtil::IEvent *event)
+{
+    Q_EMIT message(event->data().value("error").toString(), true);
+}
+
 bool Workspace::canEdit(const QString &path) const
 {
     return Core::EditorRegistry::editorFor(path) != nullptr;
@@ -170,19 +315,36 @@ bool Workspace::openFile(const QString &path)
     const QString shown = QDir::toNativeSeparators(path);
     if (QFileInfo(path).suffix().toLower() == Core::projectFileSuffix())
         return openProject(path);
+    const QString odd = QUtil::irregularReason(path);
+    if (!odd.isEmpty())
+        return fail("Can not open " + shown + ": " + odd + ".");
     if (!QFileInfo::exists(path))
         return fail("There is no file " + shown + ".");
     if (!canEdit(path))
         return fail("There is no editor for " + shown + ".");
+    if (!settleBackup(path))
+        return false;
     const QString project = m_project ? QString() : CommandLine::projectBeside(path);
     if (!project.isEmpty())
         openProject(project);
     const bool opened = Core::EditorRegistry::editorFor(path)(
-        path, TE::TaskEngine::instance()->designManager()->currentDevice());
+        nameInUse(path), TE::TaskEngine::instance()->designManager()->currentDevice());
     Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
     if (opened)
         tellDesignMessages();
+    else
+        tellFault(path);
     return opened;
+}
+
+// The editor says that a file is none of its own, the reader why.
+void Workspace::tellFault(const QString &path)
+{
+    QString error;
+    if (JEX::jexModeFromJexConfigFile(path) == JEX::InvalidMode)
+        qDeleteAll(JEX::readJEXConfigFromXml_Lite(path, nullptr, &error));
+    if (!error.isEmpty())
+        Q_EMIT message(error, true);
 }
 
 void Workspace::tellDesignMessages()

@@ -6,16 +6,22 @@
 #include <QStringList>
 #include <memory>
 
+#include "host/eventmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
+#include "workbench/projectbanner.h"
+#include "workbench/saveguard.h"
 
 class QWidget;
 
 namespace Workbench {
 
+class ProjectWatch;
+
 // The project that is open, and the opening and closing of it and of files. Asks the user where something
-// would be lost, and tells what went wrong in a box and as a message.
-class Workspace : public QObject
+// would be lost, before the views save and close as well, and tells what went wrong in a box and as a
+// message.
+class Workspace : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT
 
@@ -30,31 +36,49 @@ public:
     bool openProject(const QString &path);
     bool useProject(std::unique_ptr<Core::Project> project);
 
-    bool saveProject();  // asks where to, for a project that has no file yet
-    bool closeProject(); // with all views; false when the user keeps one of them or the project
+    bool saveProject();   // asks where to, for a project that has no file yet
+    bool closeProject();  // with all views; false when the user keeps one of them or the project
+    bool reloadProject(); // from its file; the views stay
+    void keepProject();   // whatever has become of its file
 
     // A file for a project that the user chooses, with its suffix; empty when he does not.
     QString chooseProjectFile(const QString &title, const QString &folder) const;
+
+    // Asks what is to be done about a save of this file that did not end. False: it is to be left alone.
+    bool settleBackup(const QString &path);
 
     // A project is opened as such, other files in the editor that a plug-in announced. Without a project,
     // the one that lies beside the file is opened first.
     bool openFile(const QString &path);
     bool canEdit(const QString &path) const;
 
+    void handleIEvent(const QUtil::IEvent *event) override;
+
 Q_SIGNALS:
-    void projectReplaced(); // another one, or none
-    void projectChanged();  // its contents, its file or its modified mark
+    void projectReplaced();                                // another one, or none
+    void projectChanged();                                 // its contents, its file or its modified mark
+    void projectFileChanged(Workbench::ProjectFile state); // on the disk
     void message(const QString &text, bool isError);
     void findingTold(Core::IView *view, const Core::Finding &finding);
 
 private:
     bool fail(const QString &text);
     bool mayCloseProject();
+    bool mayReplace(const QString &path);
+    bool maySaveView();
+    bool mayCloseView(Core::IView *view);
+    void reloadView(Core::IView *view);
+    void lookAtProjectFile();
+    void followProject();
+    void tellFault(const QString &path);
     void tellDesignMessages();
     void followFindings(Core::IView *view);
     void tellFindings(Core::IView *view);
 
     QWidget *m_window;
+    ProjectWatch *m_watch;
+    SaveGuard m_guard;
+    QUtil::FileMark m_kept; // what the project file held when the user did not want it
     std::unique_ptr<Core::Project> m_project;
     QSet<QString> m_toldMessages; // of the design, so that the next file does not repeat them
 };

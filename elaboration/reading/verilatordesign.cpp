@@ -2,7 +2,9 @@
 
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
+#include "host/regularfile.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -428,8 +430,10 @@ QString VerilatorDesign::nameOf(const pugi::xml_node &node) const
 QString VerilatorDesign::writtenName(const pugi::xml_node &node) const
 {
     const Location location(node);
-    QFile source(fileOf(node).source);
-    QByteArray line;
+    QByteArray text, line;
+    QString unread;
+    QUtil::readRegularFile(fileOf(node).source, 512 * QUtil::MiB, &text, &unread);
+    QBuffer source(&text);
     if (source.open(QIODevice::ReadOnly))
         for (int i = 0; i < location.line; ++i)
             line = source.readLine();

@@ -195,6 +195,8 @@ QStringList toolEnvironment(const ToolCall &call)
 
 void prepareToolProcess(const ToolLimits &limits, ToolRights rights)
 {
+    signal(SIGPIPE, SIG_DFL); // the program itself may ignore both
+    signal(SIGXFSZ, SIG_DFL);
     setLimit(RLIMIT_CORE, 0);
     setLimit(RLIMIT_CPU, limits.cpuSeconds);
     setLimit(RLIMIT_AS, limits.memoryBytes);

@@ -9,6 +9,7 @@
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
+#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
@@ -75,7 +76,11 @@ bool Elaborator::checkSources()
                                "TMPDIR name a folder that can be written."));
     for (const DesignSource &source : m_input.files) {
         const QFileInfo file(source.path);
-        if (!file.isFile() || !file.isReadable())
+        const QString odd = QUtil::irregularReason(source.path);
+        if (!odd.isEmpty())
+            addError(source.path + QLatin1String(" is not read: ") + odd +
+                     QLatin1String(". Remove it from the project."));
+        else if (!file.isFile() || !file.isReadable())
             addError(source.path +
                      QLatin1String(" cannot be read. Remove it from the project or restore it."));
         m_result->filesRead.append(source.path);

@@ -2,13 +2,14 @@
 
 #include <QByteArrayMatcher>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QRegExp>
 #include <QSet>
 
 #include <algorithm>
+
+#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
@@ -19,6 +20,15 @@ struct SourceWords
     QSet<QString> uses;
     bool isForAll = false; // only types and macros outside of everything: any file may need them
 };
+
+// Empty when the file cannot be read; the tools say why.
+QByteArray sourceOf(const QString &path)
+{
+    const qint64 limit = 512 * QUtil::MiB;
+    QByteArray source;
+    QString reason;
+    return QUtil::readRegularFile(path, limit, &source, &reason) ? source : QByteArray();
+}
 
 QString withoutComments(const QByteArray &source, SourceLanguage language)
 {
@@ -51,10 +61,10 @@ void collect(const QString &text, const char *pattern, QSet<QString> &names)
 SourceWords wordsOf(const QString &path, SourceLanguage language)
 {
     SourceWords words;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const QByteArray source = sourceOf(path);
+    if (source.isEmpty())
         return words;
-    QString text = withoutComments(file.readAll(), language);
+    QString text = withoutComments(source, language);
     if (language == VerilogSource) {
         collect(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
         collect(text, "\\b(\\w+)\\s*::", words.uses);
@@ -141,12 +151,9 @@ QStringList orderedByUse(const QStringList &files, SourceLanguage language)
 QSet<QString> includedNames(const QStringList &files)
 {
     QSet<QString> names;
-    for (const QString &path : files) {
-        QFile file(path);
-        if (file.open(QIODevice::ReadOnly))
-            collect(withoutComments(file.readAll(), VerilogSource),
-                    "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
-    }
+    for (const QString &path : files)
+        collect(withoutComments(sourceOf(path), VerilogSource),
+                "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
     return names;
 }
 
@@ -158,10 +165,7 @@ QStringList specialIncludes(const QStringList &files, const QStringList &folders
     const QByteArrayMatcher directive("`include");
     while (!waiting.isEmpty()) {
         const QString path = waiting.takeFirst();
-        QFile file(path);
-        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray text = file.readAll();
+        const QByteArray text = sourceOf(path);
         for (int at = directive.indexIn(text); at >= 0; at = directive.indexIn(text, at + 1)) {
             const QString name = includedName(text, at + 8);
             for (const QString &folder : QStringList(QFileInfo(path).absolutePath()) + folders) {
@@ -183,10 +187,7 @@ QStringList specialIncludes(const QStringList &files, const QStringList &folders
 VhdlNames vhdlNames(const QString &path)
 {
     VhdlNames names;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return names;
-    const QByteArray source = file.readAll();
+    const QByteArray source = sourceOf(path);
     names.mentionsForeign = source.toLower().contains("foreign");
     const QString text = withoutComments(source, VhdlSource);
     QRegExp entity(QLatin1String("\\bentity\\s+(\\w+)\\s+is\\b"), Qt::CaseInsensitive);

@@ -1,10 +1,10 @@
 #include "model/jex/jexfile.h"
 
 #include <QDebug>
-#include <QFile>
-#include <QXmlStreamReader>
 
 #include "host/atomicfile.h"
+#include "host/eventmanager.h"
+#include "model/jex/zubinput.h"
 #include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
 
@@ -12,25 +12,11 @@ namespace JEX {
 
 namespace {
 
-bool readBytes(const QString &path, QByteArray *bytes, QString *error)
-{
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
-        *bytes = file.readAll();
-        if (file.error() == QFile::NoError) {
-            return true;
-        }
-    }
-    *error = QLatin1String("The file \"") + path + QLatin1String("\" cannot be read: ") + file.errorString() +
-             QLatin1String(".");
-    return false;
-}
-
 bool isFileOfMode(const QString &path, JexMode mode)
 {
     QByteArray bytes;
     QString error;
-    return readBytes(path, &bytes, &error) && ZubReader(bytes, path).isWellFormed(mode);
+    return readZubFile(path, &bytes, &error) && ZubReader(bytes, path).isWellFormed(mode);
 }
 
 template <class Core>
@@ -40,7 +26,7 @@ QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(),
     QList<Core *> cores;
     QByteArray bytes;
     QString error;
-    if (readBytes(path, &bytes, &error)) {
+    if (readZubFile(path, &bytes, &error)) {
         ZubReader reader(bytes, path);
         cores = (reader.*read)();
         error = reader.error();
@@ -54,21 +40,32 @@ QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(),
     return cores;
 }
 
+// Where no caller takes the sentence, the host shows it.
+void tellNotWritten(const QString &path, const QString &error)
+{
+    qWarning() << "configuration not written:" << path << error;
+    QMap<QString, QVariant> data;
+    data.insert(QLatin1String("file"), path);
+    data.insert(QLatin1String("error"), error);
+    QUtil::EventManager::instance()->post(QLatin1String(NotWrittenTopic), data);
+}
+
 template <class Core>
 bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorMessage)
 {
     QByteArray bytes;
     QString error;
-    const bool made = zubFromCores(cores, &bytes, &error);
-    if (made && QUtil::writeFileAtomically(path, bytes, &error)) {
+    const bool isMade = zubFromCores(cores, &bytes, &error);
+    if (isMade && QUtil::writeFileAtomically(path, bytes, &error)) {
         return true;
     }
-    if (!errorMessage) {
-        qWarning() << "configuration not written:" << path << error;
-    } else if (made) {
+    if (!isMade) {
+        error = QLatin1String("The file \"") + path + QLatin1String("\" is not written: ") + error;
+    }
+    if (errorMessage) {
         *errorMessage = error;
     } else {
-        *errorMessage = QLatin1String("The file \"") + path + QLatin1String("\" is not written: ") + error;
+        tellNotWritten(path, error);
     }
     return false;
 }
@@ -77,12 +74,9 @@ bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorM
 
 JexMode jexModeFromJexConfigFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return InvalidMode;
-    }
-    QXmlStreamReader xml(&file);
-    return zubMode(&xml);
+    QByteArray bytes;
+    QString error;
+    return readZubFile(path, &bytes, &error) ? zubMode(bytes) : InvalidMode;
 }
 
 bool checkJEXStandardFile(const QString &path)

@@ -9,6 +9,8 @@ namespace JEX {
 
 namespace {
 
+const int ElementDepthLimit = 64;
+
 const FieldTable<AoCore> &fieldsOf(const AoCore *)
 {
     return standardFields();
@@ -66,6 +68,12 @@ JexMode zubMode(QXmlStreamReader *xml)
     return InvalidMode;
 }
 
+JexMode zubMode(const QByteArray &bytes)
+{
+    QXmlStreamReader xml(bytes);
+    return zubMode(&xml);
+}
+
 QList<AoCore *> ZubReader::standardCores()
 {
     return cores<AoCore>(StandardMode);
@@ -81,10 +89,12 @@ bool ZubReader::isWellFormed(JexMode mode)
     if (zubMode(&m_xml) != mode) {
         return false;
     }
-    while (!m_xml.atEnd()) {
+    // The reader keeps a record for each element that is open.
+    for (int depth = 1; !m_xml.atEnd() && depth <= ElementDepthLimit;) {
         m_xml.readNext();
+        depth += m_xml.isStartElement() ? 1 : m_xml.isEndElement() ? -1 : 0;
     }
-    return !m_xml.hasError();
+    return m_xml.atEnd() && !m_xml.hasError();
 }
 
 template <class Core>

@@ -55,5 +55,6 @@ private:
 
 // The mode that the outermost element names, whatever follows it.
 JexMode zubMode(QXmlStreamReader *xml);
+JexMode zubMode(const QByteArray &bytes);
 
 } // namespace JEX

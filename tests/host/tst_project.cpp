@@ -1,6 +1,8 @@
 #include <QJsonDocument>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "host/filelist.h"
@@ -104,6 +106,13 @@ private Q_SLOTS:
         row("it must hold one object.", "[]");
         row("\"version\" is missing.", "{}");
         row("its version 2 is newer than this program.", R"({"version": 2})");
+        row("its version 4294967297 is newer than this program.", R"({"version": 4294967297})");
+        row("its version 1e+30 is newer than this program.",
+            R"({"version": 1000000000000000000000000000000})");
+        row("\"version\" must be 1.", R"({"version": -4294967295})");
+        row("\"version\" must be a whole number.", R"({"version": 1.5})");
+        row("line 1: the number 1e400 is too large.", R"({"version": 1e400})");
+        row("it is nested more than 16 deep.", QByteArray(1000000, '['));
         const auto part = [](const char *fault, const char *text) {
             row(fault, QByteArray(R"({"version": 1, )") + text + '}');
         };
@@ -116,6 +125,12 @@ private Q_SLOTS:
         part(R"("files", entry 1, "enabled" must be true or false.)",
              R"("files": [{"path": "a", "enabled": 1}])");
         part(R"("device" must be an object.)", R"("device": [])");
+        part(R"("name" stands twice.)", R"("name": "a", "name": "a")");
+        part(R"("files", entry 2, "path" stands twice.)",
+             R"("files": [{"path": "a"}, {"path": "a", "type": "VHDL", "path": "b"}])");
+        part(R"("device", "package" stands twice.)", R"("device": {"package": "", "package": ""})");
+        part(R"("files", entry 1, "path" holds a NUL character.)", R"("files": [{"path": "a.v\u0000b"}])");
+        part(R"("defines" holds a NUL character.)", R"("defines": ["A", "B\u0000"])");
     }
 
     void refusedFiles()
@@ -130,6 +145,62 @@ private Q_SLOTS:
         QCOMPARE(error, "Can not read the project " + path + ": " + QTest::currentDataTag());
         QCOMPARE(project.data().files.size(), 1);
         QCOMPARE(project.filePath(), QString());
+    }
+
+    // The toolkit takes names that begin with a colon for its own resources.
+    void oddNames()
+    {
+        const Folder dir;
+        const QString path =
+            dir.write("p/demo.jexprj", R"({"version": 1.0, "files": [{"path": ":/a.v"}, {"path": ":b.v"}],
+                                       "includePaths": [":inc", "../-x"]})");
+        Project project;
+        QString error;
+        QVERIFY2(project.load(path, &error), qPrintable(error));
+        QCOMPARE(described(project.data(), dir.path("p")), QString(":/a.v:2, :b.v:2, I::inc, I:../-x"));
+        QCOMPARE(project.absolutePath(":inc"), dir.path("p/:inc"));
+        QVERIFY2(project.save(&error) && project.load(path, &error), qPrintable(error));
+        QCOMPARE(described(project.data(), dir.path("p")), QString(":/a.v:2, :b.v:2, I::inc, I:../-x"));
+        QVERIFY(project.saveAs(dir.path("q.jexprj"), &error));
+        QCOMPARE(project.data().includePaths.join(' '), QString("p/:inc -x"));
+    }
+
+    void noRegularFile()
+    {
+        const Folder dir;
+        QString error;
+        QCOMPARE(mkfifo(qPrintable(dir.path("a.jexprj")), 0600), 0);
+        QVERIFY(!Project().load(dir.path("a.jexprj"), &error));
+        QCOMPARE(error, "Can not read the project " + dir.path("a.jexprj") +
+                            ": it is a named pipe, not a regular file.");
+    }
+
+    // Reading the file again tells of each difference once.
+    void reloading()
+    {
+        const Folder dir;
+        const QString path = dir.write("demo.jexprj", fullProject);
+        Project project;
+        QVERIFY(project.load(path, nullptr));
+        Recorder recorder;
+        QVERIFY(!project.fileMark().isOutdated(path));
+        QString text = fullProject;
+        text.replace("rtl/top.v", "rtl/next.v").replace("SystemVerilog", "VHDL").replace("WIDTH=8", "W=1");
+        dir.write("demo.jexprj", text.replace("\"enabled\": false", "\"enabled\": true").toUtf8());
+        QVERIFY(project.fileMark().isOutdated(path));
+        project.setOption("TopModule", "edited");
+        recorder.lines.clear();
+        QVERIFY(project.reload(nullptr) && !project.isModified());
+        QVERIFY(!project.fileMark().isOutdated(path));
+        QCOMPARE(recorder.lines.join('\n'), QString("TE.File.Add file=next.v\n"
+                                                    "TE.File.Change.Type file=a b.v previous=3 type=4\n"
+                                                    "TE.File.Change.Enable enable=true file=old.vhd type=4\n"
+                                                    "TE.File.Remove enable=true file=top.v type=2\n"
+                                                    "TE.Option.Change option=TopModule\n"
+                                                    "TE.Option.Change option=Defines"));
+        dir.write("demo.jexprj", "{");
+        QString error;
+        QVERIFY(!project.reload(&error) && project.data().files.size() == 3);
     }
 
     void everyChangePostsItsEvent()
@@ -241,6 +312,14 @@ private Q_SLOTS:
         row("a.v\n-timescale=1ns/1ps", "a.v:2", "%1:2: the option \"-timescale=1ns/1ps\" was passed over.");
         row("+incdir+my\\ dir+other", "", "%1:1: there is no folder \"%2/other\".");
         row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
+        row("a.v\npipe", "", "%1:2: \"%2/pipe\" is a named pipe, not a source.");
+        row("-f pipe", "",
+            "%1:1: the list \"%2/pipe\" can not be read (it is a named pipe, not a regular file). Check its "
+            "name, and that you may read it.");
+        row("\n-f /dev/stdin", "",
+            "%1:2: the list \"/dev/stdin\" can not be read (it is a device, not a regular file). Check its "
+            "name, and that you may read it.");
+        row(":o.v", ":o.v:2", "");
         row("a.v -y", "", "%1:1: \"-y\" names nothing.");
         row("\n-f list.f", "", "%1:2: the list \"%1\" reads itself.");
         row("-f none.f", "",
@@ -259,6 +338,8 @@ private Q_SLOTS:
         for (const char *file : {"a.v", "b.sv", "my dir/c d.vhd", "lib/l.v", "inc/h.vh"})
             dir.write(file, "");
         dir.write("lib/in.f", "l.v");
+        dir.write("./:o.v", "");
+        QCOMPARE(mkfifo(qPrintable(dir.path("pipe")), 0600), 0);
         dir.write("lib/in2.f", "a.v\nl.v");
         dir.write("list.f", QTest::currentDataTag());
         qputenv("JEX_T", dir.path("lib").toLocal8Bit());

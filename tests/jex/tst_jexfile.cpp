@@ -2,7 +2,9 @@
 #include <QtTest>
 
 #include <memory>
+#include <sys/stat.h>
 
+#include "host/eventmanager.h"
 #include "model/jex/jexfile.h"
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
@@ -221,6 +223,76 @@ private Q_SLOTS:
         // What a file is and whether it is XML is told without reading its values.
         const QRegularExpression noFile("XML|mode|outermost|a Standard|type declaration|nested");
         QCOMPARE(isLite ? checkJEXLiteFile(m_path) : checkJEXStandardFile(m_path), !message.contains(noFile));
+    }
+
+    // A million attributes would hang the reader of the XML, and a text can be dressed up to hide them.
+    void bounds_data()
+    {
+        textColumns("text", "said");
+        const QByteArray file = R"(<jexconfig version="1" mode="Lite">)", tail = "</jexconfig>";
+        const QByteArray many = "<a" + QByteArray(" a=\"<'\"").repeated(65) + "/>";
+        const char *const said = "Line 1 of the file \"%1\": an element has more than 64 attributes.";
+        row("plain", file + many + tail, said);
+        row("behind a comment", "<!--> <a x=\"-->" + file + many + tail, said);
+        row("behind an instruction", "<?p <a x='?>" + file + many + tail, said);
+        row("behind a section", file + "<![CDATA[<x ']]>" + many + tail, said);
+        row("in a comment", file + "<!-- " + many + " -->" + tail, "");
+        row("in an instruction", file + "<?p " + many + "?>" + tail, "");
+        const char *const utf8 = "Line 1 of the file \"%1\": it is not in UTF-8.";
+        row("other letters", "<?xml version='1.0' encoding = 'IBM037'?>" + file + tail, utf8);
+        row("two bytes a letter", "utf-16", utf8);
+        row("other spelling", "<?xml version='1.0' encoding='utf-8'?>" + file + tail, "");
+        row("far away", "<?xml version='1.0' " + QByteArray(2000, ' ') + "encoding='IBM037'?>" + file + tail,
+            "Line 1 of the file \"%1\": its XML declaration does not end.");
+        row("large", "", "The file \"%1\" cannot be read: it is larger than 64 MiB.");
+        row("pipe", "", "The file \"%1\" cannot be read: it is a named pipe, not a regular file.");
+        row("deep", file + QByteArray("<a>").repeated(100000),
+            "Line 1 of the file \"%1\": <a> is not expected here.");
+    }
+    void bounds()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, said);
+        QString error;
+        put(m_path, text == "utf-16" ? QByteArray("\xff\xfe<\0", 4) : text.toUtf8());
+        if (said.contains("larger"))
+            QVERIFY(QFile::resize(m_path, (64 << 20) + 1));
+        if (said.contains("pipe"))
+            QVERIFY(QFile::remove(m_path) && mkfifo(qPrintable(m_path), 0600) == 0);
+        qDeleteAll(readJEXConfigFromXml_Lite(m_path, nullptr, &error));
+        QCOMPARE(error, said.replace("%1", m_path));
+        QCOMPARE(checkJEXLiteFile(m_path), said.isEmpty());
+        const bool isHeadRead = said.isEmpty() || said.contains("expected");
+        QCOMPARE(jexModeFromJexConfigFile(m_path), isHeadRead ? LiteMode : InvalidMode);
+        QVERIFY(QFile::remove(m_path));
+    }
+
+    // Why a file was not written goes to who asks, else to the host.
+    void tellsWhyItIsNotWritten()
+    {
+        struct Listener : QUtil::IEventHandler
+        {
+            QStringList heard;
+            Listener() { QUtil::EventManager::instance()->subscribe(this, NotWrittenTopic); }
+            ~Listener() override { QUtil::EventManager::instance()->unsubscribe(this, NotWrittenTopic); }
+            void handleIEvent(const QUtil::IEvent *event) override
+            {
+                heard << event->data().value("error").toString();
+            }
+        } listener;
+        const QString path = m_dir.filePath("none/a.zub");
+        const QString reason =
+            "Can not save to " + path + ": creating a file in its folder failed (No such file or directory).";
+        AOCore_Lite first, second;
+        QString error;
+        QVERIFY(!writeJEXConfigToXml_Lite({&first}, path, &error));
+        QCOMPARE(error, reason);
+        QCOMPARE(listener.heard, QStringList());
+        QVERIFY(!writeJEXConfigToXml_Lite({&first}, path));
+        fillInfoForEmptyJexConfig(path, StandardMode);
+        QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_path));
+        QCOMPARE(listener.heard.mid(0, 2), QStringList({reason, reason}));
+        QVERIFY(listener.heard.last().startsWith("The file \"" + m_path + "\" is not written: "));
     }
 
     // What could not be read again is not written, and the old file stays.

@@ -1,0 +1,42 @@
+#include "workbench/projectbanner.h"
+
+#include <QDir>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace Workbench {
+
+ProjectBanner::ProjectBanner(QWidget *parent)
+    : QWidget(parent),
+      m_text(new QLabel),
+      m_reload(new QPushButton("&Reload")),
+      m_keep(new QPushButton("&Keep It")),
+      m_close(new QPushButton("&Close"))
+{
+    auto *icon = new QLabel;
+    icon->setPixmap(QPixmap(":/utils/image/attention.png"));
+    m_text->setTextFormat(Qt::PlainText);
+    auto *layout = new QHBoxLayout(this);
+    layout->addWidget(icon);
+    layout->addWidget(m_text, 1);
+    for (QPushButton *button : {m_reload, m_keep, m_close})
+        layout->addWidget(button);
+    connect(m_reload, &QPushButton::clicked, this, &ProjectBanner::reload);
+    connect(m_keep, &QPushButton::clicked, this, &ProjectBanner::keepIt);
+    connect(m_close, &QPushButton::clicked, this, &ProjectBanner::closeIt);
+    hide();
+}
+
+void ProjectBanner::showState(ProjectFile state, const QString &path)
+{
+    const QString name = "The project '" + QDir::toNativeSeparators(path) + "' ";
+    const bool isChanged = state == ProjectFile::Changed;
+    m_text->setText(name + (isChanged ? "changed on disk.\nDo you want to reload it?"
+                                      : "has been removed on disk.\nDo you still want to keep it?"));
+    m_reload->setVisible(isChanged);
+    m_close->setVisible(!isChanged);
+    setVisible(state != ProjectFile::Same);
+}
+
+} // namespace Workbench
