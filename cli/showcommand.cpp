@@ -7,23 +7,10 @@
 namespace Cli {
 namespace {
 
-int bitsOf(const JEX::SignalItem &item)
-{
-    return qMax(1, item.members.size());
-}
-
-int bitsOf(const QList<JEX::SignalItem> &items)
-{
-    int bits = 0;
-    for (const JEX::SignalItem &item : items)
-        bits += bitsOf(item);
-    return bits;
-}
-
 // The bits of a bus say nothing new unless the user changed one.
 bool areMembersShown(const JEX::SignalItem &item)
 {
-    bool areSpecial = item.type != 1;
+    bool areSpecial = !item.isOfBus();
     for (const JEX::SignalItem &member : item.members)
         areSpecial = areSpecial || !member.alias.isEmpty() || member.capEnable != item.capEnable;
     return areSpecial;
@@ -32,7 +19,7 @@ bool areMembersShown(const JEX::SignalItem &item)
 void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &table)
 {
     for (const JEX::SignalItem &item : items) {
-        table.add({QString::number(bitsOf(item)), JEX::signalTypeRule.toText(item.type),
+        table.add({QString::number(item.width()), JEX::signalTypeRule.toText(item.type),
                    item.capEnable ? "yes" : "no", indent + item.name, item.alias});
         if (areMembersShown(item))
             addRows(item.members, indent + "  ", table);
@@ -41,7 +28,7 @@ void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &
 
 void printSignals(const QString &title, const QList<JEX::SignalItem> &items, Output &out)
 {
-    out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(bitsOf(items)));
+    out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(JEX::widthOf(items)));
     if (items.isEmpty())
         return;
     Table table;
