@@ -145,6 +145,14 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
     busList = merge.records();
 }
 
+bool canGroup(const QList<JEX::SignalItem> &chosen, bool hasMembers)
+{
+    for (const JEX::SignalItem &item : chosen)
+        if (item.capEnable != chosen.first().capEnable)
+            return false;
+    return !hasMembers && chosen.size() >= 2;
+}
+
 int captureBits(const JEX::SignalItem &item)
 {
     return item.capEnable ? item.width() : 0;

@@ -114,6 +114,9 @@ void TestSignalTree::menuActions()
     QTEST(names.join(", "), "actions");
     QCOMPARE(rowText(&f.tree), before);
     menu->close();
+    // What the menu does not offer is not done either.
+    f.tree.onMerge();
+    QCOMPARE(rowText(&f.tree) != before, names.contains("Group"));
 }
 
 void TestSignalTree::theMenuOpensAndActs()
