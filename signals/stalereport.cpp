@@ -218,6 +218,7 @@ QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QU
 QString staleWord(StaleSignal::Fault fault)
 {
     static const char *const words[] = {"missing", "width changed", "excluded", "moved"};
+    static_assert(sizeof words / sizeof *words == StaleSignal::Moved + 1, "each fault has a word");
     return QLatin1String(words[fault]);
 }
 
