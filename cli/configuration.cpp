@@ -14,31 +14,10 @@ namespace Cli {
 namespace {
 
 template <class Core>
-QList<Setting> settingsOf(const Core &core, const JEX::FieldTable<Core> &table)
-{
-    QList<Setting> settings;
-    for (const JEX::Field<Core> *field = table.begin; field != table.begin + table.size; ++field) {
-        Json value;
-        if (field->text)
-            value = toStd(core.*field->text);
-        else if (field->flag)
-            value = core.*field->flag;
-        else if (field->rule.kind == JEX::Rule::Words)
-            value = toStd(field->rule.toText(core.*field->number));
-        else
-            value = core.*field->number;
-        if (qstrcmp(field->name, "number") != 0)
-            settings.append({field->name, value});
-    }
-    return settings;
-}
-
-template <class Core>
-CoreRecord recordOf(Core *core, const JEX::FieldTable<Core> &table)
+CoreRecord recordOf(Core *core)
 {
     CoreRecord record;
     record.number = core->coreNumber;
-    record.settings = settingsOf(*core, table);
     record.clock = &core->sampleClock;
     record.topModule = &core->topModuleName;
     record.signalRows = &core->captureSignals;
@@ -47,11 +26,6 @@ CoreRecord recordOf(Core *core, const JEX::FieldTable<Core> &table)
 }
 
 } // namespace
-
-QString settingText(const Json &value)
-{
-    return value.is_string() ? fromStd(value.get<std::string>()) : fromStd(value.dump());
-}
 
 Configuration::~Configuration()
 {
@@ -99,11 +73,11 @@ QList<CoreRecord> Configuration::cores() const
 {
     QList<CoreRecord> records;
     for (JEX::AoCore *core : m_standard) {
-        records << recordOf(core, JEX::standardFields());
+        records << recordOf(core);
         records.last().standard = core;
     }
     for (JEX::AOCore_Lite *core : m_lite) {
-        records << recordOf(core, JEX::liteFields());
+        records << recordOf(core);
         records.last().lite = core;
     }
     return records;

@@ -16,19 +16,10 @@ struct StaleSignal;
 
 namespace Cli {
 
-// One attribute of a core, by the name and with the words of the ".zub" format.
-struct Setting
-{
-    QString name;
-    Json value;
-};
-QString settingText(const Json &value); // without quotes
-
 // What a core of either mode has. Points into the configuration.
 struct CoreRecord
 {
     int number = 0;
-    QList<Setting> settings; // all attributes but the number
     QString *clock = nullptr;
     QString *topModule = nullptr;
     QList<JEX::SignalItem> *signalRows = nullptr;

@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/configuration.h"
+#include "cli/fieldtext.h"
 #include "cli/table.h"
-#include "model/jex/zubfields.h"
 #include "signals/signalrules.h"
 
 namespace Cli {
@@ -16,11 +16,21 @@ bool areMembersShown(const JEX::SignalItem &item)
     return areSpecial;
 }
 
+template <class Record>
+QStringList cellsOf(const Record &record)
+{
+    static const QList<JEX::Field<Record>> columns = columnsOf<Record>();
+    QStringList cells;
+    for (const JEX::Field<Record> &field : columns)
+        cells << cellText(field, record);
+    return cells;
+}
+
 void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &table)
 {
-    for (const JEX::SignalItem &item : items) {
-        table.add({QString::number(item.width()), JEX::signalTypeRule.toText(item.type),
-                   item.capEnable ? "yes" : "no", indent + item.name, item.alias});
+    for (JEX::SignalItem item : items) {
+        item.name.prepend(indent);
+        table.add(QStringList(QString::number(item.width())) + cellsOf(item));
         if (areMembersShown(item))
             addRows(item.members, indent + "  ", table);
     }
@@ -31,20 +41,13 @@ void printSignals(const QString &title, const QList<JEX::SignalItem> &items, Out
     out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(JEX::widthOf(items)));
     if (items.isEmpty())
         return;
+    QStringList heading("bits");
+    for (const JEX::Field<JEX::SignalItem> &field : columnsOf<JEX::SignalItem>())
+        heading << field.title;
     Table table;
-    table.add({"bits", "type", "capture", "signal", "shown as"});
+    table.add(heading);
     addRows(items, QString(), table);
     out.line(table.text("    "));
-}
-
-QStringList unitRow(const JEX::MatchUnit &unit)
-{
-    return {'M' + QString::number(unit.unitNumber),
-            unit.enabled ? "enabled" : "disabled",
-            unit.triggerPort ? "port " + QString::number(unit.triggerPort->portNumber) : "not bound",
-            JEX::matchFunctionRule.toText(unit.function),
-            unit.value,
-            unit.upperValue};
 }
 
 bool isUsed(const JEX::MatchUnit &unit)
@@ -59,7 +62,7 @@ void printTrigger(const JEX::AoCore &core, Output &out)
     Table units;
     for (const JEX::MatchUnit *unit : core.matchUnits) {
         if (isUsed(*unit))
-            units.add(unitRow(*unit));
+            units.add(cellsOf(*unit));
     }
     out.line("\n  Match units");
     out.line(units.text("    "));
@@ -68,13 +71,21 @@ void printTrigger(const JEX::AoCore &core, Output &out)
         out.line("    " + expression);
 }
 
+template <class Core>
+QString fieldsText(const Core &core)
+{
+    Table table;
+    for (const JEX::Field<Core> &field : JEX::fieldsOf<Core>()) {
+        if (field.part != JEX::KeyPart)
+            table.add({field.name, cellText(field, core)});
+    }
+    return table.text("  ");
+}
+
 void printCore(const CoreRecord &core, Output &out)
 {
     out.line("\nCore " + QString::number(core.number));
-    Table table;
-    for (const Setting &setting : core.settings)
-        table.add({setting.name, settingText(setting.value)});
-    out.line(table.text("  "));
+    out.line(core.standard ? fieldsText(*core.standard) : fieldsText(*core.lite));
     if (core.standard)
         printTrigger(*core.standard, out);
     int captured = 0;
@@ -87,47 +98,30 @@ Json signalsJson(const QList<JEX::SignalItem> &items)
 {
     Json list = Json::array();
     for (const JEX::SignalItem &item : items) {
-        Json json;
-        json["name"] = toStd(item.name);
-        json["alias"] = toStd(item.alias);
-        json["type"] = toStd(JEX::signalTypeRule.toText(item.type));
-        json["capture"] = item.capEnable;
-        json["valid"] = item.valid;
-        json["aux"] = item.auxFlag;
-        json["members"] = signalsJson(item.members);
-        list.push_back(json);
+        list.push_back(fieldsJson(item));
+        list.back()["members"] = signalsJson(item.members);
     }
     return list;
 }
 
-Json unitJson(const JEX::MatchUnit &unit)
+void addTrigger(const JEX::AoCore &core, Json &json)
 {
-    Json json;
-    json["number"] = unit.unitNumber;
-    json["enabled"] = unit.enabled;
-    json["port"] = unit.triggerPort ? Json(unit.triggerPort->portNumber) : Json(nullptr);
-    json["function"] = toStd(JEX::matchFunctionRule.toText(unit.function));
-    json["value"] = toStd(unit.value);
-    json["upperValue"] = toStd(unit.upperValue);
-    return json;
+    json["ports"] = Json::array();
+    for (const JEX::TriggerPort *port : core.triggerPorts) {
+        json["ports"].push_back(fieldsJson(*port));
+        json["ports"].back()["signals"] = signalsJson(port->signalItems);
+    }
+    json["units"] = Json::array();
+    for (const JEX::MatchUnit *unit : core.matchUnits)
+        json["units"].push_back(fieldsJson(*unit));
+    json["expressions"] = toJson(core.expressions);
 }
 
 Json coreJson(const CoreRecord &core)
 {
-    Json json;
-    json["number"] = core.number;
-    for (const Setting &setting : core.settings)
-        json[toStd(setting.name)] = setting.value;
-    if (core.standard) {
-        json["ports"] = Json::array();
-        for (const JEX::TriggerPort *port : core.standard->triggerPorts)
-            json["ports"].push_back(
-                {{"number", port->portNumber}, {"signals", signalsJson(port->signalItems)}});
-        json["units"] = Json::array();
-        for (const JEX::MatchUnit *unit : core.standard->matchUnits)
-            json["units"].push_back(unitJson(*unit));
-        json["expressions"] = toJson(core.standard->expressions);
-    }
+    Json json = core.standard ? fieldsJson(*core.standard) : fieldsJson(*core.lite);
+    if (core.standard)
+        addTrigger(*core.standard, json);
     json["signals"] = signalsJson(*core.signalRows);
     json["enabled"] = signalsJson(*core.enabledRows);
     return json;
