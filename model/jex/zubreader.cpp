@@ -50,6 +50,7 @@ const Field<Record> *findField(const FieldTable<Record> &table, const QStringRef
 QList<SignalItem> enabledOf(const QList<SignalItem> &items)
 {
     QList<SignalItem> enabled;
+    enabled.reserve(items.size());
     for (const SignalItem &item : items) {
         if (item.capEnable) {
             enabled.append(item);
@@ -302,6 +303,9 @@ bool ZubReader::readSignals(QList<SignalItem> *items, int depth)
         if (depth > SignalDepthLimit) {
             return fail(latin("signals are nested more than ") + QString::number(SignalDepthLimit) +
                         latin(" deep."));
+        }
+        if (items->isEmpty()) {
+            items->reserve(8); // the usual width of a bus
         }
         items->append(SignalItem());
         if (!readFields(&items->last()) || !readSignals(&items->last().members, depth + 1)) {

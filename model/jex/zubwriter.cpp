@@ -30,8 +30,10 @@ bool isXmlAt(const QString &text, int i)
 QString xmlText(const QString &text)
 {
     QString clean = text;
+    const QChar *const characters = text.constData();
     for (int i = 0; i < text.size(); ++i) {
-        if (!isXmlAt(text, i)) {
+        const bool isUsual = characters[i] >= QLatin1Char(' ') && characters[i].unicode() < 0xd800;
+        if (!isUsual && !isXmlAt(text, i)) {
             clean[i] = QChar(QChar::ReplacementCharacter);
         }
     }
