@@ -164,7 +164,7 @@ private:
         const QUARRY::RtlNet *first = m_netlist.findNet(item.members.first().name);
         const RtlModule &module = first->module()->declarations();
         const RtlModule::Entry &entry = module.entryOfSlot(first->slot());
-        if (item.type == 1 && entry.isBus && entry.width() != item.members.size())
+        if (item.isOfBus() && entry.isBus && entry.width() != item.members.size())
             return add(StaleSignal::WidthChanged, item.name, item.alias, group,
                        module.busName(entry, &first->module()->fullPathName()));
         if (excluded.size() == item.members.size())
@@ -218,6 +218,7 @@ QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QU
 QString staleWord(StaleSignal::Fault fault)
 {
     static const char *const words[] = {"missing", "width changed", "excluded", "moved"};
+    static_assert(sizeof words / sizeof *words == StaleSignal::Moved + 1, "each fault has a word");
     return QLatin1String(words[fault]);
 }
 

@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 
+#include "cli/fieldtext.h"
 #include "cli/rowpairs.h"
-#include "model/jex/zubfields.h"
 
 namespace Cli {
 namespace {
@@ -16,13 +17,36 @@ Json shown(const QString &text)
     return toStd(text);
 }
 
-QList<Setting> unitSettings(const JEX::MatchUnit &unit)
+// Of the same record kind it is the field itself; a core of the other mode may not have it (null).
+template <class Other, class Record>
+const JEX::Field<Other> *counterpart(const JEX::Field<Record> &field)
 {
-    return {{"enabled", unit.enabled},
-            {"port", unit.triggerPort ? Json(unit.triggerPort->portNumber) : Json("none")},
-            {"function", shown(JEX::matchFunctionRule.toText(unit.function))},
-            {"value", shown(unit.value)},
-            {"upperValue", shown(unit.upperValue)}};
+    if constexpr (std::is_same_v<Other, Record>)
+        return &field;
+    for (const JEX::Field<Other> &other : JEX::fieldsOf<Other>()) {
+        if (qstrcmp(other.name, field.name) == 0)
+            return &other;
+    }
+    return nullptr;
+}
+
+template <class Record>
+bool differ(const JEX::Field<Record> &field, const Record &a, const JEX::Field<Record> &, const Record &b)
+{
+    return !field.isSame(a, b);
+}
+
+template <class Older, class Newer>
+bool differ(const JEX::Field<Older> &before, const Older &a, const JEX::Field<Newer> &now, const Newer &b)
+{
+    return valueOf(before, a) != valueOf(now, b);
+}
+
+template <class Record>
+Json shownValue(const JEX::Field<Record> &field, const Record &record)
+{
+    const Json value = valueOf(field, record);
+    return value.is_null() ? Json("none") : value;
 }
 
 bool areCapturedRows(const RTLJEX::AnyCore &core)
@@ -81,7 +105,7 @@ private:
 
     void compareCores(const RTLJEX::AnyCore &a, const RTLJEX::AnyCore &b)
     {
-        compareSettings(QString(), settingsOf(a), settingsOf(b));
+        compareCoreFields(a, b);
         if (a.standard && b.standard)
             compareTriggers(*a.standard, *b.standard);
         compareRows("capture", *a.signalRows, *b.signalRows);
@@ -90,13 +114,27 @@ private:
             compareRows("captured", *a.enabledRows, *b.enabledRows);
     }
 
-    // What only one of two modes has is not worth a line beside the mode.
-    void compareSettings(const QString &place, const QList<Setting> &a, const QList<Setting> &b)
+    void compareCoreFields(const RTLJEX::AnyCore &a, const RTLJEX::AnyCore &b)
     {
-        for (const Setting &now : b) {
-            for (const Setting &before : a) {
-                if (before.name == now.name && before.value != now.value)
-                    add(place, "changed", now.name, before.value, now.value);
+        if (a.standard && b.standard)
+            compareFields(QString(), *a.standard, *b.standard);
+        else if (a.standard)
+            compareFields(QString(), *a.standard, *b.lite);
+        else if (b.standard)
+            compareFields(QString(), *a.lite, *b.standard);
+        else
+            compareFields(QString(), *a.lite, *b.lite);
+    }
+
+    // What a user set comes first. What only one of two modes has is not worth a line beside the mode.
+    template <class Older, class Newer>
+    void compareFields(const QString &place, const Older &a, const Newer &b)
+    {
+        for (JEX::FieldPart part : {JEX::SettingPart, JEX::NaturePart}) {
+            for (const JEX::Field<Newer> &now : JEX::fieldsOf<Newer>()) {
+                const JEX::Field<Older> *before = now.part == part ? counterpart<Older>(now) : nullptr;
+                if (before && differ(*before, a, now, b))
+                    add(place, "changed", now.title, shownValue(*before, a), shownValue(now, b));
             }
         }
     }
@@ -107,8 +145,7 @@ private:
             compareRows(QString("trigger port %1").arg(i), a.triggerPorts.at(i)->signalItems,
                         b.triggerPorts.at(i)->signalItems);
         for (int i = 0; i < b.matchUnits.size(); ++i)
-            compareSettings(QString("match unit M%1").arg(i), unitSettings(*a.matchUnits.at(i)),
-                            unitSettings(*b.matchUnits.at(i)));
+            compareFields(QString("match unit M%1").arg(i), *a.matchUnits.at(i), *b.matchUnits.at(i));
         for (const RowPair &pair : pairRows(a.expressions, b.expressions))
             addExpression(pair, a.expressions.value(pair.from), b.expressions.value(pair.to));
     }
@@ -149,29 +186,20 @@ private:
 
     void compareItems(const QString &place, const JEX::SignalItem &a, const JEX::SignalItem &b)
     {
-        if (a.alias != b.alias)
-            add(place + ' ' + b.name, "changed", "shown as", shown(a.alias), shown(b.alias));
-        if (a.capEnable != b.capEnable)
-            add(place + ' ' + b.name, "changed", "capture", a.capEnable, b.capEnable);
-        if (a.valid != b.valid)
-            add(place + ' ' + b.name, "changed", "valid", a.valid, b.valid);
-        if (a.auxFlag != b.auxFlag)
-            add(place + ' ' + b.name, "changed", "aux", a.auxFlag, b.auxFlag);
-        if (a.type != b.type)
-            add(place + ' ' + b.name, "changed", "type", shown(JEX::signalTypeRule.toText(a.type)),
-                shown(JEX::signalTypeRule.toText(b.type)));
+        const QString row = place + ' ' + b.name;
+        compareFields(row, a, b);
         // The bits of a bus with another name have other names as well.
         if (a.name == b.name)
-            compareRows(place + ' ' + b.name, a.members, b.members);
+            compareRows(row, a.members, b.members);
     }
 
     int m_core = -1;
 };
 
 // "1024", "rising"; quotes around what may be empty or hold blanks.
-QString valueText(const Json &value)
+QString quotedText(const Json &value)
 {
-    const QString text = settingText(value);
+    const QString text = valueText(value);
     return text.isEmpty() || text.contains(' ') ? '"' + text + '"' : text;
 }
 
@@ -186,8 +214,8 @@ QList<Difference> differences(const RTLJEX::Configuration &older, const RTLJEX::
 
 QString differenceSentence(const Difference &difference)
 {
-    const QString from = valueText(difference.from);
-    const QString to = valueText(difference.to);
+    const QString from = quotedText(difference.from);
+    const QString to = quotedText(difference.to);
     const bool isCore = difference.name == "core" && difference.place.isEmpty();
     if (isCore && difference.what != "moved")
         return QString("Core %1 was %2").arg(difference.core).arg(difference.what);

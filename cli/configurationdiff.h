@@ -3,7 +3,8 @@
 #include <QList>
 #include <QString>
 
-#include "cli/settings.h"
+#include "check/configuration.h"
+#include "cli/json.h"
 
 namespace Cli {
 

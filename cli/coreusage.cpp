@@ -2,39 +2,17 @@
 
 #include <algorithm>
 
-#include "model/jex/jextool.h"
-#include "options/capturemath.h"
 #include "options/triggermath.h"
 #include "signals/signalrules.h"
 
 namespace Cli {
 namespace {
 
-using JEX_TOOL::MemoryShape;
+// In the order in which they are listed.
+const JEX::Implementation implementations[] = {JEX::BsramImplementation, JEX::SsramImplementation,
+                                               JEX::RegImplementation};
 
-const char *const implementations[] = {"BSRAM", "SSRAM", "REG"};
-
-// The shape of a memory that needs the least of them; {0, 0} for registers, and when nothing is stored.
-MemoryShape bestShape(const QString &implementation, const CaptureUsage &capture,
-                      const DEV::DeviceArg &device)
-{
-    using namespace JEX_TOOL;
-    const DeviceFamily *family = findDevice(device.series, device.device)->family;
-    const MemoryShape *shapes = implementation == "BSRAM"   ? family->blockShapes
-                                : implementation == "SSRAM" ? family->shadowShapes
-                                                            : nullptr;
-    if (implementation == "SSRAM" && !shapes)
-        shapes = usualFamily()->shadowShapes;
-    const int least = shapes ? memoriesRequired(shapes, capture.width, capture.depth) : 0;
-    for (; least > 0 && shapes->depth; ++shapes) {
-        const MemoryShape alone[] = {*shapes, {0, 0}};
-        if (memoriesRequired(alone, capture.width, capture.depth) == least)
-            return *shapes;
-    }
-    return {0, 0};
-}
-
-QString formulaText(const MemoryShape &shape, const CaptureUsage &capture)
+QString formulaText(const JEX_TOOL::MemoryShape &shape, const CaptureNeeds &capture)
 {
     if (shape.depth == 0)
         return QString("%1 x %2").arg(capture.depth).arg(capture.width);
@@ -47,31 +25,31 @@ QString formulaText(const MemoryShape &shape, const CaptureUsage &capture)
 
 } // namespace
 
-CaptureUsage::CaptureUsage(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device)
+CaptureNeeds::CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device)
 {
     for (const JEX::SignalItem &item : *core.signalRows)
         signalCount += RTLJEX::captureBits(item);
     adjusted = core.standard;
     depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
-    width = signalCount + (adjusted && signalCount > 0 ? 1 : 0);
-    const QString chosen = RTLJEX::implementationText(core.standard ? core.standard->captureImplementation
-                                                                    : core.lite->implementation);
-    for (const char *implementation : implementations) {
-        const RTLJEX::CaptureUsage usage =
-            RTLJEX::captureUsage(implementation, device, signalCount, depth, adjusted);
+    const JEX::Implementation chosen = JEX::implementationOf(
+        core.standard ? core.standard->captureImplementation : core.lite->implementation);
+    for (JEX::Implementation implementation : implementations) {
+        const JEX_TOOL::StorageNeed need =
+            JEX_TOOL::storageNeed(*device.family, implementation, signalCount, depth, adjusted);
+        width = need.width;
         UsageRow row;
         row.implementation = implementation;
         row.isChosen = chosen == implementation;
-        row.required = usage.required;
-        row.available = usage.available;
-        row.shape = bestShape(implementation, *this, device);
+        row.required = need.required;
+        row.available = JEX_TOOL::amountOf(&device, implementation);
+        row.shape = need.shape;
         row.formula = formulaText(row.shape, *this);
         rows << row;
     }
 }
 
-TriggerUsage::TriggerUsage(const JEX::AoCore &core, const DEV::DeviceArg &device)
-    : isStatic(core.triggerMode == 1)
+TriggerNeeds::TriggerNeeds(const JEX::AoCore &core, const JEX_TOOL::Device &device)
+    : isStatic(core.isStatic())
 {
     if (!isStatic)
         return;
@@ -80,15 +58,15 @@ TriggerUsage::TriggerUsage(const JEX::AoCore &core, const DEV::DeviceArg &device
         std::count_if(have.begin(), have.end(), [](const JEX::MatchUnit *unit) { return unit->enabled; }));
     expressions =
         int(std::count_if(core.expressions.begin(), core.expressions.end(), RTLJEX::isStaticExpression));
-    const QStringList offered = RTLJEX::triggerImplementations(RTLJEX::deviceAmount("SSRAM", device) != 0);
-    const QString chosen = RTLJEX::implementationText(core.triggerImplementation);
-    for (const QString implementation : implementations) {
+    const QList<JEX::Implementation> offered = RTLJEX::triggerImplementations(device.shadows != 0);
+    const JEX::Implementation chosen = JEX::implementationOf(core.triggerImplementation);
+    for (JEX::Implementation implementation : implementations) {
         UsageRow row;
         row.implementation = implementation;
         row.isChosen = chosen == implementation;
         row.isOffered = offered.contains(implementation);
         row.required = RTLJEX::triggerRequired(implementation, expressions, units);
-        row.available = RTLJEX::deviceAmount(implementation, device);
+        row.available = JEX_TOOL::amountOf(&device, implementation);
         row.formula = RTLJEX::triggerFormula(implementation, expressions, units);
         if (row.isOffered || row.isChosen)
             rows << row;

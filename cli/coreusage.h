@@ -1,15 +1,14 @@
 #pragma once
 
 #include "check/configuration.h"
-#include "host/devicearg.h"
-#include "model/jex/devicetable.h"
+#include "model/jex/storageneed.h"
 
 namespace Cli {
 
 // What a core would take of the device with one implementation.
 struct UsageRow
 {
-    QString implementation;
+    JEX::Implementation implementation = JEX::NoImplementation;
     bool isChosen = false;
     bool isOffered = true; // by the editor, for this device
     qint64 required = 0;
@@ -20,10 +19,10 @@ struct UsageRow
     bool fits() const { return required <= available; }
 };
 
-// The capture side of a core, for a device that is known: what the formulas are given, and what they give.
-struct CaptureUsage
+// The capture side of a core: what the formulas are given, and what they give.
+struct CaptureNeeds
 {
-    CaptureUsage(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device);
+    CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device);
 
     int signalCount = 0;
     int depth = 0;
@@ -33,9 +32,9 @@ struct CaptureUsage
 };
 
 // The trigger side of a Standard core. Only Static mode takes something that is counted.
-struct TriggerUsage
+struct TriggerNeeds
 {
-    TriggerUsage(const JEX::AoCore &core, const DEV::DeviceArg &device);
+    TriggerNeeds(const JEX::AoCore &core, const JEX_TOOL::Device &device);
 
     bool isStatic = false;
     int expressions = 0; // those that Static mode can have

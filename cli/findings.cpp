@@ -7,6 +7,7 @@ Json staleJson(const RTLJEX::StaleSignal &signal)
 {
     using RTLJEX::StaleSignal;
     static const char *const places[] = {"clock", "trigger", "capture"};
+    static_assert(sizeof places / sizeof *places == StaleSignal::Capture + 1, "each place has a name");
     Json json;
     json["core"] = signal.shown;
     json["place"] = places[signal.place];

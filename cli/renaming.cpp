@@ -54,7 +54,7 @@ private:
         const auto isRenamed = [this](const JEX::SignalItem &member) {
             return m_renaming.renamed(member.name) != member.name;
         };
-        return item.type >= 0 || item.members.isEmpty() ||
+        return !item.isGroup() || item.isSingle() ||
                std::any_of(item.members.begin(), item.members.end(), isRenamed);
     }
 
@@ -86,7 +86,7 @@ void addBroken(const QList<JEX::SignalItem> &rows, QStringList &broken)
         addBroken(item.members, broken);
         const QString base = RTLJEX::NetName(item.name).fullBase();
         for (const JEX::SignalItem &member : item.members) {
-            if (item.type == 1 && RTLJEX::NetName(member.name).fullBase() != base)
+            if (item.isOfBus() && RTLJEX::NetName(member.name).fullBase() != base)
                 broken << "The bus " + item.name + " would hold " + member.name + '.';
         }
     }

@@ -1,39 +1,36 @@
+#include "check/configuration.h"
 #include "cli/arguments.h"
-#include "cli/settings.h"
+#include "cli/fieldtext.h"
 #include "cli/table.h"
-#include "model/jex/zubfields.h"
 #include "signals/signalrules.h"
 
 namespace Cli {
 namespace {
 
-int bitsOf(const JEX::SignalItem &item)
-{
-    return qMax(1, item.members.size());
-}
-
-int bitsOf(const QList<JEX::SignalItem> &items)
-{
-    int bits = 0;
-    for (const JEX::SignalItem &item : items)
-        bits += bitsOf(item);
-    return bits;
-}
-
 // The bits of a bus say nothing new unless the user changed one.
 bool areMembersShown(const JEX::SignalItem &item)
 {
-    bool areSpecial = item.type != 1;
+    bool areSpecial = !item.isOfBus();
     for (const JEX::SignalItem &member : item.members)
         areSpecial = areSpecial || !member.alias.isEmpty() || member.capEnable != item.capEnable;
     return areSpecial;
 }
 
+template <class Record>
+QStringList cellsOf(const Record &record)
+{
+    static const QList<JEX::Field<Record>> columns = columnsOf<Record>();
+    QStringList cells;
+    for (const JEX::Field<Record> &field : columns)
+        cells << cellText(field, record);
+    return cells;
+}
+
 void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &table)
 {
-    for (const JEX::SignalItem &item : items) {
-        table.add({QString::number(bitsOf(item)), JEX::signalTypeRule.toText(item.type),
-                   item.capEnable ? "yes" : "no", indent + item.name, item.alias});
+    for (JEX::SignalItem item : items) {
+        item.name.prepend(indent);
+        table.add(QStringList(QString::number(item.width())) + cellsOf(item));
         if (areMembersShown(item))
             addRows(item.members, indent + "  ", table);
     }
@@ -41,23 +38,16 @@ void addRows(const QList<JEX::SignalItem> &items, const QString &indent, Table &
 
 void printSignals(const QString &title, const QList<JEX::SignalItem> &items, Output &out)
 {
-    out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(bitsOf(items)));
+    out.line("\n  " + title + QString(", rows: %1, bits: %2").arg(items.size()).arg(JEX::widthOf(items)));
     if (items.isEmpty())
         return;
+    QStringList heading("bits");
+    for (const JEX::Field<JEX::SignalItem> &field : columnsOf<JEX::SignalItem>())
+        heading << field.title;
     Table table;
-    table.add({"bits", "type", "capture", "signal", "shown as"});
+    table.add(heading);
     addRows(items, QString(), table);
     out.line(table.text("    "));
-}
-
-QStringList unitRow(const JEX::MatchUnit &unit)
-{
-    return {'M' + QString::number(unit.unitNumber),
-            unit.enabled ? "enabled" : "disabled",
-            unit.triggerPort ? "port " + QString::number(unit.triggerPort->portNumber) : "not bound",
-            JEX::matchFunctionRule.toText(unit.function),
-            unit.value,
-            unit.upperValue};
 }
 
 bool isUsed(const JEX::MatchUnit &unit)
@@ -72,7 +62,7 @@ void printTrigger(const JEX::AoCore &core, Output &out)
     Table units;
     for (const JEX::MatchUnit *unit : core.matchUnits) {
         if (isUsed(*unit))
-            units.add(unitRow(*unit));
+            units.add(cellsOf(*unit));
     }
     out.line("\n  Match units");
     out.line(units.text("    "));
@@ -81,13 +71,21 @@ void printTrigger(const JEX::AoCore &core, Output &out)
         out.line("    " + expression);
 }
 
+template <class Core>
+QString fieldsText(const Core &core)
+{
+    Table table;
+    for (const JEX::Field<Core> &field : JEX::fieldsOf<Core>()) {
+        if (field.part != JEX::KeyPart)
+            table.add({field.name, cellText(field, core)});
+    }
+    return table.text("  ");
+}
+
 void printCore(const RTLJEX::AnyCore &core, Output &out)
 {
     out.line("\nCore " + QString::number(core.number));
-    Table table;
-    for (const Setting &setting : settingsOf(core))
-        table.add({setting.name, settingText(setting.value)});
-    out.line(table.text("  "));
+    out.line(core.standard ? fieldsText(*core.standard) : fieldsText(*core.lite));
     if (core.standard)
         printTrigger(*core.standard, out);
     int captured = 0;
@@ -100,47 +98,30 @@ Json signalsJson(const QList<JEX::SignalItem> &items)
 {
     Json list = Json::array();
     for (const JEX::SignalItem &item : items) {
-        Json json;
-        json["name"] = toStd(item.name);
-        json["alias"] = toStd(item.alias);
-        json["type"] = toStd(JEX::signalTypeRule.toText(item.type));
-        json["capture"] = item.capEnable;
-        json["valid"] = item.valid;
-        json["aux"] = item.auxFlag;
-        json["members"] = signalsJson(item.members);
-        list.push_back(json);
+        list.push_back(fieldsJson(item));
+        list.back()["members"] = signalsJson(item.members);
     }
     return list;
 }
 
-Json unitJson(const JEX::MatchUnit &unit)
+void addTrigger(const JEX::AoCore &core, Json &json)
 {
-    Json json;
-    json["number"] = unit.unitNumber;
-    json["enabled"] = unit.enabled;
-    json["port"] = unit.triggerPort ? Json(unit.triggerPort->portNumber) : Json(nullptr);
-    json["function"] = toStd(JEX::matchFunctionRule.toText(unit.function));
-    json["value"] = toStd(unit.value);
-    json["upperValue"] = toStd(unit.upperValue);
-    return json;
+    json["ports"] = Json::array();
+    for (const JEX::TriggerPort *port : core.triggerPorts) {
+        json["ports"].push_back(fieldsJson(*port));
+        json["ports"].back()["signals"] = signalsJson(port->signalItems);
+    }
+    json["units"] = Json::array();
+    for (const JEX::MatchUnit *unit : core.matchUnits)
+        json["units"].push_back(fieldsJson(*unit));
+    json["expressions"] = toJson(core.expressions);
 }
 
 Json coreJson(const RTLJEX::AnyCore &core)
 {
-    Json json;
-    json["number"] = core.number;
-    for (const Setting &setting : settingsOf(core))
-        json[toStd(setting.name)] = setting.value;
-    if (core.standard) {
-        json["ports"] = Json::array();
-        for (const JEX::TriggerPort *port : core.standard->triggerPorts)
-            json["ports"].push_back(
-                {{"number", port->portNumber}, {"signals", signalsJson(port->signalItems)}});
-        json["units"] = Json::array();
-        for (const JEX::MatchUnit *unit : core.standard->matchUnits)
-            json["units"].push_back(unitJson(*unit));
-        json["expressions"] = toJson(core.standard->expressions);
-    }
+    Json json = core.standard ? fieldsJson(*core.standard) : fieldsJson(*core.lite);
+    if (core.standard)
+        addTrigger(*core.standard, json);
     json["signals"] = signalsJson(*core.signalRows);
     json["enabled"] = signalsJson(*core.enabledRows);
     return json;

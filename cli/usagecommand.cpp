@@ -23,21 +23,21 @@ QString tableText(const QList<UsageRow> &rows)
     Table table;
     for (const UsageRow &row : rows) {
         const char *const remark = !row.isOffered ? "not offered" : row.fits() ? "" : "too many";
-        table.add({row.isChosen ? "*" : "", row.implementation, QString::number(row.required), "of",
-                   QString::number(row.available), remark, row.formula});
+        table.add({row.isChosen ? "*" : "", JEX::implementationName(row.implementation),
+                   QString::number(row.required), "of", QString::number(row.available), remark, row.formula});
     }
     return table.text("  ");
 }
 
 Json rowJson(const UsageRow &row)
 {
-    return {{"implementation", toStd(row.implementation)},
+    return {{"implementation", toStd(JEX::implementationName(row.implementation))},
             {"chosen", row.isChosen},
             {"required", row.required},
             {"available", row.available}};
 }
 
-Json captureJson(const CaptureUsage &capture)
+Json captureJson(const CaptureNeeds &capture)
 {
     Json list = Json::array();
     for (const UsageRow &row : capture.rows) {
@@ -53,7 +53,7 @@ Json captureJson(const CaptureUsage &capture)
 }
 
 // In Dynamic mode there is nothing to count, so that the inputs are missing.
-Json triggerJson(const TriggerUsage &trigger)
+Json triggerJson(const TriggerNeeds &trigger)
 {
     Json json{{"mode", trigger.isStatic ? "static" : "dynamic"}};
     if (trigger.isStatic)
@@ -66,7 +66,7 @@ Json triggerJson(const TriggerUsage &trigger)
     return json;
 }
 
-void printCapture(int core, const CaptureUsage &capture, Output &out)
+void printCapture(int core, const CaptureNeeds &capture, Output &out)
 {
     out.line(QString("Core %1: %2 captured bits%3, %4 samples")
                  .arg(core)
@@ -76,7 +76,7 @@ void printCapture(int core, const CaptureUsage &capture, Output &out)
     out.line(tableText(capture.rows));
 }
 
-void printTrigger(int core, const TriggerUsage &trigger, Output &out)
+void printTrigger(int core, const TriggerNeeds &trigger, Output &out)
 {
     if (!trigger.isStatic)
         return out.line(QString("Core %1: dynamic trigger, nothing is counted").arg(core));
@@ -88,9 +88,9 @@ void printTrigger(int core, const TriggerUsage &trigger, Output &out)
 }
 
 // Prints or adds one core; true when something that it has chosen does not fit.
-bool addCore(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device, Json *json, Output &out)
+bool addCore(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device, Json *json, Output &out)
 {
-    const CaptureUsage capture(core, device);
+    const CaptureNeeds capture(core, device);
     bool over = isOver(capture.rows);
     Json entry{{"core", core.number}};
     if (json)
@@ -98,7 +98,7 @@ bool addCore(const RTLJEX::AnyCore &core, const DEV::DeviceArg &device, Json *js
     else
         printCapture(core.number, capture, out);
     if (core.standard) {
-        const TriggerUsage trigger(*core.standard, device);
+        const TriggerNeeds trigger(*core.standard, device);
         over = isOver(trigger.rows) || over;
         if (json)
             entry["trigger"] = triggerJson(trigger);
@@ -151,14 +151,15 @@ ExitCode usage(const QStringList &words, Output &out)
     if (options.projectFile.isEmpty() && options.device.isEmpty())
         options.projectFile = CommandLine::projectBeside(arguments.files().first());
     RTLJEX::Configuration configuration;
-    Design design; // the formulas ask the open project for its device
+    Design design;
     QString error;
     if (!design.open(options))
         return CouldNotRun;
     const DEV::DeviceArg device = deviceOf(design);
     if (device.device.isEmpty())
         return arguments.refuse("Name the device with --device, or with --project a project that has one.");
-    if (!JEX_TOOL::findDevice(device.series, device.device)) {
+    const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device.series, device.device);
+    if (!known) {
         say("jex usage: The device \"" + device.device +
             "\" of the project is not known. Name one that jex devices lists with --device.");
         return CouldNotRun;
@@ -172,7 +173,7 @@ ExitCode usage(const QStringList &words, Output &out)
     if (!arguments.json())
         out.line("Device: " + device.device + ", " + device.series);
     for (const RTLJEX::AnyCore &core : configuration.cores())
-        over = addCore(core, device, arguments.json() ? &json["cores"] : nullptr, out) || over;
+        over = addCore(core, *known, arguments.json() ? &json["cores"] : nullptr, out) || over;
     if (arguments.json())
         printJson(json, out);
     return over ? Findings : Fine;

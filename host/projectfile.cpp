@@ -19,7 +19,8 @@ const int formatVersion = 1;
 
 // The names of file types in the file, by TE::FileType.
 const char *const typeNames[] = {"", "Other", "Verilog", "SystemVerilog", "VHDL"};
-const int typeCount = 5;
+const int typeCount = int(sizeof typeNames / sizeof *typeNames);
+static_assert(typeCount == TE::VhdlFile + 1, "each type has a name");
 
 QString fromStd(const std::string &text)
 {

@@ -130,7 +130,7 @@ QList<JEX::SignalItem> JexSignalSelectDialog::getSelectedNets() const
 QString JexSignalSelectDialog::getOneSelectedNetName() const
 {
     const JEX::SignalItem first = getSelectedNets().value(0);
-    if (first.members.isEmpty())
+    if (first.isSingle())
         return first.name;
     for (const JEX::SignalItem &bit : first.members)
         if (bit.valid)

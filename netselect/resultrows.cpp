@@ -14,17 +14,16 @@ namespace RTLJEX {
 
 namespace {
 
-enum SignalType { SingleType = 0, BusType = 1 };
 enum NameForm { FullName, ShortName };
 
 const Qt::ItemFlags usable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 
-JEX::SignalItem signalNamed(const QString &name, bool excluded, SignalType type)
+JEX::SignalItem signalNamed(const QString &name, bool excluded, JEX::SignalKind kind)
 {
     JEX::SignalItem item;
     item.name = name;
     item.valid = !excluded;
-    item.type = type;
+    item.type = kind;
     return item;
 }
 
@@ -61,21 +60,22 @@ protected:
 class NetRow : public ResultRow
 {
 public:
-    NetRow(const QUARRY::RtlNet *net, SignalType type, NameForm form) : m_net(net), m_type(type), m_form(form)
+    NetRow(const QUARRY::RtlNet *net, JEX::SignalKind kind, NameForm form)
+        : m_net(net), m_kind(kind), m_form(form)
     {
         useUnless(net->excluded);
     }
 
     JEX::SignalItem record() const override
     {
-        return signalNamed(m_net->fullPathName(), m_net->excluded, m_type);
+        return signalNamed(m_net->fullPathName(), m_net->excluded, m_kind);
     }
 
     QString text() const override { return m_form == FullName ? m_net->fullPathName() : m_net->name(); }
 
 private:
     const QUARRY::RtlNet *m_net;
-    SignalType m_type : 8;
+    JEX::SignalKind m_kind : 8;
     NameForm m_form : 8;
 };
 
@@ -87,7 +87,7 @@ public:
         QList<QTreeWidgetItem *> bits;
         bits.reserve(bus->members.size());
         for (const QUARRY::RtlNet *net : bus->members)
-            bits.append(new NetRow(net, BusType, form));
+            bits.append(new NetRow(net, JEX::BusKind, form));
         addChildren(bits);
         useUnless(bus->excluded);
     }
@@ -108,7 +108,7 @@ QList<QTreeWidgetItem *> makeRows(const QList<QUARRY::RtlNet *> &nets,
     for (const QUARRY::RtlNetBus *bus : buses)
         rows.append(new BusRow(bus, form));
     for (const QUARRY::RtlNet *net : nets)
-        rows.append(new NetRow(net, SingleType, form));
+        rows.append(new NetRow(net, JEX::NetKind, form));
     return rows;
 }
 
@@ -185,15 +185,15 @@ private:
 
 JEX::SignalItem signalOfNet(const QUARRY::RtlNet *net)
 {
-    return signalNamed(net->fullPathName(), net->excluded, SingleType);
+    return signalNamed(net->fullPathName(), net->excluded, JEX::NetKind);
 }
 
 JEX::SignalItem signalOfBus(const QUARRY::RtlNetBus *bus)
 {
-    JEX::SignalItem item = signalNamed(bus->fullBusName(), bus->excluded, BusType);
+    JEX::SignalItem item = signalNamed(bus->fullBusName(), bus->excluded, JEX::BusKind);
     item.members.reserve(bus->members.size());
     for (const QUARRY::RtlNet *net : bus->members)
-        item.members.append(signalNamed(net->fullPathName(), net->excluded, BusType));
+        item.members.append(signalNamed(net->fullPathName(), net->excluded, JEX::BusKind));
     return item;
 }
 

@@ -57,6 +57,11 @@ void selectText(QComboBox *box, const QString &text)
     selectIndex(box, box->findText(text));
 }
 
+JEX::Implementation shownImplementation(const QComboBox *box)
+{
+    return JEX::implementationNamed(box->currentText());
+}
+
 void refillTexts(QComboBox *box, const QStringList &texts)
 {
     const int kept = qMax(0, texts.indexOf(box->currentText()));
@@ -67,12 +72,12 @@ void refillTexts(QComboBox *box, const QStringList &texts)
 
 void offerImplementations(QComboBox *box, qint64 captureBits)
 {
-    const QStringList offered = offeredImplementations(currentDeviceHasSsram(), captureBits);
-    if (!keepsImplementations(offered, box->count(), box->currentText()))
-        refillTexts(box, offered);
+    const QList<JEX::Implementation> offered = offeredImplementations(currentDeviceHasSsram(), captureBits);
+    if (!keepsImplementations(offered, box->count(), shownImplementation(box)))
+        refillTexts(box, implementationNames(offered));
 }
 
-void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,
+void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, int signalCount, int depth,
                bool adjusted)
 {
     const CaptureUsage usage = captureUsage(implementation, currentDevice(), signalCount, depth, adjusted);

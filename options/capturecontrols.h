@@ -3,6 +3,8 @@
 #include <QList>
 #include <QStringList>
 
+#include "model/jex/codes.h"
+
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -28,6 +30,9 @@ int shownNumber(const QComboBox *box); // 0 when the box is empty
 void selectNumber(QComboBox *box, int number);
 void selectText(QComboBox *box, const QString &text);
 
+// None when the box is empty.
+JEX::Implementation shownImplementation(const QComboBox *box);
+
 // Fills a box anew and selects the text that it showed, or the first one when that is gone.
 void refillTexts(QComboBox *box, const QStringList &texts);
 
@@ -35,9 +40,9 @@ void refillTexts(QComboBox *box, const QStringList &texts);
 // it is still offered.
 void offerImplementations(QComboBox *box, qint64 captureBits);
 
-// Shows what the capture takes of the current device: `name` says of what, `value` how much. A text that is
-// no implementation leaves the name as it is.
-void showUsage(QLabel *name, QLabel *value, const QString &implementation, int signalCount, int depth,
+// Shows what the capture takes of the current device: `name` says of what, `value` how much. No
+// implementation leaves the name as it is.
+void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, int signalCount, int depth,
                bool adjusted);
 
 // Lets changes of the clock and of the rows reach the page's signal modified().
@@ -49,14 +54,15 @@ template <class Form, class Core>
 void showClock(const Form &form, const Core &core)
 {
     form.editSampleClock->setText(core.sampleClock);
-    (core.sampleEdge == 1 ? form.radioButtonFalling : form.radioButtonRising)->setChecked(true);
+    (core.sampleEdge == JEX::FallingEdge ? form.radioButtonFalling : form.radioButtonRising)
+        ->setChecked(true);
 }
 
 template <class Form, class Core>
 void storeClock(const Form &form, Core *core)
 {
     core->sampleClock = form.editSampleClock->text();
-    core->sampleEdge = form.radioButtonRising->isChecked() ? 0 : 1;
+    core->sampleEdge = form.radioButtonRising->isChecked() ? JEX::RisingEdge : JEX::FallingEdge;
 }
 
 // Lets the user pick one net and writes its full name into the field; leaves it alone when the choice is

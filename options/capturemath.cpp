@@ -2,8 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "model/jex/core.h"
-#include "model/jex/jextool.h"
+#include "model/jex/storageneed.h"
 
 namespace RTLJEX {
 
@@ -12,13 +11,24 @@ namespace {
 const qint64 largestRegisterCapture = 512; // bits
 const int smallestCapture = 4;             // samples of a Standard core
 
-const char bsram[] = "BSRAM";
-const char ssram[] = "SSRAM";
-const char reg[] = "REG";
-
 QString translated(const char *text)
 {
     return QCoreApplication::translate("RTLJEX::CaptureUsage", text);
+}
+
+QString usageName(JEX::Implementation implementation)
+{
+    switch (implementation) {
+    case JEX::BsramImplementation:
+        return translated("BSRAM Usage :");
+    case JEX::RegImplementation:
+        return translated("Register Usage :");
+    case JEX::SsramImplementation:
+        return translated("SSRAM Usage :");
+    case JEX::NoImplementation:
+        break;
+    }
+    return QString();
 }
 
 } // namespace
@@ -58,85 +68,63 @@ int lastTriggerPosition(int captureAmount)
     return captureAmount - smallestCapture;
 }
 
-QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits)
+QList<JEX::Implementation> offeredImplementations(bool deviceHasSsram, qint64 captureBits)
 {
-    QStringList offered(QLatin1String{bsram});
+    QList<JEX::Implementation> offered;
+    offered.append(JEX::BsramImplementation);
     if (deviceHasSsram)
-        offered.append(QLatin1String(ssram));
+        offered.append(JEX::SsramImplementation);
     if (captureBits <= largestRegisterCapture)
-        offered.append(QLatin1String(reg));
+        offered.append(JEX::RegImplementation);
     return offered;
 }
 
-bool keepsImplementations(const QStringList &offered, int count, const QString &current)
+QStringList implementationNames(const QList<JEX::Implementation> &implementations)
+{
+    QStringList names;
+    for (JEX::Implementation implementation : implementations)
+        names.append(JEX::implementationName(implementation));
+    return names;
+}
+
+bool keepsImplementations(const QList<JEX::Implementation> &offered, int count, JEX::Implementation current)
 {
     if (count != offered.size())
         return false;
     return count != 2 || current == offered.at(1);
 }
 
-int liteImplementationFromText(const QString &text)
+JEX::Implementation liteImplementationFromText(const QString &text)
 {
-    if (text == QLatin1String(bsram))
-        return JEX::BsramImplementation;
-    return text == QLatin1String(ssram) ? JEX::SsramImplementation : JEX::RegImplementation;
+    const JEX::Implementation named = JEX::implementationNamed(text);
+    return named == JEX::NoImplementation ? JEX::RegImplementation : named;
 }
 
 QString liteImplementationText(int implementation)
 {
-    switch (implementation) {
-    case JEX::SsramImplementation:
-        return QLatin1String(ssram);
-    case JEX::RegImplementation:
-        return QLatin1String("Logic");
-    default:
-        return QLatin1String(bsram);
-    }
+    return implementation == JEX::RegImplementation ? QString(QLatin1String("Logic"))
+                                                    : implementationText(implementation);
 }
 
-int implementationFromText(const QString &text)
+JEX::Implementation implementationFromText(const QString &text)
 {
-    if (text == QLatin1String(ssram))
-        return JEX::SsramImplementation;
-    return text == QLatin1String(reg) ? JEX::RegImplementation : JEX::BsramImplementation;
+    const JEX::Implementation named = JEX::implementationNamed(text);
+    return named == JEX::NoImplementation ? JEX::BsramImplementation : named;
 }
 
 QString implementationText(int implementation)
 {
-    return QLatin1String(implementation == JEX::SsramImplementation ? ssram
-                         : implementation == JEX::RegImplementation ? reg
-                                                                    : bsram);
+    return JEX::implementationName(JEX::implementationOf(implementation));
 }
 
-int deviceAmount(const QString &implementation, const DEV::DeviceArg &device)
-{
-    using namespace JEX_TOOL;
-    if (implementation == QLatin1String(bsram))
-        return currentDeviceBsramAmount(device.series, device.device);
-    if (implementation == QLatin1String(ssram))
-        return currentDeviceSsramAmount(device.series, device.device);
-    if (implementation == QLatin1String(reg))
-        return currentDeviceRegAmount(device.series, device.device);
-    return 0;
-}
-
-CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,
+CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::Device *device, int signalCount,
                           int depth, bool adjusted)
 {
-    using namespace JEX_TOOL;
+    const JEX_TOOL::DeviceFamily &family = JEX_TOOL::familyOf(device);
     CaptureUsage usage;
-    usage.available = deviceAmount(implementation, device);
-    if (implementation == QLatin1String(bsram)) {
-        usage.name = translated("BSRAM Usage :");
-        usage.required = adjusted ? bsramNumberRequiredWithAdjust(signalCount, depth)
-                                  : bsramNumberRequired(signalCount, depth);
-    } else if (implementation == QLatin1String(ssram)) {
-        usage.name = translated("SSRAM Usage :");
-        usage.required = ssramNumberRequiredWithAdjust(signalCount, depth, adjusted);
-    } else if (implementation == QLatin1String(reg)) {
-        usage.name = translated("Register Usage :");
-        usage.required = regNumberRequiredWidthAdjust(signalCount, depth, adjusted);
-    }
+    usage.name = usageName(implementation);
+    usage.required = JEX_TOOL::storageNeed(family, implementation, signalCount, depth, adjusted).required;
+    usage.available = JEX_TOOL::amountOf(device, implementation);
     return usage;
 }
 

@@ -4,7 +4,11 @@
 #include <QString>
 #include <QStringList>
 
-#include "host/devicearg.h"
+#include "model/jex/codes.h"
+
+namespace JEX_TOOL {
+struct Device;
+}
 
 namespace RTLJEX {
 
@@ -29,36 +33,33 @@ int lastTriggerPosition(int captureAmount);
 
 // The implementations that suit a device and a capture of that many bits, block memory first. Registers
 // are worth offering for small captures only, shadow memory only where the device has it.
-QStringList offeredImplementations(bool deviceHasSsram, qint64 captureBits);
+QList<JEX::Implementation> offeredImplementations(bool deviceHasSsram, qint64 captureBits);
+QStringList implementationNames(const QList<JEX::Implementation> &implementations);
 
-// True when a box with `count` items and the current text `current` is left as it is rather than filled
-// with `offered` again.
-bool keepsImplementations(const QStringList &offered, int count, const QString &current);
+// True when a box with `count` items that shows `current` is left as it is rather than filled with `offered`
+// again.
+bool keepsImplementations(const QList<JEX::Implementation> &offered, int count, JEX::Implementation current);
 
-// Coding of the implementation of a Lite core, see JEX::Implementation. The text is what the page looks for
-// in its box: registers are looked up as "Logic", which the box never offers, so that such a core opens
-// with the box as it stands.
-int liteImplementationFromText(const QString &text);
+// Coding of the implementation of a Lite core. The text is what the page looks for in its box: registers are
+// looked up as "Logic", which the box never offers, so that such a core opens with the box as it stands.
+JEX::Implementation liteImplementationFromText(const QString &text);
 QString liteImplementationText(int implementation);
 
 // The same for both implementations of a Standard core.
-int implementationFromText(const QString &text);
+JEX::Implementation implementationFromText(const QString &text);
 QString implementationText(int implementation);
 
-// What the device has for an implementation; 0 for a text that is none.
-int deviceAmount(const QString &implementation, const DEV::DeviceArg &device);
-
-// What a capture takes of the device.
+// What a capture takes of a device.
 struct CaptureUsage
 {
-    QString name; // "BSRAM Usage :"; empty for a text that is no implementation
+    QString name; // "BSRAM Usage :"; empty for no implementation
     int required = 0;
     int available = 0;
 };
 
-// `signalCount` bits, `depth` samples. `adjusted` picks the estimates for cores that trigger, which need
-// more than the captured bits.
-CaptureUsage captureUsage(const QString &implementation, const DEV::DeviceArg &device, int signalCount,
+// `signalCount` bits, `depth` samples; the device is null when it is not known. `adjusted` picks the
+// estimates for cores that trigger, which need more than the captured bits.
+CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::Device *device, int signalCount,
                           int depth, bool adjusted);
 
 // "required/available"; the required number in red when it is more than there is.

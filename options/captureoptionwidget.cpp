@@ -203,7 +203,7 @@ void CaptureOptionWidget::on_treeWidgetCapSigs_itemSelectionChanged()
 
 void CaptureOptionWidget::updateBsramCount()
 {
-    showUsage(m_ui->label_8, m_ui->label_9, m_ui->comboImpl->currentText(),
+    showUsage(m_ui->label_8, m_ui->label_9, shownImplementation(m_ui->comboImpl),
               m_ui->treeWidgetCapSigs->signalCount(), shownNumber(m_ui->comboStorageSize), adjustedUsage);
 }
 

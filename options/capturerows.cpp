@@ -11,12 +11,6 @@
 
 namespace RTLJEX {
 
-namespace {
-
-const int userGroup = -1; // type of a record
-
-} // namespace
-
 bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page)
 {
     const QPointer<QWidget> guard(page);
@@ -42,7 +36,7 @@ QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
     for (const JEX::SignalItem &item : items) {
         QString key = item.name;
         for (const JEX::SignalItem &member : item.members)
-            key += item.type == userGroup ? QLatin1Char('\n') + member.name : QString();
+            key += item.isGroup() ? QLatin1Char('\n') + member.name : QString();
         if (!seen.contains(key))
             unique.append(item);
         seen.insert(key);

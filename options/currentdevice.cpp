@@ -1,7 +1,7 @@
 #include "options/currentdevice.h"
 
 #include "host/designmanager.h"
-#include "model/jex/jextool.h"
+#include "model/jex/devicetable.h"
 
 namespace RTLJEX {
 
@@ -11,15 +11,15 @@ const char deviceChange[] = "TE.Device.Change";
 
 } // namespace
 
-DEV::DeviceArg currentDevice()
+const JEX_TOOL::Device *currentDevice()
 {
-    return TE::TaskEngine::instance()->designManager()->currentDevice();
+    const DEV::DeviceArg arg = TE::TaskEngine::instance()->designManager()->currentDevice();
+    return JEX_TOOL::findDevice(arg.series, arg.device);
 }
 
 bool currentDeviceHasSsram()
 {
-    const DEV::DeviceArg device = currentDevice();
-    return JEX_TOOL::currentDeviceSsramAmount(device.series, device.device) != 0;
+    return JEX_TOOL::amountOf(currentDevice(), JEX::SsramImplementation) != 0;
 }
 
 DeviceWatch::DeviceWatch(QUtil::IEventHandler *page) : m_page(page)

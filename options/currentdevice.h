@@ -1,12 +1,15 @@
 #pragma once
 
-#include "host/devicearg.h"
 #include "host/eventmanager.h"
+
+namespace JEX_TOOL {
+struct Device;
+}
 
 namespace RTLJEX {
 
-// The device of the current project.
-DEV::DeviceArg currentDevice();
+// The device of the current project; null when there is none that is known.
+const JEX_TOOL::Device *currentDevice();
 bool currentDeviceHasSsram();
 
 // Lets a page hear, as long as this lives, that the project has another device.

@@ -142,7 +142,7 @@ void LiteCaptureOptionWidget::on_treeWidgetSignal_itemSelectionChanged()
 
 void LiteCaptureOptionWidget::updateBsramCount()
 {
-    showUsage(m_ui->label_3, m_ui->label_8, m_ui->implementation->currentText(),
+    showUsage(m_ui->label_3, m_ui->label_8, shownImplementation(m_ui->implementation),
               m_ui->treeWidgetSignal->signalCount(), captureAmount(), adjustedUsage);
 }
 
@@ -158,9 +158,9 @@ void LiteCaptureOptionWidget::updateInputRegCheck()
 {
     const bool forced = m_ui->capIniDataCheckBox->isChecked();
     m_ui->enableInputRegCheckBox->setEnabled(!forced);
-    const QString text = m_ui->implementation->currentText();
-    if (forced && m_ui->implementation->currentIndex() >= 0)
-        m_ui->enableInputRegCheckBox->setChecked(text == QLatin1String("BSRAM"));
+    const JEX::Implementation shown = shownImplementation(m_ui->implementation);
+    if (forced && shown != JEX::NoImplementation)
+        m_ui->enableInputRegCheckBox->setChecked(shown == JEX::BsramImplementation);
 }
 
 void LiteCaptureOptionWidget::sortEnableSignal()

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
-#include <QStringList>
+
+#include "model/jex/codes.h"
 
 namespace RTLJEX {
 
@@ -14,14 +16,14 @@ enum { StaticUnitCount = 10 };
 bool isStaticExpression(const QString &expression);
 
 // The implementations that suit a device, block memory first. Registers are offered whatever the size.
-QStringList triggerImplementations(bool deviceHasSsram);
+QList<JEX::Implementation> triggerImplementations(bool deviceHasSsram);
 
 // What that many expressions over that many enabled match units take of an implementation, and how that is
 // worked out.
-qint64 triggerRequired(const QString &implementation, int expressions, int units);
-QString triggerFormula(const QString &implementation, int expressions, int units);
+qint64 triggerRequired(JEX::Implementation implementation, int expressions, int units);
+QString triggerFormula(JEX::Implementation implementation, int expressions, int units);
 
-// The same as the page shows it, with what the device has. Empty for a text that is no implementation.
-QString triggerUsageText(const QString &implementation, int available, int expressions, int units);
+// The same as the page shows it, with what the device has. Empty for no implementation.
+QString triggerUsageText(JEX::Implementation implementation, int available, int expressions, int units);
 
 } // namespace RTLJEX

@@ -6,6 +6,7 @@
 
 #include "host/modal.h"
 #include "model/jex/core.h"
+#include "model/jex/devicetable.h"
 #include "model/jex/matchunitdialog.h"
 #include "model/jex/matchunitmodel.h"
 #include "options/capturecontrols.h"
@@ -20,8 +21,6 @@ namespace RTLJEX {
 
 namespace {
 
-const int staticMode = 1; // in the core and in the box
-
 QList<JEX::MatchUnit *> offeredUnits(const JEX::AoCore *core, bool all)
 {
     return all ? core->matchUnits : core->matchUnits.mid(0, StaticUnitCount);
@@ -34,7 +33,7 @@ TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
       m_ui(new Ui_TriggerOptionWidget),
       m_core(core),
       m_netlist(netlist),
-      m_units(new JEX::MatchUnitModel(offeredUnits(core, core->triggerMode == 0), this)),
+      m_units(new JEX::MatchUnitModel(offeredUnits(core, core->triggerMode == JEX::DynamicTrigger), this)),
       m_device(this)
 {
     m_ui->setupUi(this);
@@ -44,7 +43,7 @@ TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
     updateImplType();
     updateExpressionType();
     updateBsramNumber();
-    updateMatchUnitNumber(core->triggerMode == 0);
+    updateMatchUnitNumber(core->triggerMode == JEX::DynamicTrigger);
     connectDoubleClicks();
     connectKeys();
     connect(m_ui->ModeComboBox, SIGNAL(currentIndexChanged(QString)), SLOT(onModeChange(QString)));
@@ -121,7 +120,7 @@ void TriggerOptionWidget::editCurrent()
 void TriggerOptionWidget::save()
 {
     m_core->expressions = validExpressions();
-    m_core->triggerMode = isStatic() ? staticMode : 0;
+    m_core->triggerMode = isStatic() ? JEX::StaticTrigger : JEX::DynamicTrigger;
     if (!isStatic())
         return; // nobody sees the implementation, so nobody changed it
     for (int i = StaticUnitCount; i < m_core->matchUnits.size(); ++i)
@@ -236,13 +235,13 @@ void TriggerOptionWidget::updateTriggerTree()
 
 void TriggerOptionWidget::updateImplType()
 {
-    refillTexts(m_ui->ImpleComboBox, triggerImplementations(currentDeviceHasSsram()));
+    refillTexts(m_ui->ImpleComboBox, implementationNames(triggerImplementations(currentDeviceHasSsram())));
 }
 
 void TriggerOptionWidget::updateExpressionType()
 {
-    const bool on = m_core->triggerMode == staticMode;
-    m_ui->ModeComboBox->setCurrentIndex(on ? staticMode : 0);
+    const bool on = m_core->isStatic();
+    m_ui->ModeComboBox->setCurrentIndex(on ? JEX::StaticTrigger : JEX::DynamicTrigger);
     showStatic(on);
     if (!on)
         return;
@@ -255,8 +254,9 @@ void TriggerOptionWidget::updateBsramNumber()
 {
     if (!isStatic())
         return;
-    const QString implementation = m_ui->ImpleComboBox->currentText();
-    m_ui->UsageValue->setText(triggerUsageText(implementation, deviceAmount(implementation, currentDevice()),
+    const JEX::Implementation implementation = shownImplementation(m_ui->ImpleComboBox);
+    m_ui->UsageValue->setText(triggerUsageText(implementation,
+                                               JEX_TOOL::amountOf(currentDevice(), implementation),
                                                validExpressions().size(), checkedUnits()));
 }
 
@@ -270,7 +270,7 @@ int TriggerOptionWidget::checkedUnits() const
 
 bool TriggerOptionWidget::isStatic() const
 {
-    return m_ui->ModeComboBox->currentIndex() == staticMode;
+    return m_ui->ModeComboBox->currentIndex() == JEX::StaticTrigger;
 }
 
 void TriggerOptionWidget::showStatic(bool on)

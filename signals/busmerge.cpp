@@ -10,7 +10,7 @@ BusMerge::BusMerge(const QList<JEX::SignalItem> &list)
 
 void BusMerge::add(const JEX::SignalItem &item)
 {
-    if (item.members.isEmpty() && m_busBits.contains(item.name))
+    if (item.isSingle() && m_busBits.contains(item.name))
         return;
     for (const JEX::SignalItem &member : item.members)
         for (int position : m_singles.take(member.name))
@@ -20,7 +20,7 @@ void BusMerge::add(const JEX::SignalItem &item)
 
 void BusMerge::append(const JEX::SignalItem &item)
 {
-    if (item.members.isEmpty())
+    if (item.isSingle())
         m_singles[item.name].append(m_records.size());
     for (const JEX::SignalItem &member : item.members)
         m_busBits.insert(member.name);

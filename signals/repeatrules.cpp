@@ -48,8 +48,7 @@ void judgeSingleMember(JEX::SignalItem &member, JEX::SignalItem &group, SignalLi
 // dropped, and the group is enabled for them.
 bool keepsMember(const JEX::SignalItem &member, JEX::SignalItem &group, SignalListIndex &buses)
 {
-    const int holder =
-        member.members.isEmpty() ? buses.firstHolding(member.name) : int(SignalListIndex::noRank);
+    const int holder = member.isSingle() ? buses.firstHolding(member.name) : int(SignalListIndex::noRank);
     for (int same : buses.named(member.name)) {
         if (same < holder && buses.isSingle(same)) {
             buses.remove(same);
@@ -73,7 +72,7 @@ RowVerdict judgeSingleRow(JEX::SignalItem &row, SignalListIndex &others)
 
 RowVerdict judgeBusRow(JEX::SignalItem &row, SignalListIndex &buses)
 {
-    return row.members.isEmpty() ? judgeBitRow(row, buses) : judgeWholeBusRow(row, buses);
+    return row.isSingle() ? judgeBitRow(row, buses) : judgeWholeBusRow(row, buses);
 }
 
 RowVerdict judgeGroupRow(JEX::SignalItem &row, SignalListIndex &others, SignalListIndex &buses)
@@ -81,7 +80,7 @@ RowVerdict judgeGroupRow(JEX::SignalItem &row, SignalListIndex &others, SignalLi
     const JEX::SignalItem before = row;
     QList<JEX::SignalItem> kept;
     for (JEX::SignalItem &member : row.members) {
-        if (member.type == 0)
+        if (member.isNet())
             judgeSingleMember(member, row, others);
         else if (!keepsMember(member, row, buses))
             continue;
@@ -101,9 +100,9 @@ RowVerdict judgeGroupRow(JEX::SignalItem &row, SignalListIndex &others, SignalLi
 
 RowVerdict judgeRow(JEX::SignalItem &row, SignalListIndex &others, SignalListIndex &buses)
 {
-    if (row.type == 0)
+    if (row.isNet())
         return judgeSingleRow(row, others);
-    return row.type == -1 ? judgeGroupRow(row, others, buses) : judgeBusRow(row, buses);
+    return row.isGroup() ? judgeGroupRow(row, others, buses) : judgeBusRow(row, buses);
 }
 
 } // namespace RTLJEX

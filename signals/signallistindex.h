@@ -25,7 +25,7 @@ public:
     int firstNamed(const QString &name) const { return first(m_byName.value(name)); }
     int firstHolding(const QString &memberName) const { return first(m_byMember.value(memberName)); }
 
-    bool isSingle(int rank) const { return entry(rank).item.members.isEmpty(); }
+    bool isSingle(int rank) const { return entry(rank).item.isSingle(); }
     void remove(int rank);
     void prepend(const JEX::SignalItem &item);
 

@@ -8,27 +8,25 @@ namespace RTLJEX {
 
 namespace {
 
-enum SignalType { GroupType = -1, SingleType = 0, BusType = 1 };
-
-void setBusType(JEX::SignalItem &bus)
+void setBusKind(JEX::SignalItem &bus)
 {
-    bus.type = BusType;
+    bus.type = JEX::BusKind;
     for (JEX::SignalItem &member : bus.members)
-        member.type = BusType;
+        member.type = JEX::BusKind;
 }
 
 // A name that is no scalar net is taken for a bit of a bus.
 template <typename IsNet, typename IsBus>
 void classify(JEX::SignalItem &item, IsNet isNet, IsBus isBus)
 {
-    if (item.members.isEmpty()) {
-        item.type = isNet(item.name) ? SingleType : BusType;
+    if (item.isSingle()) {
+        item.type = isNet(item.name) ? JEX::NetKind : JEX::BusKind;
     } else if (isBus(item.name)) {
-        setBusType(item);
+        setBusKind(item);
     } else {
-        item.type = GroupType;
+        item.type = JEX::GroupKind;
         for (JEX::SignalItem &member : item.members)
-            member.type = isNet(member.name) ? SingleType : BusType;
+            member.type = isNet(member.name) ? JEX::NetKind : JEX::BusKind;
     }
 }
 
@@ -54,7 +52,7 @@ bool isScalarNet(const QUARRY::RtlNet *net)
 
 bool isBussignalInBus(JEX::SignalItem bus, JEX::SignalItem single)
 {
-    if (!single.members.isEmpty())
+    if (!single.isSingle())
         return false;
     for (const JEX::SignalItem &member : bus.members)
         if (member.name == single.name)
@@ -139,7 +137,7 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
             if (member.valid)
                 usable.append(member);
         item.members = usable;
-        if (item.type == BusType)
+        if (item.isOfBus())
             merge.add(item);
         else
             otherList.append(item);
@@ -147,9 +145,17 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
     busList = merge.records();
 }
 
+bool canGroup(const QList<JEX::SignalItem> &chosen, bool hasMembers)
+{
+    for (const JEX::SignalItem &item : chosen)
+        if (item.capEnable != chosen.first().capEnable)
+            return false;
+    return !hasMembers && chosen.size() >= 2;
+}
+
 int captureBits(const JEX::SignalItem &item)
 {
-    return item.capEnable ? qMax(1, item.members.size()) : 0;
+    return item.capEnable ? item.width() : 0;
 }
 
 } // namespace RTLJEX

@@ -59,6 +59,15 @@ void setAlias(QTreeWidgetItem *row, const QString &alias)
     showName(row, item);
 }
 
+// The rule, asked about the rows of a tree.
+bool canGroupRows(const QList<QTreeWidgetItem *> &rows)
+{
+    QList<JEX::SignalItem> records;
+    for (const QTreeWidgetItem *row : rows)
+        records.append(signalOf(row));
+    return canGroup(records, topLevel(rows).size() < rows.size());
+}
+
 // The first of them in the order of the tree.
 int lowest(const QList<QTreeWidgetItem *> &rows, const QList<QTreeWidgetItem *> &wanted)
 {
@@ -131,8 +140,8 @@ bool signalTreeWidget::getGroupBusName(QString &name) const
 
 void signalTreeWidget::onMerge()
 {
-    const QList<QTreeWidgetItem *> chosen = topLevel(selectedItems());
-    if (chosen.isEmpty())
+    const QList<QTreeWidgetItem *> chosen = selectedItems();
+    if (!canGroupRows(chosen))
         return;
     JEX::SignalItem group;
     for (const QTreeWidgetItem *row : chosen) {
@@ -316,10 +325,8 @@ void signalTreeWidget::updateActions()
         enabled += signalOf(row).capEnable ? 1 : 0;
     const int count = chosen.size();
     const int buses = withMembers(chosen).size();
-    const bool allTopLevel = topLevel(chosen).size() == count;
-    const bool alike = enabled == 0 || enabled == count;
     m_split->setEnabled(buses >= 1);
-    m_merge->setEnabled(allTopLevel && count >= 2 && alike);
+    m_merge->setEnabled(canGroupRows(chosen));
     m_changeName->setEnabled(count == 1);
     m_restoreName->setEnabled(count >= 1);
     m_reverse->setEnabled(count == 1 && buses == 1);

@@ -13,7 +13,6 @@ namespace RTLJEX {
 namespace {
 
 const int rowType = 0;
-const int bitLimit = 64;
 
 } // namespace
 
@@ -54,10 +53,7 @@ void TriggerPortDialog::accept()
 {
     m_ui->treeWidget->finishEdit();
     const QList<JEX::SignalItem> items = topLevelRecords(m_ui->treeWidget);
-    int bits = 0;
-    for (const JEX::SignalItem &item : items)
-        bits += qMax(1, item.members.size());
-    if (bits > bitLimit) {
+    if (JEX::widthOf(items) > JEX::TriggerPort::WidthLimit) {
         QUtil::messageBox(this, QMessageBox::Warning, tr("Warning"), tr("Support 64 signals at most."));
         return;
     }

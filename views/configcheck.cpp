@@ -48,7 +48,7 @@ void checkUnit(const JEX::MatchUnit &unit, ErrorLines *found)
         found->add("M%1 doesn't bind a trigger port", unit.unitNumber);
     } else if (port->signalItems.isEmpty()) {
         found->add("Trigger port %1 for M%2 is not available", port->portNumber, unit.unitNumber);
-    } else if (unit.value.size() != port->singleSignals().size()) {
+    } else if (unit.value.size() != port->width()) {
         found->add("Length of M%1 is not equal to trigger port %2", unit.unitNumber, port->portNumber);
     }
 }

@@ -146,6 +146,7 @@ QMenu *ProjectTree::createFileMenu()
             [this, paths](bool checked) { Q_EMIT enableRequested(paths, checked); });
     QMenu *types = menu->addMenu("File &Type");
     const char *const names[] = {"Other", "Verilog", "SystemVerilog", "VHDL"};
+    static_assert(sizeof names / sizeof *names == TE::VhdlFile - TE::ConfigFile + 1, "each type has a name");
     for (int type = TE::ConfigFile; type <= TE::VhdlFile; ++type) {
         QAction *action = types->addAction(names[type - TE::ConfigFile]);
         action->setCheckable(true);

@@ -27,7 +27,8 @@ public:
     // False, with a sentence that begins with "ERROR", when the file is no design.
     bool load(const QString &xmlFile, QString &error);
 
-    // Both, in this order, do a little and give false when there is no more to do. There must be a top module.
+    // Both, in this order, do a little and give false when there is no more to do. There must be a top
+    // module.
     bool readPlaces(); // of VHDL
     bool readModules();
 

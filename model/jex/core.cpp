@@ -8,20 +8,11 @@ QList<SignalItem> TriggerPort::singleSignals() const
 {
     QList<SignalItem> bits;
     for (const SignalItem &item : signalItems) {
-        if (item.members.isEmpty()) {
+        if (item.isSingle()) {
             bits.append(item);
         } else {
             bits += item.members;
         }
-    }
-    return bits;
-}
-
-int TriggerPort::width() const
-{
-    int bits = 0;
-    for (const SignalItem &item : signalItems) {
-        bits += item.members.isEmpty() ? 1 : item.members.size();
     }
     return bits;
 }

@@ -4,14 +4,12 @@
 #include <QString>
 #include <QStringList>
 
+#include "model/jex/codes.h"
 #include "model/jex/signalitem.h"
 
 namespace JEX {
 
 class AoCore;
-
-// Coding of the implementation fields.
-enum Implementation { BsramImplementation = 0, RegImplementation = 1, SsramImplementation = 2 };
 
 // The mode of a configuration file; any other value means neither.
 enum JexMode { InvalidMode = 0, StandardMode = 10087, LiteMode = 10088 };
@@ -19,11 +17,13 @@ enum JexMode { InvalidMode = 0, StandardMode = 10087, LiteMode = 10088 };
 // One trigger port of a Standard core; owned by the core.
 struct TriggerPort
 {
+    enum { WidthLimit = 64 };
+
     qint32 portNumber = 0;
     QList<SignalItem> signalItems;
 
     QList<SignalItem> singleSignals() const; // flattened to bits: each bus replaced by its members
-    int width() const;                       // how many bits these are
+    int width() const { return widthOf(signalItems); }
 };
 
 // One comparator of a Standard core; owned by the core.
@@ -32,14 +32,11 @@ struct MatchUnit
     qint32 unitNumber = 0; // M0 to M15
     bool enabled = false;
     TriggerPort *triggerPort = nullptr; // of the same core; null: not bound
-    qint32 function = 0;                // comparison, see MatchFunction
+    qint32 function = MatchEqual;       // MatchFunction
     QString value;                      // one character a bit of the bound port, in the order of its bits
     QString upperValue;                 // second bound of a range; empty otherwise
     const AoCore *core = nullptr;       // the owner, whose ports the unit can be bound to; null: none
 };
-
-// What a unit compares for, see matchvalue.h.
-enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
 
 // What a file and a core hold at most.
 enum Limit { CoreLimit = 16, PortCount = 16, UnitCount = 16, ExpressionLimit = 16 };
@@ -53,12 +50,12 @@ public:
     ~AoCore();
 
     qint32 coreNumber;
-    QString sampleClock;                     // full name of the clock net; empty: none chosen
-    qint32 sampleEdge = 0;                   // 0 rising, 1 falling
-    qint32 triggerMode = 0;                  // 0 Dynamic, 1 Static
-    qint32 triggerImplementation = 0;        // Implementation
-    qint32 captureImplementation = 0;        // Implementation
-    qint32 storageSize = 1024;               // power of two, 4 to 65536
+    QString sampleClock;                                // full name of the clock net; empty: none chosen
+    qint32 sampleEdge = RisingEdge;                     // SampleEdge
+    qint32 triggerMode = DynamicTrigger;                // TriggerMode
+    qint32 triggerImplementation = BsramImplementation; // Implementation
+    qint32 captureImplementation = BsramImplementation; // Implementation
+    qint32 storageSize = 1024;                          // power of two, 4 to 65536
     qint32 captureAmount = 1024;             // power of two, 4 to storage size / segments; 0: none fits
     qint32 triggerPosition = 0;              // 0 to capture amount - 4, which may be -4
     qint32 windowNumber = 1;                 // segments, 1 to storage size / 4
@@ -71,6 +68,7 @@ public:
     bool forceTriggerByFallingEdge = false;
     bool captureInitialData = false;
 
+    bool isStatic() const { return triggerMode == StaticTrigger; }
     QList<TriggerPort *> availableTriggers() const; // ports that hold signals
     QList<MatchUnit *> enabledMatchUnits() const;
     TriggerPort *getTrigger(int index) const; // null when there is none
@@ -86,8 +84,8 @@ struct AOCore_Lite
 {
     qint32 coreNumber = 0;
     QString sampleClock;
-    qint32 sampleEdge = 0;     // 0 rising, 1 falling
-    qint32 implementation = 0; // Implementation
+    qint32 sampleEdge = RisingEdge;              // SampleEdge
+    qint32 implementation = BsramImplementation; // Implementation
     qint32 captureAmount = 1024;
     bool enableCaptureDataInputRegister = false;
     bool captureInitialData = false;

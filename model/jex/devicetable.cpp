@@ -1,7 +1,5 @@
 #include "model/jex/devicetable.h"
 
-#include <climits>
-
 namespace JEX_TOOL {
 
 namespace {
@@ -94,9 +92,32 @@ const Device devices[] = {
 
 } // namespace
 
-const DeviceFamily *usualFamily()
+const DeviceFamily &usualFamily()
 {
-    return &ecp5;
+    return ecp5;
+}
+
+const DeviceFamily &familyOf(const Device *device)
+{
+    return device ? *device->family : usualFamily();
+}
+
+int amountOf(const Device *device, JEX::Implementation implementation)
+{
+    if (!device) {
+        return 0;
+    }
+    switch (implementation) {
+    case JEX::BsramImplementation:
+        return device->blocks;
+    case JEX::RegImplementation:
+        return device->registers;
+    case JEX::SsramImplementation:
+        return device->shadows;
+    case JEX::NoImplementation:
+        break;
+    }
+    return 0;
 }
 
 const Device *findDevice(const QString &series, const QString &device)
@@ -121,20 +142,6 @@ QList<DEV::DeviceArg> knownDevices()
         list.append(arg);
     }
     return list;
-}
-
-int memoriesRequired(const MemoryShape *shapes, int width, int depth)
-{
-    if (width <= 0 || depth <= 0) {
-        return 0;
-    }
-    qint64 best = INT_MAX;
-    for (const MemoryShape *shape = shapes; shape->depth; ++shape) {
-        const qint64 columns = (qint64(width) + shape->width - 1) / shape->width;
-        const qint64 rows = (qint64(depth) + shape->depth - 1) / shape->depth;
-        best = qMin(best, columns * rows);
-    }
-    return int(best);
 }
 
 } // namespace JEX_TOOL

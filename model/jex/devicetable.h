@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "host/devicearg.h"
+#include "model/jex/codes.h"
 
 namespace JEX_TOOL {
 
@@ -38,14 +39,15 @@ struct Device
 // Null for a device that the table does not hold.
 const Device *findDevice(const QString &series, const QString &device);
 
+// What it has for an implementation; a device that is not known (null) has nothing.
+int amountOf(const Device *device, JEX::Implementation implementation);
+
 // One whose memories are of the most common kind: 18 Kbit blocks, 16x4 shadow memories.
-const DeviceFamily *usualFamily();
+const DeviceFamily &usualFamily();
+// The family by whose memories is counted; the usual one for a device that is not known (null).
+const DeviceFamily &familyOf(const Device *device);
 
 // Every part of the table, ordered by series; part numbers are unique.
 QList<DEV::DeviceArg> knownDevices();
-
-// How many memories of the best of these shapes hold `depth` words of `width` bits; all of them are used
-// in that one shape. 0 when there is nothing to hold.
-int memoriesRequired(const MemoryShape *shapes, int width, int depth);
 
 } // namespace JEX_TOOL

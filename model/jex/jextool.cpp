@@ -1,70 +1,54 @@
 #include "model/jex/jextool.h"
 
-#include <climits>
-
 #include "host/designmanager.h"
-#include "model/jex/devicetable.h"
+#include "model/jex/storageneed.h"
 
 namespace JEX_TOOL {
 
 namespace {
 
-const DeviceFamily *currentFamily()
+int required(JEX::Implementation implementation, int signalCount, int depth, bool adjust)
 {
     const DEV::DeviceArg arg = TE::TaskEngine::instance()->designManager()->currentDevice();
-    const Device *device = findDevice(arg.series, arg.device);
-    return device ? device->family : usualFamily();
-}
-
-// 0 signals stay 0: nothing is stored, and no mark either.
-int adjusted(int signalCount, bool adjust)
-{
-    return adjust && signalCount > 0 && signalCount < INT_MAX ? signalCount + 1 : signalCount;
+    const DeviceFamily &family = familyOf(findDevice(arg.series, arg.device));
+    return storageNeed(family, implementation, signalCount, depth, adjust).required;
 }
 
 } // namespace
 
 int currentDeviceBsramAmount(const QString &series, const QString &device)
 {
-    const Device *row = findDevice(series, device);
-    return row ? row->blocks : 0;
+    return amountOf(findDevice(series, device), JEX::BsramImplementation);
 }
 
 int currentDeviceSsramAmount(const QString &series, const QString &device)
 {
-    const Device *row = findDevice(series, device);
-    return row ? row->shadows : 0;
+    return amountOf(findDevice(series, device), JEX::SsramImplementation);
 }
 
 int currentDeviceRegAmount(const QString &series, const QString &device)
 {
-    const Device *row = findDevice(series, device);
-    return row ? row->registers : 0;
+    return amountOf(findDevice(series, device), JEX::RegImplementation);
 }
 
 int bsramNumberRequired(int signalCount, int depth)
 {
-    return memoriesRequired(currentFamily()->blockShapes, signalCount, depth);
+    return required(JEX::BsramImplementation, signalCount, depth, false);
 }
 
 int bsramNumberRequiredWithAdjust(int signalCount, int depth)
 {
-    return bsramNumberRequired(adjusted(signalCount, true), depth);
+    return required(JEX::BsramImplementation, signalCount, depth, true);
 }
 
 int ssramNumberRequiredWithAdjust(int signalCount, int depth, bool adjust)
 {
-    const MemoryShape *shapes = currentFamily()->shadowShapes;
-    return memoriesRequired(shapes ? shapes : usualFamily()->shadowShapes, adjusted(signalCount, adjust),
-                            depth);
+    return required(JEX::SsramImplementation, signalCount, depth, adjust);
 }
 
 int regNumberRequiredWidthAdjust(int signalCount, int depth, bool adjust)
 {
-    if (signalCount <= 0 || depth <= 0) {
-        return 0;
-    }
-    return int(qMin<qint64>(qint64(adjusted(signalCount, adjust)) * depth, INT_MAX));
+    return required(JEX::RegImplementation, signalCount, depth, adjust);
 }
 
 } // namespace JEX_TOOL

@@ -9,6 +9,7 @@ namespace JEX {
 namespace {
 
 const char *const headers[] = {"Enabled", "Number", "Unit", "Trigger Port", "Function", "Value"};
+static_assert(sizeof headers / sizeof *headers == MatchUnitModel::ColumnCount, "each column has a header");
 
 QVariant cellText(const MatchUnit &unit, int column)
 {

@@ -5,6 +5,7 @@ namespace JEX {
 namespace {
 
 const char *const functionNames[] = {"Equal", "Not equal", "Less", "Greater", "In range"};
+static_assert(sizeof functionNames / sizeof *functionNames == MatchInRange + 1, "each function has a name");
 const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };

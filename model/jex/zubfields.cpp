@@ -1,149 +1,139 @@
 #include "model/jex/zubfields.h"
 
-#include <QStringList>
-
 namespace JEX {
 
 namespace {
 
 const char *const edgeWords[] = {"rising", "falling"};
 const char *const triggerModeWords[] = {"dynamic", "static"};
-const char *const implementationWords[] = {"BSRAM", "REG", "SSRAM"};
 const char *const functionWords[] = {"equal", "notEqual", "less", "greater", "inRange"};
-const char *const typeWords[] = {"group", "net", "bus"};
+const char *const kindWords[] = {"group", "net", "bus"};
 
-const Rule noRule = {Rule::Any, 0, 0, nullptr};
-const Rule coreNumberRule = {Rule::Range, 0, CoreLimit - 1, nullptr};
-const Rule edgeRule = {Rule::Words, 0, 1, edgeWords};
-const Rule implementationRule = {Rule::Words, 0, 2, implementationWords};
+constexpr Rule edgeRule = Rule::wordsFor<RisingEdge, FallingEdge>(edgeWords);
+constexpr Rule triggerModeRule = Rule::wordsFor<DynamicTrigger, StaticTrigger>(triggerModeWords);
+constexpr Rule implementationRule =
+    Rule::wordsFor<BsramImplementation, SsramImplementation>(implementationWords);
+constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchInRange>(functionWords);
+constexpr Rule kindRule = Rule::wordsFor<GroupKind, BusKind>(kindWords);
+constexpr Rule portNumberRule = {Rule::Range, 0, PortCount - 1};
+constexpr Rule bitsRule = {Rule::Bits};
 
-template <class Core>
-constexpr Field<Core> number(const char *name, const Rule &rule, qint32 Core::*member)
+template <class Record>
+constexpr Field<Record> field(const char *name, const Rule &rule, qint32 Record::*member)
 {
-    return {name, rule, member, nullptr, nullptr};
+    return {name, NumberField, rule, member};
 }
 
-template <class Core>
-constexpr Field<Core> flag(const char *name, bool Core::*member)
+template <class Record>
+constexpr Field<Record> field(const char *name, bool Record::*member)
 {
-    return {name, noRule, nullptr, member, nullptr};
+    return {name, FlagField, Rule(), nullptr, member};
 }
 
-template <class Core>
-constexpr Field<Core> text(const char *name, QString Core::*member)
+template <class Record>
+constexpr Field<Record> field(const char *name, QString Record::*member, const Rule &rule = Rule())
 {
-    return {name, noRule, nullptr, nullptr, member};
+    return {name, TextField, rule, nullptr, nullptr, member};
 }
 
-bool isPowerOfTwo(int value)
+template <class Record>
+constexpr Field<Record> field(const char *name, TriggerPort *Record::*member)
 {
-    return value > 0 && (value & (value - 1)) == 0;
+    return {name, PortField, portNumberRule, nullptr, nullptr, nullptr, member};
+}
+
+// A capture amount of 0 and a trigger position of -4 are what the editor stores when the storage is too
+// small for the chosen number of segments.
+constexpr Field<AoCore> standardFields[] = {
+    field("number", {Rule::Range, 0, CoreLimit - 1}, &AoCore::coreNumber).key(),
+    field("clock", &AoCore::sampleClock),
+    field("edge", edgeRule, &AoCore::sampleEdge),
+    field("triggerMode", triggerModeRule, &AoCore::triggerMode),
+    field("triggerImplementation", implementationRule, &AoCore::triggerImplementation),
+    field("captureImplementation", implementationRule, &AoCore::captureImplementation),
+    field("storageSize", {Rule::PowerOfTwo, 4, 65536}, &AoCore::storageSize),
+    field("segments", {Rule::Range, 1, 16384}, &AoCore::windowNumber),
+    field("captureAmount", {Rule::PowerOfTwoOrZero, 4, 65536}, &AoCore::captureAmount),
+    field("triggerPosition", {Rule::Range, -4, 65532}, &AoCore::triggerPosition),
+    field("forceTriggerByFallingEdge", &AoCore::forceTriggerByFallingEdge),
+    field("captureInitialData", &AoCore::captureInitialData),
+    field("topModule", &AoCore::topModuleName),
+};
+
+constexpr Field<AOCore_Lite> liteFields[] = {
+    field("number", {Rule::Range, 0, CoreLimit - 1}, &AOCore_Lite::coreNumber).key(),
+    field("clock", &AOCore_Lite::sampleClock),
+    field("edge", edgeRule, &AOCore_Lite::sampleEdge),
+    field("implementation", implementationRule, &AOCore_Lite::implementation),
+    field("captureAmount", {Rule::PowerOfTwo, 2, 65536}, &AOCore_Lite::captureAmount),
+    field("inputRegister", &AOCore_Lite::enableCaptureDataInputRegister),
+    field("captureInitialData", &AOCore_Lite::captureInitialData),
+    field("topModule", &AOCore_Lite::topModuleName),
+};
+
+constexpr Field<TriggerPort> portFields[] = {
+    field("number", portNumberRule, &TriggerPort::portNumber).key(),
+};
+
+constexpr Field<MatchUnit> unitFields[] = {
+    field("number", {Rule::Range, 0, UnitCount - 1}, &MatchUnit::unitNumber).key().shownAs("M"),
+    field("enabled", &MatchUnit::enabled).shownAs("", "disabled", "enabled"),
+    field("port", &MatchUnit::triggerPort).optional().shownAs("port ", "not bound"),
+    field("function", functionRule, &MatchUnit::function),
+    field("value", &MatchUnit::value, bitsRule),
+    field("upperValue", &MatchUnit::upperValue, bitsRule).optional(),
+};
+
+constexpr Field<SignalItem> signalFields[] = {
+    field("name", &SignalItem::name).key().titled("signal"),
+    field("alias", &SignalItem::alias).optional().titled("shown as"),
+    field("type", kindRule, &SignalItem::type).nature(),
+    field("capture", &SignalItem::capEnable).optional().shownAs("", "no", "yes"),
+    field("valid", &SignalItem::valid).optional().noColumn(),
+    field("aux", &SignalItem::auxFlag).optional().noColumn(),
+};
+
+template <class Record, int Size>
+constexpr FieldTable<Record> tableOf(const Field<Record> (&fields)[Size])
+{
+    return {fields, Size};
 }
 
 } // namespace
 
-const Rule matchFunctionRule = {Rule::Words, MatchEqual, MatchInRange, functionWords};
-const Rule signalTypeRule = {Rule::Words, -1, 1, typeWords};
-const Rule portNumberRule = {Rule::Range, 0, PortCount - 1, nullptr};
-const Rule unitNumberRule = {Rule::Range, 0, UnitCount - 1, nullptr};
-
-// A capture amount of 0 and a trigger position of -4 are what the editor stores when the storage is too
-// small for the chosen number of segments.
-const FieldTable<AoCore> &standardFields()
+template <>
+FieldTable<AoCore> fieldsOf<AoCore>()
 {
-    static const Field<AoCore> fields[] = {
-        number("number", coreNumberRule, &AoCore::coreNumber),
-        text("clock", &AoCore::sampleClock),
-        number("edge", edgeRule, &AoCore::sampleEdge),
-        number("triggerMode", {Rule::Words, 0, 1, triggerModeWords}, &AoCore::triggerMode),
-        number("triggerImplementation", implementationRule, &AoCore::triggerImplementation),
-        number("captureImplementation", implementationRule, &AoCore::captureImplementation),
-        number("storageSize", {Rule::PowerOfTwo, 4, 65536, nullptr}, &AoCore::storageSize),
-        number("segments", {Rule::Range, 1, 16384, nullptr}, &AoCore::windowNumber),
-        number("captureAmount", {Rule::PowerOfTwoOrZero, 4, 65536, nullptr}, &AoCore::captureAmount),
-        number("triggerPosition", {Rule::Range, -4, 65532, nullptr}, &AoCore::triggerPosition),
-        flag("forceTriggerByFallingEdge", &AoCore::forceTriggerByFallingEdge),
-        flag("captureInitialData", &AoCore::captureInitialData),
-        text("topModule", &AoCore::topModuleName),
-    };
-    static const FieldTable<AoCore> table = {fields, int(sizeof fields / sizeof *fields)};
-    return table;
+    return tableOf(standardFields);
 }
 
-const FieldTable<AOCore_Lite> &liteFields()
+template <>
+FieldTable<AOCore_Lite> fieldsOf<AOCore_Lite>()
 {
-    static const Field<AOCore_Lite> fields[] = {
-        number("number", coreNumberRule, &AOCore_Lite::coreNumber),
-        text("clock", &AOCore_Lite::sampleClock),
-        number("edge", edgeRule, &AOCore_Lite::sampleEdge),
-        number("implementation", implementationRule, &AOCore_Lite::implementation),
-        number("captureAmount", {Rule::PowerOfTwo, 2, 65536, nullptr}, &AOCore_Lite::captureAmount),
-        flag("inputRegister", &AOCore_Lite::enableCaptureDataInputRegister),
-        flag("captureInitialData", &AOCore_Lite::captureInitialData),
-        text("topModule", &AOCore_Lite::topModuleName),
-    };
-    static const FieldTable<AOCore_Lite> table = {fields, int(sizeof fields / sizeof *fields)};
-    return table;
+    return tableOf(liteFields);
+}
+
+template <>
+FieldTable<TriggerPort> fieldsOf<TriggerPort>()
+{
+    return tableOf(portFields);
+}
+
+template <>
+FieldTable<MatchUnit> fieldsOf<MatchUnit>()
+{
+    return tableOf(unitFields);
+}
+
+template <>
+FieldTable<SignalItem> fieldsOf<SignalItem>()
+{
+    return tableOf(signalFields);
 }
 
 const char *modeName(JexMode mode)
 {
     return mode == StandardMode ? "Standard" : mode == LiteMode ? "Lite" : nullptr;
-}
-
-bool Rule::holds(int value) const
-{
-    switch (kind) {
-    case Any:
-        return true;
-    case PowerOfTwoOrZero:
-        return value == 0 || (value >= low && value <= high && isPowerOfTwo(value));
-    case PowerOfTwo:
-        return value >= low && value <= high && isPowerOfTwo(value);
-    case Range:
-    case Words:
-        break;
-    }
-    return value >= low && value <= high;
-}
-
-QString Rule::toText(int value) const
-{
-    return kind == Words ? QString::fromLatin1(words[value - low]) : QString::number(value);
-}
-
-bool Rule::fromText(const QStringRef &text, int *value) const
-{
-    if (kind != Words) {
-        bool isNumber = false;
-        *value = text.toString().toInt(&isNumber);
-        // One spelling a number, or loading and saving would not give the same bytes.
-        return isNumber && holds(*value) && text == QString::number(*value);
-    }
-    for (int i = low; i <= high; ++i) {
-        if (text == QLatin1String(words[i - low])) {
-            *value = i;
-            return true;
-        }
-    }
-    return false;
-}
-
-QString Rule::description() const
-{
-    if (kind == Words) {
-        QStringList list;
-        for (int i = low; i <= high; ++i) {
-            list.append(toText(i));
-        }
-        return QLatin1String("one of ") + list.join(QLatin1String(", "));
-    }
-    QString text = kind == Range ? QLatin1String("a number from %1 to %2")
-                                 : QLatin1String("a power of two from %1 to %2");
-    if (kind == PowerOfTwoOrZero) {
-        text += QLatin1String(", or 0");
-    }
-    return text.arg(low).arg(high);
 }
 
 } // namespace JEX

@@ -3,53 +3,124 @@
 #include <QString>
 
 #include "model/jex/core.h"
+#include "model/jex/zubrule.h"
 
 namespace JEX {
 
-// What the ".zub" format writes for each field of a record, in the order of the file. Reader and writer
-// both walk these tables, so neither can know a field that the other does not.
+// One table for each record: what its fields are called, what they may hold, and how they are shown. The
+// reader and the writer of the ".zub" format and all that prints or compares records walk it, so that a new
+// field is one row. Lists of other records are no fields.
 
-// The numbers that a field may hold, and how they are spelled.
-struct Rule
-{
-    enum Kind { Any, Range, PowerOfTwo, PowerOfTwoOrZero, Words };
-    Kind kind;
-    int low; // of Words: the number that the first word stands for
-    int high;
-    const char *const *words;
+enum FieldKind { NumberField, FlagField, TextField, PortField };
 
-    bool holds(int value) const;
-    QString toText(int value) const;                         // value must hold
-    bool fromText(const QStringRef &text, int *value) const; // false: no such word, no number, or not held
-    QString description() const;                             // "a number from 0 to 15", for messages
+// What a field says of its record. A file has the parts in this order, and the fields of each in that of the
+// table; JSON has the order of the table.
+enum FieldPart {
+    KeyPart,    // which record of its list it is; the first row of a table, required in a file
+    NaturePart, // what the design makes of it
+    SettingPart // what the user set
 };
 
-// One attribute of a core. Exactly one of the three member pointers is set.
-template <class Core>
+// Only the member pointer of its kind is set.
+template <class Record>
 struct Field
 {
-    const char *name;
-    Rule rule; // of number
-    qint32 Core::*number;
-    bool Core::*flag;
-    QString Core::*text;
+    const char *name; // in a file and in JSON
+    FieldKind kind;
+    Rule rule; // of a port: that of its number
+    qint32 Record::*number = nullptr;
+    bool Record::*flag = nullptr;
+    QString Record::*text = nullptr;
+    TriggerPort *Record::*port = nullptr; // of the record's core; null for none
+
+    FieldPart part = SettingPart;
+    bool isOptional = false;  // not written when it is as in a new record
+    const char *title = name; // for people
+    // A table of such records has a column for it: "port 2", "no".
+    bool isColumn = true;
+    const char *before = "";   // what is no flag
+    const char *off = "false"; // or no port
+    const char *on = "true";
+
+    constexpr Field &key()
+    {
+        part = KeyPart;
+        return *this;
+    }
+    constexpr Field &nature()
+    {
+        part = NaturePart;
+        return *this;
+    }
+    constexpr Field &optional()
+    {
+        isOptional = true;
+        return *this;
+    }
+    constexpr Field &titled(const char *newTitle)
+    {
+        title = newTitle;
+        return *this;
+    }
+    constexpr Field &noColumn()
+    {
+        isColumn = false;
+        return *this;
+    }
+    constexpr Field &shownAs(const char *newBefore, const char *newOff = "", const char *newOn = "")
+    {
+        before = newBefore;
+        off = newOff;
+        on = newOn;
+        return *this;
+    }
+
+    // Ports of different cores are the same when their numbers are.
+    bool isSame(const Record &a, const Record &b) const
+    {
+        if (kind == TextField)
+            return a.*text == b.*text;
+        return kind == FlagField ? a.*flag == b.*flag : numberOf(a) == numberOf(b);
+    }
+    // The number of a field that is no text or flag; -1 for no port.
+    int numberOf(const Record &record) const
+    {
+        if (kind == NumberField)
+            return record.*number;
+        return record.*port ? (record.*port)->portNumber : -1;
+    }
+    // Whether a file may hold the value.
+    bool isHeld(const Record &record) const
+    {
+        if (kind == TextField)
+            return rule.holds(record.*text);
+        return kind == FlagField || rule.holds(numberOf(record));
+    }
 };
 
-template <class Core>
+template <class Record>
 struct FieldTable
 {
-    const Field<Core> *begin;
+    const Field<Record> *first;
     int size;
+
+    const Field<Record> *begin() const { return first; }
+    const Field<Record> *end() const { return first + size; }
+    const Field<Record> &key() const { return *first; }
 };
 
-const FieldTable<AoCore> &standardFields();
-const FieldTable<AOCore_Lite> &liteFields();
-
-// The attributes of <unit> and <signal> that hold more than text or a flag.
-extern const Rule matchFunctionRule;
-extern const Rule signalTypeRule;
-extern const Rule portNumberRule;
-extern const Rule unitNumberRule;
+template <class Record>
+FieldTable<Record> fieldsOf();
+template <>
+FieldTable<AoCore> fieldsOf<AoCore>();
+template <>
+FieldTable<AOCore_Lite> fieldsOf<AOCore_Lite>();
+template <>
+FieldTable<TriggerPort> fieldsOf<TriggerPort>();
+template <>
+FieldTable<MatchUnit> fieldsOf<MatchUnit>();
+template <>
+FieldTable<SignalItem> fieldsOf<SignalItem>();
 
 // How deep <signal> may nest; a bus in a group is 3.
 enum { SignalDepthLimit = 8 };

@@ -2,7 +2,6 @@
 
 #include <QtAlgorithms>
 
-#include "model/jex/matchvalue.h"
 #include "model/jex/zubfields.h"
 
 namespace JEX {
@@ -10,16 +9,6 @@ namespace JEX {
 namespace {
 
 const int ElementDepthLimit = 64;
-
-const FieldTable<AoCore> &fieldsOf(const AoCore *)
-{
-    return standardFields();
-}
-
-const FieldTable<AOCore_Lite> &fieldsOf(const AOCore_Lite *)
-{
-    return liteFields();
-}
 
 AoCore *makeCore(QList<AoCore *> *cores)
 {
@@ -33,9 +22,37 @@ AOCore_Lite *makeCore(QList<AOCore_Lite *> *cores)
     return cores->last();
 }
 
+// A unit can be bound to the ports of its core; no other record names one.
+TriggerPort *portOf(const MatchUnit &unit, int number)
+{
+    return unit.core->getTrigger(number);
+}
+
+template <class Record>
+TriggerPort *portOf(const Record &, int)
+{
+    return nullptr;
+}
+
+// Most files name the fields one after another, so that the search begins behind the last one found. Null
+// when there is none of that name.
+template <class Record>
+const Field<Record> *findField(const FieldTable<Record> &table, const QStringRef &name,
+                               const Field<Record> *from)
+{
+    for (int i = 0; i < table.size; ++i, ++from) {
+        from = from == table.end() ? table.begin() : from;
+        if (isWord(name, from->name)) {
+            return from;
+        }
+    }
+    return nullptr;
+}
+
 QList<SignalItem> enabledOf(const QList<SignalItem> &items)
 {
     QList<SignalItem> enabled;
+    enabled.reserve(items.size());
     for (const SignalItem &item : items) {
         if (item.capEnable) {
             enabled.append(item);
@@ -151,36 +168,54 @@ bool ZubReader::readCores(QList<Core *> *cores)
             return fail(latin("there are more than ") + QString::number(CoreLimit) + latin(" cores."));
         }
         Core *core = makeCore(cores);
-        if (!readCoreAttributes(core, fieldsOf(core)) || !readSignalLists(core)) {
+        if (!readNumberOnce(fieldsOf<Core>().key().rule, &m_coreNumbers, &core->coreNumber) ||
+            !readFields(core) || !readSignalLists(core)) {
             return false;
         }
     }
     return m_error.isEmpty();
 }
 
-template <class Core>
-bool ZubReader::readCoreAttributes(Core *core, const FieldTable<Core> &table)
+template <class Record>
+bool ZubReader::readFields(Record *record)
 {
-    if (!readNumberOnce(table.begin->rule, &m_coreNumbers, &core->coreNumber)) {
-        return false;
-    }
+    const FieldTable<Record> table = fieldsOf<Record>();
     const QXmlStreamAttributes attributes = m_xml.attributes();
+    const Field<Record> *next = table.begin();
+    bool hasKey = false;
     for (const QXmlStreamAttribute &attribute : attributes) {
-        const Field<Core> *field = table.begin;
-        const Field<Core> *const end = table.begin + table.size;
-        while (field != end && attribute.qualifiedName() != latin(field->name)) {
-            ++field;
-        }
-        if (field == end) {
+        const Field<Record> *field = findField(table, attribute.qualifiedName(), next);
+        if (!field) {
             return failUnknownAttribute(attribute);
         }
-        if (field->text) {
-            core->*field->text = attribute.value().toString();
-        } else if (field->number ? !readNumber(attribute, field->rule, &(core->*field->number))
-                                 : !readFlag(attribute, &(core->*field->flag))) {
+        if (!readField(attribute, *field, record)) {
             return false;
         }
+        hasKey = hasKey || field->part == KeyPart;
+        next = field + 1;
     }
+    return hasKey || failMissing(table.key().name);
+}
+
+template <class Record>
+bool ZubReader::readField(const QXmlStreamAttribute &attribute, const Field<Record> &field, Record *record)
+{
+    int number = 0;
+    switch (field.kind) {
+    case TextField:
+        record->*field.text = attribute.value().toString();
+        return field.rule.holds(record->*field.text) || failAttribute(attribute, field.rule.description());
+    case FlagField:
+        return readFlag(attribute, &(record->*field.flag));
+    case NumberField:
+        return readNumber(attribute, field.rule, &(record->*field.number));
+    case PortField:
+        break;
+    }
+    if (!readNumber(attribute, field.rule, &number)) {
+        return false;
+    }
+    record->*field.port = portOf(*record, number);
     return true;
 }
 
@@ -236,52 +271,20 @@ bool ZubReader::readCoreChild(AoCore *core)
 bool ZubReader::readPort(AoCore *core)
 {
     int number = 0;
-    if (!readNumberOnce(portNumberRule, &m_portNumbers, &number)) {
+    if (!readNumberOnce(fieldsOf<TriggerPort>().key().rule, &m_portNumbers, &number)) {
         return false;
     }
-    return hasOnly("number") && readSignals(&core->triggerPorts.at(number)->signalItems, 1);
+    TriggerPort *port = core->triggerPorts.at(number);
+    return readFields(port) && readSignals(&port->signalItems, 1);
 }
 
 bool ZubReader::readUnit(AoCore *core)
 {
     int number = 0;
-    if (!readNumberOnce(unitNumberRule, &m_unitNumbers, &number)) {
+    if (!readNumberOnce(fieldsOf<MatchUnit>().key().rule, &m_unitNumbers, &number)) {
         return false;
     }
-    MatchUnit *unit = core->matchUnits.at(number);
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        if (!readUnitAttribute(core, unit, attribute)) {
-            return false;
-        }
-    }
-    return readNoChildren();
-}
-
-bool ZubReader::readUnitAttribute(AoCore *core, MatchUnit *unit, const QXmlStreamAttribute &attribute)
-{
-    const QStringRef key = attribute.qualifiedName();
-    if (key == latin("number")) {
-        return true;
-    }
-    if (key == latin("enabled")) {
-        return readFlag(attribute, &unit->enabled);
-    }
-    if (key == latin("function")) {
-        return readNumber(attribute, matchFunctionRule, &unit->function);
-    }
-    if (key == latin("port")) {
-        int port = 0;
-        const bool done = readNumber(attribute, portNumberRule, &port);
-        unit->triggerPort = done ? core->triggerPorts.at(port) : nullptr;
-        return done;
-    }
-    if (key != latin("value") && key != latin("upperValue")) {
-        return failUnknownAttribute(attribute);
-    }
-    const QString bits = attribute.value().toString();
-    (key == latin("value") ? unit->value : unit->upperValue) = bits;
-    return isBitText(bits) || failAttribute(attribute, latin("made of 0, 1, X, R, F, B and N"));
+    return readFields(core->matchUnits.at(number)) && readNoChildren();
 }
 
 bool ZubReader::readExpression(AoCore *core)
@@ -295,7 +298,7 @@ bool ZubReader::readExpression(AoCore *core)
     }
     const QXmlStreamAttributes attributes = m_xml.attributes();
     if (attributes.isEmpty()) {
-        return fail(element() + latin(" has no \"text\"."));
+        return failMissing("text");
     }
     core->expressions.append(attributes.first().value().toString());
     return readNoChildren();
@@ -311,47 +314,15 @@ bool ZubReader::readSignals(QList<SignalItem> *items, int depth)
             return fail(latin("signals are nested more than ") + QString::number(SignalDepthLimit) +
                         latin(" deep."));
         }
+        if (items->isEmpty()) {
+            items->reserve(8); // the usual width of a bus
+        }
         items->append(SignalItem());
-        if (!readSignal(&items->last(), depth)) {
+        if (!readFields(&items->last()) || !readSignals(&items->last().members, depth + 1)) {
             return false;
         }
     }
     return m_error.isEmpty();
-}
-
-bool ZubReader::readSignal(SignalItem *item, int depth)
-{
-    return readSignalAttributes(item) && readSignals(&item->members, depth + 1);
-}
-
-bool ZubReader::readSignalAttributes(SignalItem *item)
-{
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    bool hasName = false;
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        const QStringRef key = attribute.qualifiedName();
-        bool done = true;
-        if (key == latin("name")) {
-            hasName = true;
-            item->name = attribute.value().toString();
-        } else if (key == latin("type")) {
-            done = readNumber(attribute, signalTypeRule, &item->type);
-        } else if (key == latin("alias")) {
-            item->alias = attribute.value().toString();
-        } else if (key == latin("capture")) {
-            done = readFlag(attribute, &item->capEnable);
-        } else if (key == latin("valid")) {
-            done = readFlag(attribute, &item->valid);
-        } else if (key == latin("aux")) {
-            done = readFlag(attribute, &item->auxFlag);
-        } else {
-            done = failUnknownAttribute(attribute);
-        }
-        if (!done) {
-            return false;
-        }
-    }
-    return hasName || fail(latin("<signal> has no \"name\"."));
 }
 
 } // namespace JEX

@@ -7,8 +7,8 @@
 
 namespace JEX {
 
-template <class Core>
-struct FieldTable;
+template <class Record>
+struct Field;
 
 // Turns the bytes of one ".zub" file into records. One use each. The format is strict: what a file of the
 // version cannot hold is a fault, since saving would drop it; only comments, processing instructions and
@@ -32,19 +32,19 @@ private:
     bool readHead(JexMode mode);
     template <class Core>
     bool readCores(QList<Core *> *cores);
-    template <class Core>
-    bool readCoreAttributes(Core *core, const FieldTable<Core> &table);
+    // The fields of the present element. A value that is not named keeps its default, but the key must be.
+    template <class Record>
+    bool readFields(Record *record);
+    template <class Record>
+    bool readField(const QXmlStreamAttribute &attribute, const Field<Record> &field, Record *record);
     bool readCoreChild(AoCore *core);
     bool readCoreChild(AOCore_Lite *core);
     template <class Core>
     bool readSignalLists(Core *core);
     bool readPort(AoCore *core);
     bool readUnit(AoCore *core);
-    bool readUnitAttribute(AoCore *core, MatchUnit *unit, const QXmlStreamAttribute &attribute);
     bool readExpression(AoCore *core);
     bool readSignals(QList<SignalItem> *items, int depth);
-    bool readSignal(SignalItem *item, int depth);
-    bool readSignalAttributes(SignalItem *item);
 
     quint32 m_coreNumbers = 0; // bit n: a core n, and likewise below for the core that is being read
     quint32 m_portNumbers = 0;

@@ -1,7 +1,5 @@
 #include "model/jex/zubtokens.h"
 
-#include "model/jex/zubfields.h"
-
 namespace JEX {
 
 ZubTokens::ZubTokens(const QByteArray &bytes, const QString &path) : m_xml(bytes), m_path(path)
@@ -56,7 +54,7 @@ bool ZubTokens::hasOnly(const char *name)
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (!name || attribute.qualifiedName() != latin(name)) {
+        if (!name || !isWord(attribute.qualifiedName(), name)) {
             return failUnknownAttribute(attribute);
         }
     }
@@ -70,15 +68,15 @@ bool ZubTokens::readNumber(const QXmlStreamAttribute &attribute, const Rule &rul
 
 bool ZubTokens::readFlag(const QXmlStreamAttribute &attribute, bool *value)
 {
-    *value = attribute.value() == latin("true");
-    return *value || attribute.value() == latin("false") || failAttribute(attribute, latin("true or false"));
+    *value = isWord(attribute.value(), "true");
+    return *value || isWord(attribute.value(), "false") || failAttribute(attribute, latin("true or false"));
 }
 
 bool ZubTokens::readNumberOnce(const Rule &rule, quint32 *seen, int *value)
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.qualifiedName() != latin("number")) {
+        if (!isWord(attribute.qualifiedName(), "number")) {
             continue;
         }
         if (!readNumber(attribute, rule, value)) {
@@ -91,7 +89,7 @@ bool ZubTokens::readNumberOnce(const Rule &rule, quint32 *seen, int *value)
         *seen |= 1u << *value;
         return true;
     }
-    return fail(element() + latin(" has no \"number\"."));
+    return failMissing("number");
 }
 
 bool ZubTokens::failAttribute(const QXmlStreamAttribute &attribute, const QString &expected)
@@ -109,6 +107,11 @@ bool ZubTokens::failUnknownAttribute(const QXmlStreamAttribute &attribute)
 bool ZubTokens::failUnknownElement()
 {
     return fail(element() + latin(" is not expected here."));
+}
+
+bool ZubTokens::failMissing(const char *attribute)
+{
+    return fail(element() + latin(" has no ") + quoted(latin(attribute)) + latin("."));
 }
 
 bool ZubTokens::fail(const QString &text)

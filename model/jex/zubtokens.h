@@ -4,9 +4,9 @@
 #include <QString>
 #include <QXmlStreamReader>
 
-namespace JEX {
+#include "model/jex/zubrule.h"
 
-struct Rule;
+namespace JEX {
 
 inline QLatin1String latin(const char *text)
 {
@@ -26,7 +26,7 @@ protected:
     bool nextChild();      // false at the end of the element, and on a fault
     bool readNoChildren(); // of the present element
     bool readToEnd();      // after the outermost element
-    bool isElement(const char *name) const { return m_xml.qualifiedName() == latin(name); }
+    bool isElement(const char *name) const { return isWord(m_xml.qualifiedName(), name); }
 
     bool hasOnly(const char *attribute); // or no attribute, when null
     bool readNumber(const QXmlStreamAttribute &attribute, const Rule &rule, int *value);
@@ -37,6 +37,7 @@ protected:
     bool failAttribute(const QXmlStreamAttribute &attribute, const QString &expected);
     bool failUnknownAttribute(const QXmlStreamAttribute &attribute);
     bool failUnknownElement();
+    bool failMissing(const char *attribute);
     bool fail(const QString &text);     // "Line 7 of the file ...: text"
     bool failFile(const QString &text); // "The file ... text"
     QString element() const;            // "<core>"

@@ -1,8 +1,9 @@
 #include "model/jex/zubwriter.h"
 
+#include <QStringList>
 #include <QXmlStreamWriter>
+#include <vector>
 
-#include "model/jex/matchvalue.h"
 #include "model/jex/zubfields.h"
 
 namespace JEX {
@@ -29,12 +30,119 @@ bool isXmlAt(const QString &text, int i)
 QString xmlText(const QString &text)
 {
     QString clean = text;
+    const QChar *const characters = text.constData();
     for (int i = 0; i < text.size(); ++i) {
-        if (!isXmlAt(text, i)) {
+        const bool isUsual = characters[i] >= QLatin1Char(' ') && characters[i].unicode() < 0xd800;
+        if (!isUsual && !isXmlAt(text, i)) {
             clean[i] = QChar(QChar::ReplacementCharacter);
         }
     }
     return clean;
+}
+
+template <class Record>
+const Record &newRecord()
+{
+    static const Record record;
+    return record;
+}
+
+template <>
+const AoCore &newRecord<AoCore>()
+{
+    static const AoCore core(0);
+    return core;
+}
+
+// Writes the attributes of one kind of record. What does not depend on the record is made once; there may be
+// 100,000 signals.
+template <class Record>
+class FieldWriter
+{
+public:
+    FieldWriter();
+
+    // False, with a sentence, when a reader would not take a value.
+    bool write(const Record &record, QXmlStreamWriter *xml, QString *error) const;
+    bool isNew(const Record &record) const; // says nothing but its key
+
+private:
+    struct Attribute
+    {
+        const Field<Record> *field;
+        QString name;
+        QStringList words; // of a flag, or of a number that is written as a word
+    };
+
+    static QString textOf(const Record &record, const Attribute &attribute);
+
+    std::vector<Attribute> m_attributes; // in the order of the file
+    const Record &m_new = newRecord<Record>();
+};
+
+template <class Record>
+FieldWriter<Record>::FieldWriter()
+{
+    for (FieldPart part : {KeyPart, NaturePart, SettingPart}) {
+        for (const Field<Record> &field : fieldsOf<Record>()) {
+            if (field.part != part) {
+                continue;
+            }
+            QStringList words;
+            if (field.kind == FlagField) {
+                words << latin("false") << latin("true");
+            }
+            for (int i = field.rule.low; field.rule.kind == Rule::Words && i <= field.rule.high; ++i) {
+                words << field.rule.toText(i);
+            }
+            m_attributes.push_back({&field, latin(field.name), words});
+        }
+    }
+}
+
+template <class Record>
+bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, QString *error) const
+{
+    for (const Attribute &attribute : m_attributes) {
+        const Field<Record> &field = *attribute.field;
+        if (field.isOptional && field.isSame(record, m_new)) {
+            continue;
+        }
+        if (!field.isHeld(record)) {
+            const QString value =
+                field.kind == TextField ? record.*field.text : QString::number(field.numberOf(record));
+            *error = latin("The value %1 of \"%2\" must be %3.")
+                         .arg(value, attribute.name, field.rule.description());
+            return false;
+        }
+        xml->writeAttribute(attribute.name, textOf(record, attribute));
+    }
+    return true;
+}
+
+template <class Record>
+QString FieldWriter<Record>::textOf(const Record &record, const Attribute &attribute)
+{
+    const Field<Record> &field = *attribute.field;
+    if (field.kind == TextField) {
+        return xmlText(record.*field.text);
+    }
+    if (field.kind == FlagField) {
+        return attribute.words.at(record.*field.flag);
+    }
+    const int number = field.numberOf(record);
+    return attribute.words.isEmpty() ? QString::number(number) : attribute.words.at(number - field.rule.low);
+}
+
+template <class Record>
+bool FieldWriter<Record>::isNew(const Record &record) const
+{
+    for (const Attribute &attribute : m_attributes) {
+        if (attribute.field->part != KeyPart && !attribute.field->isSame(record, m_new)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 class ZubWriter
@@ -43,31 +151,25 @@ public:
     explicit ZubWriter(QByteArray *bytes) : m_xml(bytes) { m_xml.setAutoFormatting(true); }
 
     template <class Core>
-    bool write(const QList<Core *> &cores, JexMode mode, const FieldTable<Core> &fields);
+    bool write(const QList<Core *> &cores, JexMode mode);
 
     QString error;
 
 private:
     template <class Core>
-    bool writeCore(const Core &core, const FieldTable<Core> &fields);
+    bool writeCore(const Core &core, const FieldWriter<Core> &fields);
     bool writeTrigger(const AoCore &core);
     bool writeTrigger(const AOCore_Lite &) { return true; }
+    bool writePort(const TriggerPort &port);
     bool writeUnit(const MatchUnit &unit);
     bool writeSignals(const QList<SignalItem> &items, int depth);
     bool writeList(const char *element, const QList<SignalItem> &items);
-    bool writeNumber(const char *name, const Rule &rule, int value);
-    void writeText(const QString &name, const QString &text) { m_xml.writeAttribute(name, xmlText(text)); }
-    void writeFlag(const QString &name, bool value) { m_xml.writeAttribute(name, value ? m_true : m_false); }
 
     QXmlStreamWriter m_xml;
-    // Made once; there may be 100,000 signals.
-    const QString m_signal = latin("signal");
-    const QString m_name = latin("name");
-    const QString m_type = latin("type");
-    const QString m_true = latin("true");
-    const QString m_false = latin("false");
-    const QString m_types[3] = {signalTypeRule.toText(-1), signalTypeRule.toText(0),
-                                signalTypeRule.toText(1)};
+    const FieldWriter<TriggerPort> m_port;
+    const FieldWriter<MatchUnit> m_unit;
+    const FieldWriter<SignalItem> m_signal;
+    const QString m_signalElement = latin("signal");
 };
 
 bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
@@ -81,15 +183,8 @@ bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
     return next == enabled.size();
 }
 
-// Whether the unit says nothing that one of a new core does not.
-bool isDefault(const MatchUnit &unit)
-{
-    return !unit.enabled && !unit.triggerPort && unit.function == 0 && unit.value.isEmpty() &&
-           unit.upperValue.isEmpty();
-}
-
 template <class Core>
-bool ZubWriter::write(const QList<Core *> &cores, JexMode mode, const FieldTable<Core> &fields)
+bool ZubWriter::write(const QList<Core *> &cores, JexMode mode)
 {
     if (cores.size() > CoreLimit) {
         error = latin("There are more than %1 cores.").arg(int(CoreLimit));
@@ -99,6 +194,7 @@ bool ZubWriter::write(const QList<Core *> &cores, JexMode mode, const FieldTable
     m_xml.writeStartElement(latin("jexconfig"));
     m_xml.writeAttribute(latin("version"), QString::number(ZubVersion));
     m_xml.writeAttribute(latin("mode"), latin(modeName(mode)));
+    const FieldWriter<Core> fields;
     quint32 seen = 0;
     for (const Core *core : cores) {
         if (!writeCore(*core, fields)) {
@@ -115,19 +211,11 @@ bool ZubWriter::write(const QList<Core *> &cores, JexMode mode, const FieldTable
 }
 
 template <class Core>
-bool ZubWriter::writeCore(const Core &core, const FieldTable<Core> &fields)
+bool ZubWriter::writeCore(const Core &core, const FieldWriter<Core> &fields)
 {
     m_xml.writeStartElement(latin("core"));
-    for (const Field<Core> *field = fields.begin; field != fields.begin + fields.size; ++field) {
-        if (field->text) {
-            writeText(latin(field->name), core.*field->text);
-        } else if (field->flag) {
-            writeFlag(latin(field->name), core.*field->flag);
-        } else if (!writeNumber(field->name, field->rule, core.*field->number)) {
-            return false;
-        }
-    }
-    if (!writeTrigger(core) || !writeList("signals", core.captureSignals)) {
+    if (!fields.write(core, &m_xml, &error) || !writeTrigger(core) ||
+        !writeList("signals", core.captureSignals)) {
         return false;
     }
     if (!isFilterOf(core.enabledCaptureSignals, core.captureSignals) &&
@@ -145,46 +233,34 @@ bool ZubWriter::writeTrigger(const AoCore &core)
         return false;
     }
     for (const TriggerPort *port : core.availableTriggers()) {
-        m_xml.writeStartElement(latin("port"));
-        if (!writeNumber("number", portNumberRule, port->portNumber) || !writeSignals(port->signalItems, 1)) {
+        if (!writePort(*port)) {
             return false;
         }
-        m_xml.writeEndElement();
     }
     for (const MatchUnit *unit : core.matchUnits) {
-        if (!isDefault(*unit) && !writeUnit(*unit)) {
+        if (!m_unit.isNew(*unit) && !writeUnit(*unit)) {
             return false;
         }
     }
     for (const QString &expression : core.expressions) {
         m_xml.writeEmptyElement(latin("expression"));
-        writeText(latin("text"), expression);
+        m_xml.writeAttribute(latin("text"), xmlText(expression));
     }
     return true;
+}
+
+bool ZubWriter::writePort(const TriggerPort &port)
+{
+    m_xml.writeStartElement(latin("port"));
+    const bool done = m_port.write(port, &m_xml, &error) && writeSignals(port.signalItems, 1);
+    m_xml.writeEndElement();
+    return done;
 }
 
 bool ZubWriter::writeUnit(const MatchUnit &unit)
 {
     m_xml.writeEmptyElement(latin("unit"));
-    if (!writeNumber("number", unitNumberRule, unit.unitNumber)) {
-        return false;
-    }
-    if (!isBitText(unit.value + unit.upperValue)) {
-        error = latin("The value of M%1 must be made of 0, 1, X, R, F, B and N.").arg(unit.unitNumber);
-        return false;
-    }
-    writeFlag(latin("enabled"), unit.enabled);
-    if (unit.triggerPort && !writeNumber("port", portNumberRule, unit.triggerPort->portNumber)) {
-        return false;
-    }
-    if (!writeNumber("function", matchFunctionRule, unit.function)) {
-        return false;
-    }
-    writeText(latin("value"), unit.value);
-    if (!unit.upperValue.isEmpty()) {
-        writeText(latin("upperValue"), unit.upperValue);
-    }
-    return true;
+    return m_unit.write(unit, &m_xml, &error);
 }
 
 bool ZubWriter::writeList(const char *element, const QList<SignalItem> &items)
@@ -202,31 +278,15 @@ bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
         return false;
     }
     for (const SignalItem &item : items) {
-        if (!signalTypeRule.holds(item.type)) {
-            error = latin("A signal has the type %1.").arg(item.type);
+        if (item.isSingle()) {
+            m_xml.writeEmptyElement(m_signalElement);
+        } else {
+            m_xml.writeStartElement(m_signalElement);
+        }
+        if (!m_signal.write(item, &m_xml, &error)) {
             return false;
         }
-        const bool isSingle = item.members.isEmpty();
-        if (isSingle) {
-            m_xml.writeEmptyElement(m_signal);
-        } else {
-            m_xml.writeStartElement(m_signal);
-        }
-        writeText(m_name, item.name);
-        m_xml.writeAttribute(m_type, m_types[item.type + 1]);
-        if (!item.alias.isEmpty()) {
-            writeText(latin("alias"), item.alias);
-        }
-        if (!item.capEnable) {
-            writeFlag(latin("capture"), false);
-        }
-        if (!item.valid) {
-            writeFlag(latin("valid"), false);
-        }
-        if (!item.auxFlag) {
-            writeFlag(latin("aux"), false);
-        }
-        if (!isSingle) {
+        if (!item.isSingle()) {
             if (!writeSignals(item.members, depth + 1)) {
                 return false;
             }
@@ -236,23 +296,11 @@ bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
     return true;
 }
 
-bool ZubWriter::writeNumber(const char *name, const Rule &rule, int value)
-{
-    if (!rule.holds(value)) {
-        error = latin("The value %1 of \"%2\" must be %3.")
-                    .arg(QString::number(value), latin(name), rule.description());
-        return false;
-    }
-    m_xml.writeAttribute(latin(name), rule.toText(value));
-    return true;
-}
-
 template <class Core>
-bool makeBytes(const QList<Core *> &cores, JexMode mode, const FieldTable<Core> &fields, QByteArray *bytes,
-               QString *error)
+bool makeBytes(const QList<Core *> &cores, JexMode mode, QByteArray *bytes, QString *error)
 {
     ZubWriter writer(bytes);
-    const bool done = writer.write(cores, mode, fields);
+    const bool done = writer.write(cores, mode);
     *error = writer.error;
     return done;
 }
@@ -261,12 +309,12 @@ bool makeBytes(const QList<Core *> &cores, JexMode mode, const FieldTable<Core> 
 
 bool zubFromCores(const QList<AoCore *> &cores, QByteArray *bytes, QString *error)
 {
-    return makeBytes(cores, StandardMode, standardFields(), bytes, error);
+    return makeBytes(cores, StandardMode, bytes, error);
 }
 
 bool zubFromCores(const QList<AOCore_Lite *> &cores, QByteArray *bytes, QString *error)
 {
-    return makeBytes(cores, LiteMode, liteFields(), bytes, error);
+    return makeBytes(cores, LiteMode, bytes, error);
 }
 
 } // namespace JEX

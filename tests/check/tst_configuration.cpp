@@ -123,8 +123,8 @@ private Q_SLOTS:
                                 ": creating a file in its folder failed (No such file or directory).");
             configuration.cores().first().signalRows->first().type = 7;
             QVERIFY(!configuration.write(folder.path("b.zub"), &error));
-            QCOMPARE(error,
-                     "The file \"" + folder.path("b.zub") + "\" is not written: A signal has the type 7.");
+            QCOMPARE(error, "The file \"" + folder.path("b.zub") +
+                                "\" is not written: The value 7 of \"type\" must be one of group, net, bus.");
             QCOMPARE(folder.read("b.zub"), bytes);
         }
     }

@@ -6,6 +6,7 @@
 
 #include "host/eventmanager.h"
 #include "model/jex/jexfile.h"
+#include "model/jex/zubfields.h"
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
 
@@ -55,6 +56,41 @@ const char standardFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
     </core>
 </jexconfig>
 )";
+
+// Another value than that of a new record, and one that a file may hold.
+template <class Record>
+void change(const Field<Record> &field, Record &record, TriggerPort *port)
+{
+    if (field.kind == TextField)
+        record.*field.text = field.rule.kind == Rule::Bits ? "01X" : "text";
+    else if (field.kind == FlagField)
+        record.*field.flag = !(record.*field.flag);
+    else if (field.kind == PortField)
+        record.*field.port = port;
+    else
+        record.*field.number = field.rule.kind == Rule::PowerOfTwo ? 16 : field.rule.high;
+}
+
+template <class Record>
+void changeAll(Record &record, TriggerPort *port = nullptr)
+{
+    for (const Field<Record> &field : fieldsOf<Record>()) {
+        if (field.part != KeyPart)
+            change(field, record, port);
+    }
+}
+
+// The fields in which two records differ.
+template <class Record>
+QString differing(const Record &a, const Record &b)
+{
+    QStringList names;
+    for (const Field<Record> &field : fieldsOf<Record>()) {
+        if (!field.isSame(a, b))
+            names << field.name;
+    }
+    return names.join(' ');
+}
 
 const char core1[] = "<core number=\"1\"";
 const char m0[] = "<expression text=\"M0\"/>";
@@ -119,6 +155,37 @@ private Q_SLOTS:
         QVERIFY(writeJEXConfigToXml(cores, m_path));
         QCOMPARE(contents(m_path), QByteArray(standardFile));
         qDeleteAll(cores);
+    }
+
+    // All that the tables name comes back, whatever else a record holds.
+    void everyField()
+    {
+        AoCore core(3);
+        TriggerPort *port = core.getTrigger(15);
+        SignalItem item;
+        item.name = "top/a";
+        changeAll(item);
+        port->signalItems.append(item);
+        changeAll(core);
+        changeAll(*core.matchUnit(5), port);
+        QVERIFY(writeJEXConfigToXml({&core}, m_path));
+        QString error;
+        QList<AoCore *> cores = readJEXConfigFromXml(m_path, nullptr, &error);
+        QCOMPARE(error, QString());
+        QCOMPARE(differing(*cores[0], core), QString());
+        QCOMPARE(differing(*cores[0]->matchUnit(5), *core.matchUnit(5)), QString());
+        QCOMPARE(differing(*cores[0]->getTrigger(15), *port), QString());
+        QCOMPARE(differing(cores[0]->getTrigger(15)->signalItems.value(0), item), QString());
+        QCOMPARE(differing(item, SignalItem()), QString("name alias type capture valid aux"));
+        qDeleteAll(cores);
+
+        AOCore_Lite lite;
+        changeAll(lite);
+        QVERIFY(writeJEXConfigToXml_Lite({&lite}, m_path));
+        QList<AOCore_Lite *> lites = readJEXConfigFromXml_Lite(m_path, nullptr, &error);
+        QCOMPARE(error, QString());
+        QCOMPARE(differing(*lites[0], lite), QString());
+        qDeleteAll(lites);
     }
 
     void emptyFilesAndNone()

@@ -4,6 +4,7 @@
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jextool.h"
+#include "model/jex/storageneed.h"
 
 using namespace JEX_TOOL;
 
@@ -107,6 +108,14 @@ private Q_SLOTS:
         QFETCH(int, signalCount);
         QFETCH(int, depth);
         const QString device = QTest::currentDataTag();
+        const DeviceFamily &family = familyOf(findDevice(device.section('/', 0, 0), device.section('/', 1)));
+        QString plain;
+        for (JEX::Implementation memory :
+             {JEX::BsramImplementation, JEX::SsramImplementation, JEX::RegImplementation})
+            for (bool adjusted : {false, true})
+                plain +=
+                    ' ' + QString::number(storageNeed(family, memory, signalCount, depth, adjusted).required);
+        QTEST(plain, "needs");
         Core::Project project;
         DEV::DeviceArg arg;
         arg.series = device.section('/', 0, 0);
@@ -116,6 +125,27 @@ private Q_SLOTS:
         const QString found = ::needs(signalCount, depth);
         Core::ProjectManager::setCurrentProject(nullptr);
         QTEST(found, "needs");
+    }
+
+    // Of several shapes that need as many memories the first one of the family counts.
+    void shapes()
+    {
+        const struct
+        {
+            JEX::Implementation implementation;
+            int signalCount, depth;
+            const char *shape;
+        } rows[] = {
+            {JEX::BsramImplementation, 18, 1024, "1024x18"}, {JEX::BsramImplementation, 9, 2048, "2048x9"},
+            {JEX::BsramImplementation, 1, 4, "16384x1"},     {JEX::BsramImplementation, 4, 512, "4096x4"},
+            {JEX::SsramImplementation, 4, 32, "16x4"},       {JEX::RegImplementation, 4, 32, "0x0"},
+            {JEX::BsramImplementation, 0, 32, "0x0"},
+        };
+        for (const auto &row : rows) {
+            const MemoryShape shape =
+                storageNeed(usualFamily(), row.implementation, row.signalCount, row.depth, false).shape;
+            QCOMPARE(QString("%1x%2").arg(shape.depth).arg(shape.width), QString(row.shape));
+        }
     }
 
     void amounts()

@@ -1,5 +1,6 @@
 #include <QtTest>
 
+#include "model/jex/devicetable.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
 
@@ -61,9 +62,10 @@ private Q_SLOTS:
             {true, 0, "BSRAM SSRAM REG", 2, "REG", false},
         };
         for (const auto &row : rows) {
-            const QStringList offered = offeredImplementations(row.ssram, row.bits);
-            QCOMPARE(offered.join(' '), QString(row.offered));
-            QCOMPARE(keepsImplementations(offered, row.count, row.current), row.kept);
+            const QList<JEX::Implementation> offered = offeredImplementations(row.ssram, row.bits);
+            QCOMPARE(implementationNames(offered).join(' '), QString(row.offered));
+            const JEX::Implementation current = JEX::implementationNamed(row.current);
+            QCOMPARE(keepsImplementations(offered, row.count, current), row.kept);
         }
     }
 
@@ -74,13 +76,29 @@ private Q_SLOTS:
         QCOMPARE(usageText(0, 0), QString("0/0"));
         QString names;
         for (const char *text : {"BSRAM", "SSRAM", "REG", "Logic"}) {
-            const CaptureUsage usage = captureUsage(text, DEV::DeviceArg(), 9, 1024, false);
+            const CaptureUsage usage = captureUsage(JEX::implementationNamed(text), nullptr, 9, 1024, false);
             names += usage.name + ';';
             QCOMPARE(usage.required > 0, !usage.name.isEmpty());
             QCOMPARE(usage.available, 0); // there is no device
         }
         QCOMPARE(names, QString("BSRAM Usage :;SSRAM Usage :;Register Usage :;;"));
-        QCOMPARE(liteImplementationFromText("REG"), 1);
+        const JEX_TOOL::Device *device = JEX_TOOL::findDevice("ECP5", "LFE5U-25F");
+        const CaptureUsage usage = captureUsage(JEX::BsramImplementation, device, 36, 1024, true);
+        QCOMPARE(usageText(usage.required, usage.available), QString("3/56"));
+    }
+
+    // What a page finds in its box for a stored number, and what it stores for the text of the box.
+    void implementationCoding()
+    {
+        QStringList found;
+        for (int number : {-1, 0, 1, 2, 7})
+            found << implementationText(number) + '/' + liteImplementationText(number);
+        QCOMPARE(found.join(' '), QString("BSRAM/BSRAM BSRAM/BSRAM REG/Logic SSRAM/SSRAM BSRAM/BSRAM"));
+        QStringList stored;
+        for (const char *text : {"BSRAM", "REG", "SSRAM", "Logic", ""})
+            stored << QString::number(implementationFromText(text)) + '/' +
+                          QString::number(liteImplementationFromText(text));
+        QCOMPARE(stored.join(' '), QString("0/0 1/1 2/2 0/1 0/1"));
     }
 
     void staticExpressions()
@@ -112,7 +130,8 @@ private Q_SLOTS:
             {"", 5, 3, 6, ""},
         };
         for (const auto &row : rows)
-            QCOMPARE(triggerUsageText(row.implementation, row.available, row.expressions, row.units),
+            QCOMPARE(triggerUsageText(JEX::implementationNamed(row.implementation), row.available,
+                                      row.expressions, row.units),
                      QString(row.text));
     }
 };

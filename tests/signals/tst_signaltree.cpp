@@ -102,6 +102,9 @@ private Q_SLOTS:
         QTEST(names.join(", "), "actions");
         QCOMPARE(rowText(&f.tree), before);
         menu->close();
+        // What the menu does not offer is not done either.
+        f.tree.onMerge();
+        QCOMPARE(rowText(&f.tree) != before, names.contains("Group"));
     }
 
     void theMenuOpensAndActs()

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+namespace JEX {
+
+// What the numbers in the records stand for. The records hold plain 32-bit integers and keep any value that
+// a host puts into them.
+
+// What a signal is in the netlist.
+enum SignalKind {
+    GroupKind = -1, // made by the user, or not told yet
+    NetKind = 0,    // a single net
+    BusKind = 1     // a bus of the netlist, or a bit of one
+};
+
+enum SampleEdge { RisingEdge = 0, FallingEdge = 1 };
+
+enum TriggerMode { DynamicTrigger = 0, StaticTrigger = 1 };
+
+// Of what a trigger or a capture is made. No record holds NoImplementation: a text can fail to name one.
+enum Implementation {
+    NoImplementation = -1,
+    BsramImplementation = 0, // block memory
+    RegImplementation = 1,   // registers
+    SsramImplementation = 2  // shadow memory
+};
+
+// What a unit compares for, see matchvalue.h.
+enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
+
+// "BSRAM", "REG", "SSRAM", for people and in files.
+extern const char *const implementationWords[SsramImplementation + 1];
+QString implementationName(Implementation implementation); // empty for none
+Implementation implementationNamed(const QString &name);
+// What a number in a record is taken for; block memory when it stands for none.
+Implementation implementationOf(qint32 number);
+
+} // namespace JEX

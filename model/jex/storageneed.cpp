@@ -1,0 +1,55 @@
+#include "model/jex/storageneed.h"
+
+#include <climits>
+
+namespace JEX_TOOL {
+
+namespace {
+
+// Null for what is not made of memories.
+const MemoryShape *shapesOf(const DeviceFamily &family, JEX::Implementation implementation)
+{
+    switch (implementation) {
+    case JEX::BsramImplementation:
+        return family.blockShapes;
+    case JEX::SsramImplementation:
+        return family.shadowShapes ? family.shadowShapes : usualFamily().shadowShapes;
+    case JEX::RegImplementation:
+    case JEX::NoImplementation:
+        break;
+    }
+    return nullptr;
+}
+
+// How many memories of this shape hold `depth` words of `width` bits, when all of them are used in it.
+qint64 countOf(const MemoryShape &shape, int width, int depth)
+{
+    const qint64 columns = (qint64(width) + shape.width - 1) / shape.width;
+    const qint64 rows = (qint64(depth) + shape.depth - 1) / shape.depth;
+    return columns * rows;
+}
+
+} // namespace
+
+StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implementation, int signalCount,
+                        int depth, bool adjusted)
+{
+    StorageNeed need;
+    if (signalCount <= 0 || depth <= 0 || implementation == JEX::NoImplementation) {
+        return need;
+    }
+    need.width = adjusted && signalCount < INT_MAX ? signalCount + 1 : signalCount;
+    const MemoryShape *shape = shapesOf(family, implementation);
+    qint64 least = shape ? countOf(*shape, need.width, depth) : qint64(need.width) * depth;
+    for (; shape && shape->depth; ++shape) {
+        const qint64 count = countOf(*shape, need.width, depth);
+        if (count < least || need.shape.depth == 0) {
+            least = count;
+            need.shape = *shape;
+        }
+    }
+    need.required = int(qMin<qint64>(least, INT_MAX));
+    return need;
+}
+
+} // namespace JEX_TOOL
