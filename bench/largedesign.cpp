@@ -113,9 +113,10 @@ QStringList LargeDesign::writeVerilog(const QString &dir) const
         QFile file(QDir(dir).filePath(numbered("part", first / 100, 2) + QLatin1String(".v")));
         if (!file.open(QIODevice::WriteOnly))
             return QStringList();
-        for (const Module &module : m_modules.mid(first, 100))
+        for (const Module &module : m_modules.mid(first, 100)) {
             if (file.write(verilog(module)) < 0)
                 return QStringList();
+        }
         paths += file.fileName();
     }
     return paths;

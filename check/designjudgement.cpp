@@ -8,10 +8,10 @@
 namespace RTLJEX {
 namespace {
 
-QString tr(const char *text)
+struct DesignReading
 {
-    return QCoreApplication::translate("RTLJEX::DesignReading", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::DesignReading)
+};
 
 DesignFault fault(const QString &title, const QString &text)
 {
@@ -25,26 +25,30 @@ DesignFault fault(const QString &title, const QString &text)
 
 DesignFault judgeFiles(const QStringList &files)
 {
-    return files.isEmpty() ? fault(tr("Error"), tr("Design files are not exist.")) : DesignFault();
+    return files.isEmpty()
+               ? fault(DesignReading::tr("Error"), DesignReading::tr("Design files are not exist."))
+               : DesignFault();
 }
 
 DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found)
 {
     if (found.anyError()) {
-        DesignFault errors = fault(tr("Design files contain some errors."), QString());
+        DesignFault errors = fault(DesignReading::tr("Design files contain some errors."), QString());
         errors.details = found.messages;
         return errors;
     }
-    const DesignFault noModule =
-        fault(tr("Design files contain some errors"), tr("Get no module from design."));
+    const DesignFault noModule = fault(DesignReading::tr("Design files contain some errors"),
+                                       DesignReading::tr("Get no module from design."));
     if (found.modules.isEmpty() && top.isEmpty())
         return noModule;
     if (found.modules.isEmpty())
-        return fault(tr("Invalid Top Module"),
-                     tr("No module named \"") + top + tr("\", please reset top module."));
+        return fault(DesignReading::tr("Invalid Top Module"),
+                     DesignReading::tr("No module named \"") + top +
+                         DesignReading::tr("\", please reset top module."));
     if (found.topModules.size() == 1)
         return DesignFault();
-    return top.isEmpty() ? fault(tr("Multiple Top Module"), tr("Multiple top, please set top module."))
+    return top.isEmpty() ? fault(DesignReading::tr("Multiple Top Module"),
+                                 DesignReading::tr("Multiple top, please set top module."))
                          : noModule;
 }
 
@@ -54,10 +58,12 @@ DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist)
         return DesignFault();
     const QString received = netlist->topHierarchy ? netlist->topHierarchy->instanceName : QString();
     if (!top.isEmpty() && received != top)
-        return fault(tr("Error"),
-                     tr("Get module \"%1\" failed, just received default module \"%2\".").arg(top, received));
+        return fault(DesignReading::tr("Error"),
+                     DesignReading::tr("Get module \"%1\" failed, just received default module \"%2\".")
+                         .arg(top, received));
     if (netlist->usesTsJtag)
-        return fault(tr("Error"), tr("TS_JTAG used in design conflicts with ZUB."));
+        return fault(DesignReading::tr("Error"),
+                     DesignReading::tr("TS_JTAG used in design conflicts with ZUB."));
     return DesignFault();
 }
 

@@ -143,14 +143,16 @@ public:
 
     QList<NearNames> run()
     {
-        for (Wanted &wanted : m_wanted)
+        for (Wanted &wanted : m_wanted) {
             if (wanted.node)
                 lookInside(wanted);
+        }
         for (const RtlModule *module : m_modules)
             lookElsewhere(*module);
-        for (Wanted &wanted : m_wanted)
+        for (Wanted &wanted : m_wanted) {
             if (wanted.sameCount != 1)
                 addAlike(wanted);
+        }
         QList<NearNames> result;
         for (const Wanted &wanted : m_wanted)
             result.append(resultOf(wanted));

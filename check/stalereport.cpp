@@ -25,10 +25,11 @@ QString declaredName(const Hierachy *node, const QString &name, int from)
         return QString();
     const RtlModule &module = node->declarations();
     const int length = name.size() - end - 1;
-    for (const RtlModule::Entry &entry : module.entries())
+    for (const RtlModule::Entry &entry : module.entries()) {
         if (int(entry.textLength) == length &&
             std::equal(module.nameOf(entry), module.nameOf(entry) + length, name.constData() + end + 1))
             return NetName().in(*node, entry);
+    }
     for (const Hierachy *child : node->children) {
         const QString found = declaredName(child, name, end + 1);
         if (!found.isEmpty())
@@ -76,9 +77,10 @@ public:
     QList<StaleSignal> take()
     {
         QStringList names;
-        for (const StaleSignal &signal : m_found)
+        for (const StaleSignal &signal : m_found) {
             if (signal.fault == StaleSignal::Missing)
                 names.append(signal.name);
+        }
         QList<NearNames> near = nearestNames(m_netlist, names);
         for (StaleSignal &signal : m_found) {
             if (signal.fault != StaleSignal::Missing)
@@ -121,9 +123,10 @@ private:
         for (const JEX::SignalItem &item : all)
             listed.insert(item.name);
         m_place.row = -1;
-        for (const JEX::SignalItem &item : enabled)
+        for (const JEX::SignalItem &item : enabled) {
             if (!listed.contains(item.name))
                 checkItem(item, QString());
+        }
     }
 
     void checkItem(const JEX::SignalItem &item, const QString &group)

@@ -81,12 +81,12 @@ bool ViewManager::closeView(IView *view)
     if (index < 0 || m_asked.contains(view))
         return false;
     ViewContainer *container = m_entries.at(index).container;
-    const QPointer<QWidget> guard = view;
+    const QPointer<QWidget> alive = view;
     m_asked.append(view);
-    const bool accepted = (!m_closeGate || m_closeGate(view)) && guard && view->close();
+    const bool accepted = (!m_closeGate || m_closeGate(view)) && alive && view->close();
     m_asked.removeAll(view);
     // The view may have gone its own way while it asked the user.
-    if (!guard || indexOf(view) < 0)
+    if (!alive || indexOf(view) < 0)
         return true;
     if (accepted)
         container->close();

@@ -132,9 +132,10 @@ QString JexSignalSelectDialog::getOneSelectedNetName() const
     const JEX::SignalItem first = getSelectedNets().value(0);
     if (first.isSingle())
         return first.name;
-    for (const JEX::SignalItem &bit : first.members)
+    for (const JEX::SignalItem &bit : first.members) {
         if (bit.valid)
             return bit.name;
+    }
     return QString();
 }
 

@@ -237,9 +237,10 @@ int NamePattern::find(const Piece &piece, const QChar *name, int length, int fro
 {
     const int first = piece.front();
     const int size = int(piece.size());
-    for (int at = from; at + size <= length; ++at)
+    for (int at = from; at + size <= length; ++at) {
         if ((first < 0 || first == name[at].unicode()) && fitsAt(piece, name + at, size))
             return at;
+    }
     return -1;
 }
 
@@ -248,9 +249,10 @@ int NamePattern::find(const Piece &piece, const QChar *name, int length, int fro
 bool NamePattern::mayStraddle(const Piece &piece, const QString &beginning, int from) const
 {
     const int most = qMin(int(piece.size()), beginning.size() - from);
-    for (int count = 1; count <= most; ++count)
+    for (int count = 1; count <= most; ++count) {
         if (fitsAt(piece, beginning.constData() + beginning.size() - count, count))
             return true;
+    }
     return false;
 }
 

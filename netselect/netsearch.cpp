@@ -150,9 +150,10 @@ ModuleForWidget searchNetsHierarchy(SearchOptions options)
         return result;
     Search search(options);
     search.addOwn(options.module, result.nets, result.buses);
-    if (options.includeSubentries)
+    if (options.includeSubentries) {
         for (const QUARRY::Hierachy *child : options.module->children)
             search.addNode(result, child);
+    }
     return result;
 }
 

@@ -163,9 +163,10 @@ private:
         const QList<QItemSelectionRange> ranges = m_ranges.value(parentIndex);
         if (!ranges.isEmpty())
             selected.resize(size_t(parent->childCount()));
-        for (const QItemSelectionRange &range : ranges)
+        for (const QItemSelectionRange &range : ranges) {
             for (int i = range.top(); i <= range.bottom(); ++i)
                 selected[size_t(i)] = true;
+        }
         return selected;
     }
 

@@ -97,9 +97,9 @@ void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const sig
 
 void selectClock(QLineEdit *field, QUARRY::RtlNetlist *netlist, QWidget *page)
 {
-    const QPointer<QWidget> guard(page);
+    const QPointer<QWidget> alive(page);
     const QString name = JexSignalSelectDialog::getOneNetName(netlist, page);
-    if (guard && !name.isEmpty())
+    if (alive && !name.isEmpty())
         field->setText(name);
 }
 

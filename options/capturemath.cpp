@@ -11,20 +11,20 @@ namespace {
 const qint64 largestRegisterCapture = 512; // bits
 const int smallestCapture = 4;             // samples of a Standard core
 
-QString translated(const char *text)
+struct CaptureTexts
 {
-    return QCoreApplication::translate("RTLJEX::CaptureUsage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::CaptureUsage)
+};
 
 QString usageName(JEX::Implementation implementation)
 {
     switch (implementation) {
     case JEX::BsramImplementation:
-        return translated("BSRAM Usage :");
+        return CaptureTexts::tr("BSRAM Usage :");
     case JEX::RegImplementation:
-        return translated("Register Usage :");
+        return CaptureTexts::tr("Register Usage :");
     case JEX::SsramImplementation:
-        return translated("SSRAM Usage :");
+        return CaptureTexts::tr("SSRAM Usage :");
     case JEX::NoImplementation:
         break;
     }
@@ -131,7 +131,7 @@ CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::De
 QString usageText(int required, int available)
 {
     if (available < required)
-        return translated("<font color = red>%1</font>").arg(required) + QLatin1Char('/') +
+        return CaptureTexts::tr("<font color = red>%1</font>").arg(required) + QLatin1Char('/') +
                QString::number(available);
     return QString::fromLatin1("%1/%2").arg(required).arg(available);
 }

@@ -164,10 +164,10 @@ void CaptureOptionWidget::onAddDataSignals()
 
 void CaptureOptionWidget::onAddFromTrigger()
 {
-    const QPointer<QWidget> guard(this); // the page can be closed under the dialog
+    const QPointer<QWidget> alive(this); // the page can be closed under the dialog
     const QList<JEX::SignalItem> chosen =
         TriggerSingalSelectDialog::getSelectTriggerPort(m_core->availableTriggers(), this);
-    if (!guard || chosen.isEmpty())
+    if (!alive || chosen.isEmpty())
         return;
     addCaptureRows(m_ui->treeWidgetCapSigs, uniqueByName(chosen));
     showAddedRows();

@@ -13,9 +13,9 @@ namespace RTLJEX {
 
 bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page)
 {
-    const QPointer<QWidget> guard(page);
+    const QPointer<QWidget> alive(page);
     const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(netlist, page);
-    if (!guard || chosen.isEmpty())
+    if (!alive || chosen.isEmpty())
         return false;
     qDebug("get infor from search");
     addCaptureRows(tree, chosen);

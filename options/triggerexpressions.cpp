@@ -48,9 +48,9 @@ bool TriggerOptionWidget::eventFilter(QObject *object, QEvent *event)
 void TriggerOptionWidget::editExpression(QListWidgetItem *item)
 {
     const int row = m_ui->listExpression->row(item);
-    const QPointer<QWidget> guard(this);
+    const QPointer<QWidget> alive(this);
     const QString text = askExpression();
-    if (!guard || text.isEmpty())
+    if (!alive || text.isEmpty())
         return;
     m_ui->listExpression->item(row)->setText(text);
     Q_EMIT modified();
@@ -61,20 +61,20 @@ void TriggerOptionWidget::editExpression(QListWidgetItem *item)
 void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
 {
     QListWidget *list = m_ui->listExpression;
-    const QPointer<QWidget> guard(this);
+    const QPointer<QWidget> alive(this);
     QUtil::Modal<QMenu> menu(new QMenu(this));
     const QAction *add = menu->addAction(tr("Add"));
     QAction *remove = menu->addAction(tr("Remove"));
     remove->setEnabled(!list->selectedItems().isEmpty());
     const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
-    if (!guard)
+    if (!alive)
         return;
     if (chosen == add) {
         addExpression(tr("Warning"));
     } else if (chosen == remove) {
         removeExpressions();
     }
-    if (guard)
+    if (alive)
         updateBsramNumber();
 }
 
@@ -96,13 +96,13 @@ QString TriggerOptionWidget::askExpression()
 // False when there is nothing new, or when the page died under the dialog.
 bool TriggerOptionWidget::addExpression(const QString &limitTitle)
 {
-    const QPointer<QWidget> guard(this);
+    const QPointer<QWidget> alive(this);
     if (m_ui->listExpression->count() >= JEX::ExpressionLimit) {
         QUtil::messageBox(this, QMessageBox::Warning, limitTitle, tr("Support 16 expressions at most."));
         return false;
     }
     const QString text = askExpression();
-    if (!guard || text.isEmpty())
+    if (!alive || text.isEmpty())
         return false;
     m_ui->listExpression->addItem(text);
     Q_EMIT modified();

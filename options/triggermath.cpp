@@ -13,10 +13,10 @@ namespace {
 // Units whose combinations fit into the look-up table that an expression has anyway.
 const int freeUnits = 4;
 
-QString translated(const char *text)
+struct TriggerTexts
 {
-    return QCoreApplication::translate("RTLJEX::TriggerUsage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::TriggerUsage)
+};
 
 // A fraction of one below the free units.
 double tables(int units)
@@ -64,12 +64,12 @@ QString triggerUsageText(JEX::Implementation implementation, int available, int 
     switch (implementation) {
     case JEX::BsramImplementation:
         if (available == 0)
-            return translated("BSRAM Usage : %1").arg(required);
-        return translated("BSRAM Usage : %1/%2").arg(required).arg(available);
+            return TriggerTexts::tr("BSRAM Usage : %1").arg(required);
+        return TriggerTexts::tr("BSRAM Usage : %1/%2").arg(required).arg(available);
     case JEX::RegImplementation:
-        return translated("Register Usage : %1/%2").arg(required).arg(available);
+        return TriggerTexts::tr("Register Usage : %1/%2").arg(required).arg(available);
     case JEX::SsramImplementation:
-        return translated("SSRAM Usage : %1/%2").arg(required).arg(available);
+        return TriggerTexts::tr("SSRAM Usage : %1/%2").arg(required).arg(available);
     case JEX::NoImplementation:
         break;
     }

@@ -150,9 +150,9 @@ void TriggerOptionWidget::editTrigger(QTreeWidgetItem *item, int)
     JEX::TriggerPort *port = m_core->getTrigger(index);
     if (!port)
         return;
-    const QPointer<QWidget> guard(this); // the page can be closed under the dialog
+    const QPointer<QWidget> alive(this); // the page can be closed under the dialog
     QUtil::Modal<TriggerPortDialog> dialog(new TriggerPortDialog(port, m_netlist, this));
-    if (dialog->exec() != QDialog::Accepted || !guard)
+    if (dialog->exec() != QDialog::Accepted || !alive)
         return;
     updateTriggerTree();
     redrawUnits();
@@ -168,9 +168,9 @@ void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
     if (!unit)
         return;
     const int row = index.row();
-    const QPointer<QWidget> guard(this);
+    const QPointer<QWidget> alive(this);
     QUtil::Modal<JEX::MatchUnitDialog> dialog(new JEX::MatchUnitDialog(unit, false, this));
-    if (dialog->exec() != QDialog::Accepted || !guard)
+    if (dialog->exec() != QDialog::Accepted || !alive)
         return;
     if (unit->triggerPort)
         unit->enabled = true;

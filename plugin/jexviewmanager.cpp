@@ -128,9 +128,10 @@ QList<JexInserterView *> JexViewManager::jexViews() const
 JexInserterView *JexViewManager::findView(const QString &fileName) const
 {
     const QString path = QFileInfo(fileName).absoluteFilePath();
-    for (JexInserterView *view : d->views)
+    for (JexInserterView *view : d->views) {
         if (QFileInfo(view->file()).absoluteFilePath() == path)
             return view;
+    }
     return nullptr;
 }
 
@@ -171,9 +172,10 @@ void JexViewManager::onViewDestroyed(QObject *view)
 // Only compares the view: it may be half destroyed.
 void JexViewManager::dropView(QObject *view)
 {
-    for (int i = d->views.size() - 1; i >= 0; --i)
+    for (int i = d->views.size() - 1; i >= 0; --i) {
         if (d->views.at(i) == view)
             d->views.removeAt(i);
+    }
     if (d->currentView == view) {
         d->currentView = nullptr;
         d->currentIsInserter = false;

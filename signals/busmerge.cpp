@@ -12,9 +12,10 @@ void BusMerge::add(const JEX::SignalItem &item)
 {
     if (item.isSingle() && m_busBits.contains(item.name))
         return;
-    for (const JEX::SignalItem &member : item.members)
+    for (const JEX::SignalItem &member : item.members) {
         for (int position : m_singles.take(member.name))
             m_dropped.insert(position);
+    }
     append(item);
 }
 
@@ -32,9 +33,10 @@ QList<JEX::SignalItem> BusMerge::records() const
     if (m_dropped.isEmpty())
         return m_records;
     QList<JEX::SignalItem> kept;
-    for (int i = 0; i < m_records.size(); ++i)
+    for (int i = 0; i < m_records.size(); ++i) {
         if (!m_dropped.contains(i))
             kept.append(m_records.at(i));
+    }
     return kept;
 }
 

@@ -50,9 +50,10 @@ QString busRangeName(const QStringList &texts)
     if (bits.size() < 2)
         return QString();
     const int step = bits.at(0).index < bits.at(1).index ? 1 : -1;
-    for (int i = 1; i < bits.size(); ++i)
+    for (int i = 1; i < bits.size(); ++i) {
         if (bits.at(i).base != bits.at(0).base || bits.at(i).index - bits.at(i - 1).index != step)
             return QString();
+    }
     return bits.first().base + bracketed(bits.first().index, bits.last().index);
 }
 

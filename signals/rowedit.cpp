@@ -16,9 +16,10 @@ RowEdit::RowEdit(QTreeWidget *tree)
           m_current ? tree->indexOfTopLevelItem(m_current->parent() ? m_current->parent() : m_current) : -1),
       m_selectionChanged(false)
 {
-    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
         if (tree->isExpanded(tree->model()->index(i, 0)))
             m_expanded.insert(tree->topLevelItem(i));
+    }
     rows = tree->invisibleRootItem()->takeChildren();
 }
 
@@ -48,15 +49,17 @@ void RowEdit::remove(const QList<QTreeWidgetItem *> &doomed)
     for (QTreeWidgetItem *row : doomed)
         leaving.insert(row);
     QList<QTreeWidgetItem *> kept;
-    for (QTreeWidgetItem *row : rows)
+    for (QTreeWidgetItem *row : rows) {
         if (!leaving.contains(row))
             kept.append(row);
+    }
     rows = kept;
 
     QList<QTreeWidgetItem *> selected;
-    for (QTreeWidgetItem *row : m_selected)
+    for (QTreeWidgetItem *row : m_selected) {
         if (!leaving.contains(row) && !leaving.contains(row->parent()))
             selected.append(row);
+    }
     m_selectionChanged = m_selectionChanged || selected.size() != m_selected.size();
     m_selected = selected;
     for (QTreeWidgetItem *row : leaving)
@@ -82,9 +85,10 @@ void RowEdit::choose(QTreeWidgetItem *row)
 
 void RowEdit::restoreExpansion()
 {
-    for (int i = 0; !m_expanded.isEmpty() && i < rows.size(); ++i)
+    for (int i = 0; !m_expanded.isEmpty() && i < rows.size(); ++i) {
         if (m_expanded.contains(rows.at(i)))
             m_tree->setExpanded(m_tree->model()->index(i, 0), true);
+    }
 }
 
 void RowEdit::restoreSelection()

@@ -7,10 +7,12 @@ namespace RTLJEX {
 QList<int> enabledFirstOrder(const QList<bool> &enabled)
 {
     QList<int> order;
-    for (bool wanted : {true, false})
-        for (int row = 0; row < enabled.size(); ++row)
+    for (bool wanted : {true, false}) {
+        for (int row = 0; row < enabled.size(); ++row) {
             if (enabled.at(row) == wanted)
                 order.append(row);
+        }
+    }
     return order;
 }
 

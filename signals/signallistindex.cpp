@@ -32,17 +32,19 @@ const SignalListIndex::Entry &SignalListIndex::entry(int rank) const
 QList<int> SignalListIndex::alive(const QList<int> &ranks) const
 {
     QList<int> result;
-    for (int rank : ranks)
+    for (int rank : ranks) {
         if (entry(rank).alive)
             result.append(rank);
+    }
     return result;
 }
 
 int SignalListIndex::first(const QList<int> &ranks) const
 {
-    for (int rank : ranks)
+    for (int rank : ranks) {
         if (entry(rank).alive)
             return rank;
+    }
     return noRank;
 }
 
@@ -60,12 +62,14 @@ void SignalListIndex::prepend(const JEX::SignalItem &item)
 QList<JEX::SignalItem> SignalListIndex::records() const
 {
     QList<JEX::SignalItem> result;
-    for (auto it = m_front.rbegin(); it != m_front.rend(); ++it)
+    for (auto it = m_front.rbegin(); it != m_front.rend(); ++it) {
         if (it->alive)
             result.append(it->item);
-    for (const Entry &entry : m_back)
+    }
+    for (const Entry &entry : m_back) {
         if (entry.alive)
             result.append(entry.item);
+    }
     return result;
 }
 

@@ -217,9 +217,10 @@ QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree)
 bool canRemoveRows(const QTreeWidget *tree)
 {
     const QList<QTreeWidgetItem *> selected = tree->selectedItems();
-    for (const QTreeWidgetItem *row : selected)
+    for (const QTreeWidgetItem *row : selected) {
         if (row->parent())
             return false;
+    }
     return !selected.isEmpty();
 }
 

@@ -34,9 +34,10 @@ bool hasNets(const QUARRY::Hierachy *node)
 {
     if (!node->nets.isEmpty() || !node->buses.isEmpty())
         return true;
-    for (const QUARRY::Hierachy *child : node->children)
+    for (const QUARRY::Hierachy *child : node->children) {
         if (hasNets(child))
             return true;
+    }
     return false;
 }
 
@@ -54,9 +55,10 @@ bool isBussignalInBus(JEX::SignalItem bus, JEX::SignalItem single)
 {
     if (!single.isSingle())
         return false;
-    for (const JEX::SignalItem &member : bus.members)
+    for (const JEX::SignalItem &member : bus.members) {
         if (member.name == single.name)
             return true;
+    }
     return false;
 }
 
@@ -82,15 +84,17 @@ void CheckBusOrSignal(QList<QUARRY::RtlNet *> nets, QList<QUARRY::RtlNetBus *> b
     if (nets.isEmpty() && buses.isEmpty())
         return;
     const auto isNet = [&nets](const QString &name) {
-        for (const QUARRY::RtlNet *net : nets)
+        for (const QUARRY::RtlNet *net : nets) {
             if (net->fullPathName() == name)
                 return true;
+        }
         return false;
     };
     const auto isBus = [&buses](const QString &name) {
-        for (const QUARRY::RtlNetBus *bus : buses)
+        for (const QUARRY::RtlNetBus *bus : buses) {
             if (bus->fullBusName() == name)
                 return true;
+        }
         return false;
     };
     classify(item, isNet, isBus);
@@ -133,9 +137,10 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
     BusMerge merge(busList);
     for (JEX::SignalItem &item : newItems) {
         QList<JEX::SignalItem> usable;
-        for (const JEX::SignalItem &member : item.members)
+        for (const JEX::SignalItem &member : item.members) {
             if (member.valid)
                 usable.append(member);
+        }
         item.members = usable;
         if (item.isOfBus())
             merge.add(item);
@@ -147,9 +152,10 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
 
 bool canGroup(const QList<JEX::SignalItem> &chosen, bool hasMembers)
 {
-    for (const JEX::SignalItem &item : chosen)
+    for (const JEX::SignalItem &item : chosen) {
         if (item.capEnable != chosen.first().capEnable)
             return false;
+    }
     return !hasMembers && chosen.size() >= 2;
 }
 

@@ -64,9 +64,10 @@ QList<int> signalTreeWidget::movableRows() const
     for (const QTreeWidgetItem *row : selectedItems())
         chosen.insert(row);
     QList<int> result;
-    for (int i = 0; i < topLevelItemCount(); ++i)
+    for (int i = 0; i < topLevelItemCount(); ++i) {
         if (chosen.contains(topLevelItem(i)) && recordOf(topLevelItem(i)).capEnable)
             result.append(i);
+    }
     return result;
 }
 

@@ -22,18 +22,20 @@ const int rowType = 0;
 QList<QTreeWidgetItem *> topLevel(const QList<QTreeWidgetItem *> &rows)
 {
     QList<QTreeWidgetItem *> result;
-    for (QTreeWidgetItem *row : rows)
+    for (QTreeWidgetItem *row : rows) {
         if (!row->parent())
             result.append(row);
+    }
     return result;
 }
 
 QList<QTreeWidgetItem *> withMembers(const QList<QTreeWidgetItem *> &rows)
 {
     QList<QTreeWidgetItem *> result;
-    for (QTreeWidgetItem *row : topLevel(rows))
+    for (QTreeWidgetItem *row : topLevel(rows)) {
         if (row->childCount() > 0)
             result.append(row);
+    }
     return result;
 }
 
@@ -131,9 +133,10 @@ bool signalTreeWidget::getGroupBusName(QString &name) const
     if (!name.isEmpty())
         return false;
     QStringList others;
-    for (int i = 0; i < topLevelItemCount(); ++i)
+    for (int i = 0; i < topLevelItemCount(); ++i) {
         if (!chosen.contains(topLevelItem(i)))
             others.append(recordOf(topLevelItem(i)).name);
+    }
     name = freeGroupName(others);
     return true;
 }
@@ -175,9 +178,10 @@ void signalTreeWidget::onSplit()
     {
         RowEdit edit(this);
         QList<QTreeWidgetItem *> members;
-        for (const QTreeWidgetItem *row : groups)
+        for (const QTreeWidgetItem *row : groups) {
             for (const JEX::SignalItem &member : recordOf(row).members)
                 members.append(makeSignalRow(member, rowType));
+        }
         const int index = lowest(edit.rows, chosen);
         edit.rows = edit.rows.mid(0, index) + members + edit.rows.mid(index);
         edit.remove(groups);
@@ -243,9 +247,10 @@ void signalTreeWidget::onRestoreOrgName()
     const QList<QTreeWidgetItem *> chosen = selectedItems();
     if (chosen.isEmpty())
         return;
-    for (QTreeWidgetItem *row : chosen)
+    for (QTreeWidgetItem *row : chosen) {
         if (!signalOf(row).alias.isEmpty())
             setAlias(row, QString());
+    }
     Q_EMIT itemDragged();
 }
 
@@ -294,9 +299,10 @@ void signalTreeWidget::setCaptured(bool captured)
         enabled.append(recordOf(topLevelItem(i)).capEnable);
     }
     QList<int> changed;
-    for (const QTreeWidgetItem *row : topLevel(selectedItems()))
+    for (const QTreeWidgetItem *row : topLevel(selectedItems())) {
         if (enabled.at(positions.value(row)) != captured)
             changed.append(positions.value(row));
+    }
     if (changed.isEmpty())
         return;
     {

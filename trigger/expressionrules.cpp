@@ -76,9 +76,10 @@ bool evaluates(const QStringList &rpn)
 int priority(const QString &token)
 {
     const char *const looseToTight[] = {OP_OR, OP_XOR, OP_AND, OP_NOT};
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         if (is(token, looseToTight[i]))
             return i + 1;
+    }
     return 0;
 }
 
@@ -126,9 +127,10 @@ bool isExpression(const QStringList &tokens)
 {
     if (tokens.isEmpty() || isOperator(tokens.last()) || isNotUnaryOp(tokens.last()))
         return false;
-    for (int i = 1; i < tokens.size(); ++i)
+    for (int i = 1; i < tokens.size(); ++i) {
         if (!mayFollow(tokens.at(i - 1), tokens.at(i)))
             return false;
+    }
     const QStringList rpn = convertRPN(tokens);
     return !rpn.isEmpty() && evaluates(rpn);
 }

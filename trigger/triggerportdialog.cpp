@@ -31,9 +31,9 @@ TriggerPortDialog::~TriggerPortDialog() = default;
 
 void TriggerPortDialog::onAdd()
 {
-    const QPointer<QWidget> guard(this);
+    const QPointer<QWidget> alive(this);
     const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(m_netlist, this);
-    if (!guard || chosen.isEmpty())
+    if (!alive || chosen.isEmpty())
         return;
     signalTreeWidget *tree = m_ui->treeWidget;
     insertSignalRows(tree, withoutRepeats(tree, chosen), tree->topLevelItemCount(), rowType);

@@ -78,9 +78,10 @@ QList<JEX::SignalItem> TriggerSingalSelectDialog::selectTriggerPort() const
 void TriggerSingalSelectDialog::onStateChanged()
 {
     QList<JEX::SignalItem> ticked;
-    for (int i = 0; i < m_ports.size(); ++i)
+    for (int i = 0; i < m_ports.size(); ++i) {
         if (m_boxes.at(i)->isChecked())
             ticked += m_ports.at(i)->signalItems;
+    }
     m_preview->clear();
     insertSignalRows(m_preview, ticked, 0, rowType);
 }

@@ -76,9 +76,10 @@ QStringList projectIncludePaths()
 {
     const TE::DesignManager *manager = TE::TaskEngine::instance()->designManager();
     QStringList paths = manager->getOptionValue("IncludePath").toStringList();
-    for (QString &path : paths)
+    for (QString &path : paths) {
         if (QDir::isRelativePath(path))
             path = QDir::cleanPath(manager->workingDir() + "/" + path);
+    }
     return paths;
 }
 

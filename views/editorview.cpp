@@ -42,9 +42,11 @@ void EditorView::closeEvent(QCloseEvent *event)
     m_record->closing(event);
 }
 
+// A view subscribes before it is complete.
 void EditorView::handleIEvent(const QUtil::IEvent *event)
 {
-    m_record->handleEvent(event);
+    if (m_record)
+        m_record->handleEvent(event);
 }
 
 QList<Core::Finding> EditorView::findings() const

@@ -66,9 +66,10 @@ void JexStandardInserterViewPrivate::addOneAo(int index)
 
 bool JexStandardInserterViewPrivate::hasNumber(int number) const
 {
-    for (const JEX::AoCore *core : cores)
+    for (const JEX::AoCore *core : cores) {
         if (core->coreNumber == number)
             return true;
+    }
     return false;
 }
 

@@ -9,10 +9,10 @@
 namespace RTLJEX {
 namespace {
 
-QString tr(const char *text)
+struct Saving
 {
-    return QCoreApplication::translate("RTLJEX::Saving", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::Saving)
+};
 
 } // namespace
 
@@ -22,16 +22,17 @@ bool refusesSynthesisTool(QWidget *editor)
     if (tool.toString() != QLatin1String("Synplify"))
         return false;
     QUtil::messageBox(
-        editor, QMessageBox::Critical, tr("Error"),
-        tr("For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
-           "TarselSynthesis in Configurations."));
+        editor, QMessageBox::Critical, Saving::tr("Error"),
+        Saving::tr(
+            "For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
+            "TarselSynthesis in Configurations."));
     return true;
 }
 
 void showCheckErrors(QWidget *editor, const QString &text, const QString &errors)
 {
     QUtil::Modal<QMessageBox> box(
-        new QMessageBox(QMessageBox::Critical, tr("Error"), text, QMessageBox::Ok, editor));
+        new QMessageBox(QMessageBox::Critical, Saving::tr("Error"), text, QMessageBox::Ok, editor));
     box->setDetailedText(errors);
     box->setDefaultButton(QMessageBox::Ok);
     box->setEscapeButton(QMessageBox::Ok);
@@ -40,15 +41,15 @@ void showCheckErrors(QWidget *editor, const QString &text, const QString &errors
 
 void showWriteFailure(QWidget *editor, const QString &fileName)
 {
-    QUtil::messageBox(editor, QMessageBox::Critical, tr("Error"),
-                      tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)));
+    QUtil::messageBox(editor, QMessageBox::Critical, Saving::tr("Error"),
+                      Saving::tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)));
 }
 
 SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName)
 {
-    const QString text = tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(fileName));
+    const QString text = Saving::tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(fileName));
     const int answer =
-        QUtil::messageBox(editor, QMessageBox::Question, tr("Save"), text,
+        QUtil::messageBox(editor, QMessageBox::Question, Saving::tr("Save"), text,
                           QMessageBox::Ok | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Ok);
     if (answer == QMessageBox::Ok)
         return SaveChanges;

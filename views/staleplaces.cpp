@@ -34,9 +34,10 @@ QTreeWidgetItem *findRow(const QTreeWidgetItem *parent, const StaleSignal &signa
             return row;
         if (item.name != signal.group)
             continue;
-        for (int member = 0; member < qMin(row->childCount(), item.members.size()); ++member)
+        for (int member = 0; member < qMin(row->childCount(), item.members.size()); ++member) {
             if (item.members.at(member).name == signal.name)
                 return row->child(member);
+        }
         return row;
     }
     return nullptr;

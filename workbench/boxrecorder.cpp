@@ -44,10 +44,10 @@ bool BoxRecorder::eventFilter(QObject *watched, QEvent *event)
     auto *dialog = qobject_cast<QDialog *>(watched);
     if (event->type() == QEvent::Show && dialog && !dialog->findChild<QProgressBar *>()) {
         // Once its own event loop runs; rejecting it here would come too early.
-        QPointer<QDialog> guarded = dialog;
-        QTimer::singleShot(0, this, [this, guarded] {
-            if (guarded && guarded->isModal())
-                dismiss(guarded);
+        QPointer<QDialog> alive = dialog;
+        QTimer::singleShot(0, this, [this, alive] {
+            if (alive && alive->isModal())
+                dismiss(alive);
         });
     }
     return QObject::eventFilter(watched, event);
@@ -56,11 +56,11 @@ bool BoxRecorder::eventFilter(QObject *watched, QEvent *event)
 void BoxRecorder::dismiss(QDialog *dialog)
 {
     m_texts << textOf(dialog);
-    const QPointer<QDialog> guarded = dialog;
+    const QPointer<QDialog> alive = dialog;
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(dialog, &escape);
-    if (guarded && guarded->isVisible())
-        guarded->reject(); // a box without a button for Escape
+    if (alive && alive->isVisible())
+        alive->reject(); // a box without a button for Escape
 }
 
 } // namespace Workbench

@@ -269,16 +269,16 @@ void Workspace::reloadView(Core::IView *view)
 // The editor asks whether to save when it closes, and then it saves at once.
 bool Workspace::mayCloseView(Core::IView *view)
 {
-    const QPointer<Core::IView> guard = view;
+    const QPointer<Core::IView> alive = view;
     const Core::EditedFile file = view->editedFile();
     const SaveGuard::Answer answer =
         file.isModified ? m_guard.ask(file, SaveGuard::Closing) : SaveGuard::NothingToAsk;
-    if (answer == SaveGuard::Write && guard) {
+    if (answer == SaveGuard::Write && alive) {
         Core::ViewManager::instance()->showView(view);
         Core::ActionManager::instance()->command(saveCommand)->trigger();
-        return guard && !view->editedFile().isModified;
+        return alive && !view->editedFile().isModified;
     }
-    if (answer == SaveGuard::Otherwise && guard)
+    if (answer == SaveGuard::Otherwise && alive)
         view->parentWidget()->close();
     return answer == SaveGuard::NothingToAsk;
 }

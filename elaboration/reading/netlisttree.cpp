@@ -143,9 +143,10 @@ void NetlistTree::enter(Hierachy *parent, const QString &name, VerilatorModule &
     if (!instance)
         return;
     Hierachy *node = makeNode(parent, name, module.body->builderModule);
-    for (const VerilatorNet &net : module.nets)
+    for (const VerilatorNet &net : module.nets) {
         if (!parent && net.isInout)
             m_builder.exclude(node, net.position);
+    }
     enterScope(*instance, *module.body, node);
     m_levels.back()->ownInstance = std::move(instance);
 }

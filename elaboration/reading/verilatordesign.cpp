@@ -101,9 +101,10 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     m_types.reset(new VerilatorTypes(netlist.child("typetable")));
     if (!m_options.vhdlTree.isEmpty())
         m_vhdlPlaces.open(m_options.vhdlTree, m_options.fileNames);
-    for (const pugi::xml_node &node : netlist.children())
+    for (const pugi::xml_node &node : netlist.children()) {
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);
+    }
     return true;
 }
 
@@ -252,13 +253,14 @@ void VerilatorDesign::closeModule(VerilatorModule &module)
 // GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.
 void VerilatorDesign::findOutputWires(const pugi::xml_node &body)
 {
-    for (const pugi::xml_node &instance : body.children("instance"))
+    for (const pugi::xml_node &instance : body.children("instance")) {
         for (const pugi::xml_node &port : instance.children("port")) {
             const QString wire = QString::fromUtf8(instance.attribute("name").value()) + QLatin1Char('_') +
                                  QString::fromUtf8(port.attribute("name").value());
             if (std::strcmp(port.attribute("direction").value(), "in") != 0)
                 m_outputWires.insert(wire);
         }
+    }
 }
 
 void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope)
@@ -434,9 +436,10 @@ QString VerilatorDesign::writtenName(const pugi::xml_node &node) const
     QString unread;
     QUtil::readRegularFile(fileOf(node).source, 512 * QUtil::MiB, &text, &unread);
     QBuffer source(&text);
-    if (source.open(QIODevice::ReadOnly))
+    if (source.open(QIODevice::ReadOnly)) {
         for (int i = 0; i < location.line; ++i)
             line = source.readLine();
+    }
     QByteArray name = line.mid(location.column - 1, location.end - location.column);
     if (name.startsWith('\\'))
         name.remove(0, 1);

@@ -177,17 +177,20 @@ void VerilatorTies::countScope(const VerilatorScope &scope, Drivers &drivers) co
 {
     for (const pugi::xml_node &assignment : scope.assigns)
         count(assignment.first_child().next_sibling(), scope, drivers);
-    for (const VerilatorChild &child : scope.children)
-        for (const pugi::xml_node &port : child.node.children("port"))
+    for (const VerilatorChild &child : scope.children) {
+        for (const pugi::xml_node &port : child.node.children("port")) {
             if (std::strcmp(port.attribute("direction").value(), "in") != 0)
                 count(port.first_child(), scope, drivers);
+        }
+    }
 }
 
 bool VerilatorTies::anyConstant() const
 {
-    for (const VerilatorNet &net : m_module.nets)
+    for (const VerilatorNet &net : m_module.nets) {
         if (net.isTied)
             return true;
+    }
     bool found = false;
     eachScope([this, &found](const VerilatorScope &scope) {
         for (const VerilatorChild &child : scope.children)
@@ -217,10 +220,12 @@ TiedNets VerilatorTies::contested() const
 TiedNets VerilatorTies::inEveryInstance() const
 {
     TiedNets tied;
-    for (size_t i = 0; i < m_module.nets.size(); ++i)
-        if (m_module.nets[i].isTied)
+    for (size_t i = 0; i < m_module.nets.size(); ++i) {
+        if (m_module.nets[i].isTied) {
             for (int bit = 0; bit < m_module.nets[i].width(); ++bit)
                 set(int(i), bit, tied);
+        }
+    }
     eachScope([this, &tied](const VerilatorScope &scope) { takeOutputs(scope, tied); });
     follow(tied);
     return tied;
@@ -260,10 +265,12 @@ bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, con
     addTargets(left, scope, targets);
     bool grown = false;
     size_t at = 0;
-    for (const Target &target : targets)
-        for (int i = 0; i < target.width; ++i, ++at)
+    for (const Target &target : targets) {
+        for (int i = 0; i < target.width; ++i, ++at) {
             if (target.net >= 0 && at < value.size() && value[at])
                 grown = set(target.net, target.lowest + i, tied) || grown;
+        }
+    }
     return grown;
 }
 

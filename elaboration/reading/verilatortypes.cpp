@@ -15,9 +15,10 @@ QString rangeText(int left, int right)
 
 bool isOneOf(const char *name, std::initializer_list<const char *> names)
 {
-    for (const char *candidate : names)
+    for (const char *candidate : names) {
         if (std::strcmp(name, candidate) == 0)
             return true;
+    }
     return false;
 }
 

@@ -85,9 +85,10 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString 
         }
     }
     // The packages stand before the entity.
-    for (auto it = all.children.rbegin(); it != all.children.rend(); ++it)
+    for (auto it = all.children.rbegin(); it != all.children.rend(); ++it) {
         if ((*it)->name.compare(entity, Qt::CaseInsensitive) == 0)
             return std::move(*it);
+    }
     return nullptr;
 }
 

@@ -132,9 +132,10 @@ QString VhdlPart::handedOver(const QString &file) const
 QMap<QString, QString> VhdlPart::fileNames() const
 {
     QMap<QString, QString> names;
-    for (const QString &file : m_files)
+    for (const QString &file : m_files) {
         if (handedOver(file) != file)
             names.insert(handedOver(file), file);
+    }
     return names;
 }
 

@@ -127,10 +127,11 @@ void NetlistBuilder::setUsesTsJtag()
 
 RtlNetlist *NetlistBuilder::take()
 {
-    for (Hierachy &node : m_netlist->m_nodes)
+    for (Hierachy &node : m_netlist->m_nodes) {
         for (RtlNetBus &bus : node.m_buses)
             bus.excluded = std::all_of(bus.members.constBegin(), bus.members.constEnd(),
                                        [](const RtlNet *bit) { return bit->excluded; });
+    }
     RtlNetlist *result = m_netlist.release();
     m_netlist.reset(new RtlNetlist);
     return result;

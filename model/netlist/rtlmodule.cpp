@@ -72,9 +72,10 @@ RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name)
         entry.ordinal = ordinals[net.isBus]++;
         m_text += net.name;
         m_entryOfSlot.insert(m_entryOfSlot.end(), size_t(entry.width()), quint32(m_entries.size()));
-        for (int bit : net.excludedBits)
+        for (int bit : net.excludedBits) {
             if (entry.hasBit(bit))
                 m_excludedSlots.push_back(entry.slotOfBit(bit));
+        }
         m_entries.push_back(entry);
         m_info.push_back(net.info);
     }
@@ -135,9 +136,10 @@ qint64 RtlModule::findEntry(const QChar *name, int length, Accept accept) const
     };
     auto it =
         std::lower_bound(m_byName.begin(), m_byName.end(), 0, [&](quint32 i, int) { return compare(i) < 0; });
-    for (; it != m_byName.end() && compare(*it) == 0; ++it)
+    for (; it != m_byName.end() && compare(*it) == 0; ++it) {
         if (accept(m_entries[*it]))
             return *it;
+    }
     return -1;
 }
 

@@ -86,9 +86,10 @@ RtlNet *Hierachy::findNet(const QString &name, int from) const
     const qint64 slot = m_declarations->findSlot(name, rest);
     if (slot >= 0)
         return const_cast<RtlNet *>(&m_bits[size_t(slot)]);
-    for (const Hierachy *child : children)
+    for (const Hierachy *child : children) {
         if (RtlNet *found = child->findNet(name, rest))
             return found;
+    }
     return nullptr;
 }
 
@@ -100,9 +101,10 @@ RtlNetBus *Hierachy::findBus(const QString &name, int from) const
     const qint64 entry = m_declarations->findBus(name, rest);
     if (entry >= 0)
         return buses.at(int(m_declarations->entries()[size_t(entry)].ordinal));
-    for (const Hierachy *child : children)
+    for (const Hierachy *child : children) {
         if (RtlNetBus *found = child->findBus(name, rest))
             return found;
+    }
     return nullptr;
 }
 

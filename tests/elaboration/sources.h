@@ -54,9 +54,10 @@ inline void draw(const QUARRY::Hierachy &node, QStringList &lines)
         words += net->name() + (net->excluded ? "!" : "");
     for (const QUARRY::RtlNetBus *bus : node.buses) {
         words += bus->BusName() + (bus->excluded ? "!" : "");
-        for (const QUARRY::RtlNet *bit : bus->members)
+        for (const QUARRY::RtlNet *bit : bus->members) {
             if (bit->excluded && !bus->excluded)
                 words.last() += '!' + bit->name().section('[', -1).chopped(1);
+        }
     }
     lines += words.join(' ');
     for (const QUARRY::Hierachy *child : node.children)

@@ -46,9 +46,10 @@ void NetlistReaderTest::tree()
 {
     QFETCH(QString, file);
     QStringList expected;
-    for (const QString &line : QString(contents(file)).split('\n'))
+    for (const QString &line : QString(contents(file)).split('\n')) {
         if (line.startsWith("//= ") || line.startsWith("--= "))
             expected += line.mid(4).simplified().split(' ');
+    }
     QVERIFY(!expected.isEmpty());
     QCOMPARE(drawn(read(file).get()).join(' ').split(' '), expected);
 }

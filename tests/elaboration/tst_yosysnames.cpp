@@ -140,9 +140,10 @@ private Q_SLOTS:
             QTest::newRow(qPrintable(name)) << QStringList(m_sources.write(name, generatedDesign(seed)));
         }
         QStringList example{EXAMPLES "/soc/rtl/soc_types.sv", EXAMPLES "/soc/rtl/soc_pkg.sv"};
-        for (const QFileInfo &file : QDir(EXAMPLES "/soc/rtl").entryInfoList({"*.v", "*.sv", "*.vhd"}))
+        for (const QFileInfo &file : QDir(EXAMPLES "/soc/rtl").entryInfoList({"*.v", "*.sv", "*.vhd"})) {
             if (!example.contains(file.filePath()))
                 example += file.filePath();
+        }
         QTest::newRow("example") << example;
     }
 

@@ -158,9 +158,10 @@ private Q_SLOTS:
 private:
     Core::IView *view(const QString &name)
     {
-        for (Core::IView *view : ViewManager::instance()->views())
+        for (Core::IView *view : ViewManager::instance()->views()) {
             if (view->objectName() == name)
                 return view;
+        }
         return nullptr;
     }
 

@@ -111,10 +111,11 @@ private Q_SLOTS:
         const DeviceFamily &family = familyOf(findDevice(device.section('/', 0, 0), device.section('/', 1)));
         QString plain;
         for (JEX::Implementation memory :
-             {JEX::BsramImplementation, JEX::SsramImplementation, JEX::RegImplementation})
+             {JEX::BsramImplementation, JEX::SsramImplementation, JEX::RegImplementation}) {
             for (bool adjusted : {false, true})
                 plain +=
                     ' ' + QString::number(storageNeed(family, memory, signalCount, depth, adjusted).required);
+        }
         QTEST(plain, "needs");
         Core::Project project;
         DEV::DeviceArg arg;

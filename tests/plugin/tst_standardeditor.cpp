@@ -183,9 +183,10 @@ private:
     {
         QStringList texts;
         const QListWidget *list = find<QListWidget>("listExpression");
-        for (int i = 0; i < list->count(); ++i)
+        for (int i = 0; i < list->count(); ++i) {
             if (list->item(i)->foreground().color() == colour)
                 texts << list->item(i)->text();
+        }
         return texts;
     }
 };

@@ -113,9 +113,10 @@ private Q_SLOTS:
         SignalListIndex buses(signalsFromText(lists.at(1)));
         SignalListIndex others(signalsFromText(lists.at(2)));
         QList<SignalItem> kept;
-        for (SignalItem &item : signalsFromText(lists.at(0)))
+        for (SignalItem &item : signalsFromText(lists.at(0))) {
             if (judgeRow(item, others, buses) != RowGone)
                 kept.append(item);
+        }
         QTEST(joined(kept, buses.records(), others.records()), "after");
     }
 

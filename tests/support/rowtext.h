@@ -17,9 +17,10 @@ inline QString colourName(const QTreeWidgetItem *row)
 inline QString textOf(const QTreeWidget *tree, const QList<QTreeWidgetItem *> &selected, QTreeWidgetItem *row)
 {
     QString text = row->text(0) + (row->font(0).italic() ? "/i " : " ") + colourName(row) + ' ';
-    for (int bit = 0; bit < 6; ++bit)
+    for (int bit = 0; bit < 6; ++bit) {
         if (row->flags() & (1 << bit))
             text += "swdDce"[bit];
+    }
     text += QString(row->isExpanded() ? " >" : "") + (selected.contains(row) ? " *" : "") +
             (tree->currentItem() == row ? " @" : "");
     QStringList members;

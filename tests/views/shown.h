@@ -76,9 +76,10 @@ struct Shown
     // A slot that a host may call by its name, wherever below the view it is.
     bool call(const char *slot) const
     {
-        for (QObject *child : view->children())
+        for (QObject *child : view->children()) {
             if (child->metaObject()->indexOfSlot(slot + QByteArray("()")) >= 0)
                 return QMetaObject::invokeMethod(child, slot);
+        }
         return false;
     }
 
@@ -107,9 +108,10 @@ struct Shown
     }
     void answer(const QString &button) const
     {
-        for (QPushButton *found : view->findChild<RTLJEX::ReloadBanner *>()->findChildren<QPushButton *>())
+        for (QPushButton *found : view->findChild<RTLJEX::ReloadBanner *>()->findChildren<QPushButton *>()) {
             if (found->text() == button)
                 return found->click();
+        }
         QFAIL(qPrintable("no button " + button));
     }
 

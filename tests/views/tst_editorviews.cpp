@@ -78,9 +78,10 @@ private Q_SLOTS:
         QCOMPARE(driver.seen.join("\n"), said);
         QCOMPARE(shown.opened, said.isEmpty());
         QCOMPARE(shown.error, QString());
-        if (said.startsWith("dialog"))
+        if (said.startsWith("dialog")) {
             for (const char *part : {"ERROR", "design.sv"})
                 QVERIFY2(details.contains(part), qPrintable(details));
+        }
     }
 
     void openRefusesOtherFiles()
