@@ -25,4 +25,5 @@ void measureSignals(Context &context);
 void measureResultTree(Context &context);
 void measurePages(Context &context);
 void measureOpening(Context &context);
+void measureConfinement(Context &context);
 void measureEditor(Context &context);

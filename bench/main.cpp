@@ -63,14 +63,19 @@ int main(int argc, char **argv)
         useProcessorTime();
     Context context;
     printf("%-84s %9s %9s %-3s %8s %7s\n", "work | limit", "figure", "limit", "", "ratio", "goal");
-    measureNetlist(context);
-    measureSearch(context);
-    measureConfiguration(context);
-    measureResultTree(context);
-    measureSignals(context);
-    measurePages(context);
+    const bool onlyOpening = application.arguments().contains(QStringLiteral("--opening"));
+    if (!onlyOpening) {
+        measureNetlist(context);
+        measureSearch(context);
+        measureConfiguration(context);
+        measureResultTree(context);
+        measureSignals(context);
+        measurePages(context);
+    }
     measureOpening(context);
-    measureEditor(context);
+    measureConfinement(context);
+    if (!onlyOpening)
+        measureEditor(context);
     printf("%d over their goal\n", rowsOverGoal());
     return 0;
 }

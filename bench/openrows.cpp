@@ -3,6 +3,11 @@
 #include "elaboration/elaboration.h"
 #include "elaboration/tools/verilatorflags.h"
 
+#include "host/designmanager.h"
+#include "host/project.h"
+#include "model/netlist/rtlnetlist.h"
+
+#include <QDir>
 #include <QProcess>
 
 using namespace QUARRY;
@@ -50,7 +55,54 @@ void change(const QString &path)
         qFatal("Cannot change %s", qPrintable(path));
 }
 
+// Opens the example with what stands for bubblewrap in that folder; empty: with bubblewrap itself.
+double exampleTime(const QByteArray &folder)
+{
+    Core::Project project;
+    QString error;
+    if (!project.load(QStringLiteral(EXAMPLE), &error))
+        qFatal("%s", qPrintable(error));
+    Core::ProjectManager::setCurrentProject(&project);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.isEmpty() ? path : folder + ':' + path);
+    const DesignInput input =
+        designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    const double time = fastest(3, [&input] {
+        const QStringList found = listModules(input).topModules;
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
+        if (!netlist)
+            qFatal("The example is not read: %s", qPrintable(messages.join('\n')));
+    });
+    qputenv("PATH", path);
+    Core::ProjectManager::setCurrentProject(nullptr);
+    return time;
+}
+
+// Against a script in its place that only starts the tool, which costs a millisecond itself.
 } // namespace
+
+void measureConfinement(Context &context)
+{
+    const double allowedMs = 30;
+    const QString folder = context.dir.filePath(QStringLiteral("unconfined"));
+    QDir().mkpath(folder);
+    QFile script(folder + QStringLiteral("/bwrap"));
+    if (!script.open(QIODevice::WriteOnly) ||
+        script.write("#!/bin/sh\nwhile [ \"$1\" != -- ]; do shift; done\nshift\nexec \"$@\"\n") < 0)
+        qFatal("Cannot write %s", qPrintable(script.fileName()));
+    script.close();
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    Times best;
+    for (int i = 0; i < 5; ++i) {
+        const double confined = exampleTime(QByteArray());
+        const double plain = exampleTime(QFile::encodeName(folder));
+        best.figure = i == 0 ? confined : qMin(best.figure, confined);
+        best.limit = i == 0 ? plain : qMin(best.limit, plain);
+    }
+    print({"Opening the example with the tools confined | without, and 30 ms", best.figure,
+           best.limit + allowedMs, 1, "ms"});
+}
 
 void measureOpening(Context &context)
 {
