@@ -11,7 +11,7 @@ const char *const topics[] = {"TE.File.Add",         "TE.File.Remove",   "TE.Fil
 
 bool isDesignType(const QVariant &type)
 {
-    return type.toInt() >= TE::VerilogFile && type.toInt() <= TE::VhdlFile;
+    return TE::isDesignFileType(type.toInt());
 }
 
 bool isEnabledDesignFile(const QString &path)

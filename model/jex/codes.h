@@ -27,7 +27,14 @@ enum Implementation {
 };
 
 // What a unit compares for, see matchvalue.h.
-enum MatchFunction { MatchEqual = 0, MatchNotEqual = 1, MatchLess = 2, MatchGreater = 3, MatchInRange = 4 };
+enum MatchFunction {
+    MatchEqual = 0,
+    MatchNotEqual = 1,
+    MatchLess = 2,
+    MatchGreater = 3,
+    MatchInRange = 4,
+    MatchFunctionCount
+};
 
 // "BSRAM", "REG", "SSRAM", for people and in files.
 extern const char *const implementationWords[SsramImplementation + 1];

@@ -74,7 +74,7 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setWindowTitle(QString::fromLatin1("Match Unit M%1").arg(unit->unitNumber));
     offerPorts();
-    for (int i = MatchEqual; i <= MatchInRange; ++i) {
+    for (int i = MatchEqual; i < MatchFunctionCount; ++i) {
         m_ui->comboFunction->addItem(matchFunctionName(i));
     }
     m_ui->comboFunction->setCurrentIndex(unit->function);

@@ -5,7 +5,7 @@ namespace JEX {
 namespace {
 
 const char *const functionNames[] = {"Equal", "Not equal", "Less", "Greater", "In range"};
-static_assert(sizeof functionNames / sizeof *functionNames == MatchInRange + 1, "each function has a name");
+static_assert(sizeof functionNames / sizeof *functionNames == MatchFunctionCount, "each function has a name");
 const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };
@@ -73,7 +73,8 @@ bool comparesNumbers(int function)
 
 QString matchFunctionName(int function)
 {
-    return latin(functionNames[function]);
+    const bool isKnown = function >= MatchEqual && function < MatchFunctionCount;
+    return isKnown ? QString(latin(functionNames[function])) : QString();
 }
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name)

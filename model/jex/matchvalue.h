@@ -17,7 +17,7 @@ namespace JEX {
 
 bool isBitText(const QString &text); // only these characters, whatever the function
 bool comparesNumbers(int function);
-QString matchFunctionName(int function); // "Not equal"
+QString matchFunctionName(int function); // "Not equal"; empty for a number that stands for none
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name);
 QString rangeFault(const QString &lower, const QString &upper); // of bounds that are right by themselves

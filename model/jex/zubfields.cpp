@@ -13,7 +13,7 @@ constexpr Rule edgeRule = Rule::wordsFor<RisingEdge, FallingEdge>(edgeWords);
 constexpr Rule triggerModeRule = Rule::wordsFor<DynamicTrigger, StaticTrigger>(triggerModeWords);
 constexpr Rule implementationRule =
     Rule::wordsFor<BsramImplementation, SsramImplementation>(implementationWords);
-constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchInRange>(functionWords);
+constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchFunctionCount - 1>(functionWords);
 constexpr Rule kindRule = Rule::wordsFor<GroupKind, BusKind>(kindWords);
 constexpr Rule portNumberRule = {Rule::Range, 0, PortCount - 1};
 constexpr Rule bitsRule = {Rule::Bits};

@@ -81,6 +81,18 @@ class MatchUnitsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // A host may put any number into a record.
+    void unknownFunctions()
+    {
+        AoCore core(0);
+        core.matchUnit(3)->function = 77;
+        core.matchUnit(4)->function = -1;
+        const MatchUnitModel model(core.matchUnits, nullptr);
+        for (int column = 0; column < model.columnCount(); ++column)
+            QVERIFY(!model.index(4, column).data().toString().contains("Equal"));
+        QCOMPARE(matchFunctionName(77) + matchFunctionName(-1), QString());
+    }
+
     void faults()
     {
         const struct

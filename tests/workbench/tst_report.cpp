@@ -70,6 +70,52 @@ private Q_SLOTS:
         QCOMPARE(picture, arguments.contains("--shot") ? QSize(1280, 800) : QSize(0, 0));
     }
 
+    // A project that would write beside itself and run a shell when its VHDL is started, in every program
+    // that opens it. The plug-in reads it in the workbench.
+    void opensHostileProjects_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("jex") << JEX << QStringList{"check", "a.zub", "--project", "p.jexprj"};
+        QTest::newRow("workbench") << WORKBENCH << QStringList{"--report", "p.jexprj", "a.zub"};
+    }
+    void opensHostileProjects()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Folder folder;
+        const QByteArray owned = folder.path("owned").toUtf8();
+        const QByteArray start =
+            "use std.textio.all;\nentity t is port (x : in bit); end;\narchitecture a of t is\n";
+        const QByteArray hidden = "-- synthesis translate_off\n";
+        const QByteArray shown = "-- synthesis translate_on\nend;\n";
+        const QByteArray writes =
+            start + "begin\n" + hidden + "process file h : text; variable l : line; begin file_open(h, \"" +
+            owned + "\", write_mode); write(l, string'(\"x\")); writeline(h, l); wait; end process;\n" +
+            shown;
+        const QByteArray calls =
+            start +
+            "function f(c : string) return integer;\nattribute foreign of f : function is \"VHPIDIRECT "
+            "libc.so.6 system\";\nfunction f(c : string) return integer is begin return 0; end;\n" +
+            hidden + "signal s : integer := f(\"touch " + owned +
+            "\" & nul);\n-- synthesis translate_on\nbegin end;\n";
+        folder.write("p.jexprj",
+                     "{\"version\": 1, \"files\": [{\"path\": \"t.vhd\"}, {\"path\": \"a.zub\"}]}");
+        folder.write("a.zub", "<jexconfig version=\"1\" mode=\"Lite\"><core number=\"0\"/></jexconfig>");
+        for (const QByteArray &source : {writes, calls}) {
+            folder.write("t.vhd", source);
+            QProcess process;
+            process.setWorkingDirectory(folder.path());
+            process.setProcessChannelMode(QProcess::MergedChannels);
+            process.start(program, arguments);
+            QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
+            const QString output = process.readAll();
+            QVERIFY2(output.contains("No sample clock specified"), qPrintable(output)); // it was opened
+            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                     (QStringList{"a.zub", "p.jexprj", "t.vhd"}));
+        }
+    }
+
 private:
     QTemporaryDir m_dir;
 };
