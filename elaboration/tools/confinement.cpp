@@ -171,8 +171,10 @@ QStringList confinedCommand(const ToolCall &call)
         words << QLatin1String("--setenv") << variable.section(QLatin1Char('='), 0, 0)
               << variable.section(QLatin1Char('='), 1);
     words << QLatin1String("--");
-    // The kernel counts them in the new namespace, so the limit is set from inside.
-    const QString limiter = findProgram(QLatin1String("prlimit"));
+    // The kernel counts them in the new namespace, so the limit is set from inside. A tool that only reads
+    // starts none.
+    const bool mayStartMore = call.runsSources || call.evaluatesSources;
+    const QString limiter = mayStartMore ? findProgram(QLatin1String("prlimit")) : QString();
     if (!limiter.isEmpty())
         words << limiter << QLatin1String("--nproc=") + QString::number(maxProcesses);
     return words << call.program << call.arguments;
