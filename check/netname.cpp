@@ -44,7 +44,7 @@ bool NetName::hasShapeOf(const QUARRY::RtlModule::Entry &entry) const
     case Range:
         break;
     }
-    return entry.isBus && entry.width() == qAbs(left - right) + 1;
+    return entry.isBus && entry.width() == QUARRY::rangeWidth(left, right);
 }
 
 bool NetName::isPartOf(const QUARRY::RtlModule::Entry &entry) const

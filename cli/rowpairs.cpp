@@ -54,7 +54,8 @@ bool areAlike(const QString &a, const QString &b)
     const RTLJEX::NetName first(a);
     const RTLJEX::NetName second(b);
     const bool sameWidth =
-        first.isBus() == second.isBus() && qAbs(first.left - first.right) == qAbs(second.left - second.right);
+        first.isBus() == second.isBus() &&
+        QUARRY::rangeWidth(first.left, first.right) == QUARRY::rangeWidth(second.left, second.right);
     return sameWidth || first.fullBase() == second.fullBase();
 }
 

@@ -46,6 +46,10 @@ if(JEX_SANITIZE)
     -fno-sanitize-recover=undefined)
   target_link_options(jex_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(JEX_FUZZ)
+  target_compile_options(jex_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(jex_flags INTERFACE JEX_FUZZ)
+endif()
 
 # jex_core_library(NAME SHARED|STATIC|OBJECT sources...): code that needs no widget. It links QtCore alone,
 # so a widget include that creeps in fails the build.

@@ -163,7 +163,7 @@ bool NetlistTree::addScopeChild(Level &level)
     if (level.child == level.scope->children.size())
         return false;
     const VerilatorChild &child = level.scope->children[level.child];
-    const int count = child.isArray ? qAbs(child.left - child.right) + 1 : 1;
+    const int count = child.isArray ? rangeWidth(child.left, child.right) : 1;
     if (level.element == 0)
         m_builder.expectInstances(count);
     const int i = level.element++;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace QUARRY {
 
@@ -60,10 +61,17 @@ struct Location
         if (!comma)
             return;
         file = std::string_view(text, size_t(comma - text));
-        line = int(std::strtol(comma + 1, const_cast<char **>(&text), 10));
-        column = *text ? int(std::strtol(text + 1, const_cast<char **>(&text), 10)) : 0;
-        const char *last = std::strrchr(node.attribute("loc").value(), ',');
-        end = std::atoi(last + 1);
+        const char *last = std::strrchr(text, ',');
+        line = number(comma + 1, &text);
+        column = *text ? number(text + 1, &text) : 0;
+        end = number(last + 1, &text);
+    }
+
+    // Never negative, whatever stands there.
+    static int number(const char *digits, const char **behind)
+    {
+        const long value = std::strtol(digits, const_cast<char **>(behind), 10);
+        return int(qBound(0L, value, long(std::numeric_limits<int>::max())));
     }
 
     std::string_view file;
@@ -312,6 +320,8 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
         scope.decl.nets.append(declaration(var, type, module));
         net.left = scope.decl.nets.last().left;
         net.right = scope.decl.nets.last().right;
+    } else if (type.width() > NetlistBuilder::maxNets) {
+        return; // of what is shown, the builder says so
     }
     const int number = int(module.nets.size());
     if (var.attribute("pinIndex"))
@@ -437,10 +447,10 @@ QString VerilatorDesign::writtenName(const pugi::xml_node &node) const
     QUtil::readRegularFile(fileOf(node).source, 512 * QUtil::MiB, &text, &unread);
     QBuffer source(&text);
     if (source.open(QIODevice::ReadOnly)) {
-        for (int i = 0; i < location.line; ++i)
+        for (int i = 0; i < location.line && !source.atEnd(); ++i)
             line = source.readLine();
     }
-    QByteArray name = line.mid(location.column - 1, location.end - location.column);
+    QByteArray name = line.left(location.end - 1).mid(location.column - 1);
     if (name.startsWith('\\'))
         name.remove(0, 1);
     return QString::fromUtf8(name.isEmpty() ? QByteArray(node.attribute("name").value()) : name);

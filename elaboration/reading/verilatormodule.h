@@ -51,7 +51,7 @@ struct VerilatorNet
     bool isInout = false;
     bool isTied = false; // by its declaration
 
-    int width() const { return isBus ? qAbs(left - right) + 1 : 1; }
+    int width() const { return isBus ? rangeWidth(left, right) : 1; }
     // Declared index of a bit counted from the least significant one.
     int bit(int fromRight) const { return left < right ? right - fromRight : right + fromRight; }
 };

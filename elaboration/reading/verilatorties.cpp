@@ -14,6 +14,12 @@ bool is(const pugi::xml_node &node, const char *name)
     return std::strcmp(node.name(), name) == 0;
 }
 
+// No design has more bits, and what a damaged text says of one expression must not take the memory.
+int boundedWidth(int width)
+{
+    return int(qBound<qint64>(0, width, NetlistBuilder::maxNets));
+}
+
 int number(const pugi::xml_node &constant)
 {
     return int(VerilatorConstant(constant.attribute("name").value()).number());
@@ -23,7 +29,7 @@ int number(const pugi::xml_node &constant)
 TiedBits constantBits(const pugi::xml_node &constant)
 {
     const VerilatorConstant value(constant.attribute("name").value());
-    TiedBits bits(size_t(qMax(value.width, 0)), true);
+    TiedBits bits(size_t(boundedWidth(value.width)), true);
     if (value.base != 'b')
         return bits;
     const size_t digits = std::strlen(value.digits);
@@ -54,7 +60,7 @@ void VerilatorTies::eachScope(Visit visit) const
 
 int VerilatorTies::width(const pugi::xml_node &expression) const
 {
-    return m_types.type(expression.attribute("dtype_id").value()).width();
+    return boundedWidth(m_types.type(expression.attribute("dtype_id").value()).width());
 }
 
 int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const
@@ -167,8 +173,8 @@ void VerilatorTies::count(const pugi::xml_node &left, const VerilatorScope &scop
             continue;
         std::vector<int> &counts = drivers[target.net];
         counts.resize(size_t(m_module.nets[size_t(target.net)].width()));
-        const int end = qMin(target.lowest + target.width, int(counts.size()));
-        for (int bit = qMax(0, target.lowest); bit < end; ++bit)
+        const qint64 end = qMin(target.lowest + target.width, qint64(counts.size()));
+        for (qint64 bit = qMax<qint64>(0, target.lowest); bit < end; ++bit)
             ++counts[size_t(bit)];
     }
 }
@@ -295,7 +301,7 @@ void VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) con
     }
 }
 
-bool VerilatorTies::set(int net, int bit, TiedNets &tied) const
+bool VerilatorTies::set(int net, qint64 bit, TiedNets &tied) const
 {
     const int width = m_module.nets[size_t(net)].width();
     const auto contested = m_module.contested.find(net);

@@ -30,7 +30,7 @@ private:
     struct Target
     {
         int net;
-        int lowest;
+        qint64 lowest;
         int width;
     };
     using Drivers = std::unordered_map<int, std::vector<int>>; // drivers of each bit, by number of the net
@@ -52,7 +52,7 @@ private:
                TiedNets &tied) const;
     void takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;
-    bool set(int net, int bit, TiedNets &tied) const;
+    bool set(int net, qint64 bit, TiedNets &tied) const;
     template <typename Visit>
     void eachScope(Visit visit) const;
 

@@ -13,6 +13,12 @@ QString rangeText(int left, int right)
            QLatin1Char(']');
 }
 
+// Of a bus that has so many bits, down to 0.
+int leftOf(qint64 width)
+{
+    return int(qMin<qint64>(width, std::numeric_limits<int>::max())) - 1;
+}
+
 bool isOneOf(const char *name, std::initializer_list<const char *> names)
 {
     for (const char *candidate : names) {
@@ -121,16 +127,16 @@ VerilatorType VerilatorTypes::structure(const pugi::xml_node &node) const
 {
     const bool isUnion = std::strcmp(node.name(), "uniondtype") == 0;
     VerilatorType whole;
-    int width = 0;
+    qint64 width = 0;
     for (const pugi::xml_node &member : node.children("memberdtype")) {
         const VerilatorType &part = type(member.attribute("sub_dtype_id").value());
         if (!part.isNet)
             return VerilatorType();
-        width = isUnion ? qMax(width, part.width()) : width + part.width();
+        width = isUnion ? qMax<qint64>(width, part.width()) : width + part.width();
     }
     whole.isNet = width > 0;
     whole.isVector = true;
-    whole.left = width - 1;
+    whole.left = leftOf(width);
     whole.text = typeName(node.attribute("name").value(), isUnion ? "union packed" : "struct packed");
     return whole;
 }
@@ -144,13 +150,12 @@ VerilatorType VerilatorTypes::packedArray(const pugi::xml_node &node) const
     int right = 0;
     if (!array.isNet || !verilatorRange(node, left, right))
         return VerilatorType();
-    const int elements = qAbs(left - right) + 1;
     const int firstDimension = array.text.indexOf(QLatin1Char('['));
     if (firstDimension > 0)
         array.text.insert(firstDimension, rangeText(left, right));
     else
         array.text += QLatin1Char(' ') + rangeText(left, right);
-    array.left = array.isVector ? elements * array.width() - 1 : left;
+    array.left = array.isVector ? leftOf(qint64(rangeWidth(left, right)) * array.width()) : left;
     array.right = array.isVector ? 0 : right;
     array.isVector = true;
     array.isBasic = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/netlist/rtlnetlist.h"
+
 #include <pugixml.hpp>
 
 #include <QString>
@@ -20,7 +22,7 @@ struct VerilatorType
     bool isBasic = false;
     QString text; // "logic [7:0]"
 
-    int width() const { return isVector ? qAbs(left - right) + 1 : 1; }
+    int width() const { return isVector ? rangeWidth(left, right) : 1; }
 };
 
 // The type table at the end of the XML. Refers to the document, which must outlive it.

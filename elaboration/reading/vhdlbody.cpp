@@ -21,6 +21,24 @@ NetDecl declaration(const QString &name, bool isBus, int left, int right)
     return decl;
 }
 
+const int lookLimit = 1 << 20; // half a second
+
+bool isRound(const VhdlScope &scope)
+{
+    return scope.label() != scope.name;
+}
+
+// Of the loop that the child is the first round of; any other child stands alone.
+size_t endOfRounds(const VhdlScope &scope, size_t first)
+{
+    const QString label = scope.children[first]->label();
+    size_t end = first + 1;
+    while (isRound(*scope.children[first]) && end < scope.children.size() && isRound(*scope.children[end]) &&
+           scope.children[end]->label() == label)
+        ++end;
+    return end;
+}
+
 QString roundKey(const QString &prefix, const QString &label, int round)
 {
     return prefix + label.toLower() + QLatin1String("_n") + QString::number(round);
@@ -89,7 +107,9 @@ void VhdlBody::addRecordPort(const QString &name, Declaration place, Signals &re
     }
 }
 
-// How much of the scope and what is below it the module has under such names.
+// How much of the scope and what is below it the module has under such names. Loops in loops, where either
+// order of each is tried with either order of the others, would take for ever: there comes a point from which
+// only the scope's own signals count.
 int VhdlBody::known(const VhdlScope &scope, const QString &key) const
 {
     if (m_instances.contains(key))
@@ -97,36 +117,54 @@ int VhdlBody::known(const VhdlScope &scope, const QString &key) const
     int found = 0;
     for (const VhdlSignal &signal : scope.signalList)
         found += m_nets.contains(key + QLatin1Char('_') + signal.name.toLower()) ? 1 : 0;
-    const std::vector<QString> keys = childKeys(scope, key + QLatin1Char('_'));
-    for (size_t i = 0; i < keys.size(); ++i)
-        found += known(*scope.children[i], keys[i]);
+    if (m_looked >= lookLimit)
+        return found;
+    ++m_looked;
+    const QString prefix = key + QLatin1Char('_');
+    for (size_t first = 0, end = 0; first < scope.children.size(); first = end) {
+        end = endOfRounds(scope, first);
+        const VhdlScope &child = *scope.children[first];
+        bool isDownwards = false;
+        found += isRound(child) ? knownRounds(scope, first, end, prefix, isDownwards)
+                                : known(child, prefix + child.name.toLower());
+    }
     return found;
 }
 
 // GHDL numbers the rounds of a loop in the order of the loop and its waveform has them in the order of
 // the index: what fits better is right.
+int VhdlBody::knownRounds(const VhdlScope &scope, size_t first, size_t end, const QString &prefix,
+                          bool &isDownwards) const
+{
+    const QString label = scope.children[first]->label();
+    const int rounds = int(end - first);
+    int upwards = 0;
+    int downwards = 0;
+    for (int i = 0; i < rounds; ++i) {
+        const VhdlScope &round = *scope.children[first + size_t(i)];
+        upwards += known(round, roundKey(prefix, label, i + 1));
+        if (rounds > 1)
+            downwards += known(round, roundKey(prefix, label, rounds - i));
+    }
+    isDownwards = downwards > upwards;
+    return qMax(upwards, downwards);
+}
+
 std::vector<QString> VhdlBody::childKeys(const VhdlScope &scope, const QString &prefix) const
 {
-    std::vector<QString> keys(scope.children.size());
+    std::vector<QString> keys;
     for (size_t first = 0, end = 0; first < scope.children.size(); first = end) {
-        const QString label = scope.children[first]->label();
-        end = first + 1;
-        if (label == scope.children[first]->name) {
-            keys[first] = prefix + label.toLower();
+        end = endOfRounds(scope, first);
+        const VhdlScope &child = *scope.children[first];
+        if (!isRound(child)) {
+            keys.push_back(prefix + child.name.toLower());
             continue;
         }
-        while (end < scope.children.size() && scope.children[end]->label() == label &&
-               scope.children[end]->name != label)
-            ++end;
+        bool isDownwards = false;
+        knownRounds(scope, first, end, prefix, isDownwards);
         const int rounds = int(end - first);
-        int upwards = 0;
-        int downwards = 0;
-        for (int i = 0; i < rounds; ++i) {
-            upwards += known(*scope.children[first + size_t(i)], roundKey(prefix, label, i + 1));
-            downwards += known(*scope.children[first + size_t(i)], roundKey(prefix, label, rounds - i));
-        }
         for (int i = 0; i < rounds; ++i)
-            keys[first + size_t(i)] = roundKey(prefix, label, downwards > upwards ? rounds - i : i + 1);
+            keys.push_back(roundKey(prefix, child.label(), isDownwards ? rounds - i : i + 1));
     }
     return keys;
 }

@@ -31,11 +31,14 @@ public:
 
 private:
     int known(const VhdlScope &scope, const QString &key) const;
+    int knownRounds(const VhdlScope &scope, size_t first, size_t end, const QString &prefix,
+                    bool &isDownwards) const;
     void addRecordPort(const QString &name, Declaration place, Signals &result) const;
 
     const VerilatorModule &m_module;
     QHash<QString, int> m_nets; // names in small letters: VHDL knows no case
     QHash<QString, const VerilatorChild *> m_instances;
+    mutable int m_looked = 0; // scopes that known() looked into
 };
 
 } // namespace QUARRY

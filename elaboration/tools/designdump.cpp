@@ -5,6 +5,8 @@
 
 #include "elaboration/reading/verilatornames.h"
 
+#include <limits>
+
 namespace QUARRY {
 namespace {
 
@@ -28,16 +30,29 @@ bool isLetter(char c)
     return c >= 'a' && c <= 'z';
 }
 
+// Digits that stand for no line or column, as in a text that is damaged, give 0.
+int placeNumber(const QByteArray &digits, int base, char zero)
+{
+    qint64 number = 0;
+    for (const char digit : digits) {
+        number = number * base + (digit - zero);
+        if (number < 0 || number > std::numeric_limits<int>::max())
+            return 0;
+    }
+    return int(number);
+}
+
 void readPlace(const QByteArray &place, DumpLine &out)
 {
-    int i = 0;
-    while (i < place.size() && isLetter(place.at(i)))
-        ++i;
-    out.file = place.left(i);
-    for (; i < place.size() && !isLetter(place.at(i)); ++i)
-        out.line = out.line * 10 + (place.at(i) - '0');
-    for (; i < place.size(); ++i)
-        out.column = out.column * 26 + (place.at(i) - 'a');
+    int fileEnd = 0;
+    while (fileEnd < place.size() && isLetter(place.at(fileEnd)))
+        ++fileEnd;
+    int lineEnd = fileEnd;
+    while (lineEnd < place.size() && !isLetter(place.at(lineEnd)))
+        ++lineEnd;
+    out.file = place.left(fileEnd);
+    out.line = placeNumber(place.mid(fileEnd, lineEnd - fileEnd), 10, '0');
+    out.column = placeNumber(place.mid(lineEnd), 26, 'a');
 }
 
 bool readLine(const QByteArray &text, DumpLine &out)

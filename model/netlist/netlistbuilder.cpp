@@ -15,7 +15,7 @@ int NetlistBuilder::addModule(const ModuleDecl &module)
 {
     qint64 bits = 0;
     for (const NetDecl &net : module.nets)
-        bits += net.isBus ? qAbs(qint64(net.left) - net.right) + 1 : 1;
+        bits += net.isBus ? rangeWidth(net.left, net.right) : 1;
     ModuleDecl kept;
     kept.name = module.name;
     if (bits > maxNets)

@@ -34,8 +34,13 @@ public:
     // What a design may have at most, so that a source with a range or a loop that is too large does not take
     // the memory: a net costs about 50 bytes, an instance 200. The large design of the benchmark has
     // 1,000,000 nets.
-    static const qint64 maxNets = qint64(1) << 25;
-    static const qint64 maxInstances = qint64(1) << 22;
+#ifdef JEX_FUZZ // which has no seconds for one text
+    static constexpr qint64 maxNets = qint64(1) << 14;
+    static constexpr qint64 maxInstances = qint64(1) << 10;
+#else
+    static constexpr qint64 maxNets = qint64(1) << 25;
+    static constexpr qint64 maxInstances = qint64(1) << 22;
+#endif
     // A sentence that begins with "ERROR" once something was left out because it is more; else empty.
     const QString &overflow() const { return m_overflow; }
     void expectInstances(qint64 count); // that many will come, unless it is too many

@@ -25,7 +25,7 @@ public:
         quint32 firstSlot;
         quint32 ordinal; // position in Hierachy::nets or Hierachy::buses
 
-        int width() const { return isBus ? qAbs(left - right) + 1 : 1; }
+        int width() const { return isBus ? rangeWidth(left, right) : 1; }
         bool hasBit(int bit) const { return qMin(left, right) <= bit && bit <= qMax(left, right); }
         quint32 slotOfBit(int bit) const { return firstSlot + quint32(qAbs(left - bit)); }
         int bitOfSlot(quint32 slot) const

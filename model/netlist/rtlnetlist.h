@@ -5,10 +5,18 @@
 #include <QStringList>
 
 #include <deque>
+#include <limits>
 #include <memory>
 #include <vector>
 
 namespace QUARRY {
+
+// The bits of a declared range, in either direction. Of one that no design can have, as a damaged text may
+// hold, as many as there are numbers.
+inline int rangeWidth(int left, int right)
+{
+    return int(qMin<qint64>(qAbs(qint64(left) - right) + 1, std::numeric_limits<int>::max()));
+}
 
 class Hierachy;
 class NetlistBuilder;

@@ -1,0 +1,3 @@
+-I. -DX=$HOME
+-f other.f -F rtl/more.f
+a\ b.v --unknown "${NONE}/x.v" $(NONE)

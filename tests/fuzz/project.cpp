@@ -1,0 +1,20 @@
+#include "host/projectfile.h"
+#include "tests/fuzz/fuzz.h"
+
+// A project file.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const QString folder = QStringLiteral("/work");
+    Core::ProjectData project;
+    QString fault;
+    if (!Core::projectFromJson(Fuzz::bytes(data, size), folder, project, fault)) {
+        Fuzz::claim(fault.endsWith(QLatin1Char('.')), "what is refused comes with a sentence");
+        Fuzz::claim(project.files.isEmpty() && project.name.isEmpty(), "what is refused changes nothing");
+        return 0;
+    }
+    const QByteArray saved = Core::projectToJson(project, folder);
+    Core::ProjectData again;
+    Fuzz::claim(Core::projectFromJson(saved, folder, again, fault), "what was saved can be read");
+    Fuzz::claim(Core::projectToJson(again, folder) == saved, "saving what was saved changes nothing");
+    return 0;
+}
