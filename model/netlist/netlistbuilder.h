@@ -42,7 +42,10 @@ public:
     static constexpr qint64 maxInstances = qint64(1) << 22;
 #endif
     // A sentence that begins with "ERROR" once something was left out because it is more; else empty.
-    const QString &overflow() const { return m_overflow; }
+    const QString &overflow() const
+    {
+        return m_overflow;
+    }
     void expectInstances(qint64 count); // that many will come, unless it is too many
 
     int addModule(const ModuleDecl &module);
