@@ -103,14 +103,15 @@ void StaleReportTest::signalsOfACore_data()
         << "top/u_txx/shared is missing in the design; nearest: top/u_tx/shared, top/u_other/shared";
     QTest::newRow("width")
         << "top/wide[7:0] bus\ntop/low[7:0] bus\ntop/up net\ntop/clk[0] bus\ntop/low[7] bus\n"
-           "top/up[8:1] bus\ntop/low[5:2] group"
+           "top/up[8:1] bus\ntop/low[5:2] group\ntop/wide[2147483647:-9] bus"
         << "top/wide[7:0] changed in width, it is now top/wide[15:0]\n"
            "top/low[7:0] changed in width, it is now top/low[3:0]\n"
            "top/up changed in width, it is now top/up[0:7]\n"
            "top/clk[0] changed in width, it is now top/clk\n"
            "top/low[7] changed in width, it is now top/low[3:0]\n"
            "top/up[8:1] changed in width, it is now top/up[0:7]\n"
-           "top/low[5:2] changed in width, it is now top/low[3:0]";
+           "top/low[5:2] changed in width, it is now top/low[3:0]\n"
+           "top/wide[2147483647:-9] changed in width, it is now top/wide[15:0]";
     QTest::newRow("excluded") << "top/spare net\ntop/low[3:0] bus\ntop/low[0] bus"
                               << "top/spare is now excluded from probing\n"
                                  "top/low[0] of top/low[3:0] is now excluded from probing\n"

@@ -200,6 +200,11 @@ private Q_SLOTS:
         textColumns("source", "message");
         row("wide", "module t(input [99999999:0] p); endmodule",
             "ERROR: Module t has 100000000 nets, and a design can have 33554432 here. *");
+        const QString widest = "ERROR: Module t has 2147483647 nets, and a design can have 33554432 here. *";
+        row("wider than numbers", "module t(); logic [2147483647:-5] x; endmodule", widest);
+        row("packed wider than numbers", "module t(); logic [46341:0][46341:0] x; endmodule", widest);
+        row("more than numbers", "module l(); endmodule\nmodule t(); l u[2147483647:-5](); endmodule",
+            "ERROR: The design has more than 4194304 instances. *");
         row("many", "module l(input c); endmodule\nmodule t(input c); l u[16777215:0](c); endmodule",
             "ERROR: The design has more than 4194304 instances. *");
         row("wide and many",
@@ -207,7 +212,7 @@ private Q_SLOTS:
             "endmodule",
             "ERROR: The design has more than 33554432 nets. *");
         row("device", "`include \"/dev/zero\"\nmodule t(input c); endmodule",
-            "ERROR: @t.v includes /dev/zero, which is no regular file.");
+            "ERROR: @t.sv includes /dev/zero, which is no regular file.");
         row("pipe", "`include \"inner.vh\"\nmodule t(input c); endmodule",
             "ERROR: @inner.vh includes @pipe.vh, which is no regular file.");
     }
@@ -216,11 +221,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, source);
         QFETCH(QString, message);
-        m_sources->write("t.v", source.toUtf8());
+        m_sources->write("t.sv", source.toUtf8());
         m_sources->write("inner.vh", "`include <pipe.vh>");
         QCOMPARE(mkfifo(qPrintable(m_sources->path("pipe.vh")), 0600), 0);
         QStringList messages;
-        QVERIFY(!std::unique_ptr<RtlNetlist>(buildNetlist(m_sources->input({"t.v"}), messages)));
+        QVERIFY(!std::unique_ptr<RtlNetlist>(buildNetlist(m_sources->input({"t.sv"}), messages)));
         const QString text = messages.join('\n').replace(m_sources->path("") + "/", "@");
         QVERIFY2(fits(text, message), qPrintable(text));
     }

@@ -89,6 +89,19 @@ void vhdlRows()
         "Top:Top clk q[3:0] reg[3:0]\nTop/u:Leaf c q[3:0]\nTop/p:prim");
     row("VHDL top in another case", "Top=TOP", vhdl, "top TOP\nmodules Leaf TOP" + QString(boxed),
         "TOP:TOP clk q[3:0] reg[3:0]\nTOP/u:Leaf c q[3:0]\nTOP/p:prim");
+    // Which order a loop has is tried out, and that must not multiply.
+    const int depth = 24;
+    QString text = "== deep.vhd\nentity deep is port (x : in bit; y : out bit); end;\n"
+                   "architecture a of deep is begin y <= x;\n";
+    QString node = "deep";
+    QString design = "deep:deep x y";
+    for (int i = 0; i < depth; ++i) {
+        text += QString("g%1 : for i%1 in 0 to 0 generate signal s : bit; begin s <= x;\n").arg(i);
+        node += QString("/g%1[0]").arg(i);
+        design += QString("\n%1:g%2 s").arg(node).arg(i);
+    }
+    row("VHDL loops in loops", "", text + QString("end generate;\n").repeated(depth) + "end;\n",
+        "top deep\nmodules deep", design);
     row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
     row("VHDL names that Verilog reserves", "",
         "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
