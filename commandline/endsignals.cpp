@@ -12,11 +12,18 @@ namespace {
 const int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 int pipeEnds[2] = {-1, -1};
 
+// Who started the program with one of them ignored, as nohup does, meant it.
+void handleUnlessIgnored(int number, void (*action)(int))
+{
+    if (signal(number, action) == SIG_IGN)
+        signal(number, SIG_IGN);
+}
+
 // May come at any moment: it only writes a byte. The next signal meets the default action.
 void note(int)
 {
     for (const int number : endingSignals)
-        signal(number, SIG_DFL);
+        handleUnlessIgnored(number, SIG_DFL);
     const char byte = 0;
     const ssize_t written = write(pipeEnds[1], &byte, 1);
     (void)written;
@@ -31,13 +38,13 @@ EndSignals::EndSignals()
     m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
     connect(m_notifier, SIGNAL(activated(int)), SLOT(tell()));
     for (const int number : endingSignals)
-        signal(number, note);
+        handleUnlessIgnored(number, note);
 }
 
 EndSignals::~EndSignals()
 {
     for (const int number : endingSignals)
-        signal(number, SIG_DFL);
+        handleUnlessIgnored(number, SIG_DFL);
     delete m_notifier;
     for (int &end : pipeEnds) {
         close(end);
