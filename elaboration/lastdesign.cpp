@@ -25,9 +25,10 @@ QStringList keyOf(const DesignInput &input)
     const QString gap = QString(QChar(0));
     QStringList key;
     for (const DesignSource &file : input.files)
-        key << file.path << QString::number(file.type);
-    key << gap << input.includePaths << gap << input.libraryPaths << gap << input.defines << gap;
-    key << input.top << input.verilogStandard << input.workingDir;
+        key << file.path << QString::number(file.type) << file.library << QString::number(file.onlyWhenUsed);
+    key << gap << input.disabledFiles << gap << input.includePaths << gap << input.libraryPaths;
+    key << gap << input.librarySuffixes << gap << input.defines << gap << input.undefines;
+    key << gap << input.parameters << gap << input.top << input.verilogStandard << input.workingDir;
     return key;
 }
 

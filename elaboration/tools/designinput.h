@@ -12,16 +12,22 @@ namespace QUARRY {
 struct DesignSource
 {
     QString path;
-    int type = 0; // TE::FileType: 2 Verilog, 3 SystemVerilog, 4 VHDL
+    int type = 0;              // TE::FileType: 2 Verilog, 3 SystemVerilog, 4 VHDL
+    QString library;           // of VHDL; empty: the one under whose name its units are used, else "work"
+    bool onlyWhenUsed = false; // a library file: its unused modules are no candidates for the top
 };
 
 struct DesignInput
 {
     QList<DesignSource> files;
-    QString top; // empty: the one module that no other instantiates
+    QStringList disabledFiles; // of the project, but no part of the design: named where a module is missing
+    QString top;               // empty: the one module that no other instantiates
     QStringList includePaths;
     QStringList libraryPaths;
-    QStringList defines; // NAME or NAME=VALUE
+    QStringList librarySuffixes; // of the files in library folders, with the dot; empty: the usual ones
+    QStringList defines;         // NAME or NAME=VALUE
+    QStringList undefines;       // NAME
+    QStringList parameters;      // NAME=VALUE, parameters or generics of the top module
     QString verilogStandard;
     QString workingDir;
 };
