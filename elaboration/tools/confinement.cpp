@@ -151,16 +151,50 @@ QString findFault()
 
 } // namespace
 
+namespace {
+
+struct Confinement
+{
+    enum Knowledge { Unknown, Works, Fails };
+    QString program;
+    Knowledge knowledge = Unknown;
+    QString fault;
+};
+
+// By the program, so that one that is installed meanwhile is found.
+Confinement &confinement()
+{
+    static Confinement known;
+    const QString program = bubblewrap();
+    if (known.program != program || program.isEmpty()) {
+        known = Confinement();
+        known.program = program;
+    }
+    return known;
+}
+
+} // namespace
+
 QString confinementFault()
 {
-    // By the program, so that one that is installed meanwhile is found.
-    static QString triedProgram(QLatin1Char('-'));
-    static QString fault;
-    if (triedProgram != bubblewrap()) {
-        triedProgram = bubblewrap();
-        fault = findFault();
+    Confinement &known = confinement();
+    if (known.knowledge == Confinement::Unknown) {
+        known.fault = findFault();
+        known.knowledge = known.fault.isEmpty() ? Confinement::Works : Confinement::Fails;
     }
-    return fault;
+    return known.fault;
+}
+
+bool mayConfine()
+{
+    const Confinement &known = confinement();
+    return !known.program.isEmpty() && known.knowledge != Confinement::Fails;
+}
+
+void noteConfinedRun()
+{
+    if (confinement().knowledge == Confinement::Unknown)
+        confinement().knowledge = Confinement::Works;
 }
 
 QStringList confinedCommand(const ToolCall &call)

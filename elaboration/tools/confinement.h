@@ -11,8 +11,14 @@ struct ToolCall;
 // bubblewrap, in namespaces of its own. The whole file system is read-only but for one folder, there is no
 // network, no socket, no other process, no device but the null one, and only the environment that tools need.
 
-// Empty when tools can be confined here; else why not, as the end of a sentence. Found out once.
+// Empty when tools can be confined here; else why not, as the end of a sentence. Found out once, by a trial
+// unless a tool was confined already.
 QString confinementFault();
+
+// False when it is known that tools cannot be confined here. Otherwise one is started as if they could, and
+// the trial is only made when bubblewrap refuses, since it takes as long as a tool's own confinement.
+bool mayConfine();
+void noteConfinedRun(); // a tool ran confined
 
 // What to start instead of the call's program and arguments, which it then runs confined.
 QStringList confinedCommand(const ToolCall &call);

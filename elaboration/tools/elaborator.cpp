@@ -55,17 +55,25 @@ void Elaborator::start()
 
 void Elaborator::begin()
 {
-    const QString fault = confinementFault();
-    if (!fault.isEmpty())
-        m_result->lists.messages.append(
-            QLatin1String("WARNING: The tools that read the design run with your rights, since ") + fault +
-            QLatin1String(
-                ". VHDL is therefore not started, and its signals are shown as GHDL translates them. "
-                "Install Debian's package bubblewrap."));
     if (checkSources())
         readVhdl();
     else
         Q_EMIT finished();
+}
+
+// The tools have run by now, so that nothing has to be tried to know.
+void Elaborator::warnOfRights()
+{
+    const QString fault = confinementFault();
+    if (fault.isEmpty())
+        return;
+    m_result->lists.messages.prepend(
+        QLatin1String("WARNING: The tools that read the design run with your rights, since ") + fault +
+        QLatin1String(
+            ". VHDL is therefore not started, and its signals are shown as GHDL translates them. ") +
+        QLatin1String(findProgram(QLatin1String("bwrap")).isEmpty()
+                          ? "Install Debian's package bubblewrap."
+                          : "Let this user make user namespaces (kernel.unprivileged_userns_clone)."));
 }
 
 bool Elaborator::checkSources()
@@ -124,18 +132,20 @@ void Elaborator::readDesign()
 
 void Elaborator::proceed(Verdict verdict)
 {
-    const auto end = [this] {
-        finish();
+    const auto end = [this](bool isWhole) {
+        if (isWhole)
+            finish();
+        warnOfRights();
         Q_EMIT finished();
     };
     if (verdict == Again)
         readDesign();
     else if (verdict == Failed)
-        Q_EMIT finished();
+        end(false);
     else if (m_vhdl)
-        m_vhdl->finishTree(end);
+        m_vhdl->finishTree([end] { end(true); });
     else
-        end();
+        end(true);
 }
 
 void Elaborator::judge(const ToolResult &result)

@@ -55,6 +55,7 @@ private:
     bool checkSources();
     void readVhdl();
     void readDesign();
+    void warnOfRights();
     void proceed(Verdict verdict);
     void judge(const ToolResult &result);
     void repair(const QList<ToolMessage> &errors);

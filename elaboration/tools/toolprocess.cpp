@@ -105,8 +105,8 @@ QString hungMessage(const ToolCall &call)
         call,
         QLatin1String("did not end within ") + QString::number(secondsOf(call)) +
             QLatin1String(" seconds and was stopped"),
-        QLatin1String("If the design needs longer, set JEX_TOOL_TIMEOUT to a larger number of "
-                      "seconds."));
+        QLatin1String("If the design needs longer, let the variable JEX_TOOL_TIMEOUT give a larger number "
+                      "of seconds."));
 }
 
 QString memoryMessage(const ToolCall &call, qint64 limit)
@@ -114,8 +114,9 @@ QString memoryMessage(const ToolCall &call, qint64 limit)
     return limitMessage(
         call,
         QLatin1String("needed more memory than the ") + megabytes(limit) + QLatin1String(" that it may take"),
-        QLatin1String("Look for a range or a loop that is too large. If the design needs more, "
-                      "set JEX_TOOL_MEMORY to a larger number of MB."));
+        QLatin1String("Look for a range or a loop that is too large. If the design needs more, allow more "
+                      "MB: under Project / Tool Memory in the workbench, with --tool-memory, or in the "
+                      "variable JEX_TOOL_MEMORY."));
 }
 
 QString writtenMessage(const ToolCall &call, const QString &what, qint64 limit)
@@ -123,6 +124,24 @@ QString writtenMessage(const ToolCall &call, const QString &what, qint64 limit)
     return limitMessage(
         call, QLatin1String("wrote more than ") + megabytes(limit) + what + QLatin1String(" and was stopped"),
         QLatin1String("Look for the source that causes it by leaving files out."));
+}
+
+// The option or command of ours that a tool of another version refuses, as in
+//   %Error: Invalid option: --xml-only
+//   /usr/bin/ghdl-mcode: unknown command '--synth', try 'help'
+QString refusedWord(const QByteArray &errors)
+{
+    const QRegExp refusal(QLatin1String("(^|\n)(%Error: Invalid option:|[^\n ]*: (unknown command( option)?|"
+                                        "invalid option --)) '?([-\\w]+)"));
+    return refusal.indexIn(QString::fromUtf8(errors)) < 0 ? QString() : refusal.cap(5);
+}
+
+QString versionMessage(const ToolCall &call, const QString &word)
+{
+    return QString::fromLatin1("ERROR: ") + call.name + QLatin1String(" (") + call.program +
+           QLatin1String(") does not know ") + word +
+           QLatin1String(", so it is of another version. Install Debian's package, or let the variable ") +
+           call.variable + QLatin1String(" name another program.");
 }
 
 QString diedMessage(const ToolCall &call, const QByteArray &errors)
@@ -155,6 +174,7 @@ ToolRun::ToolRun(const ToolCall &call) : m_call(call), m_process(new GroupProces
 
 void ToolRun::start()
 {
+    m_isConfined = mayConfine();
     QProcessEnvironment environment;
     for (const QString &variable : toolEnvironment(m_call))
         environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
@@ -171,7 +191,7 @@ void ToolRun::start()
     connect(m_process.get(), SIGNAL(readyReadStandardError()), SLOT(readOutput()));
     connect(m_process.get(), SIGNAL(finished(int, QProcess::ExitStatus)), SLOT(noteEnd()));
     QStringList command = QStringList(m_call.program) + m_call.arguments;
-    if (confinementFault().isEmpty())
+    if (m_isConfined)
         command = confinedCommand(m_call);
     else
         m_process->rights = m_call.evaluatesSources ? ReadingTool : OwnRights;
@@ -188,6 +208,17 @@ void ToolRun::start()
     QTimer *watch = new QTimer(this);
     connect(watch, SIGNAL(timeout()), SLOT(measureFolder()));
     watch->start(200);
+}
+
+// Bubblewrap is there but may not work here, which is known from now on.
+void ToolRun::startAgain()
+{
+    qDeleteAll(findChildren<QTimer *>());
+    m_process->disconnect(this);
+    m_process.release()->deleteLater(); // it calls us
+    m_process.reset(new GroupProcess);
+    m_result = ToolResult();
+    start();
 }
 
 ToolRun::~ToolRun()
@@ -246,12 +277,17 @@ void ToolRun::noteEnd()
     // What a tool started goes with it.
     m_process->killGroup();
     m_result.exitCode = m_process->exitCode();
+    const bool isRefused = m_isConfined && lastWords().startsWith("bwrap: ");
+    if (isRefused && !confinementFault().isEmpty() && !m_call.runsSources)
+        return startAgain();
+    if (m_isConfined && !isRefused)
+        noteConfinedRun();
     const bool isGood = m_process->exitStatus() == QProcess::NormalExit;
     // Bubblewrap, and a shell, tell of a tool that a signal ended by 128 and its number.
     const int signalNumber = isGood ? m_result.exitCode - 128 : 0;
-    if (m_result.errors.startsWith("bwrap: "))
+    if (isRefused)
         end(ToolResult::Missing,
-            missingMessage(m_call, QString::fromLocal8Bit(m_result.errors.mid(7)).trimmed()));
+            missingMessage(m_call, QString::fromLocal8Bit(lastWords().mid(7)).trimmed()));
     else if (signalNumber == SIGXFSZ)
         end(ToolResult::Stopped,
             writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
@@ -259,6 +295,8 @@ void ToolRun::noteEnd()
         end(ToolResult::Stopped, memoryMessage(m_call, m_process->limits.memoryBytes));
     else if (!isGood || (signalNumber > 0 && signalNumber <= SIGSYS))
         end(ToolResult::Died, diedMessage(m_call, m_result.errors));
+    else if (m_result.exitCode != 0 && !refusedWord(lastWords()).isEmpty())
+        end(ToolResult::Missing, versionMessage(m_call, refusedWord(lastWords())));
     else
         end(ToolResult::Finished, QString());
 }

@@ -67,6 +67,7 @@ private Q_SLOTS:
 
 private:
     void start();
+    void startAgain();
     QByteArray lastWords() const;
     void stop(const QString &reason);
     void end(ToolResult::Outcome outcome, const QString &message);
@@ -74,6 +75,7 @@ private:
     ToolCall m_call;
     ToolResult m_result;
     std::unique_ptr<GroupProcess> m_process;
+    bool m_isConfined = false;
     bool m_isEnding = false; // the result is known
     bool m_isOver = false;   // and told
 };

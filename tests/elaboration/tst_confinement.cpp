@@ -164,16 +164,31 @@ private Q_SLOTS:
 
     // Where a tool cannot be confined, what would run the sources is not started, and what evaluates them can
     // write nothing.
+    void runsNothingUnconfined_data()
+    {
+        textColumns("bubblewrap", "reason", "remedy");
+        row("is missing", "", "bubblewrap is not installed", "Install Debian's package bubblewrap.");
+        row("is refused", "echo 'bwrap: No permissions to create a new namespace' >&2; exit 1",
+            "this system does not let bubblewrap work: bwrap: No permissions to create a new namespace",
+            "Let this user make user namespaces (kernel.unprivileged_userns_clone).");
+    }
+
     void runsNothingUnconfined()
     {
+        QFETCH(QString, bubblewrap);
+        QFETCH(QString, reason);
+        QFETCH(QString, remedy);
         QVERIFY(QDir().mkpath(m_sources->path("bin")));
         for (const char *tool : {"ghdl-mcode", "verilator_bin"})
             QFile::link(QStandardPaths::findExecutable(tool), m_sources->path(QString("bin/") + tool));
+        if (!bubblewrap.isEmpty())
+            m_sources->script("bin/bwrap", bubblewrap.toUtf8());
         qputenv("PATH", m_sources->path("bin").toUtf8());
         const QString warning =
-            "WARNING: The tools that read the design run with your rights, since bubblewrap is not "
-            "installed. VHDL is therefore not started, and its signals are shown as GHDL translates "
-            "them. Install Debian's package bubblewrap.";
+            "WARNING: The tools that read the design run with your rights, since " + reason +
+            ". VHDL is therefore not started, and its signals are shown as GHDL translates "
+            "them. " +
+            remedy;
         const QByteArray process =
             "-- synthesis translate_off\nprocess variable n : natural; begin n := f; wait; end "
             "process;\n-- synthesis translate_on\n";

@@ -264,9 +264,22 @@ private Q_SLOTS:
         QTest::newRow("hangs")
             << QByteArray("sleep 60 & wait")
             << "ERROR: %1 did not end within 1 seconds and was stopped while it read the * sources. If the "
-               "design needs longer, set JEX_TOOL_TIMEOUT to a larger number of seconds.";
+               "design needs longer, let the variable JEX_TOOL_TIMEOUT give a larger number of seconds.";
         QTest::newRow("prints garbage") << QByteArray("head -c 100000 /bin/sh; head -c 10000 /bin/sh >&2")
                                         << "ERROR: %1 ended with code 0 and gave no design. *";
+        QTest::newRow("has no run bit") << QByteArray("chmod")
+                                        << "ERROR: %1 could not be started (%3: it is not executable). "
+                                           "Install it, or let the variable %2 name the program.";
+        QTest::newRow("floods")
+            << QByteArray("exec yes >&2")
+            << "ERROR: %1 wrote more than 64 MB of messages and was stopped while it read "
+               "the * sources. Look for the source that causes it by leaving files out.";
+        QTest::newRow("is of another version")
+            << QByteArray(
+                   "case $0 in *Verilator) echo '%Error: Invalid option: --xml-only';; *) echo \"$0: unknown "
+                   "command option '--xml-only'\";; esac >&2; exit 1")
+            << "ERROR: %1 (%3) does not know --xml-only, so it is of another version. Install Debian's "
+               "package, or let the variable %2 name another program.";
         QTest::newRow("fails") << QByteArray("exit 3") << "ERROR: %1 ended with code 3 and gave no design. *";
     }
 
@@ -280,6 +293,8 @@ private Q_SLOTS:
         const QStringList tools[] = {{"Verilator", "JEX_VERILATOR", "a.v"}, {"GHDL", "JEX_GHDL", "b.vhd"}};
         for (const QStringList &tool : tools) {
             const QString program = body.isEmpty() ? path("none") : m_sources->script(tool.at(0), body);
+            if (body == "chmod")
+                QFile::setPermissions(program, QFile::ReadOwner);
             qputenv(qPrintable(tool.at(1)), program.toUtf8());
             const ModuleList list = listModules(m_sources->input({tool.at(2)}));
             QCOMPARE(list.messages.size(), 1);
@@ -288,6 +303,41 @@ private Q_SLOTS:
             QVERIFY2(fits(list.messages.first(), expected), qPrintable(list.messages.first()));
             QCOMPARE(list.modules + list.topModules, QStringList());
         }
+    }
+
+    // Tools that end well and yet did not do what they should.
+    void distrustsTools_data()
+    {
+        textColumns("tool", "script", "outcome");
+        row("cut design", "JEX_VERILATOR",
+            "verilator_bin \"$@\"; cut design.xml $(($(stat -c %s $TMPDIR/design.xml) / 2))",
+            "ERROR: Verilator ended with code 0 and gave no design. Check that @tool is Verilator 5.");
+        row("cut translation", "JEX_GHDL",
+            "case $1 in --synth) ghdl \"$@\" | head -c 12;; *) ghdl \"$@\";; esac",
+            "WARNING: GHDL ended with code 0 and gave no design. Look for the VHDL source that causes it by "
+            "*");
+        row("cut tree", "JEX_GHDL", "case \"$*\" in *-ds*) ghdl \"$@\" | head -c 700;; *) ghdl \"$@\";; esac",
+            "a:a x\na/u:b x s");
+        row("cut waveform", "JEX_GHDL", "ghdl \"$@\"; case $1 in --elab-run) cut scopes0.vcd 80;; esac",
+            "a:a x\na/u:b x");
+    }
+
+    void distrustsTools()
+    {
+        QFETCH(QString, tool);
+        QFETCH(QString, script);
+        QFETCH(QString, outcome);
+        m_sources->write("a.v", "module a(input x); b u(x); endmodule");
+        m_sources->write(
+            "b.vhd",
+            "entity b is port (x : in bit); end;\narchitecture a of b is signal s : bit; begin s <= x; end;");
+        const QByteArray cut = "cut() { head -c $2 $TMPDIR/$1 > $TMPDIR/cut; mv $TMPDIR/cut $TMPDIR/$1; }\n";
+        qputenv(qPrintable(tool), m_sources->script("tool", cut + script.toUtf8()).toUtf8());
+        QStringList seen;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"a.v", "b.vhd"}), seen));
+        seen += drawn(netlist.get());
+        const QString text = seen.join('\n').replace(m_sources->path("") + "/", "@");
+        QVERIFY2(fits(text, outcome), qPrintable(text));
     }
 
     void cancelsAtOnce()
@@ -301,6 +351,13 @@ private Q_SLOTS:
             return count;
         };
         const QByteArray slow = "sleep " + seconds + " & sleep " + seconds;
+        // A tool that ends well takes along what it started.
+        m_sources->write("a.v", "module a; endmodule");
+        qputenv("JEX_VERILATOR",
+                m_sources->script("tool", "sleep " + seconds + " & exec verilator_bin \"$@\"").toUtf8());
+        QCOMPARE(listModules(m_sources->input({"a.v"})).modules, QStringList("a"));
+        QTRY_COMPARE(running(), 0);
+        qunsetenv("JEX_VERILATOR");
         // The second one is slow only where it runs beside the others.
         const QByteArray slowBeside = "case \"$*\" in *-ds*) " + slow + ";; *) exec ghdl \"$@\";; esac";
         const QByteArrayList tools[] = {
