@@ -55,13 +55,15 @@ endif()
 # so a widget include that creeps in fails the build.
 function(jex_core_library name kind)
   add_library(${name} ${kind} ${ARGN})
-  target_link_libraries(${name} PUBLIC jex_flags jex_qtcore)
+  target_link_libraries(${name} PUBLIC $<BUILD_INTERFACE:jex_flags> jex_qtcore)
+  target_include_directories(${name} INTERFACE $<INSTALL_INTERFACE:include/jexins>)
 endfunction()
 
 # jex_gui_library(NAME SHARED|STATIC sources...)
 function(jex_gui_library name kind)
   add_library(${name} ${kind} ${ARGN})
-  target_link_libraries(${name} PUBLIC jex_flags jex_qtgui)
+  target_link_libraries(${name} PUBLIC $<BUILD_INTERFACE:jex_flags> jex_qtgui)
+  target_include_directories(${name} INTERFACE $<INSTALL_INTERFACE:include/jexins>)
 endfunction()
 
 # jex_room(NAME sources...): one room of the plug-in, compiled once and linked both into the plug-in

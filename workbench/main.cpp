@@ -30,6 +30,14 @@ void print(const QString &text)
     QTextStream(stdout) << text << '\n';
 }
 
+// Of a program that is installed, or else of one that was built only.
+QString ownPlugin()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString installed = QDir::cleanPath(folder + "/../" INSTALLED_LIBRARIES "/libRtlJEXIns.so");
+    return QFile::exists(installed) ? installed : QDir::cleanPath(folder + "/../lib/libRtlJEXIns.so");
+}
+
 // Opens the window's contents and says, to whom it may concern, what went wrong.
 class Start
 {
@@ -38,9 +46,8 @@ public:
 
     bool loadPlugins(ExtSys::PluginManager &plugins)
     {
-        const QString fallback = QCoreApplication::applicationDirPath() + "/../lib/libRtlJEXIns.so";
         QString error;
-        if (!plugins.load(m_options.plugin.isEmpty() ? QDir::cleanPath(fallback) : m_options.plugin, &error))
+        if (!plugins.load(m_options.plugin.isEmpty() ? ownPlugin() : m_options.plugin, &error))
             return tell(error);
         bool good = true;
         for (const QString &message : plugins.initialize())

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -252,7 +253,12 @@ void drawWidget(QWidget *widget, QStringList &lines)
         lines << name + QString::number(number->value());
     else if (const auto *label = qobject_cast<QLabel *>(widget))
         lines << name + label->text();
-    else if (const auto *items = qobject_cast<QAbstractItemView *>(widget))
+    else if (const auto *list = qobject_cast<QListWidget *>(widget)) {
+        for (int row = 0; row < list->count(); ++row) {
+            if (list->item(row)->foreground() != QBrush(Qt::gray)) // such expressions are not saved
+                lines << name + list->item(row)->text();
+        }
+    } else if (const auto *items = qobject_cast<QAbstractItemView *>(widget))
         drawRows(items->model(), QModelIndex(), name, lines);
 }
 

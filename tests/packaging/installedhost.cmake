@@ -1,0 +1,25 @@
+# Installs everything below WORK, builds examples/host against it and lets that open a file.
+file(REMOVE_RECURSE ${WORK})
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE code OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  if(NOT code EQUAL 0)
+    message(FATAL_ERROR "${ARGN} ended with ${code}:\n${output}${errors}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+foreach(component jex jexworkbench dev)
+  run(${CMAKE_COMMAND} --install ${BUILD} --component ${component} --prefix ${WORK}/prefix)
+endforeach()
+run(${CMAKE_COMMAND} -S ${SOURCE}/examples/host -B ${WORK}/host -DCMAKE_PREFIX_PATH=${WORK}/prefix
+  "-DCMAKE_CXX_FLAGS=${FLAGS}")
+run(${CMAKE_COMMAND} --build ${WORK}/host)
+run(${WORK}/host/samplehost ${SOURCE}/examples/soc/soc.jexprj ${SOURCE}/examples/soc/trigger.zub --trial)
+if(NOT output STREQUAL "trigger.zub\n")
+  message(FATAL_ERROR "The sample host shows '${output}'.")
+endif()
+# The workbench takes the plug-in that was installed with it.
+run(${WORK}/prefix/bin/jexworkbench --report ${SOURCE}/examples/soc/capture.zub)
+if(NOT output MATCHES "capture.zub: check passed")
+  message(FATAL_ERROR "The installed workbench says '${output}'.")
+endif()
