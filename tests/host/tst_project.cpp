@@ -46,8 +46,9 @@ private:
 const char fullProject[] = R"({
   "version": 1, "name": "demo", "topModule": "top", "verilogStandard": "1364-2005", "synthesisTool": "Yosys",
   "files": [{"path": "rtl/top.v"}, {"path": "../common/a b.v", "type": "SystemVerilog"},
-            {"path": "old.vhd", "enabled": false}],
-  "includePaths": ["inc", "/opt/inc"], "libraryPaths": ["../lib"], "defines": ["WIDTH=8"],
+            {"path": "old.vhd", "enabled": false, "library": "uart"}, {"path": "cells.v", "onlyWhenUsed": true}],
+  "includePaths": ["inc", "/opt/inc"], "libraryPaths": ["../lib"], "librarySuffixes": [".v", ".vo"],
+  "defines": ["WIDTH=8"], "undefines": ["SYNTHESIS"], "parameters": ["DEPTH=4"],
   "device": {"series": "S", "device": "D", "package": "P", "partNumber": "é"}
 })";
 
@@ -186,6 +187,7 @@ private Q_SLOTS:
         QVERIFY(!project.fileMark().isOutdated(path));
         QString text = fullProject;
         text.replace("rtl/top.v", "rtl/next.v").replace("SystemVerilog", "VHDL").replace("WIDTH=8", "W=1");
+        text.replace("DEPTH=4", "DEPTH=5").replace(", \"onlyWhenUsed\": true", "");
         dir.write("demo.jexprj", text.replace("\"enabled\": false", "\"enabled\": true").toUtf8());
         QVERIFY(project.fileMark().isOutdated(path));
         project.setOption("TopModule", "edited");
@@ -195,12 +197,14 @@ private Q_SLOTS:
         QCOMPARE(recorder.lines.join('\n'), QString("TE.File.Add file=next.v\n"
                                                     "TE.File.Change.Type file=a b.v previous=3 type=4\n"
                                                     "TE.File.Change.Enable enable=true file=old.vhd type=4\n"
+                                                    "TE.File.Change.Type file=cells.v previous=2 type=2\n"
                                                     "TE.File.Remove enable=true file=top.v type=2\n"
                                                     "TE.Option.Change option=TopModule\n"
-                                                    "TE.Option.Change option=Defines"));
+                                                    "TE.Option.Change option=Defines\n"
+                                                    "TE.Option.Change option=Parameters"));
         dir.write("demo.jexprj", "{");
         QString error;
-        QVERIFY(!project.reload(&error) && project.data().files.size() == 3);
+        QVERIFY(!project.reload(&error) && project.data().files.size() == 4);
     }
 
     void everyChangePostsItsEvent()
@@ -214,6 +218,8 @@ private Q_SLOTS:
         project.setFileEnabled("a.v", true);
         project.setFileEnabled("a.v", false);
         project.setFileType("a.v", TE::SystemVerilogFile);
+        project.setFileLibrary("a.v", "lib");
+        project.setFileLibrary("a.v", "lib");
         project.setOption("IncludePath", QStringList("inc"));
         project.setOption("IncludePath", QStringList("inc"));
         project.setOption("Verilog_Standard", "1800-2017");
@@ -228,6 +234,7 @@ private Q_SLOTS:
                                                     "TE.File.Add file=n.zub\n"
                                                     "TE.File.Change.Enable enable=false file=a.v type=2\n"
                                                     "TE.File.Change.Type file=a.v previous=2 type=3\n"
+                                                    "TE.File.Change.Type file=a.v previous=3 type=3\n"
                                                     "TE.Option.Change option=IncludePath\n"
                                                     "TE.Option.Change option=Verilog_Standard\n"
                                                     "TE.Device.Change\n"
@@ -250,7 +257,8 @@ private Q_SLOTS:
         for (const QVariant &file : info.value("Files").toList())
             files << file.toMap().value("Path").toString() + ":" + file.toMap().value("Type").toString();
         QCOMPARE(files.join(' '),
-                 dir.path("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3");
+                 dir.path("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3 " +
+                     dir.path("cells.v") + ":2");
         QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.path("inc"), "/opt/inc"}));
         QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
         QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
