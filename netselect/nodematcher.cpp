@@ -38,6 +38,13 @@ bool beginsAnywhere(const SearchOptions &options)
            looks.indexIn(options.pattern) < 0;
 }
 
+// False for what is made of letters and digits, their sets and repetitions alone.
+bool mayFitSeparator(const QString &regExp)
+{
+    const QRegExp harmless(QLatin1String("(?:\\w|[:;|()*+?{},]|\\\\[dw]|\\[\\w(?:-?\\w)*\\])*"));
+    return !harmless.exactMatch(regExp);
+}
+
 } // namespace
 
 NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_pattern(options)
@@ -46,6 +53,7 @@ NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_p
         m_regExp = QRegExp(options.pattern, options.caseSensitivity, options.patternSyntax);
     if (m_pattern.usable() && beginsAnywhere(options))
         m_rest = QRegExp(options.pattern.mid(2), options.caseSensitivity);
+    m_crosses = mayFitSeparator(m_rest.pattern());
     for (size_t piece = 0; piece <= m_pattern.pieceCount(); ++piece)
         m_literals.push_back(QStringMatcher(m_pattern.literal(piece)));
 }
@@ -91,14 +99,31 @@ const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &
 
 // Whether what follows the leading ".*" can begin in the instance's path and end in a short name. QRegExp
 // tells how much of a text it followed.
-bool NodeMatcher::mayStraddle() const
+bool NodeMatcher::mayStraddle()
 {
-    for (int from = 0; from < m_beginning.size(); ++from) {
+    for (int from = 0; m_crosses && from < m_beginning.size(); ++from) {
+        if (!mayBeginRest(from))
+            continue;
         const QString end = m_beginning.mid(from);
         if (m_rest.exactMatch(end) || m_rest.matchedLength() == end.size())
             return true;
     }
     return false;
+}
+
+// By the two letters there, about which the pattern is asked once for all instances.
+bool NodeMatcher::mayBeginRest(int from)
+{
+    if (from + 2 > m_beginning.size() || !isAscii(m_beginning.constData() + from, 2))
+        return true;
+    const int letters = 128;
+    m_pairs.resize(letters * letters, NotAsked);
+    PairState &state = m_pairs[m_beginning.at(from).unicode() * letters + m_beginning.at(from + 1).unicode()];
+    if (state == NotAsked) {
+        const bool fits = m_rest.exactMatch(m_beginning.mid(from, 2)) || m_rest.matchedLength() == 2;
+        state = fits ? CanBegin : CannotBegin;
+    }
+    return state == CanBegin;
 }
 
 // The entries whose short names fit from the piece on, all of them behind the last piece.

@@ -36,6 +36,7 @@ private:
         quint32 isBus : 1;
     };
     typedef std::vector<Fit> Fits;
+    enum PairState : unsigned char { NotAsked, CanBegin, CannotBegin };
     struct ModuleFits
     {
         std::map<size_t, Fits> fromPiece; // by the piece that matching goes on with
@@ -50,7 +51,8 @@ private:
     template <typename Visit>
     void visitWithLiteral(const QUARRY::RtlModule &module, const QString &text, size_t piece,
                           Visit visit) const;
-    bool mayStraddle() const;
+    bool mayStraddle();
+    bool mayBeginRest(int from);
     void setPath(const QString &path);
     const QString &compose(const QUARRY::RtlModule &module, const QUARRY::RtlModule::Entry &entry);
     bool matches(const QString &fullName) const;
@@ -59,6 +61,8 @@ private:
     NamePattern m_pattern;
     QRegExp m_regExp;
     QRegExp m_rest;                         // the pattern behind a leading ".*"; empty when that says nothing
+    bool m_crosses = true;                  // whether it may fit a separator
+    std::vector<PairState> m_pairs;         // of ASCII, by first and second letter
     std::vector<QStringMatcher> m_literals; // by the piece that matching goes on with
     QHash<const QUARRY::RtlModule *, ModuleFits> m_fits;
     QString m_beginning; // of the instance's full names: path and separator
