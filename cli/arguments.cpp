@@ -19,7 +19,7 @@ bool isProjectFile(const QString &path)
 
 bool isOfDesign(const QString &path)
 {
-    return TE::isDesignFileType(TE::fileTypeFromName(path));
+    return TE::isDesignFileType(TE::fileTypeFromName(path)) || QFileInfo(path).isDir();
 }
 
 } // namespace
@@ -40,11 +40,12 @@ void Arguments::addDesign()
 {
     parser.addOption({{"p", "project"}, "The project file (.jexprj) of the design.", "PROJECT"});
     CommandLine::declareDesignOptions(parser);
+    m_hasDesign = true;
 }
 
 bool Arguments::read(const QStringList &words, Output &out)
 {
-    if (!parser.parse(QStringList(m_command) + words)) {
+    if (!parser.parse(QStringList(m_command) + (m_hasDesign ? CommandLine::plainWords(words) : words))) {
         m_result = refuse(parser.errorText());
         return false;
     }
@@ -92,15 +93,16 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
 
 bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
 {
-    QString error;
+    QStringList faults;
     QStringList all = files;
     CommandLine::readDesignOptions(parser, options);
     if (!accept(options))
         return false;
     if (parser.isSet("project"))
         all.prepend(parser.value("project"));
-    if (!CommandLine::addFiles(all, options, error)) {
-        say("jex " + m_command + ": " + error);
+    if (!CommandLine::addFiles(all, options, faults)) {
+        for (const QString &fault : qAsConst(faults))
+            say("jex " + m_command + ": " + fault);
         m_result = CouldNotRun;
         return false;
     }

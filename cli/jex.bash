@@ -12,8 +12,9 @@ _jex() {
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
-    -I | -y) COMPREPLY=($(compgen -d -- "$word")) ;;
-    --top | --in | --from | --to | -D | --tool-memory) ;; # names in the design are not looked up here
+    -I | -y | -incdir) COMPREPLY=($(compgen -d -- "$word")) ;;
+    # Names in the design are not looked up here.
+    --top | -top | --top-module | --in | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;

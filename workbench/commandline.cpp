@@ -19,18 +19,18 @@ void declareOptions(QCommandLineParser &parser)
         {"report", "Open everything, print what was found and end: with 0 when nothing went wrong."},
         {"shot", "Write a picture of the window and end.", "PNG"},
         {{"h", "help"}, "Show this text and end."},
-        {{"v", "version"}, "Show the version and end."},
+        {"version", "Show the version and end."},
     });
 }
 
 } // namespace
 
-bool parseCommandLine(const QStringList &arguments, StartOptions &options, QString &errorMessage)
+bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStringList &messages)
 {
     QCommandLineParser parser;
     declareOptions(parser);
-    if (!parser.parse(arguments)) {
-        errorMessage = parser.errorText();
+    if (!parser.parse(CommandLine::plainWords(arguments))) {
+        messages << parser.errorText();
         return false;
     }
     CommandLine::readDesignOptions(parser, options);
@@ -39,7 +39,7 @@ bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStri
     options.plugin = parser.value("plugin");
     options.shot = parser.value("shot");
     options.report = parser.isSet("report");
-    return CommandLine::addFiles(parser.positionalArguments(), options, errorMessage);
+    return CommandLine::addFiles(parser.positionalArguments(), options, messages);
 }
 
 QString helpText()

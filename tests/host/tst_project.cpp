@@ -60,10 +60,14 @@ QString described(const ProjectData &data, const QString &folder)
             words << prefix + value;
     };
     for (const Core::SourceFile &file : data.files)
-        words << file.path + ":" + QString::number(file.type);
+        words << file.path + ":" + QString::number(file.type) +
+                     (file.library.isEmpty() ? "" : "@" + file.library) + (file.onlyWhenUsed ? "?" : "");
     add("I:", data.includePaths);
     add("y:", data.libraryPaths);
+    add("ext:", data.librarySuffixes);
     add("D:", data.defines);
+    add("U:", data.undefines);
+    add("G:", data.parameters);
     if (!data.topModule.isEmpty())
         words << "top:" + data.topModule;
     return words.join(", ").remove(folder + '/');
@@ -254,11 +258,16 @@ private Q_SLOTS:
 
         const QMap<QString, QVariant> info = manager->getSourceFileInfo();
         QStringList files;
-        for (const QVariant &file : info.value("Files").toList())
-            files << file.toMap().value("Path").toString() + ":" + file.toMap().value("Type").toString();
-        QCOMPARE(files.join(' '),
-                 dir.path("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3 " +
-                     dir.path("cells.v") + ":2");
+        for (const QVariant &entry : info.value("Files").toList()) {
+            const QVariantMap file = entry.toMap();
+            files << file["Path"].toString() + ":" + file["Type"].toString() +
+                         (file["OnlyWhenUsed"].toBool() ? "?" : "");
+        }
+        QCOMPARE(files.join(' '), dir.path("rtl/top.v") + ":2 " +
+                                      QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3 " +
+                                      dir.path("cells.v") + ":2?");
+        QCOMPARE(info.value("DisabledFiles").toStringList(), QStringList(dir.path("old.vhd")));
+        QCOMPARE(info.value("LibrarySuffix").toStringList().join(' '), QString(".v .vo"));
         QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.path("inc"), "/opt/inc"}));
         QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
         QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
@@ -311,13 +320,27 @@ private Q_SLOTS:
         textColumns("expected", "message");
         row("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n", "a.v:2, b.sv:3, my dir/c d.vhd:4", "");
         row("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a b\"\n-y lib +libext+.v -v a.v --top-module t",
-            "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t", "");
+            "a.v:2?, I:inc, I:lib, y:lib, ext:.v, D:X=1, D:Y, D:Z=a b, top:t", "");
+        row("+define+F=\\\"x.hex\\\" -D \"G=\\\"a b\\\"\" -U V -UW -GN=1 -pvalue+M=2 -I inc -define H a.v",
+            "a.v:2, I:inc, D:F=\"x.hex\", D:G=\"a b\", D:H, U:V, U:W, G:N=1, G:M=2", "");
+        row("-work one \"my dir/c d.vhd\" -F libs.f e.vhd a.v",
+            "my dir/c d.vhd:4@one, lib/f.vhd:4@two, e.vhd:4@one, a.v:2", "");
+        row("lib inc/../lib -v lib\\l.v", "lib/f.vhd:4, lib/l.v:2", "");
         row("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv", "a.v:2, lib/l.v:2, b.sv:3", "");
         row("a.v \\\r\nb.sv\r\n", "a.v:2, b.sv:3", "");
         row("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"", "lib/l.v:2", "");
         row("a.v -sv", "a.v:3", "");
         row("-F lib/in.f -f lib/in2.f", "lib/l.v:2, a.v:2", "");
         row("a.v\n-timescale=1ns/1ps", "a.v:2", "%1:2: the option \"-timescale=1ns/1ps\" was passed over.");
+        row("-timescale 1ns/1ps -l a.v -quiet b.sv -seed 3 +x -q -r a.v", "b.sv:3, a.v:2",
+            "%1:1: the option \"-timescale 1ns/1ps\" was passed over.\n"
+            "%1:1: the option \"-l a.v\" was passed over.\n%1:1: the option \"-quiet\" was passed over.\n"
+            "%1:1: the option \"-seed 3\" was passed over.\n%1:1: the option \"+x\" was passed over.\n"
+            "%1:1: the option \"-q\" was passed over.\n%1:1: the option \"-r\" was passed over.");
+        row("C:\\x\\a.v", "",
+            "%1:1: there is no file \"C:\\x\\a.v\": its path is one of another system. Write it as seen from "
+            "the "
+            "list.");
         row("+incdir+my\\ dir+other", "", "%1:1: there is no folder \"%2/other\".");
         row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
         row("a.v\npipe", "", "%1:2: \"%2/pipe\" is a named pipe, not a source.");
@@ -336,6 +359,11 @@ private Q_SLOTS:
         row("a.v\n\"b.sv", "", "%1:2: these quotes do not end.");
         row("a.v\n/* b", "", "%1:2: this comment does not end.");
         row("$JEX_NOT_SET/a.v", "", "%1:1: the environment variable \"JEX_NOT_SET\" is not set.");
+        row("x.v +incdir+$JEX_NOT_SET+$JEX_T\n-y $JEX_NONE a.v -y none $JEX_NOT_SET\ny.v", "",
+            "%1:1: the environment variable \"JEX_NOT_SET\" is not set.\n"
+            "%1:2: the environment variable \"JEX_NONE\" is not set.\n"
+            "%1:1: there is no file \"%2/x.v\".\n%1:2: there is no folder \"%2/none\".\n"
+            "%1:3: there is no file \"%2/y.v\".");
     }
 
     void fileLists()
@@ -343,8 +371,10 @@ private Q_SLOTS:
         QFETCH(QString, expected);
         QFETCH(QString, message);
         const Folder dir;
-        for (const char *file : {"a.v", "b.sv", "my dir/c d.vhd", "lib/l.v", "inc/h.vh"})
+        for (const char *file :
+             {"a.v", "b.sv", "e.vhd", "my dir/c d.vhd", "lib/l.v", "lib/f.vhd", "inc/h.vh"})
             dir.write(file, "");
+        dir.write("libs.f", "-work two lib/f.vhd");
         dir.write("lib/in.f", "l.v");
         dir.write("./:o.v", "");
         QCOMPARE(mkfifo(qPrintable(dir.path("pipe")), 0600), 0);
