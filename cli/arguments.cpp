@@ -6,16 +6,11 @@
 #include <iterator>
 
 #include "host/designmanager.h"
-#include "host/project.h"
+#include "host/foreignproject.h"
 
 namespace Cli {
 
 namespace {
-
-bool isProjectFile(const QString &path)
-{
-    return QFileInfo(path).suffix().toLower() == Core::projectFileSuffix();
-}
 
 bool isOfDesign(const QString &path)
 {
@@ -38,7 +33,8 @@ void Arguments::addJson()
 
 void Arguments::addDesign()
 {
-    parser.addOption({{"p", "project"}, "The project file (.jexprj) of the design.", "PROJECT"});
+    parser.addOption(
+        {{"p", "project"}, "The project file of the design: .jexprj, vhdl_ls.toml or .eda.yml.", "PROJECT"});
     CommandLine::declareDesignOptions(parser);
     m_hasDesign = true;
 }
@@ -78,13 +74,14 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
         return false;
     }
     for (const QString &project : qAsConst(projects)) {
-        if (!isProjectFile(project)) {
-            m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");
+        if (!Core::isProjectName(project)) {
+            m_result = refuse("The project \"" + project +
+                              "\" is not a .jexprj file, nor a vhdl_ls.toml or .eda.yml.");
             return false;
         }
     }
     const QStringList words = files();
-    std::copy_if(words.begin(), words.end(), std::back_inserter(projects), isProjectFile);
+    std::copy_if(words.begin(), words.end(), std::back_inserter(projects), Core::isProjectName);
     if (projects.size() > 1)
         m_result =
             refuse("There can be one project: \"" + projects.first() + "\" or \"" + projects.at(1) + "\".");

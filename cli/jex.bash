@@ -11,7 +11,9 @@ _jex() {
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
-    -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
+    -p | --project)
+      COMPREPLY=($(shopt -s extglob; compgen -f -X '!*@(.jexprj|.toml|.eda.yml|.eda.yaml)' -- "$word") $(compgen -d -- "$word"))
+      ;;
     -I | -y | -incdir) COMPREPLY=($(compgen -d -- "$word")) ;;
     # Names in the design are not looked up here.
     --top | -top | --top-module | --in | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;

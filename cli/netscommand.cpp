@@ -8,6 +8,7 @@
 #include "cli/design.h"
 #include "cli/netlisting.h"
 #include "host/designmanager.h"
+#include "host/foreignproject.h"
 #include "netselect/netsearch.h"
 
 namespace Cli {
@@ -15,8 +16,7 @@ namespace {
 
 bool isDesignFile(const QString &word)
 {
-    return word.endsWith(QString(".") + Core::projectFileSuffix(), Qt::CaseInsensitive) ||
-           TE::isDesignFileType(TE::fileTypeFromName(word));
+    return Core::isProjectName(word) || TE::isDesignFileType(TE::fileTypeFromName(word));
 }
 
 // HDL files stand among the words as the pattern does; what is no file of a design is the pattern. A folder

@@ -8,6 +8,7 @@
 #include "elaboration/tools/toollimits.h"
 #include "host/designmanager.h"
 #include "host/filelist.h"
+#include "host/foreignproject.h"
 #include "host/project.h"
 #include "host/regularfile.h"
 #include "host/sourcefolder.h"
@@ -221,7 +222,7 @@ bool addFiles(const QStringList &files, DesignOptions &options, QStringList &mes
             messages << missingFile(file);
         } else if (isStream || suffix == "zub") {
             options.editorFiles << file;
-        } else if (suffix != Core::projectFileSuffix()) {
+        } else if (!Core::isProjectName(file)) {
             options.sources << file;
         } else if (options.projectFile.isEmpty()) {
             options.projectFile = file;

@@ -1,8 +1,9 @@
 #include "host/listwords.h"
 
 #include <QDir>
-#include <QRegExp>
 #include <QSet>
+
+#include "host/variable.h"
 
 namespace Core {
 namespace {
@@ -98,24 +99,21 @@ private:
         advance();
     }
 
-    // $NAME, ${NAME} or $(NAME); a dollar sign that no name follows is itself.
     void takeVariable(ListWord &word)
     {
-        QRegExp form(QLatin1String("\\$(?:(\\w+)|\\{(\\w+)\\}|\\((\\w+)\\))"));
-        if (form.indexIn(m_text, m_at, QRegExp::CaretAtOffset) != m_at) {
+        Variable variable;
+        if (!readVariable(m_text, m_at, variable)) {
             word.text.append(next());
             advance();
             return;
         }
-        const QString name = form.cap(1) + form.cap(2) + form.cap(3);
-        const QByteArray value = qgetenv(name.toLocal8Bit().constData());
-        if (value.isNull() && !m_unset.contains(name)) {
-            fail(m_line, QString::fromLatin1("the environment variable \"%1\" is not set.").arg(name));
-            m_unset.insert(name);
+        if (!variable.isSet && !m_unset.contains(variable.name)) {
+            fail(m_line, variable.fault());
+            m_unset.insert(variable.name);
         }
-        word.isWhole = word.isWhole && !value.isNull();
-        word.text.append(QString::fromLocal8Bit(value));
-        advance(form.matchedLength());
+        word.isWhole = word.isWhole && variable.isSet;
+        word.text.append(variable.value);
+        advance(variable.length);
     }
 
     void fail(int line, const QString &fault) { faults.append(placeInList(m_list, line) + fault); }

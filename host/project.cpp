@@ -11,6 +11,7 @@
 #include "host/backupfile.h"
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
+#include "host/foreignproject.h"
 #include "host/projectfile.h"
 #include "host/regularfile.h"
 
@@ -125,14 +126,18 @@ void moveRelativePaths(QStringList &paths, const QString &oldFolder, const QStri
     }
 }
 
-bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, QString *errorMessage)
+bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, QStringList &notes,
+                 QString *errorMessage)
 {
+    const QString folder = QFileInfo(path).absolutePath();
     QByteArray bytes;
     QString fault = QUtil::pendingBackupFault(path);
     if (!fault.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, &bytes, &fault))
         fault += QLatin1Char('.');
+    else if (isForeignProject(path))
+        readForeignProject(path, bytes, folder, data, notes, fault);
     else
-        projectFromJson(bytes, QFileInfo(path).absolutePath(), data, fault);
+        projectFromJson(bytes, folder, data, fault);
     mark = QUtil::FileMark(bytes);
     if (!fault.isEmpty() && errorMessage)
         *errorMessage = QLatin1String("Can not read the project ") + QDir::toNativeSeparators(path) +
@@ -169,7 +174,9 @@ QString Project::filePath() const
 
 QString Project::workingDir() const
 {
-    return m_filePath.isEmpty() ? QDir::currentPath() : QFileInfo(m_filePath).absolutePath();
+    if (!m_filePath.isEmpty())
+        return QFileInfo(m_filePath).absolutePath();
+    return m_foreignPath.isEmpty() ? QDir::currentPath() : QFileInfo(m_foreignPath).absolutePath();
 }
 
 const ProjectData &Project::data() const
@@ -190,12 +197,16 @@ QString Project::absolutePath(const QString &path) const
 bool Project::load(const QString &filePath, QString *errorMessage)
 {
     const QString absolute = QFileInfo(filePath).absoluteFilePath();
+    const bool isForeign = isForeignProject(absolute);
     ProjectData read;
     QUtil::FileMark mark;
-    if (!readProject(absolute, read, mark, errorMessage))
+    QStringList notes;
+    if (!readProject(absolute, read, mark, notes, errorMessage))
         return false;
-    m_filePath = absolute;
-    m_fileMark = mark;
+    m_filePath = isForeign ? QString() : absolute;
+    m_foreignPath = isForeign ? absolute : QString();
+    m_notes = notes;
+    m_fileMark = isForeign ? QUtil::FileMark() : mark;
     setData(read);
     return true;
 }
@@ -204,7 +215,7 @@ bool Project::reload(QString *errorMessage)
 {
     ProjectData read;
     QUtil::FileMark mark;
-    if (!readProject(m_filePath, read, mark, errorMessage))
+    if (!readProject(m_filePath, read, mark, m_notes, errorMessage))
         return false;
     m_fileMark = mark;
     const ProjectData before = m_data;

@@ -60,14 +60,18 @@ public:
     ~Project() override;
 
     QString name() const;
-    QString filePath() const;   // the project file; empty for a project made from the command line
-    QString workingDir() const; // folder of the project file; the current folder when there is none
+    QString filePath() const;   // the project file; empty for one made from the command line or a foreign one
+    QString workingDir() const; // folder of the file it was read from; the current folder when there is none
     const ProjectData &data() const;
     bool isModified() const;
 
     // All fail with a sentence that names the file and the line or key at fault; a failed load leaves
     // the project as it was, a failed save the file. Saving replaces the file in one step.
+    // A project that another tool made (see foreignproject.h) is read into one without a file: it becomes one
+    // of our own by saveAs().
     bool load(const QString &filePath, QString *errorMessage);
+    QString foreignPath() const { return m_foreignPath; } // where it was read from; else empty
+    QStringList notes() const { return m_notes; }         // sentences on what of it was not understood
     bool save(QString *errorMessage);
     // Paths that are relative to the project's folder are adjusted to the new one.
     bool saveAs(const QString &filePath, QString *errorMessage);
@@ -106,6 +110,8 @@ private:
 
     ProjectData m_data;
     QString m_filePath;
+    QString m_foreignPath;
+    QStringList m_notes;
     QUtil::FileMark m_fileMark;
     bool m_modified;
 };

@@ -39,8 +39,9 @@ bool findSources(const QString &folder, FolderSources &found, QString &fault)
     found.includeFolders.sort();
     found.includeFolders.removeDuplicates();
     if (looked == lookLimit || found.files.size() > sourceLimit)
-        fault = QString::fromLatin1("The folder \"%1\" has too many files to stand for its sources: name those of "
-                                    "the design.")
+        fault = QString::fromLatin1(
+                    "The folder \"%1\" has too many files to stand for its sources: name those of "
+                    "the design.")
                     .arg(folder);
     else if (found.files.isEmpty())
         fault = QString::fromLatin1("There is no source in the folder \"%1\".").arg(folder);

@@ -11,8 +11,8 @@ struct FolderSources
     QStringList includeFolders; // those that hold headers
 };
 
-// The sources that a folder stands for: those in it and in the folders below, but neither hidden ones nor what
-// links to folders lead to. False, with a sentence, when there is none, and when there are more than a
+// The sources that a folder stands for: those in it and in the folders below, but neither hidden ones nor
+// what links to folders lead to. False, with a sentence, when there is none, and when there are more than a
 // project has.
 bool findSources(const QString &folder, FolderSources &found, QString &fault);
 

@@ -68,7 +68,8 @@ bool readSourceOption(const QString &word, SourceOption &option)
     for (const Spelling &spelling : spellings) {
         const QString known = QLatin1String(spelling.word);
         const bool isWhole = word == known;
-        const bool mayBeJoined = spelling.form == Joined || spelling.form == JoinedOrNext || spelling.form == Plus;
+        const bool mayBeJoined =
+            spelling.form == Joined || spelling.form == JoinedOrNext || spelling.form == Plus;
         if (!isWhole && (!mayBeJoined || !word.startsWith(known)))
             continue;
         const QString rest = word.mid(known.size());

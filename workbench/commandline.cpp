@@ -9,9 +9,9 @@ void declareOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
         "Edits the configuration of embedded logic analyzers in an FPGA design.\n\n"
-        "FILE is a project (.jexprj), a configuration to open (.zub) or a design source. Design sources "
-        "without\n"
-        "a project make a project of their own, which can be saved later.");
+        "FILE is a project (.jexprj, vhdl_ls.toml, .eda.yml), a configuration to open (.zub), a design\n"
+        "source or a folder of sources. Design sources without a project make a project of their own,\n"
+        "which can be saved later.");
     parser.addPositionalArgument("FILE", "Project, configurations and design sources.", "[FILE...]");
     CommandLine::declareDesignOptions(parser);
     parser.addOptions({

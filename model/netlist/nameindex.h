@@ -8,8 +8,8 @@
 
 namespace QUARRY {
 
-// Finds the numbers under which names were added, with eight bytes a name and none of their text. Names of one
-// hash only cost comparisons, however many a made-up design has.
+// Finds the numbers under which names were added, with eight bytes a name and none of their text. Names of
+// one hash only cost comparisons, however many a made-up design has.
 class NameIndex
 {
 public:
@@ -44,10 +44,7 @@ private:
         }
     };
 
-    static uint hashOf(const QChar *name, int length)
-    {
-        return qHash(QString::fromRawData(name, length));
-    }
+    static uint hashOf(const QChar *name, int length) { return qHash(QString::fromRawData(name, length)); }
 
     std::vector<Name> m_names;
 };
