@@ -47,8 +47,9 @@ std::unique_ptr<RtlNetlist> WideDesign::netlist() const
 
 QString WideDesign::writeVerilog(const QString &dir) const
 {
-    QString text = QStringLiteral("module leaf(input clk);\n  reg irq_7;\n  always @(posedge clk) irq_7 <= !irq_7;\n"
-                                  "endmodule\nmodule flat;\n");
+    QString text =
+        QStringLiteral("module leaf(input clk);\n  reg irq_7;\n  always @(posedge clk) irq_7 <= !irq_7;\n"
+                       "endmodule\nmodule flat;\n");
     for (int i = 0; i < width; ++i)
         text += QStringLiteral("  reg ") + flag(i) + QStringLiteral(";\n");
     text += QStringLiteral("endmodule\nmodule top(input clk);\n  flat u_flat();\n");

@@ -6,8 +6,8 @@
 
 #include "model/netlist/rtlnetlist.h"
 
-// A design that is wide where the large one is deep: 100,000 instances of two nets in one module, and a module
-// of 100,000 nets. The same as a netlist and as Verilog.
+// A design that is wide where the large one is deep: 100,000 instances of two nets in one module, and a
+// module of 100,000 nets. The same as a netlist and as Verilog.
 class WideDesign
 {
 public:

@@ -18,9 +18,8 @@ QString quoted(const QStringList &names)
 {
     const int shown = 8;
     const QString list = QStringList(names.mid(0, shown)).join(QLatin1String("\", \""));
-    const QString rest = names.size() > shown
-                             ? QString::fromLatin1(" and %1 more").arg(names.size() - shown)
-                             : QString();
+    const QString rest =
+        names.size() > shown ? QString::fromLatin1(" and %1 more").arg(names.size() - shown) : QString();
     return QLatin1Char('"') + list + QLatin1Char('"') + rest;
 }
 
@@ -161,7 +160,8 @@ private:
         if (!unknown.isEmpty())
             notes.append(QString::fromLatin1("Not understood, and left out: %1.").arg(quoted(unknown)));
         for (const QString &kind : m_others.keys())
-            notes.append(QString::fromLatin1("Left out of %1: %2.").arg(kind.trimmed(), quoted(m_others.value(kind))));
+            notes.append(
+                QString::fromLatin1("Left out of %1: %2.").arg(kind.trimmed(), quoted(m_others.value(kind))));
     }
 
     const YamlNode &m_root;

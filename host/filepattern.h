@@ -5,8 +5,8 @@
 
 namespace Core {
 
-// Files by patterns, as "src/**/*_pkg.vhd": * ? and [sets] stand for parts of a name, ** for folders below each
-// other. Hidden files match only what begins with a dot, and links to folders are no way for **.
+// Files by patterns, as "src/**/*_pkg.vhd": * ? and [sets] stand for parts of a name, ** for folders below
+// each other. Hidden files match only what begins with a dot, and links to folders are no way for **.
 class FilePattern
 {
 public:

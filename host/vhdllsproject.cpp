@@ -6,8 +6,11 @@
 #include "host/foreignproject.h"
 #include "host/variable.h"
 
-#define TOML_EXCEPTIONS 0
+// Without exceptions the parser goes on behind a fault, into assertions of its own.
+#define TOML_EXCEPTIONS 1
 #include <toml++/toml.h>
+
+#include <exception>
 
 namespace Core {
 namespace {
@@ -32,6 +35,22 @@ bool isTooDeep(const QByteArray &bytes)
 QString fromKey(const toml::key &key)
 {
     return QString::fromUtf8(key.data(), int(key.length()));
+}
+
+// False with the fault of a text that is no TOML; the library's exceptions end here.
+bool parse(const QByteArray &bytes, toml::table &document, QString &fault)
+{
+    try {
+        document = toml::parse(std::string_view(bytes.constData(), size_t(bytes.size())));
+    } catch (const toml::parse_error &error) {
+        const std::string_view reason = error.description();
+        fault = QString::fromLatin1("line %1: %2.")
+                    .arg(QString::number(error.source().begin.line),
+                         QString::fromUtf8(reason.data(), int(reason.size())));
+    } catch (const std::exception &error) {
+        fault = QString::fromUtf8(error.what()) + QLatin1Char('.');
+    }
+    return fault.isEmpty();
 }
 
 class VhdlLsReader
@@ -69,8 +88,8 @@ private:
     void fail(const toml::node &node, const QString &reason)
     {
         if (fault.isEmpty())
-            fault = QString::fromLatin1("line %1: %2.")
-                        .arg(QString::number(node.source().begin.line), reason);
+            fault =
+                QString::fromLatin1("line %1: %2.").arg(QString::number(node.source().begin.line), reason);
     }
 
     void readLibrary(const QString &name, const toml::table &library)
@@ -137,7 +156,8 @@ private:
         if (!m_known.contains(path))
             data.files.append(file);
         else
-            notes.append(QString::fromLatin1("\"%1\" is of another library, too: here it is of one.").arg(path));
+            notes.append(
+                QString::fromLatin1("\"%1\" is of another library, too: here it is of one.").arg(path));
         m_known.insert(path);
     }
 
@@ -156,16 +176,11 @@ bool projectFromVhdlLs(const QByteArray &bytes, const QString &folder, ProjectDa
         fault = QLatin1String("its keys are nested too deep.");
         return false;
     }
-    const toml::parse_result parsed = toml::parse(std::string_view(bytes.constData(), size_t(bytes.size())));
-    if (!parsed) {
-        const std::string_view reason = parsed.error().description();
-        fault = QString::fromLatin1("line %1: %2.")
-                    .arg(QString::number(parsed.error().source().begin.line),
-                         QString::fromUtf8(reason.data(), int(reason.size())));
+    toml::table document;
+    if (!parse(bytes, document, fault))
         return false;
-    }
     VhdlLsReader reader(folder);
-    reader.read(parsed.table());
+    reader.read(document);
     fault = reader.fault;
     if (!fault.isEmpty())
         return false;

@@ -97,7 +97,8 @@ private:
             node.kind = YamlNode::Scalar;
             node.text = event.text();
             // The system takes the first NUL of a name for its end.
-            return !node.text.contains(QChar(0)) || fail(node.line, QLatin1String("it holds a NUL character"));
+            return !node.text.contains(QChar(0)) ||
+                   fail(node.line, QLatin1String("it holds a NUL character"));
         case YAML_SEQUENCE_START_EVENT:
             node.kind = YamlNode::List;
             return readItems(YAML_SEQUENCE_END_EVENT, depth, node);

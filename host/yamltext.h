@@ -14,9 +14,9 @@ struct YamlNode
     enum Kind { Nothing, Scalar, List, Map };
     Kind kind = Nothing;
     QString text;
-    QList<YamlNode> items;  // of a list; of a map the values
-    QStringList keys;       // of a map, in the order of the items
-    int line = 0;           // where it begins
+    QList<YamlNode> items; // of a list; of a map the values
+    QStringList keys;      // of a map, in the order of the items
+    int line = 0;          // where it begins
 
     // The value under a key; a node of no kind without one.
     YamlNode value(const QString &key) const

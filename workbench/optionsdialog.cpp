@@ -56,6 +56,7 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     form->addRow("&Verilog standard:", m_standard);
     form->addRow("&Synthesis tool:", m_tool);
     auto *lists = new QTabWidget;
+    lists->setUsesScrollButtons(false);
     lists->addTab(m_includePaths, "Include Paths");
     lists->addTab(m_libraryPaths, "Library Paths");
     lists->addTab(m_librarySuffixes, "Library Suffixes");

@@ -71,7 +71,8 @@ version: 0.2.1
             "Left out of the files of type user: \"readme\".\n"
             "Left out of the files of type xdc: \"pins.xdc\", \"more.xdc\".\n"
             "Left out of the parameters of type plusarg: \"vcd\".");
-        row("types of their own", "files: [a.v, /b.vhd, {name: a.v}, {name: c.v, define: {X: 1}}]\ntoplevel: [t, u]",
+        row("types of their own",
+            "files: [a.v, /b.vhd, {name: a.v}, {name: c.v, define: {X: 1}}]\ntoplevel: [t, u]",
             "top: t\na.v:2\n/b.vhd:4\nc.v:2\nA project here has one top module, \"t\"; left out: \"u\".\n"
             "The macros of the file \"c.v\" alone are left out.");
         row("JSON", R"({"files": [{"name": "a.v"}], "toplevel": "t"})", "top: t\na.v:2");
@@ -114,8 +115,10 @@ unused = 'error'
             "Not understood, and left out: \"util.colour\", \"lint\", \"standard\".");
         row("empty", "", "line 1: it has no table \"libraries\".");
         row("no table", "[libraries]\na = 1\n", "line 2: the library \"a\" must be a table.");
-        row("no list", "[libraries]\na.files = 'x'\n", "line 2: what files the library \"a\" has must be a list.");
-        row("no text", "[libraries]\na.files = ['x',\n 1]\n", "line 3: the files of library \"a\" must be texts.");
+        row("no list", "[libraries]\na.files = 'x'\n",
+            "line 2: what files the library \"a\" has must be a list.");
+        row("no text", "[libraries]\na.files = ['x',\n 1]\n",
+            "line 3: the files of library \"a\" must be texts.");
         row("NUL", "[libraries]\na.files = [\"x\\u0000y\"]\n",
             "line 2: a file must have a name, without NUL characters.");
         row("no TOML", "[libraries\n", "");
@@ -134,7 +137,8 @@ unused = 'error'
         Core::Project project;
         QString error;
         QVERIFY2(project.load(path, &error), qPrintable(error));
-        QCOMPARE(project.filePath() + '|' + project.foreignPath() + '|' + project.name(), '|' + path + "|demo");
+        QCOMPARE(project.filePath() + '|' + project.foreignPath() + '|' + project.name(),
+                 '|' + path + "|demo");
         QCOMPARE(project.workingDir(), dir.path("build"));
         QCOMPARE(project.notes().join('\n'), QString("Not understood, and left out: \"extra\"."));
         QVERIFY(!project.isModified() && !project.save(&error));
@@ -146,7 +150,8 @@ unused = 'error'
         QCOMPARE(described(own.data(), own.notes(), dir.path()), QString("build/rtl/a.v:2\nI: ../build/inc"));
         const QString damaged = dir.write("vhdl_ls.toml", "[libraries]\na = 1");
         QVERIFY(!own.load(damaged, &error));
-        QCOMPARE(error, "Can not read the project " + damaged + ": line 2: the library \"a\" must be a table.");
+        QCOMPARE(error,
+                 "Can not read the project " + damaged + ": line 2: the library \"a\" must be a table.");
         QCOMPARE(own.filePath(), dir.path("own/demo.jexprj"));
     }
 
