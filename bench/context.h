@@ -20,6 +20,7 @@ QList<JEX::SignalItem> signalRecords(const QList<QUARRY::RtlNet *> &nets,
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
+void measureWide();
 void measureConfiguration(Context &context);
 void measureSignals(Context &context);
 void measureResultTree(Context &context);

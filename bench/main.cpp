@@ -67,6 +67,7 @@ int main(int argc, char **argv)
     if (!onlyOpening) {
         measureNetlist(context);
         measureSearch(context);
+        measureWide();
         measureConfiguration(context);
         measureResultTree(context);
         measureSignals(context);

@@ -1,6 +1,7 @@
 #include "bench/bench.h"
 #include "bench/context.h"
 #include "bench/program.h"
+#include "bench/widedesign.h"
 #include "cli/netlisting.h"
 #include "netselect/netsearch.h"
 
@@ -15,7 +16,9 @@ namespace {
 class SearchRows
 {
 public:
-    explicit SearchRows(Context &context) : m_netlist(context.netlist.get())
+    // `design` is said in each row.
+    SearchRows(Context &context, RtlNetlist *netlist, const QString &design)
+        : m_netlist(netlist), m_design(design)
     {
         m_options.searchInModule = true;
         m_options.module = m_netlist->topHierarchy;
@@ -118,11 +121,12 @@ private:
             qFatal("%s finds %d names for %s and the search %d", against, counted,
                    qPrintable(m_options.pattern), m_found);
         const QString hits = QString::number(m_found) + QLatin1String(" hits");
-        ::print({kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, times.figure,
+        ::print({m_design + kind + " \"" + m_options.pattern + "\", " + hits + " | " + against, times.figure,
                  times.limit, goal, "ms"});
     }
 
     RtlNetlist *m_netlist;
+    QString m_design;
     SearchOptions m_options;
     QStringList m_names;
     QFile m_file;
@@ -136,7 +140,7 @@ private:
 
 void measureSearch(Context &context)
 {
-    SearchRows rows(context);
+    SearchRows rows(context, context.netlist.get(), QString());
     for (const char *pattern : {"fifo_ready", "u_core_0123/valid", "cluster_07", "not_there"}) {
         rows.substring(pattern, Qt::CaseSensitive, 1.0);
         rows.substring(QString(pattern).toUpper(), Qt::CaseInsensitive, 1.5);
@@ -147,4 +151,10 @@ void measureSearch(Context &context)
         rows.syntax(pattern, QRegExp::WildcardUnix, 0.1);
     for (const char *pattern : {".*ready_0*[1-5]\\d*", ".*(irq|se.)_\\d+", ".*(irq|sel)_\\d+", ".*[13579]"})
         rows.syntax(pattern, QRegExp::RegExp, 1.0);
+    const std::unique_ptr<RtlNetlist> wide = WideDesign().netlist();
+    SearchRows wideRows(context, wide.get(), QStringLiteral("Wide: "));
+    wideRows.substring(QStringLiteral("cell_01234"), Qt::CaseSensitive, 1.0);
+    wideRows.syntax(QStringLiteral("*cell_0?234*irq*"), QRegExp::WildcardUnix, 0.1);
+    for (const char *pattern : {".*(irq|sel)_\\d+", ".*(irq|se.)_\\d+", ".*[a-z]+_7", ".*[13579]"})
+        wideRows.syntax(pattern, QRegExp::RegExp, 0.3);
 }

@@ -296,7 +296,8 @@ private:
                 Wanted &wanted = m_wanted[index];
                 if (node == wanted.node)
                     continue;
-                add(wanted, true, distance, node, number, m_order);
+                if (spend(1))
+                    add(wanted, true, distance, node, number, m_order);
                 if (distance == 0 && wanted.name.isPartOf(entry) && !isExcluded(node, entry)) {
                     ++wanted.sameCount;
                     wanted.same = wanted.name.in(*node, entry);

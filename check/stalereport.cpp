@@ -15,23 +15,18 @@ namespace RTLJEX {
 
 namespace {
 
-// The full name, with its range, of what is declared under a name without one; empty for none. Names may
-// hold the separator, so each way down that fits is followed.
+// The full name, with its range, of what is declared under a name without one; empty for none.
 QString declaredName(const Hierachy *node, const QString &name, int from)
 {
-    const int end = from + node->instanceName.size();
-    if (end + 1 >= name.size() || name.at(end) != QLatin1Char('/') ||
-        name.midRef(from, end - from) != node->instanceName)
+    const int rest = node->restBelow(name, from);
+    if (rest < 0)
         return QString();
     const RtlModule &module = node->declarations();
-    const int length = name.size() - end - 1;
-    for (const RtlModule::Entry &entry : module.entries()) {
-        if (int(entry.textLength) == length &&
-            std::equal(module.nameOf(entry), module.nameOf(entry) + length, name.constData() + end + 1))
-            return NetName().in(*node, entry);
-    }
-    for (const Hierachy *child : node->children) {
-        const QString found = declaredName(child, name, end + 1);
+    const qint64 entry = module.findDeclared(name, rest);
+    if (entry >= 0)
+        return NetName().in(*node, module.entries()[size_t(entry)]);
+    for (const Hierachy *child : node->childrenTowards(name, rest)) {
+        const QString found = declaredName(child, name, rest);
         if (!found.isEmpty())
             return found;
     }

@@ -6,20 +6,15 @@
 #include <iterator>
 
 #include "host/designmanager.h"
-#include "host/project.h"
+#include "host/foreignproject.h"
 
 namespace Cli {
 
 namespace {
 
-bool isProjectFile(const QString &path)
-{
-    return QFileInfo(path).suffix().toLower() == Core::projectFileSuffix();
-}
-
 bool isOfDesign(const QString &path)
 {
-    return TE::isDesignFileType(TE::fileTypeFromName(path));
+    return TE::isDesignFileType(TE::fileTypeFromName(path)) || QFileInfo(path).isDir();
 }
 
 } // namespace
@@ -38,13 +33,15 @@ void Arguments::addJson()
 
 void Arguments::addDesign()
 {
-    parser.addOption({{"p", "project"}, "The project file (.jexprj) of the design.", "PROJECT"});
+    parser.addOption(
+        {{"p", "project"}, "The project file of the design: .jexprj, vhdl_ls.toml or .eda.yml.", "PROJECT"});
     CommandLine::declareDesignOptions(parser);
+    m_hasDesign = true;
 }
 
 bool Arguments::read(const QStringList &words, Output &out)
 {
-    if (!parser.parse(QStringList(m_command) + words)) {
+    if (!parser.parse(QStringList(m_command) + (m_hasDesign ? CommandLine::plainWords(words) : words))) {
         m_result = refuse(parser.errorText());
         return false;
     }
@@ -77,13 +74,14 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
         return false;
     }
     for (const QString &project : qAsConst(projects)) {
-        if (!isProjectFile(project)) {
-            m_result = refuse("The project \"" + project + "\" is not a .jexprj file.");
+        if (!Core::isProjectName(project)) {
+            m_result = refuse("The project \"" + project +
+                              "\" is not a .jexprj file, nor a vhdl_ls.toml or .eda.yml.");
             return false;
         }
     }
     const QStringList words = files();
-    std::copy_if(words.begin(), words.end(), std::back_inserter(projects), isProjectFile);
+    std::copy_if(words.begin(), words.end(), std::back_inserter(projects), Core::isProjectName);
     if (projects.size() > 1)
         m_result =
             refuse("There can be one project: \"" + projects.first() + "\" or \"" + projects.at(1) + "\".");
@@ -92,15 +90,16 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
 
 bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions &options)
 {
-    QString error;
+    QStringList faults;
     QStringList all = files;
     CommandLine::readDesignOptions(parser, options);
     if (!accept(options))
         return false;
     if (parser.isSet("project"))
         all.prepend(parser.value("project"));
-    if (!CommandLine::addFiles(all, options, error)) {
-        say("jex " + m_command + ": " + error);
+    if (!CommandLine::addFiles(all, options, faults)) {
+        for (const QString &fault : qAsConst(faults))
+            say("jex " + m_command + ": " + fault);
         m_result = CouldNotRun;
         return false;
     }

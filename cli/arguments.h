@@ -36,6 +36,7 @@ public:
 private:
     QString m_command;
     QString m_form;
+    bool m_hasDesign = false;
     ExitCode m_result = Fine;
 };
 

@@ -53,7 +53,7 @@ bool Design::open(const CommandLine::DesignOptions &options)
 {
     QStringList messages;
     const bool good = CommandLine::fillProject(options, m_project, messages);
-    for (const QString &message : qAsConst(messages))
+    for (const QString &message : m_project.notes() + messages)
         say("jex: " + message);
     Core::ProjectManager::setCurrentProject(&m_project);
     return good;

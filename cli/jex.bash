@@ -11,9 +11,12 @@ _jex() {
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
-    -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
-    -I | -y) COMPREPLY=($(compgen -d -- "$word")) ;;
-    --top | --in | --from | --to | -D | --tool-memory) ;; # names in the design are not looked up here
+    -p | --project)
+      COMPREPLY=($(shopt -s extglob; compgen -f -X '!*@(.jexprj|.toml|.eda.yml|.eda.yaml)' -- "$word") $(compgen -d -- "$word"))
+      ;;
+    -I | -y | -incdir) COMPREPLY=($(compgen -d -- "$word")) ;;
+    # Names in the design are not looked up here.
+    --top | -top | --top-module | --in | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;

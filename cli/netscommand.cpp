@@ -1,22 +1,35 @@
 #include <QDir>
+#include <QFileInfo>
 #include <QRegExp>
+
+#include <algorithm>
 
 #include "cli/arguments.h"
 #include "cli/design.h"
 #include "cli/netlisting.h"
 #include "host/designmanager.h"
+#include "host/foreignproject.h"
 #include "netselect/netsearch.h"
 
 namespace Cli {
 namespace {
 
-// HDL files stand among the words as the pattern does; what is no file of a design is the pattern.
+bool isDesignFile(const QString &word)
+{
+    return Core::isProjectName(word) || TE::isDesignFileType(TE::fileTypeFromName(word));
+}
+
+// HDL files stand among the words as the pattern does; what is no file of a design is the pattern. A folder
+// is one where nothing else names a design: instances are often called as folders are.
 bool splitWords(Arguments &arguments, QStringList &files, RTLJEX::SearchOptions &search)
 {
+    const QStringList words = arguments.files();
+    const QCommandLineParser &parser = arguments.parser;
+    const bool mayBeFolder = !parser.isSet("project") && !parser.isSet("f") && !parser.isSet("F") &&
+                             std::none_of(words.begin(), words.end(), isDesignFile);
     bool hasPattern = false;
-    for (const QString &word : arguments.files()) {
-        const bool isProject = word.endsWith(QString(".") + Core::projectFileSuffix(), Qt::CaseInsensitive);
-        if (isProject || TE::isDesignFileType(TE::fileTypeFromName(word))) {
+    for (const QString &word : words) {
+        if (isDesignFile(word) || (mayBeFolder && QFileInfo(word).isDir())) {
             files << word;
         } else if (hasPattern) {
             arguments.refuse("There can be one pattern: \"" + search.pattern + "\" or \"" + word + "\".");

@@ -28,6 +28,8 @@ QVariant fileEntry(const Core::SourceFile &file)
     QMap<QString, QVariant> entry;
     entry.insert(QLatin1String("Path"), file.path);
     entry.insert(QLatin1String("Type"), file.type);
+    entry.insert(QLatin1String("Library"), file.library);
+    entry.insert(QLatin1String("OnlyWhenUsed"), file.onlyWhenUsed);
     return entry;
 }
 
@@ -67,15 +69,22 @@ QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
         return info;
     const Core::ProjectData &data = project->data();
     QList<QVariant> files;
+    QStringList disabled;
     for (const Core::SourceFile &file : data.files) {
-        if (file.enabled && isDesignFileType(file.type))
+        if (isDesignFileType(file.type) && file.enabled)
             files.append(fileEntry(file));
+        else if (isDesignFileType(file.type))
+            disabled.append(file.path);
     }
     info.insert(QLatin1String("Top"), data.topModule);
     info.insert(QLatin1String("Files"), files);
+    info.insert(QLatin1String("DisabledFiles"), disabled);
     info.insert(QLatin1String("IncludePath"), absolutePaths(*project, data.includePaths));
     info.insert(QLatin1String("LibraryPath"), absolutePaths(*project, data.libraryPaths));
+    info.insert(QLatin1String("LibrarySuffix"), data.librarySuffixes);
     info.insert(QLatin1String("Defines"), data.defines);
+    info.insert(QLatin1String("Undefines"), data.undefines);
+    info.insert(QLatin1String("Parameters"), data.parameters);
     info.insert(QLatin1String("Verilog_Standard"), data.verilogStandard);
     info.insert(QLatin1String("WorkingDir"), project->workingDir());
     return info;

@@ -56,9 +56,10 @@ class DesignManager : public QObject
 public:
     explicit DesignManager(QObject *parent = nullptr);
 
-    // "Top" (text), "Files" (list of maps with "Path" absolute and "Type", enabled design files only, in
-    // project order), "IncludePath" "LibraryPath" (absolute lists), "Defines" (list),
-    // "Verilog_Standard" (text), "WorkingDir" (text).
+    // "Top" (text), "Files" (list of maps with "Path" absolute, "Type", "Library" and "OnlyWhenUsed", enabled
+    // design files only, in project order), "DisabledFiles" (absolute list), "IncludePath" "LibraryPath"
+    // (absolute lists), "LibrarySuffix" "Defines" "Undefines" "Parameters" (lists), "Verilog_Standard"
+    // (text), "WorkingDir" (text).
     QMap<QString, QVariant> getSourceFileInfo() const;
     FileInfo getFileInfo(const QString &path) const;
     QVariant getOptionValue(const QString &option) const; // names as in Core::Project::setOption

@@ -2,143 +2,25 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegExp>
 #include <QSet>
 
 #include "host/designmanager.h"
+#include "host/listwords.h"
 #include "host/regularfile.h"
+#include "host/sourcefolder.h"
+#include "host/sourceoption.h"
 
 namespace Core {
 namespace {
 
 const qint64 sizeLimit = 16 * QUtil::MiB;
 
-struct Word
+// "C:\rtl\a.v", of a list that another system wrote.
+bool hasDriveLetter(const QString &path)
 {
-    QString text;
-    int line;
-};
-
-QString at(const QString &list, int line)
-{
-    return QString::fromLatin1("%1:%2: ").arg(QDir::toNativeSeparators(list), QString::number(line));
+    return path.size() > 2 && path.at(0).isLetter() && path.at(1) == QLatin1Char(':') &&
+           (path.at(2) == QLatin1Char('\\') || path.at(2) == QLatin1Char('/'));
 }
-
-// Splits the text of a list into words; comments, quotes and line ends are gone afterwards.
-class Words
-{
-public:
-    Words(const QString &text, const QString &list) : m_text(text), m_list(list), m_at(0), m_line(1) {}
-
-    QString fault; // set when the text ends within quotes or a comment, or a variable is not set
-
-    QList<Word> all()
-    {
-        QList<Word> words;
-        while (fault.isEmpty() && skipBlanksAndComments()) {
-            Word word = {QString(), m_line};
-            while (fault.isEmpty() && m_at < m_text.size() && !next().isSpace() && !atContinuation())
-                takeOne(word.text);
-            words.append(word);
-        }
-        return words;
-    }
-
-private:
-    QChar next(int offset = 0) const
-    {
-        return m_at + offset < m_text.size() ? m_text.at(m_at + offset) : QChar();
-    }
-
-    bool atContinuation() const { return next() == QLatin1Char('\\') && next(1) == QLatin1Char('\n'); }
-
-    void advance(int count = 1)
-    {
-        for (; count > 0 && m_at < m_text.size(); --count)
-            m_line += m_text.at(m_at++) == QLatin1Char('\n');
-    }
-
-    // False at the end of the text.
-    bool skipBlanksAndComments()
-    {
-        while (m_at < m_text.size()) {
-            const QChar c = next();
-            if (c.isSpace() || atContinuation())
-                advance();
-            else if (c == QLatin1Char('#') || (c == QLatin1Char('/') && next(1) == QLatin1Char('/')))
-                skipTo(QLatin1String("\n"), false);
-            else if (c == QLatin1Char('/') && next(1) == QLatin1Char('*'))
-                skipTo(QLatin1String("*/"), true);
-            else
-                return true;
-        }
-        return false;
-    }
-
-    void skipTo(const QString &end, bool required)
-    {
-        const int found = m_text.indexOf(end, m_at);
-        if (found < 0 && required)
-            fault = at(m_list, m_line) + QLatin1String("this comment does not end.");
-        advance((found < 0 ? m_text.size() : found + end.size()) - m_at);
-    }
-
-    void takeOne(QString &word)
-    {
-        const QChar c = next();
-        if (c == QLatin1Char('"')) {
-            takeQuoted(word);
-        } else if (c == QLatin1Char('$')) {
-            takeVariable(word);
-        } else {
-            if (c == QLatin1Char('\\') && next(1) == QLatin1Char(' '))
-                advance();
-            word.append(next());
-            advance();
-        }
-    }
-
-    void takeQuoted(QString &word)
-    {
-        const int begin = m_line;
-        for (advance(); m_at < m_text.size() && next() != QLatin1Char('"');) {
-            if (next() == QLatin1Char('$')) {
-                takeVariable(word);
-                continue;
-            }
-            if (next() == QLatin1Char('\\') && (next(1) == QLatin1Char('"') || next(1) == QLatin1Char('\\')))
-                advance();
-            word.append(next());
-            advance();
-        }
-        if (m_at >= m_text.size())
-            fault = at(m_list, begin) + QLatin1String("these quotes do not end.");
-        advance();
-    }
-
-    // $NAME, ${NAME} or $(NAME); a dollar sign that no name follows is itself.
-    void takeVariable(QString &word)
-    {
-        QRegExp form(QLatin1String("\\$(?:(\\w+)|\\{(\\w+)\\}|\\((\\w+)\\))"));
-        if (form.indexIn(m_text, m_at, QRegExp::CaretAtOffset) != m_at) {
-            word.append(next());
-            advance();
-            return;
-        }
-        const QString name = form.cap(1) + form.cap(2) + form.cap(3);
-        const QByteArray value = qgetenv(name.toLocal8Bit().constData());
-        if (value.isNull())
-            fault = at(m_list, m_line) +
-                    QString::fromLatin1("the environment variable \"%1\" is not set.").arg(name);
-        word.append(QString::fromLocal8Bit(value));
-        advance(form.matchedLength());
-    }
-
-    QString m_text;
-    QString m_list;
-    int m_at;
-    int m_line;
-};
 
 class ListReader
 {
@@ -187,106 +69,182 @@ private:
 
     void readWords(const QString &text, const QString &list, const QString &folder)
     {
-        Words splitter(text, list);
-        const QList<Word> words = splitter.all();
-        if (!splitter.fault.isEmpty())
-            return fail(QString(), splitter.fault);
+        QStringList faults;
+        const QList<ListWord> words = splitFileList(text, list, faults);
+        for (const QString &fault : faults)
+            fail(QString(), fault);
+        const QString outerList = m_list;
+        const QString outerFolder = m_folder;
+        const QString outerLibrary = m_library;
         m_open.append(list);
-        for (int i = 0; i < words.size(); ++i) {
-            const QString &option = words.at(i).text;
-            if (!takesArgument(option)) {
-                readWord(words.at(i), list, folder);
-            } else if (++i < words.size()) {
-                readPair(option, words.at(i), list, folder);
-            } else {
-                fail(at(list, words.at(i - 1).line),
-                     QString::fromLatin1("\"%1\" names nothing.").arg(option));
-            }
-        }
+        m_list = list;
+        m_folder = folder;
+        for (int i = 0; i < words.size(); ++i)
+            i += readWord(words.at(i), i + 1 < words.size() ? &words.at(i + 1) : nullptr);
+        m_list = outerList;
+        m_folder = outerFolder;
+        m_library = outerLibrary;
         m_open.removeLast();
     }
 
-    static bool takesArgument(const QString &word)
+    // Gives how many words behind it went with it.
+    int readWord(const ListWord &word, const ListWord *next)
     {
-        static const char *const options[] = {"-f", "-F", "-y", "-v", "-top", "--top", "--top-module"};
-        for (const char *option : options) {
-            if (word == QLatin1String(option))
-                return true;
+        const QString where = placeInList(m_list, word.line);
+        SourceOption option;
+        if (readSourceOption(word.text, option)) {
+            if (option.takesNext && !next)
+                fail(where, QString::fromLatin1("\"%1\" names nothing.").arg(word.text));
+            else if (option.meaning == SourceOption::PassedOver)
+                passOver(where, word.text, next->text);
+            else if (option.takesNext && next->isWhole)
+                apply(option.meaning, next->text, placeInList(m_list, next->line));
+            for (const QString &value : option.values) {
+                if (word.isWhole)
+                    apply(option.meaning, value, where);
+            }
+            m_systemVerilog = m_systemVerilog || option.meaning == SourceOption::SystemVerilog;
+            return option.takesNext ? 1 : 0;
         }
-        return false;
+        if (!word.text.startsWith(QLatin1Char('-')) && !word.text.startsWith(QLatin1Char('+'))) {
+            if (word.isWhole)
+                addSources(find(word.text), where);
+            return 0;
+        }
+        const bool hasArgument = word.text.startsWith(QLatin1Char('-')) && next && isArgument(*next);
+        passOver(where, word.text, hasArgument ? next->text : QString());
+        return hasArgument ? 1 : 0;
     }
 
-    void readPair(const QString &option, const Word &argument, const QString &list, const QString &folder)
+    // Of an option that nobody knows: what is no option itself and no source either.
+    bool isArgument(const ListWord &word) const
     {
-        const QString where = at(list, argument.line);
-        if (option.contains(QLatin1String("top"))) {
-            m_data.topModule = argument.text;
-            return;
-        }
-        const QString path = find(argument.text, list, folder);
-        if (option == QLatin1String("-f"))
-            read(path, folder, where);
-        else if (option == QLatin1String("-F"))
-            read(path, QFileInfo(path).absolutePath(), where);
-        else if (option == QLatin1String("-y"))
-            addFolder(path, m_data.libraryPaths, where);
-        else
-            addSource(path, where);
+        const bool isOption =
+            word.text.startsWith(QLatin1Char('-')) || word.text.startsWith(QLatin1Char('+'));
+        return word.isWhole && !isOption && !TE::isDesignFileType(TE::fileTypeFromName(word.text)) &&
+               !QFileInfo(find(word.text)).exists();
     }
 
-    void readWord(const Word &word, const QString &list, const QString &folder)
+    void passOver(const QString &where, const QString &option, const QString &argument)
     {
-        const QString &text = word.text;
-        const QString where = at(list, word.line);
-        if (text.startsWith(QLatin1String("+incdir+"))) {
-            for (const QString &path : text.mid(8).split(QLatin1Char('+'), QString::SkipEmptyParts))
-                addFolder(find(path, list, folder), m_data.includePaths, where);
-        } else if (text.startsWith(QLatin1String("-I")) && text.size() > 2) {
-            addFolder(find(text.mid(2), list, folder), m_data.includePaths, where);
-        } else if (text.startsWith(QLatin1String("+define+"))) {
-            m_data.defines += text.mid(8).split(QLatin1Char('+'), QString::SkipEmptyParts);
-        } else if (text.startsWith(QLatin1String("-D")) && text.size() > 2) {
-            m_data.defines.append(text.mid(2));
-        } else if (text == QLatin1String("-sv") || text == QLatin1String("-sverilog")) {
-            m_systemVerilog = true;
-        } else if (text.startsWith(QLatin1Char('-')) || text.startsWith(QLatin1Char('+'))) {
-            if (!text.startsWith(QLatin1String("+libext+")))
-                m_messages.append(where +
-                                  QString::fromLatin1("the option \"%1\" was passed over.").arg(text));
-        } else {
-            addSource(find(text, list, folder), where);
+        const QString shown = argument.isEmpty() ? option : option + QLatin1Char(' ') + argument;
+        m_messages.append(where + QString::fromLatin1("the option \"%1\" was passed over.").arg(shown));
+    }
+
+    void apply(SourceOption::Meaning meaning, const QString &value, const QString &where)
+    {
+        switch (meaning) {
+        case SourceOption::FileList:
+            read(find(value), m_folder, where);
+            break;
+        case SourceOption::OwnFileList:
+            read(find(value), QFileInfo(find(value)).absolutePath(), where);
+            break;
+        case SourceOption::IncludePath:
+            addFolder(find(value), m_data.includePaths, where);
+            break;
+        case SourceOption::LibraryPath:
+            addFolder(find(value), m_data.libraryPaths, where);
+            break;
+        case SourceOption::LibraryFile:
+            addSource(find(value), true, where);
+            break;
+        case SourceOption::LibrarySuffix:
+            add(value, m_data.librarySuffixes);
+            break;
+        case SourceOption::Define:
+            m_data.defines.append(value);
+            break;
+        case SourceOption::Undefine:
+            add(value, m_data.undefines);
+            break;
+        case SourceOption::Parameter:
+            m_data.parameters.append(value);
+            break;
+        case SourceOption::Library:
+            m_library = value;
+            break;
+        case SourceOption::Top:
+            m_data.topModule = value;
+            break;
+        case SourceOption::SystemVerilog:
+        case SourceOption::PassedOver:
+            break;
         }
     }
 
-    static QString find(const QString &path, const QString &list, const QString &folder)
+    static void add(const QString &value, QStringList &values)
     {
-        const QString first = absoluteIn(folder, path);
-        const QString second = absoluteIn(QFileInfo(list).absolutePath(), path);
-        return !QFileInfo(first).exists() && QFileInfo(second).exists() ? second : first;
+        if (!values.contains(value))
+            values.append(value);
+    }
+
+    // As it stands where that is there, in the list's own folder, with the separators of another system.
+    QString find(const QString &path) const
+    {
+        const QString first = absoluteIn(m_folder, path);
+        const QString own = QFileInfo(m_list).absolutePath();
+        QString slashes = path;
+        slashes.replace(QLatin1Char('\\'), QLatin1Char('/'));
+        const QStringList others = QStringList() << absoluteIn(own, path) << absoluteIn(m_folder, slashes)
+                                                 << absoluteIn(own, slashes);
+        if (QFileInfo(first).exists())
+            return first;
+        for (const QString &other : others) {
+            if (QFileInfo(other).exists())
+                return other;
+        }
+        return hasDriveLetter(path) ? path : first;
     }
 
     void addFolder(const QString &path, QStringList &folders, const QString &where)
     {
         if (!QFileInfo(path).isDir())
-            fail(where, QString::fromLatin1("there is no folder \"%1\".").arg(path));
-        else if (!folders.contains(path))
-            folders.append(path);
+            failToFind(QLatin1String("folder"), path, where);
+        else
+            add(path, folders);
     }
 
-    void addSource(const QString &path, const QString &where)
+    void failToFind(const QString &kind, const QString &path, const QString &where)
+    {
+        const QString hint = hasDriveLetter(path)
+                                 ? QLatin1String(": its path is one of another system. Write it "
+                                                 "as seen from the list")
+                                 : QString();
+        fail(where, QString::fromLatin1("there is no %1 \"%2\"%3.").arg(kind, path, hint));
+    }
+
+    void addSources(const QString &path, const QString &where)
+    {
+        if (!QFileInfo(path).isDir())
+            return addSource(path, false, where);
+        FolderSources sources;
+        QString fault;
+        if (!findSources(path, sources, fault))
+            return fail(where, QLatin1Char('t') + fault.mid(1));
+        for (const QString &folder : sources.includeFolders)
+            add(folder, m_data.includePaths);
+        for (const QString &file : sources.files)
+            addSource(file, false, where);
+    }
+
+    void addSource(const QString &path, bool onlyWhenUsed, const QString &where)
     {
         const QString kind = QUtil::irregularKind(path);
         if (!kind.isEmpty()) {
             fail(where, QString::fromLatin1("\"%1\" is %2, not a source.").arg(path, kind));
         } else if (!QFileInfo(path).isFile()) {
-            fail(where, QString::fromLatin1("there is no file \"%1\".").arg(path));
+            failToFind(QLatin1String("file"), path, where);
         } else if (!m_known.contains(path)) {
             SourceFile file;
             file.path = path;
             file.type = TE::fileTypeFromName(path);
+            file.onlyWhenUsed = onlyWhenUsed;
             // Sources of a list are Verilog whatever their suffix: ".inc", ".vp", ".vo".
             if (!TE::isDesignFileType(file.type) && !path.endsWith(QLatin1String(".zub")))
                 file.type = TE::VerilogFile;
+            if (file.type == TE::VhdlFile)
+                file.library = m_library;
             m_known.insert(path);
             m_data.files.append(file);
         }
@@ -296,6 +254,9 @@ private:
     QStringList &m_messages;
     QStringList m_open; // lists that are being read
     QSet<QString> m_known;
+    QString m_list; // the innermost of them, what its paths are relative to, and what "-work" said last in it
+    QString m_folder;
+    QString m_library;
     bool m_failed;
     bool m_systemVerilog;
 };

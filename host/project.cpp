@@ -11,6 +11,7 @@
 #include "host/backupfile.h"
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
+#include "host/foreignproject.h"
 #include "host/projectfile.h"
 #include "host/regularfile.h"
 
@@ -41,40 +42,36 @@ EventData fileData(const SourceFile &file)
     return data;
 }
 
-// Where an option lives in the record: exactly one of the two is set for a known name.
-struct OptionPlace
+// Where an option lives in the record: exactly one of the two is set.
+struct Option
 {
+    const char *name;
     QString ProjectData::*text;
     QStringList ProjectData::*list;
 };
 
-OptionPlace placeOf(const QString &option)
+const Option options[] = {{"TopModule", &ProjectData::topModule, nullptr},
+                          {"Verilog_Standard", &ProjectData::verilogStandard, nullptr},
+                          {"Synthesize_tool", &ProjectData::synthesisTool, nullptr},
+                          {"IncludePath", nullptr, &ProjectData::includePaths},
+                          {"LibraryPath", nullptr, &ProjectData::libraryPaths},
+                          {"LibrarySuffix", nullptr, &ProjectData::librarySuffixes},
+                          {"Defines", nullptr, &ProjectData::defines},
+                          {"Undefines", nullptr, &ProjectData::undefines},
+                          {"Parameters", nullptr, &ProjectData::parameters}};
+
+const Option *findOption(const QString &name)
 {
-    OptionPlace place = {nullptr, nullptr};
-    if (option == QLatin1String("TopModule"))
-        place.text = &ProjectData::topModule;
-    else if (option == QLatin1String("Verilog_Standard"))
-        place.text = &ProjectData::verilogStandard;
-    else if (option == QLatin1String("Synthesize_tool"))
-        place.text = &ProjectData::synthesisTool;
-    else if (option == QLatin1String("IncludePath"))
-        place.list = &ProjectData::includePaths;
-    else if (option == QLatin1String("LibraryPath"))
-        place.list = &ProjectData::libraryPaths;
-    else if (option == QLatin1String("Defines"))
-        place.list = &ProjectData::defines;
-    return place;
+    for (const Option &option : options) {
+        if (name == QLatin1String(option.name))
+            return &option;
+    }
+    return nullptr;
 }
 
-const char *const optionNames[] = {"TopModule",   "Verilog_Standard", "Synthesize_tool",
-                                   "IncludePath", "LibraryPath",      "Defines"};
-
-QVariant valueOf(const ProjectData &data, const QString &option)
+QVariant valueOf(const ProjectData &data, const Option &option)
 {
-    const OptionPlace place = placeOf(option);
-    if (place.text)
-        return data.*place.text;
-    return place.list ? QVariant(data.*place.list) : QVariant();
+    return option.text ? QVariant(data.*option.text) : QVariant(data.*option.list);
 }
 
 void postOptionChange(const QString &option)
@@ -113,7 +110,8 @@ void postFileChanges(const QList<SourceFile> &before, const QList<SourceFile> &a
             postAddition(file);
         if (isKnown && old.enabled != file.enabled)
             post("TE.File.Change.Enable", fileData(file));
-        if (isKnown && old.type != file.type)
+        if (isKnown &&
+            (old.type != file.type || old.library != file.library || old.onlyWhenUsed != file.onlyWhenUsed))
             postTypeChange(file, old.type);
     }
     for (const SourceFile &file : gone)
@@ -128,14 +126,18 @@ void moveRelativePaths(QStringList &paths, const QString &oldFolder, const QStri
     }
 }
 
-bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, QString *errorMessage)
+bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, QStringList &notes,
+                 QString *errorMessage)
 {
+    const QString folder = QFileInfo(path).absolutePath();
     QByteArray bytes;
     QString fault = QUtil::pendingBackupFault(path);
     if (!fault.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, &bytes, &fault))
         fault += QLatin1Char('.');
+    else if (isForeignProject(path))
+        readForeignProject(path, bytes, folder, data, notes, fault);
     else
-        projectFromJson(bytes, QFileInfo(path).absolutePath(), data, fault);
+        projectFromJson(bytes, folder, data, fault);
     mark = QUtil::FileMark(bytes);
     if (!fault.isEmpty() && errorMessage)
         *errorMessage = QLatin1String("Can not read the project ") + QDir::toNativeSeparators(path) +
@@ -172,7 +174,9 @@ QString Project::filePath() const
 
 QString Project::workingDir() const
 {
-    return m_filePath.isEmpty() ? QDir::currentPath() : QFileInfo(m_filePath).absolutePath();
+    if (!m_filePath.isEmpty())
+        return QFileInfo(m_filePath).absolutePath();
+    return m_foreignPath.isEmpty() ? QDir::currentPath() : QFileInfo(m_foreignPath).absolutePath();
 }
 
 const ProjectData &Project::data() const
@@ -193,12 +197,16 @@ QString Project::absolutePath(const QString &path) const
 bool Project::load(const QString &filePath, QString *errorMessage)
 {
     const QString absolute = QFileInfo(filePath).absoluteFilePath();
+    const bool isForeign = isForeignProject(absolute);
     ProjectData read;
     QUtil::FileMark mark;
-    if (!readProject(absolute, read, mark, errorMessage))
+    QStringList notes;
+    if (!readProject(absolute, read, mark, notes, errorMessage))
         return false;
-    m_filePath = absolute;
-    m_fileMark = mark;
+    m_filePath = isForeign ? QString() : absolute;
+    m_foreignPath = isForeign ? absolute : QString();
+    m_notes = notes;
+    m_fileMark = isForeign ? QUtil::FileMark() : mark;
     setData(read);
     return true;
 }
@@ -207,15 +215,15 @@ bool Project::reload(QString *errorMessage)
 {
     ProjectData read;
     QUtil::FileMark mark;
-    if (!readProject(m_filePath, read, mark, errorMessage))
+    if (!readProject(m_filePath, read, mark, m_notes, errorMessage))
         return false;
     m_fileMark = mark;
     const ProjectData before = m_data;
     setData(read);
     postFileChanges(before.files, m_data.files);
-    for (const char *option : optionNames) {
-        if (valueOf(before, QLatin1String(option)) != valueOf(m_data, QLatin1String(option)))
-            postOptionChange(QLatin1String(option));
+    for (const Option &option : options) {
+        if (valueOf(before, option) != valueOf(m_data, option))
+            postOptionChange(QLatin1String(option.name));
     }
     if (!(before.device == m_data.device))
         post("TE.Device.Change", EventData());
@@ -336,22 +344,36 @@ void Project::setFileType(const QString &path, int type)
     postTypeChange(m_data.files.at(index), previous);
 }
 
-QVariant Project::option(const QString &option) const
+void Project::setFileLibrary(const QString &path, const QString &library)
 {
-    return valueOf(m_data, option);
+    const int index = indexOf(path);
+    if (index < 0 || m_data.files.at(index).library == library)
+        return;
+    m_data.files[index].library = library;
+    finishChange();
+    postTypeChange(m_data.files.at(index), m_data.files.at(index).type);
 }
 
-void Project::setOption(const QString &option, const QVariant &value)
+QVariant Project::option(const QString &name) const
 {
-    const OptionPlace place = placeOf(option);
-    if (place.text && m_data.*place.text != value.toString())
-        m_data.*place.text = value.toString();
-    else if (place.list && m_data.*place.list != value.toStringList())
-        m_data.*place.list = value.toStringList();
+    const Option *option = findOption(name);
+    return option ? valueOf(m_data, *option) : QVariant();
+}
+
+void Project::setOption(const QString &name, const QVariant &value)
+{
+    const Option *option = findOption(name);
+    if (!option)
+        return;
+    const QVariant before = valueOf(m_data, *option);
+    if (option->text)
+        m_data.*option->text = value.toString();
     else
+        m_data.*option->list = value.toStringList();
+    if (before == valueOf(m_data, *option))
         return;
     finishChange();
-    postOptionChange(option);
+    postOptionChange(name);
 }
 
 void Project::setDevice(const DEV::DeviceArg &device)

@@ -27,19 +27,24 @@ struct SourceFile
     QString path;
     int type = 0; // TE::FileType
     bool enabled = true;
+    QString library;           // of VHDL; empty: as the sources say
+    bool onlyWhenUsed = false; // a library file: modules of it that nothing uses are no part of the design
 };
 
 // All that a project file holds. A value: load, edit and save are separate steps.
 struct ProjectData
 {
     QString name;
-    QList<SourceFile> files;  // in the order given; design files and ".zub" files alike
-    QString topModule;        // empty: found from the sources
-    QStringList includePaths; // absolute, or relative to the project's folder
-    QStringList libraryPaths; // folders searched for modules that no source defines, same forms
-    QStringList defines;      // NAME or NAME=VALUE
-    QString verilogStandard;  // "1364-1995" "1364-2001" "1364-2005" "1800-2005" ... as the elaborator
-                              // takes them; empty: by file type
+    QList<SourceFile> files;     // in the order given; design files and ".zub" files alike
+    QString topModule;           // empty: found from the sources
+    QStringList includePaths;    // absolute, or relative to the project's folder
+    QStringList libraryPaths;    // folders searched for modules that no source defines, same forms
+    QStringList librarySuffixes; // of the files in them, with the dot; empty: the usual ones
+    QStringList defines;         // NAME or NAME=VALUE
+    QStringList undefines;       // macros that the tools define and the design shall not see
+    QStringList parameters;      // NAME=VALUE: parameters and generics of the top module
+    QString verilogStandard;     // "1364-1995" "1364-2001" "1364-2005" "1800-2005" ... as the elaborator
+                                 // takes them; empty: by file type
     QString synthesisTool;
     DEV::DeviceArg device;
 };
@@ -55,14 +60,18 @@ public:
     ~Project() override;
 
     QString name() const;
-    QString filePath() const;   // the project file; empty for a project made from the command line
-    QString workingDir() const; // folder of the project file; the current folder when there is none
+    QString filePath() const;   // the project file; empty for one made from the command line or a foreign one
+    QString workingDir() const; // folder of the file it was read from; the current folder when there is none
     const ProjectData &data() const;
     bool isModified() const;
 
     // All fail with a sentence that names the file and the line or key at fault; a failed load leaves
     // the project as it was, a failed save the file. Saving replaces the file in one step.
+    // A project that another tool made (see foreignproject.h) is read into one without a file: it becomes one
+    // of our own by saveAs().
     bool load(const QString &filePath, QString *errorMessage);
+    QString foreignPath() const { return m_foreignPath; } // where it was read from; else empty
+    QStringList notes() const { return m_notes; }         // sentences on what of it was not understood
     bool save(QString *errorMessage);
     // Paths that are relative to the project's folder are adjusted to the new one.
     bool saveAs(const QString &filePath, QString *errorMessage);
@@ -83,10 +92,13 @@ public:
     void removeFile(const QString &path);                   // posts "TE.File.Remove"
     void setFileEnabled(const QString &path, bool enabled); // posts "TE.File.Change.Enable"
     void setFileType(const QString &path, int type);        // posts "TE.File.Change.Type"
+    // Posts the event of a type that was set anew: hosts know of none for libraries.
+    void setFileLibrary(const QString &path, const QString &library);
     // Options by the host's names: "TopModule", "IncludePath", "Verilog_Standard", "Synthesize_tool",
-    // "Defines", "LibraryPath". Posts "TE.Option.Change" when the value differs.
-    QVariant option(const QString &option) const; // invalid for a name that is none of these
-    void setOption(const QString &option, const QVariant &value);
+    // "Defines", "LibraryPath", "LibrarySuffix", "Undefines", "Parameters". Posts "TE.Option.Change" when the
+    // value differs.
+    QVariant option(const QString &name) const; // invalid for a name that is none of these
+    void setOption(const QString &name, const QVariant &value);
     void setDevice(const DEV::DeviceArg &device); // posts "TE.Device.Change"
 
 Q_SIGNALS:
@@ -98,6 +110,8 @@ private:
 
     ProjectData m_data;
     QString m_filePath;
+    QString m_foreignPath;
+    QStringList m_notes;
     QUtil::FileMark m_fileMark;
     bool m_modified;
 };

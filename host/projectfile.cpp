@@ -164,6 +164,8 @@ QString readFile(const Json &entry, int index, const QString &folder, SourceFile
     const QString path = reader.text("path");
     const QString type = reader.text("type");
     file.enabled = reader.flag("enabled", true);
+    file.library = reader.text("library");
+    file.onlyWhenUsed = reader.flag("onlyWhenUsed", false);
     file.path = absoluteIn(folder, path);
     file.type = type.isEmpty() ? TE::fileTypeFromName(path) : typeFromText(type);
     if (path.isEmpty())
@@ -210,7 +212,10 @@ QString readProject(const Json &document, const QString &folder, ProjectData &da
     data.topModule = reader.text("topModule");
     data.includePaths = reader.texts("includePaths");
     data.libraryPaths = reader.texts("libraryPaths");
+    data.librarySuffixes = reader.texts("librarySuffixes");
     data.defines = reader.texts("defines");
+    data.undefines = reader.texts("undefines");
+    data.parameters = reader.texts("parameters");
     data.verilogStandard = reader.text("verilogStandard");
     data.synthesisTool = reader.text("synthesisTool");
     const QString fault = readDevice(reader.find("device"), data.device);
@@ -227,7 +232,14 @@ Json textList(const QStringList &texts)
     return list;
 }
 
-// Type and flag are left out where they are what a reader assumes anyway.
+// Keys that came later stand only where they say something, so that older files stay as they are.
+void putUnlessEmpty(Json &document, const char *key, const QStringList &texts)
+{
+    if (!texts.isEmpty())
+        document[key] = textList(texts);
+}
+
+// Everything but the path is left out where it is what a reader assumes anyway.
 Json fileObject(const SourceFile &file, const QString &folder)
 {
     Json object;
@@ -236,6 +248,10 @@ Json fileObject(const SourceFile &file, const QString &folder)
         object["type"] = typeNames[file.type];
     if (!file.enabled)
         object["enabled"] = false;
+    if (!file.library.isEmpty())
+        object["library"] = toStd(file.library);
+    if (file.onlyWhenUsed)
+        object["onlyWhenUsed"] = true;
     return object;
 }
 
@@ -276,7 +292,10 @@ QByteArray projectToJson(const ProjectData &data, const QString &folder)
     document["topModule"] = toStd(data.topModule);
     document["includePaths"] = textList(data.includePaths);
     document["libraryPaths"] = textList(data.libraryPaths);
+    putUnlessEmpty(document, "librarySuffixes", data.librarySuffixes);
     document["defines"] = textList(data.defines);
+    putUnlessEmpty(document, "undefines", data.undefines);
+    putUnlessEmpty(document, "parameters", data.parameters);
     document["verilogStandard"] = toStd(data.verilogStandard);
     document["synthesisTool"] = toStd(data.synthesisTool);
     document["device"] = deviceObject(data.device);

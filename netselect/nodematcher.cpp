@@ -11,6 +11,9 @@ namespace RTLJEX {
 
 namespace {
 
+const int letters = 128; // of ASCII
+const int pathRoom = 256;
+
 bool isAscii(const QChar *text, int length)
 {
     return std::all_of(text, text + length, [](QChar c) { return c.unicode() < 128; });
@@ -38,6 +41,13 @@ bool beginsAnywhere(const SearchOptions &options)
            looks.indexIn(options.pattern) < 0;
 }
 
+// False for what is made of letters and digits, their sets and repetitions alone.
+bool mayFitSeparator(const QString &regExp)
+{
+    const QRegExp harmless(QLatin1String("(?:\\w|[:;|()*+?{},]|\\\\[dw]|\\[\\w(?:-?\\w)*\\])*"));
+    return !harmless.exactMatch(regExp);
+}
+
 } // namespace
 
 NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_pattern(options)
@@ -46,6 +56,11 @@ NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_p
         m_regExp = QRegExp(options.pattern, options.caseSensitivity, options.patternSyntax);
     if (m_pattern.usable() && beginsAnywhere(options))
         m_rest = QRegExp(options.pattern.mid(2), options.caseSensitivity);
+    m_crosses = mayFitSeparator(m_rest.pattern());
+    m_pairs.resize(m_crosses ? letters * letters : 0, NotAsked);
+    // Paths are then put into the room that is there.
+    m_beginning.reserve(pathRoom);
+    m_folded.reserve(pathRoom);
     for (size_t piece = 0; piece <= m_pattern.pieceCount(); ++piece)
         m_literals.push_back(QStringMatcher(m_pattern.literal(piece)));
 }
@@ -82,7 +97,7 @@ const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &
         return matchesAlone(module);
     }
     NamePattern::State state;
-    const NamePattern::Lead lead = m_pattern.lead(m_folded, state);
+    const NamePattern::Lead lead = m_pattern.lead(folded(), state);
     if (lead == NamePattern::Closed)
         return fitsAlone(module, state.piece);
     m_open = lead == NamePattern::Open ? fitsBehindPath(module, state) : Fits();
@@ -91,9 +106,11 @@ const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &
 
 // Whether what follows the leading ".*" can begin in the instance's path and end in a short name. QRegExp
 // tells how much of a text it followed.
-bool NodeMatcher::mayStraddle() const
+bool NodeMatcher::mayStraddle()
 {
-    for (int from = 0; from < m_beginning.size(); ++from) {
+    for (int from = 0; m_crosses && from < m_beginning.size(); ++from) {
+        if (!mayBeginRest(from))
+            continue;
         const QString end = m_beginning.mid(from);
         if (m_rest.exactMatch(end) || m_rest.matchedLength() == end.size())
             return true;
@@ -101,10 +118,23 @@ bool NodeMatcher::mayStraddle() const
     return false;
 }
 
+// By the two letters there, about which the pattern is asked once for all instances.
+bool NodeMatcher::mayBeginRest(int from)
+{
+    if (from + 2 > m_beginning.size() || !isAscii(m_beginning.constData() + from, 2))
+        return true;
+    PairState &state = m_pairs[m_beginning.at(from).unicode() * letters + m_beginning.at(from + 1).unicode()];
+    if (state == NotAsked) {
+        const bool fits = m_rest.exactMatch(m_beginning.mid(from, 2)) || m_rest.matchedLength() == 2;
+        state = fits ? CanBegin : CannotBegin;
+    }
+    return state == CanBegin;
+}
+
 // The entries whose short names fit from the piece on, all of them behind the last piece.
 const NodeMatcher::Fits &NodeMatcher::fitsAlone(const RtlModule &module, size_t piece)
 {
-    std::map<size_t, Fits> &known = m_fits[&module].fromPiece;
+    std::map<size_t, Fits> &known = fitsOf(module).fromPiece;
     const std::map<size_t, Fits>::iterator it = known.find(piece);
     if (it != known.end())
         return it->second;
@@ -160,7 +190,7 @@ void NodeMatcher::visitWithLiteral(const RtlModule &module, const QString &text,
 
 const NodeMatcher::Fits &NodeMatcher::matchesAlone(const RtlModule &module)
 {
-    ModuleFits &known = m_fits[&module];
+    ModuleFits &known = fitsOf(module);
     if (known.isAsked)
         return known.matching;
     known.isAsked = true;
@@ -175,9 +205,9 @@ const NodeMatcher::Fits &NodeMatcher::matchesAlone(const RtlModule &module)
 NodeMatcher::Fits NodeMatcher::fitsBehindPath(const RtlModule &module, NamePattern::State state) const
 {
     Fits fits;
-    const int lead = m_folded.size();
+    const int lead = folded().size();
     QVarLengthArray<QChar, 256> name(lead);
-    std::copy_n(m_folded.constData(), lead, name.data());
+    std::copy_n(folded().constData(), lead, name.data());
     for (quint32 number = 0; number < module.entries().size(); ++number) {
         const RtlModule::Entry &entry = module.entries()[number];
         name.resize(lead + nameRoom(entry));
@@ -192,10 +222,24 @@ NodeMatcher::Fits NodeMatcher::fitsBehindPath(const RtlModule &module, NamePatte
 
 void NodeMatcher::setPath(const QString &path)
 {
-    m_beginning = path + QLatin1Char('/');
-    m_folded = m_beginning;
-    if (m_pattern.folds())
-        NamePattern::fold(m_folded.data(), m_folded.size());
+    const int length = path.size();
+    m_beginning.resize(length + 1);
+    memcpy(m_beginning.data(), path.constData(), size_t(length) * sizeof(QChar));
+    m_beginning[length] = QLatin1Char('/');
+    if (!m_pattern.folds())
+        return;
+    m_folded.resize(length + 1);
+    memcpy(m_folded.data(), m_beginning.constData(), size_t(length + 1) * sizeof(QChar));
+    NamePattern::fold(m_folded.data(), m_folded.size());
+}
+
+NodeMatcher::ModuleFits &NodeMatcher::fitsOf(const RtlModule &module)
+{
+    if (m_lastModule != &module) {
+        m_lastModule = &module;
+        m_lastFits = &m_fits[&module];
+    }
+    return *m_lastFits;
 }
 
 const QString &NodeMatcher::compose(const RtlModule &module, const RtlModule::Entry &entry)

@@ -3,7 +3,6 @@
 #include "model/netlist/rtlmodule.h"
 #include "netselect/namepattern.h"
 
-#include <QHash>
 #include <QRegExp>
 #include <QStringMatcher>
 
@@ -36,6 +35,7 @@ private:
         quint32 isBus : 1;
     };
     typedef std::vector<Fit> Fits;
+    enum PairState : unsigned char { NotAsked, CanBegin, CannotBegin };
     struct ModuleFits
     {
         std::map<size_t, Fits> fromPiece; // by the piece that matching goes on with
@@ -50,8 +50,11 @@ private:
     template <typename Visit>
     void visitWithLiteral(const QUARRY::RtlModule &module, const QString &text, size_t piece,
                           Visit visit) const;
-    bool mayStraddle() const;
+    bool mayStraddle();
+    bool mayBeginRest(int from);
     void setPath(const QString &path);
+    const QString &folded() const { return m_pattern.folds() ? m_folded : m_beginning; }
+    ModuleFits &fitsOf(const QUARRY::RtlModule &module);
     const QString &compose(const QUARRY::RtlModule &module, const QUARRY::RtlModule::Entry &entry);
     bool matches(const QString &fullName) const;
 
@@ -59,10 +62,14 @@ private:
     NamePattern m_pattern;
     QRegExp m_regExp;
     QRegExp m_rest;                         // the pattern behind a leading ".*"; empty when that says nothing
+    bool m_crosses = true;                  // whether it may fit a separator
+    std::vector<PairState> m_pairs;         // of ASCII, by first and second letter
     std::vector<QStringMatcher> m_literals; // by the piece that matching goes on with
-    QHash<const QUARRY::RtlModule *, ModuleFits> m_fits;
+    std::map<const QUARRY::RtlModule *, ModuleFits> m_fits;
+    const QUARRY::RtlModule *m_lastModule = nullptr; // instances of one module come together
+    ModuleFits *m_lastFits = nullptr;
     QString m_beginning; // of the instance's full names: path and separator
-    QString m_folded;    // the same as the pattern wants it
+    QString m_folded;    // the same as the pattern wants it, when that is another; see folded()
     Fits m_open;         // what fits in this instance alone
 
     // Full names are composed in turn in two strings: QRegExp keeps the last one that it was asked about, so

@@ -9,9 +9,9 @@ void declareOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
         "Edits the configuration of embedded logic analyzers in an FPGA design.\n\n"
-        "FILE is a project (.jexprj), a configuration to open (.zub) or a design source. Design sources "
-        "without\n"
-        "a project make a project of their own, which can be saved later.");
+        "FILE is a project (.jexprj, vhdl_ls.toml, .eda.yml), a configuration to open (.zub), a design\n"
+        "source or a folder of sources. Design sources without a project make a project of their own,\n"
+        "which can be saved later.");
     parser.addPositionalArgument("FILE", "Project, configurations and design sources.", "[FILE...]");
     CommandLine::declareDesignOptions(parser);
     parser.addOptions({
@@ -19,18 +19,18 @@ void declareOptions(QCommandLineParser &parser)
         {"report", "Open everything, print what was found and end: with 0 when nothing went wrong."},
         {"shot", "Write a picture of the window and end.", "PNG"},
         {{"h", "help"}, "Show this text and end."},
-        {{"v", "version"}, "Show the version and end."},
+        {"version", "Show the version and end."},
     });
 }
 
 } // namespace
 
-bool parseCommandLine(const QStringList &arguments, StartOptions &options, QString &errorMessage)
+bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStringList &messages)
 {
     QCommandLineParser parser;
     declareOptions(parser);
-    if (!parser.parse(arguments)) {
-        errorMessage = parser.errorText();
+    if (!parser.parse(CommandLine::plainWords(arguments))) {
+        messages << parser.errorText();
         return false;
     }
     CommandLine::readDesignOptions(parser, options);
@@ -39,7 +39,7 @@ bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStri
     options.plugin = parser.value("plugin");
     options.shot = parser.value("shot");
     options.report = parser.isSet("report");
-    return CommandLine::addFiles(parser.positionalArguments(), options, errorMessage);
+    return CommandLine::addFiles(parser.positionalArguments(), options, messages);
 }
 
 QString helpText()

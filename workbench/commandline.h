@@ -17,8 +17,8 @@ struct StartOptions : CommandLine::DesignOptions
     bool version = false;
 };
 
-// False with a sentence when the words make no sense.
-bool parseCommandLine(const QStringList &arguments, StartOptions &options, QString &errorMessage);
+// False with sentences when the words make no sense.
+bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStringList &messages);
 QString helpText();
 
 } // namespace Workbench

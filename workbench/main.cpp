@@ -219,9 +219,9 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName("jexworkbench");
     QCoreApplication::setApplicationVersion(WORKBENCH_VERSION);
     StartOptions options;
-    QString error;
-    if (!parseCommandLine(QCoreApplication::arguments() + pluginOption, options, error)) {
-        QTextStream(stderr) << "jexworkbench: " << error << '\n';
+    QStringList faults;
+    if (!parseCommandLine(QCoreApplication::arguments() + pluginOption, options, faults)) {
+        QTextStream(stderr) << "jexworkbench: " << faults.join("\njexworkbench: ") << '\n';
         return 2;
     }
     if (options.help || options.version) {

@@ -40,7 +40,7 @@ namespace Workbench {
 namespace {
 
 const char *const toolMemoryKey = "toolMemory"; // MB
-const char *const projectFilter = "Projects (*.jexprj)";
+const char *const projectFilter = "Projects (*.jexprj *.toml *.eda.yml *.eda.yaml)";
 const char *const sourceFilter =
     "Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
     "All files (*)";
@@ -170,6 +170,7 @@ void MainWindow::createProjectMenu()
     addAction(menu, "&Open Project...", QKeySequence("Ctrl+Shift+O"), &MainWindow::onOpenProject);
     QAction *save =
         addAction(menu, "&Save Project", QKeySequence("Ctrl+Shift+S"), &MainWindow::onSaveProject);
+    QAction *saveAs = addAction(menu, "Save Project &As...", QKeySequence(), &MainWindow::onSaveProjectAs);
     QAction *close = addAction(menu, "&Close Project", QKeySequence(), &MainWindow::onCloseProject);
     menu->addSeparator();
     QAction *add = addAction(menu, "&Add Files...", QKeySequence(), &MainWindow::onAddFiles);
@@ -179,7 +180,7 @@ void MainWindow::createProjectMenu()
     QAction *device = addAction(menu, "&Device...", QKeySequence(), &MainWindow::onDevice);
     menu->addSeparator();
     addAction(menu, "&Tool Memory...", QKeySequence(), &MainWindow::onToolMemory);
-    m_projectActions = {save, close, add, options, device};
+    m_projectActions = {save, saveAs, close, add, options, device};
 }
 
 void MainWindow::createOtherMenus()
@@ -226,6 +227,7 @@ void MainWindow::connectTree()
         for (const QString &path : paths)
             m_workspace->project()->setFileType(path, type);
     });
+    connect(m_tree, &ProjectTree::libraryRequested, this, &MainWindow::askForLibrary);
 }
 
 void MainWindow::connectBanner()
@@ -295,7 +297,8 @@ void MainWindow::openNewFiles(const QStringList &before)
 void MainWindow::onOpen()
 {
     const QString path = QFileDialog::getOpenFileName(
-        this, "Open", startFolder(), "Configurations and projects (*.zub *.jexprj);;All files (*)");
+        this, "Open", startFolder(),
+        "Configurations and projects (*.zub *.jexprj *.toml *.eda.yml *.eda.yaml);;All files (*)");
     if (!path.isEmpty())
         m_workspace->openFile(path);
 }
@@ -326,6 +329,12 @@ void MainWindow::onSaveProject()
         addRecentProject(m_settings, m_workspace->project()->filePath());
 }
 
+void MainWindow::onSaveProjectAs()
+{
+    if (m_workspace->saveProjectAs())
+        addRecentProject(m_settings, m_workspace->project()->filePath());
+}
+
 void MainWindow::onCloseProject()
 {
     m_workspace->closeProject();
@@ -347,6 +356,17 @@ void MainWindow::removeFiles(const QStringList &paths)
 {
     for (const QString &path : paths)
         m_workspace->project()->removeFile(path);
+}
+
+void MainWindow::askForLibrary(const QStringList &paths, const QString &library)
+{
+    bool isChosen = false;
+    const QString chosen = QInputDialog::getText(
+        this, "VHDL Library",
+        "Library of the files; empty: the one under whose name they are used:", QLineEdit::Normal, library,
+        &isChosen);
+    for (const QString &path : isChosen ? paths : QStringList())
+        m_workspace->project()->setFileLibrary(path, chosen.trimmed());
 }
 
 void MainWindow::onOptions()
@@ -398,8 +418,11 @@ void MainWindow::openFromTree(const QString &path)
 void MainWindow::onProjectReplaced()
 {
     const Core::Project *project = m_workspace->project();
-    if (project && !project->filePath().isEmpty())
-        addRecentProject(m_settings, project->filePath());
+    const QString path = !project                        ? QString()
+                         : project->filePath().isEmpty() ? project->foreignPath()
+                                                         : project->filePath();
+    if (!path.isEmpty())
+        addRecentProject(m_settings, path);
     updateProject();
 }
 

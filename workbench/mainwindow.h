@@ -53,6 +53,7 @@ private:
     void onNewProject();
     void onOpenProject();
     void onSaveProject();
+    void onSaveProjectAs();
     void onCloseProject();
     void onAddFiles();
     void onRemoveFiles();
@@ -64,6 +65,7 @@ private:
     void openFromTree(const QString &path);
     void openNewFiles(const QStringList &before);
     void removeFiles(const QStringList &paths);
+    void askForLibrary(const QStringList &paths, const QString &library);
     void updateProject();
     void onProjectReplaced();
     void updateState();

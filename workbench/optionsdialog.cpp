@@ -33,7 +33,10 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
       m_top(new QLineEdit(project->data().topModule)),
       m_includePaths(addList("includePaths", project->data().includePaths)),
       m_libraryPaths(addList("libraryPaths", project->data().libraryPaths)),
-      m_defines(addList("defines", project->data().defines))
+      m_librarySuffixes(addList("librarySuffixes", project->data().librarySuffixes)),
+      m_defines(addList("defines", project->data().defines)),
+      m_undefines(addList("undefines", project->data().undefines)),
+      m_parameters(addList("parameters", project->data().parameters))
 {
     const Core::ProjectData &data = project->data();
     setWindowTitle("Project Options");
@@ -53,9 +56,22 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     form->addRow("&Verilog standard:", m_standard);
     form->addRow("&Synthesis tool:", m_tool);
     auto *lists = new QTabWidget;
+    lists->setUsesScrollButtons(false);
     lists->addTab(m_includePaths, "Include Paths");
     lists->addTab(m_libraryPaths, "Library Paths");
+    lists->addTab(m_librarySuffixes, "Library Suffixes");
     lists->addTab(m_defines, "Defines");
+    lists->addTab(m_undefines, "Undefines");
+    lists->addTab(m_parameters, "Parameters");
+    const char *const hints[] = {
+        "Folders for included files",
+        "Folders that are searched for modules that no file of the project defines",
+        "What the names of the files in library paths end with, as .v",
+        "Macros, NAME or NAME=VALUE",
+        "Macros that the design shall not see, though the reading of it defines them",
+        "Parameters or generics of the top module, NAME=VALUE"};
+    for (int tab = 0; tab < lists->count(); ++tab)
+        lists->setTabToolTip(tab, hints[tab]);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &OptionsDialog::reject);
@@ -78,7 +94,10 @@ void OptionsDialog::accept()
     const QString standard = m_standard->currentText().trimmed();
     m_project->setOption("IncludePath", m_includePaths->values());
     m_project->setOption("LibraryPath", m_libraryPaths->values());
+    m_project->setOption("LibrarySuffix", m_librarySuffixes->values());
     m_project->setOption("Defines", m_defines->values());
+    m_project->setOption("Undefines", m_undefines->values());
+    m_project->setOption("Parameters", m_parameters->values());
     m_project->setOption("Verilog_Standard", standard == byFileType ? QString() : standard);
     m_project->setOption("Synthesize_tool", m_tool->currentText().trimmed());
     m_project->setOption("TopModule", m_top->text().trimmed());

@@ -31,7 +31,10 @@ private:
     QComboBox *m_tool;
     StringListEdit *m_includePaths;
     StringListEdit *m_libraryPaths;
+    StringListEdit *m_librarySuffixes;
     StringListEdit *m_defines;
+    StringListEdit *m_undefines;
+    StringListEdit *m_parameters;
 };
 
 } // namespace Workbench

@@ -8,6 +8,8 @@
 #include <QMenu>
 #include <QStyle>
 
+#include <algorithm>
+
 #include "host/designmanager.h"
 #include "host/modal.h"
 #include "host/project.h"
@@ -16,7 +18,7 @@ namespace Workbench {
 namespace {
 
 enum Kind { GroupItem, FileItem, TopItem, DeviceItem };
-enum Role { PathRole = Qt::UserRole, KindRole, TypeRole, EnabledRole };
+enum Role { PathRole = Qt::UserRole, KindRole, TypeRole, EnabledRole, LibraryRole };
 
 QTreeWidgetItem *newItem(const QString &text, Kind kind)
 {
@@ -40,6 +42,9 @@ QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, cons
     item->setData(0, PathRole, file.path);
     item->setData(0, TypeRole, file.type);
     item->setData(0, EnabledRole, file.enabled);
+    item->setData(0, LibraryRole, file.library);
+    if (!file.library.isEmpty())
+        item->setText(0, item->text(0) + " [" + file.library + ']');
     if (missing)
         item->setText(0, item->text(0) + " (missing)");
     else if (!file.enabled)
@@ -154,6 +159,14 @@ QMenu *ProjectTree::createFileMenu()
         connect(action, &QAction::triggered, this,
                 [this, paths, type] { Q_EMIT typeRequested(paths, type); });
     }
+    QAction *library = menu->addAction("&Library...");
+    const QList<QTreeWidgetItem *> selected = selectedItems();
+    library->setEnabled(std::any_of(selected.begin(), selected.end(), [](const QTreeWidgetItem *item) {
+        return item->data(0, TypeRole).toInt() == TE::VhdlFile;
+    }));
+    connect(library, &QAction::triggered, this, [this, paths, name = first->data(0, LibraryRole).toString()] {
+        Q_EMIT libraryRequested(paths, name);
+    });
     menu->addSeparator();
     menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
     return menu;

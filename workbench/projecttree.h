@@ -29,6 +29,7 @@ Q_SIGNALS:
     void deviceActivated();
     void enableRequested(const QStringList &paths, bool enabled);
     void typeRequested(const QStringList &paths, int type);
+    void libraryRequested(const QStringList &paths, const QString &library); // which the first has
     void removeRequested(const QStringList &paths);
 
 protected:

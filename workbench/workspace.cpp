@@ -14,6 +14,7 @@
 #include "host/backupfile.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
+#include "host/foreignproject.h"
 #include "host/modal.h"
 #include "host/regularfile.h"
 #include "host/viewmanager.h"
@@ -137,6 +138,12 @@ bool Workspace::useProject(std::unique_ptr<Core::Project> project)
     Q_EMIT projectReplaced();
     if (!m_project->filePath().isEmpty())
         Q_EMIT message("Opened the project " + QDir::toNativeSeparators(m_project->filePath()) + ".", false);
+    else if (!m_project->foreignPath().isEmpty())
+        Q_EMIT message("Read the project " + QDir::toNativeSeparators(m_project->foreignPath()) +
+                           ". Save Project As makes one of the workbench's own of it.",
+                       false);
+    for (const QString &note : m_project->notes())
+        Q_EMIT message(note, false);
     for (const Core::SourceFile &file : m_project->data().files) {
         if (!QFileInfo::exists(file.path))
             Q_EMIT message("The project's file " + QDir::toNativeSeparators(file.path) + " is missing.",
@@ -159,7 +166,13 @@ bool Workspace::saveProject()
             return false;
         return m_project->save(&error) || fail(error);
     }
-    const QString path = chooseProjectFile("Save Project", m_project->workingDir());
+    return saveProjectAs();
+}
+
+bool Workspace::saveProjectAs()
+{
+    QString error;
+    const QString path = m_project ? chooseProjectFile("Save Project", m_project->workingDir()) : QString();
     return !path.isEmpty() && mayReplace(path) && (m_project->saveAs(path, &error) || fail(error));
 }
 
@@ -313,7 +326,7 @@ bool Workspace::canEdit(const QString &path) const
 bool Workspace::openFile(const QString &path)
 {
     const QString shown = QDir::toNativeSeparators(path);
-    if (QFileInfo(path).suffix().toLower() == Core::projectFileSuffix())
+    if (Core::isProjectName(path))
         return openProject(path);
     const QString odd = QUtil::irregularReason(path);
     if (!odd.isEmpty())

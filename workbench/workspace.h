@@ -37,6 +37,7 @@ public:
     bool useProject(std::unique_ptr<Core::Project> project);
 
     bool saveProject();   // asks where to, for a project that has no file yet
+    bool saveProjectAs(); // asks where to
     bool closeProject();  // with all views; false when the user keeps one of them or the project
     bool reloadProject(); // from its file; the views stay
     void keepProject();   // whatever has become of its file

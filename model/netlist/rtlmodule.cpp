@@ -42,11 +42,9 @@ QString compose(const QString *path, const QChar *text, int length, const QChar 
     return name;
 }
 
-int compareText(const QChar *a, int aLength, const QChar *b, int bLength)
+bool isText(const QChar *a, int aLength, const QChar *b, int bLength)
 {
-    if (aLength != bLength)
-        return aLength - bLength;
-    return memcmp(a, b, size_t(aLength) * sizeof(QChar));
+    return aLength == bLength && memcmp(a, b, size_t(aLength) * sizeof(QChar)) == 0;
 }
 
 } // namespace
@@ -118,29 +116,23 @@ QString RtlModule::shortName(const Entry &entry) const
     return entry.isBus ? busName(entry, nullptr) : netName(entry.firstSlot, nullptr);
 }
 
-// The first entry of that name that `accept` takes. The index orders by length first: most comparisons
-// then need no look at the text.
+// The first entry of that name that `accept` takes.
 template <typename Accept>
 qint64 RtlModule::findEntry(const QChar *name, int length, Accept accept) const
 {
-    if (m_byName.size() != m_entries.size()) {
-        for (quint32 i = 0; i < m_entries.size(); ++i)
-            m_byName.push_back(i);
-        std::stable_sort(m_byName.begin(), m_byName.end(), [this](quint32 a, quint32 b) {
-            return compareText(nameOf(m_entries[a]), int(m_entries[a].textLength), nameOf(m_entries[b]),
-                               int(m_entries[b].textLength)) < 0;
-        });
+    if (m_byName.isEmpty()) {
+        for (const Entry &entry : m_entries)
+            m_byName.add(nameOf(entry), int(entry.textLength));
+        m_byName.sort();
     }
-    const auto compare = [&](quint32 i) {
-        return compareText(nameOf(m_entries[i]), int(m_entries[i].textLength), name, length);
-    };
-    auto it =
-        std::lower_bound(m_byName.begin(), m_byName.end(), 0, [&](quint32 i, int) { return compare(i) < 0; });
-    for (; it != m_byName.end() && compare(*it) == 0; ++it) {
-        if (accept(m_entries[*it]))
-            return *it;
-    }
-    return -1;
+    qint64 found = -1;
+    m_byName.visit(name, length, [&](quint32 number) {
+        const Entry &entry = m_entries[number];
+        if (isText(nameOf(entry), int(entry.textLength), name, length) && accept(entry))
+            found = number;
+        return found >= 0;
+    });
+    return found;
 }
 
 qint64 RtlModule::findSlot(const QString &name, int from) const
@@ -171,9 +163,13 @@ qint64 RtlModule::findBus(const QString &name, int from) const
     return findEntry(name.constData() + from, bracket - from, [&](const Entry &entry) {
         QChar range[rangeRoom];
         const int length = writeRange(entry, range);
-        return entry.isBus &&
-               compareText(range, length, name.constData() + bracket, name.size() - bracket) == 0;
+        return entry.isBus && isText(range, length, name.constData() + bracket, name.size() - bracket);
     });
+}
+
+qint64 RtlModule::findDeclared(const QString &name, int from) const
+{
+    return findEntry(name.constData() + from, name.size() - from, [](const Entry &) { return true; });
 }
 
 } // namespace QUARRY

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/netlist/nameindex.h"
 #include "model/netlist/rtlnetlist.h"
 
 namespace QUARRY {
@@ -59,9 +60,10 @@ public:
     QString shortName(const Entry &entry) const; // with its range
 
     // The slot of a net or bit, and the number of a bus's entry, whose short name is `name` from position
-    // `from` on; -1 without one.
+    // `from` on; the number of the first entry whose name without a range it is. -1 without one.
     qint64 findSlot(const QString &name, int from) const;
     qint64 findBus(const QString &name, int from) const;
+    qint64 findDeclared(const QString &name, int from) const;
 
 private:
     template <typename Accept>
@@ -74,7 +76,7 @@ private:
     std::vector<Declaration> m_info;
     std::vector<quint32> m_entryOfSlot;
     std::vector<quint32> m_excludedSlots;
-    mutable std::vector<quint32> m_byName; // made when a name is first looked up
+    mutable NameIndex m_byName; // made when a name is first looked up
 };
 
 } // namespace QUARRY

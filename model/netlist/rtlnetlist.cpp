@@ -50,15 +50,8 @@ void collect(const Hierachy *node, List Hierachy::*own, List &result)
         collect(child, own, result);
 }
 
-// Where the rest of `name` after the node's own name and the separator begins; -1 when it is not below.
-int restBelow(const Hierachy *node, const QString &name, int from)
-{
-    const int end = from + node->instanceName.size();
-    if (end + 1 >= name.size() || name.at(end) != QLatin1Char('/'))
-        return -1;
-    const QChar *own = node->instanceName.constData();
-    return std::equal(own, own + node->instanceName.size(), name.constData() + from) ? end + 1 : -1;
-}
+// With fewer children, trying each is as fast.
+const int manyChildren = 16;
 
 } // namespace
 
@@ -76,17 +69,56 @@ QList<RtlNetBus *> Hierachy::netbusesIncludeSub() const
     return result;
 }
 
-// A name may hold the separator itself, so more than one child can be the way: each one that fits is
-// followed until the net is found.
+Hierachy::Hierachy() = default;
+Hierachy::~Hierachy() = default;
+
+int Hierachy::restBelow(const QString &name, int from) const
+{
+    const int end = from + instanceName.size();
+    if (end + 1 >= name.size() || name.at(end) != QLatin1Char('/'))
+        return -1;
+    const QChar *own = instanceName.constData();
+    return std::equal(own, own + instanceName.size(), name.constData() + from) ? end + 1 : -1;
+}
+
+std::vector<const Hierachy *> Hierachy::childrenTowards(const QString &name, int from) const
+{
+    std::vector<const Hierachy *> found;
+    if (children.size() < manyChildren) {
+        std::copy_if(children.begin(), children.end(), std::back_inserter(found),
+                     [&](const Hierachy *child) { return child->restBelow(name, from) >= 0; });
+        return found;
+    }
+    if (!m_byName) {
+        m_byName = std::make_unique<NameIndex>();
+        for (const Hierachy *child : children)
+            m_byName->add(child->instanceName.constData(), child->instanceName.size());
+        m_byName->sort();
+    }
+    std::vector<quint32> numbers;
+    for (int end = name.indexOf(QLatin1Char('/'), from); end >= 0;
+         end = name.indexOf(QLatin1Char('/'), end + 1)) {
+        m_byName->visit(name.constData() + from, end - from, [&](quint32 number) {
+            if (children.at(int(number))->restBelow(name, from) == end + 1)
+                numbers.push_back(number);
+            return false;
+        });
+    }
+    std::sort(numbers.begin(), numbers.end());
+    for (quint32 number : numbers)
+        found.push_back(children.at(int(number)));
+    return found;
+}
+
 RtlNet *Hierachy::findNet(const QString &name, int from) const
 {
-    const int rest = restBelow(this, name, from);
+    const int rest = restBelow(name, from);
     if (rest < 0)
         return nullptr;
     const qint64 slot = m_declarations->findSlot(name, rest);
     if (slot >= 0)
-        return const_cast<RtlNet *>(&m_bits[size_t(slot)]);
-    for (const Hierachy *child : children) {
+        return netOfSlot(quint32(slot));
+    for (const Hierachy *child : childrenTowards(name, rest)) {
         if (RtlNet *found = child->findNet(name, rest))
             return found;
     }
@@ -95,13 +127,13 @@ RtlNet *Hierachy::findNet(const QString &name, int from) const
 
 RtlNetBus *Hierachy::findBus(const QString &name, int from) const
 {
-    const int rest = restBelow(this, name, from);
+    const int rest = restBelow(name, from);
     if (rest < 0)
         return nullptr;
     const qint64 entry = m_declarations->findBus(name, rest);
     if (entry >= 0)
         return buses.at(int(m_declarations->entries()[size_t(entry)].ordinal));
-    for (const Hierachy *child : children) {
+    for (const Hierachy *child : childrenTowards(name, rest)) {
         if (RtlNetBus *found = child->findBus(name, rest))
             return found;
     }

@@ -19,6 +19,7 @@ inline int rangeWidth(int left, int right)
 }
 
 class Hierachy;
+class NameIndex;
 class NetlistBuilder;
 class RtlModule;
 class RtlNet;
@@ -91,6 +92,16 @@ public:
     const RtlModule &declarations() const { return *m_declarations; }
     RtlNet *netOfSlot(quint32 slot) const { return const_cast<RtlNet *>(&m_bits[slot]); }
 
+    // Where the rest of a full name begins behind this node's own name and the separator, when the name has
+    // these from position `from` on; else -1.
+    int restBelow(const QString &name, int from) const;
+    // The children that such a rest goes on with, in design order. More than one can be the way: names may
+    // hold the separator themselves.
+    std::vector<const Hierachy *> childrenTowards(const QString &name, int from) const;
+
+    Hierachy();
+    ~Hierachy();
+
 private:
     friend class NetlistBuilder;
     friend class RtlNetlist;
@@ -101,6 +112,7 @@ private:
     const RtlModule *m_declarations = nullptr;
     std::vector<RtlNet> m_bits; // all single nets and bus bits, by slot
     std::vector<RtlNetBus> m_buses;
+    mutable std::unique_ptr<NameIndex> m_byName; // of many children; made when one is first looked up
 };
 
 // The root of one elaborated design. Immutable once built; frees everything below it when it dies.
@@ -114,7 +126,7 @@ public:
     ~RtlNetlist();
 
     // The net or bus bit of that full name; null when there is none. Walks down the instance path, so it
-    // needs no index: names may contain the separator themselves.
+    // needs no index of full names.
     RtlNet *findNet(const QString &name) const;
     RtlNetBus *findBus(const QString &name) const;
 

@@ -46,8 +46,9 @@ private:
 const char fullProject[] = R"({
   "version": 1, "name": "demo", "topModule": "top", "verilogStandard": "1364-2005", "synthesisTool": "Yosys",
   "files": [{"path": "rtl/top.v"}, {"path": "../common/a b.v", "type": "SystemVerilog"},
-            {"path": "old.vhd", "enabled": false}],
-  "includePaths": ["inc", "/opt/inc"], "libraryPaths": ["../lib"], "defines": ["WIDTH=8"],
+            {"path": "old.vhd", "enabled": false, "library": "uart"}, {"path": "cells.v", "onlyWhenUsed": true}],
+  "includePaths": ["inc", "/opt/inc"], "libraryPaths": ["../lib"], "librarySuffixes": [".v", ".vo"],
+  "defines": ["WIDTH=8"], "undefines": ["SYNTHESIS"], "parameters": ["DEPTH=4"],
   "device": {"series": "S", "device": "D", "package": "P", "partNumber": "é"}
 })";
 
@@ -59,10 +60,14 @@ QString described(const ProjectData &data, const QString &folder)
             words << prefix + value;
     };
     for (const Core::SourceFile &file : data.files)
-        words << file.path + ":" + QString::number(file.type);
+        words << file.path + ":" + QString::number(file.type) +
+                     (file.library.isEmpty() ? "" : "@" + file.library) + (file.onlyWhenUsed ? "?" : "");
     add("I:", data.includePaths);
     add("y:", data.libraryPaths);
+    add("ext:", data.librarySuffixes);
     add("D:", data.defines);
+    add("U:", data.undefines);
+    add("G:", data.parameters);
     if (!data.topModule.isEmpty())
         words << "top:" + data.topModule;
     return words.join(", ").remove(folder + '/');
@@ -186,6 +191,7 @@ private Q_SLOTS:
         QVERIFY(!project.fileMark().isOutdated(path));
         QString text = fullProject;
         text.replace("rtl/top.v", "rtl/next.v").replace("SystemVerilog", "VHDL").replace("WIDTH=8", "W=1");
+        text.replace("DEPTH=4", "DEPTH=5").replace(", \"onlyWhenUsed\": true", "");
         dir.write("demo.jexprj", text.replace("\"enabled\": false", "\"enabled\": true").toUtf8());
         QVERIFY(project.fileMark().isOutdated(path));
         project.setOption("TopModule", "edited");
@@ -195,12 +201,14 @@ private Q_SLOTS:
         QCOMPARE(recorder.lines.join('\n'), QString("TE.File.Add file=next.v\n"
                                                     "TE.File.Change.Type file=a b.v previous=3 type=4\n"
                                                     "TE.File.Change.Enable enable=true file=old.vhd type=4\n"
+                                                    "TE.File.Change.Type file=cells.v previous=2 type=2\n"
                                                     "TE.File.Remove enable=true file=top.v type=2\n"
                                                     "TE.Option.Change option=TopModule\n"
-                                                    "TE.Option.Change option=Defines"));
+                                                    "TE.Option.Change option=Defines\n"
+                                                    "TE.Option.Change option=Parameters"));
         dir.write("demo.jexprj", "{");
         QString error;
-        QVERIFY(!project.reload(&error) && project.data().files.size() == 3);
+        QVERIFY(!project.reload(&error) && project.data().files.size() == 4);
     }
 
     void everyChangePostsItsEvent()
@@ -214,6 +222,8 @@ private Q_SLOTS:
         project.setFileEnabled("a.v", true);
         project.setFileEnabled("a.v", false);
         project.setFileType("a.v", TE::SystemVerilogFile);
+        project.setFileLibrary("a.v", "lib");
+        project.setFileLibrary("a.v", "lib");
         project.setOption("IncludePath", QStringList("inc"));
         project.setOption("IncludePath", QStringList("inc"));
         project.setOption("Verilog_Standard", "1800-2017");
@@ -228,6 +238,7 @@ private Q_SLOTS:
                                                     "TE.File.Add file=n.zub\n"
                                                     "TE.File.Change.Enable enable=false file=a.v type=2\n"
                                                     "TE.File.Change.Type file=a.v previous=2 type=3\n"
+                                                    "TE.File.Change.Type file=a.v previous=3 type=3\n"
                                                     "TE.Option.Change option=IncludePath\n"
                                                     "TE.Option.Change option=Verilog_Standard\n"
                                                     "TE.Device.Change\n"
@@ -247,10 +258,16 @@ private Q_SLOTS:
 
         const QMap<QString, QVariant> info = manager->getSourceFileInfo();
         QStringList files;
-        for (const QVariant &file : info.value("Files").toList())
-            files << file.toMap().value("Path").toString() + ":" + file.toMap().value("Type").toString();
-        QCOMPARE(files.join(' '),
-                 dir.path("rtl/top.v") + ":2 " + QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3");
+        for (const QVariant &entry : info.value("Files").toList()) {
+            const QVariantMap file = entry.toMap();
+            files << file["Path"].toString() + ":" + file["Type"].toString() +
+                         (file["OnlyWhenUsed"].toBool() ? "?" : "");
+        }
+        QCOMPARE(files.join(' '), dir.path("rtl/top.v") + ":2 " +
+                                      QDir::cleanPath(dir.path() + "/../common/a b.v") + ":3 " +
+                                      dir.path("cells.v") + ":2?");
+        QCOMPARE(info.value("DisabledFiles").toStringList(), QStringList(dir.path("old.vhd")));
+        QCOMPARE(info.value("LibrarySuffix").toStringList().join(' '), QString(".v .vo"));
         QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.path("inc"), "/opt/inc"}));
         QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
         QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
@@ -303,13 +320,27 @@ private Q_SLOTS:
         textColumns("expected", "message");
         row("a.v b.sv\n\"my dir/c d.vhd\" a.v ./a.v\n", "a.v:2, b.sv:3, my dir/c d.vhd:4", "");
         row("+incdir+inc+lib -Iinc\n+define+X=1+Y -DZ=\"a b\"\n-y lib +libext+.v -v a.v --top-module t",
-            "a.v:2, I:inc, I:lib, y:lib, D:X=1, D:Y, D:Z=a b, top:t", "");
+            "a.v:2?, I:inc, I:lib, y:lib, ext:.v, D:X=1, D:Y, D:Z=a b, top:t", "");
+        row("+define+F=\\\"x.hex\\\" -D \"G=\\\"a b\\\"\" -U V -UW -GN=1 -pvalue+M=2 -I inc -define H a.v",
+            "a.v:2, I:inc, D:F=\"x.hex\", D:G=\"a b\", D:H, U:V, U:W, G:N=1, G:M=2", "");
+        row("-work one \"my dir/c d.vhd\" -F libs.f e.vhd a.v",
+            "my dir/c d.vhd:4@one, lib/f.vhd:4@two, e.vhd:4@one, a.v:2", "");
+        row("lib inc/../lib -v lib\\l.v", "lib/f.vhd:4, lib/l.v:2", "");
         row("// x.v\n# y.v\n/* z.v\n */ a.v // b.sv\nlib//l.v\\\n b.sv", "a.v:2, lib/l.v:2, b.sv:3", "");
         row("a.v \\\r\nb.sv\r\n", "a.v:2, b.sv:3", "");
         row("$JEX_T/l.v ${JEX_T}/l.v \"$(JEX_T)/l.v\"", "lib/l.v:2", "");
         row("a.v -sv", "a.v:3", "");
         row("-F lib/in.f -f lib/in2.f", "lib/l.v:2, a.v:2", "");
         row("a.v\n-timescale=1ns/1ps", "a.v:2", "%1:2: the option \"-timescale=1ns/1ps\" was passed over.");
+        row("-timescale 1ns/1ps -l a.v -quiet b.sv -seed 3 +x -q -r a.v", "b.sv:3, a.v:2",
+            "%1:1: the option \"-timescale 1ns/1ps\" was passed over.\n"
+            "%1:1: the option \"-l a.v\" was passed over.\n%1:1: the option \"-quiet\" was passed over.\n"
+            "%1:1: the option \"-seed 3\" was passed over.\n%1:1: the option \"+x\" was passed over.\n"
+            "%1:1: the option \"-q\" was passed over.\n%1:1: the option \"-r\" was passed over.");
+        row("C:\\x\\a.v", "",
+            "%1:1: there is no file \"C:\\x\\a.v\": its path is one of another system. Write it as seen from "
+            "the "
+            "list.");
         row("+incdir+my\\ dir+other", "", "%1:1: there is no folder \"%2/other\".");
         row("a.v\nx.v", "", "%1:2: there is no file \"%2/x.v\".");
         row("a.v\npipe", "", "%1:2: \"%2/pipe\" is a named pipe, not a source.");
@@ -328,6 +359,11 @@ private Q_SLOTS:
         row("a.v\n\"b.sv", "", "%1:2: these quotes do not end.");
         row("a.v\n/* b", "", "%1:2: this comment does not end.");
         row("$JEX_NOT_SET/a.v", "", "%1:1: the environment variable \"JEX_NOT_SET\" is not set.");
+        row("x.v +incdir+$JEX_NOT_SET+$JEX_T\n-y $JEX_NONE a.v -y none $JEX_NOT_SET\ny.v", "",
+            "%1:1: the environment variable \"JEX_NOT_SET\" is not set.\n"
+            "%1:2: the environment variable \"JEX_NONE\" is not set.\n"
+            "%1:1: there is no file \"%2/x.v\".\n%1:2: there is no folder \"%2/none\".\n"
+            "%1:3: there is no file \"%2/y.v\".");
     }
 
     void fileLists()
@@ -335,8 +371,10 @@ private Q_SLOTS:
         QFETCH(QString, expected);
         QFETCH(QString, message);
         const Folder dir;
-        for (const char *file : {"a.v", "b.sv", "my dir/c d.vhd", "lib/l.v", "inc/h.vh"})
+        for (const char *file :
+             {"a.v", "b.sv", "e.vhd", "my dir/c d.vhd", "lib/l.v", "lib/f.vhd", "inc/h.vh"})
             dir.write(file, "");
+        dir.write("libs.f", "-work two lib/f.vhd");
         dir.write("lib/in.f", "l.v");
         dir.write("./:o.v", "");
         QCOMPARE(mkfifo(qPrintable(dir.path("pipe")), 0600), 0);

@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QtTest>
 
+#include "host/designmanager.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/commandline.h"
@@ -20,6 +21,10 @@ private Q_SLOTS:
         m_work.write("p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}], "topModule": "own"})");
         m_work.write("q.jexprj", "{}");
         m_work.write("sub/list.f", "x.v +define+L");
+        for (const char *file :
+             {"tree/b.vhd", "tree/a/c.sv", "tree/a/h.svh", "tree/.git/d.v", "tree/notes.txt"})
+            m_work.write(file, "");
+        QDir().mkpath("none");
         m_work.write("sub/r.jexprj", R"({"version": 1, "files": [{"path": "x.v"}]})");
     }
 
@@ -35,10 +40,17 @@ private Q_SLOTS:
         row("a.v -DX=1 -D Y -Isub -y sub", "a.v|||X=1 Y sub sub");
         row("-f sub/list.f", "sub/x.v|||L");
         row("-F sub/list.f a.v", "a.v sub/x.v|||L");
+        row("+define+X=1+Y -UZ +incdir+sub+tree -GN=4 -pvalue+M=2 -v a.v -y sub +libext+.v+.vo --top-module "
+            "t",
+            "a.v?|t||X=1 Y sub tree sub -Z N=4 M=2 .v .vo");
+        row("-sv a.v b.vhd -work lib sub/x.v", "a.v:3 b.vhd@lib sub/x.v:3|||");
+        row("tree c.zub", "tree/a/c.sv tree/b.vhd c.zub|||tree/a");
         row("a.v --device lfe5u-25f", "a.v||LFE5U-25F|");
         row("a.v --device none", "The device \"none\" is not known. Project > Device shows those that are.");
         row("z.v", "There is no file \"z.v\".");
-        row("sub", "\"sub\" is not a file: name its sources, or a list with -f.");
+        row("y.v a.v z.v -v x.v",
+            "There is no file \"x.v\".\nThere is no file \"y.v\".\nThere is no file \"z.v\".");
+        row("none", "There is no source in the folder \"%1/none\".");
         row("p.jexprj q.jexprj", "Only one project can be open: \"p.jexprj\" or \"q.jexprj\".");
         row("--nonsense", "Unknown option 'nonsense'.");
         row("q.jexprj", "Can not read the project %1/q.jexprj: \"version\" is missing.");
@@ -48,21 +60,25 @@ private Q_SLOTS:
         const QString words = QTest::currentDataTag();
         QFETCH(QString, expected);
         StartOptions options;
-        QStringList faults{QString()};
+        QStringList faults;
         Core::Project project;
         const QStringList arguments = QStringList("jexworkbench") + words.split(' ', Qt::SkipEmptyParts);
-        if (parseCommandLine(arguments, options, faults[0])) {
-            faults.clear();
+        if (parseCommandLine(arguments, options, faults))
             fillProject(options, project, faults);
-        }
         const QDir here(QDir::currentPath());
         const Core::ProjectData &data = project.data();
         QStringList files;
-        for (const Core::SourceFile &file : data.files)
-            files << here.relativeFilePath(file.path);
+        for (const Core::SourceFile &file : data.files) {
+            const bool isRetyped = file.type != TE::fileTypeFromName(file.path);
+            files << here.relativeFilePath(file.path) + (isRetyped ? ":" + QString::number(file.type) : "") +
+                         (file.library.isEmpty() ? "" : "@" + file.library) + (file.onlyWhenUsed ? "?" : "");
+        }
         QStringList rest = data.defines;
         for (const QString &path : data.includePaths + data.libraryPaths)
             rest << here.relativeFilePath(path);
+        for (const QString &name : data.undefines)
+            rest << "-" + name;
+        rest += data.parameters + data.librarySuffixes;
         const QString found =
             files.join(' ') + '|' + data.topModule + '|' + data.device.device + '|' + rest.join(' ');
         QCOMPARE(faults.isEmpty() ? found : faults.join('\n'), expected.replace("%1", here.path()));

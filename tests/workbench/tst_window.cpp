@@ -2,6 +2,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -232,14 +233,66 @@ private Q_SLOTS:
         dialog.findChild<QLineEdit *>("topModule")->setText(" soc ");
         dialog.findChild<QComboBox *>("verilogStandard")->setCurrentText("1364-2005");
         dialog.findChild<StringListEdit *>("defines")->setValues({"A=1", " ", "B"});
+        dialog.findChild<StringListEdit *>("undefines")->setValues({"U"});
+        dialog.findChild<StringListEdit *>("parameters")->setValues({"P=1"});
+        dialog.findChild<StringListEdit *>("librarySuffixes")->setValues({".vo"});
         dialog.accept();
-        QCOMPARE(project->data().topModule + ' ' + project->data().verilogStandard + ' ' +
-                     project->data().defines.join(' '),
-                 QString("soc 1364-2005 A=1 B"));
+        const Core::ProjectData &data = project->data();
+        QCOMPARE(
+            QStringList({data.topModule, data.verilogStandard, data.defines.join(' '),
+                         data.undefines.join(' '), data.parameters.join(' '), data.librarySuffixes.join(' ')})
+                .join('|'),
+            QString("soc|1364-2005|A=1 B|U|P=1|.vo"));
         OptionsDialog again(project, m_window.get());
         again.findChild<QComboBox *>("verilogStandard")->setCurrentIndex(0);
         again.accept();
         QCOMPARE(project->data().verilogStandard, QString());
+    }
+
+    void librariesOfVhdlFiles()
+    {
+        Workspace *workspace = m_window->workspace();
+        QVERIFY(workspace->openProject(m_dir->filePath("demo.jexprj")));
+        auto *tree = m_window->findChild<ProjectTree *>();
+        const auto fileItem = [tree] {
+            return tree->findItems("b.vhd", Qt::MatchStartsWith | Qt::MatchRecursive);
+        };
+        fileItem().first()->setSelected(true);
+        ModalDriver driver;
+        driver.then([](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>()->setText(" lib ");
+            dialog->accept();
+        });
+        const std::unique_ptr<QMenu> menu(tree->createFileMenu());
+        for (QAction *action : menu->actions()) {
+            if (action->text() == "&Library...")
+                action->trigger();
+        }
+        QCOMPARE(workspace->project()->data().files.at(2).library, QString("lib"));
+        QCOMPARE(fileItem().first()->text(0), QString("b.vhd [lib] (disabled)"));
+    }
+
+    // What another tool keeps is read, and becomes one of our own elsewhere.
+    void foreignProject()
+    {
+        const QString path = m_dir->filePath("demo.eda.yml");
+        const QByteArray text = "name: other\nfiles: [a.v]\ntoplevel: a\nhooks: {}\n";
+        put(path, text);
+        QVERIFY(m_window->workspace()->openFile(path));
+        const QString messages = m_window->findChild<MessagePane *>()->toPlainText();
+        QVERIFY(messages.contains("Read the project " + path + ". Save Project As"));
+        QVERIFY(messages.contains("Not understood, and left out: \"hooks\"."));
+        QCOMPARE(recentProjects(m_settings.get()), QStringList(path));
+        const QString own = m_dir->filePath("own");
+        ModalDriver driver;
+        driver.then([own](QDialog *dialog) {
+            qobject_cast<QFileDialog *>(dialog)->selectFile(own);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        action("Save Project &As...")->trigger();
+        QCOMPARE(m_window->workspace()->project()->filePath(), own + ".jexprj");
+        QVERIFY(contents(own + ".jexprj").contains("\"path\": \"a.v\""));
+        QCOMPARE(contents(path), text);
     }
 
     void deviceIsPicked()

@@ -1,0 +1,51 @@
+#include "host/sourcefolder.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+
+#include "host/designmanager.h"
+
+namespace Core {
+namespace {
+
+// Who names the root of a disk did not mean to.
+const int lookLimit = 200000;
+const int sourceLimit = 20000;
+
+bool isHeader(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == QLatin1String("vh") || suffix == QLatin1String("svh");
+}
+
+} // namespace
+
+bool findSources(const QString &folder, FolderSources &found, QString &fault)
+{
+    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    int looked = 0;
+    while (files.hasNext() && looked < lookLimit && found.files.size() <= sourceLimit) {
+        const QString path = files.next();
+        ++looked;
+        if (!TE::isDesignFileType(TE::fileTypeFromName(path)))
+            continue;
+        const QString home = files.fileInfo().path();
+        if (!isHeader(path))
+            found.files.append(path);
+        else if (found.includeFolders.isEmpty() || found.includeFolders.last() != home)
+            found.includeFolders.append(home);
+    }
+    found.files.sort();
+    found.includeFolders.sort();
+    found.includeFolders.removeDuplicates();
+    if (looked == lookLimit || found.files.size() > sourceLimit)
+        fault = QString::fromLatin1(
+                    "The folder \"%1\" has too many files to stand for its sources: name those of "
+                    "the design.")
+                    .arg(folder);
+    else if (found.files.isEmpty())
+        fault = QString::fromLatin1("There is no source in the folder \"%1\".").arg(folder);
+    return fault.isEmpty();
+}
+
+} // namespace Core
