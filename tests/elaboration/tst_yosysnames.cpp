@@ -133,7 +133,9 @@ private Q_SLOTS:
     void sameNames_data()
     {
         QTest::addColumn<QStringList>("files");
-        for (const QString &file : QDir(TEST_DESIGNS).entryList({"*.v", "types.sv"}))
+        QStringList files = QDir(TEST_DESIGNS).entryList({"*.v", "types.sv"});
+        files.removeAll("encrypted.v"); // which Yosys refuses
+        for (const QString &file : files)
             QTest::newRow(qPrintable(file)) << QStringList(TEST_DESIGNS "/" + file);
         for (unsigned seed : {1, 2, 3}) {
             const QString name = QString("generated%1.v").arg(seed);
