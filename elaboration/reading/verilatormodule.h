@@ -1,5 +1,6 @@
 #pragma once
 
+#include "elaboration/reading/verilatortypes.h"
 #include "model/netlist/netlistbuilder.h"
 
 #include <pugixml.hpp>
@@ -26,6 +27,13 @@ struct VerilatorChild
     int right = 0;
 };
 
+// An unpacked array of which each element is a net.
+struct VerilatorElements
+{
+    int first = 0; // number in VerilatorModule::nets; the others follow in declared order
+    std::vector<VerilatorArray::Dimension> dimensions;
+};
+
 // The body of a module, or of one generate scope in it.
 struct VerilatorScope
 {
@@ -34,13 +42,17 @@ struct VerilatorScope
     int builderModule = -1;
     ModuleDecl decl;                                 // emptied once the builder has it
     std::unordered_map<std::string_view, int> names; // to numbers in VerilatorModule::nets
-    std::vector<VerilatorChild> children;            // in design order
-    std::vector<pugi::xml_node> assigns;             // continuous assignments
+    std::unordered_map<std::string_view, VerilatorElements> arrays;
+    std::vector<VerilatorChild> children; // in design order
+    std::vector<pugi::xml_node> assigns;  // continuous assignments
 };
 
 // One net in any scope of a module.
 struct VerilatorNet
 {
+    VerilatorNet() = default;
+    VerilatorNet(const pugi::xml_node &var, const VerilatorType &type);
+
     std::string_view name; // as Verilator has it
     const VerilatorScope *scope = nullptr;
     int position = -1; // in the scope's ModuleDecl; -1: not shown

@@ -20,6 +20,12 @@ int boundedWidth(int width)
     return int(qBound<qint64>(0, width, NetlistBuilder::maxNets));
 }
 
+// To a net, or to an element of an array.
+bool isReference(const pugi::xml_node &expression)
+{
+    return is(expression, "varref") || is(expression, "arraysel");
+}
+
 int number(const pugi::xml_node &constant)
 {
     return int(VerilatorConstant(constant.attribute("name").value()).number());
@@ -65,6 +71,8 @@ int VerilatorTies::width(const pugi::xml_node &expression) const
 
 int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const
 {
+    if (is(varref, "arraysel"))
+        return elementNumber(varref, scope);
     const std::string_view name = varref.attribute("name").value();
     for (const VerilatorScope *at = &scope; at; at = at->outer) {
         const auto found = at->names.find(name);
@@ -74,12 +82,45 @@ int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope 
     return -1;
 }
 
+// <arraysel> of an array, or of another one, and a number that counts from the lowest index.
+int VerilatorTies::elementNumber(pugi::xml_node select, const VerilatorScope &scope) const
+{
+    std::vector<int> indices; // from the innermost dimension
+    for (; is(select, "arraysel"); select = select.first_child()) {
+        const pugi::xml_node index = select.first_child().next_sibling();
+        if (!is(index, "const"))
+            return -1;
+        indices.push_back(number(index));
+    }
+    const std::string_view name = select.attribute("name").value();
+    for (const VerilatorScope *at = &scope; at; at = at->outer) {
+        const auto found = at->arrays.find(name);
+        if (found == at->arrays.end())
+            continue;
+        const auto &dimensions = found->second.dimensions;
+        if (dimensions.size() != indices.size())
+            return -1;
+        qint64 position = 0;
+        for (size_t i = 0; i < dimensions.size(); ++i) {
+            const int width = rangeWidth(dimensions[i].left, dimensions[i].right);
+            const int index = indices[indices.size() - 1 - i];
+            if (index < 0 || index >= width)
+                return -1;
+            position =
+                position * width + (dimensions[i].left < dimensions[i].right ? index : width - 1 - index);
+        }
+        const qint64 number = found->second.first + position;
+        return number < qint64(m_module.nets.size()) ? int(number) : -1;
+    }
+    return -1;
+}
+
 TiedBits VerilatorTies::bits(const pugi::xml_node &expression, const VerilatorScope &scope,
                              const TiedNets &tied) const
 {
     if (is(expression, "const"))
         return constantBits(expression);
-    if (is(expression, "varref")) {
+    if (isReference(expression)) {
         const auto known = tied.find(netNumber(expression, scope));
         return known == tied.end() ? TiedBits() : known->second;
     }
@@ -150,13 +191,13 @@ TiedBits VerilatorTies::extended(const pugi::xml_node &extend, const VerilatorSc
 void VerilatorTies::addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
                                std::vector<Target> &targets) const
 {
-    if (is(left, "varref")) {
+    if (isReference(left)) {
         targets.push_back({netNumber(left, scope), 0, width(left)});
     } else if (is(left, "concat")) {
         addTargets(left.last_child(), scope, targets);
         addTargets(left.first_child(), scope, targets);
     } else if (is(left, "sel") && is(left.first_child().next_sibling(), "const") &&
-               is(left.first_child(), "varref")) {
+               isReference(left.first_child())) {
         targets.push_back(
             {netNumber(left.first_child(), scope), number(left.first_child().next_sibling()), width(left)});
     } else {

@@ -42,6 +42,7 @@ private:
                     std::vector<Target> &targets) const;
     void count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const;
     void countScope(const VerilatorScope &scope, Drivers &drivers) const;
+    int elementNumber(pugi::xml_node select, const VerilatorScope &scope) const;
     TiedBits selected(const pugi::xml_node &select, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits joined(const pugi::xml_node &concat, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,

@@ -63,8 +63,8 @@ QSet<QString> namedIn(const ToolMessage &error, Lines &lines)
 {
     QSet<QString> names;
     collect(error.text, QRegExp(QLatin1String("(?:missing package|Package/class) '(\\w+)'")), names);
-    if (names.isEmpty() && (error.text.startsWith(QLatin1String("syntax error")) ||
-                            error.code == QLatin1String("PKGNODECL")))
+    if (names.isEmpty() &&
+        (error.text.startsWith(QLatin1String("syntax error")) || error.code == QLatin1String("PKGNODECL")))
         collect(lines.line(error.file, error.line), QRegExp(QLatin1String("([A-Za-z_$]\\w*)\\s*::")), names);
     return names;
 }

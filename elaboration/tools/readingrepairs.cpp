@@ -29,7 +29,10 @@ QMap<QString, int> firstLines(const QList<ToolMessage> &errors)
 
 ReadingRepairs::ReadingRepairs(const SafeNames &names, VerilatorRun &verilator, SourceCopies &copies,
                                const QStringList &libraryFolders, const QStringList &disabledFiles)
-    : m_names(names), m_verilator(verilator), m_copies(copies), m_libraryFolders(libraryFolders),
+    : m_names(names),
+      m_verilator(verilator),
+      m_copies(copies),
+      m_libraryFolders(libraryFolders),
       m_disabledFiles(disabledFiles)
 {
 }

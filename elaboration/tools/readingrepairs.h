@@ -52,12 +52,12 @@ private:
     SourceCopies &m_copies;
     const QStringList m_libraryFolders;
     const QStringList m_disabledFiles;
-    QList<ToolMessage> m_errors; // of the reading that got furthest
-    Guess m_guess = NoGuess;     // what the last reading was to show
-    QStringList m_guessed;       // the files that led to it
-    QMap<QString, int> m_systemVerilog; // files that must be that, by a guess, and the line that tells it
+    QList<ToolMessage> m_errors;           // of the reading that got furthest
+    Guess m_guess = NoGuess;               // what the last reading was to show
+    QStringList m_guessed;                 // the files that led to it
+    QMap<QString, int> m_systemVerilog;    // files that must be that, by a guess, and the line that tells it
     QHash<QString, QSet<QString>> m_users; // of the former: the sources that so became it
-    QSet<QString> m_tried;              // of which that was guessed once
+    QSet<QString> m_tried;                 // of which that was guessed once
     QMap<QString, QString> m_strays;
     QStringList m_notes;
     bool m_packagesOrdered = false;

@@ -11,9 +11,9 @@ namespace QUARRY {
 class SafeNames;
 class ScratchDir;
 
-// Hands sources that need a repair (see sourcerepairs.h) to the tools as copies in the scratch folder, with the
-// same lines; the names of the copies are SafeNames' matter. What a copy includes is found where the original
-// finds it, and a file that includes a copied one is copied, too. Other files are not touched.
+// Hands sources that need a repair (see sourcerepairs.h) to the tools as copies in the scratch folder, with
+// the same lines; the names of the copies are SafeNames' matter. What a copy includes is found where the
+// original finds it, and a file that includes a copied one is copied, too. Other files are not touched.
 class SourceCopies
 {
 public:
@@ -62,7 +62,7 @@ private:
     SafeNames &m_names;
     QStringList m_folders;
     QHash<QString, Source> m_sources;
-    QStringList m_waiting; // to be read by look()
+    QStringList m_waiting;            // to be read by look()
     QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
     QHash<int, QSet<QString>> m_spared;
     QStringList m_encrypted;

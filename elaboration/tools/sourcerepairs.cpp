@@ -3,6 +3,8 @@
 #include <QRegExp>
 #include <QStringList>
 
+#include <cstring>
+
 #include "elaboration/tools/verilogassertions.h"
 
 namespace QUARRY {
@@ -15,9 +17,10 @@ const char xilinxMark[] = "XlxV"; // begins a whole encrypted file: "XlxV64EB"
 int switchIn(const QByteArray &comment)
 {
     static const QRegExp pattern(
-        QLatin1String("(?://|--|/\\*)\\s*(?:(?:synthesis|synopsys|pragma|exemplar|cadence|ambit|altera|quartus|"
-                      "xilinx|vivado|lattice|gowin|verific)\\s+)?"
-                      "(?:(?:translate|synthesis|synth)_o(ff|n)|rtl_synthesis\\s+o(ff|n))\\b.*"),
+        QLatin1String(
+            "(?://|--|/\\*)\\s*(?:(?:synthesis|synopsys|pragma|exemplar|cadence|ambit|altera|quartus|"
+            "xilinx|vivado|lattice|gowin|verific)\\s+)?"
+            "(?:(?:translate|synthesis|synth)_o(ff|n)|rtl_synthesis\\s+o(ff|n))\\b.*"),
         Qt::CaseInsensitive);
     QRegExp words(pattern);
     if (!words.exactMatch(QString::fromLatin1(comment.left(512))))
@@ -138,18 +141,23 @@ struct RepairRow
     SourceRepair repair;
     bool forVerilog;
     bool forVhdl;
-    const char *marks[4]; // a text that holds none of them does not need the repair
+    const char *beginning;                                    // a text that needs the repair begins with it,
+    const char *marks[2];                                     // or holds one of these
     bool (*apply)(QByteArray &text, SourceLanguage language); // false when there was nothing to do
 };
 
-// In the order in which they are made.
+// In the order in which they are made. Without marks only an attempt can tell.
 const RepairRow repairs[] = {
-    {DropByteOrderMark, false, true, {byteOrderMark}, dropByteOrderMark},
-    {HideEncrypted, true, true, {"protect", xilinxMark}, hideEncrypted},
-    {HideSimulation, true, true, {"translate_o", "synthesis_o", "synth_o", "rtl_synthesis"}, hideSimulation},
-    {HideAssertions, true, false, {"property", "sequence", "cover", "default"}, hideAssertions},
-    {HideAssertions, true, false, {"checker", "let", "expect"}, hideAssertions},
+    {DropByteOrderMark, false, true, byteOrderMark, {}, dropByteOrderMark},
+    {HideEncrypted, true, true, xilinxMark, {"protect", nullptr}, hideEncrypted},
+    {HideSimulation, true, true, nullptr, {"translate_o", "synth"}, hideSimulation},
+    {HideAssertions, true, false, nullptr, {"", nullptr}, hideAssertions},
 };
+
+bool holds(const QByteArray &text, const char *mark)
+{
+    return mark && memmem(text.constData(), size_t(text.size()), mark, std::strlen(mark));
+}
 
 } // namespace
 
@@ -160,10 +168,9 @@ int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted)
     for (const RepairRow &row : repairs) {
         if (!(wanted & row.repair) || !(language == VhdlSource ? row.forVhdl : row.forVerilog))
             continue;
-        for (const char *mark : row.marks) {
-            const bool isHeld = mark && (searched.contains(mark) || text.startsWith(mark));
-            needed |= isHeld ? int(row.repair) : 0;
-        }
+        if ((row.beginning && text.startsWith(row.beginning)) || holds(searched, row.marks[0]) ||
+            holds(searched, row.marks[1]))
+            needed |= row.repair;
     }
     return needed;
 }

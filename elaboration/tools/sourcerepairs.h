@@ -6,8 +6,8 @@
 
 namespace QUARRY {
 
-// What may have to be done to the text of a source before a tool can take it. Each leaves all lines where they
-// are, so that places stay right.
+// What may have to be done to the text of a source before a tool can take it. Each leaves all lines where
+// they are, so that places stay right.
 enum SourceRepair {
     HideSimulation = 1, // what "translate_off" hides from synthesis
     HideEncrypted = 2,  // what stands in envelopes that no tool here can open

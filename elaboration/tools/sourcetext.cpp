@@ -12,7 +12,8 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
-// Behind the string, or VHDL's \extended "name\, that begins at `at`. One that does not end ends with its line.
+// Behind the string, or VHDL's \extended "name\, that begins at `at`. One that does not end ends with its
+// line.
 int behindString(const QByteArray &text, int at, SourceLanguage language)
 {
     const char quote = text.at(at);

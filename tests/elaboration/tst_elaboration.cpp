@@ -63,7 +63,8 @@ void verilogRows()
         "if (0) begin : g dead ud(clk); end\nendmodule\n",
         "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
         "nothing inside: *",
-        "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
+        "t:t clk a[31:0] y[1:0] mem[0][7:0] mem[1][7:0] mem[2][7:0] mem[3][7:0]\nt/i0:ifc v\nt/ia[0]:ifc "
+        "v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
         "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$");
 }
 
