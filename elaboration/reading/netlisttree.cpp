@@ -216,7 +216,7 @@ void NetlistTree::enterBlock(Entity &entity, const Block &block, Hierachy *node)
 
 int NetlistTree::moduleNumber(const ModuleDecl &decl)
 {
-    QString key = decl.name;
+    QString key = decl.name + QLatin1String(decl.isScope ? "\n" : "");
     for (const NetDecl &net : decl.nets) {
         key += QLatin1Char('\n') + net.name + QLatin1Char('\n') + net.info.file + QLatin1Char(' ') +
                QString::number(net.info.line) + QLatin1Char(' ') + net.info.type;
@@ -233,8 +233,8 @@ int NetlistTree::moduleNumber(const ModuleDecl &decl)
 Hierachy *NetlistTree::makeVhdlNode(const Entity &entity, const Block &block, Hierachy *parent,
                                     const QString &name, const QString &moduleName)
 {
-    const VhdlBody::Signals found =
-        entity.body.declared(*block.scope, block.places, block.prefix, moduleName);
+    VhdlBody::Signals found = entity.body.declared(*block.scope, block.places, block.prefix, moduleName);
+    found.decl.isScope = !block.prefix.isEmpty();
     Hierachy *node = makeNode(parent, name, moduleNumber(found.decl));
     for (size_t i = 0; i < found.nets.size(); ++i) {
         if (!parent && found.nets[i] >= 0 && entity.instance.module->nets[size_t(found.nets[i])].isInout)

@@ -449,6 +449,7 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
     VerilatorScope *inner = module.generates.back().get();
     inner->outer = &scope;
     inner->decl.name = scopeBaseName(child.name);
+    inner->decl.isScope = true;
     readBody(begin, module, *inner);
     if (inner->decl.nets.isEmpty() && inner->children.empty() && module.generates.size() == position + 1) {
         module.generates.pop_back();

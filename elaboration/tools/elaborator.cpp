@@ -222,12 +222,14 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
             name.clear();
         }
         if (isUnknownTop(error))
-            m_topUnknown = true;
-        else if (name.isEmpty())
+            return proceedWithoutTop();
+        if (name.isEmpty())
             others.append(error);
         else if (!missing.contains(name))
             missing.append(name);
     }
+    if (m_topUnknown && !others.isEmpty())
+        return proceed(Done);
     if (!others.isEmpty() && m_repairs.tryNext(others))
         return proceed(Again);
     if (others.isEmpty() && missing.isEmpty())
@@ -237,8 +239,10 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
     if (m_boxes.adapt(others))
         return proceed(makeFiles());
     const auto giveUp = [=](Verdict verdict) {
-        if (verdict == Failed)
+        if (verdict == Failed) {
             report(m_repairs.refused(), ToolMessage::Error);
+            m_result->lists.messages += m_repairs.hints();
+        }
         proceed(verdict);
     };
     // VHDL and Verilog that spell a port differently.
@@ -246,6 +250,14 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
         provide(missing, giveUp);
     else
         giveUp(Failed);
+}
+
+// The user is told which tops there are.
+void Elaborator::proceedWithoutTop()
+{
+    m_topUnknown = true;
+    m_verilator.setTop(QString());
+    proceed(Again);
 }
 
 void Elaborator::provide(const QStringList &missing, const std::function<void(Verdict)> &then)
@@ -309,6 +321,8 @@ QString Elaborator::userName(const QString &module) const
 
 void Elaborator::finish()
 {
+    if (m_topUnknown)
+        return tellTops();
     report(m_warnings, ToolMessage::Warning);
     ReadOptions &options = m_result->readOptions;
     if (m_vhdl) {
@@ -338,10 +352,36 @@ void Elaborator::finish()
     listModules();
     options.workingDir = m_verilator.workingDir();
     options.top = m_result->lists.topModules.value(0);
-    m_result->usable = m_result->lists.topModules.size() == 1 && !m_topUnknown;
+    m_result->usable = m_result->lists.topModules.size() == 1;
     m_result->xmlFile = m_verilator.xmlFile();
     m_result->foldersLookedIn = m_verilator.folders();
     nameFiles();
+}
+
+void Elaborator::tellTops()
+{
+    QStringList tops;
+    for (const QString &module : m_summary.roots) {
+        if (!m_boxes.names().contains(module))
+            tops.append(module);
+    }
+    QSet<QString> instantiated;
+    QStringList entities;
+    for (const DesignSource &source : m_input.files) {
+        if (source.type != TE::VhdlFile)
+            continue;
+        const VhdlNames names = vhdlNames(source.path);
+        entities += names.entities;
+        instantiated += names.instantiated;
+    }
+    for (const QString &entity : entities) {
+        if (!instantiated.contains(entity.toLower()))
+            tops.append(entity);
+    }
+    if (!tops.isEmpty() && !m_input.top.isEmpty())
+        m_result->lists.messages.append(QLatin1String("WARNING: No module is named \"") + m_input.top +
+                                        QLatin1String("\". The top modules of the design are: ") +
+                                        tops.join(QLatin1String(", ")));
 }
 
 void Elaborator::tellEncrypted()
@@ -374,8 +414,6 @@ void Elaborator::tellWhereModulesAre(const QStringList &boxes)
 void Elaborator::listModules()
 {
     ModuleList &lists = m_result->lists;
-    if (m_topUnknown && !m_input.top.isEmpty())
-        return;
     QSet<QString> seen; // one entity can stand behind several modules
     for (const QString &module : m_summary.modules) {
         const QString name = userName(module);

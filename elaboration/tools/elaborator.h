@@ -61,11 +61,13 @@ private:
     void proceed(Verdict verdict);
     void judge(const ToolResult &result);
     void repair(const QList<ToolMessage> &errors);
+    void proceedWithoutTop();
     // Finds a definition for modules that have none: a VHDL entity, or else a black box.
     void provide(const QStringList &missing, const std::function<void(Verdict)> &then);
     Verdict makeBlackBoxes(const DesignDump &dump, const QStringList &missing);
     Verdict makeFiles();
     void finish();
+    void tellTops();
     void tellEncrypted();
     void tellWhereModulesAre(const QStringList &boxes);
     void listModules();

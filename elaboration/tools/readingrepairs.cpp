@@ -9,6 +9,7 @@
 #include "elaboration/tools/missingpackages.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/sourcecopies.h"
+#include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorrun.h"
 
 namespace QUARRY {
@@ -171,7 +172,7 @@ bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
 
 bool ReadingRepairs::guessNext()
 {
-    return guessLanguage() || guessAssertions() || guessToolMacro();
+    return guessLanguage() || guessAssertions() || guessToolMacro() || leaveOutUnneeded();
 }
 
 // Strict reading comes first: it keeps nets that are called "do" or "logic".
@@ -218,6 +219,45 @@ bool ReadingRepairs::guessToolMacro()
         }
     }
     return false;
+}
+
+// Files with errors that the top module, which the user named, does not need.
+bool ReadingRepairs::leaveOutUnneeded()
+{
+    if (m_verilator.top().isEmpty())
+        return false;
+    const QSet<QString> needed = SourceNeeds(m_verilator.files()).filesFor(m_verilator.top());
+    bool changed = false;
+    for (const QString &file : firstLines(m_errors).keys()) {
+        if (needed.contains(file) || !m_verilator.leaveOut(file))
+            continue;
+        m_notes.append(
+            QString::fromLatin1("WARNING: %1:%2: The file has errors and is left out: the top module "
+                                "does not need it.")
+                .arg(file, QString::number(firstLines(m_errors).value(file))));
+        changed = true;
+    }
+    return changed;
+}
+
+QStringList ReadingRepairs::hints() const
+{
+    QStringList hints;
+    if (!m_verilator.top().isEmpty())
+        return hints;
+    const SourceNeeds needs(m_verilator.files());
+    const QSet<QString> faulty = firstLines(m_errors).keys().toSet();
+    QStringList tops;
+    for (const QString &root : needs.roots()) {
+        if (!faulty.intersects(needs.filesFor(root)))
+            tops.append(root);
+    }
+    if (!tops.isEmpty())
+        hints.append(
+            QLatin1String("WARNING: No top module is set. Set it, and what it does not need may have errors: "
+                          "there is none in what these need: ") +
+            tops.join(QLatin1String(", ")));
+    return hints;
 }
 
 QList<ToolMessage> ReadingRepairs::refused() const

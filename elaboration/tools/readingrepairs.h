@@ -30,6 +30,8 @@ public:
     QList<ToolMessage> refused() const;
     // Sentences about what was left out, and about guesses that were right.
     QStringList notes() const;
+    // Sentences about what the user can do.
+    QStringList hints() const;
     // Files in which the tool found a module by chance; by name of the module.
     const QMap<QString, QString> &strays() const { return m_strays; }
 
@@ -46,6 +48,7 @@ private:
     bool isInLibrary(const QString &file) const;
     bool isNamedInSources(const QString &file) const;
     bool addPackages();
+    bool leaveOutUnneeded();
 
     const SafeNames &m_names;
     VerilatorRun &m_verilator;

@@ -113,6 +113,57 @@ QSet<QString> includedNames(const QStringList &files)
     return names;
 }
 
+SourceNeeds::SourceNeeds(const QStringList &files)
+{
+    QRegExp declared(QLatin1String("\\b(module|macromodule|interface|package|program|class|primitive|checker)"
+                                   "\\s+(?:automatic\\s+|static\\s+)?(\\w+)"));
+    for (const QString &file : files) {
+        const QString text = bareText(sourceOf(file), VerilogSource);
+        QSet<QString> &words = m_words[file];
+        collect(text, "\\b([A-Za-z_]\\w*)", words);
+        int at = declared.indexIn(text);
+        if (at < 0)
+            m_forAll.insert(file);
+        for (; at >= 0; at = declared.indexIn(text, at + declared.matchedLength())) {
+            if (!m_owners.contains(declared.cap(2)))
+                m_owners.insert(declared.cap(2), file);
+            if (declared.cap(1).endsWith(QLatin1String("module")))
+                m_modules.append(declared.cap(2));
+        }
+    }
+}
+
+QStringList SourceNeeds::roots() const
+{
+    QStringList roots;
+    for (const QString &module : m_modules) {
+        bool isUsed = false;
+        for (auto file = m_words.begin(); file != m_words.end(); ++file)
+            isUsed = isUsed || (file.key() != m_owners.value(module) && file->contains(module));
+        if (!isUsed)
+            roots.append(module);
+    }
+    return roots;
+}
+
+QSet<QString> SourceNeeds::filesFor(const QString &module) const
+{
+    if (!m_owners.contains(module))
+        return m_words.keys().toSet();
+    QStringList waiting = QStringList(m_owners.value(module)) + m_forAll.values();
+    QSet<QString> needed = waiting.toSet();
+    while (!waiting.isEmpty()) {
+        for (const QString &word : m_words.value(waiting.takeFirst())) {
+            const QString file = m_owners.value(word);
+            if (file.isEmpty() || needed.contains(file))
+                continue;
+            needed.insert(file);
+            waiting.append(file);
+        }
+    }
+    return needed;
+}
+
 QString fileOfModule(const QString &module, const QStringList &files)
 {
     const QString name = QRegExp::escape(module);

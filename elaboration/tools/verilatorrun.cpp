@@ -131,6 +131,12 @@ bool VerilatorRun::hideModule(const QString &name)
     return m_scratch.write(QLatin1String(hiddenFolder) + QLatin1Char('/') + name, QByteArray());
 }
 
+bool VerilatorRun::leaveOut(const QString &file)
+{
+    m_suffixes.remove(file);
+    return m_files.removeAll(file) + m_libraryFiles.removeAll(file) > 0;
+}
+
 bool VerilatorRun::dropParameters(const QStringList &names)
 {
     const int before = m_parameters.size();

@@ -21,6 +21,7 @@ public:
 
     void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
     void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
+    QString top() const { return m_top; }
     bool isMade(const QString &file) const { return m_madeFiles.contains(file); }
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
     bool orderPackagesFirst();                                 // false when they were
@@ -34,6 +35,7 @@ public:
     void defineToolMacro() { m_definesToolMacro = true; }
     // Lets the tool find no file for that module. False when that is done already.
     bool hideModule(const QString &name);
+    bool leaveOut(const QString &file); // false when it is no source
     bool dropParameters(const QStringList &names);
     // A header among the sources that holds only a part of a module cannot be read alone. Of the files, drops
     // those that others include, which so bring them in; false when there are none.

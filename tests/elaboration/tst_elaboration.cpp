@@ -19,7 +19,23 @@ void verilogRows()
                         "module b(input y); leaf \\v.w (y); endmodule\n";
     row("several tops", "", two, "top a b\nmodules a b leaf", "");
     row("named top", "Top=b", two, "top b\nmodules b leaf", "b:b y\nb/v.w:leaf x");
-    row("unknown top", "Top=c", two, "top \nmodules", "");
+    row("unknown top", "Top=c", two,
+        "top \nmodules \nWARNING: No module is named \"c\". The top modules of the design are: a, b", "");
+    const QString faulty =
+        "== a.v\nmodule a(input x); leaf u(x); endmodule\n== leaf.v\nmodule leaf(input x); "
+        "endmodule\n== bad.v\nmodule bad;\nleaf = 1;\nendmodule\n";
+    row("error that no top needs", "", faulty,
+        "top \nmodules \nERROR: @/bad.v:2: *\nWARNING: No top module is set. Set it, and what it does not "
+        "need may "
+        "have errors: there is none in what these need: a",
+        "");
+    row("error that the top does not need", "Top=a", faulty,
+        "top a\nmodules a leaf\nWARNING: @/bad.v:2: The file has errors and is left out: the top module does "
+        "not "
+        "need it.",
+        "a:a x\na/u:leaf x");
+    row("error that the top needs", "Top=a", QString(faulty).replace("leaf u(x)", "leaf u(x); bad v()"),
+        "top \nmodules \nERROR: @/bad.v:2: *", "");
     row("missing source", "", "== sub/a.v\n== -a.v\n",
         "top \nmodules \nERROR: @/-a.v cannot be read: No such file or directory. Remove it from the "
         "project or restore it.",
@@ -202,7 +218,8 @@ void vhdlRows()
     }
     row("VHDL loops in loops", "", text + QString("end generate;\n").repeated(depth) + "end;\n",
         "top deep\nmodules deep", design);
-    row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
+    row("unknown VHDL top", "Top=c", vhdl,
+        "top \nmodules \nWARNING: No module is named \"c\". The top modules of the design are: Top", "");
     row("VHDL names that Verilog reserves", "",
         "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
         "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
