@@ -252,12 +252,7 @@ void VerilatorDesign::closeModule(VerilatorModule &module)
     }
     if (!m_builder.overflow().isEmpty())
         return;
-    const VerilatorTies ties(*m_types, module);
-    if (ties.anyConstant()) {
-        module.contested = ties.contested();
-        module.hasContested = true;
-        module.tied = ties.inEveryInstance();
-    }
+    VerilatorTies(*m_types, module).findOwn();
 }
 
 // GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.

@@ -5,9 +5,11 @@
 
 #include <pugixml.hpp>
 
+#include <map>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace QUARRY {
@@ -88,6 +90,9 @@ struct VerilatorModule
     bool hasContested = false;         // the next member is filled
     TiedNets contested;                // bits with more than one driver, which no constant decides
     TiedNets tied;                     // in every instance
+    bool passesConstants = false;      // one at an input may come out of an output
+    // What is tied in instances of which these ports are; filled by VerilatorTies as it is asked for.
+    std::map<std::vector<std::pair<int, TiedBits>>, TiedNets> tiedWith;
 
     // The net that a connection names, by its own name or as "__pinNumber3"; -1 when it is no net.
     int netOfPort(std::string_view port) const;
