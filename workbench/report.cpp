@@ -8,6 +8,7 @@
 #include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/project.h"
+#include "model/netlist/rtlmodule.h"
 #include "model/netlist/rtlnetlist.h"
 
 namespace Workbench {
@@ -21,10 +22,10 @@ struct Counts
     int busBits = 0;
 };
 
-// Scopes that the design wrote are nodes too, but have no module of their own.
+// Scopes that the design wrote are nodes too, but no instances.
 void count(const QUARRY::Hierachy *node, Counts &counts)
 {
-    counts.instances += !node->moduleName.isEmpty();
+    counts.instances += !node->declarations().isScope();
     counts.nets += node->nets.size();
     counts.buses += node->buses.size();
     for (const QUARRY::RtlNetBus *bus : node->buses)

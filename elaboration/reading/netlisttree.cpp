@@ -14,7 +14,6 @@ namespace QUARRY {
 struct NetlistTree::Instance
 {
     VerilatorModule *module = nullptr;
-    TiedNets ownTies; // of this instance, when its ports are tied
     const TiedNets *tied = nullptr;
     std::unordered_map<const VerilatorScope *, Hierachy *> nodes;
 };
@@ -105,7 +104,7 @@ Hierachy *NetlistTree::makeNode(Hierachy *parent, const QString &name, int modul
 }
 
 // What instances of every kind have in common before their nodes are made. Null when it is an error.
-std::unique_ptr<NetlistTree::Instance> NetlistTree::open(VerilatorModule &module, TiedNets tiedPorts)
+std::unique_ptr<NetlistTree::Instance> NetlistTree::open(VerilatorModule &module, const TiedNets &tiedPorts)
 {
     if (module.isOpen) {
         m_error = tr("ERROR: The module %1 contains itself.");
@@ -119,27 +118,17 @@ std::unique_ptr<NetlistTree::Instance> NetlistTree::open(VerilatorModule &module
         m_builder.setUsesTsJtag();
     std::unique_ptr<Instance> instance(new Instance);
     instance->module = &module;
-    instance->tied = &module.tied;
-    if (tiedPorts.empty())
-        return instance;
-    const VerilatorTies ties(m_design.types(), module);
-    if (!module.hasContested)
-        module.contested = ties.contested();
-    module.hasContested = true;
-    instance->ownTies = std::move(tiedPorts);
-    for (const auto &known : module.tied)
-        instance->ownTies.insert(known);
-    ties.follow(instance->ownTies);
-    instance->tied = &instance->ownTies;
+    instance->tied = &VerilatorTies(m_design.types(), module).withPorts(tiedPorts);
     return instance;
 }
 
-void NetlistTree::enter(Hierachy *parent, const QString &name, VerilatorModule &module, TiedNets tiedPorts)
+void NetlistTree::enter(Hierachy *parent, const QString &name, VerilatorModule &module,
+                        const TiedNets &tiedPorts)
 {
     if (const VhdlScope *scope = m_design.vhdlScope(module))
         return enterEntity(parent, name, {scope, m_design.vhdlPlaces(module, QString()), QString()}, module,
-                           std::move(tiedPorts));
-    std::unique_ptr<Instance> instance = open(module, std::move(tiedPorts));
+                           tiedPorts);
+    std::unique_ptr<Instance> instance = open(module, tiedPorts);
     if (!instance)
         return;
     Hierachy *node = makeNode(parent, name, module.body->builderModule);
@@ -184,15 +173,14 @@ bool NetlistTree::addScopeChild(Level &level)
         name += QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
     }
     VerilatorModule &module = *child.module;
-    enter(level.node, name, module,
-          tiedPorts(level.instance, *level.scope, child, module, count - 1 - i, count));
+    enter(level.node, name, module, tiedPorts(level.instance, *level.scope, child, count - 1 - i, count));
     return true;
 }
 
 void NetlistTree::enterEntity(Hierachy *parent, const QString &name, const Block &block,
-                              VerilatorModule &module, TiedNets tiedPorts)
+                              VerilatorModule &module, const TiedNets &tiedPorts)
 {
-    std::unique_ptr<Instance> instance = open(module, std::move(tiedPorts));
+    std::unique_ptr<Instance> instance = open(module, tiedPorts);
     if (!instance)
         return;
     std::unique_ptr<Entity> entity(new Entity{*instance, VhdlBody(module), {}});
@@ -216,7 +204,7 @@ void NetlistTree::enterBlock(Entity &entity, const Block &block, Hierachy *node)
 
 int NetlistTree::moduleNumber(const ModuleDecl &decl)
 {
-    QString key = decl.name;
+    QString key = decl.name + QLatin1String(decl.isScope ? "\n" : "");
     for (const NetDecl &net : decl.nets) {
         key += QLatin1Char('\n') + net.name + QLatin1Char('\n') + net.info.file + QLatin1Char(' ') +
                QString::number(net.info.line) + QLatin1Char(' ') + net.info.type;
@@ -233,8 +221,8 @@ int NetlistTree::moduleNumber(const ModuleDecl &decl)
 Hierachy *NetlistTree::makeVhdlNode(const Entity &entity, const Block &block, Hierachy *parent,
                                     const QString &name, const QString &moduleName)
 {
-    const VhdlBody::Signals found =
-        entity.body.declared(*block.scope, block.places, block.prefix, moduleName);
+    VhdlBody::Signals found = entity.body.declared(*block.scope, block.places, block.prefix, moduleName);
+    found.decl.isScope = !block.prefix.isEmpty();
     Hierachy *node = makeNode(parent, name, moduleNumber(found.decl));
     for (size_t i = 0; i < found.nets.size(); ++i) {
         if (!parent && found.nets[i] >= 0 && entity.instance.module->nets[size_t(found.nets[i])].isInout)
@@ -272,43 +260,23 @@ bool NetlistTree::addBlockChild(Level &level)
     const Instance &instance = level.instance;
     VerilatorModule &module = *cell->module;
     level.entity->placed.insert(cell);
-    TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, module, 0, 1);
+    TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, 0, 1);
     if (!m_design.isGenerated(module) || module.isBlackBox || child.isEmpty()) {
-        enter(level.node, child.shownName(), module, std::move(tied));
+        enter(level.node, child.shownName(), module, tied);
         return true;
     }
     const QString architecture =
         block.places ? block.places->architectures.value(child.label().toLower()) : QString();
     const Block whole = {&child, m_design.vhdlPlaces(module, architecture), QString()};
-    enterEntity(level.node, child.shownName(), whole, module, std::move(tied));
+    enterEntity(level.node, child.shownName(), whole, module, tied);
     return true;
 }
 
-// A connection that is as wide as the ports of all elements together is dealt out to them, the rightmost
-// element taking the lowest bits; a narrower one goes to each.
 TiedNets NetlistTree::tiedPorts(const Instance &instance, const VerilatorScope &scope,
-                                const VerilatorChild &child, const VerilatorModule &module, int fromRight,
-                                int count) const
+                                const VerilatorChild &child, int fromRight, int count) const
 {
-    TiedNets result;
     const VerilatorTies ties(m_design.types(), *instance.module);
-    for (const pugi::xml_node &port : child.node.children("port")) {
-        const int net = module.netOfPort(port.attribute("name").value());
-        if (net < 0 || std::strcmp(port.attribute("direction").value(), "in") != 0)
-            continue;
-        const TiedBits all = ties.bits(port.first_child(), scope, *instance.tied);
-        const size_t width = size_t(module.nets[size_t(net)].width());
-        const size_t first = all.size() == width * size_t(count) ? width * size_t(fromRight) : 0;
-        TiedBits bits(width);
-        bool tied = false;
-        for (size_t i = 0; i < width && first + i < all.size(); ++i) {
-            bits[i] = all[first + i];
-            tied = tied || bits[i];
-        }
-        if (tied)
-            result.emplace(net, bits);
-    }
-    return result;
+    return ties.portsOf(child, scope, *instance.tied, fromRight, count);
 }
 
 void NetlistTree::exclude(Hierachy *node, int position, const VerilatorNet &shape, const TiedBits &bits)

@@ -28,9 +28,9 @@ private:
     struct Level;
 
     // Adds a node for the instance and opens it, so that its children come next.
-    void enter(Hierachy *parent, const QString &name, VerilatorModule &module, TiedNets tiedPorts);
+    void enter(Hierachy *parent, const QString &name, VerilatorModule &module, const TiedNets &tiedPorts);
     void enterEntity(Hierachy *parent, const QString &name, const Block &block, VerilatorModule &module,
-                     TiedNets tiedPorts);
+                     const TiedNets &tiedPorts);
     void enterScope(Instance &instance, const VerilatorScope &scope, Hierachy *node);
     void enterBlock(Entity &entity, const Block &block, Hierachy *node);
     Level &openLevel(Instance &instance, Hierachy *node);
@@ -41,13 +41,13 @@ private:
     bool addScopeChild(Level &level);
     bool addBlockChild(Level &level);
 
-    std::unique_ptr<Instance> open(VerilatorModule &module, TiedNets tiedPorts);
+    std::unique_ptr<Instance> open(VerilatorModule &module, const TiedNets &tiedPorts);
     int moduleNumber(const ModuleDecl &decl);
     Hierachy *makeNode(Hierachy *parent, const QString &name, int module);
     Hierachy *makeVhdlNode(const Entity &entity, const Block &block, Hierachy *parent, const QString &name,
                            const QString &moduleName);
     TiedNets tiedPorts(const Instance &instance, const VerilatorScope &scope, const VerilatorChild &child,
-                       const VerilatorModule &module, int fromRight, int count) const;
+                       int fromRight, int count) const;
     void exclude(Hierachy *node, int position, const VerilatorNet &shape, const TiedBits &bits);
     void exclude(const Instance &instance);
 

@@ -1,5 +1,6 @@
 #include "elaboration/reading/verilatordesign.h"
 
+#include "elaboration/reading/verilatorloops.h"
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
 #include "host/regularfile.h"
@@ -234,6 +235,7 @@ void VerilatorDesign::openModule(VerilatorModule &module)
     module.body.reset(new VerilatorScope);
     module.body->decl.name = module.name;
     m_outputWires.clear();
+    m_loopVariablesKnown = false;
     if (isGenerated(module))
         findOutputWires(module.node);
     if (!module.isBlackBox)
@@ -250,12 +252,7 @@ void VerilatorDesign::closeModule(VerilatorModule &module)
     }
     if (!m_builder.overflow().isEmpty())
         return;
-    const VerilatorTies ties(*m_types, module);
-    if (ties.anyConstant()) {
-        module.contested = ties.contested();
-        module.hasContested = true;
-        module.tied = ties.inEveryInstance();
-    }
+    VerilatorTies(*m_types, module).findOwn();
 }
 
 // GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.
@@ -285,10 +282,21 @@ void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &modu
     }
 }
 
-bool VerilatorDesign::isNet(const pugi::xml_node &var, const VerilatorType &type) const
+bool VerilatorDesign::isNet(const pugi::xml_node &var, const VerilatorModule &module)
 {
-    return type.isNet && !var.attribute("param") && !var.attribute("localparam") && !isGenvar(var) &&
-           !isVerilatorOwnName(var.attribute("origName").value());
+    return !var.attribute("param") && !var.attribute("localparam") && !isGenvar(var) &&
+           !isVerilatorOwnName(var.attribute("origName").value()) && !isLoopVariable(var, module);
+}
+
+bool VerilatorDesign::isLoopVariable(const pugi::xml_node &var, const VerilatorModule &module)
+{
+    const char *type = var.attribute("vartype").value();
+    if (std::strcmp(type, "integer") != 0 && std::strcmp(type, "int") != 0)
+        return false;
+    if (!m_loopVariablesKnown)
+        m_loopVariables = verilatorLoopVariables(module.node);
+    m_loopVariablesKnown = true;
+    return m_loopVariables.count(var.attribute("name").value());
 }
 
 bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
@@ -303,31 +311,60 @@ bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
 void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
 {
     const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
-    if (!isNet(var, type))
+    if (!isNet(var, module))
         return;
-    VerilatorNet net;
-    net.name = var.attribute("name").value();
-    net.scope = &scope;
-    net.isBus = type.isVector;
-    net.left = type.left;
-    net.right = type.right;
-    net.isPort = var.attribute("dir");
-    net.isInout = std::strcmp(var.attribute("dir").value(), "inout") == 0;
+    if (!type.isNet)
+        return readArray(var, module, scope);
+    VerilatorNet net(var, type);
     // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
     net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
-    if (!isGhdlOwn(var)) {
-        net.position = scope.decl.nets.size();
-        scope.decl.nets.append(declaration(var, type, module));
-        net.left = scope.decl.nets.last().left;
-        net.right = scope.decl.nets.last().right;
-    } else if (type.width() > NetlistBuilder::maxNets) {
+    if (!isGhdlOwn(var))
+        show(net, declaration(var, type, module), scope);
+    else if (type.width() > NetlistBuilder::maxNets)
         return; // of what is shown, the builder says so
-    }
     const int number = int(module.nets.size());
     if (var.attribute("pinIndex"))
         module.pins[var.attribute("pinIndex").as_int()] = number;
     scope.names.emplace(net.name, number);
+    net.scope = &scope;
     module.nets.push_back(net);
+}
+
+// An unpacked array is a memory unless it is small or a port; then each element is a net of its own.
+void VerilatorDesign::readArray(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
+{
+    const qint64 mostElements = 32;
+    const VerilatorArray array = m_types->array(var.attribute("dtype_id").value());
+    const qint64 count = array.count();
+    if (array.dimensions.empty() || !array.element.isNet || fileOf(var).isGenerated ||
+        (!var.attribute("dir") && count > mostElements))
+        return;
+    VerilatorType element = array.element;
+    if (count * element.width() > NetlistBuilder::maxNets) { // the builder says so
+        element.isVector = true;
+        element.left = std::numeric_limits<int>::max();
+        element.right = 0;
+    }
+    VerilatorElements elements;
+    elements.first = int(module.nets.size());
+    elements.dimensions = array.dimensions;
+    for (qint64 i = 0; i < count && (i == 0 || element.left != std::numeric_limits<int>::max()); ++i) {
+        VerilatorNet net(var, element);
+        NetDecl decl = declaration(var, element, module);
+        decl.name += array.index(i);
+        show(net, decl, scope);
+        net.scope = &scope;
+        module.nets.push_back(net);
+    }
+    scope.arrays.emplace(var.attribute("name").value(), elements);
+}
+
+void VerilatorDesign::show(VerilatorNet &net, const NetDecl &decl, VerilatorScope &scope)
+{
+    net.position = scope.decl.nets.size();
+    net.left = decl.left;
+    net.right = decl.right;
+    scope.decl.nets.append(decl);
 }
 
 // GHDL counts all ranges down to 0. Where no waveform has the declared one, the type in the source may.
@@ -361,7 +398,7 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     }
     decl.info.file = file.name;
     decl.info.line = Location(var).line;
-    const QString words = m_types->declaredText(var);
+    const QString words = m_types->declaredText(var, type);
     decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));
     decl.info.enumLabels = m_types->enumLabels(var, module.name);
     return decl;
@@ -407,6 +444,7 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
     VerilatorScope *inner = module.generates.back().get();
     inner->outer = &scope;
     inner->decl.name = scopeBaseName(child.name);
+    inner->decl.isScope = true;
     readBody(begin, module, *inner);
     if (inner->decl.nets.isEmpty() && inner->children.empty() && module.generates.size() == position + 1) {
         module.generates.pop_back();

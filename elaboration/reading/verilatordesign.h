@@ -11,6 +11,7 @@
 #include <QHash>
 
 #include <string>
+#include <unordered_set>
 
 namespace QUARRY {
 
@@ -64,9 +65,12 @@ private:
     void findOutputWires(const pugi::xml_node &body);
     void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
+    void readArray(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
+    static void show(VerilatorNet &net, const NetDecl &decl, VerilatorScope &scope);
     void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);
     void readInstance(const pugi::xml_node &instance, VerilatorScope &scope);
-    bool isNet(const pugi::xml_node &var, const VerilatorType &type) const;
+    bool isNet(const pugi::xml_node &var, const VerilatorModule &module);
+    bool isLoopVariable(const pugi::xml_node &var, const VerilatorModule &module);
     bool isGhdlOwn(const pugi::xml_node &var) const;
     NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
     static void takeWrittenRange(NetDecl &decl);
@@ -85,8 +89,10 @@ private:
     std::unordered_map<std::string, VerilatorModule *> m_byName;
     std::unordered_map<const VerilatorModule *, std::unique_ptr<VhdlScope>> m_vhdlScopes;
     VhdlPlaceTable m_vhdlPlaces;
-    std::vector<OpenModule> m_open;      // from the top down
-    QSet<QString> m_outputWires;         // of the module being read
+    std::vector<OpenModule> m_open;                       // from the top down
+    QSet<QString> m_outputWires;                          // of the module being read
+    std::unordered_set<std::string_view> m_loopVariables; // likewise
+    bool m_loopVariablesKnown = false;
     QHash<QString, QString> m_typeTexts; // one copy of each text for all declarations
 };
 

@@ -1,8 +1,19 @@
 #include "elaboration/reading/verilatormodule.h"
 
 #include <cstdlib>
+#include <cstring>
 
 namespace QUARRY {
+
+VerilatorNet::VerilatorNet(const pugi::xml_node &var, const VerilatorType &type)
+    : name(var.attribute("name").value()),
+      isBus(type.isVector),
+      left(type.left),
+      right(type.right),
+      isPort(var.attribute("dir")),
+      isInout(std::strcmp(var.attribute("dir").value(), "inout") == 0)
+{
+}
 
 int VerilatorModule::netOfPort(std::string_view port) const
 {

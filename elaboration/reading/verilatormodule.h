@@ -1,12 +1,15 @@
 #pragma once
 
+#include "elaboration/reading/verilatortypes.h"
 #include "model/netlist/netlistbuilder.h"
 
 #include <pugixml.hpp>
 
+#include <map>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace QUARRY {
@@ -26,6 +29,13 @@ struct VerilatorChild
     int right = 0;
 };
 
+// An unpacked array of which each element is a net.
+struct VerilatorElements
+{
+    int first = 0; // number in VerilatorModule::nets; the others follow in declared order
+    std::vector<VerilatorArray::Dimension> dimensions;
+};
+
 // The body of a module, or of one generate scope in it.
 struct VerilatorScope
 {
@@ -34,13 +44,17 @@ struct VerilatorScope
     int builderModule = -1;
     ModuleDecl decl;                                 // emptied once the builder has it
     std::unordered_map<std::string_view, int> names; // to numbers in VerilatorModule::nets
-    std::vector<VerilatorChild> children;            // in design order
-    std::vector<pugi::xml_node> assigns;             // continuous assignments
+    std::unordered_map<std::string_view, VerilatorElements> arrays;
+    std::vector<VerilatorChild> children; // in design order
+    std::vector<pugi::xml_node> assigns;  // continuous assignments
 };
 
 // One net in any scope of a module.
 struct VerilatorNet
 {
+    VerilatorNet() = default;
+    VerilatorNet(const pugi::xml_node &var, const VerilatorType &type);
+
     std::string_view name; // as Verilator has it
     const VerilatorScope *scope = nullptr;
     int position = -1; // in the scope's ModuleDecl; -1: not shown
@@ -76,6 +90,9 @@ struct VerilatorModule
     bool hasContested = false;         // the next member is filled
     TiedNets contested;                // bits with more than one driver, which no constant decides
     TiedNets tied;                     // in every instance
+    bool passesConstants = false;      // one at an input may come out of an output
+    // What is tied in instances of which these ports are; filled by VerilatorTies as it is asked for.
+    std::map<std::vector<std::pair<int, TiedBits>>, TiedNets> tiedWith;
 
     // The net that a connection names, by its own name or as "__pinNumber3"; -1 when it is no net.
     int netOfPort(std::string_view port) const;

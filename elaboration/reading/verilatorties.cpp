@@ -20,6 +20,12 @@ int boundedWidth(int width)
     return int(qBound<qint64>(0, width, NetlistBuilder::maxNets));
 }
 
+// To a net, or to an element of an array.
+bool isReference(const pugi::xml_node &expression)
+{
+    return is(expression, "varref") || is(expression, "arraysel");
+}
+
 int number(const pugi::xml_node &constant)
 {
     return int(VerilatorConstant(constant.attribute("name").value()).number());
@@ -45,9 +51,64 @@ bool hasTie(const TiedBits &bits)
 
 } // namespace
 
-VerilatorTies::VerilatorTies(const VerilatorTypes &types, const VerilatorModule &module)
-    : m_types(types), m_module(module)
+VerilatorTies::VerilatorTies(const VerilatorTypes &types, VerilatorModule &module, int depth)
+    : m_types(types), m_module(module), m_depth(depth)
 {
+}
+
+void VerilatorTies::findOwn() const
+{
+    m_module.passesConstants = passesConstants();
+    if (!anyConstant())
+        return;
+    findContested();
+    m_module.tied = inEveryInstance();
+}
+
+void VerilatorTies::findContested() const
+{
+    if (!m_module.hasContested)
+        m_module.contested = contested();
+    m_module.hasContested = true;
+}
+
+const TiedNets &VerilatorTies::withPorts(const TiedNets &ports) const
+{
+    const int mostLevels = 64; // of instances in instances; a damaged text may hold an endless number
+    if (ports.empty() || m_depth > mostLevels)
+        return m_module.tied;
+    std::vector<std::pair<int, TiedBits>> key(ports.begin(), ports.end());
+    std::sort(key.begin(), key.end());
+    const auto known = m_module.tiedWith.find(key);
+    if (known != m_module.tiedWith.end())
+        return known->second;
+    findContested();
+    TiedNets tied = ports;
+    for (const auto &own : m_module.tied)
+        tied.insert(own);
+    follow(tied);
+    return m_module.tiedWith[key] = std::move(tied);
+}
+
+TiedNets VerilatorTies::portsOf(const VerilatorChild &child, const VerilatorScope &scope,
+                                const TiedNets &tied, int fromRight, int count) const
+{
+    TiedNets result;
+    const VerilatorModule &module = *child.module;
+    for (const pugi::xml_node &port : child.node.children("port")) {
+        const int net = module.netOfPort(port.attribute("name").value());
+        if (net < 0 || std::strcmp(port.attribute("direction").value(), "in") != 0)
+            continue;
+        const TiedBits all = bits(port.first_child(), scope, tied);
+        const size_t width = size_t(module.nets[size_t(net)].width());
+        const size_t first = all.size() == width * size_t(count) ? width * size_t(fromRight) : 0;
+        TiedBits part(width);
+        for (size_t i = 0; i < width && first + i < all.size(); ++i)
+            part[i] = all[first + i];
+        if (hasTie(part))
+            result.emplace(net, part);
+    }
+    return result;
 }
 
 template <typename Visit>
@@ -65,6 +126,8 @@ int VerilatorTies::width(const pugi::xml_node &expression) const
 
 int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const
 {
+    if (is(varref, "arraysel"))
+        return elementNumber(varref, scope);
     const std::string_view name = varref.attribute("name").value();
     for (const VerilatorScope *at = &scope; at; at = at->outer) {
         const auto found = at->names.find(name);
@@ -74,12 +137,45 @@ int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope 
     return -1;
 }
 
+// <arraysel> of an array, or of another one, and a number that counts from the lowest index.
+int VerilatorTies::elementNumber(pugi::xml_node select, const VerilatorScope &scope) const
+{
+    std::vector<int> indices; // from the innermost dimension
+    for (; is(select, "arraysel"); select = select.first_child()) {
+        const pugi::xml_node index = select.first_child().next_sibling();
+        if (!is(index, "const"))
+            return -1;
+        indices.push_back(number(index));
+    }
+    const std::string_view name = select.attribute("name").value();
+    for (const VerilatorScope *at = &scope; at; at = at->outer) {
+        const auto found = at->arrays.find(name);
+        if (found == at->arrays.end())
+            continue;
+        const auto &dimensions = found->second.dimensions;
+        if (dimensions.size() != indices.size())
+            return -1;
+        qint64 position = 0;
+        for (size_t i = 0; i < dimensions.size(); ++i) {
+            const int width = rangeWidth(dimensions[i].left, dimensions[i].right);
+            const int index = indices[indices.size() - 1 - i];
+            if (index < 0 || index >= width)
+                return -1;
+            position =
+                position * width + (dimensions[i].left < dimensions[i].right ? index : width - 1 - index);
+        }
+        const qint64 number = found->second.first + position;
+        return number < qint64(m_module.nets.size()) ? int(number) : -1;
+    }
+    return -1;
+}
+
 TiedBits VerilatorTies::bits(const pugi::xml_node &expression, const VerilatorScope &scope,
                              const TiedNets &tied) const
 {
     if (is(expression, "const"))
         return constantBits(expression);
-    if (is(expression, "varref")) {
+    if (isReference(expression)) {
         const auto known = tied.find(netNumber(expression, scope));
         return known == tied.end() ? TiedBits() : known->second;
     }
@@ -150,13 +246,13 @@ TiedBits VerilatorTies::extended(const pugi::xml_node &extend, const VerilatorSc
 void VerilatorTies::addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
                                std::vector<Target> &targets) const
 {
-    if (is(left, "varref")) {
+    if (isReference(left)) {
         targets.push_back({netNumber(left, scope), 0, width(left)});
     } else if (is(left, "concat")) {
         addTargets(left.last_child(), scope, targets);
         addTargets(left.first_child(), scope, targets);
     } else if (is(left, "sel") && is(left.first_child().next_sibling(), "const") &&
-               is(left.first_child(), "varref")) {
+               isReference(left.first_child())) {
         targets.push_back(
             {netNumber(left.first_child(), scope), number(left.first_child().next_sibling()), width(left)});
     } else {
@@ -200,7 +296,7 @@ bool VerilatorTies::anyConstant() const
     bool found = false;
     eachScope([this, &found](const VerilatorScope &scope) {
         for (const VerilatorChild &child : scope.children)
-            found = found || (child.module && !child.module->tied.empty());
+            found = found || (child.module && !tiedIn(child, scope, TiedNets()).empty());
         for (const pugi::xml_node &assignment : scope.assigns)
             found = found || hasTie(bits(assignment.first_child(), scope, TiedNets()));
     });
@@ -232,7 +328,6 @@ TiedNets VerilatorTies::inEveryInstance() const
                 set(int(i), bit, tied);
         }
     }
-    eachScope([this, &tied](const VerilatorScope &scope) { takeOutputs(scope, tied); });
     follow(tied);
     return tied;
 }
@@ -244,8 +339,10 @@ void VerilatorTies::follow(TiedNets &tied) const
     bool grown = true;
     for (int round = 0; grown && round < 16; ++round) {
         grown = false;
-        eachScope(
-            [this, &tied, &grown](const VerilatorScope &scope) { grown = assignAll(scope, tied) || grown; });
+        eachScope([this, &tied, &grown](const VerilatorScope &scope) {
+            grown = takeOutputs(scope, tied) || grown;
+            grown = assignAll(scope, tied) || grown;
+        });
     }
 }
 
@@ -280,25 +377,52 @@ bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, con
     return grown;
 }
 
-// What is tied in every instance of a module is tied behind its outputs, too.
-void VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) const
+// Whether a constant may reach an output without any logic. Says yes too often rather than too rarely.
+bool VerilatorTies::passesConstants() const
 {
+    bool found = false;
+    eachScope([&found](const VerilatorScope &scope) {
+        for (const pugi::xml_node &assignment : scope.assigns) {
+            const pugi::xml_node value = assignment.first_child();
+            for (const char *kind : {"varref", "sel", "concat", "replicate", "extend", "extends", "arraysel"})
+                found = found || is(value, kind);
+        }
+        for (const VerilatorChild &child : scope.children)
+            found = found || (child.module && child.module->passesConstants);
+    });
+    return found;
+}
+
+// What is tied in an instance: in every one of the module, and behind the ports that are tied here.
+const TiedNets &VerilatorTies::tiedIn(const VerilatorChild &child, const VerilatorScope &scope,
+                                      const TiedNets &tied) const
+{
+    if (child.isArray || !child.module->passesConstants)
+        return child.module->tied;
+    return VerilatorTies(m_types, *child.module, m_depth + 1).withPorts(portsOf(child, scope, tied, 0, 1));
+}
+
+// What is tied in an instance is tied behind its outputs, too.
+bool VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) const
+{
+    bool grown = false;
     for (const VerilatorChild &child : scope.children) {
-        if (!child.module || child.module->tied.empty())
+        if (!child.module)
+            continue;
+        const TiedNets &inside = tiedIn(child, scope, tied);
+        if (inside.empty())
             continue;
         for (const pugi::xml_node &port : child.node.children("port")) {
-            const auto inside =
-                child.module->tied.find(child.module->netOfPort(port.attribute("name").value()));
-            if (inside == child.module->tied.end() ||
-                std::strcmp(port.attribute("direction").value(), "out") != 0)
+            const auto net = inside.find(child.module->netOfPort(port.attribute("name").value()));
+            if (net == inside.end() || std::strcmp(port.attribute("direction").value(), "out") != 0)
                 continue;
             TiedBits value(size_t(width(port.first_child())));
             for (size_t i = 0; i < value.size(); ++i) // an array of instances repeats it
-                value[i] =
-                    (child.isArray || i < inside->second.size()) && inside->second[i % inside->second.size()];
-            drive(port.first_child(), value, scope, tied);
+                value[i] = (child.isArray || i < net->second.size()) && net->second[i % net->second.size()];
+            grown = drive(port.first_child(), value, scope, tied) || grown;
         }
     }
+    return grown;
 }
 
 bool VerilatorTies::set(int net, qint64 bit, TiedNets &tied) const

@@ -12,8 +12,20 @@ class VerilatorTypes;
 class VerilatorTies
 {
 public:
-    VerilatorTies(const VerilatorTypes &types, const VerilatorModule &module);
+    // `depth`: of instances that were gone into already, to learn what passes through them.
+    VerilatorTies(const VerilatorTypes &types, VerilatorModule &module, int depth = 0);
 
+    // Fills what the module has of ties that depend on nothing outside.
+    void findOwn() const;
+    // All ties of an instance of which these ports are tied. Kept in the module.
+    const TiedNets &withPorts(const TiedNets &ports) const;
+    // The inputs of an instance that are tied outside of it. Of an array of `count`, those of the element
+    // that stands at `fromRight`: a connection that is as wide as the ports of all elements together is dealt
+    // out to them, the rightmost element taking the lowest bits; a narrower one goes to each.
+    TiedNets portsOf(const VerilatorChild &child, const VerilatorScope &scope, const TiedNets &tied,
+                     int fromRight, int count) const;
+
+private:
     // Whether anything in the module is a constant at all; of most modules no more needs to be known.
     bool anyConstant() const;
     // Bits that more than one declaration, assignment or output port drives.
@@ -24,8 +36,10 @@ public:
     void follow(TiedNets &tied) const;
     // The bits of an expression that stands in `scope`.
     TiedBits bits(const pugi::xml_node &expression, const VerilatorScope &scope, const TiedNets &tied) const;
-
-private:
+    bool passesConstants() const;
+    const TiedNets &tiedIn(const VerilatorChild &child, const VerilatorScope &scope,
+                           const TiedNets &tied) const;
+    void findContested() const;
     // Bits of a net that an assignment or an output port drives.
     struct Target
     {
@@ -42,6 +56,7 @@ private:
                     std::vector<Target> &targets) const;
     void count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const;
     void countScope(const VerilatorScope &scope, Drivers &drivers) const;
+    int elementNumber(pugi::xml_node select, const VerilatorScope &scope) const;
     TiedBits selected(const pugi::xml_node &select, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits joined(const pugi::xml_node &concat, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
@@ -50,14 +65,15 @@ private:
     bool assign(const pugi::xml_node &assignment, const VerilatorScope &scope, TiedNets &tied) const;
     bool drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
                TiedNets &tied) const;
-    void takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
+    bool takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;
     bool set(int net, qint64 bit, TiedNets &tied) const;
     template <typename Visit>
     void eachScope(Visit visit) const;
 
     const VerilatorTypes &m_types;
-    const VerilatorModule &m_module;
+    VerilatorModule &m_module;
+    const int m_depth;
 };
 
 } // namespace QUARRY

@@ -162,9 +162,51 @@ VerilatorType VerilatorTypes::packedArray(const pugi::xml_node &node) const
     return array;
 }
 
-QString VerilatorTypes::declaredText(const pugi::xml_node &var) const
+// A damaged text may hold a type that leads back to itself.
+VerilatorArray VerilatorTypes::array(const char *id) const
 {
-    const VerilatorType &known = type(var.attribute("dtype_id").value());
+    const size_t mostLevels = 64;
+    VerilatorArray array;
+    auto node = m_nodes.find(id);
+    for (size_t level = 0; level < mostLevels && node != m_nodes.end(); ++level) {
+        const char *below = node->second.attribute("sub_dtype_id").value();
+        int left = 0, right = 0;
+        if (std::strcmp(node->second.name(), "unpackarraydtype") == 0 &&
+            verilatorRange(node->second, left, right)) {
+            array.dimensions.push_back({left, right});
+        } else if (!isOneOf(node->second.name(), {"refdtype", "constdtype"})) {
+            array.element = type(node->second.attribute("id").value());
+            return array;
+        }
+        node = m_nodes.find(below);
+    }
+    return VerilatorArray();
+}
+
+qint64 VerilatorArray::count() const
+{
+    qint64 count = 1;
+    for (const Dimension &dimension : dimensions)
+        count = qMin(count * rangeWidth(dimension.left, dimension.right), NetlistBuilder::maxNets + 1);
+    return count;
+}
+
+QString VerilatorArray::index(qint64 element) const
+{
+    QString text;
+    for (auto dimension = dimensions.rbegin(); dimension != dimensions.rend(); ++dimension) {
+        const int width = rangeWidth(dimension->left, dimension->right);
+        const int offset = int(element % width);
+        element /= width;
+        const int number =
+            dimension->left < dimension->right ? dimension->left + offset : dimension->left - offset;
+        text.prepend(QLatin1Char('[') + QString::number(number) + QLatin1Char(']'));
+    }
+    return text;
+}
+
+QString VerilatorTypes::declaredText(const pugi::xml_node &var, const VerilatorType &known) const
+{
     const char *word = var.attribute("vartype").value();
     if (std::strncmp(word, "__typeimpenum", 13) == 0)
         return QLatin1String("enum ") + known.text;

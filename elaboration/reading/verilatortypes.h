@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/netlist/rtlnetlist.h"
+#include "model/netlist/netlistbuilder.h"
 
 #include <pugixml.hpp>
 
@@ -9,6 +9,7 @@
 
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace QUARRY {
 
@@ -25,6 +26,21 @@ struct VerilatorType
     int width() const { return isVector ? rangeWidth(left, right) : 1; }
 };
 
+// An unpacked array, of one or more dimensions.
+struct VerilatorArray
+{
+    struct Dimension
+    {
+        int left;
+        int right;
+    };
+    std::vector<Dimension> dimensions; // from the outermost; none: no array
+    VerilatorType element;
+
+    qint64 count() const;                // of its elements, at most maxNets of the builder and one
+    QString index(qint64 element) const; // "[2][0]" of the one at that position in declared order
+};
+
 // The type table at the end of the XML. Refers to the document, which must outlive it.
 class VerilatorTypes
 {
@@ -32,9 +48,11 @@ public:
     explicit VerilatorTypes(const pugi::xml_node &table);
 
     const VerilatorType &type(const char *id) const; // of no net when unknown
+    VerilatorArray array(const char *id) const;
 
     // The type of a declaration in its own words, and the labels when it is an enumeration.
-    QString declaredText(const pugi::xml_node &var) const;
+    // `shown`: its type, or that of an element when it is an array.
+    QString declaredText(const pugi::xml_node &var, const VerilatorType &shown) const;
     QStringList enumLabels(const pugi::xml_node &var, const QString &module) const;
 
 private:

@@ -6,6 +6,8 @@
 #include <QRegExp>
 #include <QSet>
 
+#include <cerrno>
+
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
@@ -15,7 +17,7 @@ namespace QUARRY {
 namespace {
 
 const int maxMessages = 500; // of a kind: nobody reads more
-const int maxRuns = 12;      // each repair either changes something or ends the work
+const int maxRuns = 30;      // each repair either changes something or ends the work
 
 // "Cannot find file containing module: 'prim'", "Can't resolve module reference: 'bb$x'"
 QString missingModule(const ToolMessage &message)
@@ -23,6 +25,15 @@ QString missingModule(const ToolMessage &message)
     QRegExp missing(QLatin1String("(?:Cannot find file containing module|Can't resolve module reference): "
                                   "'(.*)'"));
     return missing.exactMatch(message.text) ? missing.cap(1) : QString();
+}
+
+bool isTypeName(const QString &name)
+{
+    for (const char *type : {"logic", "bit", "byte", "shortint", "int", "longint", "string", "var"}) {
+        if (name == QLatin1String(type))
+            return true;
+    }
+    return false;
 }
 
 bool isUnknownTop(const ToolMessage &message)
@@ -40,10 +51,32 @@ QList<ToolMessage> ofSeverity(const QList<ToolMessage> &messages, ToolMessage::S
     return chosen;
 }
 
+// Empty when the file can be opened.
+QString unopenedReason(const QString &path)
+{
+    const QString odd = QUtil::irregularReason(path);
+    if (!odd.isEmpty() || QFileInfo(path).isReadable())
+        return odd;
+    return QUtil::errorWords(QFileInfo(path).exists() ? EACCES : ENOENT);
+}
+
+QStringList absolute(const QStringList &paths, const QString &folder)
+{
+    QStringList all;
+    for (const QString &path : paths)
+        all.append(QDir::cleanPath(QDir(folder).absoluteFilePath(path)));
+    return all;
+}
+
 } // namespace
 
 Elaborator::Elaborator(const DesignInput &input)
-    : m_input(input), m_names(*m_result->scratch), m_verilator(m_input, *m_result->scratch, m_names)
+    : m_input(input),
+      m_names(*m_result->scratch),
+      m_copies(*m_result->scratch, m_names),
+      m_verilator(m_input, *m_result->scratch, m_names),
+      m_repairs(m_names, m_verilator, m_copies, absolute(input.libraryPaths, m_verilator.workingDir()),
+                input.disabledFiles)
 {
     connect(&m_runner, SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)));
 }
@@ -55,7 +88,7 @@ void Elaborator::start()
 
 void Elaborator::begin()
 {
-    if (checkSources())
+    if (checkSources() && prepareSources())
         readVhdl();
     else
         Q_EMIT finished();
@@ -83,17 +116,34 @@ bool Elaborator::checkSources()
                  QLatin1String(". Make room on the disk, or let the variable "
                                "TMPDIR name a folder that can be written."));
     for (const DesignSource &source : m_input.files) {
-        const QFileInfo file(source.path);
-        const QString odd = QUtil::irregularReason(source.path);
-        if (!odd.isEmpty())
-            addError(source.path + QLatin1String(" is not read: ") + odd +
+        const QString reason = unopenedReason(source.path);
+        if (!QUtil::irregularKind(source.path).isEmpty())
+            addError(source.path + QLatin1String(" is not read: ") + reason +
                      QLatin1String(". Remove it from the project."));
-        else if (!file.isFile() || !file.isReadable())
-            addError(source.path +
-                     QLatin1String(" cannot be read. Remove it from the project or restore it."));
+        else if (!reason.isEmpty())
+            addError(source.path + QLatin1String(" cannot be read: ") + reason +
+                     QLatin1String(". Remove it from the project or restore it."));
         m_result->filesRead.append(source.path);
     }
-    m_result->lists.messages += specialIncludes(m_verilator.files(), m_verilator.folders());
+    return !m_result->lists.anyError();
+}
+
+// Files of which no tool can read everything are handed over as copies.
+bool Elaborator::prepareSources()
+{
+    QStringList vhdl;
+    for (const DesignSource &source : m_input.files) {
+        if (source.type == TE::VhdlFile)
+            vhdl.append(source.path);
+    }
+    m_copies.setFolders(m_verilator.folders());
+    m_result->lists.messages += m_copies.look(m_verilator.files(), VerilogSource);
+    m_result->lists.messages += m_copies.look(vhdl, VhdlSource);
+    m_copies.update();
+    for (int i = m_input.files.size() - 1; i >= 0; --i) {
+        if (m_input.files.at(i).type == TE::VhdlFile && m_copies.isEmpty(m_input.files.at(i).path))
+            m_input.files.removeAt(i);
+    }
     return !m_result->lists.anyError();
 }
 
@@ -158,12 +208,15 @@ void Elaborator::judge(const ToolResult &result)
     const QList<ToolMessage> errors = ofSeverity(messages, ToolMessage::Error);
     if (!errors.isEmpty())
         return repair(errors);
+    m_summary = XmlSummary();
     if (result.exitCode != 0 || !readXmlSummary(m_verilator.xmlFile(), m_summary)) {
         addError(QLatin1String("Verilator ended with code ") + QString::number(result.exitCode) +
                  QLatin1String(" and gave no design. Check that ") + m_verilator.program() +
                  QLatin1String(" is Verilator 5.") + lastLine(result.errors + result.output));
         return proceed(Failed);
     }
+    if (m_repairs.tryAgain(m_summary.files))
+        return proceed(Again);
     m_warnings = ofSeverity(messages, ToolMessage::Warning);
     proceed(Done);
 }
@@ -172,26 +225,23 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
 {
     QStringList missing;
     QList<ToolMessage> others;
-    for (const ToolMessage &error : errors) {
-        const QString name = missingModule(error);
+    for (ToolMessage error : errors) {
+        QString name = missingModule(error);
+        if (isTypeName(name)) { // "logic y;" as plain Verilog has it
+            error.text = QLatin1String("syntax error, unexpected ") + name;
+            name.clear();
+        }
         if (isUnknownTop(error))
-            m_topUnknown = true;
-        else if (name.isEmpty())
+            return proceedWithoutTop();
+        if (name.isEmpty())
             others.append(error);
         else if (!missing.contains(name))
             missing.append(name);
     }
-    QStringList places;
-    for (const ToolMessage &error : others)
-        places.append(realFile(error, m_names, m_verilator.workingDir()));
-    if (m_verilator.leaveToIncludes(places))
+    if (m_topUnknown && !others.isEmpty())
+        return proceed(Done);
+    if (!others.isEmpty() && m_repairs.tryNext(others))
         return proceed(Again);
-    // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
-    if (!others.isEmpty() && !m_packagesOrdered) {
-        m_packagesOrdered = true;
-        if (m_verilator.orderPackagesFirst())
-            return proceed(Again);
-    }
     if (others.isEmpty() && missing.isEmpty())
         return proceed(Done);
     if (others.isEmpty())
@@ -199,8 +249,10 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
     if (m_boxes.adapt(others))
         return proceed(makeFiles());
     const auto giveUp = [=](Verdict verdict) {
-        if (verdict == Failed)
-            report(others, ToolMessage::Error);
+        if (verdict == Failed) {
+            report(m_repairs.refused(), ToolMessage::Error);
+            m_result->lists.messages += m_repairs.hints();
+        }
         proceed(verdict);
     };
     // VHDL and Verilog that spell a port differently.
@@ -208,6 +260,14 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
         provide(missing, giveUp);
     else
         giveUp(Failed);
+}
+
+// The user is told which tops there are.
+void Elaborator::proceedWithoutTop()
+{
+    m_topUnknown = true;
+    m_verilator.setTop(QString());
+    proceed(Again);
 }
 
 void Elaborator::provide(const QStringList &missing, const std::function<void(Verdict)> &then)
@@ -271,6 +331,8 @@ QString Elaborator::userName(const QString &module) const
 
 void Elaborator::finish()
 {
+    if (m_topUnknown)
+        return tellTops();
     report(m_warnings, ToolMessage::Warning);
     ReadOptions &options = m_result->readOptions;
     if (m_vhdl) {
@@ -282,6 +344,8 @@ void Elaborator::finish()
         if (!top.isEmpty())
             options.moduleNames.insert(top, m_input.top);
     }
+    m_result->lists.messages += m_repairs.notes();
+    tellEncrypted();
     QStringList boxes;
     for (const QString &name : m_boxes.names()) {
         if (m_summary.modules.removeAll(name))
@@ -294,20 +358,72 @@ void Elaborator::finish()
             QLatin1String("WARNING: These modules have no definition and are shown "
                           "as black boxes, with nothing inside: ") +
             boxes.join(QLatin1String(", ")));
+    tellWhereModulesAre(boxes);
     listModules();
     options.workingDir = m_verilator.workingDir();
     options.top = m_result->lists.topModules.value(0);
-    m_result->usable = m_result->lists.topModules.size() == 1 && !m_topUnknown;
+    m_result->usable = m_result->lists.topModules.size() == 1;
     m_result->xmlFile = m_verilator.xmlFile();
     m_result->foldersLookedIn = m_verilator.folders();
     nameFiles();
 }
 
+void Elaborator::tellTops()
+{
+    QStringList tops;
+    for (const QString &module : m_summary.roots) {
+        if (!m_boxes.names().contains(module))
+            tops.append(module);
+    }
+    QSet<QString> instantiated;
+    QStringList entities;
+    for (const DesignSource &source : m_input.files) {
+        if (source.type != TE::VhdlFile)
+            continue;
+        const VhdlNames names = vhdlNames(source.path);
+        entities += names.entities;
+        instantiated += names.instantiated;
+    }
+    for (const QString &entity : entities) {
+        if (!instantiated.contains(entity.toLower()))
+            tops.append(entity);
+    }
+    if (!tops.isEmpty() && !m_input.top.isEmpty())
+        m_result->lists.messages.append(QLatin1String("WARNING: No module is named \"") + m_input.top +
+                                        QLatin1String("\". The top modules of the design are: ") +
+                                        tops.join(QLatin1String(", ")));
+}
+
+void Elaborator::tellEncrypted()
+{
+    const QStringList files = m_copies.encrypted();
+    if (!files.isEmpty())
+        m_result->lists.messages.append(
+            QLatin1String(
+                "WARNING: What is encrypted in these files is not shown, as if it were in a black box: ") +
+            files.join(QLatin1String(", ")));
+}
+
+// Files that are no part of the design, but have what it lacks.
+void Elaborator::tellWhereModulesAre(const QStringList &boxes)
+{
+    for (const QString &box : boxes) {
+        const QString stray = m_repairs.strays().value(box);
+        const QString disabled = fileOfModule(box, m_input.disabledFiles);
+        if (!disabled.isEmpty())
+            m_result->lists.messages.append(QLatin1String("WARNING: Module ") + box +
+                                            QLatin1String(" is in ") + disabled +
+                                            QLatin1String(", which the project has disabled."));
+        else if (!stray.isEmpty())
+            m_result->lists.messages.append(QLatin1String("WARNING: Module ") + box +
+                                            QLatin1String(" is in ") + stray +
+                                            QLatin1String(", which is no source of the project."));
+    }
+}
+
 void Elaborator::listModules()
 {
     ModuleList &lists = m_result->lists;
-    if (m_topUnknown && !m_input.top.isEmpty())
-        return;
     QSet<QString> seen; // one entity can stand behind several modules
     for (const QString &module : m_summary.modules) {
         const QString name = userName(module);
@@ -343,7 +459,7 @@ void Elaborator::nameFiles()
 void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severity severity)
 {
     int count = 0;
-    for (ToolMessage message : messages) {
+    for (ToolMessage message : folded(messages)) {
         if (message.severity != severity || message.code == QLatin1String("MULTITOP") ||
             ++count > maxMessages)
             continue;

@@ -8,8 +8,10 @@
 #include "elaboration/reading/netlistreader.h"
 #include "elaboration/tools/blackbox.h"
 #include "elaboration/tools/designinput.h"
+#include "elaboration/tools/readingrepairs.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourcecopies.h"
 #include "elaboration/tools/toolrunner.h"
 #include "elaboration/tools/verilatorrun.h"
 #include "elaboration/tools/vhdlpart.h"
@@ -53,34 +55,40 @@ private:
     enum Verdict { Again, Done, Failed };
 
     bool checkSources();
+    bool prepareSources();
     void readVhdl();
     void readDesign();
     void warnOfRights();
     void proceed(Verdict verdict);
     void judge(const ToolResult &result);
     void repair(const QList<ToolMessage> &errors);
+    void proceedWithoutTop();
     // Finds a definition for modules that have none: a VHDL entity, or else a black box.
     void provide(const QStringList &missing, const std::function<void(Verdict)> &then);
     Verdict makeBlackBoxes(const DesignDump &dump, const QStringList &missing);
     Verdict makeFiles();
     void finish();
+    void tellTops();
+    void tellEncrypted();
+    void tellWhereModulesAre(const QStringList &boxes);
     void listModules();
     void nameFiles();
     QString userName(const QString &module) const;
     void report(const QList<ToolMessage> &messages, ToolMessage::Severity severity);
     void addError(const QString &text);
 
-    const DesignInput m_input;
+    DesignInput m_input; // without VHDL files that have nothing to be read
     std::unique_ptr<Elaboration> m_result{new Elaboration};
     SafeNames m_names;
+    SourceCopies m_copies;
     VerilatorRun m_verilator;
+    ReadingRepairs m_repairs;
     ToolRunner m_runner;
     std::unique_ptr<VhdlPart> m_vhdl; // null when there is no VHDL
     BlackBoxes m_boxes;
     QList<ToolMessage> m_warnings;
     XmlSummary m_summary;
     int m_runs = 0;
-    bool m_packagesOrdered = false;
     bool m_topUnknown = false;
 };
 

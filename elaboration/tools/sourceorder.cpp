@@ -1,15 +1,10 @@
 #include "elaboration/tools/sourceorder.h"
 
-#include <QByteArrayMatcher>
-#include <QDir>
-#include <QFileInfo>
 #include <QHash>
 #include <QRegExp>
 #include <QSet>
 
 #include <algorithm>
-
-#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
@@ -21,34 +16,9 @@ struct SourceWords
     bool isForAll = false; // only types and macros outside of everything: any file may need them
 };
 
-// Empty when the file cannot be read; the tools say why.
-QByteArray sourceOf(const QString &path)
+QString bareText(const QByteArray &source, SourceLanguage language)
 {
-    const qint64 limit = 512 * QUtil::MiB;
-    QByteArray source;
-    QString reason;
-    return QUtil::readRegularFile(path, limit, &source, &reason) ? source : QByteArray();
-}
-
-QString withoutComments(const QByteArray &source, SourceLanguage language)
-{
-    QByteArray text;
-    text.reserve(source.size());
-    for (int i = 0; i < source.size(); ++i) {
-        const char *rest = source.constData() + i;
-        const bool block = language == VerilogSource && qstrncmp(rest, "/*", 2) == 0;
-        const bool line = qstrncmp(rest, language == VerilogSource ? "//" : "--", 2) == 0;
-        if (block || line) {
-            const int end = block ? source.indexOf("*/", i + 2) : source.indexOf('\n', i);
-            if (end < 0)
-                break;
-            i = block ? end + 1 : end;
-            text += ' ';
-        } else {
-            text += *rest;
-        }
-    }
-    return QString::fromLatin1(text);
+    return QString::fromLatin1(withoutComments(source, language));
 }
 
 void collect(const QString &text, const char *pattern, QSet<QString> &names)
@@ -64,7 +34,7 @@ SourceWords wordsOf(const QString &path, SourceLanguage language)
     const QByteArray source = sourceOf(path);
     if (source.isEmpty())
         return words;
-    QString text = withoutComments(source, language);
+    QString text = bareText(source, language);
     if (language == VerilogSource) {
         collect(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
         collect(text, "\\b(\\w+)\\s*::", words.uses);
@@ -76,20 +46,6 @@ SourceWords wordsOf(const QString &path, SourceLanguage language)
     collect(text, "\\b\\w+\\.(\\w+)", words.uses);
     collect(text, "\\b(?:body|of)\\s+(\\w+)\\s+is\\b", words.uses);
     return words;
-}
-
-// What stands between quotes or angle brackets behind the directive; empty for a macro.
-QString includedName(const QByteArray &text, int from)
-{
-    while (from < text.size() && (text.at(from) == ' ' || text.at(from) == '\t'))
-        ++from;
-    if (from >= text.size() || (text.at(from) != '"' && text.at(from) != '<'))
-        return QString();
-    const int end = text.indexOf(text.at(from) == '"' ? '"' : '>', from + 1);
-    const int lineEnd = text.indexOf('\n', from);
-    if (end < 0 || (lineEnd >= 0 && lineEnd < end))
-        return QString();
-    return QString::fromUtf8(text.mid(from + 1, end - from - 1));
 }
 
 class Sorter
@@ -152,36 +108,76 @@ QSet<QString> includedNames(const QStringList &files)
 {
     QSet<QString> names;
     for (const QString &path : files)
-        collect(withoutComments(sourceOf(path), VerilogSource),
-                "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
+        collect(bareText(sourceOf(path), VerilogSource), "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)",
+                names);
     return names;
 }
 
-QStringList specialIncludes(const QStringList &files, const QStringList &folders)
+SourceNeeds::SourceNeeds(const QStringList &files)
 {
-    QStringList faults;
-    QStringList waiting = files;
-    QSet<QString> seen = files.toSet();
-    const QByteArrayMatcher directive("`include");
-    while (!waiting.isEmpty()) {
-        const QString path = waiting.takeFirst();
-        const QByteArray text = sourceOf(path);
-        for (int at = directive.indexIn(text); at >= 0; at = directive.indexIn(text, at + 1)) {
-            const QString name = includedName(text, at + 8);
-            for (const QString &folder : QStringList(QFileInfo(path).absolutePath()) + folders) {
-                const QString included = QDir::cleanPath(QDir(folder).absoluteFilePath(name));
-                const QFileInfo info(included);
-                if (name.isEmpty() || seen.contains(included) || !info.exists() || info.isDir())
-                    continue;
-                seen.insert(included);
-                waiting.append(included);
-                if (!info.isFile())
-                    faults.append(QLatin1String("ERROR: ") + path + QLatin1String(" includes ") + included +
-                                  QLatin1String(", which is no regular file."));
-            }
+    QRegExp declared(QLatin1String("\\b(module|macromodule|interface|package|program|class|primitive|checker)"
+                                   "\\s+(?:automatic\\s+|static\\s+)?(\\w+)"));
+    for (const QString &file : files) {
+        const QString text = bareText(sourceOf(file), VerilogSource);
+        QSet<QString> &words = m_words[file];
+        collect(text, "\\b([A-Za-z_]\\w*)", words);
+        int at = declared.indexIn(text);
+        if (at < 0)
+            m_forAll.insert(file);
+        for (; at >= 0; at = declared.indexIn(text, at + declared.matchedLength())) {
+            if (!m_owners.contains(declared.cap(2)))
+                m_owners.insert(declared.cap(2), file);
+            if (declared.cap(1).endsWith(QLatin1String("module")))
+                m_modules.append(declared.cap(2));
         }
     }
-    return faults;
+}
+
+QStringList SourceNeeds::roots() const
+{
+    QStringList roots;
+    for (const QString &module : m_modules) {
+        bool isUsed = false;
+        for (auto file = m_words.begin(); file != m_words.end(); ++file)
+            isUsed = isUsed || (file.key() != m_owners.value(module) && file->contains(module));
+        if (!isUsed)
+            roots.append(module);
+    }
+    return roots;
+}
+
+QSet<QString> SourceNeeds::filesFor(const QString &module) const
+{
+    if (!m_owners.contains(module))
+        return m_words.keys().toSet();
+    QStringList waiting = QStringList(m_owners.value(module)) + m_forAll.values();
+    QSet<QString> needed = waiting.toSet();
+    while (!waiting.isEmpty()) {
+        for (const QString &word : m_words.value(waiting.takeFirst())) {
+            const QString file = m_owners.value(word);
+            if (file.isEmpty() || needed.contains(file))
+                continue;
+            needed.insert(file);
+            waiting.append(file);
+        }
+    }
+    return needed;
+}
+
+QString fileOfModule(const QString &module, const QStringList &files)
+{
+    const QString name = QRegExp::escape(module);
+    const QRegExp declaration(QLatin1String("\\b(?:module|macromodule|entity|interface)\\s+"
+                                            "(?:automatic\\s+|static\\s+)?\\\\?") +
+                                  name + QLatin1String("(?![\\w$])"),
+                              Qt::CaseInsensitive);
+    for (const QString &file : files) {
+        const QByteArray source = sourceOf(file);
+        if (bareText(source, VerilogSource).contains(declaration) ||
+            bareText(source, VhdlSource).contains(declaration))
+            return file;
+    }
+    return QString();
 }
 
 VhdlNames vhdlNames(const QString &path)
@@ -189,7 +185,7 @@ VhdlNames vhdlNames(const QString &path)
     VhdlNames names;
     const QByteArray source = sourceOf(path);
     names.mentionsForeign = source.toLower().contains("foreign");
-    const QString text = withoutComments(source, VhdlSource);
+    const QString text = bareText(source, VhdlSource);
     QRegExp entity(QLatin1String("\\bentity\\s+(\\w+)\\s+is\\b"), Qt::CaseInsensitive);
     for (int at = entity.indexIn(text); at >= 0; at = entity.indexIn(text, at + 1))
         names.entities.append(entity.cap(1));

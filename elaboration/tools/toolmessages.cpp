@@ -1,6 +1,7 @@
 #include "elaboration/tools/toolmessages.h"
 
 #include <QDir>
+#include <QHash>
 #include <QRegExp>
 
 #include "elaboration/tools/safenames.h"
@@ -18,6 +19,16 @@ void takePlace(ToolMessage &message)
     message.line = place.cap(2).toInt();
     message.column = place.cap(3).toInt();
     message.text = place.cap(4).trimmed();
+}
+
+// "                 t.v:1:8: ... Location of original declaration"
+void takeOtherPlace(const QString &line, ToolMessage &message)
+{
+    QRegExp place(QLatin1String("\\s*([^ ]*):(\\d+):\\d+: \\.\\.\\. Location of original declaration.*"));
+    if (!place.exactMatch(line))
+        return;
+    message.otherFile = place.cap(1);
+    message.otherLine = place.cap(2).toInt();
 }
 
 // "Exiting due to 2 error(s)" and the hints that only repeat what a message says already.
@@ -45,6 +56,7 @@ QList<ToolMessage> parseVerilatorMessages(const QByteArray &output)
             takePlace(message);
             messages.append(message);
         } else if (!messages.isEmpty() && line.contains(QLatin1String("... "))) {
+            takeOtherPlace(line, messages.last());
             messages.last().notes.append(line.section(QLatin1String("... "), 1).trimmed());
         }
     }
@@ -84,11 +96,35 @@ QList<ToolMessage> parseGhdlMessages(const QByteArray &output)
     return messages;
 }
 
+QList<ToolMessage> folded(const QList<ToolMessage> &messages)
+{
+    QHash<QString, int> counts;
+    for (const ToolMessage &message : messages)
+        ++counts[message.text];
+    QList<ToolMessage> once;
+    for (ToolMessage message : messages) {
+        const int count = counts.value(message.text);
+        counts[message.text] = message.severity == ToolMessage::Warning ? 0 : count;
+        if (count > 1 && message.severity == ToolMessage::Warning)
+            message.text += QString::fromLatin1(" (%1 times)").arg(count);
+        if (count > 0)
+            once.append(message);
+    }
+    return once;
+}
+
+namespace {
+
+QString real(const QString &file, const SafeNames &names, const QString &workingDir)
+{
+    return file.isEmpty() ? file : names.real(QDir::cleanPath(QDir(workingDir).absoluteFilePath(file)));
+}
+
+} // namespace
+
 QString realFile(const ToolMessage &message, const SafeNames &names, const QString &workingDir)
 {
-    if (message.file.isEmpty())
-        return QString();
-    return names.real(QDir::cleanPath(QDir(workingDir).absoluteFilePath(message.file)));
+    return real(message.file, names, workingDir);
 }
 
 QString messageText(const ToolMessage &message, const SafeNames &names, const QString &workingDir)
@@ -97,7 +133,12 @@ QString messageText(const ToolMessage &message, const SafeNames &names, const QS
     const QString file = realFile(message, names, workingDir);
     if (!file.isEmpty())
         text += file + QLatin1Char(':') + QString::number(message.line) + QLatin1String(": ");
-    return text + message.text;
+    QRegExp twice(QLatin1String("Duplicate declaration of module: '(.*)'"));
+    if (!message.otherLine || !twice.exactMatch(message.text))
+        return text + message.text;
+    return text + QLatin1String("Module ") + twice.cap(1) +
+           QLatin1String(" is declared a second time. What ") + real(message.otherFile, names, workingDir) +
+           QLatin1Char(':') + QString::number(message.otherLine) + QLatin1String(" declares is used.");
 }
 
 } // namespace QUARRY

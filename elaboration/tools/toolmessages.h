@@ -18,6 +18,8 @@ struct ToolMessage
     QString file; // as the tool names it; empty when the message has no place
     int line = 0;
     int column = 0;
+    QString otherFile; // as above: of the declaration that counts, where there are two
+    int otherLine = 0;
     QString text;
     QStringList notes; // the indented lines below the message
 };
@@ -31,6 +33,9 @@ QList<ToolMessage> parseGhdlMessages(const QByteArray &output);
 
 // The user's name of the file, absolute; empty when the message has no place.
 QString realFile(const ToolMessage &message, const SafeNames &names, const QString &workingDir);
+
+// Equal warnings as one, with their number.
+QList<ToolMessage> folded(const QList<ToolMessage> &messages);
 
 // "ERROR: /path/a.v:12: text" with the real name of the file. Relative names are taken from workingDir.
 QString messageText(const ToolMessage &message, const SafeNames &names, const QString &workingDir);

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegExp>
 
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
@@ -15,6 +16,8 @@ namespace QUARRY {
 namespace {
 
 const char systemVerilog[] = "1800-2017";
+const char hiddenFolder[] = "hidden";
+const char *const toolMacros[] = {"VERILATOR", "verilator", "verilator3"};
 
 // The data files of a Verilator that was moved lie beside its program.
 QString rootSetting(const QString &program)
@@ -23,6 +26,18 @@ QString rootSetting(const QString &program)
         return QString();
     const QFileInfo share(QFileInfo(program).absolutePath() + QLatin1String("/../share/verilator"));
     return share.isDir() ? QLatin1String("VERILATOR_ROOT=") + share.canonicalFilePath() : QString();
+}
+
+// NAME=VALUE as the tool takes it: what is no number is a text, in quotes.
+QString parameterArgument(const QString &setting)
+{
+    const QString value = setting.section(QLatin1Char('='), 1);
+    const QRegExp number(
+        QLatin1String("[-+]?[\\d_]+(\\.\\d+)?([eE][-+]?\\d+)?|\\d*'[sS]?[bBoOdDhH][\\w?]+|\".*\""));
+    if (number.exactMatch(value))
+        return QLatin1String("-G") + setting;
+    return QLatin1String("-G") + setting.section(QLatin1Char('='), 0, 0) + QLatin1String("=\"") + value +
+           QLatin1Char('"');
 }
 
 QString absolute(const QString &path, const QString &workingDir)
@@ -59,14 +74,15 @@ VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, 
     for (const DesignSource &source : input.files) {
         if (source.type == TE::VhdlFile)
             continue;
-        m_files.append(source.path);
+        (source.onlyWhenUsed ? m_libraryFiles : m_files).append(source.path);
         m_suffixes.insert(source.path, QLatin1String(source.type == TE::SystemVerilogFile ? ".sv" : ".v"));
     }
     if (!QFileInfo(m_workingDir).isDir())
         m_workingDir = m_files.isEmpty() ? scratch.path() : QFileInfo(m_files.first()).absolutePath();
-    for (const QString &folder : input.includePaths + input.libraryPaths)
+    for (const QString &folder : input.libraryPaths + input.includePaths)
         m_folders.append(absolute(folder, m_workingDir));
     m_folders.append(m_workingDir);
+    m_parameters = input.parameters;
 }
 
 bool VerilatorRun::orderPackagesFirst()
@@ -76,13 +92,68 @@ bool VerilatorRun::orderPackagesFirst()
     return m_files != before;
 }
 
+void VerilatorRun::addPackages(const QString &file)
+{
+    m_libraryFiles.removeAll(file);
+    m_files.prepend(file);
+    m_suffixes.insert(file, QLatin1String(".sv"));
+}
+
+void VerilatorRun::addLibraryFile(const QString &file)
+{
+    m_libraryFiles.append(file);
+    m_suffixes.insert(file, QLatin1String(file.endsWith(QLatin1String(".sv")) ? ".sv" : ".v"));
+}
+
+void VerilatorRun::setSystemVerilog(const QString &file, bool isSystem)
+{
+    if (m_suffixes.contains(file))
+        m_suffixes[file] = QLatin1String(isSystem ? ".sv" : ".v");
+}
+
+QStringList VerilatorRun::plainVerilog() const
+{
+    return m_suffixes.keys(QLatin1String(".v"));
+}
+
+bool VerilatorRun::mayDefineToolMacro() const
+{
+    return !m_definesToolMacro && !isSet(m_input.undefines, toolMacros[0]);
+}
+
+// A file of that name, in a folder before all others, which has no module.
+bool VerilatorRun::hideModule(const QString &name)
+{
+    if (m_hidden.contains(name))
+        return false;
+    m_hidden.append(name);
+    QDir().mkpath(m_scratch.file(QLatin1String(hiddenFolder)));
+    return m_scratch.write(QLatin1String(hiddenFolder) + QLatin1Char('/') + name, QByteArray());
+}
+
+bool VerilatorRun::leaveOut(const QString &file)
+{
+    m_suffixes.remove(file);
+    return m_files.removeAll(file) + m_libraryFiles.removeAll(file) > 0;
+}
+
+bool VerilatorRun::dropParameters(const QStringList &names)
+{
+    const int before = m_parameters.size();
+    for (int i = before - 1; i >= 0; --i) {
+        if (names.contains(m_parameters.at(i).section(QLatin1Char('='), 0, 0)))
+            m_parameters.removeAt(i);
+    }
+    return m_parameters.size() != before;
+}
+
 bool VerilatorRun::leaveToIncludes(const QStringList &files)
 {
     const int before = m_files.size();
     const QSet<QString> included = includedNames(m_files);
     for (const QString &file : files) {
-        if (included.contains(QFileInfo(file).fileName()))
-            m_files.removeAll(file);
+        if (included.contains(QFileInfo(file).fileName()) && m_files.removeAll(file))
+            m_suffixes.remove(file);
     }
     return m_files.size() != before;
 }
@@ -108,36 +179,79 @@ QString VerilatorRun::treeFile() const
     return QFileInfo(tree).exists() ? tree : m_scratch.file(QLatin1String("dump/Vdesign_990_final.tree"));
 }
 
-QStringList VerilatorRun::optionArguments() const
+QStringList VerilatorRun::languageArguments() const
 {
-    QStringList arguments;
     const QString verilog = verilogLanguage(m_input.verilogStandard);
     const bool anySystem = !m_suffixes.keys(QLatin1String(".sv")).isEmpty();
-    // Included headers are read by the default language, whatever includes them.
-    arguments << QLatin1String("--default-language") << (anySystem ? QLatin1String(systemVerilog) : verilog)
-              << QLatin1Char('+') + verilog + QLatin1String("ext+v") << QLatin1String("+1800-2017ext+sv")
-              << QLatin1String("+1364-2005ext+vg");
-    arguments << QLatin1String("--relative-includes");
+    return QStringList() << QLatin1String("--default-language")
+                         << (anySystem ? QLatin1String(systemVerilog) : verilog)
+                         << QLatin1Char('+') + verilog + QLatin1String("ext+v")
+                         << QLatin1String("+1800-2017ext+sv") << QLatin1String("+1364-2005ext+vg");
+}
+
+// The tool looks for modules and for includes in all folders, in the order in which it is told them.
+QStringList VerilatorRun::folderArguments() const
+{
+    QStringList arguments(QLatin1String("--relative-includes"));
+    if (!m_hidden.isEmpty())
+        arguments << QLatin1String("-y") << m_scratch.file(QLatin1String(hiddenFolder));
+    for (const QString &path : m_input.libraryPaths)
+        arguments << QLatin1String("-y") << m_names.folder(absolute(path, m_workingDir));
+    for (const QString &suffix : m_input.librarySuffixes)
+        arguments << QLatin1String("+libext+") + suffix;
     for (const QString &path : m_input.includePaths)
         arguments << QLatin1String("-I") + m_names.folder(absolute(path, m_workingDir));
     arguments << QLatin1String("-I") + m_names.folder(m_workingDir);
     for (const QString &folder : m_names.includeFolders())
         arguments << QLatin1String("-I") + folder;
-    for (const QString &path : m_input.libraryPaths)
-        arguments << QLatin1String("-y") << m_names.folder(absolute(path, m_workingDir));
+    return arguments;
+}
+
+// What sources ask for to learn who reads them says that it is synthesis.
+QStringList VerilatorRun::macroArguments() const
+{
+    QStringList arguments;
+    if (!isSet(m_input.defines, "SYNTHESIS"))
+        arguments << QLatin1String("-DSYNTHESIS");
     for (const QString &define : m_input.defines)
         arguments << QLatin1String("-D") + define;
+    for (const char *macro : toolMacros) {
+        if (!m_definesToolMacro && !isSet(m_input.defines, macro))
+            arguments << QLatin1String("-U") + QLatin1String(macro);
+    }
+    for (const QString &name : m_input.undefines)
+        arguments << QLatin1String("-U") + name;
+    for (const QString &parameter : m_parameters)
+        arguments << parameterArgument(parameter);
     if (!m_top.isEmpty())
         arguments << QLatin1String("--top-module") << m_top;
     return arguments;
 }
 
+// NAME or NAME=VALUE
+bool VerilatorRun::isSet(const QStringList &settings, const char *name)
+{
+    for (const QString &setting : settings) {
+        if (setting.section(QLatin1Char('='), 0, 0) == QLatin1String(name))
+            return true;
+    }
+    return false;
+}
+
+QString VerilatorRun::handedOver(const QString &file) const
+{
+    return m_names.file(file, m_suffixes.value(file));
+}
+
 ToolCall VerilatorRun::call(const QStringList &extra) const
 {
+    // Before the folders are asked for: names may need more of them.
     QStringList files;
     for (const QString &file : m_files)
-        files << m_names.file(file, m_suffixes.value(file));
+        files << handedOver(file);
     files << m_madeFiles;
+    for (const QString &file : m_libraryFiles)
+        files << QLatin1String("-v") << handedOver(file);
 
     ToolCall call;
     call.name = QLatin1String("Verilator");
@@ -148,8 +262,8 @@ ToolCall VerilatorRun::call(const QStringList &extra) const
     call.writableFolder = m_scratch.path();
     call.subject = QLatin1String("the Verilog sources");
     call.arguments = verilatorReadFlags();
-    call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << optionArguments()
-                   << files;
+    call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << languageArguments()
+                   << folderArguments() << macroArguments() << files;
     return call;
 }
 

@@ -21,8 +21,22 @@ public:
 
     void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
     void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
+    QString top() const { return m_top; }
+    bool isMade(const QString &file) const { return m_madeFiles.contains(file); }
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
-    bool orderPackagesFirst(); // false when they were
+    bool orderPackagesFirst();                                 // false when they were
+    void addPackages(const QString &file);                     // that other files need, before these
+    void addLibraryFile(const QString &file);                  // whose modules are read when they are used
+    void setSystemVerilog(const QString &file, bool isSystem); // what it includes is read alike
+    QStringList plainVerilog() const;                          // the files that are read as such
+    // The sources see the macros by which they tell this tool from synthesis.
+    bool mayDefineToolMacro() const;
+    bool definesToolMacro() const { return m_definesToolMacro; }
+    void defineToolMacro() { m_definesToolMacro = true; }
+    // Lets the tool find no file for that module. False when that is done already.
+    bool hideModule(const QString &name);
+    bool leaveOut(const QString &file); // false when it is no source
+    bool dropParameters(const QStringList &names);
     // A header among the sources that holds only a part of a module cannot be read alone. Of the files, drops
     // those that others include, which so bring them in; false when there are none.
     bool leaveToIncludes(const QStringList &files);
@@ -33,13 +47,17 @@ public:
     QString xmlFile() const;
     QString treeFile() const;
     QString workingDir() const { return m_workingDir; }
-    QStringList files() const { return m_files; }     // the user's own
-    QStringList folders() const { return m_folders; } // where the tool looks for files
+    QStringList files() const { return m_files + m_libraryFiles; } // the user's own
+    QStringList folders() const { return m_folders; }              // where the tool looks for files
     static QString program();
 
 private:
     ToolCall call(const QStringList &extra) const;
-    QStringList optionArguments() const;
+    QStringList languageArguments() const;
+    QStringList folderArguments() const;
+    QStringList macroArguments() const;
+    QString handedOver(const QString &file) const;
+    static bool isSet(const QStringList &settings, const char *name);
 
     const DesignInput &m_input;
     const ScratchDir &m_scratch;
@@ -47,8 +65,12 @@ private:
     QString m_top;
     QString m_workingDir;
     QStringList m_files; // the user's own, in reading order, real names
+    QStringList m_libraryFiles;
     QStringList m_madeFiles;
     QStringList m_folders;
+    QStringList m_parameters;
+    QStringList m_hidden; // modules
+    bool m_definesToolMacro = false;
     QHash<QString, QString> m_suffixes;
 };
 

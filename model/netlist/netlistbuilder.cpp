@@ -18,6 +18,7 @@ int NetlistBuilder::addModule(const ModuleDecl &module)
         bits += net.isBus ? rangeWidth(net.left, net.right) : 1;
     ModuleDecl kept;
     kept.name = module.name;
+    kept.isScope = module.isScope;
     if (bits > maxNets)
         m_overflow =
             QString::fromLatin1("ERROR: Module %1 has %2 nets, and a design can have %3 here. Look for a "

@@ -20,7 +20,8 @@ struct NetDecl
 struct ModuleDecl
 {
     QString name;
-    QList<NetDecl> nets; // in declared order
+    QList<NetDecl> nets;  // in declared order
+    bool isScope = false; // no module of its own: a generate scope, a block
 };
 
 // Builds a netlist from the top down. Owns it until take(). Module numbers are those of addModule(); the

@@ -49,7 +49,7 @@ bool isText(const QChar *a, int aLength, const QChar *b, int bLength)
 
 } // namespace
 
-RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name)
+RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name), m_isScope(decl.isScope)
 {
     int length = 0;
     for (const NetDecl &net : decl.nets)

@@ -37,6 +37,7 @@ public:
     };
 
     const QString &name() const { return m_name; }
+    bool isScope() const { return m_isScope; } // its nodes are no instances of a module
     const std::vector<Entry> &entries() const { return m_entries; }
     // Apart from the entries: a search reads those of the whole design, and this of what it finds.
     const Declaration &info(quint32 number) const { return m_info[number]; }
@@ -70,6 +71,7 @@ private:
     qint64 findEntry(const QChar *name, int length, Accept accept) const;
 
     QString m_name;
+    bool m_isScope;
     QString m_text;
     bool m_isAscii = true;
     std::vector<Entry> m_entries;

@@ -53,33 +53,35 @@ private Q_SLOTS:
     void keepsSourcesIn_data()
     {
         textColumns("source", "setting", "message", "design");
-        const QString whole = "t:t x s", translated = "t:t x"; // which drops what nothing reads
+        const QString whole = "t:t x n s", translated = "t:t x"; // which drops what nothing reads
+        // A delay is what the simulator alone computes.
+        const QByteArray late = "n <= x after f * 1 ns;\n";
         const QByteArray off = "-- synthesis translate_off\n", on = "-- synthesis translate_on\n";
         const QString foreign = "The attribute foreign can run code from outside the design. *";
         row("writes where both look", entity(writer + QByteArray("constant c : natural := f;\n"), ""), "",
             "ERROR: @t.vhd:5: cannot open file: @owned", "");
         row("writes in an initial value",
-            entity(writer + off + QByteArray("signal n : natural := f;\n") + on, ""), "", "", translated);
-        row("writes in a process",
-            entity(writer, off + "process variable n : natural; begin n := f; wait; end process;\n" + on), "",
-            "", whole);
+            entity(writer + off + QByteArray("signal n : natural := f;\n") + on, ""), "", "", "t:t x s");
+        row("writes in a delay", entity(writer + QByteArray("signal n : bit;\n"), late), "", "", whole);
         row("runs a shell",
-            entity(shell + off + QByteArray("signal n : integer := f(\"touch @owned\" & nul);\n") + on, ""),
+            entity(shell + QByteArray("signal n : bit;\n"),
+                   "n <= x after f(\"touch @owned\" & nul) * 1 ns;\n"),
             "", "WARNING: @t.vhd:5: " + foreign, translated);
         row("only speaks of it", entity("-- foreign\nsignal \\Foreign\\ : bit; -- names no attribute\n", ""),
             "", "", "t:t x Foreign s");
-        row("loops", entity("", off + "process begin loop null; end loop; wait; end process;\n" + on),
+        row("loops",
+            entity(
+                "function f return natural is begin loop null; end loop; return 0; end;\nsignal n : bit;\n",
+                late),
             "JEX_TOOL_TIMEOUT=3",
             "WARNING: GHDL did not end within 3 seconds and was stopped while it read the first moment of "
             "VHDL "
             "entity t. *",
             translated);
         row("allocates",
-            entity("type p is access string;\n",
-                   off +
-                       "process variable v : p; begin loop v := new string(1 to 1000000); end loop; wait; "
-                       "end process;\n" +
-                       on),
+            entity("type p is access string;\nimpure function f return natural is variable v : p; begin loop "
+                   "v := new string(1 to 1000000); end loop; return 0; end;\nsignal n : bit;\n",
+                   late),
             "JEX_TOOL_MEMORY=400", "", whole);
         row("repeats itself",
             "entity u is port (x : in bit); end;\narchitecture a of u is begin end;\n" +
@@ -89,29 +91,25 @@ private Q_SLOTS:
             "ERROR: GHDL needed more memory than the 300 MB that it may take while it read VHDL entity t. *",
             "");
         row("fills the disk",
-            entity("",
-                   off +
-                       "process file h : text; variable l : line; begin file_open(h, \"big\", write_mode);\n"
-                       "loop write(l, string'(1 to 100000 => 'x')); writeline(h, l); end loop; wait; "
-                       "end process;\n" +
-                       on),
+            entity("impure function f return natural is file h : text; variable l : line; begin\n"
+                   "file_open(h, \"big\", write_mode); loop write(l, string'(1 to 100000 => 'x'));\n"
+                   "writeline(h, l); end loop; return 0; end;\nsignal n : bit;\n",
+                   late),
             "JEX_TOOL_DISK=20",
             "WARNING: GHDL wrote more than 20 MB of files and was stopped while it read the first moment of "
             "VHDL "
             "entity t. *",
             translated);
+        // Were it found, the simulation would not end.
         row("reads a secret of ours",
             entity(
-                off +
-                    "impure function f return natural is file h : text; variable l : line; variable n : "
-                    "natural := "
-                    "0; begin\nfile_open(h, \"/proc/self/environ\", read_mode);\n"
-                    "while not endfile(h) loop readline(h, l); for i in 1 to l'length - 6 loop "
-                    "if l(i to i + 5) = \"SECRET\" then n := 1; end if; end loop; end loop; return n; end;\n"
-                    "signal v : bit_vector(f downto 0);\n" +
-                    on,
-                ""),
-            "SECRET_VALUE=1", "", "t:t x s v[0:0]");
+                "impure function f return natural is file h : text; variable l : line; begin\n"
+                "file_open(h, \"/proc/self/environ\", read_mode);\n"
+                "while not endfile(h) loop readline(h, l); for i in 1 to l'length - 6 loop "
+                "while l(i to i + 5) = \"SECRET\" loop null; end loop; end loop; end loop; return 0; end;\n"
+                "signal n : bit;\n",
+                late),
+            "SECRET_VALUE=1", "", whole);
     }
 
     void keepsSourcesIn()

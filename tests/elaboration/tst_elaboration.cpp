@@ -19,9 +19,25 @@ void verilogRows()
                         "module b(input y); leaf \\v.w (y); endmodule\n";
     row("several tops", "", two, "top a b\nmodules a b leaf", "");
     row("named top", "Top=b", two, "top b\nmodules b leaf", "b:b y\nb/v.w:leaf x");
-    row("unknown top", "Top=c", two, "top \nmodules", "");
+    row("unknown top", "Top=c", two,
+        "top \nmodules \nWARNING: No module is named \"c\". The top modules of the design are: a, b", "");
+    const QString faulty =
+        "== a.v\nmodule a(input x); leaf u(x); endmodule\n== leaf.v\nmodule leaf(input x); "
+        "endmodule\n== bad.v\nmodule bad;\nleaf = 1;\nendmodule\n";
+    row("error that no top needs", "", faulty,
+        "top \nmodules \nERROR: @/bad.v:2: *\nWARNING: No top module is set. Set it, and what it does not "
+        "need may "
+        "have errors: there is none in what these need: a",
+        "");
+    row("error that the top does not need", "Top=a", faulty,
+        "top a\nmodules a leaf\nWARNING: @/bad.v:2: The file has errors and is left out: the top module does "
+        "not "
+        "need it.",
+        "a:a x\na/u:leaf x");
+    row("error that the top needs", "Top=a", QString(faulty).replace("leaf u(x)", "leaf u(x); bad v()"),
+        "top \nmodules \nERROR: @/bad.v:2: *", "");
     row("missing source", "", "== sub/a.v\n== -a.v\n",
-        "top \nmodules \nERROR: @/-a.v cannot be read. Remove it from the "
+        "top \nmodules \nERROR: @/-a.v cannot be read: No such file or directory. Remove it from the "
         "project or restore it.",
         "");
     row("users before packages", "",
@@ -63,8 +79,108 @@ void verilogRows()
         "if (0) begin : g dead ud(clk); end\nendmodule\n",
         "top t\nmodules t\nWARNING: These modules have no definition and are shown as black boxes, with "
         "nothing inside: *",
-        "t:t clk a[31:0] y[1:0]\nt/i0:ifc v\nt/ia[0]:ifc v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
+        "t:t clk a[31:0] y[1:0] mem[0][7:0] mem[1][7:0] mem[2][7:0] mem[3][7:0]\nt/i0:ifc v\nt/ia[0]:ifc "
+        "v\nt/ia[1]:ifc v\nt/u0:prim\nt/u1:prim\n"
         "t/us[3]:split\nt/us[2]:split\nt/us[1]:split\nt/us[0]:split\nt/ub:bus\nt/un:none\nt/uo:odd$");
+}
+
+// Files that no tool takes as they are, and files that it must not take.
+void repairRows()
+{
+    row("copies and what they include", "Top=t\nIncludePath=inc\nDefines=FAR=\"far.vh\"",
+        "== t.v\n`include \"both.vh\"\n`include \"sub/own.vh\"\nmodule t(input x); own o({4{x}});\n// "
+        "synthesis "
+        "translate_off\n"
+        "junk;\n// synthesis translate_on\n`include `FAR\nendmodule\n"
+        "== sub/own.vh\n`include \"deep.vh\"\n== sub/deep.vh\nmodule own(input `BOTH y); wire own; "
+        "endmodule\n"
+        "// synopsys translate_off\nmodule junk\n// synopsys translate_on\n"
+        "== u.v\n`include \"sub/own.vh\"\n== sub/both.vh\nbad\n"
+        "== inc/both.vh\n`ifndef BOTH\n`define BOTH [3:0]\n`endif\n== inc/far.vh\nwire far;\n",
+        "top t\nmodules own t\nWARNING: @/sub/deep.vh:1: Module own is declared a second time. *",
+        "t:t x far\nt/o:own own y[3:0]");
+    row("error in a copy", "",
+        "== t.v\n// pragma translate_off\n\n// pragma translate_on\n`include \"part.vh\"\n"
+        "== part.vh\n\nmodule t; assign = 1; endmodule\n",
+        "top \nmodules \nERROR: @/part.vh:2: syntax error*", "");
+    row("the tool's own macro", "",
+        "== t.v\nmodule t(input x);\n`ifndef VERILATOR\n#1step odd;\n`endif\nendmodule\n",
+        "top t\nmodules t\nWARNING: The sources can be read only with the macro VERILATOR, which synthesis "
+        "does not "
+        "define. What depends on it may differ in hardware.",
+        "t:t x");
+    row("the tool's own macro undefined", "Undefines=VERILATOR",
+        "== t.v\nmodule t(input x);\n`ifndef VERILATOR\n#1step odd;\n`endif\nendmodule\n",
+        "top \nmodules \nERROR: @/t.v:3: *", "");
+    row("no macro of synthesis", "Undefines=SYNTHESIS",
+        "== t.v\nmodule t(input x);\n`ifndef SYNTHESIS\nwire y;\n`endif\nendmodule\n", "top t\nmodules t",
+        "t:t x y");
+    row("encrypted", "",
+        "== t.v\nmodule t(input x); a u(x); b v(x); endmodule\n"
+        "== a.v\nmodule a(input x);\n`pragma protect begin_protected\n#\"\n`pragma protect end_protected\n"
+        "== b.vp\n`protected\n#\"\n`endprotected\n"
+        "== c.vhd\nXlxV64EB\1\n",
+        "top t\nmodules a t\nWARNING: What is encrypted in these files is not shown, as if it were in a "
+        "black box: "
+        "@/a.v, @/b.vp, @/c.vhd\nWARNING: These modules have no definition and are shown as black boxes, "
+        "with "
+        "nothing inside: b",
+        "t:t x\nt/u:a x\nt/v:b");
+    row("SystemVerilog in Verilog", "",
+        "== a.v\nmodule a(input x);\n\n`include \"sub/a.vh\"\nendmodule\n== sub/a.vh\nlogic y;\n"
+        "== b.v\nmodule b(input logic); wire do; a u(.x(do)); endmodule\n",
+        "top b\nmodules a b\nWARNING: @/sub/a.vh:1: This is no Verilog, so the file is read as "
+        "SystemVerilog.",
+        "b:b logic do\nb/u:a x y");
+    row("neither language", "",
+        "== a.v\nmodule a(input x); wire do;\nwire = 1;\nendmodule\n== b.v\nmodule b; logic y; endmodule\n",
+        "top \nmodules \nERROR: @/a.v:2: *", "");
+    row("missing packages", "Disabled=off.sv",
+        "== t.sv\nmodule t\n  import p::*;\n(input q::w_t x, r::w_t y); w_t z;\nendmodule\n"
+        "== r.sv\npackage r; typedef logic w_t; endpackage\n== u.sv\nmodule u; wire = 1; endmodule\n"
+        "== off.sv\npackage p; typedef logic w_t; endpackage\n",
+        "top \nmodules \nERROR: @/t.sv:2: package p is in no file of the project that is enabled. It is in "
+        "@/off.sv\n"
+        "ERROR: @/t.sv:3: package q is in no file of the project\nERROR: @/u.sv:1: *",
+        "");
+    row("packages in libraries", "LibraryPath=lib",
+        "== t.sv\nmodule t(input p::w_t x); endmodule\n"
+        "== lib/all.svh\npackage p; typedef q::w_t w_t; endpackage\n"
+        "== lib/q.sv\npackage q; typedef logic [3:0] w_t; endpackage\n",
+        "top t\nmodules t", "t:t x[3:0]");
+    row("modules by chance", "IncludePath=inc\nLibraryPath=lib\nDisabled=off.v",
+        "== t.v\n`define D \"d.v\"\nmodule t(input x); a ua(x); b ub(x); c uc(x); d ud(x); e ue(x); "
+        "endmodule\n"
+        "`include \"c.v\"\n`include `D\n== off.v\nmodule b(input x); endmodule\n"
+        "== sub/none.v\n== inc/a.v\nmodule a(input chance); endmodule\n== inc/e.v\nsome words\n"
+        "== inc/b.v\nmodule b(input chance); endmodule\n== inc/d.v\nmodule d(input x); endmodule\n"
+        "== lib/a.v\nmodule a(input x); endmodule\n== inc/c.v\nmodule c(input x); endmodule\n",
+        "top t\nmodules a c d t\nWARNING: These modules have no definition and are shown as black boxes, "
+        "with "
+        "nothing inside: e, b\nWARNING: Module e is in @/inc/e.v, which is no source of the project.\n"
+        "WARNING: Module b is in @/off.v, which the project has disabled.",
+        "t:t x\nt/ua:a x\nt/ub:b\nt/uc:c x\nt/ud:d x\nt/ue:e");
+    row("libraries", "LibraryPath=lib\nLibrarySuffixes=.cell\nUsed=all.v",
+        "== t.v\nmodule t(input x); a ua(x); b ub(x); endmodule\n"
+        "== all.v\nmodule a(input y); endmodule\nmodule unused; endmodule\n"
+        "== lib/b.cell\nmodule b(input z);\n// synthesis translate_off\nwire y;\n// synthesis translate_on\n"
+        "endmodule\n",
+        "top t\nmodules a b t", "t:t x\nt/ua:a y\nt/ub:b z");
+    row("parameters", "Parameters=W=4\nParameters=S=word\nParameters=NONE=1",
+        "== t.v\nmodule t #(parameter W = 1, parameter S = \"\")(input [W-1:0] x);\n"
+        "generate case (S) \"word\": begin : g wire y; end endcase endgenerate endmodule\n",
+        "top t\nmodules t\nWARNING: The top module has no parameter NONE. Its value is left out.",
+        "t:t x[3:0]\nt/g:g y");
+    row("declared twice", "",
+        "== a.v\nmodule a(input first); endmodule\n== b.v\n\nmodule a(input second); endmodule\n",
+        "top a\nmodules a\nWARNING: @/b.v:2: Module a is declared a second time. What @/a.v:1 declares is "
+        "used.",
+        "a:a first");
+    row("byte order marks and nothing", "",
+        "== a.vhd\n\xef\xbb\xbf"
+        "entity a is port (x : in bit); end; architecture r of a is begin end;\n"
+        "== b.vhd\n\n== c.vhd\n-- only words\n",
+        "top a\nmodules a", "a:a x");
 }
 
 const char vhdl[] =
@@ -102,7 +218,8 @@ void vhdlRows()
     }
     row("VHDL loops in loops", "", text + QString("end generate;\n").repeated(depth) + "end;\n",
         "top deep\nmodules deep", design);
-    row("unknown VHDL top", "Top=c", vhdl, "top \nmodules", "");
+    row("unknown VHDL top", "Top=c", vhdl,
+        "top \nmodules \nWARNING: No module is named \"c\". The top modules of the design are: Top", "");
     row("VHDL names that Verilog reserves", "",
         "== r.vhd\nentity sub is port (input : in bit; wire : out bit); end;\n"
         "architecture a of sub is signal always, \\two words\\ : bit; begin always <= input; "
@@ -173,6 +290,7 @@ private Q_SLOTS:
     {
         textColumns("options", "sources", "lists", "design");
         verilogRows();
+        repairRows();
         vhdlRows();
         mixedRows();
     }
@@ -202,7 +320,8 @@ private Q_SLOTS:
         for (const QString &name : given)
             files += QVariantMap{{"Path", path(name)}, {"Type", info["Type"]}};
         info["Files"] = files;
-        const DesignInput input = designInputFromInfo(info);
+        DesignInput input = designInputFromInfo(info);
+        takeLists(options, input);
         const QString found = listed(input);
         QVERIFY2(fits(found, lists), qPrintable("\nfound:\n" + found + "\nexpected:\n" + lists));
         QCOMPARE(built(input), design);
@@ -448,6 +567,27 @@ private Q_SLOTS:
     }
 
 private:
+    // What the host's map has no key for.
+    void takeLists(const QString &options, DesignInput &input) const
+    {
+        const QMap<QString, QStringList *> lists{{"Undefines", &input.undefines},
+                                                 {"Parameters", &input.parameters},
+                                                 {"LibrarySuffixes", &input.librarySuffixes},
+                                                 {"Disabled", &input.disabledFiles}};
+        for (const QString &option : options.split('\n', Qt::SkipEmptyParts)) {
+            const QString value = option.section('=', 1);
+            if (QStringList *list = lists.value(option.section('=', 0, 0)))
+                list->append(list == &input.disabledFiles ? path(value) : value);
+            for (int i = input.files.size() - 1; i >= 0; --i) {
+                if (input.files.at(i).path != path(value))
+                    continue;
+                input.files[i].onlyWhenUsed = true;
+                if (option.startsWith("Disabled"))
+                    input.files.removeAt(i);
+            }
+        }
+    }
+
     // The sources' folder is @; the order of modules is the tool's own and not compared.
     QString listed(const DesignInput &input) const
     {

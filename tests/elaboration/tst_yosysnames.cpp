@@ -69,6 +69,15 @@ public:
             if (!net["hide_name"].toInt() && isWritten(module, it.key()))
                 names += ranged(path + '.' + plain(it.key()), upwards ? low : high, upwards ? high : low);
         }
+        const QJsonObject memories = m_modules[module].toObject()["memories"].toObject();
+        for (auto it = memories.begin(); it != memories.end(); ++it) {
+            const QJsonObject memory = it.value().toObject();
+            const int size = memory["size"].toInt();
+            for (int i = 0; i < size && size <= 32; ++i)
+                names += ranged(
+                    QString("%1.%2[%3]").arg(path, plain(it.key())).arg(memory["start_offset"].toInt() + i),
+                    memory["width"].toInt() - 1, 0);
+        }
         const QJsonObject cells = m_modules[module].toObject()["cells"].toObject();
         for (auto it = cells.begin(); it != cells.end(); ++it) {
             const QString type = it.value().toObject()["type"].toString();
@@ -133,7 +142,9 @@ private Q_SLOTS:
     void sameNames_data()
     {
         QTest::addColumn<QStringList>("files");
-        for (const QString &file : QDir(TEST_DESIGNS).entryList({"*.v", "types.sv"}))
+        QStringList files = QDir(TEST_DESIGNS).entryList({"*.v", "types.sv"});
+        files.removeAll("encrypted.v"); // which Yosys refuses
+        for (const QString &file : files)
             QTest::newRow(qPrintable(file)) << QStringList(TEST_DESIGNS "/" + file);
         for (unsigned seed : {1, 2, 3}) {
             const QString name = QString("generated%1.v").arg(seed);

@@ -8,7 +8,7 @@ namespace {
 
 const QByteArray design = "module top(input clk, input [3:0] a, output [1:0] y);\n"
                           "  child u0(.clk(clk), .d(a[1:0]), .q(y));\n"
-                          "  child u1(.clk(clk), .d(a[3:2]), .q());\nendmodule\n"
+                          "  if (1) begin : scope child u1(.clk(clk), .d(a[3:2]), .q()); end\nendmodule\n"
                           "module child(input clk, input [1:0] d, output reg [1:0] q);\n"
                           "  always @(posedge clk) q <= d;\nendmodule\n";
 

@@ -1,7 +1,7 @@
 // Names that stand for nothing that can be probed.
 package p; logic shared; endpackage
 module top #(parameter W = 4)(input clk, output reg [3:0] q);
-  localparam L = 2; real r; string s; event e; reg [7:0] memory [0:3]; reg flags [0:3]; genvar g;
+  localparam L = 2; real r; string s; event e; reg [7:0] memory [0:63]; reg flags [0:32]; genvar g;
   function [3:0] f(input [3:0] a); reg [3:0] inner; integer i; begin inner = a; f = inner; end endfunction
   task t(input a); reg held; held = a; endtask
   always @(posedge clk) begin : named

@@ -2,6 +2,8 @@
 module leaf(input [1:0] d, input e, inout io, output o); wire via = e; assign o = d[0]; endmodule
 module deep(output o); assign o = 1; endmodule
 module below(output o, output [1:0] m, input c); deep d(o); assign m = {1'b0, c}; endmodule
+module pass(input [1:0] i, output [1:0] o); wire [1:0] mid; only p(i[0], o[1]); only r(mid[1], o[0]); assign mid = i; endmodule
+module only(input a, output y); assign y = a; endmodule
 module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   localparam P = 1;
   supply0 gnd; wire declared = 1; wire assigned; assign assigned = P; wire through; assign through = gnd;
@@ -13,17 +15,29 @@ module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   wire gw; if (1) begin : g wire gw; assign gw = 0; end
   wire under; wire [2:0] mixed; wire [3:0] each;
   below b(.o(under), .m(mixed[2:1]), .c(clk));
+  wire [1:0] out; wire back; wire [1:0] loop;
+  pass p1(.i({clk, 1'b1}), .o(out));
+  pass p2(.i({out[1], clk}), .o({back, loop[0]})); only p3(loop[1], loop[1]); only p4(clk, loop[0]);
   below bs[1:0](.o(), .m(each), .c(clk));
 endmodule
 
-//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under!
+//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under! back
 //=   pads[1:0]! whole[3:0]! part[7:4]!6!5 up[0:3]!0!1 mixed[2:0]!2 each[3:0]!3!1
+//=   out[1:0]!1 loop[1:0]
 //= top/u:leaf e! io o via! d[1:0]!1
 //= top/v[1]:leaf e io o! via d[1:0]!
 //= top/v[0]:leaf e! io o! via! d[1:0]!
 //= top/g:g gw!
 //= top/b:below o! c m[1:0]!1
 //= top/b/d:deep o!
+//= top/p1:pass i[1:0]!0 o[1:0]!1 mid[1:0]!0
+//= top/p1/p:only a! y!
+//= top/p1/r:only a y
+//= top/p2:pass i[1:0]!1 o[1:0]!0 mid[1:0]!1
+//= top/p2/p:only a y
+//= top/p2/r:only a! y!
+//= top/p3:only a y
+//= top/p4:only a y
 //= top/bs[1]:below o! c m[1:0]!1
 //= top/bs[1]/d:deep o!
 //= top/bs[0]:below o! c m[1:0]!1

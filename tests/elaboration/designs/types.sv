@@ -17,11 +17,11 @@ module holder (input clk, input shapes::beat_t in, output shapes::beat_t out);
   int word;
   longint twice;
   bit two_valued;
-  logic [7:0] memory [0:15];
+  logic [7:0] memory [0:63];
   always_ff @(posedge clk) begin
     out <= in;
     state <= in.state;
-    memory[in.data[3:0]] <= in.data;
+    memory[in.data[5:0]] <= in.data;
   end
 endmodule
 

@@ -1,0 +1,281 @@
+#include "elaboration/tools/readingrepairs.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegExp>
+
+#include <limits>
+
+#include "elaboration/tools/missingpackages.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/sourcecopies.h"
+#include "elaboration/tools/sourceorder.h"
+#include "elaboration/tools/verilatorrun.h"
+
+namespace QUARRY {
+namespace {
+
+const int noLine = std::numeric_limits<int>::max();
+
+QMap<QString, int> firstLines(const QList<ToolMessage> &errors)
+{
+    QMap<QString, int> lines;
+    for (const ToolMessage &error : errors) {
+        lines.insert(error.file, qMin(error.line, lines.value(error.file, noLine)));
+    }
+    return lines;
+}
+
+} // namespace
+
+ReadingRepairs::ReadingRepairs(const SafeNames &names, VerilatorRun &verilator, SourceCopies &copies,
+                               const QStringList &libraryFolders, const QStringList &disabledFiles)
+    : m_names(names),
+      m_verilator(verilator),
+      m_copies(copies),
+      m_libraryFolders(libraryFolders),
+      m_disabledFiles(disabledFiles)
+{
+}
+
+bool ReadingRepairs::tryNext(QList<ToolMessage> errors)
+{
+    QStringList places;
+    for (ToolMessage &error : errors) {
+        error.file = realFile(error, m_names, m_verilator.workingDir());
+        places.append(error.file);
+    }
+    if (!judgeGuess(errors))
+        return guessNext();
+    if (dropParameters() || m_verilator.leaveToIncludes(places) || lookLate(places))
+        return true;
+    // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
+    if (!m_packagesOrdered) {
+        m_packagesOrdered = true;
+        if (m_verilator.orderPackagesFirst())
+            return true;
+    }
+    return addPackages() || guessNext();
+}
+
+bool ReadingRepairs::dropParameters()
+{
+    QRegExp unknown(QLatin1String("Parameters from the command line were not found in the design: (.*)"));
+    QStringList names;
+    for (const ToolMessage &error : m_errors) {
+        if (unknown.exactMatch(error.text))
+            names += unknown.cap(1).split(QRegExp(QLatin1String("[\\s,]+")));
+    }
+    for (const QString &name : names)
+        m_notes.append(QLatin1String("WARNING: The top module has no parameter ") + name +
+                       QLatin1String(". Its value is left out."));
+    return m_verilator.dropParameters(names);
+}
+
+bool ReadingRepairs::tryAgain(const QStringList &filesRead)
+{
+    m_guess = NoGuess;
+    QStringList files;
+    for (const QString &file : filesRead) {
+        files.append(m_names.real(QDir(m_verilator.workingDir()).absoluteFilePath(file)));
+    }
+    return lookLate(files);
+}
+
+// Files that the tool came upon by itself, in a folder: those of libraries belong to the design.
+bool ReadingRepairs::lookLate(const QStringList &files)
+{
+    QStringList late;
+    bool changed = false;
+    for (const QString &file : files) {
+        if (m_copies.hasSeen(file) || m_verilator.isMade(file) || !QFileInfo(file).isFile() ||
+            isNamedInSources(file))
+            continue;
+        if (isInLibrary(file)) {
+            late.append(file);
+        } else if (m_verilator.hideModule(QFileInfo(file).completeBaseName())) {
+            m_strays.insert(QFileInfo(file).completeBaseName(), file);
+            changed = true;
+        }
+    }
+    m_copies.look(late, VerilogSource);
+    if (!m_copies.update())
+        return changed;
+    for (const QString &file : late)
+        m_verilator.addLibraryFile(file);
+    return true;
+}
+
+bool ReadingRepairs::isInLibrary(const QString &file) const
+{
+    for (const QString &folder : m_libraryFolders) {
+        if (QFileInfo(file).absolutePath() == QDir(folder).absolutePath())
+            return true;
+    }
+    return false;
+}
+
+// Whether an include may lead to it whose name is a macro's.
+bool ReadingRepairs::isNamedInSources(const QString &file) const
+{
+    const QByteArray name = QFileInfo(file).fileName().toUtf8() + '"';
+    for (const QString &source : m_verilator.files() + m_copies.includedFiles()) {
+        if (sourceOf(source).contains(name))
+            return true;
+    }
+    return false;
+}
+
+bool ReadingRepairs::addPackages()
+{
+    bool added = false;
+    const QStringList files = m_verilator.files();
+    for (const MissingPackage &package : missingPackages(m_errors, files)) {
+        const QString file = fileOfPackage(package.name, packageFiles(m_libraryFolders));
+        if (file.isEmpty() || files.contains(file))
+            continue;
+        m_copies.look(QStringList(file), VerilogSource);
+        m_verilator.addPackages(file);
+        added = true;
+    }
+    m_copies.update();
+    if (added)
+        m_verilator.orderPackagesFirst();
+    return added;
+}
+
+// False when the last guess was wrong, and the errors are no news.
+bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
+{
+    const Guess guess = m_guess;
+    m_guess = NoGuess;
+    if (guess == NoGuess) {
+        m_errors = errors;
+        return true;
+    }
+    const QMap<QString, int> before = firstLines(m_errors);
+    const QMap<QString, int> after = firstLines(errors);
+    bool isFurther = false;
+    for (auto place = before.begin(); place != before.end(); ++place)
+        isFurther = isFurther || after.value(place.key(), noLine) > place.value();
+    for (const QString &file : m_guessed) {
+        if (guess == IsSystemVerilog && after.value(file, noLine) <= before.value(file)) {
+            for (const QString &user : m_users.value(file))
+                m_verilator.setSystemVerilog(user, false);
+            m_systemVerilog.remove(file);
+        }
+    }
+    if (isFurther && guess != AsksForTool)
+        m_errors = errors;
+    return isFurther && guess != AsksForTool;
+}
+
+bool ReadingRepairs::guessNext()
+{
+    return guessLanguage() || guessAssertions() || guessToolMacro() || leaveOutUnneeded();
+}
+
+// Strict reading comes first: it keeps nets that are called "do" or "logic".
+bool ReadingRepairs::guessLanguage()
+{
+    m_guessed.clear();
+    const QSet<QString> plain = m_verilator.plainVerilog().toSet();
+    for (const ToolMessage &error : m_errors) {
+        if (!error.text.startsWith(QLatin1String("syntax error")) || m_tried.contains(error.file))
+            continue;
+        m_tried.insert(error.file);
+        const QSet<QString> users = m_copies.includersOf(QSet<QString>() << error.file) & plain;
+        for (const QString &user : users)
+            m_verilator.setSystemVerilog(user, true);
+        if (users.isEmpty())
+            continue;
+        m_guessed.append(error.file);
+        m_users.insert(error.file, users);
+        m_systemVerilog.insert(error.file, firstLines(m_errors).value(error.file));
+    }
+    m_guess = m_guessed.isEmpty() ? NoGuess : IsSystemVerilog;
+    return m_guess != NoGuess;
+}
+
+bool ReadingRepairs::guessAssertions()
+{
+    m_copies.want(HideAssertions);
+    m_copies.spare(HideAssertions, m_verilator.plainVerilog().toSet());
+    const bool changed = m_copies.update();
+    m_guess = changed ? HasAssertions : NoGuess;
+    return changed;
+}
+
+bool ReadingRepairs::guessToolMacro()
+{
+    if (!m_verilator.mayDefineToolMacro())
+        return false;
+    const QRegExp question(QLatin1String("`(?:ifn?def|elsif)\\s+verilator\\b"), Qt::CaseInsensitive);
+    for (const QString &file : m_verilator.files() + m_copies.includedFiles()) {
+        if (QString::fromLatin1(sourceOf(file)).contains(question)) {
+            m_verilator.defineToolMacro();
+            m_guess = AsksForTool;
+            return true;
+        }
+    }
+    return false;
+}
+
+// Files with errors that the top module, which the user named, does not need.
+bool ReadingRepairs::leaveOutUnneeded()
+{
+    if (m_verilator.top().isEmpty())
+        return false;
+    const QSet<QString> needed = SourceNeeds(m_verilator.files()).filesFor(m_verilator.top());
+    bool changed = false;
+    for (const QString &file : firstLines(m_errors).keys()) {
+        if (needed.contains(file) || !m_verilator.leaveOut(file))
+            continue;
+        m_notes.append(
+            QString::fromLatin1("WARNING: %1:%2: The file has errors and is left out: the top module "
+                                "does not need it.")
+                .arg(file, QString::number(firstLines(m_errors).value(file))));
+        changed = true;
+    }
+    return changed;
+}
+
+QStringList ReadingRepairs::hints() const
+{
+    QStringList hints;
+    if (!m_verilator.top().isEmpty())
+        return hints;
+    const SourceNeeds needs(m_verilator.files());
+    const QSet<QString> faulty = firstLines(m_errors).keys().toSet();
+    QStringList tops;
+    for (const QString &root : needs.roots()) {
+        if (!faulty.intersects(needs.filesFor(root)))
+            tops.append(root);
+    }
+    if (!tops.isEmpty())
+        hints.append(
+            QLatin1String("WARNING: No top module is set. Set it, and what it does not need may have errors: "
+                          "there is none in what these need: ") +
+            tops.join(QLatin1String(", ")));
+    return hints;
+}
+
+QList<ToolMessage> ReadingRepairs::refused() const
+{
+    return withMissingPackages(m_errors, m_verilator.files(), m_disabledFiles);
+}
+
+QStringList ReadingRepairs::notes() const
+{
+    QStringList notes = m_notes;
+    for (auto file = m_systemVerilog.begin(); file != m_systemVerilog.end(); ++file)
+        notes.append(QString::fromLatin1("WARNING: %1:%2: This is no Verilog, so the file is read as "
+                                         "SystemVerilog.")
+                         .arg(file.key(), QString::number(file.value())));
+    if (m_verilator.definesToolMacro())
+        notes.append(QLatin1String("WARNING: The sources can be read only with the macro VERILATOR, which "
+                                   "synthesis does not define. What depends on it may differ in hardware."));
+    return notes;
+}
+
+} // namespace QUARRY

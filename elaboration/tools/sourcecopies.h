@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QStringList>
+
+#include "elaboration/tools/sourcerepairs.h"
+
+namespace QUARRY {
+
+class SafeNames;
+class ScratchDir;
+
+// Hands sources that need a repair (see sourcerepairs.h) to the tools as copies in the scratch folder, with
+// the same lines; the names of the copies are SafeNames' matter. What a copy includes is found where the
+// original finds it, and a file that includes a copied one is copied, too. Other files are not touched.
+class SourceCopies
+{
+public:
+    SourceCopies(const ScratchDir &scratch, SafeNames &names);
+
+    // Where included files are looked for, in the tool's order; last in the folder of the file itself.
+    void setFolders(const QStringList &folders) { m_folders = folders; }
+
+    // Reads those that it has not seen, and what they include. Gives sentences about what cannot be read:
+    // a tool would wait at a pipe or read a device without end.
+    QStringList look(const QStringList &files, SourceLanguage language);
+    bool hasSeen(const QString &file) const { return m_sources.contains(file); }
+    bool isIncluded(const QString &file) const { return m_sources.value(file).isIncluded; }
+    QStringList includedFiles() const;
+    // Those files and all that include one of them, through others, too.
+    QSet<QString> includersOf(QSet<QString> files) const;
+
+    void want(SourceRepair repair) { m_wanted |= repair; } // beside those that are always made
+    // That repair is not made in these files.
+    void spare(SourceRepair repair, const QSet<QString> &files) { m_spared[repair] = files; }
+
+    // Makes the copies that are needed by now. False when no tool will see anything new.
+    bool update();
+
+    QStringList encrypted() const { return m_encrypted; } // files of which a part was left out for that
+    bool isEmpty(const QString &file) const;              // VHDL of which nothing is left to be read
+
+private:
+    struct Source
+    {
+        SourceLanguage language = VerilogSource;
+        int needed = 0; // repairs that may find something to do
+        int made = 0;
+        bool isIncluded = false;
+        bool isEmpty = false;
+        QStringList includes; // the files that it includes
+    };
+    QString include(const QString &name, const QString &includer) const;
+    void read(const QString &path, Source &source, QStringList &faults);
+    void noteIncludes(const QString &path, const QByteArray &text, Source &source, QStringList &faults);
+    int wantedIn(const QString &path) const;
+    void write(const QString &path, QByteArray text);
+    QByteArray withPlacedIncludes(const QString &path, const QByteArray &text);
+
+    const ScratchDir &m_scratch;
+    SafeNames &m_names;
+    QStringList m_folders;
+    QHash<QString, Source> m_sources;
+    QStringList m_waiting;            // to be read by look()
+    QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
+    QHash<int, QSet<QString>> m_spared;
+    QStringList m_encrypted;
+    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark;
+};
+
+} // namespace QUARRY

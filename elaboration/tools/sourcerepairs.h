@@ -1,0 +1,28 @@
+#pragma once
+
+#include "elaboration/tools/sourcetext.h"
+
+#include <QString>
+
+namespace QUARRY {
+
+// What may have to be done to the text of a source before a tool can take it. Each leaves all lines where
+// they are, so that places stay right.
+enum SourceRepair {
+    HideSimulation = 1, // what "translate_off" hides from synthesis
+    HideEncrypted = 2,  // what stands in envelopes that no tool here can open
+    DropByteOrderMark = 4,
+    HideAssertions = 8, // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
+    AllSourceRepairs = 15
+};
+
+// Of the wanted repairs those that the text may need, found by words that it holds.
+int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted);
+
+// Makes the wanted repairs. Gives those that found anything to do.
+int repairSource(QByteArray &text, SourceLanguage language, int wanted);
+
+// Why no tool can read the text at all; a clause without a full stop, empty when there is no reason.
+QString unreadableReason(const QByteArray &text);
+
+} // namespace QUARRY
