@@ -146,6 +146,7 @@ void VerilatorDesign::addModule(const pugi::xml_node &node)
     module->name = decodedVerilatorName(node.attribute("origName").value());
     // A user primitive has no nets but its ports, which are those it is connected to.
     module->isBlackBox = is(node, "primitive") || m_options.blackBoxes.contains(module->name);
+    module->toolName = module->name;
     module->name = m_options.moduleNames.value(module->name, module->name);
     m_byName.emplace(node.attribute("name").value(), module.get());
     m_modules.push_back(std::move(module));
@@ -176,12 +177,17 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
         module->name = m_options.moduleNames.value(name, name);
         module->isBlackBox = true;
     }
-    return module;
+    if (!m_options.choices.contains(module->toolName))
+        return module;
+    const pugi::xml_node chosen =
+        module->node.find_node([](const pugi::xml_node &node) { return is(node, "instance"); });
+    return chosen ? this->module(chosen.attribute("defName").value()) : module;
 }
 
 const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
 {
-    const QString file = m_options.vhdlScopes.value(module.name.toLower());
+    const QString file =
+        m_options.vhdlScopes.value(module.toolName, m_options.vhdlScopes.value(module.name.toLower()));
     if (file.isEmpty() || !isGenerated(module))
         return nullptr;
     const auto known = m_vhdlScopes.find(&module);

@@ -71,17 +71,11 @@ VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *p
             addRecordPort(signal.name, place, result);
             continue;
         }
-        // Verilog may know a port in a spelling of its own.
-        QString shown = signal.name;
-        if (number >= 0 && prefix.isEmpty()) {
-            const std::string_view written = m_module.nets[size_t(number)].name;
-            shown = QUtil::fromUtf8(written);
-        }
         if (signal.hasShape) {
-            result.decl.nets.append(declaration(shown, signal.isBus, signal.left, signal.right));
+            result.decl.nets.append(declaration(signal.name, signal.isBus, signal.left, signal.right));
         } else {
             const VerilatorNet &net = m_module.nets[size_t(number)];
-            result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+            result.decl.nets.append(declaration(signal.name, net.isBus, net.left, net.right));
         }
         result.decl.nets.last().info = place;
         result.nets.push_back(number);

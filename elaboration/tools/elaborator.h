@@ -51,9 +51,11 @@ private Q_SLOTS:
 
 private:
     enum Verdict { Again, Done, Failed };
+    enum Language { Vhdl, Verilog };
 
     bool checkSources();
     void readVhdl();
+    bool goOnWithout(Language language);
     void readDesign();
     void proceed(Verdict verdict);
     void judge(const ToolResult &result);
@@ -74,7 +76,8 @@ private:
     SafeNames m_names;
     VerilatorRun m_verilator;
     ToolRunner m_runner;
-    std::unique_ptr<VhdlPart> m_vhdl; // null when there is no VHDL
+    std::unique_ptr<VhdlPart> m_vhdl;       // null when there is no VHDL
+    std::unique_ptr<VhdlPart> m_unreadable; // VHDL that was left out
     BlackBoxes m_boxes;
     QList<ToolMessage> m_warnings;
     XmlSummary m_summary;

@@ -34,6 +34,8 @@ SafeNames::SafeNames(const ScratchDir &scratch) : m_scratch(scratch)
 
 QString SafeNames::file(const QString &path, const QString &suffix)
 {
+    if (m_copies.contains(path))
+        return link(path, suffix);
     const QString folderName = folder(folderOf(path));
     const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')));
     if (isSafe(name) && name.endsWith(suffix))
@@ -41,6 +43,17 @@ QString SafeNames::file(const QString &path, const QString &suffix)
     if (!m_includeFolders.contains(folderName))
         m_includeFolders.append(folderName);
     return link(path, suffix);
+}
+
+void SafeNames::setCopy(const QString &path, const QString &copy)
+{
+    if (m_copies.contains(path))
+        return;
+    m_copies.insert(path, copy);
+    for (const QString &key : m_links.keys()) {
+        if (key.startsWith(path + QLatin1Char('\n')))
+            m_links.remove(key);
+    }
 }
 
 QString SafeNames::folder(const QString &path)
@@ -56,7 +69,7 @@ QString SafeNames::link(const QString &path, const QString &suffix)
     if (!made.isEmpty())
         return made;
     made = m_scratch.file(QString::fromLatin1("link") + QString::number(m_real.size()) + suffix);
-    if (!QFile::link(path, made))
+    if (!QFile::link(m_copies.value(path, path), made))
         return path; // the tool will say what it cannot read
     m_real.insert(made, path);
     return made;

@@ -22,6 +22,8 @@ public:
     void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
     void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
+    bool hasOwnFiles() const { return !m_files.isEmpty(); }
+    void dropOwnFiles() { m_files.clear(); }
     bool orderPackagesFirst(); // false when they were
     // A header among the sources that holds only a part of a module cannot be read alone. Of the files, drops
     // those that others include, which so bring them in; false when there are none.

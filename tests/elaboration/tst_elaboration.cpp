@@ -118,16 +118,13 @@ void mixedRows()
     row("VHDL in Verilog", "Top=v",
         QString(vhdl) + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); "
                         "endmodule\n",
-        "top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
-        "effect "
-        "here: the entity is shown with its default values." +
-            QString(boxed),
-        "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\n"
+        "top v\nmodules Leaf Top v" + QString(boxed),
+        "v:v x\nv/u0:Leaf c q[7:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top clk q[3:0] reg[3:0]\n"
         "v/u2/u:Leaf c q[3:0]\nv/u2/p:prim");
     row("VHDL without a value for its generic", "",
         "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
         "begin "
-        "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n",
+        "end;\n== v.v\nmodule v(input x); l u(x); endmodule\n",
         "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
         "translated with the default values of its generics. It is shown as a black box." +
             QString(boxed).replace("prim", "l"),

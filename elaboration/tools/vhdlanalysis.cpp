@@ -1,0 +1,386 @@
+#include "elaboration/tools/vhdlanalysis.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegExp>
+
+#include "elaboration/tools/designinput.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourceorder.h"
+#include "host/designmanager.h"
+#include "host/regularfile.h"
+
+namespace QUARRY {
+namespace {
+
+const int maxRepairs = 200; // each changes something
+
+QByteArray contentOf(const QString &path)
+{
+    QByteArray text;
+    QString reason;
+    QUtil::readRegularFile(path, 512 * QUtil::MiB, &text, &reason);
+    return text;
+}
+
+// Of 'cannot find resource library "unisim"' and the like.
+QString quoted(const QString &text, const char *pattern, int which = 1)
+{
+    QRegExp expression((QLatin1String(pattern)));
+    return expression.indexIn(text) < 0 ? QString() : expression.cap(which).toLower();
+}
+
+} // namespace
+
+VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
+                           ToolRunner &runner)
+    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
+{
+}
+
+ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library, const QString &folder) const
+{
+    ToolCall call;
+    call.name = QLatin1String("GHDL");
+    call.variable = QLatin1String("JEX_GHDL");
+    // "ghdl" itself is a shell script that looks for these.
+    call.program =
+        findTool("JEX_GHDL", QStringList() << QLatin1String("ghdl-mcode") << QLatin1String("ghdl-llvm")
+                                           << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
+    call.workingDir = m_scratch.path();
+    call.writableFolder = m_scratch.path();
+    call.subject = QLatin1String("the VHDL sources");
+    call.arguments = QStringList() << arguments.first() << QLatin1String("--std=08")
+                                   << QLatin1String("-frelaxed") << QLatin1String("-fsynopsys")
+                                   << QLatin1String("--workdir=") + folder << QLatin1String("-P") + folder
+                                   << QLatin1String("--work=") + library;
+    call.arguments += arguments.mid(1);
+    return call;
+}
+
+ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &entity) const
+{
+    return call(arguments, m_libraryOf.value(entity, QLatin1String("work")), m_scratch.path());
+}
+
+void VhdlAnalysis::run(const ToolRunner::Then &then)
+{
+    scan();
+    m_batches = vhdlBatches(m_order, m_libraries);
+    runBatch(then);
+}
+
+void VhdlAnalysis::scan()
+{
+    for (const DesignSource &source : m_input.files) {
+        if (source.type != TE::VhdlFile)
+            continue;
+        m_files.append({source.path, source.library, scanVhdl(textOf(source.path))});
+        m_order.append(source.path);
+    }
+    m_libraries = vhdlLibraries(m_files);
+    for (const VhdlFile &file : m_files) {
+        for (const VhdlUnit &unit : file.scan.units) {
+            const QString name = unit.name.toLower();
+            if (unit.kind != VhdlUnit::Entity || m_entities.contains(name))
+                continue;
+            m_entityOrder.append(name);
+            m_entities.insert(name, unit.name);
+            m_libraryOf.insert(name, m_libraries.value(file.path).first());
+        }
+        m_used += file.scan.instantiated;
+        m_mentionsForeign = m_mentionsForeign || file.scan.mentionsForeign;
+        m_mentionsComposites = m_mentionsComposites || file.scan.mentionsComposites;
+    }
+}
+
+// The project's own order first: it costs nothing when it is right.
+void VhdlAnalysis::order()
+{
+    m_isOrdered = true;
+    m_order = orderedByUse(m_order, VhdlSource);
+    m_batches = vhdlBatches(m_order, m_libraries);
+    m_batch = 0;
+}
+
+void VhdlAnalysis::runBatch(const ToolRunner::Then &then)
+{
+    if (m_batch == m_batches.size())
+        return then(ToolResult());
+    const VhdlBatch batch = m_batches.at(m_batch);
+    QStringList arguments(QLatin1String("-a"));
+    for (const QString &file : batch.files)
+        arguments << handedOver(file);
+    m_runner.run(call(arguments, batch.library, m_scratch.path()), [=](const ToolResult &result) {
+        if (result.isGood())
+            ++m_batch;
+        else if (result.outcome != ToolResult::Finished)
+            return then(result);
+        else if (!m_isOrdered)
+            order();
+        else if (!repair(batch.library, result))
+            return then(result);
+        runBatch(then);
+    });
+}
+
+void VhdlAnalysis::repeat(const QString &folder, const ToolRunner::Then &then)
+{
+    QDir().mkpath(folder);
+    runBatches(0, folder, then);
+}
+
+void VhdlAnalysis::runBatches(int first, const QString &folder, const ToolRunner::Then &then)
+{
+    if (first == m_batches.size())
+        return then(ToolResult());
+    QStringList arguments(QLatin1String("-a"));
+    for (const QString &file : m_batches.at(first).files)
+        arguments << handedOver(file);
+    m_runner.run(call(arguments, m_batches.at(first).library, folder), [=](const ToolResult &result) {
+        if (!result.isGood())
+            return then(result);
+        runBatches(first + 1, folder, then);
+    });
+}
+
+void VhdlAnalysis::hollowOut(const QSet<QString> &entities, const QString &folder,
+                             const ToolRunner::Then &then)
+{
+    QByteArray text;
+    QString library;
+    for (const VhdlFile &file : m_files) {
+        for (const VhdlUnit &unit : file.scan.units) {
+            if (unit.kind != VhdlUnit::Architecture || !entities.contains(unit.entity))
+                continue;
+            text +=
+                "architecture " + unit.name.toLatin1() + " of " + unit.entity.toLatin1() + " is begin end;\n";
+            library = m_libraryOf.value(unit.entity);
+        }
+    }
+    const QString name = QString::fromLatin1("hollow%1.vhd").arg(++m_repairs);
+    m_scratch.write(name, text);
+    m_runner.run(call(QStringList() << QLatin1String("-a") << m_scratch.file(name), library, folder), then);
+}
+
+bool VhdlAnalysis::repair(const QString &library, const ToolResult &result)
+{
+    if (++m_repairs > maxRepairs)
+        return false;
+    bool changed = false;
+    // From the end, since a repair moves what follows in its line.
+    QList<ToolMessage> errors;
+    for (const ToolMessage &message : parseGhdlMessages(result.errors)) {
+        if (message.severity == ToolMessage::Error && !message.file.isEmpty())
+            errors.prepend(placed(message));
+    }
+    for (const ToolMessage &error : errors)
+        changed = supply(library, error) || changed;
+    if (changed)
+        return true;
+    for (const ToolMessage &error : errors)
+        changed = leaveOut(error) || changed;
+    return changed;
+}
+
+bool VhdlAnalysis::supply(const QString &library, const ToolMessage &message)
+{
+    const QString missing = quoted(message.text, "cannot find resource library \"(\\w+)\"");
+    if (!missing.isEmpty())
+        return supplyPackage(missing, QLatin1String("jex_empty"), QByteArray());
+    const char unit[] = "unit \"(\\w+)\" not found in library \"(\\w+)\"";
+    const QString name = quoted(message.text, unit);
+    const bool isUndeclared = message.text.startsWith(QLatin1String("no declaration for \""));
+    if ((!name.isEmpty() || isUndeclared) && replaceInstance(library, message))
+        return true;
+    if (name.isEmpty())
+        return false;
+    const QString owner = quoted(message.text, unit, 2);
+    return supplyPackage(owner == QLatin1String("work") ? library : owner, name, QByteArray());
+}
+
+// Before what is read next.
+bool VhdlAnalysis::supplyPackage(const QString &library, const QString &name, const QByteArray &content)
+{
+    const QString key = library + QLatin1Char('.') + name.toLower();
+    if (m_supplied.contains(key))
+        return false;
+    m_supplied.insert(key);
+    const QString file = QString::fromLatin1("made%1.vhd").arg(m_made.size());
+    m_scratch.write(file, "package " + name.toLatin1() + " is " + content + " end;\n");
+    m_made.append(m_scratch.file(file));
+    m_batches.insert(m_batch, {library, QStringList(m_made.last())});
+    return true;
+}
+
+// By an instance of a component without ports, whose types nobody knows.
+bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &message)
+{
+    QByteArray text = textOf(message.file);
+    VhdlInstance instance;
+    if (!findVhdlInstance(text, message.line, message.column, instance) ||
+        instance.name.startsWith(QLatin1Char('\\')))
+        return false;
+    const QByteArray name = instance.name.toLatin1();
+    const QByteArray package = "jex_box_" + name;
+    supplyPackage(library, QString::fromLatin1(package), "component " + name + " is end component;");
+    replaceKeepingLines(text, instance.begin, instance.end, ": component work." + package + '.' + name + ' ');
+    write(message.file, text);
+    m_undriven += instance.words;
+    return true;
+}
+
+// Errors that only follow from others are gone with them.
+bool VhdlAnalysis::leaveOut(const ToolMessage &message)
+{
+    if (message.text.contains(QLatin1String("was not analysed")))
+        return false;
+    QByteArray text = textOf(message.file);
+    const VhdlScan scan = scanVhdl(text);
+    const VhdlUnit *wrong = nullptr;
+    for (const VhdlUnit &unit : scan.units) {
+        const int line = text.left(unit.end).count('\n') + 1;
+        if (!wrong && line >= message.line)
+            wrong = &unit;
+    }
+    if (leaveOutClause(message, wrong ? wrong->begin : text.size(), text))
+        return true;
+    if (!wrong || wrong->begin == wrong->end)
+        return false;
+    QByteArray rest;
+    const QString entity = wrong->entity;
+    if (wrong->kind == VhdlUnit::Architecture && !m_hollow.contains(entity)) {
+        rest = "architecture " + wrong->name.toLatin1() + " of " + entity.toLatin1() + " is begin end;";
+        m_hollow.insert(entity);
+    }
+    m_lost.insert(wrong->kind == VhdlUnit::Entity ? wrong->name.toLower() : entity);
+    replaceKeepingLines(text, wrong->begin, wrong->end, rest);
+    write(message.file, text);
+    warn(message);
+    return true;
+}
+
+// "use lib.package.name;" before the unit.
+bool VhdlAnalysis::leaveOutClause(const ToolMessage &message, int unit, QByteArray text)
+{
+    int at = 0;
+    for (int i = 1; i < message.line; ++i)
+        at = text.indexOf('\n', at) + 1;
+    at += message.column - 1;
+    const int end = text.indexOf(';', at);
+    const int begin = qMax(text.lastIndexOf(';', qMin(at, text.size() - 1)), text.lastIndexOf('\n', at)) + 1;
+    if (at >= unit || end < 0 || end >= unit || begin >= end)
+        return false;
+    replaceKeepingLines(text, begin, end + 1, QByteArray());
+    write(message.file, text);
+    warn(message);
+    return true;
+}
+
+void VhdlAnalysis::warn(ToolMessage message)
+{
+    message.severity = ToolMessage::Warning;
+    m_messages.prepend(messageText(message, m_names, m_scratch.path()));
+}
+
+QString VhdlAnalysis::handedOver(const QString &file) const
+{
+    return m_made.contains(file) ? file
+                                 : m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
+}
+
+QStringList VhdlAnalysis::handedOver() const
+{
+    QStringList files = m_made;
+    for (const QString &file : m_order)
+        files << handedOver(file);
+    return files;
+}
+
+QMap<QString, QString> VhdlAnalysis::fileNames() const
+{
+    QMap<QString, QString> names;
+    for (const QString &file : m_order) {
+        if (handedOver(file) != file)
+            names.insert(handedOver(file), file);
+    }
+    return names;
+}
+
+// As GHDL gets it.
+QByteArray VhdlAnalysis::textOf(const QString &file) const
+{
+    return contentOf(handedOver(file));
+}
+
+void VhdlAnalysis::write(const QString &file, const QByteArray &text)
+{
+    const QString target = QFileInfo(handedOver(file)).symLinkTarget();
+    QString copy = target;
+    if (!target.startsWith(m_scratch.path())) {
+        copy = m_scratch.file(QString::fromLatin1("repaired%1.vhd").arg(m_edited.size()));
+        m_names.setCopy(file, copy);
+    }
+    m_edited.insert(file);
+    m_scratch.write(QFileInfo(copy).fileName(), text);
+}
+
+ToolMessage VhdlAnalysis::placed(ToolMessage message) const
+{
+    message.file = realFile(message, m_names, m_scratch.path());
+    return message;
+}
+
+VhdlGenericList VhdlAnalysis::genericsOf(const QString &entity) const
+{
+    for (const VhdlFile &file : m_files) {
+        if (file.scan.generics.contains(entity))
+            return file.scan.generics.value(entity);
+    }
+    return VhdlGenericList();
+}
+
+QStringList VhdlAnalysis::below(const QString &entity) const
+{
+    QStringList result;
+    QSet<QString> seen;
+    addBelow(entity, result, seen);
+    return result;
+}
+
+void VhdlAnalysis::addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const
+{
+    if (!m_entities.contains(entity) || seen.contains(entity))
+        return;
+    seen.insert(entity);
+    for (const VhdlFile &file : m_files) {
+        for (const QString &name : file.scan.within.value(entity))
+            addBelow(name, result, seen);
+    }
+    result.append(entity);
+}
+
+const VhdlUnit *VhdlAnalysis::unitAt(const QString &file, int line) const
+{
+    const VhdlUnit *found = nullptr;
+    for (const VhdlFile &known : m_files) {
+        if (known.path != file)
+            continue;
+        for (const VhdlUnit &unit : known.scan.units) {
+            if (unit.line <= line)
+                found = &unit;
+        }
+    }
+    return found;
+}
+
+QStringList VhdlAnalysis::takeMessages()
+{
+    const QStringList messages = m_messages;
+    m_messages.clear();
+    return messages;
+}
+
+} // namespace QUARRY
