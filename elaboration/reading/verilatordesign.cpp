@@ -1,5 +1,6 @@
 #include "elaboration/reading/verilatordesign.h"
 
+#include "elaboration/reading/ghwfile.h"
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
 #include "host/regularfile.h"
@@ -193,7 +194,10 @@ const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
     const auto known = m_vhdlScopes.find(&module);
     if (known != m_vhdlScopes.end())
         return known->second.get();
-    return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
+    std::unique_ptr<VhdlScope> scope = file.endsWith(QLatin1String(".ghw"))
+                                           ? readGhwScopes(file, module.name)
+                                           : readVhdlScopes(file, module.name);
+    return m_vhdlScopes.emplace(&module, std::move(scope)).first->second.get();
 }
 
 const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
@@ -285,7 +289,7 @@ void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &modu
         else if (is(node, "begin"))
             readGenerate(node, module, scope);
         else if (is(node, "instance"))
-            readInstance(node, scope);
+            readInstance(node, module, scope);
         else if (is(node, "contassign"))
             scope.assigns.push_back(node);
     }
@@ -359,8 +363,10 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     decl.right = type.right;
     const File &file = fileOf(var);
     if (file.isGenerated) {
-        if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+        if (const VhdlPlaces *places = vhdlPlaces(module, QString())) {
             decl.info = places->place(decl.name);
+            decl.name = places->spelled(decl.name);
+        }
         if (decl.isBus && !m_options.vhdlScopes.contains(module.name.toLower()))
             takeWrittenRange(decl);
         return decl;
@@ -422,10 +428,13 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
     scope.children.push_back(child);
 }
 
-void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorScope &scope)
+void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorModule &module,
+                                   VerilatorScope &scope)
 {
     VerilatorChild child;
     child.name = nameOf(instance);
+    if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+        child.name = places->spelled(child.name);
     child.node = instance;
     child.isArray = verilatorRange(instance, child.left, child.right);
     scope.children.push_back(child);

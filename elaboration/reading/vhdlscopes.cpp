@@ -84,8 +84,13 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString 
             open.back()->signalList.push_back(signal);
         }
     }
-    // The packages stand before the entity.
-    for (auto it = all.children.rbegin(); it != all.children.rend(); ++it) {
+    return all.takeEntity(entity);
+}
+
+// The packages stand before the entity.
+std::unique_ptr<VhdlScope> VhdlScope::takeEntity(const QString &entity)
+{
+    for (auto it = children.rbegin(); it != children.rend(); ++it) {
         if ((*it)->name.compare(entity, Qt::CaseInsensitive) == 0)
             return std::move(*it);
     }

@@ -317,6 +317,7 @@ void GhdlVerilog::take(Module &module)
         } else if (kind == Lines::Pin) {
             out = renamedGhdlPin(out, scan.pinRenames);
         } else if (kind == Lines::Start) {
+            ++m_instances;
             const GhdlWord &word = kinds.module();
             const QString target = moduleName(text(word.name));
             module.instantiated.insert(target);
@@ -331,16 +332,6 @@ void GhdlVerilog::take(Module &module)
         return;
     m_names.insert(module.name, entity);
     put(module);
-}
-
-QStringList GhdlVerilog::ports(const QString &module) const
-{
-    QStringList names;
-    if (const Module *found = find(module)) {
-        for (const std::string &port : found->ports)
-            names.append(text(port));
-    }
-    return names;
 }
 
 bool GhdlVerilog::present(const QString &module, const QString &asName, const QStringList &ports)

@@ -37,7 +37,7 @@ public:
 
     bool isEmpty() const { return m_modules.empty(); }
     bool contains(const QString &module) const { return m_index.contains(module); }
-    QStringList ports(const QString &module) const;
+    int instanceCount() const { return m_instances; }
 
     // Lets Verilog instantiate `module` under another spelling of its name and ports. False when nothing had
     // to change.
@@ -81,6 +81,7 @@ private:
     QString m_top, m_asName; // of the run: as GHDL names it, as it is to be called
     QString m_last;
     std::vector<Module> m_modules;
+    int m_instances = 0;
     QHash<QString, int> m_index;
     QHash<QString, QString> m_short; // long names of modules
     QMap<QString, QString> m_names;

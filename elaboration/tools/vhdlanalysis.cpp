@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QRegExp>
 
+#include "elaboration/reading/ghdltree.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
@@ -220,7 +221,7 @@ bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &me
 {
     QByteArray text = textOf(message.file);
     VhdlInstance instance;
-    if (!findVhdlInstance(text, message.line, message.column, instance) ||
+    if (!findVhdlInstance(text, ghdlOffset(text, message.line, message.column), instance) ||
         instance.name.startsWith(QLatin1Char('\\')))
         return false;
     const QByteArray name = instance.name.toLatin1();
@@ -265,10 +266,7 @@ bool VhdlAnalysis::leaveOut(const ToolMessage &message)
 // "use lib.package.name;" before the unit.
 bool VhdlAnalysis::leaveOutClause(const ToolMessage &message, int unit, QByteArray text)
 {
-    int at = 0;
-    for (int i = 1; i < message.line; ++i)
-        at = text.indexOf('\n', at) + 1;
-    at += message.column - 1;
+    const int at = ghdlOffset(text, message.line, message.column);
     const int end = text.indexOf(';', at);
     const int begin = qMax(text.lastIndexOf(';', qMin(at, text.size() - 1)), text.lastIndexOf('\n', at)) + 1;
     if (at >= unit || end < 0 || end >= unit || begin >= end)

@@ -13,6 +13,7 @@
 namespace QUARRY {
 namespace {
 
+const int manyInstances = 500;
 const char crashed[] = "GHDL Bug occurred";
 
 // "instance "u2" of component "vmod" is not bound"
@@ -149,9 +150,13 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
             return then(false);
         const auto others = [=] { translate(wanted, areOptional, then); };
         if (m_verilog.lastModule().isEmpty())
-            others();
-        else
-            recordScopes(next, others);
+            return others();
+        recordScopes(next, [=] {
+            if (areOptional || !m_hollow.contains(next.entity) || m_isStarted)
+                return others();
+            blame(next.entity);
+            then(false);
+        });
     });
 }
 
@@ -230,12 +235,14 @@ bool VhdlPart::hollowOut(const Wanted &wanted, const ToolResult &result, bool is
     findCulprit(m_analysis.below(wanted.entity), words, [=](const QString &entity) {
         if (entity.isEmpty())
             return refuse(wanted, result, isOptional, then);
+        QStringList &blamed = m_blamed[entity];
         if (isCrash)
-            m_messages.append(QLatin1String("WARNING: GHDL crashed on VHDL entity ") +
-                              m_analysis.entities().value(entity) +
-                              QLatin1String(" and cannot translate what is in it."));
+            blamed.append(QLatin1String("WARNING: GHDL crashed on VHDL entity ") +
+                          m_analysis.entities().value(entity) +
+                          QLatin1String(" and cannot translate what is in it."));
         else
-            report(result, true, m_messages);
+            report(result, true, blamed);
+        m_messages += blamed;
         translateWithout(QSet<QString>() << entity, wanted, isOptional, then);
     });
     return true;
@@ -247,7 +254,6 @@ bool VhdlPart::isToBlame(const ToolResult &result, QSet<QString> &found)
 {
     const QRegExp place(QLatin1String(".*[ (]?([^ (:]+):(\\d+):(\\d+)[:)].*"));
     bool isElsewhere = false;
-    QStringList words;
     for (const QByteArray &raw : result.errors.split('\n')) {
         const QString line = QString::fromUtf8(raw);
         const QRegExp at(place);
@@ -269,10 +275,19 @@ bool VhdlPart::isToBlame(const ToolResult &result, QSet<QString> &found)
             continue;
         }
         found.insert(unit->entity);
-        words.append(messageText(message, m_names, m_scratch.path()));
+        m_messages.append(messageText(message, m_names, m_scratch.path()));
+        m_blamed[unit->entity].append(m_messages.last());
     }
-    m_messages += words;
     return !found.isEmpty() || !isElsewhere;
+}
+
+// Nothing is known of a top module that can neither be translated nor started.
+void VhdlPart::blame(const QString &entity)
+{
+    for (QString &message : m_messages) {
+        if (m_blamed.value(entity).contains(message))
+            message.replace(0, 7, QLatin1String("ERROR")); // "WARNING"
+    }
 }
 
 void VhdlPart::findCulprit(QStringList candidates, const QByteArray &words,
@@ -382,15 +397,18 @@ QString VhdlPart::realPlace(const QString &place) const
 
 void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
 {
+    m_isStarted = false;
     if (!m_mayRun || !confinementFault().isEmpty())
         return then();
+    // The wave file knows all types, and takes time that grows with the square of the instances.
+    const bool isWave = m_analysis.mentionsComposites() || m_verilog.instanceCount() < manyInstances;
     const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
-                                        QLatin1String(".vcd"));
+                                        QLatin1String(isWave ? ".ghw" : ".vcd"));
     QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
     for (const QString &generic : wanted.generics)
         arguments << QLatin1String("-g") + generic;
     arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
-              << QLatin1String("--vcd=") + file;
+              << QLatin1String(isWave ? "--wave=" : "--vcd=") + file;
     ToolCall simulation = m_analysis.call(arguments, wanted.entity);
     simulation.subject =
         QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
@@ -398,6 +416,7 @@ void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
     simulation.seconds = 30;
     simulation.runsSources = true;
     m_runner.run(simulation, [=](const ToolResult &result) {
+        m_isStarted = result.isGood();
         if (result.outcome == ToolResult::Finished)
             m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, file);
         else if (result.outcome == ToolResult::Stopped)

@@ -73,6 +73,7 @@ private:
     // Entities that GHDL cannot translate lose their body, and the next attempt is made without it.
     bool hollowOut(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then);
     bool isToBlame(const ToolResult &result, QSet<QString> &found);
+    void blame(const QString &entity);
     void findCulprit(QStringList candidates, const QByteArray &words,
                      const std::function<void(const QString &)> &then);
     void translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,
@@ -101,6 +102,7 @@ private:
     QHash<QString, QString> m_modules; // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
     int m_simulations = 0;
+    bool m_isStarted = false; // the last simulation reached its first moment
     bool m_mayRun = true;
     bool m_isForeignJudged = false;
     ToolRun *m_tree = nullptr; // the runner's; null before the sources are read
@@ -108,6 +110,7 @@ private:
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;
     QHash<QString, QStringList> m_refusals; // of those, in lower case: the tool's words
+    QHash<QString, QStringList> m_blamed;   // the tool's words about the next ones
     QSet<QString> m_hollow;                 // entities that GHDL cannot translate
     QString m_synthesisFolder;              // that of the libraries
     GhdlVerilog m_verilog;

@@ -241,12 +241,8 @@ VhdlScan scanVhdl(const QByteArray &text)
     return Scanner(text).scan();
 }
 
-bool findVhdlInstance(const QByteArray &text, int line, int column, VhdlInstance &instance)
+bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance)
 {
-    int at = 0;
-    for (int i = 1; i < line && at >= 0; ++i)
-        at = text.indexOf('\n', at) + 1;
-    at += column - 1;
     const Words words(text);
     const std::vector<Word> &all = words.all();
     size_t i = 0;

@@ -39,8 +39,8 @@ struct VhdlScan
 
 VhdlScan scanVhdl(const QByteArray &text);
 
-// An instantiation whose component or entity is named at that place, from 1: from its colon to its semicolon,
-// which is no part of it. False when nothing is instantiated there.
+// An instantiation whose component or entity is named at that place of the text: from its colon to its
+// semicolon, which is no part of it. False when nothing is instantiated there.
 struct VhdlInstance
 {
     int begin = 0;
@@ -48,7 +48,7 @@ struct VhdlInstance
     QString name;        // of component or entity, as spelled there
     QSet<QString> words; // of its port map
 };
-bool findVhdlInstance(const QByteArray &text, int line, int column, VhdlInstance &instance);
+bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
 
 // Puts other words in the place of those from `begin` to `end`; lines stay what they are.
 void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by);
