@@ -267,11 +267,7 @@ bool NetlistTree::addBlockChild(Level &level)
     const QString label = block.places ? block.places->spelled(child.label()) : child.label();
     const QString name = label + child.shownName().mid(child.label().size());
     if (!cell) {
-        if (child.isEmpty())
-            return true;
-        const Block inner = {&child, block.places ? block.places->below(child.label()) : nullptr,
-                             key + QLatin1Char('_')};
-        enterBlock(*level.entity, inner, makeVhdlNode(*level.entity, inner, level.node, name, label));
+        addUntranslated(level, child, name, key + QLatin1Char('_'));
         return true;
     }
     const Instance &instance = level.instance;
@@ -287,6 +283,24 @@ bool NetlistTree::addBlockChild(Level &level)
     const Block whole = {&child, m_design.vhdlPlaces(module, architecture), QString()};
     enterEntity(level.node, name, whole, module, std::move(tied));
     return true;
+}
+
+// A block or a round of a loop, or an instance in an entity that could not be translated.
+void NetlistTree::addUntranslated(Level &level, const VhdlScope &child, const QString &name,
+                                  const QString &prefix)
+{
+    const VhdlPlaces *places = level.block.places;
+    const QString label = child.label().toLower();
+    const QString entity = places ? places->entities.value(label) : QString();
+    if (child.isEmpty() && entity.isEmpty())
+        return;
+    Block inner = {&child, places ? places->below(label) : nullptr, prefix};
+    QString module = places ? places->spelled(label) : child.label();
+    if (!entity.isEmpty()) {
+        inner.places = m_design.vhdlPlaceTable().of(entity, places->architectures.value(label));
+        module = inner.places ? inner.places->name : entity;
+    }
+    enterBlock(*level.entity, inner, makeVhdlNode(*level.entity, inner, level.node, name, module));
 }
 
 // A connection that is as wide as the ports of all elements together is dealt out to them, the rightmost

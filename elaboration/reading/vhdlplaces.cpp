@@ -97,6 +97,7 @@ private:
         VhdlPlaces *parent = nullptr;
         Declaration info;
         QString architecture; // of an instance or configuration
+        QString entity;       // of an instance
         int type = 0;
         bool isArray = false;
         int ranges = 0;
@@ -137,6 +138,9 @@ private:
                                     QString::number(node.info.enumLabels.size());
         else if (line.role == "architecture" && (node.kind == Instance || node.kind == Configuration))
             node.architecture = key(line.name);
+        else if (node.kind == Instance && (line.role == "entity_name" || line.role == "instantiated_unit") &&
+                 line.isOf("_name"))
+            node.entity = key(line.name);
         if (line.depth != node.depth + 2)
             return;
         if (line.role == "location" &&
@@ -184,6 +188,7 @@ private:
         VhdlPlaces &places = m_table.m_architectures[entity][node.name];
         clear(places);
         places.declarations = m_table.m_entities[entity].declarations;
+        places.name = m_table.m_entities[entity].name;
         places.spellings = m_table.m_entities[entity].spellings;
         m_table.m_last.insert(entity, node.name);
         m_scopes.insert(node.id, &places);
@@ -248,6 +253,8 @@ private:
         Node node = m_open.back();
         m_open.pop_back();
         Node *owner = m_open.empty() ? nullptr : &m_open.back();
+        if (node.kind == Entity)
+            m_table.m_entities[node.name].name = node.spelling;
         if (node.kind == Member)
             m_table.m_members.addSpelling(node.name, node.spelling);
         if (node.parent && (node.kind == Signal || node.kind == Instance || node.kind == Statement))
@@ -255,7 +262,7 @@ private:
         if (node.kind == Signal)
             addSignal(node);
         else if (node.kind == Instance && node.parent)
-            node.parent->architectures.insert(node.name, node.architecture);
+            addInstance(node);
         else if (node.kind == Configuration)
             m_configured.insert(node.id, node.architecture);
         else if (node.kind == Enumeration)
@@ -265,6 +272,12 @@ private:
         else if (node.kind == Range && owner && owner->kind == Subtype && owner->ranges++ == 0 &&
                  !node.left.isEmpty() && !node.right.isEmpty())
             owner->direction = node.left + QLatin1Char(' ') + node.direction + QLatin1Char(' ') + node.right;
+    }
+
+    static void addInstance(const Node &node)
+    {
+        node.parent->architectures.insert(node.name, node.architecture);
+        node.parent->entities.insert(node.name, node.entity);
     }
 
     void addSubtype(const Node &node, Node *owner)

@@ -16,9 +16,11 @@ class VhdlTreeReader;
 // small letters, extended ones without their backslashes.
 struct VhdlPlaces
 {
+    QString name;                                         // of the entity, as it is spelled
     QHash<QString, Declaration> declarations;             // of signals and ports
     QHash<QString, QString> spellings;                    // of those and of labels, as declared
     QHash<QString, QString> architectures;                // that instances name, by label of the instance
+    QHash<QString, QString> entities;                     // or components, likewise
     std::map<QString, std::unique_ptr<VhdlPlaces>> inner; // by label
 
     Declaration place(const QString &name) const { return declarations.value(name.toLower()); }

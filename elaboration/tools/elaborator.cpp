@@ -102,6 +102,8 @@ void Elaborator::readVhdl()
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             m_verilator.setTop(top);
+        if (!isUsable && goOnWithout(Vhdl))
+            return readDesign();
         proceed(isUsable ? makeFiles() : Failed);
     });
 }

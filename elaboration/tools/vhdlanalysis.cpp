@@ -16,6 +16,7 @@
 namespace QUARRY {
 namespace {
 
+const char followUp[] = "entity '(\\w+)' was not analysed";
 const int maxRepairs = 200; // each changes something
 
 QByteArray contentOf(const QString &path)
@@ -50,7 +51,7 @@ ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library
     call.program =
         findTool("JEX_GHDL", QStringList() << QLatin1String("ghdl-mcode") << QLatin1String("ghdl-llvm")
                                            << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
-    call.workingDir = m_scratch.path();
+    call.workingDir = folder; // where it looks for libraries first
     call.writableFolder = m_scratch.path();
     call.subject = QLatin1String("the VHDL sources");
     call.arguments = QStringList() << arguments.first() << QLatin1String("--std=08")
@@ -171,19 +172,17 @@ bool VhdlAnalysis::repair(const QString &library, const ToolResult &result)
     if (++m_repairs > maxRepairs)
         return false;
     bool changed = false;
-    // From the end, since a repair moves what follows in its line.
     QList<ToolMessage> errors;
     for (const ToolMessage &message : parseGhdlMessages(result.errors)) {
         if (message.severity == ToolMessage::Error && !message.file.isEmpty())
-            errors.prepend(placed(message));
+            errors.append(placed(message));
     }
-    for (const ToolMessage &error : errors)
-        changed = supply(library, error) || changed;
+    // From the end, since a repair moves what follows in its line.
+    for (int i = errors.size() - 1; i >= 0; --i)
+        changed = supply(library, errors.at(i)) || changed;
     if (changed)
         return true;
-    for (const ToolMessage &error : errors)
-        changed = leaveOut(error) || changed;
-    return changed;
+    return leaveOut(errors);
 }
 
 bool VhdlAnalysis::supply(const QString &library, const ToolMessage &message)
@@ -233,54 +232,74 @@ bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &me
     return true;
 }
 
-// Errors that only follow from others are gone with them.
-bool VhdlAnalysis::leaveOut(const ToolMessage &message)
+// Units that are wrong, and what cannot be without them. Errors that only follow from others are gone with
+// them.
+bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
 {
-    if (message.text.contains(QLatin1String("was not analysed")))
-        return false;
-    QByteArray text = textOf(message.file);
-    const VhdlScan scan = scanVhdl(text);
-    const VhdlUnit *wrong = nullptr;
-    for (const VhdlUnit &unit : scan.units) {
-        const int line = text.left(unit.end).count('\n') + 1;
-        if (!wrong && line >= message.line)
-            wrong = &unit;
+    bool changed = false;
+    QMap<QString, QList<ToolMessage>> byFile;
+    for (const ToolMessage &error : errors) {
+        const QString missing = quoted(error.text, followUp);
+        if (missing.isEmpty() || m_missing.contains(missing))
+            byFile[error.file].append(error);
     }
-    if (leaveOutClause(message, wrong ? wrong->begin : text.size(), text))
-        return true;
-    if (!wrong || wrong->begin == wrong->end)
-        return false;
-    QByteArray rest;
-    const QString entity = wrong->entity;
-    if (wrong->kind == VhdlUnit::Architecture && !m_hollow.contains(entity)) {
-        rest = "architecture " + wrong->name.toLatin1() + " of " + entity.toLatin1() + " is begin end;";
-        m_hollow.insert(entity);
-    }
-    m_lost.insert(wrong->kind == VhdlUnit::Entity ? wrong->name.toLower() : entity);
-    replaceKeepingLines(text, wrong->begin, wrong->end, rest);
-    write(message.file, text);
-    warn(message);
-    return true;
+    for (auto file = byFile.begin(); file != byFile.end(); ++file)
+        changed = leaveOutOf(file.key(), file.value()) || changed;
+    return changed;
 }
 
-// "use lib.package.name;" before the unit.
-bool VhdlAnalysis::leaveOutClause(const ToolMessage &message, int unit, QByteArray text)
+bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
 {
-    const int at = ghdlOffset(text, message.line, message.column);
+    QByteArray text = textOf(file);
+    const QList<VhdlUnit> units = scanVhdl(text).units;
+    QMap<int, QPair<int, QByteArray>> edits; // from where, to where and by what
+    for (const ToolMessage &error : errors) {
+        const int at = ghdlOffset(text, error.line, error.column);
+        int index = 0;
+        while (index + 1 < units.size() && units.at(index).end <= at)
+            ++index;
+        if (units.isEmpty() || at < units.at(index).begin) {
+            addClause(text, at, edits);
+        } else if (!edits.contains(units.at(index).begin)) {
+            const VhdlUnit &unit = units.at(index);
+            edits.insert(unit.begin,
+                         qMakePair(unit.end, restOf(unit, quoted(error.text, followUp).isEmpty())));
+        }
+        ToolMessage warning = error;
+        warning.severity = ToolMessage::Warning;
+        if (!edits.isEmpty() && quoted(error.text, followUp).isEmpty())
+            m_messages.append(messageText(warning, m_names, m_scratch.path()));
+    }
+    for (auto edit = edits.end(); edit != edits.begin();) {
+        --edit;
+        replaceKeepingLines(text, edit.key(), edit->first, edit->second);
+    }
+    if (!edits.isEmpty())
+        write(file, text);
+    return !edits.isEmpty();
+}
+
+// What stays of a unit.
+QByteArray VhdlAnalysis::restOf(const VhdlUnit &unit, bool isItsFault)
+{
+    const QString entity = unit.kind == VhdlUnit::Entity ? unit.name.toLower() : unit.entity;
+    if (unit.kind == VhdlUnit::Entity)
+        m_missing.insert(entity);
+    m_lost.insert(entity);
+    if (unit.kind != VhdlUnit::Architecture || !isItsFault || m_hollow.contains(entity))
+        return QByteArray();
+    m_hollow.insert(entity);
+    return "architecture " + unit.name.toLatin1() + " of " + entity.toLatin1() + " is begin end;";
+}
+
+// "use lib.package.name;" before a unit.
+void VhdlAnalysis::addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits)
+{
     const int end = text.indexOf(';', at);
-    const int begin = qMax(text.lastIndexOf(';', qMin(at, text.size() - 1)), text.lastIndexOf('\n', at)) + 1;
-    if (at >= unit || end < 0 || end >= unit || begin >= end)
-        return false;
-    replaceKeepingLines(text, begin, end + 1, QByteArray());
-    write(message.file, text);
-    warn(message);
-    return true;
-}
-
-void VhdlAnalysis::warn(ToolMessage message)
-{
-    message.severity = ToolMessage::Warning;
-    m_messages.prepend(messageText(message, m_names, m_scratch.path()));
+    const int begin =
+        qMax(text.lastIndexOf(';', at - text.size() - 1), text.lastIndexOf('\n', at - text.size() - 1)) + 1;
+    if (end >= 0 && begin < end)
+        edits.insert(begin, qMakePair(end + 1, QByteArray()));
 }
 
 QString VhdlAnalysis::handedOver(const QString &file) const

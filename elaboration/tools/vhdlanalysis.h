@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -69,9 +70,10 @@ private:
     bool supply(const QString &library, const ToolMessage &message);
     bool supplyPackage(const QString &library, const QString &name, const QByteArray &content);
     bool replaceInstance(const QString &library, const ToolMessage &message);
-    bool leaveOut(const ToolMessage &message);
-    bool leaveOutClause(const ToolMessage &message, int unit, QByteArray text);
-    void warn(ToolMessage message);
+    bool leaveOut(const QList<ToolMessage> &errors);
+    bool leaveOutOf(const QString &file, const QList<ToolMessage> &errors);
+    QByteArray restOf(const VhdlUnit &unit, bool isItsFault);
+    static void addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits);
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
     QByteArray textOf(const QString &file) const;
@@ -96,6 +98,7 @@ private:
     QHash<QString, QString> m_libraryOf;
     QSet<QString> m_used;
     QSet<QString> m_hollow, m_lost, m_undriven;
+    QSet<QString> m_missing; // entities that were left out
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
     QStringList m_messages;

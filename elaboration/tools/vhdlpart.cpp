@@ -98,6 +98,9 @@ void VhdlPart::prepare(const Then &then)
 // False when all that could be a top module is lost.
 bool VhdlPart::isAnythingLeft()
 {
+    const bool anyVerilog = m_analysis.fileCount() != m_input.files.size();
+    if (anyVerilog && !hasEntity(m_input.top))
+        return true;
     const QStringList tops = m_input.top.isEmpty() ? roots() : QStringList(m_input.top.toLower());
     for (const QString &top : tops) {
         if (!m_analysis.lost().contains(top))

@@ -116,7 +116,7 @@ private:
 class Scanner
 {
 public:
-    explicit Scanner(const QByteArray &text) : m_words(text), m_all(m_words.all()) {}
+    explicit Scanner(const QByteArray &text) : m_words(text), m_all(m_words.all()), m_size(text.size()) {}
 
     VhdlScan scan()
     {
@@ -133,6 +133,10 @@ public:
                 m_isEnding = false;
             m_scan.mentionsForeign = m_scan.mentionsForeign || word.is("foreign") || word.is("\\foreign\\");
             m_scan.mentionsComposites = m_scan.mentionsComposites || word.is("record") || word.is("array");
+        }
+        for (int i = 0; i < m_scan.units.size(); ++i) { // one whose end is missing
+            if (m_scan.units.at(i).end == 0)
+                m_scan.units[i].end = i + 1 < m_scan.units.size() ? m_scan.units.at(i + 1).begin : m_size;
         }
         return m_scan;
     }
@@ -165,7 +169,7 @@ private:
         unit.name = m_words.spelled(at(named));
         unit.entity = isOf ? name(named + 2) : isBody ? name(named) : QString();
         unit.begin = word.at;
-        unit.end = at(named + 1).end();
+        unit.end = 0;
         unit.line = at(named).line;
         m_scan.units.append(unit);
         if (unit.kind == VhdlUnit::Entity)
@@ -230,6 +234,7 @@ private:
 
     const Words m_words;
     const std::vector<Word> &m_all;
+    const int m_size;
     VhdlScan m_scan;
     bool m_isEnding = false;
 };
