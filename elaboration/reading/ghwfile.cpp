@@ -1,7 +1,6 @@
 #include "elaboration/reading/ghwfile.h"
 
 #include "elaboration/reading/ghwtypes.h"
-#include "host/regularfile.h"
 
 #include <QStringList>
 
@@ -30,7 +29,7 @@ public:
 
     bool read()
     {
-        if (m_in.text(9) != "GHDLwave\n" || m_in.byte() != 16 || !m_in.skip(6))
+        if (!isGhwFile(m_in.text(9)) || m_in.byte() != 16 || !m_in.skip(6))
             return false;
         while (!m_in.isBad()) {
             const QByteArray section = m_in.text(4);
@@ -135,14 +134,14 @@ private:
 
 } // namespace
 
-std::unique_ptr<VhdlScope> readGhwScopes(const QString &ghwFile, const QString &entity)
+bool isGhwFile(const QByteArray &start)
 {
-    QByteArray bytes;
-    QString reason;
-    VhdlScope all;
-    if (!QUtil::readRegularFile(ghwFile, 512 * QUtil::MiB, &bytes, &reason) || !GhwReader(bytes, all).read())
-        return nullptr;
-    return all.takeEntity(entity);
+    return start.startsWith("GHDLwave\n");
+}
+
+bool readGhwScopes(const QByteArray &bytes, VhdlScope &all)
+{
+    return GhwReader(bytes, all).read();
 }
 
 } // namespace QUARRY

@@ -4,9 +4,9 @@
 
 namespace QUARRY {
 
-// The scope of an entity in the wave file that "ghdl --elab-run ENTITY --stop-time=0ns --stop-delta=0
-// --wave=FILE" writes, which knows the shape of every type. Null when the file cannot be read or does not
-// hold it.
-std::unique_ptr<VhdlScope> readGhwScopes(const QString &ghwFile, const QString &entity);
+// Reads the tree of scopes in a wave file of GHDL's, which knows the shape of every type, into `all`. False
+// when the bytes are no whole one.
+bool readGhwScopes(const QByteArray &bytes, VhdlScope &all);
+bool isGhwFile(const QByteArray &start);
 
 } // namespace QUARRY

@@ -1,6 +1,5 @@
 #include "elaboration/reading/verilatordesign.h"
 
-#include "elaboration/reading/ghwfile.h"
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
 #include "host/regularfile.h"
@@ -194,10 +193,7 @@ const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
     const auto known = m_vhdlScopes.find(&module);
     if (known != m_vhdlScopes.end())
         return known->second.get();
-    std::unique_ptr<VhdlScope> scope = file.endsWith(QLatin1String(".ghw"))
-                                           ? readGhwScopes(file, module.name)
-                                           : readVhdlScopes(file, module.name);
-    return m_vhdlScopes.emplace(&module, std::move(scope)).first->second.get();
+    return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
 }
 
 const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,

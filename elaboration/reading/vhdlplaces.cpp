@@ -144,7 +144,8 @@ private:
         if (line.depth != node.depth + 2)
             return;
         if (line.role == "location" &&
-            (node.kind == Signal || node.kind == Statement || node.kind == Instance || node.kind == Member))
+            (node.kind == Entity || node.kind == Signal || node.kind == Statement || node.kind == Instance ||
+             node.kind == Member))
             setPlace(node, line.value);
         if (line.role == "parent")
             setParent(node, m_scopes.value(line.id));

@@ -1,5 +1,7 @@
 #include "elaboration/reading/vhdlscopes.h"
 
+#include "elaboration/reading/ghwfile.h"
+
 #include <QFile>
 #include <QRegExp>
 
@@ -61,12 +63,14 @@ QString VhdlScope::shownName() const
            QLatin1Char(']');
 }
 
-std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity)
+std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString &entity)
 {
-    QFile file(vcdFile);
+    QFile file(waveform);
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
     VhdlScope all;
+    if (isGhwFile(file.peek(16)))
+        return readGhwScopes(file.readAll(), all) ? all.takeEntity(entity) : nullptr;
     std::vector<VhdlScope *> open(1, &all);
     QRegExp scope(QLatin1String("\\$scope \\w+ (.*) \\$end"));
     while (!file.atEnd()) {

@@ -58,8 +58,9 @@ QString plainVhdlName(const QString &name);
 // True for a name in the Verilog that GHDL writes which stands for no signal of the source: "n12_o".
 bool isGhdlOwnName(const QString &name);
 
-// The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns
-// --stop-delta=0 --vcd=FILE" writes. Null when the file cannot be read or does not hold it.
-std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity);
+// The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns --stop-delta=0
+// --vcd=FILE" writes, or --wave=FILE, which knows all types. Null when the file cannot be read or does not
+// hold it.
+std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString &entity);
 
 } // namespace QUARRY

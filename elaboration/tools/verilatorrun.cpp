@@ -129,7 +129,7 @@ QStringList VerilatorRun::optionArguments() const
         arguments << QLatin1String("-D") + define;
     if (!m_top.isEmpty())
         arguments << QLatin1String("--top-module") << m_top;
-    if (m_top == m_input.top || m_input.top.isEmpty()) { // those of VHDL are obeyed by its tool
+    if (m_top == m_input.top && !m_files.isEmpty()) { // those of VHDL are obeyed by its tool
         for (const QString &parameter : m_input.parameters)
             arguments << QLatin1String("-G") + parameter;
     }

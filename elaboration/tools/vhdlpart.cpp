@@ -270,6 +270,7 @@ bool VhdlPart::isToBlame(const ToolResult &result, QSet<QString> &found)
         message.text = line.section(at.cap(3) + QLatin1String(": "), 1);
         message.text = message.text.isEmpty() ? line : message.text;
         message = m_analysis.placed(message);
+        message.text.replace(at.cap(1), message.file);
         const VhdlUnit *unit = m_analysis.unitAt(message.file, message.line);
         if (!unit)
             continue;
