@@ -60,6 +60,20 @@ bool findGhdlName(const char *name, const QString &treeFile, QString &place)
     return isFound;
 }
 
+int ghdlOffset(const QByteArray &text, int line, int column)
+{
+    int at = 0;
+    for (int i = 1; i < line; ++i) {
+        const int end = text.indexOf('\n', at);
+        if (end < 0)
+            return text.size();
+        at = end + 1;
+    }
+    for (int seen = 0; at < text.size() && text.at(at) != '\n' && seen < column - 1; ++at)
+        seen += text.at(at) == '\t' ? 8 - seen % 8 : 1;
+    return at;
+}
+
 int ghdlNumber(std::string_view digits)
 {
     int number = 0;

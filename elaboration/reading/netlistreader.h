@@ -23,9 +23,12 @@ struct ReadOptions
     QString workingDir;       // relative file names in the XML are taken from here
     QMap<QString, QString> fileNames;   // a file as a tool saw it -> the user's own, absolute
     QMap<QString, QString> moduleNames; // a module that a tool named -> the name that the user gave it
-    QMap<QString, QString> vhdlScopes;  // a VHDL entity in small letters -> GHDL's waveform file of it (see
-                                        // readVhdlScopes); without one its module is shown as GHDL made it
-    QString vhdlTree;                   // where VHDL declares its signals (see VhdlPlaceTable); may be empty
+    QSet<QString> choices; // modules that only instantiate the one that was made for the values of their
+                           // parameters: it is shown in their place
+    QMap<QString, QString> vhdlScopes; // a module that a tool named, or a VHDL entity in small letters ->
+                                       // GHDL's waveform file of it (see readVhdlScopes); without one it is
+                                       // shown as GHDL made it
+    QString vhdlTree;                  // where VHDL declares its signals (see VhdlPlaceTable); may be empty
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it, in slices

@@ -183,7 +183,7 @@ void NetlistTree::enterEntity(Hierachy *parent, const QString &name, const Block
     std::unique_ptr<Instance> instance = open(module, tiedPorts);
     if (!instance)
         return;
-    std::unique_ptr<Entity> entity(new Entity{*instance, VhdlBody(module), {}});
+    std::unique_ptr<Entity> entity(new Entity{*instance, VhdlBody(module, m_design.vhdlPlaceTable()), {}});
     Hierachy *node = makeVhdlNode(*entity, block, parent, name, module.name);
     // What no block shows comes when the level of the blocks is done.
     enterScope(*instance, *module.body, node);
@@ -225,9 +225,10 @@ Hierachy *NetlistTree::makeVhdlNode(const Entity &entity, const Block &block, Hi
     found.decl.isScope = !block.prefix.isEmpty();
     Hierachy *node = makeNode(parent, name, moduleNumber(found.decl));
     for (size_t i = 0; i < found.nets.size(); ++i) {
-        if (!parent && found.nets[i] >= 0 && entity.instance.module->nets[size_t(found.nets[i])].isInout)
+        const VhdlBody::Signals::Net &net = found.nets[i];
+        if (!parent && net.number >= 0 && entity.instance.module->nets[size_t(net.number)].isInout)
             m_builder.exclude(node, int(i));
-        const auto tied = entity.instance.tied->find(found.nets[i]);
+        const auto tied = entity.instance.tied->find(net.number);
         if (tied == entity.instance.tied->end())
             continue;
         const NetDecl &decl = found.decl.nets.at(int(i));
@@ -235,7 +236,10 @@ Hierachy *NetlistTree::makeVhdlNode(const Entity &entity, const Block &block, Hi
         shape.isBus = decl.isBus;
         shape.left = decl.left;
         shape.right = decl.right;
-        exclude(node, int(i), shape, tied->second);
+        const TiedBits &bits = tied->second;
+        const size_t first = qMin(size_t(net.offset), bits.size());
+        const size_t count = qMin(size_t(shape.width()), bits.size() - first);
+        exclude(node, int(i), shape, TiedBits(bits.begin() + first, bits.begin() + first + count));
     }
     return node;
 }
@@ -248,13 +252,10 @@ bool NetlistTree::addBlockChild(Level &level)
     const QString &key = level.keys[level.child];
     const VhdlScope &child = *block.scope->children[level.child++];
     const VerilatorChild *cell = level.entity->body.instance(key);
+    const QString label = block.places ? block.places->spelled(child.label()) : child.label();
+    const QString name = label + child.shownName().mid(child.label().size());
     if (!cell) {
-        if (child.isEmpty())
-            return true;
-        const Block inner = {&child, block.places ? block.places->below(child.label()) : nullptr,
-                             key + QLatin1Char('_')};
-        enterBlock(*level.entity, inner,
-                   makeVhdlNode(*level.entity, inner, level.node, child.shownName(), child.label()));
+        addUntranslated(level, child, name, key + QLatin1Char('_'));
         return true;
     }
     const Instance &instance = level.instance;
@@ -262,16 +263,36 @@ bool NetlistTree::addBlockChild(Level &level)
     level.entity->placed.insert(cell);
     TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, 0, 1);
     if (!m_design.isGenerated(module) || module.isBlackBox || child.isEmpty()) {
-        enter(level.node, child.shownName(), module, tied);
+        enter(level.node, name, module, tied);
         return true;
     }
     const QString architecture =
         block.places ? block.places->architectures.value(child.label().toLower()) : QString();
     const Block whole = {&child, m_design.vhdlPlaces(module, architecture), QString()};
-    enterEntity(level.node, child.shownName(), whole, module, tied);
+    enterEntity(level.node, name, whole, module, tied);
     return true;
 }
 
+// A block or a round of a loop, or an instance in an entity that could not be translated.
+void NetlistTree::addUntranslated(Level &level, const VhdlScope &child, const QString &name,
+                                  const QString &prefix)
+{
+    const VhdlPlaces *places = level.block.places;
+    const QString label = child.label().toLower();
+    const QString entity = places ? places->entities.value(label) : QString();
+    if (child.isEmpty() && entity.isEmpty())
+        return;
+    Block inner = {&child, places ? places->below(label) : nullptr, prefix};
+    QString module = places ? places->spelled(label) : child.label();
+    if (!entity.isEmpty()) {
+        inner.places = m_design.vhdlPlaceTable().of(entity, places->architectures.value(label));
+        module = inner.places ? inner.places->name : entity;
+    }
+    enterBlock(*level.entity, inner, makeVhdlNode(*level.entity, inner, level.node, name, module));
+}
+
+// A connection that is as wide as the ports of all elements together is dealt out to them, the rightmost
+// element taking the lowest bits; a narrower one goes to each.
 TiedNets NetlistTree::tiedPorts(const Instance &instance, const VerilatorScope &scope,
                                 const VerilatorChild &child, int fromRight, int count) const
 {

@@ -7,6 +7,7 @@
 namespace QUARRY {
 
 class VerilatorDesign;
+struct VhdlScope;
 
 // Walks the instance tree of a design from the top down and gives it to the builder, a node at a time.
 class NetlistTree
@@ -40,6 +41,7 @@ private:
     bool addChild(Level &level);
     bool addScopeChild(Level &level);
     bool addBlockChild(Level &level);
+    void addUntranslated(Level &level, const VhdlScope &child, const QString &name, const QString &prefix);
 
     std::unique_ptr<Instance> open(VerilatorModule &module, const TiedNets &tiedPorts);
     int moduleNumber(const ModuleDecl &decl);

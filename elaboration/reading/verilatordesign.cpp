@@ -147,6 +147,7 @@ void VerilatorDesign::addModule(const pugi::xml_node &node)
     module->name = decodedVerilatorName(node.attribute("origName").value());
     // A user primitive has no nets but its ports, which are those it is connected to.
     module->isBlackBox = is(node, "primitive") || m_options.blackBoxes.contains(module->name);
+    module->toolName = module->name;
     module->name = m_options.moduleNames.value(module->name, module->name);
     m_byName.emplace(node.attribute("name").value(), module.get());
     m_modules.push_back(std::move(module));
@@ -177,12 +178,17 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
         module->name = m_options.moduleNames.value(name, name);
         module->isBlackBox = true;
     }
-    return module;
+    if (!m_options.choices.contains(module->toolName))
+        return module;
+    const pugi::xml_node chosen =
+        module->node.find_node([](const pugi::xml_node &node) { return is(node, "instance"); });
+    return chosen ? this->module(chosen.attribute("defName").value()) : module;
 }
 
 const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
 {
-    const QString file = m_options.vhdlScopes.value(module.name.toLower());
+    const QString file =
+        m_options.vhdlScopes.value(module.toolName, m_options.vhdlScopes.value(module.name.toLower()));
     if (file.isEmpty() || !isGenerated(module))
         return nullptr;
     const auto known = m_vhdlScopes.find(&module);
@@ -276,7 +282,7 @@ void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &modu
         else if (is(node, "begin"))
             readGenerate(node, module, scope);
         else if (is(node, "instance"))
-            readInstance(node, scope);
+            readInstance(node, module, scope);
         else if (is(node, "contassign"))
             scope.assigns.push_back(node);
     }
@@ -390,8 +396,10 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     decl.right = type.right;
     const File &file = fileOf(var);
     if (file.isGenerated) {
-        if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+        if (const VhdlPlaces *places = vhdlPlaces(module, QString())) {
             decl.info = places->place(decl.name);
+            decl.name = places->spelled(decl.name);
+        }
         if (decl.isBus && !m_options.vhdlScopes.contains(module.name.toLower()))
             takeWrittenRange(decl);
         return decl;
@@ -454,10 +462,13 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
     scope.children.push_back(child);
 }
 
-void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorScope &scope)
+void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorModule &module,
+                                   VerilatorScope &scope)
 {
     VerilatorChild child;
     child.name = nameOf(instance);
+    if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+        child.name = places->spelled(child.name);
     child.node = instance;
     child.isArray = verilatorRange(instance, child.left, child.right);
     scope.children.push_back(child);

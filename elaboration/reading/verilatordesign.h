@@ -38,6 +38,7 @@ public:
     const VhdlScope *vhdlScope(const VerilatorModule &module);
     // Where the entity's sources declare all that; null when that is not known.
     const VhdlPlaces *vhdlPlaces(const VerilatorModule &module, const QString &architecture) const;
+    const VhdlPlaceTable &vhdlPlaceTable() const { return m_vhdlPlaces; }
     bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
     const VerilatorTypes &types() const { return *m_types; }
 
@@ -68,7 +69,7 @@ private:
     void readArray(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
     static void show(VerilatorNet &net, const NetDecl &decl, VerilatorScope &scope);
     void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);
-    void readInstance(const pugi::xml_node &instance, VerilatorScope &scope);
+    void readInstance(const pugi::xml_node &instance, VerilatorModule &module, VerilatorScope &scope);
     bool isNet(const pugi::xml_node &var, const VerilatorModule &module);
     bool isLoopVariable(const pugi::xml_node &var, const VerilatorModule &module);
     bool isGhdlOwn(const pugi::xml_node &var) const;

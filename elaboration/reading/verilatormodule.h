@@ -80,6 +80,7 @@ struct VerilatorModule
 {
     pugi::xml_node node;
     QString name; // as the user wrote it
+    QString toolName;
     bool isBlackBox = false;
     bool isOpen = false; // an instance of it is being built: another below it would never end
 

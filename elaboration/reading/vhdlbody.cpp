@@ -21,6 +21,11 @@ NetDecl declaration(const QString &name, bool isBus, int left, int right)
     return decl;
 }
 
+int signalWidth(const VhdlSignal &signal)
+{
+    return signal.isBus ? rangeWidth(signal.left, signal.right) : 1;
+}
+
 const int lookLimit = 1 << 20; // half a second
 
 bool isRound(const VhdlScope &scope)
@@ -46,7 +51,8 @@ QString roundKey(const QString &prefix, const QString &label, int round)
 
 } // namespace
 
-VhdlBody::VhdlBody(const VerilatorModule &module) : m_module(module)
+VhdlBody::VhdlBody(const VerilatorModule &module, const VhdlPlaceTable &places)
+    : m_module(module), m_places(places)
 {
     for (size_t i = 0; i < module.nets.size(); ++i)
         m_nets.insert(lower(module.nets[i].name), int(i));
@@ -66,27 +72,55 @@ VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *p
     result.decl.name = name;
     for (const VhdlSignal &signal : scope.signalList) {
         const Declaration place = places ? places->place(signal.name) : Declaration();
-        const int number = m_nets.value(prefix + signal.name.toLower(), -1);
-        if (number < 0 && !signal.hasShape) {
-            addRecordPort(signal.name, place, result);
-            continue;
-        }
-        // Verilog may know a port in a spelling of its own.
-        QString shown = signal.name;
-        if (number >= 0 && prefix.isEmpty()) {
-            const std::string_view written = m_module.nets[size_t(number)].name;
-            shown = QUtil::fromUtf8(written);
-        }
-        if (signal.hasShape) {
-            result.decl.nets.append(declaration(shown, signal.isBus, signal.left, signal.right));
+        const QString shown = places ? places->spelled(signal.name) : signal.name;
+        const QString key = prefix + signal.name.toLower();
+        const int number = m_nets.value(key, -1);
+        const int width = number < 0 ? 0 : m_module.nets[size_t(number)].width();
+        const bool isKnown = signal.hasShape && (number < 0 || width == signalWidth(signal));
+        if (signal.elements && (number < 0 || width == signal.width || signal.width == 0)) {
+            addElements(signal, shown, place, key, result);
+        } else if (number < 0 && !isKnown) {
+            addRecordPort(shown, place, result);
         } else {
-            const VerilatorNet &net = m_module.nets[size_t(number)];
-            result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+            if (isKnown) {
+                result.decl.nets.append(declaration(shown, signal.isBus, signal.left, signal.right));
+            } else {
+                const VerilatorNet &net = m_module.nets[size_t(number)];
+                result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
+            }
+            result.decl.nets.last().info = place;
+            result.nets.push_back({number, 0});
         }
-        result.decl.nets.last().info = place;
-        result.nets.push_back(number);
     }
     return result;
+}
+
+VhdlBody::Signals::Net VhdlBody::net(const QString &key, int width) const
+{
+    const int number = m_nets.value(key, -1);
+    return {number >= 0 && m_module.nets[size_t(number)].width() == width ? number : -1, 0};
+}
+
+// They are parts of one net, or, of a port, of the nets that GHDL makes of its members.
+void VhdlBody::addElements(const VhdlSignal &signal, const QString &name, const Declaration &place,
+                           const QString &key, Signals &result) const
+{
+    const Signals::Net whole = net(key, signal.width);
+    for (const VhdlElement &element : *signal.elements) {
+        result.decl.nets.append(declaration(name + m_places.spelledPath(element.name), element.isBus,
+                                            element.left, element.right));
+        Declaration &info = result.decl.nets.last().info;
+        info = place;
+        info.type = element.type;
+        info.enumLabels = element.labels;
+        Signals::Net part = whole;
+        part.offset = element.offset;
+        if (whole.number < 0 && !element.member.isEmpty()) {
+            part = net(key + QLatin1Char('_') + element.member.toLower(), element.memberWidth);
+            part.offset = element.offset - element.memberOffset;
+        }
+        result.nets.push_back(part);
+    }
 }
 
 // A port "r" of a record type has become one port for each element, "r_valid" and so on, whose types the
@@ -100,10 +134,10 @@ void VhdlBody::addRecordPort(const QString &name, Declaration place, Signals &re
         const QString element = lower(net.name);
         if (!net.isPort || !element.startsWith(prefix))
             continue;
-        const QString shown = name + QLatin1Char('.') + element.mid(prefix.size());
+        const QString shown = name + m_places.spelledPath(QLatin1Char('.') + element.mid(prefix.size()));
         result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
         result.decl.nets.last().info = place;
-        result.nets.push_back(int(i));
+        result.nets.push_back({int(i), 0});
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "elaboration/reading/ghdltree.h"
 #include "elaboration/reading/vhdlscopes.h"
+#include "host/regularfile.h"
 #include "host/utf8.h"
 
 #include <QDir>
@@ -82,7 +83,8 @@ private:
         Signal,
         Subtype,
         Range,
-        Enumeration
+        Enumeration,
+        Member
     };
 
     struct Node
@@ -91,9 +93,11 @@ private:
         size_t depth = 0;
         int id = 0;
         QString name;
+        QString spelling;
         VhdlPlaces *parent = nullptr;
         Declaration info;
         QString architecture; // of an instance or configuration
+        QString entity;       // of an instance
         int type = 0;
         bool isArray = false;
         int ranges = 0;
@@ -118,6 +122,8 @@ private:
             return Other;
         if (line.kind == "signal_declaration" || line.kind == "interface_signal_declaration")
             return Signal;
+        if (line.kind == "element_declaration")
+            return Member;
         if (line.kind == "block_statement" || line.isOf("_generate_statement"))
             return Statement;
         return line.kind == "component_instantiation_statement" ? Instance
@@ -132,8 +138,15 @@ private:
                                     QString::number(node.info.enumLabels.size());
         else if (line.role == "architecture" && (node.kind == Instance || node.kind == Configuration))
             node.architecture = key(line.name);
+        else if (node.kind == Instance && (line.role == "entity_name" || line.role == "instantiated_unit") &&
+                 line.isOf("_name"))
+            node.entity = key(line.name);
         if (line.depth != node.depth + 2)
             return;
+        if (line.role == "location" &&
+            (node.kind == Entity || node.kind == Signal || node.kind == Statement || node.kind == Instance ||
+             node.kind == Member))
+            setPlace(node, line.value);
         if (line.role == "parent")
             setParent(node, m_scopes.value(line.id));
         else if (line.role == "block_header")
@@ -176,22 +189,21 @@ private:
         VhdlPlaces &places = m_table.m_architectures[entity][node.name];
         clear(places);
         places.declarations = m_table.m_entities[entity].declarations;
+        places.name = m_table.m_entities[entity].name;
+        places.spellings = m_table.m_entities[entity].spellings;
         m_table.m_last.insert(entity, node.name);
         m_scopes.insert(node.id, &places);
     }
 
     void takeType(Node &node, const GhdlTreeLine &line)
     {
-        if (line.role == "location" && node.kind == Signal)
-            setPlace(node.info, line.value);
-        else if (line.role == "subtype_type_mark" ||
-                 (line.role == "subtype_indication" && line.isOf("_name")))
+        if (line.role == "subtype_type_mark" || (line.role == "subtype_indication" && line.isOf("_name")))
             node.info.type = plainVhdlName(fromUtf8(line.name));
         else if (line.role == "type" || line.role == "parent_type")
             node.type = line.id;
     }
 
-    void setPlace(Declaration &info, std::string_view place)
+    void setPlace(Node &node, std::string_view place)
     {
         const size_t column = place.rfind(':');
         const size_t line = place.rfind(':', column - 1);
@@ -201,9 +213,30 @@ private:
             m_fileSeen = place.substr(0, line);
             const QString name = fromUtf8(m_fileSeen);
             m_file = m_fileNames.value(name, QDir::cleanPath(name));
+            QString reason;
+            m_source.clear();
+            m_lineStarts.assign(1, 0);
+            QUtil::readRegularFile(name, 64 * QUtil::MiB, &m_source, &reason);
+            for (int end = m_source.indexOf('\n'); end >= 0; end = m_source.indexOf('\n', end + 1))
+                m_lineStarts.push_back(end + 1);
         }
-        info.file = m_file;
-        info.line = ghdlNumber(place.substr(line + 1, column - line - 1));
+        node.info.file = m_file;
+        node.info.line = ghdlNumber(place.substr(line + 1, column - line - 1));
+        node.spelling = wordAt(node.info.line, ghdlNumber(place.substr(column + 1)), node.name);
+    }
+
+    // GHDL itself writes all in small letters.
+    QString wordAt(int line, int column, const QString &name) const
+    {
+        if (line < 1 || size_t(line) > m_lineStarts.size())
+            return name;
+        const int start = m_lineStarts[size_t(line) - 1];
+        const QByteArray words =
+            QByteArray::fromRawData(m_source.constData() + start, m_source.size() - start);
+        int at = ghdlOffset(words, 1, column);
+        at += words.mid(at, 1) == "\\" ? 1 : 0;
+        const QString word = QString::fromLatin1(words.mid(at, name.size()));
+        return word.toLower() == name ? word : name;
     }
 
     static void takeLimit(Node &node, const GhdlTreeLine &line)
@@ -221,10 +254,16 @@ private:
         Node node = m_open.back();
         m_open.pop_back();
         Node *owner = m_open.empty() ? nullptr : &m_open.back();
+        if (node.kind == Entity)
+            m_table.m_entities[node.name].name = node.spelling;
+        if (node.kind == Member)
+            m_table.m_members.addSpelling(node.name, node.spelling);
+        if (node.parent && (node.kind == Signal || node.kind == Instance || node.kind == Statement))
+            node.parent->addSpelling(node.name, node.spelling);
         if (node.kind == Signal)
             addSignal(node);
         else if (node.kind == Instance && node.parent)
-            node.parent->architectures.insert(node.name, node.architecture);
+            addInstance(node);
         else if (node.kind == Configuration)
             m_configured.insert(node.id, node.architecture);
         else if (node.kind == Enumeration)
@@ -234,6 +273,12 @@ private:
         else if (node.kind == Range && owner && owner->kind == Subtype && owner->ranges++ == 0 &&
                  !node.left.isEmpty() && !node.right.isEmpty())
             owner->direction = node.left + QLatin1Char(' ') + node.direction + QLatin1Char(' ') + node.right;
+    }
+
+    static void addInstance(const Node &node)
+    {
+        node.parent->architectures.insert(node.name, node.architecture);
+        node.parent->entities.insert(node.name, node.entity);
     }
 
     void addSubtype(const Node &node, Node *owner)
@@ -271,8 +316,17 @@ private:
     QHash<int, QStringList> m_labels;
     QHash<int, QString> m_subtypes;
     std::string m_fileSeen;
+    QByteArray m_source; // that file
+    std::vector<int> m_lineStarts;
     QString m_file;
 };
+
+// The alternatives of a generate statement may spell it differently.
+void VhdlPlaces::addSpelling(const QString &name, const QString &spelling)
+{
+    if (!spelling.isEmpty())
+        spellings.insert(name, spellings.value(name, spelling) == spelling ? spelling : name);
+}
 
 const VhdlPlaces *VhdlPlaces::below(const QString &label) const
 {
@@ -294,6 +348,16 @@ bool VhdlPlaceTable::readSome()
         return true;
     m_reader.reset();
     return false;
+}
+
+QString VhdlPlaceTable::spelledPath(const QString &path) const
+{
+    QStringList parts = path.split(QLatin1Char('.'));
+    for (QString &part : parts) {
+        const QString name = part.section(QLatin1Char('['), 0, 0);
+        part.replace(0, name.size(), m_members.spelled(name));
+    }
+    return parts.join(QLatin1String("."));
 }
 
 const VhdlPlaces *VhdlPlaceTable::of(const QString &entity, const QString &architecture) const

@@ -16,11 +16,16 @@ class VhdlTreeReader;
 // small letters, extended ones without their backslashes.
 struct VhdlPlaces
 {
+    QString name;                                         // of the entity, as it is spelled
     QHash<QString, Declaration> declarations;             // of signals and ports
+    QHash<QString, QString> spellings;                    // of those and of labels, as declared
     QHash<QString, QString> architectures;                // that instances name, by label of the instance
+    QHash<QString, QString> entities;                     // or components, likewise
     std::map<QString, std::unique_ptr<VhdlPlaces>> inner; // by label
 
     Declaration place(const QString &name) const { return declarations.value(name.toLower()); }
+    QString spelled(const QString &name) const { return spellings.value(name.toLower(), name); }
+    void addSpelling(const QString &name, const QString &spelling);
     const VhdlPlaces *below(const QString &label) const; // null: no such statement
 };
 
@@ -39,12 +44,15 @@ public:
 
     // Null when unknown. Without a name the architecture that was read last, as GHDL chooses.
     const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
+    // ".alu_op[2].x" as the record types of the design spell it.
+    QString spelledPath(const QString &path) const;
 
 private:
     friend class VhdlTreeReader;
     std::unique_ptr<VhdlTreeReader> m_reader; // null while there is nothing to read
     std::map<QString, VhdlPlaces> m_entities;
     std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
+    VhdlPlaces m_members;                                             // of all record types
     QHash<QString, QString> m_last;                                   // architecture of the entity
 };
 

@@ -1,5 +1,7 @@
 #include "elaboration/reading/vhdlscopes.h"
 
+#include "elaboration/reading/ghwfile.h"
+
 #include <QFile>
 #include <QRegExp>
 
@@ -61,12 +63,14 @@ QString VhdlScope::shownName() const
            QLatin1Char(']');
 }
 
-std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity)
+std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString &entity)
 {
-    QFile file(vcdFile);
+    QFile file(waveform);
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
     VhdlScope all;
+    if (isGhwFile(file.peek(16)))
+        return readGhwScopes(file.readAll(), all) ? all.takeEntity(entity) : nullptr;
     std::vector<VhdlScope *> open(1, &all);
     QRegExp scope(QLatin1String("\\$scope \\w+ (.*) \\$end"));
     while (!file.atEnd()) {
@@ -84,8 +88,13 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString 
             open.back()->signalList.push_back(signal);
         }
     }
-    // The packages stand before the entity.
-    for (auto it = all.children.rbegin(); it != all.children.rend(); ++it) {
+    return all.takeEntity(entity);
+}
+
+// The packages stand before the entity.
+std::unique_ptr<VhdlScope> VhdlScope::takeEntity(const QString &entity)
+{
+    for (auto it = children.rbegin(); it != children.rend(); ++it) {
         if ((*it)->name.compare(entity, Qt::CaseInsensitive) == 0)
             return std::move(*it);
     }

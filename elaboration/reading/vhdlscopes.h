@@ -1,14 +1,31 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
 
 namespace QUARRY {
 
-// A declared signal or port. What GHDL's waveform cannot hold (records, enumerations, integers) comes
-// with its name alone.
+// A part of a signal that is shown as a net or bus: ".alu_op", "[2].data".
+struct VhdlElement
+{
+    QString name;
+    bool isBus = false;
+    int left = 0;
+    int right = 0;
+    int offset = 0; // of its bits in the signal as GHDL translates it
+    QString member; // of a record as a whole, with its bits
+    int memberOffset = 0;
+    int memberWidth = 0;
+    QString type; // where it has a name that says more than the shape
+    QStringList labels;
+};
+typedef std::vector<VhdlElement> VhdlElements;
+
+// A declared signal or port. What a waveform in VCD cannot hold (records, enumerations, integers) comes with
+// its name alone.
 struct VhdlSignal
 {
     QString name;
@@ -16,6 +33,8 @@ struct VhdlSignal
     bool isBus = false;
     int left = 0;
     int right = 0;
+    int width = 0;                                // as GHDL translates it, where there are elements
+    std::shared_ptr<const VhdlElements> elements; // null: not known, or one; none: it is not shown
 };
 
 // An instance, a block or one round of a generate loop, as the VHDL has it. The Verilog that GHDL makes
@@ -29,6 +48,8 @@ struct VhdlScope
     bool isEmpty() const { return signalList.empty() && children.empty(); } // so is an unbound component
     QString label() const;                                                  // "gen"
     QString shownName() const;                                              // "gen[3]"
+    // The child of that name, which is the scope of an entity; null when there is none.
+    std::unique_ptr<VhdlScope> takeEntity(const QString &entity);
 };
 
 // Extended identifiers stand between backslashes, which are no part of the name.
@@ -37,8 +58,9 @@ QString plainVhdlName(const QString &name);
 // True for a name in the Verilog that GHDL writes which stands for no signal of the source: "n12_o".
 bool isGhdlOwnName(const QString &name);
 
-// The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns
-// --stop-delta=0 --vcd=FILE" writes. Null when the file cannot be read or does not hold it.
-std::unique_ptr<VhdlScope> readVhdlScopes(const QString &vcdFile, const QString &entity);
+// The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns --stop-delta=0
+// --vcd=FILE" writes, or --wave=FILE, which knows all types. Null when the file cannot be read or does not
+// hold it.
+std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString &entity);
 
 } // namespace QUARRY

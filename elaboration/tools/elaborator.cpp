@@ -160,6 +160,8 @@ void Elaborator::readVhdl()
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             m_verilator.setTop(top);
+        if (!isUsable && goOnWithout(Vhdl))
+            return readDesign();
         proceed(isUsable ? makeFiles() : Failed);
     });
 }
@@ -218,7 +220,34 @@ void Elaborator::judge(const ToolResult &result)
     if (m_repairs.tryAgain(m_summary.files))
         return proceed(Again);
     m_warnings = ofSeverity(messages, ToolMessage::Warning);
-    proceed(Done);
+    if (!m_vhdl)
+        return proceed(Done);
+    m_vhdl->adaptGenerics(m_verilator.xmlFile(), [this](bool changed) {
+        m_result->lists.messages += m_vhdl->takeMessages();
+        proceed(changed ? makeFiles() : Done);
+    });
+}
+
+// When one language cannot be read, the other one stands, unless the top module is of the first.
+bool Elaborator::goOnWithout(Language language)
+{
+    const bool isVhdlTop = m_vhdl && m_vhdl->hasEntity(m_input.top);
+    if (language == Vhdl ? !m_verilator.hasFiles() || isVhdlTop
+                         : !m_vhdl || m_vhdl->verilog().isEmpty() || !m_verilator.hasOwnFiles() ||
+                               !(isVhdlTop || m_input.top.isEmpty()))
+        return false;
+    QStringList &messages = m_result->lists.messages;
+    for (QString &message : messages) {
+        if (isError(message))
+            message.replace(0, 5, QLatin1String("WARNING"));
+    }
+    messages.append(QLatin1String("WARNING: The ") + QLatin1String(language == Vhdl ? "VHDL" : "Verilog") +
+                    QLatin1String(" sources cannot be read and are left out."));
+    if (language == Vhdl)
+        m_unreadable = std::move(m_vhdl);
+    else
+        m_verilator.dropOwnFiles();
+    return true;
 }
 
 void Elaborator::repair(const QList<ToolMessage> &errors)
@@ -253,7 +282,7 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
             report(m_repairs.refused(), ToolMessage::Error);
             m_result->lists.messages += m_repairs.hints();
         }
-        proceed(verdict);
+        proceed(verdict == Failed && goOnWithout(Verilog) ? Again : verdict);
     };
     // VHDL and Verilog that spell a port differently.
     if (m_vhdl && others.first().code == QLatin1String("PINNOTFOUND"))
@@ -339,6 +368,7 @@ void Elaborator::finish()
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
         options.vhdlTree = m_vhdl->treeFile();
+        options.choices = m_vhdl->choices();
         options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
@@ -434,6 +464,7 @@ void Elaborator::listModules()
     for (const QString &module : m_summary.roots)
         lists.topModules.append(userName(module));
     if (m_vhdl) {
+        lists.messages += m_vhdl->refusals();
         for (const QString &entity : m_vhdl->untranslated()) {
             lists.modules.append(entity);
             if (!m_vhdl->isBoxed(entity))

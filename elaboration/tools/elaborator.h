@@ -53,10 +53,12 @@ private Q_SLOTS:
 
 private:
     enum Verdict { Again, Done, Failed };
+    enum Language { Vhdl, Verilog };
 
     bool checkSources();
     bool prepareSources();
     void readVhdl();
+    bool goOnWithout(Language language);
     void readDesign();
     void warnOfRights();
     void proceed(Verdict verdict);
@@ -84,7 +86,8 @@ private:
     VerilatorRun m_verilator;
     ReadingRepairs m_repairs;
     ToolRunner m_runner;
-    std::unique_ptr<VhdlPart> m_vhdl; // null when there is no VHDL
+    std::unique_ptr<VhdlPart> m_vhdl;       // null when there is no VHDL
+    std::unique_ptr<VhdlPart> m_unreadable; // VHDL that was left out
     BlackBoxes m_boxes;
     QList<ToolMessage> m_warnings;
     XmlSummary m_summary;

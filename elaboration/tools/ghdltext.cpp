@@ -1,168 +1,184 @@
 #include "elaboration/tools/ghdltext.h"
 
-#include <QRegExp>
+#include <algorithm>
+#include <unordered_set>
 
 namespace QUARRY {
 namespace {
 
-// VHDL names that Verilog reserves; GHDL writes them as they are.
-const char *const keywords[] = {
-    "always",    "and",       "assign",  "automatic", "begin",      "buf",         "case",      "cell",
-    "config",    "deassign",  "default", "defparam",  "design",     "disable",     "edge",      "else",
-    "end",       "endmodule", "event",   "for",       "force",      "forever",     "fork",      "function",
-    "generate",  "genvar",    "if",      "initial",   "inout",      "input",       "instance",  "integer",
-    "join",      "large",     "liblist", "library",   "localparam", "macromodule", "medium",    "module",
-    "nand",      "negedge",   "nor",     "not",       "or",         "output",      "parameter", "posedge",
-    "primitive", "pulldown",  "pullup",  "real",      "realtime",   "reg",         "release",   "repeat",
-    "scalared",  "signed",    "small",   "specify",   "specparam",  "strong0",     "strong1",   "supply0",
-    "supply1",   "table",     "task",    "time",      "tran",       "tri",         "tri0",      "tri1",
-    "triand",    "trior",     "trireg",  "unsigned",  "use",        "vectored",    "wait",      "wand",
-    "weak0",     "weak1",     "while",   "wire",      "wor",        "xnor",        "xor"};
-
-bool isKeyword(const QString &word)
+bool isNameLetter(char letter)
 {
-    for (const char *keyword : keywords) {
-        if (word == QLatin1String(keyword))
-            return true;
-    }
-    return false;
+    const auto code = static_cast<unsigned char>(letter);
+    return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9') ||
+           code == '_' || code >= 0x80;
 }
 
-bool isUsersSignal(const QStringList &lines, const QString &wire)
+bool isDigit(char letter)
 {
-    for (const QString &line : lines) {
-        if (line.startsWith(QLatin1String("  assign ") + wire + QLatin1String(" = ")) &&
-            line.endsWith(QLatin1String("// (signal)")))
-            return true;
-    }
-    return false;
+    return letter >= '0' && letter <= '9';
 }
 
-void dropSecondDeclaration(QStringList &lines, const QString &wire)
+size_t endOfLetters(std::string_view line, size_t at)
 {
-    bool isDeclared = false;
-    for (int i = 0; i < lines.size(); ++i) {
-        if (ghdlDeclaredName(lines.at(i)) != wire)
+    while (at < line.size() && isNameLetter(line[at]))
+        ++at;
+    return at;
+}
+
+std::string_view wordOf(std::string_view line, const GhdlWord &word)
+{
+    return line.substr(word.begin, word.end - word.begin);
+}
+
+bool endsWith(std::string_view line, std::string_view end)
+{
+    return line.size() >= end.size() && line.substr(line.size() - end.size()) == end;
+}
+
+std::string renamed(std::string_view line, const GhdlRenames &renames, bool pins)
+{
+    std::string result;
+    size_t copied = 0;
+    GhdlWords words(line);
+    for (GhdlWord word; words.next(word);) {
+        const bool isEdge = word.begin > 1 && line.substr(word.begin - 2, 2) == "@(";
+        if (word.isPin != pins || ((word.isFirst || isEdge) && !pins))
             continue;
-        if (isDeclared)
-            lines[i].clear();
-        isDeclared = true;
-    }
-}
-
-// The wires "u0_q" that GHDL makes for the outputs of instances, connected or not.
-QStringList outputWires(const QStringList &lines)
-{
-    QRegExp start(QLatin1String("^  (?:.* |  )") + ghdlNameExpression() + QLatin1String("\\s*\\($"));
-    QRegExp pin(QLatin1String("^    \\.") + ghdlNameExpression() + QLatin1String("\\(") +
-                ghdlNameExpression() + QLatin1String("?\\).*$"));
-    const QChar slash = QLatin1Char('\\');
-    QString instance;
-    QStringList wires;
-    for (const QString &line : lines) {
-        if (start.exactMatch(line))
-            instance = start.cap(1).trimmed().remove(slash);
-        if (!pin.exactMatch(line))
+        const auto found = renames.find(std::string(word.name));
+        if (found == renames.end())
             continue;
-        const QString made = instance + QLatin1Char('_') + pin.cap(1).trimmed().remove(slash);
-        const QString wire = pin.cap(2).trimmed();
-        if (wire.isEmpty() || QString(wire).remove(slash) == made)
-            wires.append(wire.isEmpty() ? made : wire);
+        result.append(line, copied, word.begin - copied);
+        result += found->second;
+        copied = word.end;
     }
-    return wires;
+    return result.append(line, copied, std::string_view::npos);
 }
 
 } // namespace
 
-QString ghdlNameExpression()
+bool GhdlWords::next(GhdlWord &word)
 {
-    return QLatin1String("(\\\\\\S+ |\\w+)");
-}
-
-void replaceGhdlWord(QString &line, const QString &word, const QString &by)
-{
-    QRegExp whole(QLatin1String("[^.\\w\\\\]") + QRegExp::escape(word) + QLatin1String("(?!\\w)"));
-    QRegExp first(QLatin1String("^\\s*\\(?\\w*"));
-    first.indexIn(line);
-    const int from = first.matchedLength();
-    for (int at = whole.indexIn(line, from); at >= 0; at = whole.indexIn(line, at + 1))
-        line.replace(at + 1, word.size(), by);
-}
-
-void escapeExtendedNames(QString &line)
-{
-    QRegExp extended(QLatin1String("(\\w*)\\\\([^\\\\]+)\\\\"));
-    for (int at = extended.indexIn(line); at >= 0; at = extended.indexIn(line, at + 1)) {
-        QString inner = extended.cap(2);
-        inner.replace(QLatin1Char(' '), QLatin1Char('_'));
-        line.replace(at, extended.matchedLength(),
-                     QLatin1Char('\\') + extended.cap(1) + inner + QLatin1Char(' '));
-    }
-}
-
-QString ghdlDeclaredName(const QString &line)
-{
-    QRegExp declaration(
-        QLatin1String("^\\s*\\(?(?:input|output|inout|wire|reg|localparam)\\s+(?:\\[[^\\]]*\\] )?") +
-        ghdlNameExpression() + QLatin1String("\\s*[;,)=].*$"));
-    return declaration.exactMatch(line) ? declaration.cap(1).trimmed() : QString();
-}
-
-void escapeKeywords(QStringList &lines)
-{
-    QStringList reserved;
-    for (const QString &line : lines) {
-        const QString declared = ghdlDeclaredName(line);
-        if (isKeyword(declared) && !reserved.contains(declared))
-            reserved.append(declared);
-    }
-    QRegExp pin(QLatin1String("^    \\.(\\w+)\\("));
-    for (QString &line : lines) {
-        for (const QString &word : reserved)
-            replaceGhdlWord(line, word, QLatin1Char('\\') + word + QLatin1Char(' '));
-        if (pin.indexIn(line) == 0 && isKeyword(pin.cap(1)))
-            line.replace(pin.pos(1), pin.cap(1).size(), QLatin1Char('\\') + pin.cap(1) + QLatin1Char(' '));
-    }
-}
-
-void markOutputWires(QStringList &lines)
-{
-    const QStringList wires = outputWires(lines);
-    for (int i = 0; i < wires.size(); ++i) {
-        if (isUsersSignal(lines, wires.at(i))) {
-            dropSecondDeclaration(lines, wires.at(i));
-            continue;
-        }
-        const QString made = QLatin1Char('n') + QString::number(1000000 + i) + QLatin1String("_o");
-        for (QString &line : lines)
-            replaceGhdlWord(line, wires.at(i), made);
-    }
-}
-
-int ghdlHeaderEnd(const QStringList &lines)
-{
-    for (int i = 0; i < lines.size(); ++i) {
-        if (lines.at(i).endsWith(QLatin1Char(';')))
-            return i;
-    }
-    return lines.size() - 1;
-}
-
-bool hasNoGhdlBody(const QStringList &lines)
-{
-    for (int i = ghdlHeaderEnd(lines) + 1; i < lines.size() - 1; ++i) {
-        if (!lines.at(i).trimmed().isEmpty())
-            return false;
-    }
+    skipText();
+    if (m_at >= m_line.size())
+        return false;
+    const bool isEscaped = m_line[m_at] == '\\';
+    word.begin = m_at;
+    m_at = isEscaped ? m_line.find(' ', m_at) : endOfLetters(m_line, m_at);
+    m_at = std::min(m_at, m_line.size());
+    word.end = m_at;
+    word.name = m_line.substr(word.begin + (isEscaped ? 1 : 0), word.end - word.begin - (isEscaped ? 1 : 0));
+    word.isPin = word.begin > 0 && m_line[word.begin - 1] == '.';
+    word.isFirst = !m_anyBefore;
+    m_anyBefore = true;
     return true;
 }
 
-QString ghdlInstantiatedModule(const QString &line)
+// Over everything that no name begins with: 8'hA5 is a number, and so is the 3 of [3:0].
+void GhdlWords::skipText()
 {
-    QRegExp start(QLatin1String("^  ") + ghdlNameExpression() + QLatin1String("\\s*(?:#\\(|") +
-                  ghdlNameExpression() + QLatin1String("\\s*\\().*$"));
-    const bool isInstance = start.exactMatch(line) && !isKeyword(start.cap(1));
-    return isInstance ? start.cap(1).trimmed() : QString();
+    while (m_at < m_line.size() && m_line[m_at] != '\\') {
+        const char letter = m_line[m_at];
+        if (letter == '/' && m_line.substr(m_at, 2) == "//")
+            m_at = m_line.size();
+        else if (letter == '"')
+            m_at = std::min(m_line.find('"', m_at + 1), m_line.size() - 1) + 1;
+        else if (letter == '\'' || isDigit(letter))
+            m_at = endOfLetters(m_line, m_at + 1);
+        else if (isNameLetter(letter))
+            return;
+        else
+            ++m_at;
+    }
+}
+
+std::string renamedGhdlLine(std::string_view line, const GhdlRenames &renames)
+{
+    return renamed(line, renames, false);
+}
+
+std::string renamedGhdlPin(std::string_view line, const GhdlRenames &renames)
+{
+    return renamed(line, renames, true);
+}
+
+std::string readableGhdlLine(std::string_view line)
+{
+    std::string result;
+    for (size_t at = 0; at < line.size();) {
+        std::string name; // may be made of several, plain and extended: \my u\_q
+        bool isExtended = false;
+        const size_t start = at;
+        while (at < line.size() && (isNameLetter(line[at]) || line[at] == '\\')) {
+            const size_t end = line[at] == '\\' ? line.find('\\', at + 1) : at;
+            if (end == std::string_view::npos)
+                break;
+            for (const char letter : end > at ? line.substr(at + 1, end - at - 1) : line.substr(at, 1))
+                name += letter == ' ' ? '_' : letter;
+            isExtended = isExtended || end > at;
+            at = end + 1;
+        }
+        if (name == "0" && line.substr(at, 2) == "'b") {
+            result += "1'bX";
+            at = endOfLetters(line, at + 2);
+        } else if (isExtended) {
+            result += escapedGhdlName(name);
+        } else if (at > start) {
+            result += name;
+        } else {
+            result += line[at++];
+        }
+    }
+    return result;
+}
+
+std::string escapedGhdlName(std::string_view name)
+{
+    return '\\' + std::string(name) + ' ';
+}
+
+bool isVerilogKeyword(std::string_view word)
+{
+    static const std::unordered_set<std::string_view> keywords{
+        "always",     "and",        "assign",      "automatic", "begin",       "buf",         "case",
+        "cell",       "config",     "deassign",    "default",   "defparam",    "design",      "disable",
+        "edge",       "else",       "end",         "endmodule", "event",       "for",         "force",
+        "forever",    "fork",       "function",    "generate",  "genvar",      "if",          "initial",
+        "inout",      "input",      "instance",    "integer",   "join",        "large",       "liblist",
+        "library",    "localparam", "macromodule", "medium",    "module",      "nand",        "negedge",
+        "nor",        "not",        "or",          "output",    "parameter",   "posedge",     "primitive",
+        "pulldown",   "pullup",     "real",        "realtime",  "reg",         "release",     "repeat",
+        "scalared",   "signed",     "small",       "specify",   "specparam",   "strong0",     "strong1",
+        "supply0",    "supply1",    "table",       "task",      "time",        "tran",        "tri",
+        "tri0",       "tri1",       "triand",      "trior",     "trireg",      "unsigned",    "use",
+        "vectored",   "wait",       "wand",        "weak0",     "weak1",       "while",       "wire",
+        "wor",        "xnor",       "xor",         "bufif0",    "bufif1",      "cmos",        "nmos",
+        "pmos",       "rcmos",      "rnmos",       "rpmos",     "notif0",      "notif1",      "casex",
+        "casez",      "endcase",    "endtask",     "endtable",  "endfunction", "endgenerate", "endprimitive",
+        "endspecify", "highz0",     "highz1",      "pull0",     "pull1",       "rtran",       "rtranif0",
+        "rtranif1",   "tranif0",    "tranif1",     "ifnone",    "incdir",      "include",     "uwire"};
+    return keywords.count(word) > 0;
+}
+
+std::string_view ghdlDeclaredName(std::string_view line)
+{
+    GhdlWords words(line);
+    GhdlWord word;
+    if (!words.next(word) || word.isPin)
+        return std::string_view();
+    const std::string_view kind = wordOf(line, word);
+    const bool isDeclaration = kind == "input" || kind == "output" || kind == "inout" || kind == "wire" ||
+                               kind == "reg" || kind == "localparam";
+    return isDeclaration && words.next(word) ? word.name : std::string_view();
+}
+
+std::string_view ghdlSignal(std::string_view line)
+{
+    const std::string_view assign = "  assign ";
+    GhdlWords words(line);
+    GhdlWord word;
+    const bool isSignal = line.substr(0, assign.size()) == assign && endsWith(line, "// (signal)") &&
+                          words.next(word) && words.next(word);
+    return isSignal ? word.name : std::string_view();
 }
 
 } // namespace QUARRY

@@ -1,33 +1,53 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace QUARRY {
 
-// Reading and mending the lines of one module of the Verilog that GHDL writes: one port, wire or pin a
-// line, escaped names closed by a blank.
+// Reading and mending the lines of the Verilog that GHDL writes: one port, wire or pin a line, escaped names
+// closed by a blank. All in UTF-8, and in one pass over each line, since such a text may be large.
 
-// Matches "\escaped " with its closing blank, or a plain name; one capture.
-QString ghdlNameExpression();
+// A name or keyword in a line; what stands in literals, text and comments is none.
+struct GhdlWord
+{
+    size_t begin = 0;
+    size_t end = 0;
+    std::string_view name; // without the backslash of an escaped one
+    bool isFirst = false;  // in its line, where keywords stand
+    bool isPin = false;    // ".name("
+};
 
-// Replaces the word where it is no pin (".word(") and does not stand first in the line.
-void replaceGhdlWord(QString &line, const QString &word, const QString &by);
+class GhdlWords
+{
+public:
+    explicit GhdlWords(std::string_view line) : m_line(line) {}
+    bool next(GhdlWord &word); // false: there are no more
 
-// The extended identifier u2_\o[1]\ becomes the escaped name \u2_o[1] with its closing blank.
-void escapeExtendedNames(QString &line);
+private:
+    void skipText();
+    std::string_view m_line;
+    size_t m_at = 0;
+    bool m_anyBefore = false; // a word
+};
 
-// Names of VHDL that Verilog reserves, which GHDL writes as they are, become escaped names.
-void escapeKeywords(QStringList &lines);
+// Names, without backslashes, to what stands for them in the text, "n1_o" or "\buf ".
+using GhdlRenames = std::unordered_map<std::string, std::string>;
 
-// The wires "u0_q" that GHDL makes for the outputs of instances get the form of its other wires, by which
-// these are known and not shown. Where the user has a signal of the same name, GHDL declares it twice;
-// then it stays.
-void markOutputWires(QStringList &lines);
+// The words of the line, but for the first and for pins, under their new names.
+std::string renamedGhdlLine(std::string_view line, const GhdlRenames &renames);
+// Pins of that instance under new names.
+std::string renamedGhdlPin(std::string_view line, const GhdlRenames &renames);
 
-QString ghdlDeclaredName(const QString &line);       // of a port, wire or register; empty for other lines
-QString ghdlInstantiatedModule(const QString &line); // "PRIM" of "  PRIM l1 (" or "  PRIM #("
-int ghdlHeaderEnd(const QStringList &lines);         // the line that ends the port list
-bool hasNoGhdlBody(const QStringList &lines);
+// The extended identifier u2_\o[1]\ becomes the escaped name \u2_o[1] with its closing blank. A value of no
+// width, "0'b", which Verilog does not have, becomes one of one bit.
+std::string readableGhdlLine(std::string_view line);
+
+std::string escapedGhdlName(std::string_view name);
+bool isVerilogKeyword(std::string_view word); // that may be a name in VHDL
+
+std::string_view ghdlDeclaredName(std::string_view line); // of a port, wire or register, or empty
+std::string_view ghdlSignal(std::string_view line);       // "s" of "  assign s = n5_o; // (signal)", or empty
 
 } // namespace QUARRY

@@ -1,11 +1,33 @@
 #include "elaboration/tools/ghdlverilog.h"
 
-#include <QRegExp>
+#include <unordered_set>
 
-#include "elaboration/tools/ghdltext.h"
+#include "elaboration/tools/vhdlgenerics.h"
 
 namespace QUARRY {
 namespace {
+
+const int longestName = 60; // Verilator puts a hash in the place of a name of more than 127 characters
+
+QString text(std::string_view line)
+{
+    return QString::fromUtf8(line.data(), int(line.size()));
+}
+
+std::string bytes(const QString &line)
+{
+    return line.toStdString();
+}
+
+bool startsWith(std::string_view line, std::string_view start)
+{
+    return line.substr(0, start.size()) == start;
+}
+
+bool isEnd(std::string_view line)
+{
+    return !line.empty() && line.back() == ';';
+}
 
 QString spelledAs(const QString &word, const QStringList &spellings)
 {
@@ -27,146 +49,437 @@ QString entityOf(const QString &module, const QHash<QString, QString> &entities)
     return entities.value(stem, module);
 }
 
+// The lines of a module, told apart by what they are part of: the head with the ports, an instance of another
+// module, or anything else.
+class Lines
+{
+public:
+    enum Kind { Head, Start, Pin, Other };
+
+    Kind kindOf(std::string_view line)
+    {
+        m_label = GhdlWord();
+        if (m_inHead) {
+            m_inHead = !isEnd(line);
+            return Head;
+        }
+        if (m_inInstance) {
+            m_inInstance = !isEnd(line);
+            if (line.size() > 4 && startsWith(line, "    ") && line[4] != '.')
+                takeName(line);
+            return Pin;
+        }
+        m_inInstance = isStart(line);
+        return m_inInstance ? Start : Other;
+    }
+
+    bool inHead() const { return m_inHead; }
+    const GhdlWord &module() const { return m_module; } // of the line that starts an instance
+    const GhdlWord &label() const { return m_label; }   // of an instance, in the line that has it
+    const std::string &instance() const { return m_name; }
+
+private:
+    // "  PRIM l1 (" or "  PRIM #("
+    bool isStart(std::string_view line)
+    {
+        if (line.size() < 4 || !startsWith(line, "  ") || line[2] == ' ' || line.back() != '(')
+            return false;
+        GhdlWords words(line);
+        if (!words.next(m_module) || (line[m_module.begin] != '\\' && isVerilogKeyword(m_module.name)))
+            return false;
+        m_name = words.next(m_label) ? std::string(m_label.name) : std::string();
+        return !m_name.empty() || line.find("#(") != std::string_view::npos;
+    }
+
+    void takeName(std::string_view line)
+    {
+        GhdlWords words(line);
+        if (words.next(m_label))
+            m_name = std::string(m_label.name);
+    }
+
+    bool m_inHead = true;
+    bool m_inInstance = false;
+    GhdlWord m_module, m_label;
+    std::string m_name; // empty behind "PRIM #(", until the parameters are over
+};
+
+// "u0_q" for "    .q(u0_q)," in u0, which GHDL declares even where nothing is connected; else empty.
+std::string outputWire(std::string_view line, const std::string &instance)
+{
+    GhdlWords words(line);
+    GhdlWord pin, net;
+    if (instance.empty() || !words.next(pin) || !pin.isPin)
+        return std::string();
+    std::string made = instance + '_' + std::string(pin.name);
+    return !words.next(net) || net.name == made ? made : std::string();
+}
+
+// What the names of a module must become: words that Verilog reserves, and the wires that GHDL makes for
+// outputs of instances, which get the form of its other wires, by which these are known and not shown. Where
+// the user has a signal of the same name, GHDL declares it twice; then it stays.
+class Scan
+{
+public:
+    explicit Scan(const std::vector<std::string> &lines)
+    {
+        Lines kinds;
+        std::vector<std::string> wires;
+        for (const std::string &line : lines) {
+            const Lines::Kind kind = kinds.kindOf(line);
+            if (kind == Lines::Pin || kind == Lines::Start)
+                takeInstance(line, kind, kinds, wires);
+            else
+                takeDeclaration(line, kind == Lines::Head);
+        }
+        for (size_t i = 0; i < wires.size(); ++i) {
+            if (m_signals.count(wires[i]))
+                declaredTwice.insert(wires[i]);
+            else
+                renames[wires[i]] = 'n' + std::to_string(1000000 + i) + "_o";
+        }
+    }
+
+    GhdlRenames renames, pinRenames;
+    std::vector<std::string> ports;
+    std::unordered_set<std::string> declaredTwice;
+
+private:
+    void takeInstance(const std::string &line, Lines::Kind kind, const Lines &kinds,
+                      std::vector<std::string> &wires)
+    {
+        GhdlWords words(line);
+        GhdlWord word;
+        if (kind == Lines::Pin && words.next(word) && word.isPin && isVerilogKeyword(word.name) &&
+            line[word.begin] != '\\')
+            pinRenames[std::string(word.name)] = escapedGhdlName(word.name);
+        std::string wire = kind == Lines::Pin ? outputWire(line, kinds.instance()) : std::string();
+        if (!wire.empty())
+            wires.push_back(std::move(wire));
+    }
+
+    void takeDeclaration(const std::string &line, bool isHead)
+    {
+        const std::string_view name = ghdlDeclaredName(line);
+        if (isVerilogKeyword(name) && line[size_t(name.data() - line.data()) - 1] != '\\')
+            renames[std::string(name)] = escapedGhdlName(name);
+        if (isHead && !name.empty())
+            ports.emplace_back(name);
+        const std::string_view signal = ghdlSignal(line);
+        if (!signal.empty())
+            m_signals.insert(std::string(signal));
+    }
+
+    std::unordered_set<std::string> m_signals; // the user's
+};
+
+void dropSecondDeclarations(std::vector<std::string> &lines, std::unordered_set<std::string> names)
+{
+    std::unordered_set<std::string> seen;
+    for (std::string &line : lines) {
+        const std::string name(ghdlDeclaredName(line));
+        if (names.count(name) && !seen.insert(name).second)
+            line.clear();
+    }
+}
+
+std::string headOf(const QString &name, const QStringList &parameters, const QStringList &ports)
+{
+    QStringList declared, names;
+    for (const QString &parameter : parameters)
+        declared.append(QLatin1String("parameter \\") + parameter + QLatin1String(" = ") +
+                        QLatin1String(unsetGeneric));
+    for (const QString &port : ports)
+        names.append(QLatin1Char('\\') + port + QLatin1Char(' '));
+    return bytes(QLatin1String("module \\") + name + QLatin1String(" #(") +
+                 declared.join(QLatin1String(", ")) + QLatin1String(") (") + names.join(QLatin1String(", ")) +
+                 QLatin1String(");"));
+}
+
+// "7" of "output [7:0] q,"; "0" for a single bit.
+std::string highOf(const std::string &line)
+{
+    const size_t open = line.find('[');
+    return open == std::string::npos ? "0" : line.substr(open + 1, line.find(':') - open - 1);
+}
+
 } // namespace
 
-int GhdlVerilog::find(const QString &module) const
+const GhdlVerilog::Module *GhdlVerilog::find(const QString &module) const
 {
-    for (int i = 0; i < m_modules.size(); ++i) {
-        if (m_modules.at(i).name == module)
-            return i;
-    }
-    return -1;
+    const auto found = m_index.find(module);
+    return found == m_index.end() ? nullptr : &m_modules[size_t(found.value())];
 }
 
-QString GhdlVerilog::add(const QByteArray &verilog, const QHash<QString, QString> &entities,
-                         const QSet<QString> &components)
+// "output [7:0] q," of that port; empty when it has none.
+std::string GhdlVerilog::headLine(const Module &module, const std::string &port)
 {
-    QString last;
-    Module module;
-    for (QString line : QString::fromLatin1(verilog).split(QLatin1Char('\n'))) {
-        if (line.startsWith(QLatin1String("module "))) {
-            module = Module();
-            module.name = line.mid(7).section(QRegExp(QLatin1String("[ (;]")), 0, 0);
-        }
-        if (module.name.isEmpty() || line.startsWith(QLatin1String("  /*")))
-            continue;
-        escapeExtendedNames(line);
-        module.lines.append(line);
-        if (line == QLatin1String("endmodule")) {
-            last = module.name;
-            take(module, entities, components);
-            module = Module();
-        }
+    Lines kinds;
+    for (const std::string &line : module.lines) {
+        if (kinds.kindOf(line) != Lines::Head)
+            break;
+        if (ghdlDeclaredName(line) == port)
+            return line.substr(line.find_first_not_of(" ("));
     }
-    return last;
+    return std::string();
 }
 
-void GhdlVerilog::take(Module module, const QHash<QString, QString> &entities,
-                       const QSet<QString> &components)
+void GhdlVerilog::put(const Module &module)
 {
-    const bool isBlackBox = components.contains(module.name.toLower()) && hasNoGhdlBody(module.lines);
-    if (isBlackBox || contains(module.name))
+    const auto found = m_index.find(module.name);
+    if (found != m_index.end()) {
+        m_modules[size_t(found.value())] = module;
         return;
-    escapeKeywords(module.lines);
-    markOutputWires(module.lines);
-    m_names.insert(module.name, entityOf(module.name, entities));
-    m_modules.append(module);
-}
-
-QStringList GhdlVerilog::ports(const QString &module) const
-{
-    QStringList names;
-    const int index = find(module);
-    if (index < 0)
-        return names;
-    const QStringList &lines = m_modules.at(index).lines;
-    const int end = ghdlHeaderEnd(lines);
-    for (int i = 1; i <= end; ++i) {
-        const QString port = ghdlDeclaredName(lines.at(i));
-        if (!port.isEmpty())
-            names.append(port);
     }
-    return names;
+    m_index.insert(module.name, int(m_modules.size()));
+    m_modules.push_back(module);
 }
 
-bool GhdlVerilog::present(const QString &module, const QString &asName, const QStringList &ports,
-                          const QStringList &parameters)
+void GhdlVerilog::start(const QByteArray &verilog, const GhdlNames &names, const QString &asName)
 {
-    const int index = find(module);
-    if (index < 0)
+    m_text = QString::fromLatin1(verilog).toUtf8();
+    m_at = 0;
+    m_given = names;
+    m_asName = asName;
+    m_last.clear();
+    const int top = qMax(0, m_text.lastIndexOf("\nmodule ") + 1);
+    const QByteArray line = m_text.mid(top, m_text.indexOf('\n', top) - top);
+    m_top = line.startsWith("module ") ? QString::fromUtf8(line.mid(7).trimmed()) : QString();
+}
+
+bool GhdlVerilog::takeSome()
+{
+    Module module;
+    while (m_at < m_text.size()) {
+        const int end = m_text.indexOf('\n', m_at);
+        const std::string_view line(m_text.constData() + m_at,
+                                    size_t((end < 0 ? m_text.size() : end) - m_at));
+        m_at += int(line.size()) + 1;
+        if (startsWith(line, "module ")) {
+            module = Module();
+            module.name = text(line.substr(7)).trimmed();
+        }
+        if (module.name.isEmpty() || startsWith(line, "  /*"))
+            continue;
+        module.lines.push_back(readableGhdlLine(line));
+        if (line != "endmodule")
+            continue;
+        take(module);
+        return true;
+    }
+    m_text.clear();
+    return false;
+}
+
+// Short, and the same whenever GHDL writes it.
+QString GhdlVerilog::moduleName(const QString &written)
+{
+    if (written == m_top && !m_asName.isEmpty())
+        return m_asName;
+    if (written.size() <= longestName)
+        return written;
+    QString &name = m_short[written];
+    if (name.isEmpty()) {
+        const QString entity = entityOf(written, m_given.entities);
+        name = entity.left(longestName / 2) + QLatin1String("__g") + QString::number(m_short.size());
+    }
+    return name;
+}
+
+void GhdlVerilog::take(Module &module)
+{
+    const QString written = module.name;
+    const QString entity = entityOf(written, m_given.entities);
+    Scan scan(module.lines);
+    const bool isHollow = m_given.hollow.contains(entity.toLower());
+    const bool isBlackBox = m_given.components.contains(written.toLower());
+    module.name = moduleName(written);
+    module.ports = scan.ports;
+    dropSecondDeclarations(module.lines, std::move(scan.declaredTwice));
+    Lines kinds;
+    std::vector<std::string> lines;
+    bool anyBody = false;
+    for (const std::string &line : module.lines) {
+        const bool isFirst = lines.empty();
+        const Lines::Kind kind = kinds.kindOf(line);
+        anyBody = anyBody || (kind != Lines::Head && !line.empty() && line != "endmodule");
+        if (isHollow && kind != Lines::Head && line != "endmodule")
+            continue;
+        if (m_given.undriven.contains(text(ghdlSignal(line)).toLower()) && line.find("'bX;") != line.npos)
+            continue;
+        lines.push_back(renamedGhdlLine(line, scan.renames));
+        std::string &out = lines.back();
+        const GhdlWord &label = kinds.label();
+        if (isVerilogKeyword(label.name) && line[label.begin] != '\\')
+            out.replace(label.begin, label.name.size(), escapedGhdlName(label.name));
+        if (isFirst) {
+            out = "module " + bytes(module.name);
+        } else if (kind == Lines::Pin) {
+            out = renamedGhdlPin(out, scan.pinRenames);
+        } else if (kind == Lines::Start) {
+            ++m_instances;
+            const GhdlWord &word = kinds.module();
+            const QString target = moduleName(text(word.name));
+            module.instantiated.insert(target);
+            if (target.size() != int(word.name.size()))
+                out.replace(word.begin, word.end - word.begin, bytes(target));
+        }
+    }
+    module.lines = std::move(lines);
+    if (written == m_top)
+        m_last = module.name;
+    if (contains(module.name) || (isBlackBox && !anyBody))
+        return;
+    m_names.insert(module.name, entity);
+    put(module);
+}
+
+bool GhdlVerilog::present(const QString &module, const QString &asName, const QStringList &ports)
+{
+    const Module *found = find(module);
+    if (!found)
         return false;
-    Module copy = m_modules.at(index);
+    Module copy = *found;
+    GhdlRenames renames;
+    for (std::string &port : copy.ports) {
+        const std::string spelling = bytes(spelledAs(text(port), ports));
+        if (spelling != port)
+            renames[port] = spelling;
+        port = spelling;
+    }
+    if (module == asName && renames.empty())
+        return false;
     copy.name = asName;
-    copy.lines[0].replace(7, module.size(), asName);
-    for (const QString &port : this->ports(module)) {
-        const QString spelling = spelledAs(port, ports);
-        for (int i = 1; spelling != port && i < copy.lines.size(); ++i)
-            replaceGhdlWord(copy.lines[i], port, spelling);
-    }
-    if (!parameters.isEmpty() && !copy.lines.join(QString()).contains(QLatin1String("#(parameter "))) {
-        QStringList declared;
-        for (const QString &parameter : parameters)
-            declared.append(QLatin1String("parameter \\") + parameter + QLatin1String(" = 0"));
-        copy.lines[0].insert(7 + asName.size(),
-                             QLatin1String(" #(") + declared.join(QLatin1String(", ")) + QLatin1Char(')'));
-    }
-    if (copy.name == module && copy.lines == m_modules.at(index).lines)
+    copy.lines[0] = "module " + bytes(asName);
+    for (size_t i = 1; i < copy.lines.size() && !renames.empty(); ++i)
+        copy.lines[i] = renamedGhdlLine(copy.lines[i], renames);
+    const Module *known = find(asName);
+    if (known && known->lines == copy.lines)
         return false;
     m_names.insert(asName, m_names.value(module));
-    const int place = find(asName);
-    if (place >= 0)
-        m_modules[place] = copy;
-    else
-        m_modules.append(copy);
+    put(copy);
     return true;
 }
 
 bool GhdlVerilog::renameInstances(const QString &component, const QString &module, const QStringList &ports)
 {
     bool changed = false;
-    QRegExp pin(QLatin1String("^    \\.") + ghdlNameExpression() + QLatin1String("\\("));
     for (Module &owner : m_modules) {
+        if (!owner.instantiated.contains(component))
+            continue;
+        Lines kinds;
         bool inside = false;
-        for (int i = ghdlHeaderEnd(owner.lines) + 1; i < owner.lines.size(); ++i) {
-            QString &line = owner.lines[i];
-            const QString before = line;
-            if (!inside && ghdlInstantiatedModule(line) == component) {
-                inside = true;
-                line.replace(2, component.size(), module);
-            } else if (inside && pin.indexIn(line) == 0) {
-                line.replace(pin.pos(1), pin.cap(1).size(), spelledAs(pin.cap(1), ports));
+        for (std::string &line : owner.lines) {
+            const std::string before = line;
+            const Lines::Kind kind = kinds.kindOf(line);
+            if (kind == Lines::Start) {
+                const GhdlWord word = kinds.module();
+                inside = text(word.name) == component;
+                if (inside)
+                    line.replace(word.begin, word.end - word.begin, bytes(module));
+            } else if (kind == Lines::Pin && inside) {
+                GhdlWords words(line);
+                GhdlWord pin;
+                if (words.next(pin) && pin.isPin)
+                    line = renamedGhdlPin(line,
+                                          {{std::string(pin.name), bytes(spelledAs(text(pin.name), ports))}});
             }
             changed = changed || line != before;
-            inside = inside && !line.endsWith(QLatin1String(");"));
         }
+        owner.instantiated.remove(component);
+        owner.instantiated.insert(module);
     }
     return changed;
 }
 
-void GhdlVerilog::remove(const QString &module)
+void GhdlVerilog::addStandIn(const QString &name, const QStringList &parameters, const QStringList &ports)
 {
-    const int index = find(module);
-    if (index >= 0)
-        m_modules.removeAt(index);
+    Module module;
+    module.name = name;
+    module.lines.push_back(headOf(name, parameters, ports));
+    for (const QString &port : ports)
+        module.lines.push_back("input " + escapedGhdlName(bytes(port)) + ";");
+    module.lines.push_back("endmodule");
+    put(module);
 }
 
-bool GhdlVerilog::isInstantiated(const QString &module) const
+void GhdlVerilog::addChoice(const QString &name, const QStringList &parameters, const QStringList &ports,
+                            const QList<Variant> &variants)
 {
-    for (const Module &owner : m_modules) {
-        for (const QString &line : owner.lines) {
-            if (ghdlInstantiatedModule(line) == module)
-                return true;
+    QList<const Module *> made;
+    for (const Variant &variant : variants)
+        made.append(find(variant.module));
+    const Module *shape = nullptr;
+    for (const Module *module : made)
+        shape = shape ? shape : module;
+    if (!shape)
+        return;
+    Module choice;
+    choice.name = name;
+    std::vector<std::string> declarations;
+    std::string pins;
+    QStringList names;
+    for (const std::string &port : shape->ports) {
+        const std::string spelled = escapedGhdlName(bytes(spelledAs(text(port), ports)));
+        std::string direction, high;
+        for (int i = 0; i < made.size(); ++i) {
+            const std::string line = made.at(i) ? headLine(*made.at(i), port) : std::string();
+            if (!line.empty())
+                direction = line.substr(0, line.find(' '));
+            high += "(" + bytes(variants.at(i).condition) + ") ? " + highOf(line) + " : ";
         }
+        declarations.push_back(direction + " [" + high + "0:0] " + spelled + ";");
+        pins += (pins.empty() ? "." : ", .") + escapedGhdlName(port) + "(" + spelled + ")";
+        names.append(text(spelled).mid(1).trimmed());
     }
-    return false;
+    std::vector<std::string> &lines = choice.lines;
+    lines.push_back(headOf(name, parameters, names));
+    lines.insert(lines.end(), declarations.begin(), declarations.end());
+    lines.push_back("generate");
+    for (int i = 0; i < made.size(); ++i) {
+        lines.push_back((i > 0 ? "else if (" : "if (") + bytes(variants.at(i).condition) +
+                        ") begin : choice");
+        if (made.at(i)) {
+            lines.push_back(bytes(variants.at(i).module) + " u (" + pins + ");");
+            choice.instantiated.insert(variants.at(i).module);
+        }
+        lines.push_back("end");
+    }
+    lines.push_back("endgenerate");
+    lines.push_back("endmodule");
+    for (const QString &port : names)
+        choice.ports.push_back(bytes(port));
+    m_names.insert(name, m_names.value(shape->name));
+    put(choice);
+}
+
+void GhdlVerilog::remove(const QString &module)
+{
+    const auto found = m_index.find(module);
+    if (found == m_index.end())
+        return;
+    m_modules.erase(m_modules.begin() + found.value());
+    m_index.clear();
+    for (size_t i = 0; i < m_modules.size(); ++i)
+        m_index.insert(m_modules[i].name, int(i));
+}
+
+QSet<QString> GhdlVerilog::instantiated() const
+{
+    QSet<QString> all;
+    for (const Module &module : m_modules)
+        all += module.instantiated;
+    return all;
 }
 
 QByteArray GhdlVerilog::sources() const
 {
-    QString text;
-    for (const Module &module : m_modules)
-        text += module.lines.join(QLatin1String("\n")) + QLatin1Char('\n');
-    return text.toUtf8();
+    QByteArray all;
+    for (const Module &module : m_modules) {
+        for (const std::string &line : module.lines)
+            all.append(line.data(), int(line.size())).append('\n');
+    }
+    return all;
 }
 
 } // namespace QUARRY

@@ -2,52 +2,88 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QList>
 #include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
+#include <string>
+#include <vector>
+
+#include "elaboration/tools/ghdltext.h"
+
 namespace QUARRY {
+
+// What the rewriting of GHDL's Verilog must know of the sources.
+struct GhdlNames
+{
+    QHash<QString, QString> entities; // in lower case to the source's spelling
+    QSet<QString> components;         // without an entity, in lower case: their empty modules are left out
+    QSet<QString> hollow;             // entities of which only the ports count, in lower case
+    QSet<QString> undriven;           // signals whose drivers were left out, in lower case
+};
 
 // The Verilog that GHDL makes of VHDL entities, and the small changes that let Verilator read it together
 // with the user's own Verilog: VHDL does not care about case, Verilog does. The text is GHDL's regular
-// output with one port, wire or pin a line, so that it can be changed line by line.
+// output with one port, wire or pin a line, so that it is changed line by line, in one pass.
 class GhdlVerilog
 {
 public:
-    // Takes one run's output. `entities` maps names in lower case to those of the source; `components`
-    // are the ones without an entity, in lower case: the empty modules that GHDL writes for them are left
-    // out. Gives the name of the run's top module.
-    QString add(const QByteArray &verilog, const QHash<QString, QString> &entities,
-                const QSet<QString> &components);
+    // Takes one run's output in pieces of a module each: takeSome() gives false when all is taken. Then
+    // lastModule() is the run's top module, as `asName` when that is given; empty when there is none.
+    void start(const QByteArray &verilog, const GhdlNames &names, const QString &asName);
+    bool takeSome();
+    const QString &lastModule() const { return m_last; }
 
-    bool isEmpty() const { return m_modules.isEmpty(); }
-    bool contains(const QString &module) const { return find(module) >= 0; }
-    QStringList ports(const QString &module) const;
+    bool isEmpty() const { return m_modules.empty(); }
+    bool contains(const QString &module) const { return m_index.contains(module); }
+    int instanceCount() const { return m_instances; }
 
-    // Lets Verilog instantiate `module` under another spelling of its name and ports. The parameters are
-    // accepted and have no effect. False when nothing had to change.
-    bool present(const QString &module, const QString &asName, const QStringList &ports,
-                 const QStringList &parameters);
+    // Lets Verilog instantiate `module` under another spelling of its name and ports. False when nothing had
+    // to change.
+    bool present(const QString &module, const QString &asName, const QStringList &ports);
     // Instances of a component become instances of a Verilog module whose names are spelled otherwise.
     bool renameInstances(const QString &component, const QString &module, const QStringList &ports);
+    // A module without a body, whose parameters show what it is given.
+    void addStandIn(const QString &name, const QStringList &parameters, const QStringList &ports);
+    // One module of that name for all sets of generics that Verilog gives an entity, which instantiates the
+    // one that was made for the set.
+    struct Variant
+    {
+        QString condition; // in Verilog, of the parameters
+        QString module;    // empty: none could be made
+    };
+    void addChoice(const QString &name, const QStringList &parameters, const QStringList &ports,
+                   const QList<Variant> &variants);
     void remove(const QString &module);
-    bool isInstantiated(const QString &module) const;
+    QSet<QString> instantiated() const; // all modules that any of these instantiates
 
     QByteArray sources() const;
-    QMap<QString, QString> moduleNames() const { return m_names; } // as GHDL made them to entities
+    QMap<QString, QString> moduleNames() const { return m_names; } // as in the sources() to entities
 
 private:
     struct Module
     {
         QString name;
-        QStringList lines;
+        std::vector<std::string> lines;
+        std::vector<std::string> ports;
+        QSet<QString> instantiated;
     };
-    int find(const QString &module) const;
-    void take(Module module, const QHash<QString, QString> &entities, const QSet<QString> &components);
+    void take(Module &module);
+    static std::string headLine(const Module &module, const std::string &port);
+    QString moduleName(const QString &written);
+    const Module *find(const QString &module) const;
+    void put(const Module &module);
 
-    QList<Module> m_modules;
+    QByteArray m_text; // of the run being taken
+    int m_at = 0;
+    GhdlNames m_given;
+    QString m_top, m_asName; // of the run: as GHDL names it, as it is to be called
+    QString m_last;
+    std::vector<Module> m_modules;
+    int m_instances = 0;
+    QHash<QString, int> m_index;
+    QHash<QString, QString> m_short; // long names of modules
     QMap<QString, QString> m_names;
 };
 

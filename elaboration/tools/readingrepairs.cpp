@@ -12,6 +12,8 @@
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorrun.h"
 
+#include <algorithm>
+
 namespace QUARRY {
 namespace {
 
@@ -243,7 +245,9 @@ bool ReadingRepairs::leaveOutUnneeded()
 QStringList ReadingRepairs::hints() const
 {
     QStringList hints;
-    if (!m_verilator.top().isEmpty())
+    const bool anywhere = std::any_of(m_errors.begin(), m_errors.end(),
+                                      [](const ToolMessage &error) { return error.file.isEmpty(); });
+    if (!m_verilator.top().isEmpty() || anywhere)
         return hints;
     const SourceNeeds needs(m_verilator.files());
     const QSet<QString> faulty = firstLines(m_errors).keys().toSet();

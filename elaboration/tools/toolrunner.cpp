@@ -32,4 +32,21 @@ void ToolRunner::goOn()
     then(result);
 }
 
+void ToolRunner::work(const std::function<bool()> &piece, const std::function<void()> &then)
+{
+    m_piece = piece;
+    m_afterwards = then;
+    QMetaObject::invokeMethod(this, "doPiece", Qt::QueuedConnection);
+}
+
+void ToolRunner::doPiece()
+{
+    if (m_piece()) {
+        QMetaObject::invokeMethod(this, "doPiece", Qt::QueuedConnection);
+        return;
+    }
+    const std::function<void()> then = m_afterwards;
+    then();
+}
+
 } // namespace QUARRY

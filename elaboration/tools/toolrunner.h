@@ -24,6 +24,9 @@ public:
     ToolRun *startBeside(const ToolCall &call);
     void await(ToolRun *tool, const Then &then);
 
+    // Does a piece of the work after the other, with events handled in between, until one gives false.
+    void work(const std::function<bool()> &piece, const std::function<void()> &then);
+
     void tellStage(const QString &text) { Q_EMIT stageChanged(text); }
 
 Q_SIGNALS:
@@ -31,12 +34,15 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void goOn();
+    void doPiece();
 
 private:
     std::unique_ptr<ToolRun> m_current; // the tool of run()
     std::vector<std::unique_ptr<ToolRun>> m_beside;
     const ToolRun *m_awaited = nullptr;
     Then m_then;
+    std::function<bool()> m_piece;
+    std::function<void()> m_afterwards;
 };
 
 } // namespace QUARRY

@@ -221,10 +221,12 @@ QStringList VerilatorRun::macroArguments() const
     }
     for (const QString &name : m_input.undefines)
         arguments << QLatin1String("-U") + name;
-    for (const QString &parameter : m_parameters)
-        arguments << parameterArgument(parameter);
     if (!m_top.isEmpty())
         arguments << QLatin1String("--top-module") << m_top;
+    if (m_top == m_input.top && !m_files.isEmpty()) { // those of VHDL are obeyed by its tool
+        for (const QString &parameter : m_parameters)
+            arguments << parameterArgument(parameter);
+    }
     return arguments;
 }
 

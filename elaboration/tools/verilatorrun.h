@@ -24,6 +24,8 @@ public:
     QString top() const { return m_top; }
     bool isMade(const QString &file) const { return m_madeFiles.contains(file); }
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
+    bool hasOwnFiles() const { return !m_files.isEmpty(); }
+    void dropOwnFiles() { m_files.clear(); }
     bool orderPackagesFirst();                                 // false when they were
     void addPackages(const QString &file);                     // that other files need, before these
     void addLibraryFile(const QString &file);                  // whose modules are read when they are used

@@ -1,20 +1,20 @@
 #include "elaboration/tools/vhdlpart.h"
 
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QRegExp>
 
 #include "elaboration/reading/ghdltree.h"
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/designinput.h"
-#include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
-#include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/toolmessages.h"
-#include "host/designmanager.h"
 
 namespace QUARRY {
 namespace {
+
+const int manyInstances = 500;
+const char crashed[] = "GHDL Bug occurred";
 
 // "instance "u2" of component "vmod" is not bound"
 QSet<QString> unboundComponents(const QByteArray &messages)
@@ -27,207 +27,322 @@ QSet<QString> unboundComponents(const QByteArray &messages)
     return components;
 }
 
-QString unknownLibrary(const QByteArray &messages)
-{
-    QRegExp library(QLatin1String("cannot find resource library \"(\\w+)\""));
-    return library.indexIn(QString::fromUtf8(messages)) < 0 ? QString() : library.cap(1);
-}
-
 QStringList pinNames(const QList<DumpPin> &pins)
 {
     QStringList names;
-    for (const DumpPin &pin : pins)
-        names.append(pin.name.isEmpty() ? QLatin1String("GENERIC") + QString::number(pin.position)
-                                        : pin.name);
+    for (const DumpPin &pin : pins) {
+        if (!pin.name.isEmpty())
+            names.append(pin.name);
+    }
     return names;
 }
 
-QString spelledModule(const QString &name, const DesignDump &dump)
+const DumpModule *spelledModule(const QString &name, const DesignDump &dump)
 {
     for (const DumpModule &module : dump.modules) {
         if (module.name.compare(name, Qt::CaseInsensitive) == 0)
-            return module.name;
+            return &module;
     }
-    return QString();
+    return nullptr;
 }
 
-QStringList portsOf(const QString &name, const DesignDump &dump)
+// The line of the first error with a place.
+QByteArray firstError(const QByteArray &messages)
 {
-    for (const DumpModule &module : dump.modules) {
-        if (module.name == name)
-            return module.ports + module.parameters;
+    for (const QByteArray &line : messages.split('\n')) {
+        const QList<ToolMessage> found = parseGhdlMessages(line);
+        if (!found.isEmpty() && found.first().severity == ToolMessage::Error && !found.first().file.isEmpty())
+            return line;
     }
-    return QStringList();
+    return QByteArray();
+}
+
+void appendNew(QStringList &list, const QString &text)
+{
+    if (!list.contains(text))
+        list.append(text);
 }
 
 } // namespace
 
 VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner)
-    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
+    : m_input(input),
+      m_scratch(scratch),
+      m_names(names),
+      m_runner(runner),
+      m_analysis(input, scratch, names, runner),
+      m_synthesisFolder(scratch.path())
 {
-    for (const DesignSource &source : input.files) {
-        if (source.type == TE::VhdlFile)
-            m_files.append(source.path);
-    }
 }
 
-ToolCall VhdlPart::call(const QStringList &arguments) const
+void VhdlPart::prepare(const Then &then)
 {
-    ToolCall call;
-    call.name = QLatin1String("GHDL");
-    call.variable = QLatin1String("JEX_GHDL");
-    // "ghdl" itself is a shell script that looks for these.
-    call.program =
-        findTool("JEX_GHDL", QStringList() << QLatin1String("ghdl-mcode") << QLatin1String("ghdl-llvm")
-                                           << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
-    call.workingDir = m_scratch.path();
-    call.writableFolder = m_scratch.path();
-    call.subject = QLatin1String("the VHDL sources");
-    call.arguments = arguments;
-    call.arguments.insert(1, QLatin1String("--std=08"));
-    call.arguments.insert(2, QLatin1String("-frelaxed"));
-    call.arguments.insert(3, QLatin1String("-fsynopsys"));
-    call.arguments.insert(4, QLatin1String("--workdir=") + m_scratch.path());
-    if (!m_library.isEmpty())
-        call.arguments.insert(5, QLatin1String("--work=") + m_library);
-    return call;
-}
-
-void VhdlPart::prepare(const std::function<void(bool)> &then)
-{
-    m_runner.tellStage(QLatin1String("Reading ") + QString::number(m_files.size()) +
-                       QLatin1String(m_files.size() == 1 ? " VHDL file" : " VHDL files"));
-    scanSources();
-    // The project's own order first: it costs nothing when it is right.
-    analyze([=](const ToolResult &first) {
-        if (first.isGood())
+    m_runner.tellStage(QLatin1String("Reading the VHDL files"));
+    m_analysis.run([=](const ToolResult &result) {
+        QStringList messages = m_analysis.takeMessages();
+        const bool isGood = result.isGood() && isAnythingLeft();
+        for (QString &message : messages) {
+            if (!isGood)
+                message.replace(0, 7, QLatin1String("ERROR")); // "WARNING"
+        }
+        m_messages += messages;
+        if (isGood)
             return translateRoots(then);
-        m_files = orderedByUse(m_files, VhdlSource);
-        analyze([=](const ToolResult &second) {
-            if (second.isGood())
-                return translateRoots(then);
-            report(second, false);
-            then(false);
-        });
+        if (result.isGood())
+            return then(false);
+        report(result, false, m_messages);
+        then(false);
     });
 }
 
-void VhdlPart::translateRoots(const std::function<void(bool)> &then)
+// False when all that could be a top module is lost.
+bool VhdlPart::isAnythingLeft()
+{
+    const bool anyVerilog = m_analysis.fileCount() != m_input.files.size();
+    if (anyVerilog && !hasEntity(m_input.top))
+        return true;
+    const QStringList tops = m_input.top.isEmpty() ? roots() : QStringList(m_input.top.toLower());
+    for (const QString &top : tops) {
+        if (!m_analysis.lost().contains(top))
+            return true;
+    }
+    return tops.isEmpty();
+}
+
+void VhdlPart::translateRoots(const Then &then)
 {
     startTree();
-    QStringList wanted = roots();
+    const QHash<QString, QString> &entities = m_analysis.entities();
+    QStringList names = roots();
+    bool areOptional = names.size() > 1 || m_analysis.fileCount() != m_input.files.size();
     if (!m_input.top.isEmpty()) {
         const QString top = m_input.top.toLower();
-        wanted = m_entities.contains(top) ? QStringList(top) : QStringList();
+        names = entities.contains(top) ? QStringList(top) : QStringList();
+        areOptional = false;
     }
-    const bool areOptional = wanted.size() > 1 || m_files.size() != m_input.files.size();
-    translate(wanted, areOptional && m_input.top.isEmpty(), then);
-}
-
-QString VhdlPart::handedOver(const QString &file) const
-{
-    return m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
-}
-
-QMap<QString, QString> VhdlPart::fileNames() const
-{
-    QMap<QString, QString> names;
-    for (const QString &file : m_files) {
-        if (handedOver(file) != file)
-            names.insert(handedOver(file), file);
+    QList<Wanted> wanted;
+    for (const QString &name : names) {
+        const bool isTop = names.size() == 1 && m_input.files.size() == m_analysis.fileCount();
+        wanted.append(
+            {name, isTop || !m_input.top.isEmpty() ? m_input.parameters : QStringList(), QString()});
     }
-    return names;
-}
-
-void VhdlPart::analyze(const ToolRunner::Then &then)
-{
-    QStringList arguments(QLatin1String("-a"));
-    for (const QString &file : m_files)
-        arguments << handedOver(file);
-    m_runner.run(call(arguments), [=](const ToolResult &result) {
-        const QString unknown = m_library.isEmpty() ? unknownLibrary(result.errors) : QString();
-        if (unknown.isEmpty())
-            return then(result);
-        m_library = unknown;
-        m_runner.run(call(arguments), then);
-    });
-}
-
-void VhdlPart::scanSources()
-{
-    for (const QString &file : m_files) {
-        const VhdlNames names = vhdlNames(file);
-        for (const QString &entity : names.entities) {
-            if (!m_entities.contains(entity.toLower()))
-                m_entityOrder.append(entity.toLower());
-            m_entities.insert(entity.toLower(), entity);
-        }
-        m_used += names.instantiated;
-        m_mentionsForeign = m_mentionsForeign || names.mentionsForeign;
-    }
+    translate(wanted, areOptional, then);
 }
 
 QStringList VhdlPart::roots() const
 {
     QStringList entities;
-    for (const QString &entity : m_entityOrder) {
-        if (!m_used.contains(entity))
+    for (const QString &entity : m_analysis.entityOrder()) {
+        if (!m_analysis.used().contains(entity))
             entities.append(entity);
     }
     return entities;
 }
 
-void VhdlPart::translate(QStringList entities, bool areOptional, const std::function<void(bool)> &then)
+void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &then)
 {
-    while (!entities.isEmpty() &&
-           (m_modules.contains(entities.first()) || m_refused.contains(entities.first())))
-        entities.removeFirst();
-    if (entities.isEmpty())
+    while (!wanted.isEmpty() && wanted.first().module.isEmpty() &&
+           (m_modules.contains(wanted.first().entity) || m_refused.contains(wanted.first().entity)))
+        wanted.removeFirst();
+    if (wanted.isEmpty())
         return then(true);
-    const QString entity = entities.takeFirst();
-    m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_entities.value(entity));
-    ToolCall synthesis = call(QStringList() << QLatin1String("--synth") << QLatin1String("--latches")
-                                            << QLatin1String("--out=verilog") << entity);
-    synthesis.evaluatesSources = true;
-    synthesis.subject = QLatin1String("VHDL entity ") + m_entities.value(entity);
-    synthesis.outputFile = m_scratch.file(QLatin1String("entity.v"));
-    m_runner.run(synthesis, [=](const ToolResult &result) {
-        if (!takeTranslation(entity, result, areOptional))
+    const Wanted next = wanted.takeFirst();
+    m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_analysis.entities().value(next.entity));
+    translateOne(next, areOptional, [=](bool isUsable) {
+        if (!isUsable)
             return then(false);
-        const auto others = [=] { translate(entities, areOptional, then); };
-        if (m_modules.contains(entity))
-            recordScopes(entity, others);
-        else
-            others();
+        const auto others = [=] { translate(wanted, areOptional, then); };
+        if (m_verilog.lastModule().isEmpty())
+            return others();
+        recordScopes(next, [=] {
+            if (areOptional || !m_hollow.contains(next.entity) || m_isStarted)
+                return others();
+            blame(next.entity);
+            then(false);
+        });
     });
 }
 
-// False when the design cannot be used without it.
-bool VhdlPart::takeTranslation(const QString &entity, const ToolResult &result, bool isOptional)
+ToolCall VhdlPart::synthesis(const Wanted &wanted) const
 {
-    QFile output(m_scratch.file(QLatin1String("entity.v")));
-    QString module;
-    if (result.isGood() && output.open(QIODevice::ReadOnly))
-        module = m_verilog.add(output.readAll(), m_entities, unboundComponents(result.errors));
-    if (!module.isEmpty()) {
-        m_modules.insert(entity, module);
+    QStringList arguments = QStringList() << QLatin1String("--synth") << QLatin1String("--latches")
+                                          << QLatin1String("--out=verilog");
+    for (const QString &generic : wanted.generics)
+        arguments << QLatin1String("-g") + generic;
+    ToolCall call =
+        m_analysis.call(arguments << wanted.entity, m_analysis.libraryOf(wanted.entity), m_synthesisFolder);
+    call.evaluatesSources = true;
+    call.subject = QLatin1String("VHDL entity ") + m_analysis.entities().value(wanted.entity);
+    call.outputFile = m_scratch.file(QLatin1String("entity.v"));
+    return call;
+}
+
+// Then false when the design cannot be used without it.
+void VhdlPart::translateOne(const Wanted &wanted, bool isOptional, const Then &then)
+{
+    m_runner.run(synthesis(wanted), [=](const ToolResult &result) {
+        GhdlNames names;
+        names.entities = m_analysis.entities();
+        names.components = unboundComponents(result.errors);
+        names.hollow = m_analysis.hollow() + m_hollow;
+        names.undriven = m_analysis.undriven();
+        QFile output(m_scratch.file(QLatin1String("entity.v")));
+        const bool isRead = result.isGood() && output.open(QIODevice::ReadOnly);
+        m_verilog.start(isRead ? output.readAll() : QByteArray(), names, wanted.module);
+        m_runner.work([this] { return m_verilog.takeSome(); },
+                      [=] { takeTranslation(wanted, result, isOptional, then); });
+    });
+}
+
+void VhdlPart::takeTranslation(const Wanted &wanted, const ToolResult &result, bool isOptional,
+                               const Then &then)
+{
+    const QString module = m_verilog.lastModule();
+    if (module.isEmpty()) {
+        if (!hollowOut(wanted, result, isOptional, then))
+            refuse(wanted, result, isOptional, then);
+        return;
+    }
+    if (wanted.module.isEmpty())
+        m_modules.insert(wanted.entity, module);
+    then(true);
+}
+
+void VhdlPart::refuse(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then)
+{
+    const bool goesOn = isOptional && result.outcome == ToolResult::Finished;
+    if (wanted.module.isEmpty()) {
+        m_refused.insert(wanted.entity);
+        m_untranslated.append(m_analysis.entities().value(wanted.entity));
+    }
+    report(result, goesOn, goesOn && wanted.module.isEmpty() ? m_refusals[wanted.entity] : m_messages);
+    then(goesOn);
+}
+
+bool VhdlPart::hollowOut(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then)
+{
+    if (result.outcome != ToolResult::Finished || result.exitCode == 0)
+        return false;
+    QSet<QString> guilty;
+    if (!isToBlame(result, guilty))
+        return false;
+    if (!guilty.isEmpty()) {
+        translateWithout(guilty, wanted, isOptional, then);
         return true;
     }
-    m_refused.insert(entity);
-    m_untranslated.append(m_entities.value(entity));
-    isOptional = isOptional && result.outcome == ToolResult::Finished;
-    report(result, isOptional);
-    return isOptional;
+    // It names no entity: the innermost one that fails so alone is to blame.
+    const bool isCrash = result.errors.contains(crashed);
+    const QByteArray words = isCrash ? QByteArray(crashed) : firstError(result.errors);
+    if (words.isEmpty())
+        return false;
+    findCulprit(m_analysis.below(wanted.entity), words, [=](const QString &entity) {
+        if (entity.isEmpty())
+            return refuse(wanted, result, isOptional, then);
+        QStringList &blamed = m_blamed[entity];
+        if (isCrash)
+            blamed.append(QLatin1String("WARNING: GHDL crashed on VHDL entity ") +
+                          m_analysis.entities().value(entity) +
+                          QLatin1String(" and cannot translate what is in it."));
+        else
+            report(result, true, blamed);
+        m_messages += blamed;
+        translateWithout(QSet<QString>() << entity, wanted, isOptional, then);
+    });
+    return true;
+}
+
+// The entities whose architectures the tool's words name, with their places; false when it blames something
+// else, which nothing here can mend.
+bool VhdlPart::isToBlame(const ToolResult &result, QSet<QString> &found)
+{
+    const QRegExp place(QLatin1String(".*[ (]?([^ (:]+):(\\d+):(\\d+)[:)].*"));
+    bool isElsewhere = false;
+    for (const QByteArray &raw : result.errors.split('\n')) {
+        const QString line = QString::fromUtf8(raw);
+        const QRegExp at(place);
+        if (line.contains(QLatin1String(":warning:")) || line.contains(QLatin1String(":note:")) ||
+            line.startsWith(QLatin1Char(' ')) || !at.exactMatch(line))
+            continue;
+        ToolMessage message;
+        message.severity = ToolMessage::Warning;
+        message.file = at.cap(1);
+        message.line = at.cap(2).toInt();
+        message.text = line.section(at.cap(3) + QLatin1String(": "), 1);
+        message.text = message.text.isEmpty() ? line : message.text;
+        message = m_analysis.placed(message);
+        message.text.replace(at.cap(1), message.file);
+        const VhdlUnit *unit = m_analysis.unitAt(message.file, message.line);
+        if (!unit)
+            continue;
+        if (unit->kind != VhdlUnit::Architecture || m_hollow.contains(unit->entity)) {
+            isElsewhere = isElsewhere || unit->kind == VhdlUnit::Entity;
+            continue;
+        }
+        found.insert(unit->entity);
+        m_messages.append(messageText(message, m_names, m_scratch.path()));
+        m_blamed[unit->entity].append(m_messages.last());
+    }
+    return !found.isEmpty() || !isElsewhere;
+}
+
+// Nothing is known of a top module that can neither be translated nor started.
+void VhdlPart::blame(const QString &entity)
+{
+    for (QString &message : m_messages) {
+        if (m_blamed.value(entity).contains(message))
+            message.replace(0, 7, QLatin1String("ERROR")); // "WARNING"
+    }
+}
+
+void VhdlPart::findCulprit(QStringList candidates, const QByteArray &words,
+                           const std::function<void(const QString &)> &then)
+{
+    while (!candidates.isEmpty() && m_hollow.contains(candidates.first()))
+        candidates.removeFirst();
+    if (candidates.isEmpty())
+        return then(QString());
+    const QString entity = candidates.takeFirst();
+    m_runner.run(synthesis({entity, QStringList(), QString()}), [=](const ToolResult &result) {
+        const bool isIt = result.errors.contains(words);
+        if (isIt || result.outcome != ToolResult::Finished)
+            return then(isIt ? entity : QString());
+        findCulprit(candidates, words, then);
+    });
+}
+
+void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,
+                                const Then &then)
+{
+    m_hollow += entities;
+    const auto retry = [=](const ToolResult &result) {
+        if (result.isGood())
+            translateOne(wanted, isOptional, then);
+        else
+            refuse(wanted, result, isOptional, then);
+    };
+    // The libraries as they are stay what is simulated.
+    const QString folder = m_scratch.file(QLatin1String("synthesis"));
+    if (m_synthesisFolder == folder)
+        return m_analysis.hollowOut(entities, folder, retry);
+    m_synthesisFolder = folder;
+    m_analysis.repeat(folder, [=](const ToolResult &result) {
+        if (result.isGood())
+            m_analysis.hollowOut(entities, folder, retry);
+        else
+            retry(result);
+    });
 }
 
 // Neither the translation nor a waveform says where anything is declared. Without the tree, for whatever
 // reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it.
 void VhdlPart::startTree()
 {
-    QStringList arguments = QStringList() << QLatin1String("-s") << QLatin1String("-ds");
-    for (const QString &file : m_files)
-        arguments << handedOver(file);
-    ToolCall reading = call(arguments);
+    const QString library = m_analysis.entityOrder().isEmpty()
+                                ? QString()
+                                : m_analysis.libraryOf(m_analysis.entityOrder().first());
+    ToolCall reading = m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds")
+                                                     << m_analysis.handedOver(),
+                                       library.isEmpty() ? QLatin1String("work") : library, m_scratch.path());
     reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
     reading.errorFile = treeFile();
     reading.seconds = 30;
@@ -247,15 +362,15 @@ void VhdlPart::finishTree(const std::function<void()> &then) const
         then();
 }
 
-// The translation has lost declared ranges, generate scopes and unused signals; the first moment of a
-// simulation has them all. Without it, for whatever reason, the translation is shown as it is.
-void VhdlPart::recordScopes(const QString &entity, const std::function<void()> &then)
+// The translation has lost declared ranges, generate scopes, members of records and unused signals; the first
+// moment of a simulation has them all. Without it, for whatever reason, the translation is shown as it is.
+void VhdlPart::recordScopes(const Wanted &wanted, const std::function<void()> &then)
 {
-    if (!m_mentionsForeign)
-        return simulate(entity, then);
+    if (!m_analysis.mentionsForeign() || m_isForeignJudged)
+        return simulate(wanted, then);
     finishTree([=] {
         judgeForeign();
-        simulate(entity, then);
+        simulate(wanted, then);
     });
 }
 
@@ -263,7 +378,7 @@ void VhdlPart::recordScopes(const QString &entity, const std::function<void()> &
 // whatever the source says. The word in the text may be any; the tree tells where it is a name.
 void VhdlPart::judgeForeign()
 {
-    m_mentionsForeign = false;
+    m_isForeignJudged = true;
     QString place;
     m_mayRun = m_tree->result().isGood() && !findGhdlName("foreign", treeFile(), place);
     if (m_mayRun)
@@ -284,22 +399,30 @@ QString VhdlPart::realPlace(const QString &place) const
            place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
 }
 
-void VhdlPart::simulate(const QString &entity, const std::function<void()> &then)
+void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
 {
+    m_isStarted = false;
     if (!m_mayRun || !confinementFault().isEmpty())
         return then();
-    const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_waveforms.size()) +
-                                        QLatin1String(".vcd"));
-    ToolCall simulation =
-        call(QStringList() << QLatin1String("--elab-run") << entity << QLatin1String("--stop-time=0ns")
-                           << QLatin1String("--stop-delta=0") << QLatin1String("--vcd=") + file);
-    simulation.subject = QLatin1String("the first moment of VHDL entity ") + m_entities.value(entity);
+    // The wave file knows all types, and takes time that grows with the square of the instances.
+    const bool isWave = m_analysis.mentionsComposites() || m_verilog.instanceCount() < manyInstances;
+    const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
+                                        QLatin1String(isWave ? ".ghw" : ".vcd"));
+    QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
+    for (const QString &generic : wanted.generics)
+        arguments << QLatin1String("-g") + generic;
+    arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
+              << QLatin1String(isWave ? "--wave=" : "--vcd=") + file;
+    ToolCall simulation = m_analysis.call(arguments, wanted.entity);
+    simulation.subject =
+        QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
     simulation.seconds = 30;
     simulation.runsSources = true;
     m_runner.run(simulation, [=](const ToolResult &result) {
+        m_isStarted = result.isGood();
         if (result.outcome == ToolResult::Finished)
-            m_waveforms.insert(entity, file);
+            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, file);
         else if (result.outcome == ToolResult::Stopped)
             m_messages.append(
                 QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
@@ -307,23 +430,36 @@ void VhdlPart::simulate(const QString &entity, const std::function<void()> &then
     });
 }
 
-void VhdlPart::adapt(const DesignDump &dump, const QStringList &missing,
-                     const std::function<void(bool)> &then)
+void VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, const Then &then)
 {
     QList<DumpCell> cells;
-    QStringList wanted;
+    QList<Wanted> wanted;
+    QSet<QString> parametrised;
     for (const DumpCell &cell : dump.cells) {
         if (cell.resolved && !missing.contains(cell.target))
             continue;
         cells.append(cell);
-        if (!isVhdl(dump, cell) && mayPresent(cell))
-            wanted.append(cell.target.toLower());
+        if (!isVhdl(dump, cell) && mayPresent(cell) && !cell.parameters.isEmpty())
+            parametrised.insert(cell.target);
+    }
+    for (const DumpCell &cell : cells) {
+        if (!isVhdl(dump, cell) && mayPresent(cell) && !parametrised.contains(cell.target))
+            wanted.append({cell.target.toLower(), QStringList(), QString()});
     }
     const int known = m_modules.size();
     translate(wanted, true, [=](bool) {
         bool changed = m_modules.size() > known;
-        for (const DumpCell &cell : cells)
-            changed = adaptCell(dump, cell) || changed;
+        QSet<QString> done; // many cells are alike
+        for (const DumpCell &cell : cells) {
+            QString key = QString::number(isVhdl(dump, cell)) + cell.target;
+            for (const DumpPin &pin : cell.ports + cell.parameters)
+                key += QLatin1Char('\n') + pin.name;
+            if (parametrised.contains(cell.target) && !isVhdl(dump, cell))
+                changed = addStandIn(cell) || changed;
+            else if (!done.contains(key))
+                changed = adaptCell(dump, cell) || changed;
+            done.insert(key);
+        }
         dropUnusedSpellings(dump);
         then(changed);
     });
@@ -332,16 +468,17 @@ void VhdlPart::adapt(const DesignDump &dump, const QStringList &missing,
 // Entities that only Verilog instantiates, under another spelling, are not shown a second time.
 void VhdlPart::dropUnusedSpellings(const DesignDump &dump)
 {
-    for (const QString &entity : m_entityOrder) {
+    QSet<QString> used = m_verilog.instantiated();
+    QSet<QString> aliases; // in lower case
+    for (const DumpCell &cell : dump.cells) {
+        used.insert(cell.target);
+        if (m_verilog.contains(cell.target) && cell.target != m_modules.value(cell.target.toLower()))
+            aliases.insert(cell.target.toLower());
+    }
+    for (const QString &entity : m_analysis.entityOrder()) {
         const QString module = m_modules.value(entity);
-        bool isUsed = module.isEmpty() || m_verilog.isInstantiated(module) || entity == m_input.top.toLower();
-        bool hasAlias = false;
-        for (const DumpCell &cell : dump.cells) {
-            isUsed = isUsed || cell.target == module;
-            hasAlias = hasAlias || (cell.target != module && cell.target.toLower() == entity &&
-                                    m_verilog.contains(cell.target));
-        }
-        if (!isUsed && hasAlias)
+        if (!module.isEmpty() && aliases.contains(entity) && !used.contains(module) &&
+            entity != m_input.top.toLower())
             m_verilog.remove(module);
     }
 }
@@ -357,42 +494,112 @@ bool VhdlPart::adaptCell(const DesignDump &dump, const DumpCell &cell)
         return mayPresent(cell) && presentEntity(cell);
     if (m_verilog.contains(cell.target))
         return false;
-    const QString module = spelledModule(cell.target, dump);
-    return !module.isEmpty() && m_verilog.renameInstances(cell.target, module, portsOf(module, dump));
+    const DumpModule *module = spelledModule(cell.target, dump);
+    return module && m_verilog.renameInstances(cell.target, module->name, module->ports + module->parameters);
 }
 
 bool VhdlPart::mayPresent(const DumpCell &cell) const
 {
-    return m_entities.contains(cell.target.toLower()) && (!cell.resolved || m_verilog.contains(cell.target));
+    return m_analysis.entities().contains(cell.target.toLower()) &&
+           (!cell.resolved || m_verilog.contains(cell.target));
 }
 
 bool VhdlPart::presentEntity(const DumpCell &cell)
 {
     const QString entity = cell.target.toLower();
     if (!m_modules.contains(entity)) {
+        m_messages += m_refusals.take(entity);
         if (!m_boxed.contains(entity))
-            m_messages.append(QLatin1String("WARNING: VHDL entity ") + m_entities.value(entity) +
+            m_messages.append(QLatin1String("WARNING: VHDL entity ") + m_analysis.entities().value(entity) +
                               QLatin1String(", which Verilog instantiates, cannot be translated with the "
                                             "default values of its generics. It is shown as a black box."));
         m_boxed.insert(entity);
         return false;
     }
-    const QStringList generics = pinNames(cell.parameters);
-    const bool changed =
-        m_verilog.present(m_verilog.contains(cell.target) ? cell.target : m_modules.value(entity),
-                          cell.target, pinNames(cell.ports), generics);
-    if (changed && !generics.isEmpty())
-        m_messages.append(
-            QLatin1String("WARNING: The generics that Verilog sets on VHDL entity ") +
-            m_entities.value(entity) + QLatin1String(" (") + generics.join(QLatin1String(", ")) +
-            QLatin1String(") have no effect here: the entity is shown with its default values."));
-    return changed;
+    return m_verilog.present(m_verilog.contains(cell.target) ? cell.target : m_modules.value(entity),
+                             cell.target, pinNames(cell.ports));
 }
 
-void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings)
+// Until the values of its parameters are known.
+bool VhdlPart::addStandIn(const DumpCell &cell)
+{
+    if (m_choices.contains(cell.target) || m_boxed.contains(cell.target.toLower()))
+        return false;
+    const VhdlGenericList generics = m_analysis.genericsOf(cell.target.toLower());
+    StandIn &standIn = m_standIns[cell.target];
+    const int before = standIn.parameters.size() + standIn.ports.size();
+    for (const DumpPin &pin : cell.parameters)
+        appendNew(standIn.parameters, pin.name.isEmpty() ? generics.value(pin.position - 1).first : pin.name);
+    for (const DumpPin &pin : cell.ports)
+        appendNew(standIn.ports,
+                  pin.name.isEmpty() ? QLatin1String("port") + QString::number(pin.position) : pin.name);
+    if (before == standIn.parameters.size() + standIn.ports.size())
+        return false;
+    m_verilog.addStandIn(cell.target, standIn.parameters, standIn.ports);
+    return true;
+}
+
+void VhdlPart::adaptGenerics(const QString &xmlFile, const Then &then)
+{
+    const QStringList names = m_standIns.keys();
+    QList<Wanted> wanted;
+    if (names.isEmpty())
+        return then(false);
+    const QMap<QString, QList<VhdlGenericSet>> sets = readVhdlGenerics(xmlFile, names);
+    for (const QString &name : names) {
+        StandIn &standIn = m_standIns[name];
+        const QString entity = name.toLower();
+        QStringList unknown;
+        for (const VhdlGenericSet &set : sets.value(name)) {
+            const QString module = entity.left(40) + QLatin1String("__s") + QString::number(++m_sets);
+            standIn.variants.append({set.condition(standIn.parameters), module});
+            wanted.append({entity, set.arguments(m_analysis.genericsOf(entity), unknown), module});
+        }
+        unknown.removeDuplicates();
+        if (!unknown.isEmpty())
+            m_messages.append(
+                QLatin1String("WARNING: The generics that Verilog sets on VHDL entity ") +
+                m_analysis.entities().value(entity) + QLatin1String(" (") +
+                unknown.join(QLatin1String(", ")) +
+                QLatin1String(") have no effect here: the entity is shown with its default values."));
+    }
+    translate(wanted, true, [=](bool) {
+        for (const QString &name : names)
+            makeChoice(name);
+        m_standIns.clear();
+        then(true);
+    });
+}
+
+void VhdlPart::makeChoice(const QString &name)
+{
+    const StandIn standIn = m_standIns.value(name);
+    QStringList refused;
+    bool anyModule = false;
+    for (const GhdlVerilog::Variant &variant : standIn.variants) {
+        anyModule = anyModule || m_verilog.contains(variant.module);
+        if (!m_verilog.contains(variant.module))
+            refused.append(variant.module);
+    }
+    if (anyModule) {
+        m_verilog.addChoice(name, standIn.parameters, standIn.ports, standIn.variants);
+        m_choices.insert(name);
+        m_untranslated.removeAll(m_analysis.entities().value(name.toLower()));
+    } else {
+        m_verilog.remove(name);
+        m_boxed.insert(name.toLower());
+    }
+    if (!refused.isEmpty())
+        m_messages.append(
+            QLatin1String("WARNING: VHDL entity ") + m_analysis.entities().value(name.toLower()) +
+            QLatin1String(", which Verilog instantiates, cannot be translated with the generics "
+                          "that it is given. It is shown as a black box."));
+}
+
+void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings, QStringList &messages) const
 {
     if (result.outcome != ToolResult::Finished) {
-        m_messages.append(result.message);
+        messages.append(result.message);
         return;
     }
     bool anyError = false;
@@ -402,18 +609,26 @@ void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings)
         anyError = true;
         if (errorsAreWarnings)
             message.severity = ToolMessage::Warning;
-        m_messages.append(messageText(message, m_names, m_scratch.path()));
+        messages.append(messageText(message, m_names, m_scratch.path()));
     }
     if (anyError)
         return;
-    const bool isBug = result.errors.contains("GHDL Bug occurred");
-    m_messages.append(QLatin1String(errorsAreWarnings ? "WARNING: " : "ERROR: ") + QLatin1String("GHDL ") +
-                      (isBug ? QString::fromLatin1("crashed")
-                             : QLatin1String("ended with code ") + QString::number(result.exitCode)) +
-                      QLatin1String(" and gave no design. Look for the VHDL source that causes it by leaving "
-                                    "files out, or check that ") +
-                      call(QStringList(QString())).program + QLatin1String(" is GHDL 2 or later.") +
-                      lastLine(result.errors));
+    const bool isBug = result.errors.contains(crashed);
+    messages.append(QLatin1String(errorsAreWarnings ? "WARNING: " : "ERROR: ") + QLatin1String("GHDL ") +
+                    (isBug ? QString::fromLatin1("crashed")
+                           : QLatin1String("ended with code ") + QString::number(result.exitCode)) +
+                    QLatin1String(" and gave no design. Look for the VHDL source that causes it by leaving "
+                                  "files out, or check that ") +
+                    m_analysis.call(QStringList(QString()), QString()).program +
+                    QLatin1String(" is GHDL 2 or later.") + lastLine(result.errors));
+}
+
+QStringList VhdlPart::refusals() const
+{
+    QStringList words;
+    for (const QString &entity : m_untranslated)
+        words += m_refusals.value(entity.toLower());
+    return words;
 }
 
 QStringList VhdlPart::takeMessages()

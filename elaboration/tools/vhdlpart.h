@@ -11,6 +11,8 @@
 #include "elaboration/tools/designdump.h"
 #include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolrunner.h"
+#include "elaboration/tools/vhdlanalysis.h"
+#include "elaboration/tools/vhdlgenerics.h"
 
 namespace QUARRY {
 
@@ -25,68 +27,102 @@ class VhdlPart
 public:
     VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
 
-    // Reads all sources, in an order that GHDL accepts, and translates the top entity, or without a top
-    // module every entity that no other instantiates. Then false when the design cannot be used: the
-    // messages say why.
+    // Reads all sources and translates the top entity, or without a top module every entity that no other
+    // instantiates. Then false when the design cannot be used: the messages say why.
     void prepare(const std::function<void(bool)> &then);
 
     // Makes Verilog and VHDL meet: translates entities that Verilog instantiates and adapts spellings. Then
     // false when there was nothing to do.
     void adapt(const DesignDump &dump, const QStringList &missing, const std::function<void(bool)> &then);
 
+    // Translates entities for the generics that Verilog sets on them, as that XML of the whole design has
+    // them. Then false when there was nothing to do.
+    void adaptGenerics(const QString &xmlFile, const std::function<void(bool)> &then);
+
     // The module that stands for that entity, in any spelling; empty when there is none.
     QString moduleOf(const QString &entity) const { return m_modules.value(entity.toLower()); }
+    bool hasEntity(const QString &name) const { return m_analysis.entities().contains(name.toLower()); }
     QStringList untranslated() const { return m_untranslated; } // entities that GHDL refused
+    QStringList refusals() const;                               // why
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
     void finishTree(const std::function<void()> &then) const;        // goes on when treeFile() is complete
     QString treeFile() const;                                        // see ReadOptions::vhdlTree
-    QMap<QString, QString> fileNames() const; // as GHDL saw them to the user's own, where these differ
+    QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
+    const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices
     QStringList takeMessages();
 
 private:
-    void analyze(const ToolRunner::Then &then);
-    QString handedOver(const QString &file) const;
+    // An entity, with what its generics are set to.
+    struct Wanted
+    {
+        QString entity;       // lower case
+        QStringList generics; // NAME=VALUE; empty: the default values
+        QString module;       // that it becomes; empty: as GHDL calls it
+    };
+    typedef std::function<void(bool)> Then;
+
     void startTree();
-    void translateRoots(const std::function<void(bool)> &then);
+    void translateRoots(const Then &then);
     // One after the other; then false when one that is not optional was refused.
-    void translate(QStringList entities, bool areOptional, const std::function<void(bool)> &then);
-    bool takeTranslation(const QString &entity, const ToolResult &result, bool isOptional);
-    void recordScopes(const QString &entity, const std::function<void()> &then);
-    void simulate(const QString &entity, const std::function<void()> &then);
+    void translate(QList<Wanted> wanted, bool areOptional, const Then &then);
+    void translateOne(const Wanted &wanted, bool isOptional, const Then &then);
+    void takeTranslation(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then);
+    void refuse(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then);
+    // Entities that GHDL cannot translate lose their body, and the next attempt is made without it.
+    bool hollowOut(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then);
+    bool isToBlame(const ToolResult &result, QSet<QString> &found);
+    void blame(const QString &entity);
+    void findCulprit(QStringList candidates, const QByteArray &words,
+                     const std::function<void(const QString &)> &then);
+    void translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,
+                          const Then &then);
+    ToolCall synthesis(const Wanted &wanted) const;
+    void recordScopes(const Wanted &wanted, const std::function<void()> &then);
+    void simulate(const Wanted &wanted, const std::function<void()> &then);
     void judgeForeign();
     QString realPlace(const QString &place) const;
-    void scanSources();
     QStringList roots() const;
     bool isVhdl(const DesignDump &dump, const DumpCell &cell) const; // what instantiates it
     bool mayPresent(const DumpCell &cell) const;
     bool adaptCell(const DesignDump &dump, const DumpCell &cell);
     bool presentEntity(const DumpCell &cell);
+    bool addStandIn(const DumpCell &cell);
+    void makeChoice(const QString &name);
     void dropUnusedSpellings(const DesignDump &dump);
-    ToolCall call(const QStringList &arguments) const;
-    void report(const ToolResult &result, bool errorsAreWarnings);
+    void report(const ToolResult &result, bool errorsAreWarnings, QStringList &messages) const;
+    bool isAnythingLeft();
 
     const DesignInput &m_input;
     const ScratchDir &m_scratch;
     SafeNames &m_names;
     ToolRunner &m_runner;
-    QStringList m_files; // in an order that GHDL accepts, once it read them
-    // A project does not say which library its files belong to. When they use one that nobody has, it is
-    // theirs; "work" stands for it, too.
-    QString m_library;
-    QHash<QString, QString> m_entities; // lower case to the source's spelling
-    QStringList m_entityOrder;          // lower case, as the sources have them
-    QSet<QString> m_used;               // entities that others instantiate, lower case
-    QHash<QString, QString> m_modules;  // entity in lower case to its module
+    VhdlAnalysis m_analysis;
+    QHash<QString, QString> m_modules; // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
-    bool m_mentionsForeign = false;
+    int m_simulations = 0;
+    bool m_isStarted = false; // the last simulation reached its first moment
     bool m_mayRun = true;
+    bool m_isForeignJudged = false;
     ToolRun *m_tree = nullptr; // the runner's; null before the sources are read
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;
+    QHash<QString, QStringList> m_refusals; // of those, in lower case: the tool's words
+    QHash<QString, QStringList> m_blamed;   // the tool's words about the next ones
+    QSet<QString> m_hollow;                 // entities that GHDL cannot translate
+    QString m_synthesisFolder;              // that of the libraries
     GhdlVerilog m_verilog;
+    // An entity whose generics Verilog sets, until their values are known.
+    struct StandIn
+    {
+        QStringList parameters, ports; // as Verilog spells them
+        QList<GhdlVerilog::Variant> variants;
+    };
+    QMap<QString, StandIn> m_standIns; // by name, as Verilog spells it
+    int m_sets = 0;                    // of generics
+    QSet<QString> m_choices;
     QStringList m_messages;
 };
 

@@ -199,6 +199,52 @@ const char vhdl[] =
 const char boxed[] = "\nWARNING: These modules have no definition and are shown as black boxes, with "
                      "nothing inside: prim";
 
+// Units that use each other across libraries, which nothing but their names tells; what is called "work" is
+// another one in each of them.
+const char libraries[] =
+    "== top.vhd\nlibrary blocks, common; use common.Types.all;\nentity Top is port (A : in Word_T); end;\n"
+    "architecture rtl of Top is begin U : entity blocks.Part port map (A); end;\n"
+    "== part.vhd\nlibrary common; use common.Types.all; use work.helpers.all;\n"
+    "entity Part is port (X : in Word_T); end;\n"
+    "architecture rtl of Part is signal S : help_t; begin S <= X(0); end;\n"
+    "== helpers.vhd\npackage Helpers is subtype help_t is bit; end;\n"
+    "== types.vhd\nuse work.base.all;\npackage Types is subtype Word_T is bit_vector(Width - 1 downto 0); "
+    "end;\n"
+    "== base.vhd\npackage Base is constant Width : integer := 2; end;\n";
+
+void libraryRows()
+{
+    row("VHDL in several libraries", "", libraries, "top Top\nmodules Part Top",
+        "Top:Top A[1:0]\nTop/U:Part S X[1:0]");
+    row("VHDL libraries beside Verilog", "Top=v",
+        libraries + QString("== v.v\nmodule v; Top u(); endmodule\n"), "top v\nmodules Part Top v",
+        "v:v\nv/u:Top A[1:0]\nv/u/U:Part S X[1:0]");
+    const QString sound = "== s.vhd\nentity Sound is port (a : in bit); end;\n"
+                          "architecture r of Sound is begin end;\n";
+    row("VHDL that cannot be read beside Verilog", "",
+        "== h.vhd\nentity half is port (\n== v.v\nmodule v(input x); half u(x); endmodule\n",
+        "top v\nmodules v\nWARNING: @/h.vhd:2: *\nWARNING: The VHDL sources cannot be read and are left "
+        "out." +
+            QString(boxed).replace("prim", "half"),
+        "v:v x\nv/u:half");
+    row("Verilog that cannot be read beside VHDL", "", sound + "== v.v\nmodule v(input x;\n",
+        "top Sound\nmodules Sound\nWARNING: @/v.v:1: *\n"
+        "WARNING: The Verilog sources cannot be read and are left out.",
+        "Sound:Sound a");
+    row("a top of VHDL that cannot be read", "",
+        sound + "== w.vhd\nentity Wrong is port (a : in bit); end;\n"
+                "architecture r of Wrong is begin x; u : entity work.Sound port map (a); end;\n",
+        "top \nmodules \nERROR: @/w.vhd:2: *", "");
+    row("generics of a VHDL top", "Parameters=w=3\nParameters=name=xy",
+        "== g.vhd\nentity G is generic (W : positive; Name : string); port (a : in bit); end;\n"
+        "architecture r of G is signal s : bit_vector(W downto 1); signal t : bit_vector(1 to Name'length);\n"
+        "begin s <= (others => a); t <= (others => a); end;\n",
+        "top G\nmodules G", "G:G a s[3:1] t[1:2]");
+    row("parameters of a Verilog top", "Parameters=W=3",
+        "== g.v\nmodule g #(parameter W = 1)(input [W-1:0] a); endmodule\n", "top g\nmodules g",
+        "g:g a[2:0]");
+}
+
 void vhdlRows()
 {
     row("VHDL in any order", "", vhdl, "top Top\nmodules Leaf Top" + QString(boxed),
@@ -228,6 +274,7 @@ void vhdlRows()
         "architecture a of r is signal u_wire : bit; begin "
         "u : entity work.sub port map (reg, u_wire); q <= u_wire; end;\n",
         "top r\nmodules r sub", "r:r reg q u_wire\nr/u:sub input wire always two words");
+    libraryRows();
 }
 
 void mixedRows()
@@ -235,20 +282,32 @@ void mixedRows()
     row("VHDL in Verilog", "Top=v",
         QString(vhdl) + "== v.v\nmodule v(input x); LEAF #(.W(8)) u0(.C(x)); leaf u1(x, ); Top u2(.CLK(x)); "
                         "endmodule\n",
-        "top v\nmodules *\nWARNING: The generics that Verilog sets on VHDL entity Leaf (W) have no "
-        "effect "
-        "here: the entity is shown with its default values." +
-            QString(boxed),
-        "v:v x\nv/u0:Leaf C q[1:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top CLK q[3:0] reg[3:0]\n"
+        "top v\nmodules Leaf Top v" + QString(boxed),
+        "v:v x\nv/u0:Leaf c q[7:0]\nv/u1:Leaf c q[1:0]\nv/u2:Top clk q[3:0] reg[3:0]\n"
         "v/u2/u:Leaf c q[3:0]\nv/u2/p:prim");
     row("VHDL without a value for its generic", "",
         "== l.vhd\nentity L is generic (W : integer);\nport (a : in bit); end;\narchitecture a of L is "
         "begin "
-        "end;\n== v.v\nmodule v(input x); l #(4) u(x); endmodule\n",
+        "end;\n== v.v\nmodule v(input x); l u(x); endmodule\n",
         "top v\nmodules L v\nWARNING: *\nWARNING: VHDL entity L, which Verilog instantiates, cannot be "
         "translated with the default values of its generics. It is shown as a black box." +
             QString(boxed).replace("prim", "l"),
         "v:v x\nv/u:l");
+    row("generics that Verilog sets on VHDL", "",
+        "== l.vhd\nentity L is generic (W : integer; N : string := \"ab\"; B : boolean := false; R : real := "
+        "1.0);\n"
+        "port (a : in bit; q : out bit_vector(W - 1 downto 0)); end;\n"
+        "architecture r of L is signal s : bit_vector(1 to N'length); begin s <= (others => a); "
+        "g : if B generate signal t : bit; begin t <= a; end generate; end;\n"
+        "== v.v\nmodule m #(parameter P = 1)(input x); l #(.W(P + 1), .n(\"abc\")) u(.a(x));\n"
+        "l #(.W(P), .B(1'b1)) w(.a(1'b1)); endmodule\n"
+        "module v(input x); m #(2) a(x); m b(x); l #(4) p(x, ); l #(.W(2), .R(2.5)) r(x); endmodule\n",
+        "top v\nmodules L m v\nWARNING: The generics that Verilog sets on VHDL entity L (R) have no effect "
+        "here: "
+        "the entity is shown with its default values.",
+        "v:v x\nv/a:m x\nv/a/u:L a q[2:0] s[1:3]\nv/a/w:L a! q[1:0] s[1:2]\nv/a/w/g:g t\n"
+        "v/b:m x\nv/b/u:L a q[1:0] s[1:3]\nv/b/w:L a! q[0:0] s[1:2]\nv/b/w/g:g t\n"
+        "v/p:L a q[3:0] s[1:2]\nv/r:L a q[1:0] s[1:2]");
     row("VHDL in Verilog in VHDL, in a library", "",
         "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
         "architecture a of top is component mid is port (a : in w_t); end component; begin "
@@ -313,7 +372,8 @@ private Q_SLOTS:
         for (const QString &option : options.split('\n', Qt::SkipEmptyParts)) {
             const QString key = option.section('=', 0, 0);
             const QString value = option.section('=', 1);
-            const bool isList = key == "IncludePath" || key == "LibraryPath" || key == "Defines";
+            const bool isList =
+                key == "IncludePath" || key == "LibraryPath" || key == "Defines" || key == "Parameters";
             info[key] = isList ? QVariant(info[key].toStringList() << value) : QVariant(value);
         }
         QVariantList files;
@@ -450,7 +510,8 @@ private Q_SLOTS:
         m_sources->write(
             "b.vhd",
             "entity b is port (x : in bit); end;\narchitecture a of b is signal s : bit; begin s <= x; end;");
-        const QByteArray cut = "cut() { head -c $2 $TMPDIR/$1 > $TMPDIR/cut; mv $TMPDIR/cut $TMPDIR/$1; }\n";
+        const QByteArray cut =
+            "cut() { f=$(echo $TMPDIR/$1); head -c $2 $f > $TMPDIR/cut; mv $TMPDIR/cut $f; }\n";
         qputenv(qPrintable(tool), m_sources->script("tool", cut + script.toUtf8()).toUtf8());
         QStringList seen;
         const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"a.v", "b.vhd"}), seen));

@@ -32,7 +32,8 @@ begin
   q(15) <= '1' when state = IDLE else '0'; q(14 downto 13) <= rec.y; q(12 downto 9) <= (others => '0');
 end architecture;
 
---= top:top clk a pad! n1_o tied! q[15:8]!12!11!10!9 state[1:0] rec[2:0] one[0:0]!
+--= top:top clk a pad! rec.x n1_o tied! q[15:8]!12!11!10!9 state[1:0] rec.y[1:0]
+--= mem[0][7:0] mem[1][7:0] mem[2][7:0] mem[3][7:0] one[0:0]!
 --= top/gen[5]:gen inner
 --= top/gen[5]/u:leaf a y[0:4] s[7:4] never[7:4]
 --= top/gen[5]/extra:extra only

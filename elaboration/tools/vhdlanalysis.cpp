@@ -1,0 +1,403 @@
+#include "elaboration/tools/vhdlanalysis.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegExp>
+
+#include "elaboration/reading/ghdltree.h"
+#include "elaboration/tools/designinput.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourceorder.h"
+#include "host/designmanager.h"
+#include "host/regularfile.h"
+
+namespace QUARRY {
+namespace {
+
+const char followUp[] = "entity '(\\w+)' was not analysed";
+const int maxRepairs = 200; // each changes something
+
+QByteArray contentOf(const QString &path)
+{
+    QByteArray text;
+    QString reason;
+    QUtil::readRegularFile(path, 512 * QUtil::MiB, &text, &reason);
+    return text;
+}
+
+// Of 'cannot find resource library "unisim"' and the like.
+QString quoted(const QString &text, const char *pattern, int which = 1)
+{
+    QRegExp expression((QLatin1String(pattern)));
+    return expression.indexIn(text) < 0 ? QString() : expression.cap(which).toLower();
+}
+
+} // namespace
+
+VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
+                           ToolRunner &runner)
+    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
+{
+}
+
+ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library, const QString &folder) const
+{
+    ToolCall call;
+    call.name = QLatin1String("GHDL");
+    call.variable = QLatin1String("JEX_GHDL");
+    // "ghdl" itself is a shell script that looks for these.
+    call.program =
+        findTool("JEX_GHDL", QStringList() << QLatin1String("ghdl-mcode") << QLatin1String("ghdl-llvm")
+                                           << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
+    call.workingDir = folder; // where it looks for libraries first
+    call.writableFolder = m_scratch.path();
+    call.subject = QLatin1String("the VHDL sources");
+    call.arguments = QStringList() << arguments.first() << QLatin1String("--std=08")
+                                   << QLatin1String("-frelaxed") << QLatin1String("-fsynopsys")
+                                   << QLatin1String("--workdir=") + folder << QLatin1String("-P") + folder
+                                   << QLatin1String("--work=") + library;
+    call.arguments += arguments.mid(1);
+    return call;
+}
+
+ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &entity) const
+{
+    return call(arguments, m_libraryOf.value(entity, QLatin1String("work")), m_scratch.path());
+}
+
+void VhdlAnalysis::run(const ToolRunner::Then &then)
+{
+    scan();
+    m_batches = vhdlBatches(m_order, m_libraries);
+    runBatch(then);
+}
+
+void VhdlAnalysis::scan()
+{
+    for (const DesignSource &source : m_input.files) {
+        if (source.type != TE::VhdlFile)
+            continue;
+        m_files.append({source.path, source.library, scanVhdl(textOf(source.path))});
+        m_order.append(source.path);
+    }
+    m_libraries = vhdlLibraries(m_files);
+    for (const VhdlFile &file : m_files) {
+        for (const VhdlUnit &unit : file.scan.units) {
+            const QString name = unit.name.toLower();
+            if (unit.kind != VhdlUnit::Entity || m_entities.contains(name))
+                continue;
+            m_entityOrder.append(name);
+            m_entities.insert(name, unit.name);
+            m_libraryOf.insert(name, m_libraries.value(file.path).first());
+        }
+        m_used += file.scan.instantiated;
+        m_mentionsForeign = m_mentionsForeign || file.scan.mentionsForeign;
+        m_mentionsComposites = m_mentionsComposites || file.scan.mentionsComposites;
+    }
+}
+
+// The project's own order first: it costs nothing when it is right.
+void VhdlAnalysis::order()
+{
+    m_isOrdered = true;
+    m_order = orderedByUse(m_order, VhdlSource);
+    m_batches = vhdlBatches(m_order, m_libraries);
+    m_batch = 0;
+}
+
+void VhdlAnalysis::runBatch(const ToolRunner::Then &then)
+{
+    if (m_batch == m_batches.size())
+        return then(ToolResult());
+    const VhdlBatch batch = m_batches.at(m_batch);
+    QStringList arguments(QLatin1String("-a"));
+    for (const QString &file : batch.files)
+        arguments << handedOver(file);
+    m_runner.run(call(arguments, batch.library, m_scratch.path()), [=](const ToolResult &result) {
+        if (result.isGood())
+            ++m_batch;
+        else if (result.outcome != ToolResult::Finished)
+            return then(result);
+        else if (!m_isOrdered)
+            order();
+        else if (!repair(batch.library, result))
+            return then(result);
+        runBatch(then);
+    });
+}
+
+void VhdlAnalysis::repeat(const QString &folder, const ToolRunner::Then &then)
+{
+    QDir().mkpath(folder);
+    runBatches(0, folder, then);
+}
+
+void VhdlAnalysis::runBatches(int first, const QString &folder, const ToolRunner::Then &then)
+{
+    if (first == m_batches.size())
+        return then(ToolResult());
+    QStringList arguments(QLatin1String("-a"));
+    for (const QString &file : m_batches.at(first).files)
+        arguments << handedOver(file);
+    m_runner.run(call(arguments, m_batches.at(first).library, folder), [=](const ToolResult &result) {
+        if (!result.isGood())
+            return then(result);
+        runBatches(first + 1, folder, then);
+    });
+}
+
+void VhdlAnalysis::hollowOut(const QSet<QString> &entities, const QString &folder,
+                             const ToolRunner::Then &then)
+{
+    QByteArray text;
+    QString library;
+    for (const VhdlFile &file : m_files) {
+        for (const VhdlUnit &unit : file.scan.units) {
+            if (unit.kind != VhdlUnit::Architecture || !entities.contains(unit.entity))
+                continue;
+            text +=
+                "architecture " + unit.name.toLatin1() + " of " + unit.entity.toLatin1() + " is begin end;\n";
+            library = m_libraryOf.value(unit.entity);
+        }
+    }
+    const QString name = QString::fromLatin1("hollow%1.vhd").arg(++m_repairs);
+    m_scratch.write(name, text);
+    m_runner.run(call(QStringList() << QLatin1String("-a") << m_scratch.file(name), library, folder), then);
+}
+
+bool VhdlAnalysis::repair(const QString &library, const ToolResult &result)
+{
+    if (++m_repairs > maxRepairs)
+        return false;
+    bool changed = false;
+    QList<ToolMessage> errors;
+    for (const ToolMessage &message : parseGhdlMessages(result.errors)) {
+        if (message.severity == ToolMessage::Error && !message.file.isEmpty())
+            errors.append(placed(message));
+    }
+    // From the end, since a repair moves what follows in its line.
+    for (int i = errors.size() - 1; i >= 0; --i)
+        changed = supply(library, errors.at(i)) || changed;
+    if (changed)
+        return true;
+    return leaveOut(errors);
+}
+
+bool VhdlAnalysis::supply(const QString &library, const ToolMessage &message)
+{
+    const QString missing = quoted(message.text, "cannot find resource library \"(\\w+)\"");
+    if (!missing.isEmpty())
+        return supplyPackage(missing, QLatin1String("jex_empty"), QByteArray());
+    const char unit[] = "unit \"(\\w+)\" not found in library \"(\\w+)\"";
+    const QString name = quoted(message.text, unit);
+    const bool isUndeclared = message.text.startsWith(QLatin1String("no declaration for \""));
+    if ((!name.isEmpty() || isUndeclared) && replaceInstance(library, message))
+        return true;
+    if (name.isEmpty())
+        return false;
+    const QString owner = quoted(message.text, unit, 2);
+    return supplyPackage(owner == QLatin1String("work") ? library : owner, name, QByteArray());
+}
+
+// Before what is read next.
+bool VhdlAnalysis::supplyPackage(const QString &library, const QString &name, const QByteArray &content)
+{
+    const QString key = library + QLatin1Char('.') + name.toLower();
+    if (m_supplied.contains(key))
+        return false;
+    m_supplied.insert(key);
+    const QString file = QString::fromLatin1("made%1.vhd").arg(m_made.size());
+    m_scratch.write(file, "package " + name.toLatin1() + " is " + content + " end;\n");
+    m_made.append(m_scratch.file(file));
+    m_batches.insert(m_batch, {library, QStringList(m_made.last())});
+    return true;
+}
+
+// By an instance of a component without ports, whose types nobody knows.
+bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &message)
+{
+    QByteArray text = textOf(message.file);
+    VhdlInstance instance;
+    if (!findVhdlInstance(text, ghdlOffset(text, message.line, message.column), instance) ||
+        instance.name.startsWith(QLatin1Char('\\')))
+        return false;
+    const QByteArray name = instance.name.toLatin1();
+    const QByteArray package = "jex_box_" + name;
+    supplyPackage(library, QString::fromLatin1(package), "component " + name + " is end component;");
+    replaceKeepingLines(text, instance.begin, instance.end, ": component work." + package + '.' + name + ' ');
+    write(message.file, text);
+    m_undriven += instance.words;
+    return true;
+}
+
+// Units that are wrong, and what cannot be without them. Errors that only follow from others are gone with
+// them.
+bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
+{
+    bool changed = false;
+    QMap<QString, QList<ToolMessage>> byFile;
+    for (const ToolMessage &error : errors) {
+        const QString missing = quoted(error.text, followUp);
+        if (missing.isEmpty() || m_missing.contains(missing))
+            byFile[error.file].append(error);
+    }
+    for (auto file = byFile.begin(); file != byFile.end(); ++file)
+        changed = leaveOutOf(file.key(), file.value()) || changed;
+    return changed;
+}
+
+bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
+{
+    QByteArray text = textOf(file);
+    const QList<VhdlUnit> units = scanVhdl(text).units;
+    QMap<int, QPair<int, QByteArray>> edits; // from where, to where and by what
+    for (const ToolMessage &error : errors) {
+        const int at = ghdlOffset(text, error.line, error.column);
+        int index = 0;
+        while (index + 1 < units.size() && units.at(index).end <= at)
+            ++index;
+        if (units.isEmpty() || at < units.at(index).begin) {
+            addClause(text, at, edits);
+        } else if (!edits.contains(units.at(index).begin)) {
+            const VhdlUnit &unit = units.at(index);
+            edits.insert(unit.begin,
+                         qMakePair(unit.end, restOf(unit, quoted(error.text, followUp).isEmpty())));
+        }
+        ToolMessage warning = error;
+        warning.severity = ToolMessage::Warning;
+        if (!edits.isEmpty() && quoted(error.text, followUp).isEmpty())
+            m_messages.append(messageText(warning, m_names, m_scratch.path()));
+    }
+    for (auto edit = edits.end(); edit != edits.begin();) {
+        --edit;
+        replaceKeepingLines(text, edit.key(), edit->first, edit->second);
+    }
+    if (!edits.isEmpty())
+        write(file, text);
+    return !edits.isEmpty();
+}
+
+// What stays of a unit.
+QByteArray VhdlAnalysis::restOf(const VhdlUnit &unit, bool isItsFault)
+{
+    const QString entity = unit.kind == VhdlUnit::Entity ? unit.name.toLower() : unit.entity;
+    if (unit.kind == VhdlUnit::Entity)
+        m_missing.insert(entity);
+    m_lost.insert(entity);
+    if (unit.kind != VhdlUnit::Architecture || !isItsFault || m_hollow.contains(entity))
+        return QByteArray();
+    m_hollow.insert(entity);
+    return "architecture " + unit.name.toLatin1() + " of " + entity.toLatin1() + " is begin end;";
+}
+
+// "use lib.package.name;" before a unit.
+void VhdlAnalysis::addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits)
+{
+    const int end = text.indexOf(';', at);
+    const int begin =
+        qMax(text.lastIndexOf(';', at - text.size() - 1), text.lastIndexOf('\n', at - text.size() - 1)) + 1;
+    if (end >= 0 && begin < end)
+        edits.insert(begin, qMakePair(end + 1, QByteArray()));
+}
+
+QString VhdlAnalysis::handedOver(const QString &file) const
+{
+    return m_made.contains(file) ? file
+                                 : m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
+}
+
+QStringList VhdlAnalysis::handedOver() const
+{
+    QStringList files = m_made;
+    for (const QString &file : m_order)
+        files << handedOver(file);
+    return files;
+}
+
+QMap<QString, QString> VhdlAnalysis::fileNames() const
+{
+    QMap<QString, QString> names;
+    for (const QString &file : m_order) {
+        if (handedOver(file) != file)
+            names.insert(handedOver(file), file);
+    }
+    return names;
+}
+
+// As GHDL gets it.
+QByteArray VhdlAnalysis::textOf(const QString &file) const
+{
+    return contentOf(handedOver(file));
+}
+
+void VhdlAnalysis::write(const QString &file, const QByteArray &text)
+{
+    const QString target = QFileInfo(handedOver(file)).symLinkTarget();
+    QString copy = target;
+    if (!target.startsWith(m_scratch.path())) {
+        copy = m_scratch.file(QString::fromLatin1("repaired%1.vhd").arg(m_edited.size()));
+        m_names.setCopy(file, copy);
+    }
+    m_edited.insert(file);
+    m_scratch.write(QFileInfo(copy).fileName(), text);
+}
+
+ToolMessage VhdlAnalysis::placed(ToolMessage message) const
+{
+    message.file = realFile(message, m_names, m_scratch.path());
+    return message;
+}
+
+VhdlGenericList VhdlAnalysis::genericsOf(const QString &entity) const
+{
+    for (const VhdlFile &file : m_files) {
+        if (file.scan.generics.contains(entity))
+            return file.scan.generics.value(entity);
+    }
+    return VhdlGenericList();
+}
+
+QStringList VhdlAnalysis::below(const QString &entity) const
+{
+    QStringList result;
+    QSet<QString> seen;
+    addBelow(entity, result, seen);
+    return result;
+}
+
+void VhdlAnalysis::addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const
+{
+    if (!m_entities.contains(entity) || seen.contains(entity))
+        return;
+    seen.insert(entity);
+    for (const VhdlFile &file : m_files) {
+        for (const QString &name : file.scan.within.value(entity))
+            addBelow(name, result, seen);
+    }
+    result.append(entity);
+}
+
+const VhdlUnit *VhdlAnalysis::unitAt(const QString &file, int line) const
+{
+    const VhdlUnit *found = nullptr;
+    for (const VhdlFile &known : m_files) {
+        if (known.path != file)
+            continue;
+        for (const VhdlUnit &unit : known.scan.units) {
+            if (unit.line <= line)
+                found = &unit;
+        }
+    }
+    return found;
+}
+
+QStringList VhdlAnalysis::takeMessages()
+{
+    const QStringList messages = m_messages;
+    m_messages.clear();
+    return messages;
+}
+
+} // namespace QUARRY

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+#include "elaboration/tools/toolmessages.h"
+#include "elaboration/tools/toolrunner.h"
+#include "elaboration/tools/vhdllibraries.h"
+
+namespace QUARRY {
+
+struct DesignInput;
+class SafeNames;
+class ScratchDir;
+
+// Lets GHDL read all VHDL sources into their libraries. What it refuses is repaired and read again: files are
+// put behind what they use; libraries and packages that no file has become empty ones; instances of what is
+// not there become instances of black boxes; a unit that is wrong in itself is left out. The sources are not
+// touched: what GHDL reads instead are copies with the same lines.
+class VhdlAnalysis
+{
+public:
+    VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
+
+    // Then the last result of the tool: a good one when the libraries can be used.
+    void run(const ToolRunner::Then &then);
+    // Reads the sources once more, into that folder.
+    void repeat(const QString &folder, const ToolRunner::Then &then);
+    // Gives those entities architectures without anything in them, in that folder only.
+    void hollowOut(const QSet<QString> &entities, const QString &folder, const ToolRunner::Then &then);
+
+    // A run of GHDL on that library.
+    ToolCall call(const QStringList &arguments, const QString &library, const QString &folder) const;
+    ToolCall call(const QStringList &arguments, const QString &entity) const;
+
+    const QHash<QString, QString> &entities() const { return m_entities; } // lower case to spelling
+    const QStringList &entityOrder() const { return m_entityOrder; } // lower case, as the sources have them
+    const QSet<QString> &used() const { return m_used; }             // that others instantiate, lower case
+    QString libraryOf(const QString &entity) const { return m_libraryOf.value(entity); }
+    VhdlGenericList genericsOf(const QString &entity) const;
+    QStringList
+    below(const QString &entity) const; // entities it needs, each behind those that it needs itself
+    // The unit at that place; null when there is none.
+    const VhdlUnit *unitAt(const QString &file, int line) const;
+    bool mentionsForeign() const { return m_mentionsForeign; }
+    bool mentionsComposites() const { return m_mentionsComposites; }
+
+    const QSet<QString> &hollow() const { return m_hollow; }     // entities of which only the ports are known
+    const QSet<QString> &lost() const { return m_lost; }         // those, and others of which nothing is
+    const QSet<QString> &undriven() const { return m_undriven; } // signals that black boxes may drive
+
+    int fileCount() const { return m_files.size(); }
+    QStringList handedOver() const;                // all files, in an order that GHDL accepts
+    QMap<QString, QString> fileNames() const;      // as GHDL saw them to the user's own, where these differ
+    ToolMessage placed(ToolMessage message) const; // with the real name of the file
+    QStringList takeMessages();
+
+private:
+    void scan();
+    void order();
+    void runBatch(const ToolRunner::Then &then);
+    void runBatches(int first, const QString &folder, const ToolRunner::Then &then);
+    bool repair(const QString &library, const ToolResult &result);
+    bool supply(const QString &library, const ToolMessage &message);
+    bool supplyPackage(const QString &library, const QString &name, const QByteArray &content);
+    bool replaceInstance(const QString &library, const ToolMessage &message);
+    bool leaveOut(const QList<ToolMessage> &errors);
+    bool leaveOutOf(const QString &file, const QList<ToolMessage> &errors);
+    QByteArray restOf(const VhdlUnit &unit, bool isItsFault);
+    static void addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits);
+    void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
+    QString handedOver(const QString &file) const;
+    QByteArray textOf(const QString &file) const;
+    void write(const QString &file, const QByteArray &text);
+
+    const DesignInput &m_input;
+    const ScratchDir &m_scratch;
+    SafeNames &m_names;
+    ToolRunner &m_runner;
+    QList<VhdlFile> m_files;
+    QStringList m_order; // of their paths
+    QHash<QString, QStringList> m_libraries;
+    QList<VhdlBatch> m_batches;
+    int m_batch = 0; // the next one
+    bool m_isOrdered = false;
+    int m_repairs = 0;
+    QStringList m_made;       // files of empty packages and black boxes
+    QSet<QString> m_supplied; // "library.package" that they hold
+    QSet<QString> m_edited;   // files that GHDL reads as copies
+    QHash<QString, QString> m_entities;
+    QStringList m_entityOrder;
+    QHash<QString, QString> m_libraryOf;
+    QSet<QString> m_used;
+    QSet<QString> m_hollow, m_lost, m_undriven;
+    QSet<QString> m_missing; // entities that were left out
+    bool m_mentionsForeign = false;
+    bool m_mentionsComposites = false;
+    QStringList m_messages;
+};
+
+} // namespace QUARRY

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QPair>
+#include <QSet>
+#include <QString>
+
+namespace QUARRY {
+
+// One unit of a VHDL file: where its text is, from its first word to behind its last semicolon.
+struct VhdlUnit
+{
+    enum Kind { Entity, Architecture, Package, PackageBody, Other }; // other: configuration, context
+    Kind kind = Other;
+    QString name;   // as it is spelled
+    QString entity; // of an architecture or configuration, in lower case; a body's package
+    int begin = 0;
+    int end = 0;
+    int line = 0; // of the name, from 1
+};
+
+// The generics of an entity in their order: names in lower case, each with the first word of its type.
+typedef QList<QPair<QString, QString>> VhdlGenericList;
+
+// What the words of a VHDL file say, without its grammar. Names in lower case unless said otherwise.
+struct VhdlScan
+{
+    QList<VhdlUnit> units;
+    QSet<QString> libraries;                  // of its library clauses
+    QSet<QPair<QString, QString>> uses;       // "lib.unit", whatever stands before the dot
+    QSet<QString> instantiated;               // entities and components
+    QHash<QString, QSet<QString>> within;     // the same by the entity whose architecture has them
+    QHash<QString, VhdlGenericList> generics; // of entities
+    bool mentionsForeign = false;
+    bool mentionsComposites = false; // types that a VCD cannot hold
+};
+
+VhdlScan scanVhdl(const QByteArray &text);
+
+// An instantiation whose component or entity is named at that place of the text: from its colon to its
+// semicolon, which is no part of it. False when nothing is instantiated there.
+struct VhdlInstance
+{
+    int begin = 0;
+    int end = 0;
+    QString name;        // of component or entity, as spelled there
+    QSet<QString> words; // of its port map
+};
+bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
+
+// Puts other words in the place of those from `begin` to `end`; lines stay what they are.
+void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by);
+
+} // namespace QUARRY
