@@ -202,10 +202,10 @@ QTreeWidgetItem *signalTreeWidget::menuRow()
 
 void signalTreeWidget::onChangeName()
 {
+    finishEdit(); // who hears of it may make other rows
     QTreeWidgetItem *row = menuRow();
     if (!row)
         return;
-    finishEdit();
     scrollToItem(row);
     m_renamed = indexFromItem(row);
     m_editor = new RenameEditor(row->text(0), viewport());

@@ -1,7 +1,6 @@
 #include "views/jexstandardinserterview.h"
 
 #include <QAction>
-#include <QFileSystemWatcher>
 #include <QMenu>
 #include <QPointer>
 
@@ -10,6 +9,7 @@
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
 #include "views/designevents.h"
+#include "views/filewatch.h"
 #include "views/jexstandardinserterviewprivate.h"
 
 namespace RTLJEX {
@@ -22,6 +22,7 @@ JexStandardInserterView::JexStandardInserterView(QWidget *parent)
     ui->setupUi(this);
     d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChange()));
+    connect(d->fileWatcher, SIGNAL(fileReturned(QString)), SLOT(onFileChange()));
     // Queued, since the selection moves while cores and pages come and go.
     connect(ui->treeWidget, SIGNAL(itemSelectionChanged()), SLOT(showSelectedCore()), Qt::QueuedConnection);
     setRecord(d.data());
@@ -147,7 +148,7 @@ void JexStandardInserterView::unsubscribeEvent()
 
 bool JexStandardInserterView::readRtlNetlist()
 {
-    return d->readNetlist();
+    return d->readNetlist() == DesignRead;
 }
 
 void JexStandardInserterView::onRtlReload()

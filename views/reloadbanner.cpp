@@ -30,4 +30,9 @@ void ReloadBanner::setText(const QString &text)
     m_ui->labelFile->setText(text);
 }
 
+QString ReloadBanner::text() const
+{
+    return m_ui->labelFile->text();
+}
+
 } // namespace RTLJEX
