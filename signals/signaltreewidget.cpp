@@ -166,6 +166,7 @@ void signalTreeWidget::onMerge()
         edit.choose(edit.rows.at(index));
         updateAll(edit.rows);
     }
+    scrollToItem(currentItem());
     Q_EMIT itemDragged();
 }
 
@@ -274,6 +275,7 @@ void signalTreeWidget::onReverse()
     for (QTreeWidgetItem *member : row->takeChildren())
         members.prepend(member);
     row->addChildren(members);
+    settleRow(row);
     row->setExpanded(expanded);
     setCurrentItem(row);
     Q_EMIT itemDragged();

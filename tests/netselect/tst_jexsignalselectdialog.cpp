@@ -259,6 +259,50 @@ private Q_SLOTS:
         });
     }
 
+    // The mouse over another module is no choice.
+    void dismissedDropDownsChangeNothing()
+    {
+        run([](QDialog *dialog) {
+            click(dialog, {advanced});
+            QComboBox *box = dialog->findChild<QComboBox *>("comboBoxSearchIn");
+            RtlNetlistTreeView *view = qobject_cast<RtlNetlistTreeView *>(box->view());
+            const QString below = rowNames(search(dialog, ""));
+            for (const bool byKey : {true, false}) {
+                QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(20, box->height() / 2));
+                for (const char *row : {"top", "u2[fifo]"})
+                    QTest::mouseMove(view->viewport(), view->visualItemRect(rowNamed(view, row)).center());
+                QTRY_COMPARE(view->currentItem()->text(0), QString("u2[fifo]"));
+                if (byKey)
+                    QTest::keyClick(view, Qt::Key_Escape);
+                else
+                    view->window()->close();
+                QTRY_VERIFY(!view->isVisible());
+                QCOMPARE(rowNames(search(dialog, "")), below);
+                QCOMPARE(box->currentText(), QString("top"));
+            }
+        });
+    }
+
+    void tipsTellWhatAPatternIs()
+    {
+        run([](QDialog *dialog) {
+            QLineEdit *name = dialog->findChild<QLineEdit *>("lineEditName");
+            QAbstractButton *wildcard = dialog->findChild<QAbstractButton *>("radioButtonWildcard");
+            QAbstractButton *expression =
+                dialog->findChild<QAbstractButton *>("radioButtonRegularExpression");
+            for (QAbstractButton *mode : {wildcard, expression}) {
+                name->setText("clk");
+                mode->click();
+                QVERIFY(mode->toolTip().contains("whole full name"));
+                QCOMPARE(name->toolTip(), mode->toolTip());
+                name->setText(mode == wildcard ? "a[" : "a(");
+                QVERIFY2(name->toolTip().startsWith("not a valid expression: "), qPrintable(name->toolTip()));
+            }
+            dialog->findChild<QAbstractButton *>("radioButtonNormal")->click();
+            QVERIFY(name->toolTip().contains("contains the text"));
+        });
+    }
+
     void keysThatCloseDialogsDoNot()
     {
         const QList<JEX::SignalItem> picked = run([](QDialog *dialog) {

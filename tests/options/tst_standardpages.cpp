@@ -294,6 +294,62 @@ private Q_SLOTS:
         QCOMPARE(page.list()->count(), 16);
     }
 
+    // Double clicks are answered from the event loop: rows may be others by then.
+    void rowsGoBeforeTheirDialogOpens()
+    {
+        TriggerPage page;
+        page.aoCore.triggerPorts[0]->signalItems = signalsFromText("s:top/clk");
+        page.aoCore.expressions << "M1"
+                                << "M2"
+                                << "M3";
+        page.open();
+        // Two in one batch, the second on a row that the first dialog would make anew.
+        QTreeWidgetItem *port = page.ports()->topLevelItem(0);
+        page.press({});
+        Q_EMIT page.ports()->itemDoubleClicked(port->child(0), 0);
+        Q_EMIT page.ports()->itemDoubleClicked(port->child(0), 0);
+        QTRY_VERIFY(page.user.done());
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen, QStringList("dialog | Trigger Port"));
+
+        // The row goes, or another takes its number.
+        Q_EMIT page.list()->itemDoubleClicked(page.list()->item(1));
+        delete page.list()->takeItem(1);
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen.size(), 1);
+        page.press({"btnM5"});
+        Q_EMIT page.list()->itemDoubleClicked(page.list()->item(1));
+        page.list()->insertItem(0, "M0");
+        QTRY_VERIFY(page.user.done());
+        page.user.then([&page](QDialog *dialog) {
+            // Other edits wait until this one is over.
+            Q_EMIT page.list()->itemDoubleClicked(page.list()->item(0));
+            Q_EMIT page.ports()->itemDoubleClicked(page.ports()->topLevelItem(1), 0);
+            QCoreApplication::processEvents();
+            QMetaObject::invokeMethod(page.widget.get(), "editMatchUnit",
+                                      Q_ARG(QModelIndex, page.units()->model()->index(0, 0)));
+            delete page.list()->takeItem(2);
+            dialog->findChild<QPushButton *>("btnM6")->click();
+            leave(dialog);
+        });
+        page.openExpression(2);
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen.size(), 3);
+        QCOMPARE(page.shown(), QString("Dynamic 16: M0,M1"));
+
+        // A key means the view that it was pressed in.
+        page.widget->activateWindow();
+        page.units()->setCurrentIndex(page.units()->model()->index(2, 0));
+        page.list()->setCurrentRow(0);
+        page.units()->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(page.widget.get()));
+        page.press({}, cancel);
+        QTest::keyClick(page.units(), Qt::Key_Return);
+        page.list()->setFocus();
+        QTRY_VERIFY(page.user.done());
+        QVERIFY2(!page.user.seen.last().endsWith("Expression"), qPrintable(page.user.seen.last()));
+    }
+
     void dialogOutlivesPage()
     {
         const std::function<void(TriggerPage &)> openers[] = {
