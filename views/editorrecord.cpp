@@ -106,13 +106,14 @@ bool EditorRecord::saveFile()
     savePages();
     QString errors;
     if (!check(&errors)) {
-        showCheckErrors(m_view, errorsText(), errors);
+        showErrors(m_view, errorsText(), errors);
         return false;
     }
     bool written = false;
+    QString reason;
     {
         const WatchPause pause(fileWatcher, fileName);
-        written = writeCores();
+        written = writeCores(&reason);
         // The last step of a save can fail when the file is written.
         QByteArray bytes;
         QString error;
@@ -122,7 +123,7 @@ bool EditorRecord::saveFile()
             fileMark = mark;
     }
     if (!written) {
-        showWriteFailure(m_view, fileName);
+        showWriteFailure(m_view, fileName, reason);
         return false;
     }
     showTitles(m_view, fileName, false);
@@ -130,9 +131,9 @@ bool EditorRecord::saveFile()
     return true;
 }
 
-bool EditorRecord::writeCores()
+bool EditorRecord::writeCores(QString *error)
 {
-    return configuration.write(fileName, nullptr);
+    return configuration.write(fileName, error);
 }
 
 bool EditorRecord::check(QString *errors) const

@@ -83,7 +83,7 @@ protected:
     bool refusesCore(int count);                    // tells the user when there can not be more cores
     virtual void showCores() = 0;                   // makes their pages, and one core where there is none
     virtual void deletePages() = 0;
-    virtual bool writeCores(); // to the file
+    virtual bool writeCores(QString *error); // to the file
 
     QWidget *bannerContainer; // of the form; set by who builds the form
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPointer>
 
 #include "host/modal.h"
@@ -25,6 +26,7 @@ JexStandardInserterView::JexStandardInserterView(QWidget *parent)
     connect(d->fileWatcher, SIGNAL(fileReturned(QString)), SLOT(onFileChange()));
     // Queued, since the selection moves while cores and pages come and go.
     connect(ui->treeWidget, SIGNAL(itemSelectionChanged()), SLOT(showSelectedCore()), Qt::QueuedConnection);
+    ui->treeWidget->viewport()->installEventFilter(this);
     setRecord(d.data());
     m_changedBanner = createChangedBanner(this, this);
     ui->verticalLayout->insertWidget(1, m_changedBanner);
@@ -119,6 +121,15 @@ void JexStandardInserterView::on_treeWidget_clicked(QModelIndex index)
 void JexStandardInserterView::showSelectedCore()
 {
     changeAoWidget(ui->treeWidget->indexOfTopLevelItem(ui->treeWidget->currentItem()));
+}
+
+// The menu is about the core below the mouse, whichever is shown.
+bool JexStandardInserterView::eventFilter(QObject *object, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::MouseButtonPress;
+    if (isPress && static_cast<QMouseEvent *>(event)->button() == Qt::RightButton)
+        return true;
+    return EditorView::eventFilter(object, event);
 }
 
 void JexStandardInserterView::onModified()

@@ -157,6 +157,31 @@ private Q_SLOTS:
     }
 
     // They make their record and look when asked, and must not differ from those that hold them.
+    void all_data()
+    {
+        QTest::addColumn<QStringList>("clicks");
+        QTest::newRow("flat") << QStringList();
+        QTest::newRow("modules") << QStringList{advanced, below, modules};
+    }
+
+    // Nothing that cannot be used comes along, and no module.
+    void all()
+    {
+        QFETCH(QStringList, clicks);
+        const QString picked = toText(run([&](QDialog *dialog) {
+            click(dialog, clicks);
+            QTreeWidget *tree = search(dialog, "");
+            tree->expandAll();
+            tree->selectAll();
+            for (const QTreeWidgetItem *row : tree->selectedItems())
+                QVERIFY2(!row->text(0).contains(':') || row->text(0).contains('['), qPrintable(row->text(0)));
+            leave(dialog);
+        }));
+        QVERIFY(!picked.contains("~s:") && !picked.contains("~b:top/held") &&
+                picked.contains("s:top/u0/ready"));
+        QVERIFY2(!picked.contains(" ~") && !picked.startsWith("~"), qPrintable(picked));
+    }
+
     void rowsAreThoseOfTheRecords()
     {
         const QUARRY::Hierachy *top = m_netlist->topHierarchy;
@@ -256,6 +281,8 @@ private Q_SLOTS:
             QVERIFY(view->isVisible());
             QCOMPARE(view->currentItem(), fifo);
             box->hidePopup();
+            click(dialog, {advanced}); // a panel that is hidden says nothing
+            QCOMPARE(rowNames(search(dialog, "clk")), QString("top/clk"));
         });
     }
 

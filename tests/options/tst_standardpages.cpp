@@ -129,10 +129,10 @@ private Q_SLOTS:
     void addsFromTrigger()
     {
         CapturePage page(true, "s:top/clk");
-        page.aoCore.triggerPorts[2]->signalItems =
-            signalsFromText("s:top/rst s:top/clk b:top/count[1] g:group_0[0:0]{s:top/p}");
-        page.aoCore.triggerPorts[5]->signalItems =
-            signalsFromText("b:top/count[1] s:top/rst s:top/x g:group_0[0:0]{s:top/q}");
+        page.aoCore.triggerPorts[2]->signalItems = signalsFromText(
+            "s:top/rst s:top/clk b:top/count[1] g:group_0[0:0]{s:top/p} g:group_1[1:0]{s:top/p,s:top/q}");
+        page.aoCore.triggerPorts[5]->signalItems = signalsFromText(
+            "b:top/count[1] s:top/rst s:top/x g:group_0[0:0]{s:top/q} g:group_1[1:0]{s:top/q,s:top/p}");
         page.open();
         for (const auto button : {cancel, QDialogButtonBox::Ok}) {
             QCOMPARE(page.modified->size(), 0);
@@ -143,7 +143,9 @@ private Q_SLOTS:
             });
             page.child<QPushButton>("btnAddFromTp")->click();
         }
-        QCOMPARE(page.rows(), QString("top/clk,top/count[1],top/rst,group_0[0:0](1),top/x,group_0[0:0](1)"));
+        QCOMPARE(
+            page.rows(),
+            QString("top/clk,top/count[1],top/rst,group_0[0:0](1),group_1[1:0](2),top/x,group_0[0:0](1)"));
         QVERIFY(!page.modified->isEmpty());
     }
 
@@ -197,6 +199,11 @@ private Q_SLOTS:
             page.modified->clear();
             device.change(false);
             QVERIFY(!page.modified->isEmpty());
+            // A Dynamic core does not show what is stored, and does not look for it.
+            TriggerPage dynamic;
+            dynamic.aoCore.triggerImplementation = stored;
+            dynamic.open().mode()->setCurrentIndex(1);
+            QCOMPARE(Page::offered(dynamic.implementation()), QString("BSRAM REG:REG"));
             const QString fallen = stored == 1 ? "BSRAM REG:REG" : "BSRAM REG:BSRAM";
             QCOMPARE(Page::offered(page.implementation()), fallen);
             QCOMPARE(Page::offered(page.open().implementation()), fallen);

@@ -5,12 +5,14 @@
 #include <functional>
 #include <unistd.h>
 
+#include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/configtext.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
 #include "tests/views/shown.h"
+#include "views/pathlabel.h"
 
 namespace {
 
@@ -180,7 +182,9 @@ private Q_SLOTS:
         QVERIFY(QDir(m_work->path("gone")).removeRecursively());
         driver.press(QMessageBox::Ok);
         QVERIFY(!shown.view->save());
-        QCOMPARE(driver.seen.join("\n"), "critical | Error | Can not save to " + file + " | OK");
+        QCOMPARE(driver.seen.join("\n"),
+                 "critical | Error | Can not save to " + file + " | OK* Show Details... | Can not save to " +
+                     file + ": creating a file in its folder failed (No such file or directory).");
         QVERIFY(shown.view->isModified());
         QCOMPARE(shown.view->windowTitle(), QString("a.zub *"));
     }
@@ -421,6 +425,42 @@ private Q_SLOTS:
 
         m_work->project.setOption("IncludePath", QStringList("inc"));
         QCOMPARE(shown.banners(), QStringList(designText));
+
+        // What can become of a source.
+        const QString more = m_work->path("more.v");
+        for (const int change : {0, 1, 2}) {
+            shown.answer("Cancel");
+            QCOMPARE(shown.banners(), QStringList());
+            if (change == 0)
+                m_work->project.setFileType(more, TE::SystemVerilogFile);
+            else if (change == 1)
+                m_work->project.setFileEnabled(m_work->path("design.sv"), false);
+            else
+                m_work->project.removeFile(more);
+            QCOMPARE(shown.banners(), QStringList(designText));
+        }
+    }
+
+    // Side by side they have no room for a long path.
+    void bannersElidePaths()
+    {
+        const QString file = config(QString("%1.zub").arg(QString(80, 'x')));
+        Shown shown(m_mode, file);
+        m_work->write(QFileInfo(file).fileName(), "changed");
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
+        m_work->project.setOption("TopModule", "top");
+        shown.container->resize(1300, 600);
+        auto *label = shown.find<RTLJEX::PathLabel>("labelFile");
+        QVERIFY(QTest::qWaitFor([=] { return label->shownText() != label->text(); }));
+        QVERIFY2(label->text().contains(file), "whoever asks has it whole");
+        QCOMPARE(label->toolTip(), file);
+        const QString line = label->shownText().section('\n', 0, 0);
+        QVERIFY2(label->fontMetrics().boundingRect(line).width() <= label->width() + 2, qPrintable(line));
+        QVERIFY2(line.startsWith(QString("The file '") + QChar(0x2026)) &&
+                     line.endsWith(".zub' changed on disk."),
+                 qPrintable(line));
+        label->resize(4000, label->height());
+        QCOMPARE(label->shownText(), label->text());
     }
 
     void designReloadFails()
@@ -582,7 +622,10 @@ private:
         poll->start(5);
     }
 
-    QString config(const char *name, int cores = 1) const { return m_work->writeConfig(m_mode, name, cores); }
+    QString config(const QString &name, int cores = 1) const
+    {
+        return m_work->writeConfig(m_mode, name, cores);
+    }
     QString checkFailed(const QString &details) const
     {
         return "critical | Error | Your settings contain some errors." +
