@@ -7,6 +7,7 @@
 #include "elaboration/elaborationdialog.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
+#include "host/designnews.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -20,16 +21,34 @@ struct CatchRtl
     Q_DECLARE_TR_FUNCTIONS(QUARRY::CatchRtl)
 };
 
+bool isReading = false;
+bool wasCancelled = false;
+
+// Until the caller is told how it went, boxes included.
+class NewsKept
+{
+public:
+    NewsKept() : m_news(new TE::DesignNews) {}
+    ~NewsKept() { m_news->end(); }
+
+private:
+    NewsKept(const NewsKept &);
+    NewsKept &operator=(const NewsKept &);
+
+    TE::DesignNews *m_news;
+};
+
 // Runs the job below a dialog. False when another one runs already: events that are handled meanwhile may ask
 // for a design again, and two readings cannot run inside each other.
 bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *parent)
 {
-    static bool isReading = false;
+    wasCancelled = isReading;
     if (isReading)
         return false;
     isReading = true;
     ElaborationDialog(title, delayMs, parent).run(job);
     isReading = false;
+    wasCancelled = job.isCancelled();
     return true;
 }
 
@@ -55,6 +74,7 @@ void showFailure(const QStringList &messages, QWidget *parent)
 
 bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages, QWidget *parent)
 {
+    const NewsKept news;
     *netlist = nullptr;
     ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
                    ReadingJob::Netlist);
@@ -73,6 +93,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
 bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList &messages,
                      QMap<QString, QVariant> &info, QWidget *parent)
 {
+    const NewsKept news;
     ReadingJob job(designInputFromInfo(info), ReadingJob::Modules);
     if (!runAlone(job, CatchRtl::tr("Read Modules"), modulesDelayMs, parent)) {
         messages.append(busyMessage());
@@ -85,6 +106,16 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
     if (job.isCancelled())
         messages.append(CatchRtl::tr("ERROR: Reading the design was cancelled."));
     return !job.isCancelled() && !found.anyError();
+}
+
+bool isCatchingRtl()
+{
+    return isReading;
+}
+
+bool wasCatchingCancelled()
+{
+    return wasCancelled;
 }
 
 } // namespace QUARRY

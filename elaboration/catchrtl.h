@@ -21,4 +21,11 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
 bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList &messages,
                      QMap<QString, QVariant> &info, QWidget *parent);
 
+// Whether one of the two is under way: another one is refused then.
+bool isCatchingRtl();
+
+// Whether the last of the two that ended did so by no fault of the design: the user cancelled it, or it was
+// refused.
+bool wasCatchingCancelled();
+
 } // namespace QUARRY

@@ -151,10 +151,13 @@ void DesignManager::updateWatchedFiles()
     }
 }
 
-// A file that is replaced by renaming is reported once and then forgotten by the watcher, and one that is
-// not there or can not be read can not be watched at all.
+// The watcher follows what the name stood for when it was added. A file that is replaced by renaming is
+// reported once, and then the old one is watched, which may live on, or none; one that is not there or can
+// not be read can not be watched at all.
 void DesignManager::watch(const QString &path)
 {
+    if (m_watcher->files().contains(path))
+        m_watcher->removePath(path);
     if (QFileInfo(path).isReadable())
         m_watcher->addPath(path);
     else if (!m_missing.contains(path))

@@ -1,32 +1,54 @@
 #include "host/editorregistry.h"
 
 #include <QFileInfo>
-#include <QMap>
+#include <QPair>
 
 namespace Core {
 namespace {
 
-QMap<QString, EditorRegistry::Opener> &openers()
+typedef QPair<QString, EditorRegistry::Opener> Announcement; // by suffix
+
+QList<Announcement> &announcements()
 {
-    static QMap<QString, EditorRegistry::Opener> map;
-    return map;
+    static QList<Announcement> list;
+    return list;
 }
 
 } // namespace
 
 void EditorRegistry::announce(const QString &suffix, Opener open)
 {
-    openers().insert(suffix.toLower(), open);
+    announcements().append(Announcement(suffix.toLower(), open));
 }
 
 EditorRegistry::Opener EditorRegistry::editorFor(const QString &path)
 {
-    return openers().value(QFileInfo(path).suffix().toLower(), nullptr);
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    Opener found = nullptr;
+    for (const Announcement &known : announcements())
+        found = known.first == suffix ? known.second : found;
+    return found;
+}
+
+QList<EditorRegistry::Opener> EditorRegistry::openers()
+{
+    QList<Opener> openers;
+    for (const Announcement &known : announcements())
+        openers.append(known.second);
+    return openers;
+}
+
+void EditorRegistry::withdraw(Opener open)
+{
+    for (int i = announcements().size() - 1; i >= 0; --i) {
+        if (announcements().at(i).second == open)
+            announcements().removeAt(i);
+    }
 }
 
 void EditorRegistry::clear()
 {
-    openers().clear();
+    announcements().clear();
 }
 
 } // namespace Core

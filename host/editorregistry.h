@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include "host/devicearg.h"
@@ -18,6 +19,8 @@ public:
     // for the same suffix takes the place of the earlier one.
     static void announce(const QString &suffix, Opener open);
     static Opener editorFor(const QString &path); // null when nobody edits such files
+    static QList<Opener> openers();               // in order of announcement
+    static void withdraw(Opener open);            // whoever announced before for its suffix is asked again
     static void clear();                          // before plug-ins unload
 };
 

@@ -26,6 +26,16 @@ void FileWizardRegistry::announce(Maker maker)
     wizards().announced.append(maker);
 }
 
+QList<FileWizardRegistry::Maker> FileWizardRegistry::announced()
+{
+    return wizards().announced;
+}
+
+void FileWizardRegistry::withdraw(Maker maker)
+{
+    wizards().announced.removeAll(maker);
+}
+
 void FileWizardRegistry::createFactories()
 {
     const QList<Maker> makers = wizards().announced;

@@ -27,6 +27,8 @@ public:
     typedef IFileWizardFactory *(*Maker)();
 
     static void announce(Maker maker);
+    static QList<Maker> announced(); // that have made none yet
+    static void withdraw(Maker maker);
     // Makes a factory for every maker announced since the last call.
     static void createFactories();
     static QList<IFileWizardFactory *> factories(); // in order of announcement, not owned

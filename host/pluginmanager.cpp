@@ -8,9 +8,13 @@
 
 namespace ExtSys {
 
+using Core::EditorRegistry;
+using Core::FileWizardRegistry;
+
 bool PluginManager::load(const QString &path, QString *errorMessage)
 {
     const QFileInfo file(path);
+    const int editors = EditorRegistry::openers().size(), wizards = FileWizardRegistry::announced().size();
     QString reason;
     QPluginLoader loader(file.absoluteFilePath());
     QObject *object = file.isFile() ? loader.instance() : nullptr;
@@ -24,8 +28,13 @@ bool PluginManager::load(const QString &path, QString *errorMessage)
     else if (!plugin)
         reason =
             QLatin1String("it is a plug-in for another program (this one takes " EXTSYS_IPLUGIN_IID ").");
+    for (const Loaded &known : m_plugins) {
+        if (plugin && known.plugin == plugin)
+            reason = QLatin1String("it is loaded already.");
+    }
     if (reason.isEmpty()) {
-        const Loaded loaded = {file.absoluteFilePath(), plugin};
+        const Loaded loaded = {file.absoluteFilePath(), plugin, EditorRegistry::openers().mid(editors),
+                               FileWizardRegistry::announced().mid(wizards)};
         m_plugins.append(loaded);
         return true;
     }
@@ -39,7 +48,7 @@ QStringList PluginManager::initialize()
 {
     QStringList messages;
     for (int i = 0; i < m_plugins.size();) {
-        if (m_plugins.at(i).plugin->initialize()) {
+        if (start(m_plugins[i])) {
             ++i;
             continue;
         }
@@ -50,6 +59,18 @@ QStringList PluginManager::initialize()
     for (const Loaded &loaded : m_plugins)
         loaded.plugin->extensionsInitialized();
     return messages;
+}
+
+bool PluginManager::start(Loaded &loaded)
+{
+    const int editors = EditorRegistry::openers().size(), wizards = FileWizardRegistry::announced().size();
+    if (loaded.plugin->initialize())
+        return true;
+    for (EditorRegistry::Opener opener : loaded.editors + EditorRegistry::openers().mid(editors))
+        EditorRegistry::withdraw(opener);
+    for (FileWizardRegistry::Maker maker : loaded.wizards + FileWizardRegistry::announced().mid(wizards))
+        FileWizardRegistry::withdraw(maker);
+    return false;
 }
 
 void PluginManager::shutDown()

@@ -4,6 +4,9 @@
 #include <QString>
 #include <QStringList>
 
+#include "host/editorregistry.h"
+#include "host/filewizard.h"
+
 namespace ExtSys {
 
 class IPlugin;
@@ -13,11 +16,11 @@ class IPlugin;
 class PluginManager
 {
 public:
-    // False with a sentence that names the file and why it can not be used.
+    // False with a sentence that names the file and why it can not be used. Nothing is loaded twice.
     bool load(const QString &path, QString *errorMessage);
 
     // Calls initialize() of all that are loaded, then extensionsInitialized() of those that agreed. The
-    // others are not used; a sentence names each.
+    // others are not used, and what they announced is withdrawn; a sentence names each.
     QStringList initialize();
 
     // In reverse order. Afterwards no plug-in is left.
@@ -29,8 +32,12 @@ private:
     struct Loaded
     {
         QString path;
-        IPlugin *plugin; // belongs to the library
+        IPlugin *plugin;                             // belongs to the library
+        QList<Core::EditorRegistry::Opener> editors; // that it announced
+        QList<Core::FileWizardRegistry::Maker> wizards;
     };
+
+    bool start(Loaded &loaded);
 
     QList<Loaded> m_plugins;
 };

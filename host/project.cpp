@@ -300,16 +300,17 @@ void Project::finishChange(bool modified)
     Q_EMIT changed();
 }
 
-void Project::addFile(const QString &path)
+bool Project::addFile(const QString &path)
 {
-    if (indexOf(path) >= 0)
-        return;
+    if (indexOf(path) >= 0 || !QFileInfo(absolutePath(path)).exists())
+        return false;
     SourceFile file;
     file.path = absolutePath(path);
     file.type = TE::fileTypeFromName(path);
     m_data.files.append(file);
     finishChange();
     postAddition(file);
+    return true;
 }
 
 void Project::removeFile(const QString &path)

@@ -88,7 +88,8 @@ public:
     QString absolutePath(const QString &path) const;
 
     // Adds a file (type from its suffix) unless it is in the project already. Posts "TE.File.Add".
-    void addFile(const QString &path);
+    // Refuses what is not there, and what it has already.
+    bool addFile(const QString &path);
     void removeFile(const QString &path);                   // posts "TE.File.Remove"
     void setFileEnabled(const QString &path, bool enabled); // posts "TE.File.Change.Enable"
     void setFileType(const QString &path, int type);        // posts "TE.File.Change.Type"

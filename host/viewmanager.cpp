@@ -52,13 +52,14 @@ void ViewManager::showView(IView *view)
 {
     if (!view)
         return;
+    const bool wasActive = m_active == view && !m_activeLost;
     m_changingTabs = true;
     if (indexOf(view) < 0)
         addView(view);
     tabWidget()->setCurrentWidget(m_entries.at(indexOf(view)).container);
     m_changingTabs = false;
     updateActiveView();
-    if (m_active == view)
+    if (m_active == view && !wasActive)
         view->setFocus();
 }
 
@@ -188,9 +189,11 @@ void ViewManager::onContainerClosed(QWidget *container)
         dropTab(i);
         view->removeEventFilter(this);
         disconnect(view, nullptr, this, nullptr);
+        const QPointer<QObject> alive = container;
         Q_EMIT viewClosed(view);
         updateActiveView();
-        container->deleteLater();
+        if (alive)
+            container->deleteLater();
         return;
     }
 }
@@ -258,11 +261,14 @@ void ViewManager::updateActiveView()
     m_active = current;
     m_activeLost = false;
     updateContexts();
+    // A view may close itself or another one there: then it has been reported already who is active.
+    const QPointer<IView> alive = current;
     if (previous)
         previous->onDeactivated();
-    if (current)
+    if (current && alive && m_active == current)
         current->onActivated();
-    Q_EMIT viewActiveted(current);
+    if (m_active == current && !m_activeLost)
+        Q_EMIT viewActiveted(current);
 }
 
 void ViewManager::updateContexts()

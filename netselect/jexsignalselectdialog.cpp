@@ -68,6 +68,10 @@ JexSignalSelectDialog::JexSignalSelectDialog(QUARRY::RtlNetlist *netlist, QWidge
     m_ui->treeWidget->setHeaderHidden(true);
     setUpModuleBox();
     m_ui->treeWidget->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    for (QRadioButton *mode : findChildren<QRadioButton *>())
+        connect(mode, SIGNAL(toggled(bool)), SLOT(updateNameTip()));
+    connect(m_ui->lineEditName, SIGNAL(textChanged(QString)), SLOT(updateNameTip()));
+    updateNameTip();
     // Return searches also while one of these has the focus.
     for (QAbstractButton *button : m_ui->buttonBox->buttons())
         static_cast<QPushButton *>(button)->setAutoDefault(false);
@@ -85,12 +89,32 @@ void JexSignalSelectDialog::setUpModuleBox()
     m_ui->comboBoxSearchIn->setModel(m_moduleView->model()); // before the view, which it would replace
     m_ui->comboBoxSearchIn->setView(m_moduleView);
     m_ui->comboBoxSearchIn->installEventFilter(this);
+    m_moduleView->installEventFilter(this);
+    connect(m_ui->comboBoxSearchIn, SIGNAL(activated(int)), SLOT(keepModule()));
+}
+
+void JexSignalSelectDialog::keepModule()
+{
+    m_module = m_moduleView->currentIndex();
+}
+
+void JexSignalSelectDialog::restoreModule()
+{
+    if (!m_isLeft)
+        return;
+    m_isLeft = false;
+    m_moduleView->setCurrentIndex(m_module);
 }
 
 // By wheel and arrow keys the closed box would step through the top level alone and then show another module
 // than the tree has current. It opens its tree instead.
 bool JexSignalSelectDialog::eventFilter(QObject *object, QEvent *event)
 {
+    // What was chosen is told after the drop-down has gone.
+    if (object == m_moduleView && event->type() == QEvent::Show)
+        keepModule();
+    else if (object == m_moduleView && event->type() == QEvent::Hide)
+        m_isLeft = QMetaObject::invokeMethod(this, "restoreModule", Qt::QueuedConnection);
     if (object == m_ui->comboBoxSearchIn) {
         if (event->type() == QEvent::Wheel)
             return true;
@@ -170,6 +194,7 @@ void JexSignalSelectDialog::on_pushButtonSearch_clicked()
 void JexSignalSelectDialog::search()
 {
     const Busy busy(m_ui->pushButtonSearch);
+    restoreModule();
     m_ui->treeWidget->clear();
     m_ui->labelFound->clear();
     const SearchOptions options = searchOptions();
@@ -191,6 +216,26 @@ void JexSignalSelectDialog::search()
         showFlatResult(m_ui->treeWidget, nets, buses);
     }
     m_ui->labelFound->setText(tr("Buses: %1, single nets: %2").arg(busCount).arg(netCount));
+}
+
+// The search says nothing about a pattern with which it cannot find anything.
+void JexSignalSelectDialog::updateNameTip()
+{
+    QString tip;
+    for (const QRadioButton *mode : findChildren<QRadioButton *>()) {
+        if (mode->isChecked())
+            tip = mode->toolTip();
+    }
+    const QRegExp pattern = expression();
+    if (!m_ui->radioButtonNormal->isChecked() && !pattern.isValid())
+        tip = tr("not a valid expression: %1").arg(pattern.errorString());
+    m_ui->lineEditName->setToolTip(tip);
+}
+
+QRegExp JexSignalSelectDialog::expression() const
+{
+    const SearchOptions options = searchOptions();
+    return QRegExp(options.pattern, options.caseSensitivity, options.patternSyntax);
 }
 
 // Without the advanced filter the whole design is searched, whatever its hidden panel says.

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 #include <QList>
+#include <QPersistentModelIndex>
+#include <QRegExp>
 #include <memory>
 
 #include "model/jex/signalitem.h"
@@ -46,8 +48,14 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
+private Q_SLOTS:
+    void keepModule();    // the current one of the drop-down is the chosen one
+    void restoreModule(); // the chosen one is the current one
+    void updateNameTip();
+
 private:
     void setUpModuleBox();
+    QRegExp expression() const;
     void search();
     SearchOptions searchOptions() const;
     QUARRY::Hierachy *chosenModule() const;
@@ -55,6 +63,8 @@ private:
     std::unique_ptr<Ui_JexSignalSelectDialog> m_ui;
     QUARRY::RtlNetlist *m_netlist;
     RtlNetlistTreeView *m_moduleView; // the drop-down of "Search In"
+    QPersistentModelIndex m_module;   // what is chosen there, while the mouse goes over others
+    bool m_isLeft = false;            // the drop-down was, and may have another current one
 };
 
 } // namespace RTLJEX

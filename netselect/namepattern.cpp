@@ -126,7 +126,7 @@ bool NamePattern::readSubstring(const QString &pattern)
 {
     addGap();
     for (QChar c : pattern) {
-        if (c.isSurrogate() && !m_caseSensitive)
+        if ((c.isHighSurrogate() || c.isLowSurrogate()) && !m_caseSensitive)
             return false;
         addUnit(textUnit(c));
     }

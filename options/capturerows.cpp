@@ -15,9 +15,9 @@ bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *pa
 {
     const QPointer<QWidget> alive(page);
     const QList<JEX::SignalItem> chosen = JexSignalSelectDialog::getNetName(netlist, page);
+    qDebug("get infor from search");
     if (!alive || chosen.isEmpty())
         return false;
-    qDebug("get infor from search");
     addCaptureRows(tree, chosen);
     return true;
 }
@@ -32,11 +32,14 @@ void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
 {
     QList<JEX::SignalItem> unique;
-    QSet<QString> seen;
+    QSet<QStringList> seen;
     for (const JEX::SignalItem &item : items) {
-        QString key = item.name;
+        QStringList key;
         for (const JEX::SignalItem &member : item.members)
-            key += item.isGroup() ? QLatin1Char('\n') + member.name : QString();
+            key << (item.isGroup() ? member.name : QString());
+        key.sort();
+        key.removeDuplicates();
+        key.prepend(item.name);
         if (!seen.contains(key))
             unique.append(item);
         seen.insert(key);

@@ -24,7 +24,7 @@ bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *pa
 void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen);
 
 // Without later records of a name that came before. Each port numbers its groups on its own, so groups are
-// told apart by their members as well.
+// told apart by their members as well, in whatever order those are.
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items);
 
 // Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.

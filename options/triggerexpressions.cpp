@@ -47,12 +47,12 @@ bool TriggerOptionWidget::eventFilter(QObject *object, QEvent *event)
 
 void TriggerOptionWidget::editExpression(QListWidgetItem *item)
 {
-    const int row = m_ui->listExpression->row(item);
+    const QPersistentModelIndex row(m_ui->listExpression->model()->index(m_ui->listExpression->row(item), 0));
     const QPointer<QWidget> alive(this);
     const QString text = askExpression();
-    if (!alive || text.isEmpty())
+    if (!alive || text.isEmpty() || !row.isValid())
         return;
-    m_ui->listExpression->item(row)->setText(text);
+    m_ui->listExpression->item(row.row())->setText(text);
     Q_EMIT modified();
     updateExpressionCheck();
     updateBsramNumber();
@@ -90,6 +90,9 @@ void TriggerOptionWidget::removeExpressions()
 
 QString TriggerOptionWidget::askExpression()
 {
+    if (m_isEditing)
+        return QString();
+    const EditMark mark(this);
     return MuExpressionDialog::getExpression(this, isStatic());
 }
 

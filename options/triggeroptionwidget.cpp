@@ -1,7 +1,6 @@
 #include "options/triggeroptionwidget.h"
 
 #include <QHeaderView>
-#include <QPointer>
 #include <QShortcut>
 
 #include "host/modal.h"
@@ -52,6 +51,17 @@ TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
 
 TriggerOptionWidget::~TriggerOptionWidget() = default;
 
+TriggerOptionWidget::EditMark::EditMark(TriggerOptionWidget *page) : m_page(page)
+{
+    page->m_isEditing = true;
+}
+
+TriggerOptionWidget::EditMark::~EditMark()
+{
+    if (m_page)
+        m_page->m_isEditing = false;
+}
+
 void TriggerOptionWidget::setUpPorts()
 {
     setRowStyle(m_ui->treeTrigger, "QTreeWidget::item { height: 20px;}QTreeWidget{ icon-size: 17px; }");
@@ -79,15 +89,11 @@ void TriggerOptionWidget::setUpMatchUnits()
 // dialog, so the dialogs are opened from the event loop.
 void TriggerOptionWidget::connectDoubleClicks()
 {
-    qRegisterMetaType<QTreeWidgetItem *>("QTreeWidgetItem*");
-    qRegisterMetaType<QListWidgetItem *>("QListWidgetItem*");
-    qRegisterMetaType<QModelIndex>("QModelIndex");
     connect(m_ui->treeTrigger, SIGNAL(itemDoubleClicked(QTreeWidgetItem *, int)),
-            SLOT(editTrigger(QTreeWidgetItem *, int)), Qt::QueuedConnection);
-    connect(m_ui->tableMu, SIGNAL(doubleClicked(QModelIndex)), SLOT(editMatchUnit(QModelIndex)),
-            Qt::QueuedConnection);
+            SLOT(askEdit(QTreeWidgetItem *)));
+    connect(m_ui->tableMu, SIGNAL(doubleClicked(QModelIndex)), SLOT(askEdit(QModelIndex)));
     connect(m_ui->listExpression, SIGNAL(itemDoubleClicked(QListWidgetItem *)),
-            SLOT(editExpression(QListWidgetItem *)), Qt::QueuedConnection);
+            SLOT(askEdit(QListWidgetItem *)));
 }
 
 // What the mouse can do. Each key belongs to its view alone.
@@ -97,7 +103,7 @@ void TriggerOptionWidget::connectKeys()
     for (QWidget *view : views) {
         for (const Qt::Key code : {Qt::Key_Return, Qt::Key_Enter}) {
             const QShortcut *key = new QShortcut(code, view, nullptr, nullptr, Qt::WidgetShortcut);
-            connect(key, SIGNAL(activated()), SLOT(editCurrent()), Qt::QueuedConnection);
+            connect(key, SIGNAL(activated()), SLOT(askEditCurrent()));
         }
     }
     const QShortcut *key =
@@ -107,14 +113,47 @@ void TriggerOptionWidget::connectKeys()
     connect(key, SIGNAL(activated()), SLOT(toggleUnit()));
 }
 
-void TriggerOptionWidget::editCurrent()
+// A signal stands for its port.
+void TriggerOptionWidget::askEdit(QTreeWidgetItem *item)
 {
-    if (m_ui->treeTrigger->hasFocus())
-        editTrigger(m_ui->treeTrigger->currentItem(), 0);
-    else if (m_ui->tableMu->hasFocus())
-        editMatchUnit(m_ui->tableMu->currentIndex());
-    else if (m_ui->listExpression->currentItem())
-        editExpression(m_ui->listExpression->currentItem());
+    const QTreeWidgetItem *port = item && item->parent() ? item->parent() : item;
+    const int row = m_ui->treeTrigger->indexOfTopLevelItem(const_cast<QTreeWidgetItem *>(port));
+    askEdit(m_ui->treeTrigger->model()->index(row, 0));
+}
+
+void TriggerOptionWidget::askEdit(QListWidgetItem *item)
+{
+    askEdit(m_ui->listExpression->model()->index(m_ui->listExpression->row(item), 0));
+}
+
+// Of the view whose key it was.
+void TriggerOptionWidget::askEditCurrent()
+{
+    if (sender()->parent() == m_ui->treeTrigger)
+        askEdit(m_ui->treeTrigger->currentItem());
+    else
+        askEdit(static_cast<QAbstractItemView *>(sender()->parent())->currentIndex());
+}
+
+// A row is carried, since rows come and go until the event loop is reached. The last of several counts.
+void TriggerOptionWidget::askEdit(const QModelIndex &row)
+{
+    m_asked = row;
+    QMetaObject::invokeMethod(this, "editAsked", Qt::QueuedConnection);
+}
+
+void TriggerOptionWidget::editAsked()
+{
+    const QModelIndex row = m_asked;
+    m_asked = QModelIndex();
+    if (!row.isValid())
+        return;
+    if (row.model() == m_ui->treeTrigger->model())
+        editTrigger(m_ui->treeTrigger->topLevelItem(row.row()), 0);
+    else if (row.model() == m_units)
+        editMatchUnit(row);
+    else
+        editExpression(m_ui->listExpression->item(row.row()));
 }
 
 void TriggerOptionWidget::save()
@@ -148,8 +187,9 @@ void TriggerOptionWidget::editTrigger(QTreeWidgetItem *item, int)
         item = item->parent();
     const int index = m_ui->treeTrigger->indexOfTopLevelItem(item);
     JEX::TriggerPort *port = m_core->getTrigger(index);
-    if (!port)
+    if (!port || m_isEditing)
         return;
+    const EditMark mark(this);
     const QPointer<QWidget> alive(this); // the page can be closed under the dialog
     QUtil::Modal<TriggerPortDialog> dialog(new TriggerPortDialog(port, m_netlist, this));
     if (dialog->exec() != QDialog::Accepted || !alive)
@@ -165,16 +205,18 @@ void TriggerOptionWidget::editTrigger(QTreeWidgetItem *item, int)
 void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
 {
     JEX::MatchUnit *unit = index.isValid() ? m_units->muFromIndex(index) : nullptr;
-    if (!unit)
+    if (!unit || m_isEditing)
         return;
-    const int row = index.row();
+    const EditMark mark(this);
+    const QPersistentModelIndex row(index);
     const QPointer<QWidget> alive(this);
     QUtil::Modal<JEX::MatchUnitDialog> dialog(new JEX::MatchUnitDialog(unit, false, this));
     if (dialog->exec() != QDialog::Accepted || !alive)
         return;
     if (unit->triggerPort)
         unit->enabled = true;
-    m_units->updateRow(row);
+    if (row.isValid())
+        m_units->updateRow(row.row());
     m_ui->tableMu->resizeColumnsToContents();
     updateBsramNumber();
     Q_EMIT modified();
@@ -230,6 +272,8 @@ void TriggerOptionWidget::updateTriggerTree()
                 children.append(makeSignalRow(item, SignalRow));
         }
         row->addChildren(children);
+        for (QTreeWidgetItem *child : children)
+            settleRow(child);
     }
 }
 

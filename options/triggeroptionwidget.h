@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QModelIndex>
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 
@@ -53,11 +54,29 @@ private Q_SLOTS:
     void onImpleChange();
     void updateMatchUnitNumber(bool all);
     void updateExpressionCheck();
-    void editCurrent();
+    void askEdit(QTreeWidgetItem *item);
+    void askEdit(QListWidgetItem *item);
+    void askEdit(const QModelIndex &row);
+    void askEditCurrent();
+    void editAsked();
     void removeExpressions();
     void toggleUnit();
 
 private:
+    // While a dialog of the page is open, the slots that edit do nothing.
+    class EditMark
+    {
+    public:
+        explicit EditMark(TriggerOptionWidget *page);
+        ~EditMark();
+
+    private:
+        EditMark(const EditMark &);
+        EditMark &operator=(const EditMark &);
+
+        QPointer<TriggerOptionWidget> m_page;
+    };
+
     void setUpPorts();
     void setUpMatchUnits();
     void setUpExpressions();
@@ -81,6 +100,8 @@ private:
     QUARRY::RtlNetlist *m_netlist;
     JEX::MatchUnitModel *m_units; // a child of the page
     DeviceWatch m_device;
+    QPersistentModelIndex m_asked; // to be edited as soon as the event loop is reached
+    bool m_isEditing = false;
 };
 
 } // namespace RTLJEX

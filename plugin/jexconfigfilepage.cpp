@@ -10,15 +10,38 @@
 
 namespace RTLJEX {
 
+namespace {
+
+// Takes out what is not allowed, wherever it comes from. A text that does not match would be taken as it is
+// when the one before it did not match either.
+class NameValidator : public QRegExpValidator
+{
+public:
+    NameValidator(const QRegExp &allowed, QObject *parent) : QRegExpValidator(allowed, parent) {}
+
+    State validate(QString &input, int &position) const override
+    {
+        for (int i = input.size() - 1; i >= 0; --i) {
+            if (regExp().exactMatch(input.mid(i, 1)))
+                continue;
+            input.remove(i, 1);
+            position -= i < position ? 1 : 0;
+        }
+        return QRegExpValidator::validate(input, position);
+    }
+};
+
+} // namespace
+
 JexConfigFilePage::JexConfigFilePage(QMap<QString, QVariant> *fields, QWidget *parent)
     : QWizardPage(parent), m_fields(fields), m_ui(new Ui::JexConfigFilePage)
 {
     m_ui->setupUi(this);
     // What no file system takes in a name, and the dot: the extension is fixed.
     const QRegExp allowed("[^~\\.<>/\\\\|\\:\"\\*\\?]*", Qt::CaseSensitive);
-    m_ui->fileLineEdit->setValidator(new QRegExpValidator(allowed, this));
     connect(m_ui->fileLineEdit, SIGNAL(textChanged(QString)), this, SIGNAL(completeChanged()));
-    m_ui->fileLineEdit->setText(findProperName());
+    m_ui->fileLineEdit->setText(findProperName()); // as it is
+    m_ui->fileLineEdit->setValidator(new NameValidator(allowed, this));
     m_ui->fileLineEdit->selectAll();
 }
 

@@ -4,6 +4,8 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItem>
 
+#include "signals/signalrows.h"
+
 namespace RTLJEX {
 
 RowEdit::RowEdit(QTreeWidget *tree)
@@ -27,6 +29,8 @@ RowEdit::~RowEdit()
 {
     m_tree->setAutoScroll(false); // a new current row would be scrolled to
     m_tree->addTopLevelItems(rows);
+    for (QTreeWidgetItem *row : rows)
+        settleRow(row);
     restoreExpansion();
     restoreSelection();
     m_tree->setAutoScroll(m_autoScroll);

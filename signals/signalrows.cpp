@@ -114,6 +114,14 @@ QTreeWidgetItem *makeSignalRow(const JEX::SignalItem &item, int type)
     return row;
 }
 
+void settleRow(QTreeWidgetItem *row)
+{
+    if (row->flags() & Qt::ItemIsEnabled)
+        return;
+    row->setFlags(row->flags() | Qt::ItemIsEnabled);
+    row->setFlags(row->flags() & ~Qt::ItemIsEnabled);
+}
+
 void signal2TreeItem(QTreeWidget *tree, JEX::SignalItem item, int type)
 {
     if (tree)
@@ -122,8 +130,10 @@ void signal2TreeItem(QTreeWidget *tree, JEX::SignalItem item, int type)
 
 void signal2TreeItem(QTreeWidgetItem *parent, JEX::SignalItem item, int type)
 {
-    if (parent)
-        parent->addChild(makeSignalRow(item, type));
+    if (!parent)
+        return;
+    parent->addChild(makeSignalRow(item, type));
+    settleRow(parent->child(parent->childCount() - 1));
 }
 
 void signal2TreeItemWithIndex(QTreeWidget *tree, JEX::SignalItem item, int index, int type)
@@ -143,6 +153,7 @@ void signal2TreeItemForHierarchy(QTreeWidgetItem *parent, JEX::SignalItem item, 
         setRecord(row->child(i), item.members.at(i));
     }
     parent->addChild(row);
+    settleRow(row);
 }
 
 void insertSignalRows(QTreeWidget *tree, const QList<JEX::SignalItem> &items, int index, int type)
@@ -226,11 +237,14 @@ bool canRemoveRows(const QTreeWidget *tree)
 
 bool removeChosenRows(QTreeWidget *tree)
 {
-    if (!canRemoveRows(tree))
-        return false;
-    const QList<QTreeWidgetItem *> leaving = tree->selectedItems();
-    RowEdit(tree).remove(leaving);
-    return true;
+    QList<QTreeWidgetItem *> leaving;
+    for (QTreeWidgetItem *row : tree->selectedItems()) {
+        if (!row->parent())
+            leaving.append(row);
+    }
+    if (!leaving.isEmpty())
+        RowEdit(tree).remove(leaving);
+    return !leaving.isEmpty();
 }
 
 } // namespace RTLJEX

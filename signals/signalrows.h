@@ -31,6 +31,10 @@ void insertCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &items, i
 // The row as the functions above make it, not yet in a tree.
 QTreeWidgetItem *makeSignalRow(const JEX::SignalItem &item, int type);
 
+// To be called for a row that was taken out and put in, or put below another: the toolkit enables its members
+// then, although it is not.
+void settleRow(QTreeWidgetItem *row);
+
 // The record of a row; a default one when it carries none.
 JEX::SignalItem recordOf(const QTreeWidgetItem *row);
 void setRecord(QTreeWidgetItem *row, const JEX::SignalItem &item);
@@ -55,7 +59,8 @@ QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree);
 
 // Whether the selection may be removed: it has rows, and none of them is a member of another.
 bool canRemoveRows(const QTreeWidget *tree);
-// Removes it if so; the tree reports its selection once. False when nothing happened.
+// Removes the rows of the selection that are no members; the tree reports its selection once. False when
+// nothing happened.
 bool removeChosenRows(QTreeWidget *tree);
 
 } // namespace RTLJEX

@@ -3,6 +3,8 @@
 #include "model/netlist/rtlmodule.h"
 #include "model/netlist/rtlnetlist.h"
 #include "signals/busmerge.h"
+#include "signals/repeatrules.h"
+#include "signals/signallistindex.h"
 
 namespace RTLJEX {
 
@@ -115,13 +117,9 @@ void classifySignals(const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &
 
 void CheckRepeatSignal(JEX::SignalItem &item, QList<JEX::SignalItem> &list)
 {
-    for (int i = 0; i < list.size(); ++i) {
-        if (list.at(i).name == item.name) {
-            list.removeAt(i);
-            item.capEnable = true;
-            return;
-        }
-    }
+    SignalListIndex index(list);
+    judgeSingleRow(item, index);
+    list = index.records();
 }
 
 void CheckBus(QList<JEX::SignalItem> &list, JEX::SignalItem item)

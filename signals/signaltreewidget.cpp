@@ -166,6 +166,7 @@ void signalTreeWidget::onMerge()
         edit.choose(edit.rows.at(index));
         updateAll(edit.rows);
     }
+    scrollToItem(currentItem());
     Q_EMIT itemDragged();
 }
 
@@ -202,10 +203,10 @@ QTreeWidgetItem *signalTreeWidget::menuRow()
 
 void signalTreeWidget::onChangeName()
 {
+    finishEdit(); // who hears of it may make other rows
     QTreeWidgetItem *row = menuRow();
     if (!row)
         return;
-    finishEdit();
     scrollToItem(row);
     m_renamed = indexFromItem(row);
     m_editor = new RenameEditor(row->text(0), viewport());
@@ -274,6 +275,7 @@ void signalTreeWidget::onReverse()
     for (QTreeWidgetItem *member : row->takeChildren())
         members.prepend(member);
     row->addChildren(members);
+    settleRow(row);
     row->setExpanded(expanded);
     setCurrentItem(row);
     Q_EMIT itemDragged();

@@ -17,7 +17,13 @@ MuExpressionDialog::MuExpressionDialog(QWidget *parent) : QDialog(parent), m_ui(
     mapTokens();
     connect(m_ui->btnBackspace, SIGNAL(clicked()), SLOT(backspaceClicked()));
     connect(m_ui->btnClear, SIGNAL(clicked()), SLOT(clearAllClicked()));
-    m_ui->btnM0->setFocus();
+    // Whoever types does not press the button that was clicked last by a blank.
+    for (QPushButton *button : findChildren<QPushButton *>()) {
+        if (!m_ui->buttonBox->isAncestorOf(button))
+            button->setFocusPolicy(Qt::TabFocus);
+    }
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
 }
 
 MuExpressionDialog::~MuExpressionDialog() = default;
@@ -62,12 +68,15 @@ bool MuExpressionDialog::isOk() const
 
 void MuExpressionDialog::expBtnClicked(const QString &token)
 {
+    pressTyped();
     m_tokens.append(token);
     showTokens();
 }
 
 void MuExpressionDialog::backspaceClicked()
 {
+    if (!m_typed.isEmpty())
+        return forgetTyped();
     if (m_tokens.isEmpty())
         return;
     m_tokens.removeLast();
@@ -76,20 +85,69 @@ void MuExpressionDialog::backspaceClicked()
 
 void MuExpressionDialog::clearAllClicked()
 {
+    forgetTyped();
     m_tokens.clear();
     showTokens();
 }
 
 void MuExpressionDialog::keyPressEvent(QKeyEvent *event)
 {
-    const QString token = event->text();
-    if (event->key() == Qt::Key_Backspace)
+    const QString key = event->text();
+    if (takeUnitKey(key)) {
+        setFocus();
+    } else if (event->key() == Qt::Key_Backspace) {
         backspaceClicked();
-    else if (priority(token) > 0 || token == QLatin1String(LEFT_BRACKET) ||
-             token == QLatin1String(RIGHT_BRACKET))
-        expBtnClicked(token);
-    else
+    } else if (priority(key) > 0 || key == QLatin1String(LEFT_BRACKET) ||
+               key == QLatin1String(RIGHT_BRACKET)) {
+        setFocus();
+        expBtnClicked(key);
+    } else {
+        if (!key.isEmpty())
+            pressTyped();
         QDialog::keyPressEvent(event);
+    }
+}
+
+// Null when there is no such unit.
+QPushButton *MuExpressionDialog::unitButton(const QString &name) const
+{
+    return m_ui->tokens->findChild<QPushButton *>(QLatin1String("btn") + name);
+}
+
+// A digit that leads to no unit is not taken up.
+bool MuExpressionDialog::takeUnitKey(const QString &key)
+{
+    const bool begins = key.compare(QLatin1String("M"), Qt::CaseInsensitive) == 0;
+    const bool isDigit = key.size() == 1 && key.at(0) >= QLatin1Char('0') && key.at(0) <= QLatin1Char('9');
+    if (begins) {
+        pressTyped();
+        m_typed = QLatin1String("M");
+    } else if (isDigit && !m_typed.isEmpty() && unitButton(m_typed + key)) {
+        const QString typed = m_typed + key;
+        forgetTyped();
+        m_typed = typed;
+        if (!unitButton(m_typed + QLatin1Char('0')))
+            pressTyped();
+    }
+    if (QPushButton *unit = unitButton(m_typed))
+        unit->setDown(true);
+    return begins || isDigit;
+}
+
+// As the mouse would: a unit that the mode lacks refuses.
+void MuExpressionDialog::pressTyped()
+{
+    QPushButton *unit = unitButton(m_typed);
+    forgetTyped();
+    if (unit)
+        unit->click();
+}
+
+void MuExpressionDialog::forgetTyped()
+{
+    if (QPushButton *unit = unitButton(m_typed))
+        unit->setDown(false);
+    m_typed.clear();
 }
 
 void MuExpressionDialog::showTokens()
@@ -99,6 +157,7 @@ void MuExpressionDialog::showTokens()
 
 void MuExpressionDialog::accept()
 {
+    pressTyped();
     if (isOk())
         QDialog::accept();
     else

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <memory>
 
+class QPushButton;
+
 namespace RTLJEX {
 
 class Ui_MuExpressionDialog;
@@ -33,15 +35,20 @@ public Q_SLOTS:
     void accept() override;
 
 protected:
-    // Operators, brackets and Backspace also come from the keyboard.
+    // Keys press the buttons: operators, brackets, Backspace, and an M with the digits of a unit.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void mapTokens();
     void showTokens();
+    QPushButton *unitButton(const QString &name) const;
+    bool takeUnitKey(const QString &key);
+    void pressTyped();
+    void forgetTyped();
 
     std::unique_ptr<Ui_MuExpressionDialog> m_ui;
     QStringList m_tokens; // in the order of the clicks
+    QString m_typed;      // "M" or "M1", which may go on; empty when nothing is awaited
 };
 
 } // namespace RTLJEX

@@ -46,6 +46,12 @@ void offerDesignReload(QWidget *container, QObject *editor, const QString &quest
     banner->setText(question);
 }
 
+QString bannerText(const QObject *object)
+{
+    const ReloadBanner *banner = qobject_cast<const ReloadBanner *>(object);
+    return banner ? banner->text() : QString();
+}
+
 void dismissBanner(QObject *object)
 {
     ReloadBanner *banner = qobject_cast<ReloadBanner *>(object);

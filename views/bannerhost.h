@@ -19,6 +19,9 @@ void offerFileReload(QWidget *container, QObject *editor, const QString &fileNam
 // Asks whether to read the design again.
 void offerDesignReload(QWidget *container, QObject *editor, const QString &question);
 
+// What a banner asks; empty for anything that is no banner.
+QString bannerText(const QObject *banner);
+
 // Takes a banner away; the container hides with its last one. The banner may be the sender of the slot that
 // is running, so it dies later. Anything that is no banner, null included, is left alone.
 void dismissBanner(QObject *banner);

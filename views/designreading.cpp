@@ -9,6 +9,7 @@
 #include "host/designmanager.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
+#include "views/editorview.h"
 #include "views/messagedlg.h"
 
 namespace RTLJEX {
@@ -40,28 +41,32 @@ bool accept(const DesignFault &fault, QWidget *editor)
 
 } // namespace
 
-bool readDesign(QWidget *editor, QUARRY::RtlNetlist **netlist)
+DesignReading readDesign(EditorView *editor, QUARRY::RtlNetlist **netlist)
 {
     const QPointer<QWidget> alive(editor);
     QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
     if (!accept(judgeFiles(sourcePaths(info)), editor))
-        return false;
+        return DesignRefused;
     const QString top = info.value("Top").toString();
     QUARRY::ModuleList found;
-    catchDesignModules(info, found.topModules, found.modules, found.messages);
-    if (!alive || !accept(judgeModules(top, found), editor))
-        return false;
-    QScopedPointer<QUARRY::RtlNetlist> fresh(catchDesignNetlist());
-    if (!alive || !accept(judgeNetlist(top, fresh.data()), editor))
-        return false;
+    editor->getRtlModules(info, found.topModules, found.modules, found.messages);
+    if (!alive || QUARRY::wasCatchingCancelled())
+        return DesignCancelled;
+    if (!accept(judgeModules(top, found), editor))
+        return DesignRefused;
+    QScopedPointer<QUARRY::RtlNetlist> fresh(editor->updateRtlNetlist());
+    if (!alive || QUARRY::wasCatchingCancelled())
+        return DesignCancelled;
+    if (!accept(judgeNetlist(top, fresh.data()), editor))
+        return DesignRefused;
     *netlist = fresh.take();
-    return true;
+    return DesignRead;
 }
 
-void catchDesignModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+bool catchDesignModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
                         QStringList &messages)
 {
-    QUARRY::catchRtlModules(topModules, modules, messages, info, nullptr);
+    return QUARRY::catchRtlModules(topModules, modules, messages, info, nullptr);
 }
 
 QUARRY::RtlNetlist *catchDesignNetlist()

@@ -1,17 +1,16 @@
 #include "views/editorrecord.h"
 
 #include <QCloseEvent>
-#include <QFileSystemWatcher>
 #include <QPointer>
 
+#include "elaboration/catchrtl.h"
 #include "elaboration/readingjob.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
-#include "plugin/jexinserterview.h"
 #include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"
-#include "views/designreading.h"
+#include "views/editorview.h"
 #include "views/filewatch.h"
 #include "views/saving.h"
 #include "views/viewwindow.h"
@@ -19,11 +18,11 @@
 namespace RTLJEX {
 namespace private_impl {
 
-EditorRecord::EditorRecord(JexInserterView *view, JEX::JexMode mode)
+EditorRecord::EditorRecord(EditorView *view, JEX::JexMode mode)
     : QObject(view),
       configuration(mode),
       netlist(nullptr),
-      fileWatcher(new QFileSystemWatcher(this)),
+      fileWatcher(new FileWatcher(this)),
       modified(false),
       reloadCheckPending(false),
       designChangePending(false),
@@ -59,9 +58,9 @@ void EditorRecord::noteEdit()
 
 bool EditorRecord::openFile(const QString &path, QString *errorMessage)
 {
-    unwatchFile(fileWatcher, fileName);
+    fileWatcher->stop(fileName);
     fileName = path;
-    watchFile(fileWatcher, fileName);
+    fileWatcher->renew(fileName);
     if (!configuration.accepts(fileName)) {
         if (errorMessage)
             *errorMessage = JexInserterView::tr("%1 open file failed.").arg(fileName);
@@ -72,7 +71,7 @@ bool EditorRecord::openFile(const QString &path, QString *errorMessage)
     if (!readCores(errorMessage))
         return false;
     showTitles(m_view, fileName, modified);
-    return readNetlist();
+    return readNetlist() == DesignRead;
 }
 
 bool EditorRecord::reloadFile()
@@ -107,13 +106,14 @@ bool EditorRecord::saveFile()
     savePages();
     QString errors;
     if (!check(&errors)) {
-        showCheckErrors(m_view, errorsText(), errors);
+        showErrors(m_view, errorsText(), errors);
         return false;
     }
     bool written = false;
+    QString reason;
     {
         const WatchPause pause(fileWatcher, fileName);
-        written = writeCores();
+        written = writeCores(&reason);
         // The last step of a save can fail when the file is written.
         QByteArray bytes;
         QString error;
@@ -123,7 +123,7 @@ bool EditorRecord::saveFile()
             fileMark = mark;
     }
     if (!written) {
-        showWriteFailure(m_view, fileName);
+        showWriteFailure(m_view, fileName, reason);
         return false;
     }
     showTitles(m_view, fileName, false);
@@ -131,9 +131,9 @@ bool EditorRecord::saveFile()
     return true;
 }
 
-bool EditorRecord::writeCores()
+bool EditorRecord::writeCores(QString *error)
 {
-    return configuration.write(fileName, nullptr);
+    return configuration.write(fileName, error);
 }
 
 bool EditorRecord::check(QString *errors) const
@@ -171,21 +171,23 @@ bool EditorRecord::refusesCore(int count)
 
 // The design
 
-bool EditorRecord::readNetlist()
+DesignReading EditorRecord::readNetlist()
 {
+    if (QUARRY::isCatchingRtl())
+        return DesignCancelled;
     setNlsData(nullptr);
     QUARRY::RtlNetlist *fresh = nullptr;
     const QPointer<QObject> alive(this);
     m_isReading = true;
-    const bool isRead = readDesign(m_view, &fresh);
+    const DesignReading reading = readDesign(m_view, &fresh);
     if (!alive)
-        return false;
+        return DesignCancelled;
     m_isReading = false;
-    if (!isRead)
-        return false;
-    setNlsData(fresh);
-    m_view->tellFindings();
-    return true;
+    if (reading == DesignRead)
+        setNlsData(fresh);
+    if (reading == DesignRead)
+        m_view->tellFindings();
+    return reading;
 }
 
 void EditorRecord::installNetlist(QUARRY::RtlNetlist *fresh)
@@ -228,15 +230,18 @@ void EditorRecord::askAboutDesign(const QString &question)
 
 void EditorRecord::acceptDesignReload(QObject *banner)
 {
+    const QString question = bannerText(banner);
     dismissBanner(banner);
     const QPointer<QObject> alive(this);
-    const bool read = readNetlist();
+    const DesignReading reading = readNetlist();
     if (!alive)
         return;
-    if (read)
+    if (reading == DesignRead)
         designChangePending = false;
-    else
+    else if (reading == DesignRefused)
         closeView();
+    else if (!question.isEmpty())
+        askAboutDesign(question);
 }
 
 void EditorRecord::cancelDesignReload(QObject *banner)
@@ -249,11 +254,13 @@ void EditorRecord::cancelDesignReload(QObject *banner)
 
 void EditorRecord::noteFileChange()
 {
+    fileWatcher->renew(fileName);
     scheduleReloadCheck(&reloadCheckPending, m_view);
 }
 
 void EditorRecord::askAboutFile()
 {
+    fileWatcher->renew(fileName);
     offerFileReload(bannerContainer, m_view, fileName);
 }
 
@@ -276,9 +283,12 @@ void EditorRecord::cancelFileReload(QObject *banner)
     designChangePending = false;
 }
 
+// It may be back, under the banner or later: somebody's else, which the next save would overwrite.
 void EditorRecord::keepFile(QObject *banner)
 {
     endFileBanner(banner);
+    if (!fileWatcher->files().isEmpty())
+        noteFileChange();
 }
 
 void EditorRecord::closeFile(QObject *banner)
@@ -291,13 +301,13 @@ void EditorRecord::endFileBanner(QObject *banner)
 {
     dismissBanner(banner);
     reloadCheckPending = false;
-    // The file that was replaced or removed may be back.
-    watchFile(fileWatcher, fileName);
+    fileWatcher->await(fileName);
 }
 
 // Without asking: unsaved edits are dropped.
 void EditorRecord::closeView()
 {
+    finishRenaming();
     showTitles(m_view, fileName, false);
     setModified(false);
     closeContainer(m_view);

@@ -7,9 +7,9 @@
 
 #include "check/configuration.h"
 #include "host/filemark.h"
+#include "views/designreading.h"
 
 class QCloseEvent;
-class QFileSystemWatcher;
 class QWidget;
 namespace QUARRY {
 class RtlNetlist;
@@ -20,7 +20,8 @@ class IEvent;
 
 namespace RTLJEX {
 
-class JexInserterView;
+class EditorView;
+class FileWatcher;
 
 namespace private_impl {
 
@@ -31,7 +32,7 @@ namespace private_impl {
 class EditorRecord : public QObject
 {
 public:
-    EditorRecord(JexInserterView *view, JEX::JexMode mode);
+    EditorRecord(EditorView *view, JEX::JexMode mode);
     ~EditorRecord() override;
 
     void setModified(bool value); // calls the callback on a change
@@ -46,7 +47,7 @@ public:
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
     virtual void setNlsData(QUARRY::RtlNetlist *fresh) = 0;
-    bool readNetlist(); // false: the user knows why
+    DesignReading readNetlist(); // nothing changes while another reading is under way
     void handleEvent(const QUtil::IEvent *event);
     void askAboutDesignFiles();
     void askAboutTopModule();
@@ -69,9 +70,9 @@ public:
 
     QString fileName;
     Configuration configuration;
-    QUtil::FileMark fileMark;        // what the file held when it was read or saved last
-    QUARRY::RtlNetlist *netlist;     // owned
-    QFileSystemWatcher *fileWatcher; // child
+    QUtil::FileMark fileMark;    // what the file held when it was read or saved last
+    QUARRY::RtlNetlist *netlist; // owned
+    FileWatcher *fileWatcher;    // child
     bool modified;
     bool reloadCheckPending;  // from a change of the file until its banner is answered
     bool designChangePending; // while a design banner is shown, further events are of no interest
@@ -82,7 +83,7 @@ protected:
     bool refusesCore(int count);                    // tells the user when there can not be more cores
     virtual void showCores() = 0;                   // makes their pages, and one core where there is none
     virtual void deletePages() = 0;
-    virtual bool writeCores(); // to the file
+    virtual bool writeCores(QString *error); // to the file
 
     QWidget *bannerContainer; // of the form; set by who builds the form
 
@@ -96,7 +97,7 @@ private:
     void endFileBanner(QObject *banner);
     void closeView();
 
-    JexInserterView *m_view;
+    EditorView *m_view;
     bool m_isReading = false; // the design: who dies meanwhile stops the tools
 };
 

@@ -81,10 +81,10 @@ QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
     return catchDesignNetlist();
 }
 
-void EditorView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+bool EditorView::getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
                                QStringList &messages)
 {
-    catchDesignModules(info, topModules, modules, messages);
+    return catchDesignModules(info, topModules, modules, messages);
 }
 
 QStringList EditorView::includePaths()

@@ -35,8 +35,8 @@ public:
     bool reloadFile() override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
-    void getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
-                       QStringList &messages);
+    bool getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,
+                       QStringList &messages); // the library's answer
     static QStringList includePaths();
 
     // Both ask whether to read the design again.

@@ -1,31 +1,47 @@
 #pragma once
 
-#include <QString>
-
-class QFileSystemWatcher;
-class QObject;
+#include <QBasicTimer>
+#include <QFileSystemWatcher>
 
 namespace RTLJEX {
 
-// A watcher forgets a file that is removed or replaced by a rename, as most programs do when they save.
-// Call this whenever the file may be back: watches it when it exists and is not watched yet.
-void watchFile(QFileSystemWatcher *watcher, const QString &fileName);
+// Watches the file of an editor by its name. The toolkit's watcher follows what the name stood for when it
+// was added: after a replacement by a rename, as most programs save, that is the old file, which may live on,
+// or nothing. So the name is added anew on every report and whenever a question about the file was answered.
+class FileWatcher : public QFileSystemWatcher
+{
+    Q_OBJECT
 
-// Stops reports about the file; nothing when it is not watched.
-void unwatchFile(QFileSystemWatcher *watcher, const QString &fileName);
+public:
+    explicit FileWatcher(QObject *parent) : QFileSystemWatcher(parent) {}
+
+    void stop(const QString &fileName);
+    void renew(const QString &fileName); // nothing is watched while there is no file
+    void await(const QString &fileName); // as renew(); a file that is not there is looked for
+
+Q_SIGNALS:
+    void fileReturned(const QString &fileName); // that was awaited; not when the editor itself wrote it
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    QString m_missing;
+    QBasicTimer m_look;
+};
 
 // Reports stop while this lives: put it around the editor's own writing.
 class WatchPause
 {
 public:
-    WatchPause(QFileSystemWatcher *watcher, const QString &fileName);
+    WatchPause(FileWatcher *watcher, const QString &fileName);
     ~WatchPause();
 
 private:
     WatchPause(const WatchPause &);
     WatchPause &operator=(const WatchPause &);
 
-    QFileSystemWatcher *m_watcher;
+    FileWatcher *m_watcher;
     QString m_fileName;
 };
 

@@ -1,8 +1,7 @@
 #include "views/jexliteinserterview.h"
 
-#include <QFileSystemWatcher>
-
 #include "views/designevents.h"
+#include "views/filewatch.h"
 #include "views/jexliteinserterviewprivate.h"
 
 namespace RTLJEX {
@@ -14,6 +13,7 @@ JexLiteInserterView::JexLiteInserterView(QWidget *parent) : EditorView(parent)
     subscribeEvent();
     d.reset(new JexLiteInserterViewPrivate(this));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChanged()));
+    connect(d->fileWatcher, SIGNAL(fileReturned(QString)), SLOT(onFileChanged()));
     setRecord(d.data());
 }
 
@@ -39,7 +39,7 @@ void JexLiteInserterView::unsubscribeEvent()
 
 bool JexLiteInserterView::readRtlNetlist()
 {
-    return d->readNetlist();
+    return d->readNetlist() == DesignRead;
 }
 
 void JexLiteInserterView::onRtlReload()

@@ -1,8 +1,8 @@
 #include "views/jexstandardinserterview.h"
 
 #include <QAction>
-#include <QFileSystemWatcher>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPointer>
 
 #include "host/modal.h"
@@ -10,6 +10,7 @@
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
 #include "views/designevents.h"
+#include "views/filewatch.h"
 #include "views/jexstandardinserterviewprivate.h"
 
 namespace RTLJEX {
@@ -22,8 +23,10 @@ JexStandardInserterView::JexStandardInserterView(QWidget *parent)
     ui->setupUi(this);
     d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));
     connect(d->fileWatcher, SIGNAL(fileChanged(QString)), SLOT(onFileChange()));
+    connect(d->fileWatcher, SIGNAL(fileReturned(QString)), SLOT(onFileChange()));
     // Queued, since the selection moves while cores and pages come and go.
     connect(ui->treeWidget, SIGNAL(itemSelectionChanged()), SLOT(showSelectedCore()), Qt::QueuedConnection);
+    ui->treeWidget->viewport()->installEventFilter(this);
     setRecord(d.data());
     m_changedBanner = createChangedBanner(this, this);
     ui->verticalLayout->insertWidget(1, m_changedBanner);
@@ -120,6 +123,15 @@ void JexStandardInserterView::showSelectedCore()
     changeAoWidget(ui->treeWidget->indexOfTopLevelItem(ui->treeWidget->currentItem()));
 }
 
+// The menu is about the core below the mouse, whichever is shown.
+bool JexStandardInserterView::eventFilter(QObject *object, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::MouseButtonPress;
+    if (isPress && static_cast<QMouseEvent *>(event)->button() == Qt::RightButton)
+        return true;
+    return EditorView::eventFilter(object, event);
+}
+
 void JexStandardInserterView::onModified()
 {
     d->noteEdit();
@@ -147,7 +159,7 @@ void JexStandardInserterView::unsubscribeEvent()
 
 bool JexStandardInserterView::readRtlNetlist()
 {
-    return d->readNetlist();
+    return d->readNetlist() == DesignRead;
 }
 
 void JexStandardInserterView::onRtlReload()

@@ -52,6 +52,9 @@ public Q_SLOTS:
     void onRtlReload();
     void onReloadCancel();
 
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 private Q_SLOTS:
     void showSelectedCore();
 

@@ -114,12 +114,12 @@ bool JexStandardInserterViewPrivate::confirmsRemoval(int index)
     return answer == QMessageBox::Ok && alive && getCoreByIndex(index) == core;
 }
 
-bool JexStandardInserterViewPrivate::writeCores()
+bool JexStandardInserterViewPrivate::writeCores(QString *error)
 {
     const QUARRY::Hierachy *top = netlist ? netlist->topHierarchy : nullptr;
     for (JEX::AoCore *core : cores)
         core->topModuleName = top ? top->instanceName : QString();
-    return EditorRecord::writeCores();
+    return EditorRecord::writeCores(error);
 }
 
 QString JexStandardInserterViewPrivate::errorsText() const

@@ -44,7 +44,7 @@ public:
 private:
     void showCores() override;
     void removePage(AoOptionWidget *page) override;
-    bool writeCores() override;
+    bool writeCores(QString *error) override;
     QString errorsText() const override;
     void addPage(JEX::AoCore *core, QWidget *parent);
     bool confirmsRemoval(int index);

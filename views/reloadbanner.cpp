@@ -19,6 +19,7 @@ ReloadBanner::ReloadBanner(CheckType type, const QString &fileName, QWidget *par
                              ? tr("The file '%1' has been removed on disk.\nDo you still want to keep it?")
                              : tr("The file '%1' changed on disk.\nDo you want to reload?");
     setText(text.arg(QDir::toNativeSeparators(fileName)));
+    m_ui->labelFile->setPath(QDir::toNativeSeparators(fileName));
 }
 
 ReloadBanner::~ReloadBanner()
@@ -28,6 +29,11 @@ ReloadBanner::~ReloadBanner()
 void ReloadBanner::setText(const QString &text)
 {
     m_ui->labelFile->setText(text);
+}
+
+QString ReloadBanner::text() const
+{
+    return m_ui->labelFile->text();
 }
 
 } // namespace RTLJEX

@@ -26,6 +26,7 @@ public:
     ~ReloadBanner() override;
 
     void setText(const QString &text);
+    QString text() const;
 
 Q_SIGNALS:
     void reload();

@@ -29,20 +29,20 @@ bool refusesSynthesisTool(QWidget *editor)
     return true;
 }
 
-void showCheckErrors(QWidget *editor, const QString &text, const QString &errors)
+void showErrors(QWidget *editor, const QString &text, const QString &errors)
 {
     QUtil::Modal<QMessageBox> box(
         new QMessageBox(QMessageBox::Critical, Saving::tr("Error"), text, QMessageBox::Ok, editor));
+    box->setTextFormat(Qt::PlainText);
     box->setDetailedText(errors);
     box->setDefaultButton(QMessageBox::Ok);
     box->setEscapeButton(QMessageBox::Ok);
     box->exec();
 }
 
-void showWriteFailure(QWidget *editor, const QString &fileName)
+void showWriteFailure(QWidget *editor, const QString &fileName, const QString &reason)
 {
-    QUtil::messageBox(editor, QMessageBox::Critical, Saving::tr("Error"),
-                      Saving::tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)));
+    showErrors(editor, Saving::tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)), reason);
 }
 
 SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName)

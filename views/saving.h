@@ -12,10 +12,10 @@ namespace RTLJEX {
 // Tells the user, and returns true, when the project's synthesis tool is the one that cannot be used.
 bool refusesSynthesisTool(QWidget *editor);
 
-// The errors of the check as the details of one box.
-void showCheckErrors(QWidget *editor, const QString &text, const QString &errors);
+// One box, with the errors as its details.
+void showErrors(QWidget *editor, const QString &text, const QString &errors);
 
-void showWriteFailure(QWidget *editor, const QString &fileName);
+void showWriteFailure(QWidget *editor, const QString &fileName, const QString &reason);
 
 enum SaveAnswer { SaveChanges, DiscardChanges, KeepOpen };
 SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName);

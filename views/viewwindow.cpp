@@ -31,9 +31,7 @@ void rejectDialogsBelow(QWidget *editor)
 
 void closeContainer(QWidget *editor)
 {
-    QWidget *container = editor->parentWidget();
-    if (!container)
-        return;
+    QWidget *container = editor->parentWidget() ? editor->parentWidget() : editor;
     container->setAttribute(Qt::WA_DeleteOnClose);
     container->close();
 }

@@ -18,6 +18,7 @@ void declareOptions(QCommandLineParser &parser)
         {"plugin", "The editor's library, in place of the one beside this program.", "PATH"},
         {"report", "Open everything, print what was found and end: with 0 when nothing went wrong."},
         {"shot", "Write a picture of the window and end.", "PNG"},
+        {"verbose", "Print what the editor notes for its developers."},
         {{"h", "help"}, "Show this text and end."},
         {"version", "Show the version and end."},
     });
@@ -39,6 +40,7 @@ bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStri
     options.plugin = parser.value("plugin");
     options.shot = parser.value("shot");
     options.report = parser.isSet("report");
+    options.verbose = parser.isSet("verbose");
     return CommandLine::addFiles(parser.positionalArguments(), options, messages);
 }
 

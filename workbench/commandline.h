@@ -13,6 +13,7 @@ struct StartOptions : CommandLine::DesignOptions
     QString plugin;
     QString shot;        // where a picture of the window goes
     bool report = false; // print what was found and end
+    bool verbose = false;
     bool help = false;
     bool version = false;
 };

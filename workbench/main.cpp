@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <csignal>
+#include <cstdlib>
 #include <memory>
 
 #include "commandline/endsignals.h"
@@ -179,12 +180,40 @@ int run(const StartOptions &options)
 }
 
 QtMessageHandler defaultHandler = nullptr;
+bool isVerbose = false;
 
-// Offscreen, the toolkit remarks on every window that nothing can keep it from being resized.
-void withoutSizeRemarks(QtMsgType type, const QMessageLogContext &context, const QString &text)
+// Without the lines of the editor for its developers, and without the remark, offscreen, on every window that
+// nothing can keep it from being resized.
+void showMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (!text.contains("propagateSizeHints"))
+    if ((type != QtDebugMsg || isVerbose) && !text.contains("propagateSizeHints"))
         defaultHandler(type, context, text);
+}
+
+// The toolkit ends a program that finds no display by an abort, after some lines of its own.
+void showMissingDisplay(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (type != QtFatalMsg)
+        return;
+    if (!text.contains("platform plugin"))
+        return defaultHandler(type, context, text);
+    QTextStream(stderr)
+        << "jexworkbench: There is no display to show the window on. --report prints what there "
+           "is to say, and --shot writes a picture; neither needs one.\n";
+    std::_Exit(2);
+}
+
+// What nobody looks at needs no display.
+void chooseDisplay(int argc, char *argv[])
+{
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return;
+    }
+    for (int i = 1; i < argc; ++i) {
+        if (QByteArray(argv[i]).startsWith("--report") || QByteArray(argv[i]).startsWith("--shot"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
 }
 
 // Qt has a --plugin option of its own and would take ours away, so it does not get to see it.
@@ -213,9 +242,10 @@ int main(int argc, char *argv[])
     // A file that may not grow any more is a sentence, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
     const QStringList pluginOption = takePluginOption(argc, argv);
+    chooseDisplay(argc, argv);
+    defaultHandler = qInstallMessageHandler(showMissingDisplay);
     QApplication application(argc, argv);
-    if (QGuiApplication::platformName() == "offscreen")
-        defaultHandler = qInstallMessageHandler(withoutSizeRemarks);
+    qInstallMessageHandler(showMessage);
     QCoreApplication::setApplicationName("jexworkbench");
     QCoreApplication::setApplicationVersion(WORKBENCH_VERSION);
     StartOptions options;
@@ -228,5 +258,6 @@ int main(int argc, char *argv[])
         print(options.help ? helpText() : "jexworkbench " WORKBENCH_VERSION);
         return 0;
     }
+    isVerbose = options.verbose;
     return run(options);
 }

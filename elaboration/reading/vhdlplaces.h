@@ -16,6 +16,14 @@ class VhdlTreeReader;
 // small letters, extended ones without their backslashes.
 struct VhdlPlaces
 {
+    VhdlPlaces() = default;
+    // Declared, since containers of Qt 4 may throw when they move: a copy, which there can not be, would be
+    // taken in place of a move.
+    VhdlPlaces(VhdlPlaces &&) = default;
+    VhdlPlaces &operator=(VhdlPlaces &&) = default;
+    VhdlPlaces(const VhdlPlaces &) = delete;
+    VhdlPlaces &operator=(const VhdlPlaces &) = delete;
+
     QString name;                                         // of the entity, as it is spelled
     QHash<QString, Declaration> declarations;             // of signals and ports
     QHash<QString, QString> spellings;                    // of those and of labels, as declared

@@ -40,10 +40,9 @@ QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(),
     return cores;
 }
 
-// Where no caller takes the sentence, the host shows it.
+// For the host to show, whoever else takes the sentence.
 void tellNotWritten(const QString &path, const QString &error)
 {
-    qWarning() << "configuration not written:" << path << error;
     QMap<QString, QVariant> data;
     data.insert(QLatin1String("file"), path);
     data.insert(QLatin1String("error"), error);
@@ -65,8 +64,9 @@ bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorM
     if (errorMessage) {
         *errorMessage = error;
     } else {
-        tellNotWritten(path, error);
+        qWarning() << "configuration not written:" << path << error;
     }
+    tellNotWritten(path, error);
     return false;
 }
 

@@ -8,9 +8,9 @@
 namespace JEX {
 
 // The ".zub" file. Paths are absolute. Reading gives all records of a file or none; writing replaces the
-// file in one step, and a failed write leaves the old file as it was and says why: in the errorMessage, or
-// where there is none in the debug output and by a host event with "file" and "error".
-// The format is described in docs/zub-format.md.
+// file in one step, and a failed write leaves the old file as it was and says why: by a host event with
+// "file" and "error", and in the errorMessage, or where there is none in the debug output. The format is
+// described in docs/zub-format.md.
 constexpr char NotWrittenTopic[] = "JEX.File.NotWritten";
 
 // The mode of a file; InvalidMode when it cannot be read or says neither.

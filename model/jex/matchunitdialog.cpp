@@ -43,10 +43,13 @@ int missingBits(int width)
     return (4 - width % 4) % 4;
 }
 
-QString digitsHelp(int function, bool hex)
+QString digitsHelp(int function, ValueForm form)
 {
     const bool numbers = comparesNumbers(function);
-    if (hex) {
+    if (form == DecimalForm) {
+        return QString::fromLatin1("A number of the digits 0 to 9.");
+    }
+    if (form == HexForm) {
         return QString::fromLatin1(numbers ? "Each digit: 0 to 9 and A to F."
                                            : "Each digit: 0 to 9, A to F, or X for bits of any level.");
     }
@@ -88,7 +91,9 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
     }
     connect(m_ui->comboPort, SIGNAL(currentIndexChanged(int)), this, SLOT(onPortChange()));
     connect(m_ui->comboFunction, SIGNAL(currentIndexChanged(int)), this, SLOT(onFunctionChange()));
-    connect(m_ui->radioHex, SIGNAL(toggled(bool)), this, SLOT(onFormatChange()));
+    for (QRadioButton *form : {m_ui->radioBinary, m_ui->radioHex, m_ui->radioDecimal}) {
+        connect(form, SIGNAL(toggled(bool)), this, SLOT(onFormatChange()));
+    }
     connect(m_ui->buttonReset, SIGNAL(clicked()), this, SLOT(onReset()));
     connect(m_ui->treeBits, SIGNAL(itemClicked(QTreeWidgetItem *, int)), this,
             SLOT(onBitClick(QTreeWidgetItem *, int)));
@@ -140,18 +145,14 @@ const TriggerPort *MatchUnitDialog::port() const
     return m_ports.at(m_ui->comboPort->currentIndex());
 }
 
-bool MatchUnitDialog::isHex() const
+ValueForm MatchUnitDialog::chosenForm() const
 {
-    return m_ui->radioHex->isChecked();
+    return m_ui->radioHex->isChecked() ? HexForm : m_ui->radioDecimal->isChecked() ? DecimalForm : BinaryForm;
 }
 
 QString MatchUnitDialog::bits(const QLineEdit *field) const
 {
-    const QString digits = cleanDigits(field->text());
-    if (!isHex()) {
-        return digits;
-    }
-    return hexFault(digits, m_width, QString()).isEmpty() ? bitsFromHex(digits, m_width) : QString();
+    return bitsFromForm(cleanDigits(field->text()), m_form, m_width);
 }
 
 MatchUnit MatchUnitDialog::edited() const
@@ -167,12 +168,12 @@ MatchUnit MatchUnitDialog::edited() const
 QString MatchUnitDialog::fault() const
 {
     const MatchUnit unit = edited();
-    if (!isHex() || !m_width) {
-        return matchUnitFault(unit);
+    QString fault;
+    if (m_width) {
+        fault = formFault(cleanDigits(m_ui->editValue->text()), m_form, m_width, valueName(unit.function));
     }
-    QString fault = hexFault(cleanDigits(m_ui->editValue->text()), m_width, valueName(unit.function));
-    if (fault.isEmpty() && unit.function == MatchInRange) {
-        fault = hexFault(cleanDigits(m_ui->editUpper->text()), m_width, upperName());
+    if (m_width && fault.isEmpty() && unit.function == MatchInRange) {
+        fault = formFault(cleanDigits(m_ui->editUpper->text()), m_form, m_width, upperName());
     }
     return fault.isEmpty() ? matchUnitFault(unit) : fault;
 }
@@ -211,6 +212,11 @@ void MatchUnitDialog::onFunctionChange()
     m_ui->editUpper->setVisible(isRange);
     m_ui->treeBits->setColumnHidden(BitUpper, !isRange);
     m_ui->treeBits->headerItem()->setText(BitValue, QString::fromLatin1(isRange ? "Lower" : "Value"));
+    const bool isNumber = comparesNumbers(m_ui->comboFunction->currentIndex());
+    m_ui->radioDecimal->setEnabled(port() && isNumber);
+    if (!isNumber && m_form == DecimalForm) {
+        m_ui->radioBinary->setChecked(true);
+    }
     fillFields(false);
     onTextChange();
 }
@@ -225,7 +231,7 @@ void MatchUnitDialog::fillFields(bool all)
             continue;
         }
         const QString neutral = neutralBits(function, m_width, isUpper);
-        field->setText(isHex() ? hexFromBits(neutral) : neutral);
+        field->setText(bitsInForm(neutral, m_form));
     }
 }
 
@@ -235,17 +241,17 @@ void MatchUnitDialog::onReset()
     m_ui->editValue->setFocus();
 }
 
-// What the fields hold stays the same value in the other format. What is wrong in the old format is left as
-// it is: it may have been meant in the new one.
+// What the fields hold stays the same value in the other form. What is wrong in the old form is left as it
+// is: it may have been meant in the new one.
 void MatchUnitDialog::onFormatChange()
 {
-    const QString fault = isHex() ? toHex() : QString();
-    if (!isHex()) {
-        toBinary();
-    } else if (!fault.isEmpty()) {
-        m_ui->radioHex->blockSignals(true);
-        m_ui->radioBinary->setChecked(true);
-        m_ui->radioHex->blockSignals(false);
+    if (chosenForm() == m_form) {
+        return;
+    }
+    const QString fault = toForm(chosenForm());
+    if (!fault.isEmpty()) {
+        QRadioButton *const forms[] = {m_ui->radioBinary, m_ui->radioHex, m_ui->radioDecimal};
+        forms[m_form]->setChecked(true);
     }
     onTextChange();
     if (!fault.isEmpty()) {
@@ -253,28 +259,19 @@ void MatchUnitDialog::onFormatChange()
     }
 }
 
-void MatchUnitDialog::toBinary()
-{
-    for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
-        const QString digits = cleanDigits(field->text());
-        if (hexFault(digits, m_width, QString()).isEmpty()) {
-            field->setText(bitsFromHex(digits, m_width));
-        }
-    }
-}
-
 // Why it cannot be done, and then nothing is changed. A bound that is not asked for cannot prevent it.
-QString MatchUnitDialog::toHex()
+QString MatchUnitDialog::toForm(ValueForm form)
 {
     QStringList texts;
     for (const QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
-        const QString digits = cleanDigits(field->text());
-        const bool isRight = bitsFault(digits, MatchEqual, m_width, QString()).isEmpty();
-        texts.append(isRight ? hexFromBits(digits) : field->text());
+        const QString value = bits(field);
+        const bool isRight = bitsFault(value, MatchEqual, m_width, QString()).isEmpty();
+        texts.append(isRight ? bitsInForm(value, form) : field->text());
         if (isRight && texts.last().isEmpty() && !field->isHidden()) {
-            return wholeDigitsFault(digits);
+            return noFormFault(value, form);
         }
     }
+    m_form = form;
     m_ui->editValue->setText(texts.first());
     m_ui->editUpper->setText(texts.last());
     return QString();
@@ -294,7 +291,7 @@ void MatchUnitDialog::onTextChange()
         row->setText(BitValue, unit.value.mid(i, 1));
         row->setText(BitUpper, unit.upperValue.mid(i, 1));
     }
-    m_ui->labelDigits->setText(digitsHelp(unit.function, isHex()));
+    m_ui->labelDigits->setText(digitsHelp(unit.function, m_form));
     m_ui->labelFault->setText(fault());
 }
 
@@ -317,15 +314,23 @@ void MatchUnitDialog::showNames()
 // The first bit of a digit.
 int MatchUnitDialog::bitOfDigit(int digit) const
 {
-    return isHex() ? qMax(0, 4 * digit - missingBits(m_width)) : digit;
+    return m_form == HexForm ? qMax(0, 4 * digit - missingBits(m_width)) : digit;
 }
 
-// The row of the bit at the text cursor is the current one.
+// Digits that a number is filled up with.
+int MatchUnitDialog::missingDigits(const QLineEdit *field) const
+{
+    const int all = m_form == HexForm ? (m_width + missingBits(m_width)) / 4 : m_width;
+    return bits(field).size() == m_width ? qMax(0, all - cleanDigits(field->text()).size()) : 0;
+}
+
+// The row of the bit at the text cursor is the current one. A decimal digit is no bit's.
 void MatchUnitDialog::onCursorMove()
 {
     const QLineEdit *field = static_cast<QLineEdit *>(sender());
-    const int digit = cleanDigits(field->text().left(field->cursorPosition())).size();
-    m_ui->treeBits->setCurrentItem(m_ui->treeBits->topLevelItem(bitOfDigit(digit)));
+    const int digit = cleanDigits(field->text().left(field->cursorPosition())).size() + missingDigits(field);
+    m_ui->treeBits->setCurrentItem(m_form == DecimalForm ? nullptr
+                                                         : m_ui->treeBits->topLevelItem(bitOfDigit(digit)));
 }
 
 // Selects the digit of the clicked bit, ready to be typed over.
@@ -333,10 +338,11 @@ void MatchUnitDialog::onBitClick(QTreeWidgetItem *item, int column)
 {
     QLineEdit *field = column == BitUpper ? m_ui->editUpper : m_ui->editValue;
     const int bit = m_ui->treeBits->indexOfTopLevelItem(item);
-    const int digit = isHex() ? (bit + missingBits(m_width)) / 4 : bit;
-    const int position = positionOfDigit(field->text(), digit);
+    const int digit = (m_form == HexForm ? (bit + missingBits(m_width)) / 4 : bit) - missingDigits(field);
     field->setFocus();
-    field->setSelection(position, 1);
+    if (m_form != DecimalForm && digit >= 0) {
+        field->setSelection(positionOfDigit(field->text(), digit), 1);
+    }
     m_ui->treeBits->setCurrentItem(item);
 }
 

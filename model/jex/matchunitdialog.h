@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "model/jex/core.h"
+#include "model/jex/matchvalue.h"
 
 class QLineEdit;
 class QTreeWidgetItem;
@@ -44,19 +45,20 @@ private:
     const TriggerPort *port() const; // as chosen; null: not bound
     MatchUnit edited() const;        // the unit as it would be
     QString fault() const;           // what is wrong with it
-    bool isHex() const;
-    QString bits(const QLineEdit *field) const; // empty when it has no such form
+    ValueForm chosenForm() const;
+    QString bits(const QLineEdit *field) const; // empty when its digits are at fault
     void fillFields(bool all);
-    void toBinary();
-    QString toHex();
+    QString toForm(ValueForm form);
     void warn(const QString &fault);
     void showNames();
+    int missingDigits(const QLineEdit *field) const;
     int bitOfDigit(int digit) const;
 
     const std::unique_ptr<Ui_MatchUnitDialog> m_ui;
     MatchUnit *const m_unit;
-    int m_width = 0;              // of the chosen port
-    QList<TriggerPort *> m_ports; // in the order of the box
+    int m_width = 0;               // of the chosen port
+    QList<TriggerPort *> m_ports;  // in the order of the box
+    ValueForm m_form = BinaryForm; // of what the fields hold
 };
 
 } // namespace JEX

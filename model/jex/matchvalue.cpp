@@ -59,6 +59,37 @@ QChar digitFromBits(const QString &bits)
     return isNumber ? QLatin1Char(hexDigits[value]) : QChar();
 }
 
+int hexDigitsFor(int width)
+{
+    return (width + DigitBits - 1) / DigitBits;
+}
+
+QString filledUp(const QString &digits, ValueForm form, int width)
+{
+    const bool isNumber =
+        !digits.isEmpty() && strayCharacter(digits, form == BinaryForm ? "01" : hexDigits).isNull();
+    return isNumber
+               ? digits.rightJustified(form == BinaryForm ? width : hexDigitsFor(width), QLatin1Char('0'))
+               : digits;
+}
+
+QString decimalFault(const QString &digits, int width, const QString &name)
+{
+    const QChar stray = strayCharacter(digits, "0123456789");
+    if (!stray.isNull()) {
+        return strayFault(name, stray, "a decimal number has the digits 0 to 9.");
+    }
+    bool isNumber = false;
+    const quint64 number = digits.toULongLong(&isNumber);
+    const quint64 limit = width >= TriggerPort::WidthLimit ? ~quint64(0) : (quint64(1) << width) - 1;
+    if (isNumber && number <= limit) {
+        return QString();
+    }
+    return digits.isEmpty() ? name + latin(" is empty.")
+                            : name + latin(" is larger than ") + QString::number(limit) +
+                                  latin(", the largest number of ") + counted(width, "bit") + latin(".");
+}
+
 } // namespace
 
 bool isBitText(const QString &text)
@@ -114,7 +145,7 @@ QString hexFault(const QString &hex, int width, const QString &name)
         return strayFault(name, stray,
                           "each hexadecimal digit is 0 to 9, A to F, or X for bits of any level.");
     }
-    const int digits = (width + DigitBits - 1) / DigitBits;
+    const int digits = hexDigitsFor(width);
     if (hex.size() != digits) {
         return name + latin(" has ") + counted(hex.size(), "hexadecimal digit") + latin(", but the ") +
                counted(width, "bit") + latin(" of the trigger port take ") + QString::number(digits) +
@@ -166,10 +197,40 @@ QString cleanDigits(const QString &typed)
     return digits;
 }
 
-QString wholeDigitsFault(const QString &bits)
+QString formFault(const QString &digits, ValueForm form, int width, const QString &name)
+{
+    if (form == HexForm) {
+        return hexFault(filledUp(digits, form, width), width, name);
+    }
+    return form == DecimalForm ? decimalFault(digits, width, name) : QString();
+}
+
+QString bitsFromForm(const QString &digits, ValueForm form, int width)
+{
+    const QString whole = filledUp(digits, form, width);
+    if (form == BinaryForm || !formFault(digits, form, width, QString()).isEmpty()) {
+        return form == BinaryForm ? whole : QString();
+    }
+    return form == HexForm ? bitsFromHex(whole, width)
+                           : QString::number(digits.toULongLong(), 2).rightJustified(width, QLatin1Char('0'));
+}
+
+QString bitsInForm(const QString &bits, ValueForm form)
+{
+    if (form == DecimalForm) {
+        bool isNumber = false;
+        const quint64 number = bits.toULongLong(&isNumber, 2);
+        return isNumber ? QString::number(number) : QString();
+    }
+    return form == HexForm ? hexFromBits(bits) : bits;
+}
+
+QString noFormFault(const QString &bits, ValueForm form)
 {
     return latin("The value ") + bits +
-           latin(" has no hexadecimal form: the bits of a digit must all be 0 or 1, or all be X.");
+           latin(form == DecimalForm
+                     ? " has no decimal form: each bit must be 0 or 1."
+                     : " has no hexadecimal form: the bits of a digit must all be 0 or 1, or all be X.");
 }
 
 QString valueName(int function)

@@ -27,7 +27,14 @@ QString rangeFault(const QString &lower, const QString &upper); // of bounds tha
 QString hexFault(const QString &hex, int width, const QString &name);
 QString bitsFromHex(const QString &hex, int width); // hex must be without fault
 QString hexFromBits(const QString &bits);           // empty when a digit would not be whole
-QString wholeDigitsFault(const QString &bits);      // the sentence for that
+
+// How a value is entered. A number that is shorter than the port is filled up with zeros in front.
+enum ValueForm { BinaryForm, HexForm, DecimalForm };
+QString formFault(const QString &digits, ValueForm form, int width,
+                  const QString &name);                                 // of the digits alone
+QString bitsFromForm(const QString &digits, ValueForm form, int width); // empty when the digits are at fault
+QString bitsInForm(const QString &bits, ValueForm form);                // empty when it has no such form
+QString noFormFault(const QString &bits, ValueForm form);               // the sentence for that
 
 // What a user typed, in upper case and without the blanks and underscores that group digits.
 QString cleanDigits(const QString &typed);

@@ -24,8 +24,9 @@ bool ZubTokens::nextChild()
             return fail(latin("a configuration holds no document type declaration."));
         case QXmlStreamReader::Characters:
             if (!m_xml.isWhitespace()) {
+                const QString text = m_xml.text().toString().simplified();
                 return fail(latin("there is text between the elements: ") +
-                            quoted(m_xml.text().toString().simplified()) + latin("."));
+                            quoted(text.isEmpty() ? latin("<![CDATA[ ]]>") : text) + latin("."));
             }
             break;
         default:

@@ -3,7 +3,38 @@
 #include <QCoreApplication>
 #include <QVariant>
 
+#include "host/editorregistry.h"
+#include "host/filewizard.h"
 #include "host/iplugin.h"
+
+namespace {
+
+bool openNothing(const QString &, const DEV::DeviceArg &)
+{
+    return false;
+}
+
+bool openNothingLater(const QString &, const DEV::DeviceArg &)
+{
+    return false;
+}
+
+Core::IFileWizardFactory *makeNothing()
+{
+    return nullptr;
+}
+
+bool announce()
+{
+    Core::EditorRegistry::announce(NAME, openNothing);
+    Core::EditorRegistry::announce("both", openNothing);
+    Core::FileWizardRegistry::announce(makeNothing);
+    return true;
+}
+
+const bool announced = announce();
+
+} // namespace
 
 class TestPlugin : public ExtSys::IPlugin
 {
@@ -15,6 +46,7 @@ public:
     bool initialize() override
     {
         note("initialize");
+        Core::EditorRegistry::announce(NAME "2", openNothingLater);
         return !REFUSES;
     }
     void extensionsInitialized() override { note("extensions"); }

@@ -14,9 +14,17 @@ private Q_SLOTS:
         QString error;
         for (const char *file : {PLUGIN_ONE, PLUGIN_REFUSING, PLUGIN_TWO})
             QVERIFY2(manager.load(file, &error), qPrintable(error));
+        const auto editor = [](const char *file) { return Core::EditorRegistry::editorFor(file); };
+        QVERIFY(editor("a.refusing"));
+        // The second would be shut down after the first has gone.
+        QVERIFY(!manager.load(PLUGIN_ONE, &error));
+        QCOMPARE(error, QString("The plug-in " PLUGIN_ONE " can not be used: it is loaded already."));
         QCOMPARE(manager.initialize(),
                  QStringList("The plug-in " PLUGIN_REFUSING " is not used: it could not start."));
         QCOMPARE(manager.loadedFiles(), QStringList({PLUGIN_ONE, PLUGIN_TWO}));
+        QVERIFY(!editor("a.refusing") && !editor("a.refusing2"));
+        QVERIFY(editor("a.one") && editor("a.one2") && editor("a.both") == editor("a.two"));
+        QCOMPARE(Core::FileWizardRegistry::announced().size(), 2);
         manager.shutDown();
         QCOMPARE(
             qApp->property("calls").toStringList().join(", "),

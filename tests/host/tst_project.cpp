@@ -2,6 +2,7 @@
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
@@ -144,7 +145,7 @@ private Q_SLOTS:
         const Folder dir;
         const QString path = dir.write("demo.jexprj", text.toUtf8());
         Project project;
-        project.addFile("/kept.v");
+        QVERIFY(project.addFile(dir.write("kept.v", "")));
         QString error;
         QVERIFY(!project.load(path, &error));
         QCOMPARE(error, "Can not read the project " + path + ": " + QTest::currentDataTag());
@@ -213,12 +214,17 @@ private Q_SLOTS:
 
     void everyChangePostsItsEvent()
     {
+        const Folder dir;
         Project project;
+        QVERIFY(project.saveAs(dir.path("p.jexprj"), nullptr));
         ProjectManager::setCurrentProject(&project);
         Recorder recorder;
-        project.addFile("a.v");
-        project.addFile("./a.v");
-        project.addFile("n.zub");
+        for (const char *name : {"a.v", "n.zub"})
+            dir.write(name, "");
+        QString added;
+        for (const char *name : {"a.v", "./a.v", "n.zub", "none.v"})
+            added += project.addFile(name) ? "yes " : "no ";
+        QCOMPARE(added, QString("yes no yes no ")); // what is not there can not be added
         project.setFileEnabled("a.v", true);
         project.setFileEnabled("a.v", false);
         project.setFileType("a.v", TE::SystemVerilogFile);
@@ -293,8 +299,11 @@ private Q_SLOTS:
         put(path, "333");
         dir.write("n.zub", "22");
         QTRY_COMPARE(recorder.lines, one);
-        for (int round = 0; round < 2; ++round) {
+        for (int round = 0; round < 4; ++round) {
             recorder.lines.clear();
+            // The old file may live on under another name.
+            if (round > 1)
+                QCOMPARE(::link(qPrintable(path), qPrintable(dir.path(QString("held%1").arg(round)))), 0);
             QCOMPARE(rename(qPrintable(dir.write("new", "4")), qPrintable(path)), 0);
             QTRY_COMPARE(recorder.lines, one);
         }

@@ -27,8 +27,11 @@ public:
         setShortTitle(name);
     }
     ~TestView() override { happened << "~" + objectName(); }
-    void onActivated() override { happened << "on " + objectName(); }
-    void onDeactivated() override { happened << "off " + objectName(); }
+    void onActivated() override { happen("on"); }
+    void onDeactivated() override { happen("off"); }
+
+    QString closesWhen; // "on" or "off"
+    Core::IView *closed = this;
 
 protected:
     void closeEvent(QCloseEvent *event) override
@@ -38,6 +41,13 @@ protected:
     }
 
 private:
+    void happen(const QString &what)
+    {
+        happened << what + " " + objectName();
+        if (what == closesWhen)
+            closed->parentWidget()->close();
+    }
+
     bool m_refuses;
 };
 
@@ -125,6 +135,43 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QTEST(happened.join(", "), "expected");
         QCOMPARE(m_tabs->count(), ViewManager::instance()->views().size());
+    }
+
+    // Views that close a view, themselves too, when they are told who is active.
+    void closingInBetween_data()
+    {
+        textColumns("expected"); // of showing a; c is active before
+        row("a on a", "off c, on a, closed a, on b, active b");
+        row("c off c", "off c, closed c, on a, active a");
+        row("c off a", "off c, closed a, on b, active b");
+        row("a on b", "off c, on a, closed b, active a");
+    }
+    void closingInBetween()
+    {
+        const QStringList words = QString(QTest::currentDataTag()).split(' ');
+        TestView *acting = static_cast<TestView *>(view(words[0]));
+        acting->closesWhen = words[1];
+        acting->closed = view(words[2]);
+        ViewManager::instance()->showView(view("a"));
+        QTEST(happened.join(", "), "expected");
+        QVERIFY(!ViewManager::instance()->views().contains(acting->closed));
+        QCOMPARE(ViewManager::instance()->currentView()->objectName(),
+                 happened.last().section(' ', 1)); // as reported
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void showingTheActiveViewLeavesTheFocus()
+    {
+        QWidget inside(view("c"));
+        inside.setFocusPolicy(Qt::StrongFocus);
+        inside.show();
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        inside.setFocus();
+        ViewManager::instance()->showView(view("c"));
+        QVERIFY(inside.hasFocus());
+        ViewManager::instance()->showView(view("a"));
+        QVERIFY(!inside.hasFocus());
     }
 
     void commandsFollowTheActiveContext()

@@ -157,6 +157,50 @@ private Q_SLOTS:
         qDeleteAll(cores);
     }
 
+    // What an editor seldom writes, but others may: it is read, and written back to the byte.
+    void oddCores_data()
+    {
+        textColumns("body", "enabled");
+        const QByteArray unit = R"(
+        <unit number="0" enabled="true" function="equal" value=""/>
+        <signals/>)";
+        row("numbers of units begin anew", unit, "");
+        row("a unit with nothing but a function",
+            QByteArray(unit).replace("true", "false").replace("equal", "less"), "");
+        row("an upper value that nobody asks for",
+            QByteArray(unit).replace(R"(value="")", R"(value="1" upperValue="0")"), "");
+        row("the highest trigger position", "\n        <signals/>", "");
+        const QByteArray signalList = R"(
+        <signals>
+            <signal name="top/a" type="net"/>
+            <signal name="top/b" type="net" capture="false"/>
+        </signals>)";
+        row("what is enabled is captured", signalList, "top/a");
+        row("nothing is captured, whatever is enabled", signalList + "\n        <enabled/>", "");
+    }
+
+    void oddCores()
+    {
+        QFETCH(QString, body);
+        const QString head = QString(standardFile).section('\n', 0, 1) + '\n';
+        const QString core = QString(standardFile).section('\n', 2, 2).replace("\"-4\"", "\"65532\"") + body +
+                             "\n    </core>\n";
+        const QString text =
+            head + core + QString(core).replace("core number=\"3\"", "core number=\"4\"") + "</jexconfig>\n";
+        put(m_path, text.toUtf8());
+        QString error;
+        const QList<AoCore *> cores = readJEXConfigFromXml(m_path, nullptr, &error);
+        QCOMPARE(error, QString());
+        QCOMPARE(cores.size(), 2);
+        QStringList enabled;
+        for (const SignalItem &item : cores.last()->enabledCaptureSignals)
+            enabled << item.name;
+        QTEST(enabled.join(' '), "enabled");
+        QVERIFY(writeJEXConfigToXml(cores, m_path));
+        QCOMPARE(QString(contents(m_path)), text);
+        qDeleteAll(cores);
+    }
+
     // All that the tables name comes back, whatever else a record holds.
     void everyField()
     {
@@ -213,14 +257,14 @@ private Q_SLOTS:
     {
         AOCore_Lite core;
         core.captureSignals.append(SignalItem());
-        core.captureSignals[0].alias =
-            QString("a") + QChar(1) + QChar(0xd800) + "b" + QChar(0xffff) + QString::fromUtf8("😀");
+        core.captureSignals[0].alias = QString("a") + QChar(1) + QChar(0xd800) + "b" + QChar(0xffff) +
+                                       QString::fromUtf8("😀") + QChar(0xdc00) + QChar(0xd800);
         core.enabledCaptureSignals = core.captureSignals;
         QVERIFY(writeJEXConfigToXml_Lite({&core}, m_path));
         QString error;
         QList<AOCore_Lite *> read = readJEXConfigFromXml_Lite(m_path, nullptr, &error);
         QCOMPARE(error, QString());
-        QCOMPARE(read[0]->captureSignals[0].alias, QString::fromUtf8("a\ufffd\ufffdb\ufffd😀"));
+        QCOMPARE(read[0]->captureSignals[0].alias, QString::fromUtf8("a\ufffd\ufffdb\ufffd😀\ufffd\ufffd"));
         qDeleteAll(read);
     }
 
@@ -242,6 +286,8 @@ private Q_SLOTS:
         row(R"(2: <jexconfig> has an attribute "date" that is not known.)", "mode=", R"(date="now" mode=)");
         row("18: <port> is not expected here.", "<enabled>", R"(<port number="0"/><enabled>)");
         row(R"(18: there is text between the elements: "zzz".)", "<enabled>", "zzz<enabled>");
+        row(R"(18: there is text between the elements: "<![CDATA[ ]]>".)", "<enabled>",
+            "<![CDATA[ ]]><enabled>");
         row("2: a configuration holds no document type declaration.", "<jexconfig",
             R"(<!DOCTYPE jexconfig [<!ENTITY a "b">]><jexconfig)");
         row(R"(3: "edge" of <core> is "up"; it must be one of rising, falling.)", "\"falling\"", "\"up\"");
@@ -267,6 +313,11 @@ private Q_SLOTS:
         row(R"(11: "function" of <unit> is "near"; it must be one of equal, notEqual, less, greater, inRange.)",
             "inRange", "near");
         row(R"(11: "value" of <unit> is "1x"; it must be made of 0, 1, X, R, F, B and N.)", "1X0", "1x");
+        for (const QByteArray number : {"+0", "00", "0 "})
+            row("12: \"number\" of <unit> is \"" + number + "\"; it must be a number from 0 to 15.",
+                R"(number="15")", "number=\"" + number + '"');
+        row(R"(3: "triggerPosition" of <core> is "65533"; it must be a number from -4 to 65532.)", "\"-4\"",
+            "\"65533\"");
         row("14: the core has more than 16 expressions.", m0, QByteArray(m0).repeated(16));
         row(R"(14: <expression> has no "text".)", m0, "<expression/>");
     }
@@ -334,7 +385,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(m_path));
     }
 
-    // Why a file was not written goes to who asks, else to the host.
+    // Why a file was not written goes to the host, and to who asks.
     void tellsWhyItIsNotWritten()
     {
         struct Listener : QUtil::IEventHandler
@@ -354,11 +405,11 @@ private Q_SLOTS:
         QString error;
         QVERIFY(!writeJEXConfigToXml_Lite({&first}, path, &error));
         QCOMPARE(error, reason);
-        QCOMPARE(listener.heard, QStringList());
+        QCOMPARE(listener.heard, QStringList(reason));
         QVERIFY(!writeJEXConfigToXml_Lite({&first}, path));
         fillInfoForEmptyJexConfig(path, StandardMode);
         QVERIFY(!writeJEXConfigToXml_Lite({&first, &second}, m_path));
-        QCOMPARE(listener.heard.mid(0, 2), QStringList({reason, reason}));
+        QCOMPARE(listener.heard.mid(0, 3), QStringList({reason, reason, reason}));
         QVERIFY(listener.heard.last().startsWith("The file \"" + m_path + "\" is not written: "));
     }
 

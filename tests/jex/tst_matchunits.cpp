@@ -46,6 +46,7 @@ struct Desk
             box->setCurrentIndex(box->findText(text));
         } else if (QLineEdit *field = qobject_cast<QLineEdit *>(widget)) {
             field->selectAll();
+            QTest::keyClick(field, Qt::Key_Delete);
             QTest::keyClicks(field, text);
         } else if (QAbstractButton *button = qobject_cast<QAbstractButton *>(widget)) {
             button->click();
@@ -189,6 +190,7 @@ private Q_SLOTS:
         const QString number =
             "The function \"In range\" compares numbers and takes no \"X\": each bit must be 0 or 1.";
         const QString few = "The value has 2 bits, but the trigger port has 6.";
+        const QString large = " is larger than 63, the largest number of 6 bits.";
         const struct
         {
             const char *widget, *text;
@@ -201,15 +203,34 @@ private Q_SLOTS:
             {"OK", "", "R_X | " + edge, "Not bound: Equal "},
             {"buttonReset", "", "00 | ", ""},
             {"OK", "", "00 | ", "Trigger Port 0 (2 bits): Less 00"},
-            {"comboPort", "Trigger Port 1 (6 bits)", "00 | " + few, ""},
-            {"comboFunction", "Equal", "00 | " + few, ""},
+            {"comboPort", "Trigger Port 1 (6 bits)", "00 | ", ""}, // filled up
+            {"comboFunction", "Equal", "00 | ", ""},
+            {"editValue", "X1", "X1 | " + few, ""}, // what is no number is not
             {"editValue", "0x0001", "0X0001 | ", ""},
             {"radioHex", "", "0X0001 | ", ""}, // refused
             {"editValue", "000111", "000111 | ", ""},
             {"comboFunction", "In range", "000111 to 111111 | ", ""},
             {"radioHex", "", "07 to 3F | ", ""},
             {"editUpper", "2f", "07 to 2F | ", ""},
-            {"editValue", "7", "7 to 2F | " + hexFault("7", 6, "The lower bound"), ""},
+            {"editValue", "7", "7 to 2F | ", ""},
+            {"OK", "", "7 to 2F | ", "Trigger Port 1 (6 bits): In range 000111 to 101111"},
+            {"editUpper", "4F", "7 to 4F | " + hexFault("4F", 6, "The upper bound"), ""},
+            {"editUpper", "6", "7 to 6 | The lower bound 000111 is above the upper bound 000110.", ""},
+            {"radioDecimal", "", "7 to 6 | The lower bound 000111 is above the upper bound 000110.", ""},
+            {"editUpper", "64", "7 to 64 | The upper bound" + large, ""},
+            {"editValue", "a",
+             "A to 64 | The lower bound cannot hold \"A\": a decimal number has the digits "
+             "0 to 9.",
+             ""},
+            {"editValue", "", " to 64 | The lower bound is empty.", ""},
+            {"editValue", "10", "10 to 64 | The upper bound" + large, ""},
+            {"editUpper", "47", "10 to 47 | ", ""},
+            {"OK", "", "10 to 47 | ", "Trigger Port 1 (6 bits): In range 001010 to 101111"},
+            {"comboFunction", "Equal", "001010 | ", ""}, // which is no comparison of numbers
+            {"comboFunction", "Less", "001010 | ", ""},
+            {"radioDecimal", "", "10 | ", ""},
+            {"comboFunction", "In range", "10 to 47 | ", ""},
+            {"radioHex", "", "0A to 2F | ", ""},
             {"editValue", "08", "08 to 2F | ", ""},
             {"radioBinary", "", "001000 to 101111 | ", ""},
             {"editUpper", "0x1111", "001000 to 0X1111 | " + number, ""},

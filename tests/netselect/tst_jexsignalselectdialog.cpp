@@ -157,6 +157,31 @@ private Q_SLOTS:
     }
 
     // They make their record and look when asked, and must not differ from those that hold them.
+    void all_data()
+    {
+        QTest::addColumn<QStringList>("clicks");
+        QTest::newRow("flat") << QStringList();
+        QTest::newRow("modules") << QStringList{advanced, below, modules};
+    }
+
+    // Nothing that cannot be used comes along, and no module.
+    void all()
+    {
+        QFETCH(QStringList, clicks);
+        const QString picked = toText(run([&](QDialog *dialog) {
+            click(dialog, clicks);
+            QTreeWidget *tree = search(dialog, "");
+            tree->expandAll();
+            tree->selectAll();
+            for (const QTreeWidgetItem *row : tree->selectedItems())
+                QVERIFY2(!row->text(0).contains(':') || row->text(0).contains('['), qPrintable(row->text(0)));
+            leave(dialog);
+        }));
+        QVERIFY(!picked.contains("~s:") && !picked.contains("~b:top/held") &&
+                picked.contains("s:top/u0/ready"));
+        QVERIFY2(!picked.contains(" ~") && !picked.startsWith("~"), qPrintable(picked));
+    }
+
     void rowsAreThoseOfTheRecords()
     {
         const QUARRY::Hierachy *top = m_netlist->topHierarchy;
@@ -256,6 +281,52 @@ private Q_SLOTS:
             QVERIFY(view->isVisible());
             QCOMPARE(view->currentItem(), fifo);
             box->hidePopup();
+            click(dialog, {advanced}); // a panel that is hidden says nothing
+            QCOMPARE(rowNames(search(dialog, "clk")), QString("top/clk"));
+        });
+    }
+
+    // The mouse over another module is no choice.
+    void dismissedDropDownsChangeNothing()
+    {
+        run([](QDialog *dialog) {
+            click(dialog, {advanced});
+            QComboBox *box = dialog->findChild<QComboBox *>("comboBoxSearchIn");
+            RtlNetlistTreeView *view = qobject_cast<RtlNetlistTreeView *>(box->view());
+            const QString below = rowNames(search(dialog, ""));
+            for (const bool byKey : {true, false}) {
+                QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(20, box->height() / 2));
+                for (const char *row : {"top", "u2[fifo]"})
+                    QTest::mouseMove(view->viewport(), view->visualItemRect(rowNamed(view, row)).center());
+                QTRY_COMPARE(view->currentItem()->text(0), QString("u2[fifo]"));
+                if (byKey)
+                    QTest::keyClick(view, Qt::Key_Escape);
+                else
+                    view->window()->close();
+                QTRY_VERIFY(!view->isVisible());
+                QCOMPARE(rowNames(search(dialog, "")), below);
+                QCOMPARE(box->currentText(), QString("top"));
+            }
+        });
+    }
+
+    void tipsTellWhatAPatternIs()
+    {
+        run([](QDialog *dialog) {
+            QLineEdit *name = dialog->findChild<QLineEdit *>("lineEditName");
+            QAbstractButton *wildcard = dialog->findChild<QAbstractButton *>("radioButtonWildcard");
+            QAbstractButton *expression =
+                dialog->findChild<QAbstractButton *>("radioButtonRegularExpression");
+            for (QAbstractButton *mode : {wildcard, expression}) {
+                name->setText("clk");
+                mode->click();
+                QVERIFY(mode->toolTip().contains("whole full name"));
+                QCOMPARE(name->toolTip(), mode->toolTip());
+                name->setText(mode == wildcard ? "a[" : "a(");
+                QVERIFY2(name->toolTip().startsWith("not a valid expression: "), qPrintable(name->toolTip()));
+            }
+            dialog->findChild<QAbstractButton *>("radioButtonNormal")->click();
+            QVERIFY(name->toolTip().contains("contains the text"));
         });
     }
 

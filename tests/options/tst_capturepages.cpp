@@ -164,9 +164,14 @@ private Q_SLOTS:
         QVERIFY(remove->isEnabled());
         data->child(3)->setSelected(true);
         QVERIFY(!remove->isEnabled());
-        QMetaObject::invokeMethod(page.widget.get(), "onRemoveSignals");
+        data->setSelected(false);
+        QMetaObject::invokeMethod(page.widget.get(), "onRemoveSignals"); // a member stays with its bus
         QCOMPARE(page.tree()->topLevelItemCount(), 50002);
         QCOMPARE(page.modified->size(), 0);
+        page.tree()->topLevelItem(2)->setSelected(true);
+        QMetaObject::invokeMethod(page.widget.get(), "onRemoveSignals");
+        QCOMPARE(page.tree()->topLevelItemCount(), 50001);
+        QCOMPARE(page.modified->size(), 1);
 
         // Quadratic work would take minutes here.
         page.tree()->selectAll(); // members that nobody sees are left out

@@ -129,10 +129,10 @@ private Q_SLOTS:
     void addsFromTrigger()
     {
         CapturePage page(true, "s:top/clk");
-        page.aoCore.triggerPorts[2]->signalItems =
-            signalsFromText("s:top/rst s:top/clk b:top/count[1] g:group_0[0:0]{s:top/p}");
-        page.aoCore.triggerPorts[5]->signalItems =
-            signalsFromText("b:top/count[1] s:top/rst s:top/x g:group_0[0:0]{s:top/q}");
+        page.aoCore.triggerPorts[2]->signalItems = signalsFromText(
+            "s:top/rst s:top/clk b:top/count[1] g:group_0[0:0]{s:top/p} g:group_1[1:0]{s:top/p,s:top/q}");
+        page.aoCore.triggerPorts[5]->signalItems = signalsFromText(
+            "b:top/count[1] s:top/rst s:top/x g:group_0[0:0]{s:top/q} g:group_1[1:0]{s:top/q,s:top/p}");
         page.open();
         for (const auto button : {cancel, QDialogButtonBox::Ok}) {
             QCOMPARE(page.modified->size(), 0);
@@ -143,7 +143,9 @@ private Q_SLOTS:
             });
             page.child<QPushButton>("btnAddFromTp")->click();
         }
-        QCOMPARE(page.rows(), QString("top/clk,top/count[1],top/rst,group_0[0:0](1),top/x,group_0[0:0](1)"));
+        QCOMPARE(
+            page.rows(),
+            QString("top/clk,top/count[1],top/rst,group_0[0:0](1),group_1[1:0](2),top/x,group_0[0:0](1)"));
         QVERIFY(!page.modified->isEmpty());
     }
 
@@ -197,6 +199,11 @@ private Q_SLOTS:
             page.modified->clear();
             device.change(false);
             QVERIFY(!page.modified->isEmpty());
+            // A Dynamic core does not show what is stored, and does not look for it.
+            TriggerPage dynamic;
+            dynamic.aoCore.triggerImplementation = stored;
+            dynamic.open().mode()->setCurrentIndex(1);
+            QCOMPARE(Page::offered(dynamic.implementation()), QString("BSRAM REG:REG"));
             const QString fallen = stored == 1 ? "BSRAM REG:REG" : "BSRAM REG:BSRAM";
             QCOMPARE(Page::offered(page.implementation()), fallen);
             QCOMPARE(Page::offered(page.open().implementation()), fallen);
@@ -292,6 +299,62 @@ private Q_SLOTS:
                  QString("warning | Error | Support 16 expressions at most. | OK\n"
                          "warning | Warning | Support 16 expressions at most. | OK"));
         QCOMPARE(page.list()->count(), 16);
+    }
+
+    // Double clicks are answered from the event loop: rows may be others by then.
+    void rowsGoBeforeTheirDialogOpens()
+    {
+        TriggerPage page;
+        page.aoCore.triggerPorts[0]->signalItems = signalsFromText("s:top/clk");
+        page.aoCore.expressions << "M1"
+                                << "M2"
+                                << "M3";
+        page.open();
+        // Two in one batch, the second on a row that the first dialog would make anew.
+        QTreeWidgetItem *port = page.ports()->topLevelItem(0);
+        page.press({});
+        Q_EMIT page.ports()->itemDoubleClicked(port->child(0), 0);
+        Q_EMIT page.ports()->itemDoubleClicked(port->child(0), 0);
+        QTRY_VERIFY(page.user.done());
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen, QStringList("dialog | Trigger Port"));
+
+        // The row goes, or another takes its number.
+        Q_EMIT page.list()->itemDoubleClicked(page.list()->item(1));
+        delete page.list()->takeItem(1);
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen.size(), 1);
+        page.press({"btnM5"});
+        Q_EMIT page.list()->itemDoubleClicked(page.list()->item(1));
+        page.list()->insertItem(0, "M0");
+        QTRY_VERIFY(page.user.done());
+        page.user.then([&page](QDialog *dialog) {
+            // Other edits wait until this one is over.
+            Q_EMIT page.list()->itemDoubleClicked(page.list()->item(0));
+            Q_EMIT page.ports()->itemDoubleClicked(page.ports()->topLevelItem(1), 0);
+            QCoreApplication::processEvents();
+            QMetaObject::invokeMethod(page.widget.get(), "editMatchUnit",
+                                      Q_ARG(QModelIndex, page.units()->model()->index(0, 0)));
+            delete page.list()->takeItem(2);
+            dialog->findChild<QPushButton *>("btnM6")->click();
+            leave(dialog);
+        });
+        page.openExpression(2);
+        QCoreApplication::processEvents();
+        QCOMPARE(page.user.seen.size(), 3);
+        QCOMPARE(page.shown(), QString("Dynamic 16: M0,M1"));
+
+        // A key means the view that it was pressed in.
+        page.widget->activateWindow();
+        page.units()->setCurrentIndex(page.units()->model()->index(2, 0));
+        page.list()->setCurrentRow(0);
+        page.units()->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(page.widget.get()));
+        page.press({}, cancel);
+        QTest::keyClick(page.units(), Qt::Key_Return);
+        page.list()->setFocus();
+        QTRY_VERIFY(page.user.done());
+        QVERIFY2(!page.user.seen.last().endsWith("Expression"), qPrintable(page.user.seen.last()));
     }
 
     void dialogOutlivesPage()

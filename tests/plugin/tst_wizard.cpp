@@ -109,6 +109,38 @@ private Q_SLOTS:
         }
     }
 
+    // The project's name is proposed as it is; what is typed or pasted then keeps to the rules.
+    void namesAfterAnOddProposal()
+    {
+        Workspace work;
+        Core::ProjectData data;
+        data.name = "soc.v2";
+        work.project.setData(data);
+        for (const bool isPasted : {false, true}) {
+            JexWizard wizard("/some/folder", nullptr);
+            wizard.restart();
+            wizard.next();
+            QLineEdit *edit = wizard.findChild<QLineEdit *>("fileLineEdit");
+            QCOMPARE(edit->selectedText(), QString("soc.v2"));
+            edit->end(false);
+            if (isPasted)
+                edit->insert("/../:x");
+            else
+                QTest::keyClicks(edit, "/../:x");
+            QCOMPARE(edit->text(), QString("socv2x"));
+        }
+    }
+
+    void aFileThatWasNotWrittenIsNotAdded()
+    {
+        Workspace work;
+        ModalDriver driver;
+        driver.then(fill("liteRadioButton", "new"));
+        JexFileWizardFactory().runWizard(nullptr, work.path("no folder"));
+        QVERIFY(driver.done());
+        QCOMPARE(work.project.data().files.size(), 0);
+    }
+
     void runs()
     {
         JexFileWizardFactory factory;

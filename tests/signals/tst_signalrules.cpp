@@ -1,5 +1,7 @@
 #include <QtTest>
 
+#include <algorithm>
+
 #include "model/netlist/rtlnetlist.h"
 #include "signals/groupnames.h"
 #include "signals/repeatrules.h"
@@ -7,6 +9,7 @@
 #include "signals/signallistindex.h"
 #include "signals/signalrules.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/randomsignals.h"
 #include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
@@ -160,6 +163,45 @@ private Q_SLOTS:
         QTEST(toText(list), "classified");
     }
 
+    // What a page does at once is what the functions for one record do one after the other.
+    void oneByOneAsAtOnce()
+    {
+        const QScopedPointer<QUARRY::RtlNetlist> netlist(
+            netlistFromText("top\n  x\n  y\n  a[2:0]\n  u0:m\n    z\n    a[2:0]\n"));
+        QList<QUARRY::RtlNet *> nets = netlist->topHierarchy->nets;
+        QList<QUARRY::RtlNetBus *> buses = netlist->topHierarchy->buses;
+        getAllnlsNet(netlist->topHierarchy, nets, buses);
+        const QStringList names = {"top/x",       "top/a[2:0]", "top/a[1]",      "top/u0/z",
+                                   "top/u0/a[0]", "top/lost",   "top/u0/a[2:0]", "group_0[1:0]"};
+        for (quint32 seed = 0; seed < 300; ++seed) {
+            RandomSignals random(seed);
+            QList<SignalItem> atOnce = random.list(), oneByOne;
+            const auto rename = [&](SignalItem &item) { item.name = names.at(random.below(names.size())); };
+            for (SignalItem &item : atOnce) {
+                rename(item);
+                std::for_each(item.members.begin(), item.members.end(), rename);
+            }
+            oneByOne = atOnce;
+            classifySignals(netlist.data(), atOnce);
+            for (SignalItem &item : oneByOne)
+                CheckBusOrSignal(nets, buses, item);
+            QVERIFY2(toText(atOnce) == toText(oneByOne), qPrintable(QString::number(seed)));
+
+            QList<SignalItem> chosen = random.list(), already = random.list(), others, one, rest;
+            for (SignalItem &item : already)
+                item.type = 1;
+            one = already;
+            Grouped(chosen, already, others);
+            for (SignalItem item : chosen) {
+                const auto isInvalid = [](const SignalItem &member) { return !member.valid; };
+                item.members.erase(std::remove_if(item.members.begin(), item.members.end(), isInvalid),
+                                   item.members.end());
+                item.type == 1 ? CheckBus(one, item) : rest.append(item);
+            }
+            QVERIFY2(joined({}, already, others) == joined({}, one, rest), qPrintable(QString::number(seed)));
+        }
+    }
+
     void anEmptyNetlistClassifiesNothing()
     {
         const QScopedPointer<const QUARRY::RtlNetlist> netlist(netlistFromText("top\n  u0:m\n"));
@@ -188,6 +230,8 @@ private Q_SLOTS:
         QCOMPARE(freeBeside("clk a[3:0] group_x[1:0] group_0 xgroup_0[1:0]"), QString("group_0"));
         QCOMPARE(freeBeside("group_2[1:0] group_0[3:0]"), QString("group_1"));
         QCOMPARE(freeBeside("group_1[1:0]"), QString("group_0"));
+        QCOMPARE(freeBeside("group_0[1:0] group_0[3:0]"), QString("group_2")); // a step for each of them
+        QCOMPARE(freeBeside("group_0[1:0] group_1[3:0] group_1[0:0]"), QString("group_3"));
         QCOMPARE(freeBeside("group_10[1:0] group_0[1:0] group_2[1:0] group_1[1:0]"), QString("group_3"));
         QCOMPARE(groupNameWithRange("group_2", 6), QString("group_2[5:0]"));
         QCOMPARE(groupNameForWidth("group_3[7:0]", 5), QString("group_3[4:0]"));

@@ -20,7 +20,7 @@ auto tableCell(const Value &value)
 
 // One row of a test's table; texts of all kinds become QStrings.
 template <class... Values>
-void row(const char *name, const Values &...values)
+void row(const QByteArray &name, const Values &...values)
 {
-    (QTest::newRow(name) << ... << tableCell(values));
+    (QTest::newRow(name.constData()) << ... << tableCell(values));
 }

@@ -11,6 +11,7 @@
 #include "tests/support/netpicker.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
 #include "trigger/expressionrules.h"
 #include "trigger/muexpressiondialog.h"
 #include "trigger/triggerportdialog.h"
@@ -123,6 +124,56 @@ private Q_SLOTS:
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         QCOMPARE(dialog.currentExpression(), QString("!M12"));
+    }
+
+    // Keys press buttons; an underscore is a blank, a dollar sign Return.
+    void keysAreTokens_data()
+    {
+        textColumns("keys", "expression", "result");
+        row("operators", "M0&(m3|!M2)", "M0&(M3|!M2)", "");
+        row("numbers of two digits", "M12^M1|M15", "M12^M1|M15", "");
+        row("a blank ends a number", "M1_5&", "M1&", "");
+        row("Return ends a number", "M1$", "M1", "accepted");
+        row("blanks end a number and press nothing", "_M1_&_M4_", "M1&M4", "");
+        row("no such unit", "M16M20&5", "M1M2&", "");
+        row("Backspace takes what is being typed", "M4M1<&", "M4&", "");
+        row("a unit after the other", "M1M1M1(", "M1M1M1(", "");
+    }
+
+    void keysAreTokens()
+    {
+        QFETCH(QString, keys);
+        MuExpressionDialog dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        press(&dialog, "M7");
+        press(&dialog, "Clear"); // the button that was clicked last
+        for (const QChar key : keys) {
+            const int code = key == '_' ? Qt::Key_Space : key == '$' ? Qt::Key_Return : Qt::Key_Backspace;
+            if (QString("_$<").contains(key))
+                QTest::keyClick(dialog.focusWidget(), Qt::Key(code));
+            else
+                QTest::keyClick(dialog.focusWidget(), key.toLatin1());
+        }
+        QTEST(dialog.currentExpression(), "expression");
+        QTEST(QString(dialog.result() == QDialog::Accepted ? "accepted" : ""), "result");
+    }
+
+    void keysOfUnitsThatTheModeLacks()
+    {
+        MuExpressionDialog dialog;
+        dialog.setType(true);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClicks(&dialog, "M12");
+        QCOMPARE(dialog.currentExpression(), QString());
+        QTest::keyClicks(&dialog, "M1");
+        QVERIFY2(dialog.findChild<QPushButton *>("btnM1")->isDown(), "what is typed shows");
+        press(&dialog, "AND"); // the mouse ends it as well
+        QTest::keyClicks(&dialog, "M1");
+        leave(&dialog);
+        QCOMPARE(dialog.currentExpression(), QString("M1&M1"));
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
     }
 
     void expressionsAreReturned()

@@ -21,16 +21,21 @@
 // An editor of either mode in a container of its own, as the host shows it.
 struct Shown
 {
-    Shown(JEX::JexMode mode, const QString &file)
-        : standard(mode == JEX::StandardMode), container(new QWidget), view(newView())
+    Shown(JEX::JexMode mode, const QString &file, bool isContained = true)
+        : standard(mode == JEX::StandardMode), container(isContained ? new QWidget : nullptr), view(newView())
     {
-        QVBoxLayout *layout = new QVBoxLayout(container);
-        layout->addWidget(view);
-        container->resize(900, 600);
+        if (isContained)
+            (new QVBoxLayout(container))->addWidget(view);
+        QWidget *window = view->window();
+        window->resize(900, 600);
         opened = view->open(file, QString(), &error);
-        container->show();
+        window->show();
     }
-    ~Shown() { delete container; }
+    ~Shown()
+    {
+        delete container;
+        delete view;
+    }
 
     RTLJEX::JexInserterView *newView() const
     {

@@ -49,6 +49,11 @@ private Q_SLOTS:
             QTest::keyClick(shown.coreTree(), row == 2 ? Qt::Key_Down : Qt::Key_Up);
             QTRY_COMPARE(shown.pages()->currentIndex(), row);
         }
+        // The menu of another core does not show it.
+        const QRect first = shown.coreTree()->visualItemRect(shown.coreTree()->topLevelItem(0));
+        QTest::mouseClick(shown.coreTree()->viewport(), Qt::RightButton, Qt::NoModifier, first.center());
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.pages()->currentIndex(), 1);
         QCOMPARE(shown.menu(-1), QString("Add (Remove)"));
         QCOMPARE(shown.menu(0), QString("Add Remove"));
         QCOMPARE(shown.pages()->count(), 3);
@@ -125,9 +130,27 @@ private Q_SLOTS:
         }
     }
 
+    // While it asks, the cores may become others, of which none was meant.
+    void removalOfACoreThatIsGone()
+    {
+        const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
+        const Shown shown(JEX::StandardMode, file);
+        ModalDriver driver;
+        driver.then([&shown](QDialog *question) {
+            static_cast<RTLJEX::JexStandardInserterView *>(shown.view.data())->reloadJexFile();
+            if (question->isVisible())
+                question->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        });
+        shown.menu(1, "Remove");
+        QVERIFY(driver.done());
+        QCOMPARE(shown.pages()->count(), 3);
+    }
+
     void liteCoresAreFixed()
     {
-        const Shown shown(JEX::LiteMode, m_work->writeLite("two.zub", 2));
+        const QString file = m_work->writeLite("two.zub", 2);
+        m_work->write("two.zub", m_work->read("two.zub").replace("core number=\"0\"", "core number=\"7\""));
+        const Shown shown(JEX::LiteMode, file); // listed by position, whatever their numbers
         QSignalSpy modified(shown.view, SIGNAL(modificationStatusChanged(bool)));
         QWidget *page = shown.pages()->currentWidget();
         for (const char *name : {"btnAdd", "btnRemove"}) {

@@ -42,9 +42,14 @@ private Q_SLOTS:
     void events()
     {
         Core::Project project;
+        Core::ProjectData files;
         Core::ProjectManager::setCurrentProject(&project);
-        for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd", "/p/off.v", "/p/x.zub"})
-            project.addFile(path);
+        for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd", "/p/off.v", "/p/x.zub"}) {
+            files.files.append(Core::SourceFile());
+            files.files.last().path = path;
+            files.files.last().type = TE::fileTypeFromName(path);
+        }
+        project.setData(files);
         project.setFileEnabled("/p/off.v", false);
         for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
             for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd"})

@@ -1,10 +1,18 @@
 #include <QDir>
 #include <QTextEdit>
 
+#include <cstdio>
+#include <functional>
+#include <unistd.h>
+
+#include "host/designmanager.h"
+#include "host/eventmanager.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/configtext.h"
+#include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
 #include "tests/views/shown.h"
+#include "views/pathlabel.h"
 
 namespace {
 
@@ -174,7 +182,9 @@ private Q_SLOTS:
         QVERIFY(QDir(m_work->path("gone")).removeRecursively());
         driver.press(QMessageBox::Ok);
         QVERIFY(!shown.view->save());
-        QCOMPARE(driver.seen.join("\n"), "critical | Error | Can not save to " + file + " | OK");
+        QCOMPARE(driver.seen.join("\n"),
+                 "critical | Error | Can not save to " + file + " | OK* Show Details... | Can not save to " +
+                     file + ": creating a file in its folder failed (No such file or directory).");
         QVERIFY(shown.view->isModified());
         QCOMPARE(shown.view->windowTitle(), QString("a.zub *"));
     }
@@ -258,6 +268,65 @@ private Q_SLOTS:
         shown.answer("Cancel");
         QCOMPARE(shown.banners(), QStringList());
         QCOMPARE(shown.pages()->count(), 3);
+    }
+
+    // The old file lives on under another name, so that a watcher of it hears nothing of the new one.
+    void replacedFileLivesOn()
+    {
+        const QString file = config("a.zub");
+        Shown shown(m_mode, file);
+        for (int cores = 2; cores <= 4; ++cores) {
+            const QString held = m_work->path(QString("held%1").arg(cores)), fresh = config("b.zub", cores);
+            QCOMPARE(::link(QFile::encodeName(file), QFile::encodeName(held)), 0);
+            QCOMPARE(std::rename(QFile::encodeName(fresh), QFile::encodeName(file)), 0);
+            QTRY_COMPARE(shown.banners(), QStringList(changedText));
+            shown.answer(cores == 2 ? "Cancel" : "Reload");
+            QCOMPARE(shown.pages()->count(), cores == 2 ? 1 : cores);
+        }
+        m_work->write("held4", "what the name does not stand for any more");
+        QTest::qWait(800);
+        QCOMPARE(shown.banners(), QStringList());
+    }
+
+    void removedFileComesBack()
+    {
+        const QString file = config("a.zub"), away = m_work->path("away");
+        Shown shown(m_mode, file);
+        const auto remove = [&] {
+            QVERIFY(QFile::rename(file, away));
+            QTRY_COMPARE(shown.banners(), QStringList(removedText));
+        };
+        remove();
+        QVERIFY(QFile::rename(away, file));
+        QTest::qWait(800);
+        QCOMPARE(shown.banners(), QStringList(removedText)); // nothing is added while it stands
+        shown.answer("Keep It");
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
+        shown.answer("Cancel");
+
+        remove();
+        shown.answer("Keep It");
+        QTest::qWait(800);
+        QCOMPARE(shown.banners(), QStringList());
+        QVERIFY(QFile::rename(away, file));
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
+        shown.answer("Reload");
+
+        // It was the editor that brought it back.
+        remove();
+        shown.answer("Keep It");
+        QVERIFY(shown.view->save());
+        QTest::qWait(1000);
+        QCOMPARE(shown.banners(), QStringList());
+
+        // The question about the design stands on its own.
+        m_work->project.setOption("TopModule", "top");
+        QVERIFY(QFile::remove(away));
+        QVERIFY(QFile::rename(file, away));
+        QTRY_COMPARE(shown.banners(), QStringList({topText, removedText}));
+        QMetaObject::invokeMethod(shown.view, "onBannerKeep");
+        m_work->project.setOption("TopModule", "");
+        QCOMPARE(shown.banners(), QStringList({topText, removedText}));
     }
 
     void burstsSavesAndRemovals()
@@ -356,6 +425,42 @@ private Q_SLOTS:
 
         m_work->project.setOption("IncludePath", QStringList("inc"));
         QCOMPARE(shown.banners(), QStringList(designText));
+
+        // What can become of a source.
+        const QString more = m_work->path("more.v");
+        for (const int change : {0, 1, 2}) {
+            shown.answer("Cancel");
+            QCOMPARE(shown.banners(), QStringList());
+            if (change == 0)
+                m_work->project.setFileType(more, TE::SystemVerilogFile);
+            else if (change == 1)
+                m_work->project.setFileEnabled(m_work->path("design.sv"), false);
+            else
+                m_work->project.removeFile(more);
+            QCOMPARE(shown.banners(), QStringList(designText));
+        }
+    }
+
+    // Side by side they have no room for a long path.
+    void bannersElidePaths()
+    {
+        const QString file = config(QString("%1.zub").arg(QString(80, 'x')));
+        Shown shown(m_mode, file);
+        m_work->write(QFileInfo(file).fileName(), "changed");
+        QTRY_COMPARE(shown.banners(), QStringList(changedText));
+        m_work->project.setOption("TopModule", "top");
+        shown.container->resize(1300, 600);
+        auto *label = shown.find<RTLJEX::PathLabel>("labelFile");
+        QVERIFY(QTest::qWaitFor([=] { return label->shownText() != label->text(); }));
+        QVERIFY2(label->text().contains(file), "whoever asks has it whole");
+        QCOMPARE(label->toolTip(), file);
+        const QString line = label->shownText().section('\n', 0, 0);
+        QVERIFY2(label->fontMetrics().boundingRect(line).width() <= label->width() + 2, qPrintable(line));
+        QVERIFY2(line.startsWith(QString("The file '") + QChar(0x2026)) &&
+                     line.endsWith(".zub' changed on disk."),
+                 qPrintable(line));
+        label->resize(4000, label->height());
+        QCOMPARE(label->shownText(), label->text());
     }
 
     void designReloadFails()
@@ -386,6 +491,57 @@ private Q_SLOTS:
         QCOMPARE(other.banners(), QStringList(topText));
     }
 
+    // Neither success nor failure: the question is asked again.
+    void cancelledReading()
+    {
+        Shown shown(m_mode, config("a.zub")), other(m_mode, config("other.zub"));
+        shown.edit();
+        const QString rows = rowNames(shown.captureRows());
+        m_work->project.setOption("TopModule", "top");
+        ModalDriver driver;
+        slowDesign("exec sleep 20");
+        whileReading([&](QProgressDialog *dialog) {
+            // A second reading changes nothing and closes nothing.
+            other.answer("Reload");
+            QMetaObject::invokeMethod(other.view, "readRtlNetlist");
+            dialog->findChild<QPushButton *>()->click();
+        });
+        shown.answer("Reload");
+        QCOMPARE(driver.seen, QStringList());
+        for (const Shown *editor : {&shown, &other}) {
+            QCOMPARE(editor->state(), QString("visible"));
+            QCOMPARE(editor->banners(), QStringList(topText));
+            QCOMPARE(rowNames(editor->captureRows()), rows);
+        }
+        QVERIFY(shown.view->isModified());
+        m_work->project.setOption("TopModule", "");
+        QCOMPARE(shown.banners(), QStringList(topText));
+        QVERIFY2(other.view->save(), "it has its design");
+        if (shown.standard)
+            driver.press(QMessageBox::Ok);
+        QCOMPARE(shown.view->save(), !shown.standard);
+        QCOMPARE(driver.seen,
+                 shown.standard
+                     ? QStringList(checkFailed("Core 0: The specified sample clock does not exist"))
+                     : QStringList());
+
+        whileReading([](QProgressDialog *dialog) { dialog->findChild<QPushButton *>()->click(); });
+        const Shown third(m_mode, config("third.zub"));
+        QCOMPARE(third.error + (third.opened ? "opened" : "not opened"), QString("not opened"));
+        QVERIFY(driver.done());
+
+        // What an editor pays no heed to while it reads is told again when that has ended.
+        slowDesign("sleep 0.6; exec verilator_bin \"$@\"");
+        driver.press(QMessageBox::Ok); // the second module may be the top one as well
+        whileReading([&](QProgressDialog *) {
+            m_work->addDesign("more.v", "module leaf(input clk); endmodule\n");
+            QCOMPARE(shown.banners(), QStringList());
+        });
+        shown.answer("Reload");
+        qunsetenv("JEX_VERILATOR");
+        QTRY_COMPARE(shown.banners(), QStringList(designText));
+    }
+
     void diesWhileAsking()
     {
         for (const QByteArray action : {"close", "save", "onRtlReload", "onBannerReload"}) {
@@ -409,18 +565,67 @@ private Q_SLOTS:
     void stopsTheToolWhenItDies()
     {
         Shown shown(m_mode, config("a.zub"));
-        const QString tool = m_work->write("slow", "#!/bin/sh\nexec sleep 600");
-        QVERIFY(QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner));
-        qputenv("JEX_VERILATOR", tool.toUtf8());
-        m_work->write("design.sv", faultyDesign);
+        slowDesign("exec sleep 20");
         QTimer::singleShot(300, shown.container, [&shown] { delete shown.container; });
         QMetaObject::invokeMethod(shown.view, "onRtlReload");
         qunsetenv("JEX_VERILATOR");
         QCOMPARE(shown.state(), QString("gone"));
     }
 
+    // Events come while a Lite editor is being built, since it subscribes first, and a host need not have put
+    // an editor into anything.
+    void withoutContainer()
+    {
+        struct Teller : QObject
+        {
+            bool eventFilter(QObject *, QEvent *) override
+            {
+                QUtil::EventManager::instance()->post("TE.Option.Change", {{"option", "TopModule"}});
+                return false;
+            }
+        } teller;
+        qApp->installEventFilter(&teller);
+        const Shown shown(m_mode, config("a.zub"), false);
+        qApp->removeEventFilter(&teller);
+        QVERIFY(shown.opened);
+        shown.edit();
+        m_work->write("a.zub", "damaged");
+        ModalDriver driver;
+        driver.press(QMessageBox::Ok);
+        QVERIFY(QMetaObject::invokeMethod(shown.view, "onBannerReload"));
+        QCOMPARE(driver.seen.join("\n"), QString("warning | Reload Jex | Invalid JEX file. | OK"));
+        QTRY_VERIFY(!shown.view);
+    }
+
 private:
-    QString config(const char *name, int cores = 1) const { return m_work->writeConfig(m_mode, name, cores); }
+    // A tool in place of Verilator, and a design that it has to be asked about.
+    void slowDesign(const QByteArray &command)
+    {
+        QFile::remove(m_work->path("slow"));
+        const QString tool = m_work->write("slow", "#!/bin/sh\n" + command);
+        QVERIFY(QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner));
+        qputenv("JEX_VERILATOR", tool.toUtf8());
+        m_work->write("design.sv", counterDesign + QByteArray(++m_designs, '\n'));
+    }
+
+    // Once, when the dialog is up.
+    void whileReading(const std::function<void(QProgressDialog *)> &act)
+    {
+        auto *poll = new QTimer(qApp);
+        connect(poll, &QTimer::timeout, [=] {
+            if (auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget())) {
+                poll->deleteLater();
+                poll->stop();
+                act(dialog);
+            }
+        });
+        poll->start(5);
+    }
+
+    QString config(const QString &name, int cores = 1) const
+    {
+        return m_work->writeConfig(m_mode, name, cores);
+    }
     QString checkFailed(const QString &details) const
     {
         return "critical | Error | Your settings contain some errors." +
@@ -428,6 +633,7 @@ private:
     }
 
     JEX::JexMode m_mode = JEX::InvalidMode;
+    int m_designs = 0;
     QScopedPointer<Workspace> m_work;
 };
 

@@ -70,6 +70,45 @@ private Q_SLOTS:
         QCOMPARE(picture, arguments.contains("--shot") ? QSize(1280, 800) : QSize(0, 0));
     }
 
+    // A window needs a display, and what nobody looks at does not. The notes of the editor are for those who
+    // ask for them.
+    void withoutADisplay_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("display");
+        QTest::addColumn<int>("code");
+        const QStringList report{"--report", "a design.v"};
+        QTest::newRow("window") << QStringList("a design.v") << "" << 2;
+        QTest::newRow("dead display") << QStringList("a design.v") << ":4711" << 2;
+        QTest::newRow("report") << report << "" << 0;
+#ifdef SOC
+        QTest::newRow("editor") << QStringList{"--report", SOC "soc.jexprj", SOC "capture.zub"} << "" << 0;
+        QTest::newRow("verbose") << QStringList{"--report", "--verbose", SOC "soc.jexprj", SOC "capture.zub"}
+                                 << "" << 0;
+#endif
+    }
+    void withoutADisplay()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, display);
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(name);
+        if (!display.isEmpty())
+            environment.insert("DISPLAY", display);
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_dir.path());
+        process.start(WORKBENCH, arguments);
+        QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QTEST(process.exitCode(), "code");
+        const QString errors = process.readAllStandardError();
+        QCOMPARE(errors.startsWith("jexworkbench: There is no display"), process.exitCode() == 2);
+        QCOMPARE(errors.contains("--report") && errors.contains("--shot"), process.exitCode() == 2);
+        QCOMPARE(errors.contains("create jexins inserter"), arguments.contains("--verbose"));
+    }
+
     // A project that would write beside itself and run a shell when its VHDL is started, in every program
     // that opens it. The plug-in reads it in the workbench.
     void opensHostileProjects_data()

@@ -159,7 +159,7 @@ private Q_SLOTS:
             discard();
     }
 
-    // The box is the editor's; why it failed is in the pane.
+    // In the editor's box and in the pane.
     void saysWhyASaveFailed()
     {
         openAndEdit();
@@ -171,9 +171,10 @@ private Q_SLOTS:
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &none), 0);
         save()->trigger();
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QCOMPARE(m_user.seen.join('\n'), "critical | Error | Can not save to " + m_path + " | OK");
-        QVERIFY2(pane().contains("Can not save to " + m_path + ": writing failed (File too large)."),
-                 qPrintable(pane()));
+        const QString reason = "Can not save to " + m_path + ": writing failed (File too large).";
+        QCOMPARE(m_user.seen.join('\n'),
+                 "critical | Error | Can not save to " + m_path + " | OK* Show Details... | " + reason);
+        QVERIFY2(pane().contains(reason), qPrintable(pane()));
         QVERIFY(view()->editedFile().isModified);
         save()->trigger(); // and the next one asks nothing: nobody else changed the file
         QCOMPARE(fileState(), QString("edited"));

@@ -1,0 +1,44 @@
+#include "host/designnews.h"
+
+#include <QTimer>
+
+namespace TE {
+namespace {
+
+const char *const topics[] = {"TE.File.Add",         "TE.File.Remove",   "TE.File.Change.Enable",
+                              "TE.File.Change.Type", "TE.File.Modified", "TE.Option.Change"};
+
+} // namespace
+
+DesignNews::DesignNews()
+{
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->subscribe(this, QLatin1String(topic));
+}
+
+DesignNews::~DesignNews()
+{
+}
+
+void DesignNews::handleIEvent(const QUtil::IEvent *event)
+{
+    const QPair<QString, QMap<QString, QVariant>> told(event->topic(), event->data());
+    if (!m_noted.contains(told))
+        m_noted.append(told);
+}
+
+void DesignNews::end()
+{
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->unsubscribe(this, QLatin1String(topic));
+    QTimer::singleShot(0, this, SLOT(post()));
+}
+
+void DesignNews::post()
+{
+    for (const QPair<QString, QMap<QString, QVariant>> &told : m_noted)
+        QUtil::EventManager::instance()->post(told.first, told.second);
+    deleteLater();
+}
+
+} // namespace TE
