@@ -186,7 +186,7 @@ void NetListing::makeHead()
 void NetListing::appendLine(const RtlModule &module, quint32 number)
 {
     const RtlModule::Entry &entry = module.entries()[number];
-    const std::string &file = shownFile(module.info(number).file);
+    const std::string &file = shownFile(module.kind(number).file);
     std::string &text = m_texts;
     append(text, module.nameOf(entry), int(entry.textLength));
     if (entry.isBus) {
@@ -202,13 +202,13 @@ void NetListing::appendLine(const RtlModule &module, quint32 number)
     }
     text += file;
     text += ':';
-    append(text, module.info(number).line);
+    append(text, module.line(number));
 }
 
 void NetListing::appendJson(const RtlModule &module, quint32 number)
 {
     const RtlModule::Entry &entry = module.entries()[number];
-    const QUARRY::Declaration &info = module.info(number);
+    const QUARRY::Declaration info = module.info(number);
     std::string &text = m_texts;
     text += quoted(module.shortName(entry)).substr(1);
     text += ", \"width\": " + std::to_string(entry.width());

@@ -6,11 +6,19 @@
 #include "host/foreignproject.h"
 #include "host/variable.h"
 
-// Without exceptions the parser goes on behind a fault, into assertions of its own.
+#include <stdexcept>
+
+// Some texts break what the parser takes for certain: in each kind of build that is a fault of the text,
+// which is thrown as its others are.
+static constexpr void tomlClaim(bool holds)
+{
+    if (!holds)
+        throw std::logic_error("it is no TOML");
+}
+#undef NDEBUG
+#define TOML_ASSERT(expression) tomlClaim(bool(expression))
 #define TOML_EXCEPTIONS 1
 #include <toml++/toml.h>
-
-#include <exception>
 
 namespace Core {
 namespace {
@@ -32,21 +40,42 @@ bool isTooDeep(const QByteArray &bytes)
     return false;
 }
 
+// The parser has holes where letters beyond ASCII stand in odd places, so it sees none: "%C3%A9". A text that
+// has such signs outside strings and comments is none in any case.
+QByteArray asciiOnly(const QByteArray &bytes)
+{
+    const QByteArray byteOrderMark("\xEF\xBB\xBF");
+    QByteArray ascii;
+    for (const char c : bytes.startsWith(byteOrderMark) ? bytes.mid(byteOrderMark.size()) : bytes) {
+        if (c == '%' || static_cast<unsigned char>(c) >= 128)
+            ascii += '%' + QByteArray(1, c).toHex();
+        else
+            ascii += c;
+    }
+    return ascii;
+}
+
+QString fromAscii(std::string_view text)
+{
+    const QByteArray utf8 = QByteArray::fromPercentEncoding(QByteArray(text.data(), int(text.size())));
+    return QString::fromUtf8(utf8.constData(), utf8.size());
+}
+
 QString fromKey(const toml::key &key)
 {
-    return QString::fromUtf8(key.data(), int(key.length()));
+    return fromAscii(std::string_view(key.data(), key.length()));
 }
 
 // False with the fault of a text that is no TOML; the library's exceptions end here.
 bool parse(const QByteArray &bytes, toml::table &document, QString &fault)
 {
     try {
-        document = toml::parse(std::string_view(bytes.constData(), size_t(bytes.size())));
+        const QByteArray ascii = asciiOnly(bytes);
+        document = toml::parse(std::string_view(ascii.constData(), size_t(ascii.size())));
     } catch (const toml::parse_error &error) {
         const std::string_view reason = error.description();
         fault = QString::fromLatin1("line %1: %2.")
-                    .arg(QString::number(error.source().begin.line),
-                         QString::fromUtf8(reason.data(), int(reason.size())));
+                    .arg(QString::number(error.source().begin.line), fromAscii(reason));
     } catch (const std::exception &error) {
         fault = QString::fromUtf8(error.what()) + QLatin1Char('.');
     }
@@ -127,7 +156,7 @@ private:
 
     QStringList filesOf(const toml::value<std::string> &text)
     {
-        QString pattern = QString::fromUtf8(text.get().data(), int(text.get().size()));
+        QString pattern = fromAscii(text.get());
         QString unset;
         // The system takes the first NUL of a name for its end.
         if (pattern.contains(QChar(0)) || pattern.isEmpty())

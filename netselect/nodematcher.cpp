@@ -11,7 +11,7 @@ namespace RTLJEX {
 
 namespace {
 
-const int letters = 128; // of ASCII
+const size_t letters = 128; // of ASCII
 const int pathRoom = 256;
 
 bool isAscii(const QChar *text, int length)
@@ -109,7 +109,7 @@ const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &
 bool NodeMatcher::mayStraddle()
 {
     for (int from = 0; m_crosses && from < m_beginning.size(); ++from) {
-        if (!mayBeginRest(from))
+        if (from + 1 < m_beginning.size() && !mayBeginRest(from))
             continue;
         const QString end = m_beginning.mid(from);
         if (m_rest.exactMatch(end) || m_rest.matchedLength() == end.size())
@@ -121,9 +121,11 @@ bool NodeMatcher::mayStraddle()
 // By the two letters there, about which the pattern is asked once for all instances.
 bool NodeMatcher::mayBeginRest(int from)
 {
-    if (from + 2 > m_beginning.size() || !isAscii(m_beginning.constData() + from, 2))
+    const size_t first = m_beginning.constData()[from].unicode();
+    const size_t second = m_beginning.constData()[from + 1].unicode();
+    if (first >= letters || second >= letters)
         return true;
-    PairState &state = m_pairs[m_beginning.at(from).unicode() * letters + m_beginning.at(from + 1).unicode()];
+    PairState &state = m_pairs[first * letters + second];
     if (state == NotAsked) {
         const bool fits = m_rest.exactMatch(m_beginning.mid(from, 2)) || m_rest.matchedLength() == 2;
         state = fits ? CanBegin : CannotBegin;

@@ -56,7 +56,8 @@ RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name), m_isScope(decl
         length += net.name.size();
     m_text.reserve(length);
     m_entries.reserve(size_t(decl.nets.size()));
-    m_info.reserve(size_t(decl.nets.size()));
+    m_places.reserve(size_t(decl.nets.size()));
+    QMultiHash<QString, quint32> kinds; // by type
     quint32 ordinals[2] = {0, 0};
     for (const NetDecl &net : decl.nets) {
         Entry entry;
@@ -75,11 +76,26 @@ RtlModule::RtlModule(const ModuleDecl &decl) : m_name(decl.name), m_isScope(decl
                 m_excludedSlots.push_back(entry.slotOfBit(bit));
         }
         m_entries.push_back(entry);
-        m_info.push_back(net.info);
+        m_places.push_back({kindOf(net.info, kinds), net.info.line});
     }
     m_entryOfSlot.shrink_to_fit();
     m_isAscii =
         std::all_of(m_text.constBegin(), m_text.constEnd(), [](QChar c) { return c.unicode() < 128; });
+}
+
+// The number of such a kind, which is added unless it is there.
+quint32 RtlModule::kindOf(const Declaration &info, QMultiHash<QString, quint32> &kinds)
+{
+    for (QMultiHash<QString, quint32>::const_iterator it = kinds.constFind(info.type);
+         it != kinds.constEnd() && it.key() == info.type; ++it) {
+        if (m_kinds[*it].isAlike(info))
+            return *it;
+    }
+    const quint32 number = quint32(m_kinds.size());
+    kinds.insert(info.type, number);
+    m_kinds.push_back(info);
+    m_kinds.back().line = 0;
+    return number;
 }
 
 int RtlModule::writeRange(const Entry &entry, QChar *out)

@@ -40,7 +40,14 @@ public:
     bool isScope() const { return m_isScope; } // its nodes are no instances of a module
     const std::vector<Entry> &entries() const { return m_entries; }
     // Apart from the entries: a search reads those of the whole design, and this of what it finds.
-    const Declaration &info(quint32 number) const { return m_info[number]; }
+    Declaration info(quint32 number) const
+    {
+        Declaration info = kind(number);
+        info.line = line(number);
+        return info;
+    }
+    const Declaration &kind(quint32 number) const { return m_kinds[m_places[number].kind]; } // without a line
+    int line(quint32 number) const { return m_places[number].line; }
     const std::vector<quint32> &excludedSlots() const { return m_excludedSlots; }
     quint32 slotCount() const { return quint32(m_entryOfSlot.size()); }
     quint32 entryNumber(quint32 slot) const { return m_entryOfSlot[slot]; }
@@ -67,6 +74,7 @@ public:
     qint64 findDeclared(const QString &name, int from) const;
 
 private:
+    quint32 kindOf(const Declaration &info, QMultiHash<QString, quint32> &kinds);
     template <typename Accept>
     qint64 findEntry(const QChar *name, int length, Accept accept) const;
 
@@ -75,7 +83,13 @@ private:
     QString m_text;
     bool m_isAscii = true;
     std::vector<Entry> m_entries;
-    std::vector<Declaration> m_info;
+    struct Place
+    {
+        quint32 kind;
+        int line;
+    };
+    std::vector<Declaration> m_kinds; // unlike each other, their lines aside
+    std::vector<Place> m_places;
     std::vector<quint32> m_entryOfSlot;
     std::vector<quint32> m_excludedSlots;
     mutable NameIndex m_byName; // made when a name is first looked up

@@ -16,7 +16,7 @@ QString RtlNet::fullPathName() const
     return m_module->declarations().netName(m_slot, &m_module->fullPathName());
 }
 
-const Declaration &RtlNet::declaration() const
+Declaration RtlNet::declaration() const
 {
     const RtlModule &module = m_module->declarations();
     return module.info(module.entryNumber(m_slot));
@@ -34,7 +34,7 @@ QString RtlNetBus::fullBusName() const
     return module.busName(module.entries()[m_entry], &m_module->fullPathName());
 }
 
-const Declaration &RtlNetBus::declaration() const
+Declaration RtlNetBus::declaration() const
 {
     return m_module->declarations().info(m_entry);
 }

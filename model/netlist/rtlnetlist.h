@@ -25,13 +25,19 @@ class RtlModule;
 class RtlNet;
 class RtlNetBus;
 
-// What the source says about a declared name: shared by all nets of that declaration, in all instances.
+// What the source says about a declared name, the same for all nets of that declaration, in all instances.
 struct Declaration
 {
     QString file; // absolute path
     int line = 0;
     QString type;           // as declared, "logic [7:0]", "state_t"; may be empty
     QStringList enumLabels; // "IDLE=0", in order of declaration; empty when the type is no enumeration
+
+    // Whether all but the line is the same: a module keeps that once.
+    bool isAlike(const Declaration &other) const
+    {
+        return file == other.file && type == other.type && enumLabels == other.enumLabels;
+    }
 };
 
 // One single-bit net, or one bit of a bus.
@@ -43,7 +49,7 @@ public:
 
     QString name() const;         // "ready", "count[3]"
     QString fullPathName() const; // the identity under which a configuration stores the signal
-    const Declaration &declaration() const;
+    Declaration declaration() const;
     Hierachy *module() const { return m_module; }
     quint32 slot() const { return m_slot; } // in the declarations of module()
 
@@ -62,7 +68,7 @@ public:
 
     QString BusName() const;     // "count[7:0]"
     QString fullBusName() const; // "top/u0/count[7:0]"
-    const Declaration &declaration() const;
+    Declaration declaration() const;
     Hierachy *module() const { return m_module; }
     quint32 entry() const { return m_entry; } // in the declarations of module()
 

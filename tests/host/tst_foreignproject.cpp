@@ -122,6 +122,10 @@ unused = 'error'
         row("NUL", "[libraries]\na.files = [\"x\\u0000y\"]\n",
             "line 2: a file must have a name, without NUL characters.");
         row("no TOML", "[libraries\n", "");
+        row("letters", "[libraries]\n\"\u00fc\".files = ['\u00e4%41.vhd'] # \u03a6\n",
+            "\u00e4%41.vhd:4@\u00fc");
+        row("letters outside", "es = \u03a6", "");
+        row("no header", "[|a]\nb.c = 1\n", "it is no TOML.");
         row("deep", "a" + QByteArray(".a").repeated(100000) + " = 1\n", "its keys are nested too deep.");
         row("deep lists", "a = " + QByteArray(100000, '['), "");
     }

@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(drawn(netlist.get()).join('\n'),
                  QString("top:top\ntop/i0:leaf n! d[1:0]!0\ntop/i1:leaf n d[1:0]!\nTS_JTAG!"));
         QCOMPARE(second->buses.first()->members.last()->declaration().line, 7);
-        QCOMPARE(&first->buses.first()->declaration(), &second->buses.first()->declaration());
+        QCOMPARE(&first->declarations(), &second->declarations());
     }
 };
 
