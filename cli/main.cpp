@@ -23,6 +23,7 @@ const Command commands[] = {
     {"devices", "list the known devices", devices},
     {"diff", "what changed between two configurations", diff},
     {"rebind", "rename stored signals after the design was changed", rebind},
+    {"insert", "make the analyzer and put it into the design", insert},
 };
 
 void printHelp(Output &out)
