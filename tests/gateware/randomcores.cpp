@@ -113,7 +113,7 @@ private:
 
     void drawWindows(JEX::AoCore *core)
     {
-        core->storageSize = 4 << below(core->captureImplementation == JEX::RegImplementation ? 5 : 10);
+        core->storageSize = 4 << below(core->captureImplementation == JEX::RegImplementation ? 5 : 9);
         core->windowNumber = 1 + below(qMin(16, core->storageSize / 4));
         int depth = core->storageSize;
         for (int parts = 1; parts < core->windowNumber; parts *= 2)
@@ -136,7 +136,7 @@ private:
             return QChar(oneIn(4) ? '0' + below(2) : now == '1' ? '1' : '0');
         if (oneIn(12))
             return QString("01XRFBN")[below(7)];
-        if (!oneIn(3))
+        if (before == now && !oneIn(3))
             return 'X';
         if (before == now)
             return oneIn(3) ? 'N' : now == '1' ? '1' : '0';

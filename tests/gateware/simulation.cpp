@@ -28,7 +28,7 @@ wire [%WIDTH-1:0] in_%I = inputs_%I[half > %LAST ? %LAST : half];
 wire [5:0] now_%I = tape_%I[step];
 wire tdo_%I;
 always @(posedge ctl) if (now_%I[5]) $fwrite(file_%I, "%b", tdo_%I);
-jex_core_%I core_%I(.clk(clk), .data(in_%I[%DATA-1:0]), %PORTS
+jex_core_%I core_%I(.clk(clk), %PORTS
   .ctl_clock(ctl), .ctl_select(now_%I[0]), .ctl_capture(now_%I[1]), .ctl_shift(now_%I[2]),
   .ctl_update(now_%I[3]), .ctl_tdi(now_%I[4]), .ctl_tdo(tdo_%I), .windows(), .done(), .seen());
 )";
@@ -82,32 +82,12 @@ QByteArray number(int value)
     return QByteArray::number(value);
 }
 
-// The bits of all inputs of a core: the ports with the highest number on top, then the data.
-QByteArray inputLine(const coremodel::Sample &sample)
-{
-    QByteArray bits = sample.data;
-    for (const QByteArray &port : sample.ports)
-        bits = port + bits;
-    return bits + '\n';
-}
-
 QByteArray instanceText(const Bench &bench, int i, int clocks)
 {
     const RandomCore &core = *bench.cores[i];
-    const int dataWidth = bench.modules[i].layout.dataWidth;
-    QByteArray ports;
-    int low = dataWidth;
-    const QMap<int, QByteArray> &sample = core.halves.first().ports;
-    for (auto it = sample.begin(); it != sample.end(); ++it) {
-        const int top = low + it.value().size() - 1;
-        if (bench.modules[i].portNumbers.contains(it.key()))
-            ports += ".trig_" + number(it.key()) + "(in_%I[" + number(top) + ":" + number(low) + "]), ";
-        low = top + 1;
-    }
     return QByteArray(instance)
-        .replace("%PORTS", ports)
-        .replace("%WIDTH", number(low))
-        .replace("%DATA", number(dataWidth))
+        .replace("%PORTS", inputPorts(bench, i).replace("(in[", "(in_%I["))
+        .replace("%WIDTH", number(inputLine(core.halves.first()).size()))
         .replace("%LAST", number(core.halves.size() - 1))
         .replace("%CLOCKS", number(clocks - 1))
         .replace("%I", number(i));
@@ -174,34 +154,60 @@ QByteArray captureFile(const QByteArray &bits, const CoreLayout &layout)
     return text;
 }
 
-void run(const Folder &folder, const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.setWorkingDirectory(folder.path());
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    if (!process.waitForFinished(600000) || process.exitStatus() != QProcess::NormalExit ||
-        process.exitCode())
-        qFatal("%s: %s", qPrintable(program), process.readAll().right(4000).constData());
-}
-
 void runIn(const Folder &folder, const QByteArray &sources, int edges, Simulator simulator)
 {
     if (simulator == Icarus) {
         folder.write("bench.v", sources + QByteArray(icarusDriver).replace("%EDGES", number(edges)));
-        run(folder, "iverilog", {"-g2001", "-s", "driver", "-o", "bench.vvp", "bench.v"});
-        run(folder, "vvp", {"-n", "bench.vvp"});
+        runTool(folder.path(), "iverilog", {"-g2001", "-s", "driver", "-o", "bench.vvp", "bench.v"});
+        runTool(folder.path(), "vvp", {"-n", "bench.vvp"});
         return;
     }
     folder.write("bench.v", sources);
     folder.write("driver.cpp", verilatorDriver);
-    run(folder, "verilator",
-        {"--cc", "--exe", "--build", "-Wno-lint", "-Wno-style", "--top-module", "bench", "--x-initial", "0",
-         "--output-split", "0", "-CFLAGS", "-O0", "bench.v", "driver.cpp"});
-    run(folder, "obj_dir/Vbench", {});
+    runTool(folder.path(), "verilator",
+            {"--cc", "--exe", "--build", "-Wno-lint", "-Wno-style", "--top-module", "bench", "--x-initial",
+             "0", "--output-split", "0", "-MAKEFLAGS", "OPT_GLOBAL=-O0 OPT_FAST=-O0 OPT_SLOW=-O0", "bench.v",
+             "driver.cpp"});
+    runTool(folder.path(), "obj_dir/Vbench", {});
 }
 
 } // namespace
+
+QByteArray inputLine(const coremodel::Sample &sample)
+{
+    QByteArray bits = sample.data;
+    for (const QByteArray &port : sample.ports)
+        bits = port + bits;
+    return bits;
+}
+
+QByteArray inputPorts(const Bench &bench, int core)
+{
+    const CoreModule &module = bench.modules[core];
+    QByteArray text = ".data(in[" + number(module.layout.dataWidth - 1) + ":0]), ";
+    int low = module.layout.dataWidth;
+    const QMap<int, QByteArray> &sample = bench.cores[core]->halves.first().ports;
+    for (auto it = sample.begin(); it != sample.end(); ++it) {
+        const int top = low + it.value().size() - 1;
+        if (module.portNumbers.contains(it.key()))
+            text += ".trig_" + number(it.key()) + "(in[" + number(top) + ":" + number(low) + "]), ";
+        low = top + 1;
+    }
+    return text;
+}
+
+QByteArray runTool(const QString &folder, const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.setWorkingDirectory(folder);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    const bool isOver = process.waitForFinished(600000);
+    const QByteArray said = process.readAll();
+    if (!isOver || process.exitStatus() != QProcess::NormalExit || process.exitCode())
+        qFatal("%s: %s", qPrintable(program), said.right(4000).constData());
+    return said;
+}
 
 int Bench::edges() const
 {
@@ -229,7 +235,8 @@ QString captureText(const CapturedCore &core)
 QStringList simulate(const Bench &bench, Simulator simulator)
 {
     Folder folder;
-    if (qEnvironmentVariableIsSet("KEEP")) folder.dir.setAutoRemove(false);
+    if (qEnvironmentVariableIsSet("KEEP"))
+        folder.dir.setAutoRemove(false);
     QByteArray ticks;
     const QList<ControlTape> tapes = tapesOf(bench, &ticks);
     folder.write("ticks.txt", ticks);
@@ -237,7 +244,7 @@ QStringList simulate(const Bench &bench, Simulator simulator)
     for (int i = 0; i < bench.cores.size(); ++i) {
         QByteArray lines;
         for (const coremodel::Sample &sample : bench.cores[i]->halves)
-            lines += inputLine(sample);
+            lines += inputLine(sample) + '\n';
         folder.write(QString("inputs_%1.txt").arg(i), lines);
         folder.write(QString("tape_%1.txt").arg(i), tapes[i].text());
         text += instanceText(bench, i, tapes[i].clocks());
