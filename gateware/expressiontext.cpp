@@ -47,7 +47,7 @@ QByteArray Expression::logic() const
         }
         const QByteArray right = stack.takeLast();
         if (isNotUnaryOp(token))
-            stack.append("~" + right);
+            stack.append("(~" + right + ")");
         else
             stack.append("(" + stack.takeLast() + " " + token.toLatin1() + " " + right + ")");
     }

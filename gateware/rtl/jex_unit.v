@@ -48,8 +48,13 @@ module jex_unit #(
     endgenerate
 
     wire [WIDTH-1:0] wrong = (care & (now ^ level)) | (edges & (changed ^ (care | level)));
+    // A fixed bound can be the least or the greatest number that there is.
+    /* verilator lint_off CMPCONST */
+    /* verilator lint_off UNSIGNED */
     wire fits = (kind == 3'd0 & ~|wrong) | (kind == 3'd1 & |wrong) | (kind == 3'd2 & now < level) |
         (kind == 3'd3 & now > level) | (kind == 3'd4 & now >= level & now <= upper);
+    /* verilator lint_on UNSIGNED */
+    /* verilator lint_on CMPCONST */
 
     initial match = 1'b0;
     // Not an assignment of the condition: an unknown one has to give 0.

@@ -1,0 +1,275 @@
+// The cores against the plain model of them, and the tools that have to take them.
+
+#include <QtTest>
+
+#include "gateware/corefault.h"
+#include "tests/gateware/simulation.h"
+#include "tests/support/files.h"
+#include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
+
+using namespace RTLJEX;
+
+namespace {
+
+enum { BatchSize = 24 };
+
+// Of cores that are numbered by their places.
+Bench benchOf(const std::vector<RandomCore> &cores)
+{
+    Bench bench;
+    bench.sources = gatewareSources();
+    for (const RandomCore &core : cores) {
+        (core.standard ? core.standard->coreNumber : core.lite->coreNumber) = bench.cores.size();
+        bench.cores += &core;
+        bench.modules += coreModule(core.any(), core.options);
+        bench.sources += bench.modules.last().text;
+        if (!bench.modules.last().fault.isEmpty())
+            qFatal("%s", qPrintable(bench.modules.last().fault));
+    }
+    return bench;
+}
+
+std::vector<RandomCore> randomCores(int first, int count, bool unknowns)
+{
+    std::vector<RandomCore> cores;
+    for (int i = 0; i < count; ++i)
+        cores.push_back(randomCore(unsigned(first + i), unknowns));
+    return cores;
+}
+
+QByteArray described(const RandomCore &core)
+{
+    Configuration file(core.standard ? JEX::StandardMode : JEX::LiteMode);
+    if (core.standard)
+        file.coresOf<JEX::AoCore>().append(core.standard.get());
+    else
+        file.coresOf<JEX::AOCore_Lite>().append(core.lite.get());
+    QByteArray bytes;
+    QString error;
+    file.toBytes(&bytes, &error);
+    file.coresOf<JEX::AoCore>().clear();
+    file.coresOf<JEX::AOCore_Lite>().clear();
+    for (const RandomCore::At &command : core.commands)
+        bytes += "command " + QByteArray::number(command.kind) + " before edge " +
+                 QByteArray::number(command.half) + '\n';
+    return bytes;
+}
+
+// How many of the cores captured something else than the model.
+int differences(const Bench &bench)
+{
+    const QStringList captured = simulate(bench, Icarus);
+    int count = 0;
+    for (int i = 0; i < captured.size(); ++i)
+        count += captured[i] != captureText(bench.cores[i]->expected(bench.edges()));
+    return count;
+}
+
+// A small core that can be made.
+std::unique_ptr<JEX::AoCore> soundCore()
+{
+    std::unique_ptr<JEX::AoCore> core(new JEX::AoCore(3));
+    core->sampleClock = "top/clk";
+    core->captureSignals = core->enabledCaptureSignals = signalsFromText("s:a b:b[1:0]{b[1],b[0]} !s:c");
+    core->triggerPorts[2]->signalItems = signalsFromText("s:a b:d[1:0]{d[1],d[0]}");
+    core->matchUnits[1]->enabled = true;
+    core->matchUnits[1]->triggerPort = core->triggerPorts[2];
+    core->matchUnits[1]->value = "0XR";
+    core->expressions = QStringList("!M1");
+    return core;
+}
+
+AnyCore anyOf(JEX::AoCore *core)
+{
+    RandomCore holder;
+    holder.standard.reset(core);
+    const AnyCore any = holder.any();
+    holder.standard.release();
+    return any;
+}
+
+} // namespace
+
+class GatewareTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void likeTheModel_data()
+    {
+        QTest::addColumn<int>("simulator");
+        QTest::addColumn<int>("first");
+        const bool isFull = qEnvironmentVariable("JEX_WAVE") == "full";
+        for (int batch = 0; batch < (isFull ? 13 : 1); ++batch) {
+            QTest::addRow("Icarus %d", batch) << int(Icarus) << batch * BatchSize;
+            QTest::addRow("Verilator %d", batch) << int(Verilator) << batch * BatchSize;
+        }
+    }
+
+    void likeTheModel()
+    {
+        QFETCH(int, simulator);
+        QFETCH(int, first);
+        const std::vector<RandomCore> cores = randomCores(first, BatchSize, simulator == Icarus);
+        const Bench bench = benchOf(cores);
+        const QStringList captured = simulate(bench, Simulator(simulator));
+        int windows = 0;
+        for (int i = 0; i < captured.size(); ++i) {
+            const CapturedCore expected = cores[i].expected(bench.edges());
+            windows += expected.windows.size();
+            if (captured[i] != captureText(expected))
+                qWarning("Core %d:\n%s", first + i, described(cores[i]).constData());
+            QCOMPARE(captured[i], captureText(expected));
+        }
+        QVERIFY2(windows > 2 * BatchSize, "hardly a core has triggered");
+    }
+
+    // A comparison that cannot tell a wrong core from a right one would be worth nothing.
+    void wrongCoresAreCaught_data()
+    {
+        textColumns("right", "wrong");
+        row("position", ".POSITION(POSITION)", ".POSITION(POSITION + 1)");
+        row("order of bits", ".data(data)", ".data({data[0], data} >> 1)");
+        row("inverted trigger", ".trigger(trigger | forced)", ".trigger(~trigger | forced)");
+        row("edge of the clock", ".FALLING(FALLING)", ".FALLING(1 - FALLING)");
+        row("edge of the force line", "FORCE_FALLING != 0", "FORCE_FALLING == 0");
+        row("edge of a bit", "(changed ^ (care | level))", "(changed ^ level)");
+        row("late data", ".STAGES(2)", ".STAGES(3)");
+        row("level", "LEVELS - 1", "LEVELS - 2");
+        row("bound of a range", "now <= upper", "now < upper");
+        row("order of a table", "words[match]", "words[~match]");
+        row("segment", "base + STEP[AB-1:0]", "base");
+        row("input register", "STAGES(REGISTERED + 1)", "STAGES(1)");
+    }
+
+    void wrongCoresAreCaught()
+    {
+        QFETCH(QString, right);
+        QFETCH(QString, wrong);
+        static const std::vector<RandomCore> cores = randomCores(48, 12, true);
+        Bench bench = benchOf(cores);
+        QVERIFY(bench.sources.contains(right.toLatin1()));
+        bench.sources.replace(right.toLatin1(), wrong.toLatin1());
+        const int caught = differences(bench);
+        qInfo("%d of %d cores differ", caught, int(cores.size()));
+        QVERIFY(caught > 0);
+    }
+
+    void toolsTakeThem()
+    {
+        Folder folder;
+        const std::vector<RandomCore> cores = randomCores(0, 8, false);
+        const Bench bench = benchOf(cores);
+        folder.write("cores.v", "/* verilator lint_off DECLFILENAME */\n" + bench.sources);
+        QCOMPARE(runTool(folder.path(), "iverilog", {"-Wall", "-g2001", "-o", "cores.vvp", "cores.v"}),
+                 QByteArray());
+        for (const CoreModule &module : bench.modules) {
+            const QString name = module.name;
+            QCOMPARE(runTool(folder.path(), "verilator_bin",
+                             {"--lint-only", "-Wall", "--top-module", name, "cores.v"}),
+                     QByteArray());
+            QCOMPARE(runTool(folder.path(), "yosys",
+                             {"-q", "-p",
+                              "read_verilog cores.v; hierarchy -check -top " + name +
+                                  "; proc; flatten; opt; memory; check -assert"}),
+                     QByteArray());
+        }
+    }
+
+    // The reader of simulations, which takes no time of them.
+    void readerSaysTheSame()
+    {
+        unsigned number = 1;
+        while (number % 4 == 0 || !randomCore(number, true).commands.isEmpty())
+            ++number;
+        std::vector<RandomCore> cores = randomCores(number, 1, true);
+        const Bench bench = benchOf(cores);
+        const CoreLayout &layout = bench.modules[0].layout;
+        QByteArray text = bench.sources + readerSource() +
+                          "module bench;\nreg clk = 1'b0;\nreg [%1:0] in = 0;\nwire [6:0] ctl;\n";
+        QByteArray drive;
+        int width = 0;
+        for (int half = 0; half < bench.edges(); ++half) {
+            const QByteArray line = inputLine(cores[0].halves.value(half, cores[0].halves.last()));
+            width = line.size();
+            drive += "in <= " + QByteArray::number(width) + "'b" + line + "; #1 clk = ~clk; #1;\n";
+        }
+        text.replace("%1", QByteArray::number(width - 1));
+        text += "jex_core_0 core(.clk(clk), " + inputPorts(bench, 0) +
+                ".ctl_clock(ctl[0]), .ctl_select(ctl[1]), .ctl_capture(ctl[2]), .ctl_shift(ctl[3]), "
+                ".ctl_update(ctl[4]), .ctl_tdi(ctl[5]), .ctl_tdo(ctl[6]), .windows(), .done(), .seen());\n"
+                "jex_reader #(.SAMPLE_BITS(" +
+                QByteArray::number(layout.sampleWidth()) + "), .SAMPLES(" +
+                QByteArray::number(layout.storedSamples()) +
+                ")) reader(ctl[0], ctl[1], ctl[2], ctl[3], ctl[4], ctl[5], ctl[6]);\n"
+                "initial begin\n" +
+                drive + "reader.read_all;\n$finish;\nend\nendmodule\n";
+        Folder folder;
+        folder.write("bench.v", text);
+        runTool(folder.path(), "iverilog", {"-g2001", "-s", "bench", "-o", "bench.vvp", "bench.v"});
+        runTool(folder.path(), "vvp", {"-n", "bench.vvp"});
+        CapturedCore captured;
+        QString error;
+        QVERIFY2(readCapture(folder.read("capture.txt"), layout, &captured, &error), qPrintable(error));
+        QCOMPARE(captureText(captured), captureText(cores[0].expected(bench.edges())));
+        QVERIFY(!readCapture(folder.read("capture.txt").chopped(2 * layout.sampleWidth()), layout, &captured,
+                             &error));
+        QCOMPARE(error, QString("The captured samples are not complete."));
+    }
+
+    void textOfACore()
+    {
+        const std::unique_ptr<JEX::AoCore> core = soundCore();
+        const CoreModule module = coreModule(anyOf(core.get()));
+        QCOMPARE(module.fault, QString());
+        QStringList taps;
+        for (const CoreTap &tap : module.taps)
+            taps += QString("%1[%2] %3").arg(QString(tap.port)).arg(tap.bit).arg(tap.net);
+        QCOMPARE(
+            taps.join(", "),
+            QString("data[0] a, data[1] b[1], data[2] b[0], trig_2[2] a, trig_2[1] d[1], trig_2[0] d[0]"));
+        QVERIFY(module.text.contains("module jex_core_3 ("));
+        QVERIFY(module.text.contains(".LEVEL(3'b001)"));
+        QVERIFY(module.text.contains("wire expression_0 = (~match[1]);"));
+        core->triggerMode = JEX::StaticTrigger;
+        QVERIFY(coreModule(anyOf(core.get())).text.contains(".TABLE(2'b01)"));
+    }
+
+    void faults()
+    {
+        const struct
+        {
+            std::function<void(JEX::AoCore *)> change;
+            const char *fault;
+        } table[] = {
+            {[](JEX::AoCore *core) { core->enabledCaptureSignals.clear(); }, "it captures no signals."},
+            {[](JEX::AoCore *core) { core->windowNumber = 3; },
+             "a capture amount of 1024 does not fit into one of 3 segments of a storage of 1024 samples."},
+            {[](JEX::AoCore *core) { core->captureAmount = 0; },
+             "a capture amount of 0 does not fit into one of 1 segments of a storage of 1024 samples."},
+            {[](JEX::AoCore *core) { core->triggerPosition = 1021; },
+             "a trigger position of 1021 does not suit a capture amount of 1024: it is from 0 to 1020."},
+            {[](JEX::AoCore *core) { core->expressions.clear(); },
+             "it has no trigger expression, so it would never trigger."},
+            {[](JEX::AoCore *core) { core->expressions = QStringList("M1 M1"); },
+             "the expression \"M1 M1\" cannot be made: it is not well formed."},
+            {[](JEX::AoCore *core) { core->expressions = QStringList("M1&$finish"); },
+             "the expression \"M1&$finish\" cannot be made: it is not well formed."},
+            {[](JEX::AoCore *core) { core->expressions = QStringList("M1|M2"); },
+             "the expression \"M1|M2\" cannot be made: M2 is not enabled."},
+            {[](JEX::AoCore *core) { core->matchUnits[1]->triggerPort = nullptr; },
+             "M1 cannot be made: it is not bound to a trigger port."},
+            {[](JEX::AoCore *core) { core->matchUnits[1]->value = "01"; },
+             "M1 cannot be made: The value has 2 bits, but the trigger port has 3."},
+        };
+        for (const auto &row : table) {
+            const std::unique_ptr<JEX::AoCore> core = soundCore();
+            row.change(core.get());
+            QCOMPARE(coreModule(anyOf(core.get())).fault, "Core 3 cannot be made: " + QString(row.fault));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(GatewareTest)
+#include "tst_gateware.moc"
