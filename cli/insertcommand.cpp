@@ -1,8 +1,6 @@
 #include <QFileInfo>
 
-#include "cli/arguments.h"
-#include "cli/design.h"
-#include "cli/findings.h"
+#include "cli/judgedinput.h"
 #include "cli/waiting.h"
 #include "insertion/insertionjob.h"
 #include "insertion/outputfolder.h"
@@ -17,18 +15,13 @@ const QStringList outputNames{"cores.v",  "design.v",   "bind.sv",   "probe.v",
 
 bool readOptions(const Arguments &arguments, Insertion::InsertionOptions &options)
 {
-    const QString trigger = arguments.parser.value("trigger");
-    options.cores.triggerByAny = trigger == "any";
     options.prove = arguments.parser.isSet("prove");
     options.family = arguments.parser.value("synth");
     options.instance = arguments.parser.value("instance");
-    if (!trigger.isEmpty() && trigger != "any" && trigger != "levels")
-        arguments.refuse("The expressions trigger by \"levels\" or by \"any\", not by \"" + trigger + "\".");
-    else if (!options.family.isEmpty() && !Insertion::YosysCalls::families().contains(options.family))
-        arguments.refuse("Resources are counted for one of " + Insertion::YosysCalls::families().join(", ") +
-                         ", not for \"" + options.family + "\".");
-    else
-        return true;
+    if (options.family.isEmpty() || Insertion::YosysCalls::families().contains(options.family))
+        return readTrigger(arguments, &options.cores.triggerByAny);
+    arguments.refuse("Resources are counted for one of " + Insertion::YosysCalls::families().join(", ") +
+                     ", not for \"" + options.family + "\".");
     return false;
 }
 
@@ -67,19 +60,21 @@ ExitCode insert(const QStringList &words, Output &out)
         "insert", "FILE DESIGN --output DIR",
         "Makes the analyzer of a configuration (.zub) as Verilog, puts it into the design and proves that\n"
         "nothing else of the design changed. DIR then holds cores.v, design.v (the whole design with the\n"
-        "cores, for any synthesis), bind.sv and probe.v (which attach the cores to the sources as they are, in\n"
-        "simulations), map.json, proof.json and report.txt; or, when something is wrong, what it held before.\n"
-        "1 for findings of the check, signals that cannot be tapped, and sources that Yosys cannot read: then\n"
+        "cores, for any synthesis), bind.sv and probe.v (which attach the cores to the sources as they are, "
+        "in\n"
+        "simulations), map.json, proof.json and report.txt; or, when something is wrong, what it held "
+        "before.\n"
+        "1 for findings of the check, signals that cannot be tapped, and sources that Yosys cannot read: "
+        "then\n"
         "design.v and proof.json are missing.");
     arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
     arguments.parser.addOptions({
         {{"o", "output"}, "The folder for what is made.", "DIR"},
-        {"trigger", "\"levels\": the expressions of a core follow each other; \"any\": the first that holds "
-                    "triggers.", "HOW"},
         {"prove", "Ask Yosys for a proof of formal equivalence, too; it may take two minutes."},
         {"synth", "Count resources, without and with the cores: ice40, ecp5, xilinx or generic.", "FAMILY"},
         {"instance", "Where the test bench has the design, for probe.v: \"tb.dut\".", "PATH"},
     });
+    addTrigger(arguments);
     arguments.addDesign();
     CommandLine::DesignOptions options;
     Insertion::InsertionOptions how;
@@ -87,45 +82,33 @@ ExitCode insert(const QStringList &words, Output &out)
         return arguments.result();
     if (!readOptions(arguments, how))
         return WrongUse;
-    if (options.editorFiles.size() != 1)
-        return arguments.refuse("Name one configuration (.zub).");
-    if (!CommandLine::namesProject(options))
-        return arguments.refuse("Name the design, with --project or by its HDL files.");
     const QString folder = arguments.parser.value("output");
     if (folder.isEmpty())
         return arguments.refuse("Name the folder for what is made, with --output.");
-    const QString file = options.editorFiles.takeFirst();
-    Design design;
-    RTLJEX::Configuration configuration;
-    QString error;
-    if (!design.open(options))
-        return CouldNotRun;
-    if (configuration.read(file, &error))
-        error = Insertion::outputFault(folder, outputNames, sourcesOf(design, file));
+    JudgedInput input;
+    ExitCode result = Fine;
+    if (!input.open(arguments, options, "insert", &result))
+        return result;
+    QString error = Insertion::outputFault(folder, outputNames, sourcesOf(input.design, input.file));
     if (!error.isEmpty()) {
         say("jex insert: " + error);
         return CouldNotRun;
     }
-    if (!design.elaborate())
-        return CouldNotRun;
-    const RTLJEX::FileFindings findings = configuration.judge(*design.netlist());
-    if (!findings.isEmpty()) {
-        printFindings(file, findings, out);
-        return Findings;
-    }
-    const DEV::DeviceArg &device = design.project().data().device;
+    if (!input.judge(out, &result))
+        return result;
+    const int cores = input.configuration.cores().size();
+    const DEV::DeviceArg &device = input.design.project().data().device;
     how.device = JEX_TOOL::findDevice(device.series, device.device);
-    Insertion::InsertionJob job(Design::input(), configuration, *design.netlist(), how);
+    Insertion::InsertionJob job(Design::input(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
-    const ExitCode result = judged(job);
+    result = judged(job);
     if (job.files().isEmpty())
         return result;
     if (!Insertion::writeFolder(folder, job.files(), &error)) {
         say("jex insert: " + error);
         return CouldNotRun;
     }
-    out.line(file + ": " + QString::number(configuration.cores().size()) +
-             (configuration.cores().size() == 1 ? " core in " : " cores in ") + folder);
+    out.line(input.file + ": " + QString::number(cores) + (cores == 1 ? " core in " : " cores in ") + folder);
     return result;
 }
 

@@ -24,6 +24,7 @@ const Command commands[] = {
     {"diff", "what changed between two configurations", diff},
     {"rebind", "rename stored signals after the design was changed", rebind},
     {"insert", "make the analyzer and put it into the design", insert},
+    {"simulate", "run a test bench with the analyzer, and get the captured windows", simulate},
 };
 
 void printHelp(Output &out)

@@ -6,8 +6,8 @@
 
 namespace Cli {
 
-// Starts the job and waits for its end. The tools run in a group of processes of their own, which an interrupt at the
-// terminal does not reach; it cancels the job.
+// Starts the job and waits for its end. The tools run in a group of processes of their own, which an
+// interrupt at the terminal does not reach; it cancels the job.
 template <class Job>
 void runUntilInterrupted(Job &job)
 {

@@ -101,8 +101,8 @@ QByteArray Analyzer::coresText() const
     for (int i = 0; i < m_taps.taps().size(); ++i) {
         const int width = m_taps.taps().at(i).width();
         const QByteArray range = width > 1 ? '[' + number(width - 1) + ":0] " : QByteArray();
-        ports += "    input wire " + range + "tap_" + number(i) + ", // " +
-                 m_taps.taps().at(i).net.toUtf8() + '\n';
+        ports += "    input wire " + range + "tap_" + number(i) + ", // " + m_taps.taps().at(i).net.toUtf8() +
+                 '\n';
     }
     for (const QByteArray &name : controlInputs())
         ports += "    input wire " + name + ",\n";
@@ -111,7 +111,8 @@ QByteArray Analyzer::coresText() const
     ports.chop(2);
     for (const Core &core : m_cores) {
         const QByteArray own = number(core.core.number);
-        body += "    " + core.module.name + " core_" + own + " (\n        .clk(" + bitText(core.clock, 1) + "),\n";
+        body += "    " + core.module.name + " core_" + own + " (\n        .clk(" + bitText(core.clock, 1) +
+                "),\n";
         for (const Port &port : core.ports)
             body += "        ." + port.name + '(' + portText(port) + "),\n";
         for (const char *name : {"clock", "capture", "shift", "update", "tdi"})

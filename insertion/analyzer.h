@@ -9,8 +9,8 @@
 
 namespace Insertion {
 
-// All cores of a configuration as one module, "jex_cores", which has an input "tap_N" for each net that they look
-// at. Its control port is that of the cores, with a "ctl_select_N" and a "ctl_tdo_N" for core N.
+// All cores of a configuration as one module, "jex_cores", which has an input "tap_N" for each net that they
+// look at. Its control port is that of the cores, with a "ctl_select_N" and a "ctl_tdo_N" for core N.
 class Analyzer
 {
 public:

@@ -7,11 +7,12 @@
 namespace Insertion {
 namespace {
 
-// A round of a loop and a member of a structure are written as they are, anything else that is no plain name is
-// escaped.
+// A round of a loop and a member of a structure are written as they are, anything else that is no plain name
+// is escaped.
 QByteArray verilogName(const QString &name)
 {
-    static const QRegularExpression plain("^[A-Za-z_][\\w$]*(\\[-?\\d+\\])*(\\.[A-Za-z_][\\w$]*(\\[-?\\d+\\])*)*$");
+    static const QRegularExpression plain(
+        "^[A-Za-z_][\\w$]*(\\[-?\\d+\\])*(\\.[A-Za-z_][\\w$]*(\\[-?\\d+\\])*)*$");
     return (plain.match(name).hasMatch() ? name : '\\' + name + ' ').toUtf8();
 }
 
@@ -59,10 +60,12 @@ QByteArray bindText(const Analyzer &analyzer, const QString &topModule)
 
 QByteArray probeText(const Analyzer &analyzer, const QString &instance)
 {
-    QByteArray text = "// Attaches the analyzer of cores.v to the untouched design: a second top module that looks\n"
-                      "// into the design where the test bench has it.\n";
+    QByteArray text =
+        "// Attaches the analyzer of cores.v to the untouched design: a second top module that looks\n"
+        "// into the design where the test bench has it.\n";
     if (instance.isEmpty())
-        text += "`ifndef JEX_INSTANCE\n`define JEX_INSTANCE tb.dut // name it by -DJEX_INSTANCE=...\n`endif\n";
+        text +=
+            "`ifndef JEX_INSTANCE\n`define JEX_INSTANCE tb.dut // name it by -DJEX_INSTANCE=...\n`endif\n";
     return text + "module jex_probe;\njex_cores cores (\n" +
            connections(analyzer, instance.isEmpty() ? "`JEX_INSTANCE." : instance.toUtf8() + '.') +
            ");\nendmodule\n";

@@ -12,8 +12,8 @@ struct Tap;
 
 // For simulators that know "bind".
 QByteArray bindText(const Analyzer &analyzer, const QString &topModule);
-// A second top module with hierarchical names below the place of the design in the test bench, "tb.dut". Empty: the
-// macro JEX_INSTANCE names it.
+// A second top module with hierarchical names below the place of the design in the test bench, "tb.dut".
+// Empty: the macro JEX_INSTANCE names it.
 QByteArray probeText(const Analyzer &analyzer, const QString &instance);
 
 // The net as Verilog sees it from the top module, "u_gpio.channel[0].changed"; empty for what VHDL declares.

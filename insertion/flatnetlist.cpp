@@ -147,7 +147,8 @@ struct FlatNetlist::Reader
         return true;
     }
 
-    // The first words of a memory are written in the order of these numbers, which count all that Yosys ever made.
+    // The first words of a memory are written in the order of these numbers, which count all that Yosys ever
+    // made.
     bool isPlaceInText(const Cell &cell, const QByteArray &parameter) const
     {
         return parameter.startsWith("parameter \\PRIORITY ") && flat.text(cell.type).startsWith("$meminit");
@@ -158,7 +159,8 @@ struct FlatNetlist::Reader
     {
         int at = 0;
         std::vector<int> left, right;
-        if (!flat.parsePart(text, at, left) || !flat.parse(text.mid(at), right) || left.size() != right.size())
+        if (!flat.parsePart(text, at, left) || !flat.parse(text.mid(at), right) ||
+            left.size() != right.size())
             return false;
         flat.join(left, right);
         return true;

@@ -24,7 +24,7 @@ public:
     };
     struct Port
     {
-        int name = 0; // of the pool, as for the type
+        int name = 0;  // of the pool, as for the type
         int first = 0; // in cellBits(), the least significant bit first
         int width = 0;
     };

@@ -44,14 +44,22 @@ QStringList problemsIn(const QByteArray &check)
 
 InsertionJob::InsertionJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
                            const RtlNetlist &netlist, const InsertionOptions &options)
-    : m_input(input), m_options(options),
-      m_analyzer(new Analyzer(configuration, options.cores, netlist)), m_runner(new ToolRunner), m_surgery(new Surgery),
+    : m_input(input),
+      m_options(options),
+      m_analyzer(new Analyzer(configuration, options.cores, netlist)),
+      m_runner(new ToolRunner),
+      m_surgery(new Surgery),
       m_report(new InsertionReport)
 {
     connect(m_runner.get(), &ToolRunner::stageChanged, this, &InsertionJob::stageChanged);
 }
 
 InsertionJob::~InsertionJob() = default;
+
+QByteArray InsertionJob::prefix() const
+{
+    return m_surgery->prefix;
+}
 
 void InsertionJob::start()
 {
@@ -116,7 +124,7 @@ void InsertionJob::read()
 {
     m_runner->tellStage("Reading the design with Yosys");
     m_runner->run(m_yosys->reading(m_options.forSimulation),
-                 [this](const ToolResult &result) { judgeReading(result); });
+                  [this](const ToolResult &result) { judgeReading(result); });
 }
 
 void InsertionJob::judgeReading(const ToolResult &result)
@@ -130,7 +138,8 @@ void InsertionJob::judgeReading(const ToolResult &result)
     if (!file.isEmpty() && m_yosys->leaveToIncludes(file))
         return read();
     const QString place = file.isEmpty() ? QString() : file + ':' + error.captured("line") + ": ";
-    giveCoresOnly(place + (error.hasMatch() ? error.captured("text") : "Yosys gave no design." + lastLine(result.errors)));
+    giveCoresOnly(place + (error.hasMatch() ? error.captured("text")
+                                            : "Yosys gave no design." + lastLine(result.errors)));
 }
 
 void InsertionJob::giveCoresOnly(const QString &reason)
@@ -158,7 +167,8 @@ void InsertionJob::tap()
     m_surgery->coresModule = "jex_cores";
     m_surgery->inputs = m_analyzer->controlInputs();
     m_surgery->outputs = m_analyzer->controlOutputs();
-    if (!design.write(m_yosys->originalFile(), &error) || !design.writeVerilog(m_yosys->writtenFile(), &error))
+    if (!design.write(m_yosys->originalFile(), &error) ||
+        !design.writeVerilog(m_yosys->writtenFile(), &error))
         return fail(Failed, {error});
     insertTaps(design, m_analyzer->taps().taps(), *m_surgery);
     if (!design.write(m_yosys->tappedFile(), &error) || !put(m_yosys->coresFile(), m_analyzer->coresText()))
@@ -166,9 +176,10 @@ void InsertionJob::tap()
     m_runner->tellStage("Putting the analyzer into the design");
     m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
         if (!result.isGood())
-            return fail(Failed, {result.outcome == ToolResult::Finished
-                                     ? "Yosys does not take the design with the analyzer." + lastLine(result.errors)
-                                     : result.message});
+            return fail(Failed,
+                        {result.outcome == ToolResult::Finished
+                             ? "Yosys does not take the design with the analyzer." + lastLine(result.errors)
+                             : result.message});
         takeTapped();
     });
 }
@@ -185,7 +196,8 @@ bool InsertionJob::compare()
 {
     FlatNetlist original, tapped;
     QString error;
-    if (!original.read(m_yosys->flatOriginalFile(), &error) || !tapped.read(m_yosys->flatTappedFile(), &error)) {
+    if (!original.read(m_yosys->flatOriginalFile(), &error) ||
+        !tapped.read(m_yosys->flatTappedFile(), &error)) {
         fail(Failed, {error});
         return false;
     }
@@ -209,9 +221,11 @@ bool InsertionJob::compare()
     m_report->noteProblems(problemsIn(after));
     if (m_report->differences.isEmpty())
         return true;
-    fail(Refused, QStringList("The design with the analyzer is not proven to be the original with nothing but taps, so "
-                              "nothing is written.") +
-                      m_report->differences);
+    fail(
+        Refused,
+        QStringList("The design with the analyzer is not proven to be the original with nothing but taps, so "
+                    "nothing is written.") +
+            m_report->differences);
     return false;
 }
 
@@ -220,24 +234,27 @@ void InsertionJob::prove(const Step &then)
     if (!m_options.prove)
         return then();
     m_runner->tellStage("Proving equivalence");
-    m_runner->run(m_yosys->proving(m_surgery->prefix, provingSeconds), [this, then](const ToolResult &result) {
-        m_report->noteEquivalence(result, provingSeconds);
-        then();
-    });
+    m_runner->run(m_yosys->proving(m_surgery->prefix, provingSeconds),
+                  [this, then](const ToolResult &result) {
+                      m_report->noteEquivalence(result, provingSeconds);
+                      then();
+                  });
 }
 
 void InsertionJob::count(bool isOriginal, const Step &then)
 {
     if (m_options.family.isEmpty())
         return then();
-    m_runner->tellStage(isOriginal ? "Synthesizing the original" : "Synthesizing the design with the analyzer");
+    m_runner->tellStage(isOriginal ? "Synthesizing the original"
+                                   : "Synthesizing the design with the analyzer");
     m_runner->run(m_yosys->counting(m_options.family, isOriginal), [=](const ToolResult &result) {
         QByteArray counted;
         if (!result.isGood())
             m_report->warnings << "WARNING: The design " + QString(isOriginal ? "without" : "with") +
                                       " the analyzer was not synthesized for " + m_options.family + '.' +
-                                      (result.outcome == ToolResult::Finished ? lastLine(result.errors)
-                                                                              : QLatin1Char(' ') + result.message);
+                                      (result.outcome == ToolResult::Finished
+                                           ? lastLine(result.errors)
+                                           : QLatin1Char(' ') + result.message);
         else if (!take(m_yosys->countFile(), &counted))
             return;
         m_report->noteCounts(counted, isOriginal);

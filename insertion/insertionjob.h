@@ -29,22 +29,23 @@ struct Surgery;
 struct InsertionOptions
 {
     RTLJEX::CoreOptions cores;
-    bool forSimulation = false; // a netlist that knows unknown values as the sources do
-    bool prove = false;         // by formal equivalence, too
-    QString family;             // that resources are counted for; empty: none
+    bool forSimulation = false;               // a netlist that knows unknown values as the sources do
+    bool prove = false;                       // by formal equivalence, too
+    QString family;                           // that resources are counted for; empty: none
     const JEX_TOOL::Device *device = nullptr; // that resources are estimated for
-    QString instance; // of the design in a test bench, for probe.v
+    QString instance;                         // of the design in a test bench, for probe.v
 };
 
-// Makes the analyzer of a configuration, puts it into the design and proves that nothing else of the design changed.
-// Works from the event loop, like a ReadingJob; deleting it kills the tools. Nothing is written but temporary files:
-// what was made is a result.
+// Makes the analyzer of a configuration, puts it into the design and proves that nothing else of the design
+// changed. Works from the event loop, like a ReadingJob; deleting it kills the tools. Nothing is written but
+// temporary files: what was made is a result.
 class InsertionJob : public QObject
 {
     Q_OBJECT
 
 public:
-    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the job.
+    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the
+    // job.
     InsertionJob(const QUARRY::DesignInput &input, const RTLJEX::Configuration &configuration,
                  const QUARRY::RtlNetlist &netlist, const InsertionOptions &options);
     ~InsertionJob() override;
@@ -53,16 +54,20 @@ public:
 
     enum Outcome {
         Cancelled,
-        Failed,   // a tool could not do its work, or the disk is full
-        Refused,  // a signal cannot be tapped, or the proof failed: the errors say why
+        Failed,    // a tool could not do its work, or the disk is full
+        Refused,   // a signal cannot be tapped, or the proof failed: the errors say why
         CoresOnly, // Yosys cannot read the sources: there is no design
         Done
     };
     Outcome outcome() const { return m_outcome; }
     bool isFinished() const { return m_isOver; }
-    const QStringList &messages() const { return m_messages; } // sentences; those that end the job begin with ERROR
+    const QStringList &messages() const
+    {
+        return m_messages;
+    } // sentences; those that end the job begin with ERROR
     const QMap<QString, QByteArray> &files() const { return m_files; } // by name
     const Analyzer &analyzer() const { return *m_analyzer; }
+    QByteArray prefix() const; // of the names that were added to the design
 
 public Q_SLOTS:
     void cancel();

@@ -65,7 +65,8 @@ QSet<int> registeredNets(const FlatNetlist &netlist)
     return nets;
 }
 
-// By a gate, a port of the design or an instance without insides, which may drive whatever it is connected to.
+// By a gate, a port of the design or an instance without insides, which may drive whatever it is connected
+// to.
 QSet<int> drivenNets(const FlatNetlist &netlist)
 {
     QSet<int> nets;
@@ -103,17 +104,19 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
     return list;
 }
 
-QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout, const JEX_TOOL::Device *device)
+QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
+                     const JEX_TOOL::Device *device)
 {
     const JEX::Implementation implementation = JEX::implementationOf(
         core.standard ? core.standard->captureImplementation : core.lite->implementation);
     const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
-    QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) + " bits, " +
-                   QString::number(depth) + " samples in " + JEX::implementationName(implementation);
+    QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
+                   " bits, " + QString::number(depth) + " samples in " +
+                   JEX::implementationName(implementation);
     if (!device)
         return line;
-    const JEX_TOOL::StorageNeed need =
-        JEX_TOOL::storageNeed(*device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
+    const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
+        *device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
     return line + ", estimated " + QString::number(need.required);
 }
 
@@ -127,10 +130,11 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
         const Tap &tap = taps.at(core.clock.tap);
         const int bit = original.wires().value(flatName(tap)).firstBit + core.clock.place;
         if (registered.contains(original.netOf(bit)))
-            warnings << "WARNING: The sample clock " + bitName(tap, core.clock) + " of core " +
-                            QString::number(core.core.number) +
-                            " is made by a register. Its samples are only good where the clock is one for the "
-                            "whole design, on a net for clocks.";
+            warnings
+                << "WARNING: The sample clock " + bitName(tap, core.clock) + " of core " +
+                       QString::number(core.core.number) +
+                       " is made by a register. Its samples are only good where the clock is one for the "
+                       "whole design, on a net for clocks.";
     }
     const QSet<int> driven = drivenNets(original);
     for (const Tap &tap : taps) {
@@ -162,7 +166,8 @@ void InsertionReport::noteEquivalence(const QUARRY::ToolResult &result, int seco
 {
     const QByteArray words = result.output + result.errors;
     if (result.outcome == QUARRY::ToolResult::Stopped)
-        equivalence = "not known: it took more than " + QString::number(seconds) + " seconds or too much memory";
+        equivalence =
+            "not known: it took more than " + QString::number(seconds) + " seconds or too much memory";
     else if (result.isGood())
         equivalence = "proven";
     else if (words.contains("unproven $equiv"))
@@ -216,19 +221,20 @@ QByteArray mapText(const Analyzer &analyzer, const Surgery &surgery, const QStri
     return jsonText(json);
 }
 
-QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer, const InsertionOptions &options,
-                      bool hasDesign)
+QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer,
+                      const InsertionOptions &options, bool hasDesign)
 {
     QStringList lines;
     for (const Analyzer::Core &core : analyzer.cores()) {
         const Tap &clock = analyzer.taps().taps().at(core.clock.tap);
         const qint32 edge = core.core.standard ? core.core.standard->sampleEdge : core.core.lite->sampleEdge;
         lines << resourceLine(core.core, core.module.layout, options.device)
-              << "    samples at the " + QString(edge == JEX::FallingEdge ? "falling" : "rising") + " edge of " +
-                     bitName(clock, core.clock);
+              << "    samples at the " + QString(edge == JEX::FallingEdge ? "falling" : "rising") +
+                     " edge of " + bitName(clock, core.clock);
     }
     if (hasDesign)
-        lines << QString("Proof: %1 cells, %2 nets and %3 memories of the original are in design.v, unchanged.")
+        lines << QString(
+                     "Proof: %1 cells, %2 nets and %3 memories of the original are in design.v, unchanged.")
                      .arg(report.cells)
                      .arg(report.nets)
                      .arg(report.memories)
@@ -236,7 +242,10 @@ QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer, c
     if (!report.counts[1].isEmpty())
         lines << "Cells counted by Yosys for " + options.family + ", without and with the analyzer:";
     for (auto it = report.counts[1].begin(); it != report.counts[1].end(); ++it)
-        lines << QString("    %1 %2 %3").arg(it.key(), -16).arg(report.counts[0].value(it.key()), 8).arg(it.value(), 8);
+        lines << QString("    %1 %2 %3")
+                     .arg(it.key(), -16)
+                     .arg(report.counts[0].value(it.key()), 8)
+                     .arg(it.value(), 8);
     return (lines + report.warnings).join('\n').toUtf8() + '\n';
 }
 

@@ -23,10 +23,10 @@ struct InsertionReport
     int cells = 0;           // of the original, as its nets and memories
     int nets = 0;
     int memories = 0;
-    QStringList problemsBefore; // that Yosys' check finds in the original
+    QStringList problemsBefore;            // that Yosys' check finds in the original
     QString equivalence = "not asked for"; // or what became of it
-    QMap<QString, int> counts[2]; // resources by their names, of the original and with the analyzer
-    QStringList warnings;         // sentences that begin with WARNING
+    QMap<QString, int> counts[2];          // resources by their names, of the original and with the analyzer
+    QStringList warnings;                  // sentences that begin with WARNING
 
     // Warns of clocks that a register makes, of taps that never change and of those that nothing drives.
     void noteTaps(const Analyzer &analyzer, const FlatNetlist &original);
@@ -39,7 +39,7 @@ struct InsertionReport
 // The files of the output folder; the same for the same input.
 QByteArray proofText(const InsertionReport &report);
 QByteArray mapText(const Analyzer &analyzer, const Surgery &surgery, const QString &topModule);
-QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer, const InsertionOptions &options,
-                      bool hasDesign);
+QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer,
+                      const InsertionOptions &options, bool hasDesign);
 
 } // namespace Insertion

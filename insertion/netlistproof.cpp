@@ -65,7 +65,10 @@ bool Added::isAdded(const QByteArray &name) const
 }
 
 NetlistProof::NetlistProof(const FlatNetlist &original, const FlatNetlist &tapped, const Added &added)
-    : m_original(original), m_tapped(tapped), m_added(added), m_tappedOf(size_t(original.bitCount()), -1),
+    : m_original(original),
+      m_tapped(tapped),
+      m_added(added),
+      m_tappedOf(size_t(original.bitCount()), -1),
       m_originalOf(size_t(tapped.bitCount()), -1)
 {
     for (int bit = 0; bit < original.bitCount(); ++bit)
@@ -96,7 +99,8 @@ void NetlistProof::pairWires()
             continue;
         const auto found = m_tapped.wires().constFind(it.key());
         if (found == m_tapped.wires().constEnd() || found->width != it->width || found->port != it->port) {
-            report("Net " + shown(it.key()) + " of the original is missing, or has another width or direction.");
+            report("Net " + shown(it.key()) +
+                   " of the original is missing, or has another width or direction.");
             continue;
         }
         if (found->init != it->init)
@@ -131,8 +135,8 @@ NetlistProof::Colors NetlistProof::namedColors(const FlatNetlist &netlist, bool 
     return colors;
 }
 
-// By type, parameters and what is connected; wires without names get theirs of what they are connected to, from
-// round to round.
+// By type, parameters and what is connected; wires without names get theirs of what they are connected to,
+// from round to round.
 std::vector<quint64> NetlistProof::cellColors(const FlatNetlist &netlist, Colors nets) const
 {
     const auto &cells = netlist.cells();
@@ -251,7 +255,8 @@ void NetlistProof::compareConstants()
             for (auto it = m_original.wires().begin(); it != m_original.wires().end(); ++it) {
                 for (int bit = 0; bit < it->width; ++bit) {
                     if (m_original.netOf(it->firstBit + bit) == net)
-                        report("Net " + shown(it.key()) + " is tied to other constants than in the original.");
+                        report("Net " + shown(it.key()) +
+                               " is tied to other constants than in the original.");
                 }
             }
         }

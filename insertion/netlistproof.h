@@ -14,17 +14,17 @@ namespace Insertion {
 // What the insertion added to a design, as the names in the flattened netlist tell it.
 struct Added
 {
-    QByteArray prefix;              // of wires and of the cell of the cores: "jex"
-    QByteArray coresType;           // "\jex_cores"
-    QSet<QByteArray> coresInputs;   // ports of that cell that read; all others drive
+    QByteArray prefix;            // of wires and of the cell of the cores: "jex"
+    QByteArray coresType;         // "\jex_cores"
+    QSet<QByteArray> coresInputs; // ports of that cell that read; all others drive
 
     bool isAdded(const QByteArray &name) const; // a wire, in whatever module
 };
 
-// Finds every cell, parameter, initial value, memory and net of one netlist again in another, one to one, with
-// nothing that the cores drive among the nets. What has a name is found by it; gates and the wires between them,
-// which have none, by what they are connected to. That is the search; afterwards each pair is looked at, so that a
-// wrong guess can only make the proof fail.
+// Finds every cell, parameter, initial value, memory and net of one netlist again in another, one to one,
+// with nothing that the cores drive among the nets. What has a name is found by it; gates and the wires
+// between them, which have none, by what they are connected to. That is the search; afterwards each pair is
+// looked at, so that a wrong guess can only make the proof fail.
 class NetlistProof
 {
 public:

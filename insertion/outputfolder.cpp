@@ -50,10 +50,12 @@ QString outputFault(const QString &folder, const QStringList &names, const QStri
             return folder + " is a folder of the sources: " + QFileInfo(source).fileName() +
                    " is in it. Name another one for the output.";
     }
-    const QStringList held = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const QStringList held =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString &entry : held) {
         if (!names.contains(entry))
-            return folder + " holds other files (" + entry + "), which would be lost. Name another folder for the output.";
+            return folder + " holds other files (" + entry +
+                   "), which would be lost. Name another folder for the output.";
     }
     return QString();
 }

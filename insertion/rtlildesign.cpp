@@ -49,8 +49,8 @@ void readWire(const QByteArray &line, RtlilModule &module)
 
 bool isPathCharacter(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' || c == '.' ||
-           c == '_' || c == '-';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
+           c == '.' || c == '_' || c == '-';
 }
 
 int endOfWord(const QByteArray &line, int from)
@@ -77,8 +77,9 @@ int endOfType(const QByteArray &line)
     return line.startsWith("  cell ") ? line.indexOf(' ', 7) : 0;
 }
 
-// The names that Yosys makes: "$add$/home/me/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at its end
-// keeps it apart from others. Simulators take a name that begins with "$" for a function of their own.
+// The names that Yosys makes: "$add$/home/me/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
+// its end keeps it apart from others. Simulators take a name that begins with "$" for a function of their
+// own.
 void renameMade(QByteArray &line)
 {
     for (int at = line.indexOf(" $", endOfType(line)); at >= 0; at = line.indexOf(" $", at + 1)) {
@@ -110,9 +111,9 @@ QString unwritten(const QFile &file)
     return "A temporary file could not be written (" + file.errorString() + "). Make room on the disk.";
 }
 
-// A tri-state buffer drives a wire of Yosys' own, which is joined to the user's net, and other parts of the module read
-// that wire. In Verilog such a joint has a direction: what else drives the net would not be seen. So the buffer gets
-// the net itself, and the wire follows it.
+// A tri-state buffer drives a wire of Yosys' own, which is joined to the user's net, and other parts of the
+// module read that wire. In Verilog such a joint has a direction: what else drives the net would not be seen.
+// So the buffer gets the net itself, and the wire follows it.
 class TriStateNets
 {
 public:

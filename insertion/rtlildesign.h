@@ -21,9 +21,9 @@ struct RtlilCell
 // One module of the text, as far as a tap needs it.
 struct RtlilModule
 {
-    qint64 begin = 0; // behind the line that names it
-    qint64 end = 0;   // of its last line
-    int ports = 0;    // the highest number of a port
+    qint64 begin = 0;              // behind the line that names it
+    qint64 end = 0;                // of its last line
+    int ports = 0;                 // the highest number of a port
     QHash<QByteArray, int> widths; // of the user's wires
     QSet<QByteArray> memories;
     QHash<QByteArray, RtlilCell> cells;
@@ -31,10 +31,10 @@ struct RtlilModule
     bool isRead = false;
 };
 
-// A design as Yosys writes it by write_rtlil, one declaration a line, and behind that by write_verilog: the one text is
-// changed, the other one tells what the design was. The file is mapped into memory, modules
-// are read when they are asked for, and what is inserted is merged on the way out: nothing is held for what
-// stays as it is.
+// A design as Yosys writes it by write_rtlil, one declaration a line, and behind that by write_verilog: the
+// one text is changed, the other one tells what the design was. The file is mapped into memory, modules are
+// read when they are asked for, and what is inserted is merged on the way out: nothing is held for what stays
+// as it is.
 class RtlilDesign
 {
 public:

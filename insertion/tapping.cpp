@@ -30,7 +30,8 @@ public:
         QByteArray module = m_design.topModule();
         for (int depth = 0; depth < tap.cells.size(); ++depth) {
             const RtlilModule &body = *m_design.module(module);
-            m_design.insert(body.begin, wire(name, tap.width(), depth == 0 ? QByteArray() : outputPort(module)));
+            m_design.insert(body.begin,
+                            wire(name, tap.width(), depth == 0 ? QByteArray() : outputPort(module)));
             const RtlilCell cell = body.cells.value(tap.cells.at(depth));
             m_design.insert(cell.end, "    " + connection(name, '\\' + name));
             module = cell.type;

@@ -13,8 +13,8 @@ struct Tap;
 // the top module the cell that holds all cores, with the control port as ports of the top module.
 struct Surgery
 {
-    QByteArray prefix;        // "jex", or more where the design uses names that begin so: of all that is added
-    QByteArray coresModule;   // of the cell
+    QByteArray prefix;      // "jex", or more where the design uses names that begin so: of all that is added
+    QByteArray coresModule; // of the cell
     QList<QByteArray> inputs; // of the control port, of one bit each, without the prefix: "clock"
     QList<QByteArray> outputs;
 

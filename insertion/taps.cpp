@@ -123,8 +123,8 @@ QString reasonOf(const Search &search, const Tap &tap, const QSet<QString> &blac
     if (tap.isVhdl)
         return "GHDL leaves it out when it translates " + tap.module;
     const QString missing = tap.path.value(search.deepest());
-    return "Yosys does not have " + (missing.isEmpty() ? "a net of this name" : "the scope \"" + missing + '"') +
-           " there";
+    return "Yosys does not have " +
+           (missing.isEmpty() ? "a net of this name" : "the scope \"" + missing + '"') + " there";
 }
 
 } // namespace
@@ -176,7 +176,8 @@ QStringList TapList::resolve(RtlilDesign &design, const QSet<QString> &blackBoxe
     for (Tap &tap : m_taps) {
         Search search(design, rounds, tap);
         if (!search.find(design.topModule(), 0))
-            sentences << tap.net + tap.range() + " cannot be tapped: " + reasonOf(search, tap, blackBoxes) + '.';
+            sentences << tap.net + tap.range() + " cannot be tapped: " + reasonOf(search, tap, blackBoxes) +
+                             '.';
     }
     return sentences;
 }

@@ -25,8 +25,8 @@ struct Tap
     int left = 0;
     int right = 0;
     bool isVhdl = false;
-    QString module; // that declares it, as the user knows it
-    QString file;   // in which it does
+    QString module;                        // that declares it, as the user knows it
+    QString file;                          // in which it does
     QList<const QUARRY::Hierachy *> nodes; // of the path
 
     // Where Yosys has it, once resolved: cells from the top down, then a wire.

@@ -13,7 +13,8 @@ QString sourceOf(const QString &file)
 {
     QByteArray bytes;
     QString reason;
-    return QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason) ? QString::fromUtf8(bytes) : QString();
+    return QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason) ? QString::fromUtf8(bytes)
+                                                                          : QString();
 }
 
 } // namespace
@@ -22,10 +23,9 @@ QString sourceOf(const QString &file)
 VhdlRounds::Direction VhdlRounds::readDirection(const QString &file, const QString &label)
 {
     const QString source = sourceOf(file);
-    const QRegularExpression loop("\\b" + QRegularExpression::escape(label) +
-                                      "\\s*:\\s*for\\s+\\w+\\s+in\\s+(.*?)\\bgenerate\\b",
-                                  QRegularExpression::CaseInsensitiveOption |
-                                      QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpression loop(
+        "\\b" + QRegularExpression::escape(label) + "\\s*:\\s*for\\s+\\w+\\s+in\\s+(.*?)\\bgenerate\\b",
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression to("\\bto\\b", QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression downTo("\\bdownto\\b", QRegularExpression::CaseInsensitiveOption);
     bool isUp = false, isDown = false, isOpen = false;

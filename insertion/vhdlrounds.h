@@ -11,13 +11,13 @@ namespace Insertion {
 
 struct Tap;
 
-// What the Verilog that GHDL makes calls the things of an entity: the scopes in front of them are parts of their
-// names, in small letters, and round 3 of the loop "gen" is "gen_n1" or the like.
+// What the Verilog that GHDL makes calls the things of an entity: the scopes in front of them are parts of
+// their names, in small letters, and round 3 of the loop "gen" is "gen_n1" or the like.
 class VhdlRounds
 {
 public:
-    // `words` are scopes and the name itself, `from` says where in the path of the tap they begin. Empty where it
-    // cannot be told: whether a loop counts up or down stands in the source alone.
+    // `words` are scopes and the name itself, `from` says where in the path of the tap they begin. Empty
+    // where it cannot be told: whether a loop counts up or down stands in the source alone.
     QString key(const Tap &tap, const QStringList &words, int from);
 
 private:

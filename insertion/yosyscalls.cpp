@@ -29,7 +29,8 @@ bool isPlain(const QString &text, const char *others)
 bool isPlainValue(const QString &value)
 {
     const bool isText = value.size() > 1 && value.startsWith('"') && value.endsWith('"');
-    return isText ? value.size() == 2 || isPlain(value.mid(1, value.size() - 2), " .,:+-/()[]") : isPlain(value, "'.-");
+    return isText ? value.size() == 2 || isPlain(value.mid(1, value.size() - 2), " .,:+-/()[]")
+                  : isPlain(value, "'.-");
 }
 
 bool isDefine(const QString &define)
@@ -53,7 +54,10 @@ QStringList libraryFiles(const DesignInput &input, const QStringList &filesRead)
 } // namespace
 
 YosysCalls::YosysCalls(const DesignInput &input, const Elaboration &elaboration)
-    : m_input(input), m_elaboration(elaboration), m_scratch(*elaboration.scratch), m_names(m_scratch),
+    : m_input(input),
+      m_elaboration(elaboration),
+      m_scratch(*elaboration.scratch),
+      m_names(m_scratch),
       m_top(elaboration.readOptions.top)
 {
     for (const DesignSource &source : input.files) {
@@ -91,13 +95,14 @@ ToolCall YosysCalls::call(const char *name, const QString &script, const QString
     call.workingDir = QFileInfo(m_input.workingDir).isDir() ? m_input.workingDir : m_scratch.path();
     call.writableFolder = m_scratch.path();
     call.subject = subject;
-    call.arguments << "-q" << "-s" << file(name);
+    call.arguments << "-q"
+                   << "-s" << file(name);
     m_scratch.write(QFileInfo(file(name)).fileName(), script.toUtf8());
     return call;
 }
 
-// A function of the sources that a constant calls may be foreign, so Yosys runs as what evaluates them and writes to
-// its standard output alone.
+// A function of the sources that a constant calls may be foreign, so Yosys runs as what evaluates them and
+// writes to its standard output alone.
 ToolCall YosysCalls::reading(bool forSimulation)
 {
     ToolCall reading = call("read.ys", readingScript(forSimulation), "the design");
@@ -187,13 +192,15 @@ ToolCall YosysCalls::proving(const QByteArray &prefix, int seconds)
 {
     const auto prepared = [&](const QString &from, const QString &name) {
         return "read_verilog " + from + '\n' + cores() + "hierarchy -top " + m_top +
-               "\nproc\nflatten\ndelete t:jex_cores\ndelete -port w:" + prefix + "_ctl_*\nmemory_map\nasync2sync\nopt_clean\nrename -top " + name +
-               "\ndesign -stash " + name + '\n';
+               "\nproc\nflatten\ndelete t:jex_cores\ndelete -port w:" + prefix +
+               "_ctl_*\nmemory_map\nasync2sync\nopt_clean\nrename -top " + name + "\ndesign -stash " + name +
+               '\n';
     };
-    const QString script = prepared(writtenFile(), "gold") + prepared(designFile(), "gate") +
-                           "design -copy-from gold -as gold gold\ndesign -copy-from gate -as gate gate\n"
-                           "equiv_make gold gate equiv\nhierarchy -top equiv\nequiv_struct\nequiv_simple -undef\n"
-                           "equiv_induct -undef\nequiv_status -assert\n";
+    const QString script =
+        prepared(writtenFile(), "gold") + prepared(designFile(), "gate") +
+        "design -copy-from gold -as gold gold\ndesign -copy-from gate -as gate gate\n"
+        "equiv_make gold gate equiv\nhierarchy -top equiv\nequiv_struct\nequiv_simple -undef\n"
+        "equiv_induct -undef\nequiv_status -assert\n";
     ToolCall proving = call("prove.ys", script, "the question whether both designs are equivalent");
     proving.seconds = seconds;
     return proving;
@@ -208,8 +215,8 @@ ToolCall YosysCalls::counting(const QString &family, bool isOriginal)
 {
     const QString synthesis = family == "generic" ? QString("synth") : "synth_" + family;
     const QString top = isOriginal ? writtenFile() : designFile();
-    const QString script = "read_verilog " + top + ' ' + coresFile() + '\n' + synthesis + " -flatten -top " + m_top +
-                           "\ntee -q -o " + countFile() + " stat -json\n";
+    const QString script = "read_verilog " + top + ' ' + coresFile() + '\n' + synthesis + " -flatten -top " +
+                           m_top + "\ntee -q -o " + countFile() + " stat -json\n";
     return call(isOriginal ? "count-original.ys" : "count.ys", script, "the design");
 }
 

@@ -23,22 +23,25 @@ public:
 
     QString fault() const { return m_fault; } // a sentence: what of the design no script can hold
 
-    // Reads the sources; the design goes to readFile(), as RTLIL and behind that as Verilog. A simulated netlist keeps what is unknown in
-    // conditions unknown, which makes latches of a synthesized one.
+    // Reads the sources; the design goes to readFile(), as RTLIL and behind that as Verilog. A simulated
+    // netlist keeps what is unknown in conditions unknown, which makes latches of a synthesized one.
     QUARRY::ToolCall reading(bool forSimulation);
     // Of what Yosys refused: when the file is a part that others include, leaves it to them.
     bool leaveToIncludes(const QString &file);
     QString realFile(const QString &file) const { return m_names.real(file); }
 
-    // Takes originalFile(), writtenFile(), tappedFile() and coresFile(), writes designFile(), which lacks the cores, and both netlists,
-    // flattened, of what was read back from it and from writtenFile().
+    // Takes originalFile(), writtenFile(), tappedFile() and coresFile(), writes designFile(), which lacks the
+    // cores, and both netlists, flattened, of what was read back from it and from writtenFile().
     QUARRY::ToolCall tapping();
-    QUARRY::ToolCall proving(const QByteArray &prefix, int seconds); // by formal equivalence
+    QUARRY::ToolCall proving(const QByteArray &prefix, int seconds);   // by formal equivalence
     QUARRY::ToolCall counting(const QString &family, bool isOriginal); // of cells, as JSON
 
     QString readFile() const { return file("read.txt"); }
     QString originalFile() const { return file("original.il"); }
-    QString writtenFile() const { return file("original.v"); } // the original as Verilog, straight after reading
+    QString writtenFile() const
+    {
+        return file("original.v");
+    } // the original as Verilog, straight after reading
     QString tappedFile() const { return file("tapped.il"); }
     QString coresFile() const { return file("cores.v"); }
     QString designFile() const { return file("design.v"); }

@@ -1,5 +1,6 @@
-// What is tapped is what the net is: every net of a design is tapped at once, and the values that arrive at the
-// analyzer in the written netlist are those of the same nets in the sources, at all times, unknown ones too.
+// What is tapped is what the net is: every net of a design is tapped at once, and the values that arrive at
+// the analyzer in the written netlist are those of the same nets in the sources, at all times, unknown ones
+// too.
 
 #include "elaboration/tools/elaborator.h"
 #include "insertion/analyzer.h"
@@ -82,8 +83,7 @@ QByteArray monitor(const Insertion::Analyzer &analyzer, int nanoseconds)
     for (const QByteArray &name : analyzer.controlOutputs())
         ports += "output wire " + name + ",\n";
     ports.chop(2);
-    return "`timescale 1ns / 1ps\nmodule jex_cores (" + ports +
-           ");\ninitial begin $monitor(\"%0t" + formats +
+    return "`timescale 1ns / 1ps\nmodule jex_cores (" + ports + ");\ninitial begin $monitor(\"%0t" + formats +
            "\", $time" + values + ");\n#" + QByteArray::number(nanoseconds) + " $finish; end\nendmodule\n";
 }
 
@@ -98,8 +98,8 @@ QByteArray sourcePath(const Insertion::Tap &tap)
     return path + tap.wire.mid(1);
 }
 
-// The first net that is not the same in both, with the moment. A variable that nothing drives is unknown in the
-// sources and open in a netlist, which has no variables; there is a warning about it.
+// The first net that is not the same in both, with the moment. A variable that nothing drives is unknown in
+// the sources and open in a netlist, which has no variables; there is a warning about it.
 QString firstDifference(const QByteArray &a, const QByteArray &b, const Insertion::InsertionJob &job)
 {
     const QList<Insertion::Tap> &taps = job.analyzer().taps().taps();
@@ -110,7 +110,8 @@ QString firstDifference(const QByteArray &a, const QByteArray &b, const Insertio
             if (ours.value(i) == theirs.value(i))
                 continue;
             const QString net = i == 0 ? QString("the time") : taps.value(i - 1).net;
-            const bool isOpen = !job.messages().filter("Nothing drives mix/unset").isEmpty() && net == "mix/unset";
+            const bool isOpen =
+                !job.messages().filter("Nothing drives mix/unset").isEmpty() && net == "mix/unset";
             if (!isOpen || ours.value(i) != "z" || theirs.value(i) != "x")
                 return QString("%1 at %2: %3 is not %4")
                     .arg(net, QString(ours.value(0)), QString(ours.value(i)), QString(theirs.value(i)));
@@ -132,8 +133,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("place");
         QTest::addColumn<int>("nanoseconds");
         const bool isFull = qEnvironmentVariable("JEX_WAVE") == "full";
-        QTest::newRow("clocks, loops, ranges, VHDL") << "mix" << "mix_tb.dut" << (isFull ? 13000 : 4000);
-        QTest::newRow("example") << "soc" << "soc_tb.dut" << (isFull ? 1000000 : 60000);
+        QTest::newRow("clocks, loops, ranges, VHDL") << "mix"
+                                                     << "mix_tb.dut" << (isFull ? 13000 : 4000);
+        QTest::newRow("example") << "soc"
+                                 << "soc_tb.dut" << (isFull ? 1000000 : 60000);
     }
     void everyTap()
     {
@@ -162,8 +165,8 @@ private Q_SLOTS:
         folder.write("netlist.v", "`timescale 1ns / 1ps\n" + whole.left(whole.size() - cores.size()));
         folder.write("probe.v", probe(job.analyzer(), place));
         const QByteArray fromNetlist = simulate(folder, {"netlist.v", "monitor.v"}, bench(design), {});
-        const QByteArray fromSources =
-            simulate(folder, sources(input, folder) + QStringList{"probe.v", "monitor.v"}, bench(design), {"probe"});
+        const QByteArray fromSources = simulate(
+            folder, sources(input, folder) + QStringList{"probe.v", "monitor.v"}, bench(design), {"probe"});
         QVERIFY2(fromSources.count('\n') > 100, fromSources.left(2000));
         QCOMPARE(firstDifference(fromNetlist, fromSources, job), QString());
 
@@ -262,7 +265,13 @@ private:
     static QByteArray simulate(const Folder &folder, const QStringList &files, const QString &bench,
                                const QStringList &tops)
     {
-        QStringList options{"-g2012", "-o", "simulation", "-s", QFileInfo(bench).baseName(), "-I", QFileInfo(files.first()).path()};
+        QStringList options{"-g2012",
+                            "-o",
+                            "simulation",
+                            "-s",
+                            QFileInfo(bench).baseName(),
+                            "-I",
+                            QFileInfo(files.first()).path()};
         for (const QString &top : tops)
             options << "-s" << top;
         const QByteArray said = run("iverilog", options + files + QStringList(bench), folder.path());

@@ -51,24 +51,57 @@ private Q_SLOTS:
         QTest::addColumn<QString>("from");
         QTest::addColumn<QString>("to");
         QTest::addColumn<QString>("expected"); // the beginning of the first sentence
-        QTest::newRow("none") << "" << "" << "";
-        QTest::newRow("constant driver") << "/*more*/" << "assign sum[2] = 1'b0;" << "Net * is tied to other constants*";
-        QTest::newRow("constant for a net") << "assign r = inner" << "assign r = {1'b0, inner[2:0]}" << "What is connected at r*";
-        QTest::newRow("gate") << "sum & ~b" << "sum ^ ~b" << "Cell *";
-        QTest::newRow("connection") << ".a(inner)" << ".a(b)" << "What is connected*";
-        QTest::newRow("order of bits") << ".a(inner)" << ".a({inner[0], inner[1], inner[2], inner[3]})"
+        QTest::newRow("none") << ""
+                              << ""
+                              << "";
+        QTest::newRow("constant driver") << "/*more*/"
+                                         << "assign sum[2] = 1'b0;"
+                                         << "Net * is tied to other constants*";
+        QTest::newRow("constant for a net") << "assign r = inner"
+                                            << "assign r = {1'b0, inner[2:0]}"
+                                            << "What is connected at r*";
+        QTest::newRow("gate") << "sum & ~b"
+                              << "sum ^ ~b"
+                              << "Cell *";
+        QTest::newRow("connection") << ".a(inner)"
+                                    << ".a(b)"
+                                    << "What is connected*";
+        QTest::newRow("order of bits") << ".a(inner)"
+                                       << ".a({inner[0], inner[1], inner[2], inner[3]})"
                                        << "What is connected*";
-        QTest::newRow("inputs of a gate") << "w ? sum & ~b : sum | a" << "w ? sum | a : sum & ~b" << "Cell *";
-        QTest::newRow("extra driver") << "/*cell*/" << "assign inner = a & b;" << "Cell * is not in the original.";
-        QTest::newRow("extra driver by the analyzer") << ".ctl_tdo()" << ".ctl_tdo(unused)" << "The analyzer drives*";
-        QTest::newRow("joined nets") << "/*cell*/" << "assign unused = w;" << "What is connected*";
-        QTest::newRow("initial value") << "4'h5" << "4'h4" << "*initial value*";
-        QTest::newRow("clock edge") << "posedge clk) q" << "negedge clk) q" << "Cell *";
-        QTest::newRow("size of a memory") << "[0:7]" << "[0:15]" << "The memories *";
-        QTest::newRow("black box") << ".y(w)" << ".y(inner[1])" << "Cell *";
-        QTest::newRow("missing register") << "if (w) words[b[2:0]] <= a;" << ";" << "Cell *";
-        QTest::newRow("no analyzer") << "jex_cores jex_cores" << "VENDOR2 jex_cores" << "*";
-        QTest::newRow("tap in the way") << ".jex_tap_1(jex_tap_1)" << ".jex_tap_1(r)" << "What is connected*";
+        QTest::newRow("inputs of a gate") << "w ? sum & ~b : sum | a"
+                                          << "w ? sum | a : sum & ~b"
+                                          << "Cell *";
+        QTest::newRow("extra driver") << "/*cell*/"
+                                      << "assign inner = a & b;"
+                                      << "Cell * is not in the original.";
+        QTest::newRow("extra driver by the analyzer") << ".ctl_tdo()"
+                                                      << ".ctl_tdo(unused)"
+                                                      << "The analyzer drives*";
+        QTest::newRow("joined nets") << "/*cell*/"
+                                     << "assign unused = w;"
+                                     << "What is connected*";
+        QTest::newRow("initial value") << "4'h5"
+                                       << "4'h4"
+                                       << "*initial value*";
+        QTest::newRow("clock edge") << "posedge clk) q"
+                                    << "negedge clk) q"
+                                    << "Cell *";
+        QTest::newRow("size of a memory") << "[0:7]"
+                                          << "[0:15]"
+                                          << "The memories *";
+        QTest::newRow("black box") << ".y(w)"
+                                   << ".y(inner[1])"
+                                   << "Cell *";
+        QTest::newRow("missing register") << "if (w) words[b[2:0]] <= a;"
+                                          << ";"
+                                          << "Cell *";
+        QTest::newRow("no analyzer") << "jex_cores jex_cores"
+                                     << "VENDOR2 jex_cores"
+                                     << "*";
+        QTest::newRow("tap in the way") << ".jex_tap_1(jex_tap_1)"
+                                        << ".jex_tap_1(r)"
+                                        << "What is connected*";
     }
     void faults()
     {
@@ -96,15 +129,17 @@ private:
     static QString tapped()
     {
         QString text = original;
-        text.replace("q, w);\n  input clk, w;\n  input [3:0] a, b;\n  output [3:0] q;\n",
-                     "q, w, jex_tap_1);\n  input clk, w;\n  input [3:0] a, b;\n  output [3:0] q;\n  output [3:0] "
-                     "jex_tap_1;\n");
+        text.replace(
+            "q, w);\n  input clk, w;\n  input [3:0] a, b;\n  output [3:0] q;\n",
+            "q, w, jex_tap_1);\n  input clk, w;\n  input [3:0] a, b;\n  output [3:0] q;\n  output [3:0] "
+            "jex_tap_1;\n");
         text.replace("/*ports*/", "assign jex_tap_1 = sum; /*more*/");
         text.replace("/*u0*/", ", .jex_tap_1(jex_tap_1)");
         text.replace("r, w);\n", "r, w, jex_ctl_clock);\n  input jex_ctl_clock;\n  wire [3:0] jex_tap_1;\n");
-        text.replace("/*cell*/",
-                     "jex_cores jex_cores(.tap_0(inner), .tap_1(jex_tap_1), .ctl_clock(jex_ctl_clock), .ctl_tdo());\n"
-                     "  /*cell*/");
+        text.replace(
+            "/*cell*/",
+            "jex_cores jex_cores(.tap_0(inner), .tap_1(jex_tap_1), .ctl_clock(jex_ctl_clock), .ctl_tdo());\n"
+            "  /*cell*/");
         return text;
     }
 
@@ -115,8 +150,10 @@ private:
         yosys.setWorkingDirectory(m_folder.path());
         const QString file = m_folder.path(name + ".flat");
         yosys.start("yosys", {"-q", "-p",
-                              "read_verilog " + name + ".v; blackbox jex_cores; hierarchy -top top; proc; flatten; "
-                              "write_rtlil " + file});
+                              "read_verilog " + name +
+                                  ".v; blackbox jex_cores; hierarchy -top top; proc; flatten; "
+                                  "write_rtlil " +
+                                  file});
         if (!yosys.waitForFinished(60000) || yosys.exitCode() != 0)
             qWarning("%s", yosys.readAllStandardError().constData());
         return file;
