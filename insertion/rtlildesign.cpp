@@ -1,5 +1,7 @@
 #include "insertion/rtlildesign.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <limits>
 
@@ -158,19 +160,77 @@ private:
     QHash<QByteArray, QByteArray> m_nets; // by the wire
 };
 
+// "8'z" where the text has "8'x" for both: an open net is not an unknown one. The Verilog tells them apart; its last
+// assignments in a module are those of the text, in the same order.
+class OpenNets
+{
+public:
+    explicit OpenNets(const QByteArray &verilog) : m_verilog(verilog), m_isNeeded(verilog.contains("'hz")) {}
+
+    void readModule(const QByteArray &text, qint64 begin)
+    {
+        m_line = 0;
+        m_assignments.clear();
+        if (!m_isNeeded)
+            return;
+        QByteArray name = slice(text, begin + 7, endOfLine(text, begin));
+        name = name.startsWith('\\') ? name.mid(1) : name;
+        const int plain = m_verilog.indexOf("\nmodule " + name + '(');
+        const int module = plain >= 0 ? plain : m_verilog.indexOf("\nmodule \\" + name + " (");
+        const int end = m_verilog.indexOf("\nendmodule", module);
+        int connections = text.mid(int(begin), text.indexOf("\nend\n", int(begin)) - int(begin)).count("\n  connect ");
+        for (int at = end; module >= 0 && connections > 0 && at > module; --connections) {
+            at = m_verilog.lastIndexOf("\n  assign ", at - 1);
+            if (at > module)
+                m_assignments.prepend(slice(m_verilog, at + 1, endOfLine(m_verilog, at + 1)));
+        }
+    }
+
+    void change(QByteArray &line)
+    {
+        if (!m_isNeeded || !line.startsWith("  connect "))
+            return;
+        const QByteArray assignment = m_assignments.value(m_line++);
+        if (!assignment.contains("'hz"))
+            return;
+        static const QRegularExpression ours("(?<= )(\\d+)'([01xz]+)(?= |\n)"), theirs("\\b(\\d+)'[hb]([0-9a-fxz]+)");
+        auto written = theirs.globalMatch(QString::fromUtf8(assignment));
+        QString changed = QString::fromUtf8(line);
+        int shift = 0;
+        for (auto found = ours.globalMatch(changed); found.hasNext() && written.hasNext();) {
+            const QRegularExpressionMatch here = found.next(), there = written.next();
+            if (here.captured(1) != there.captured(1) || here.captured(2) != "x" || there.captured(2) != "z")
+                continue;
+            const QString open(here.captured(1).toInt(), 'z');
+            changed.replace(here.capturedStart(2) + shift, 1, open);
+            shift += open.size() - 1;
+        }
+        line = changed.toUtf8();
+    }
+
+private:
+    const QByteArray &m_verilog;
+    const bool m_isNeeded;
+    QList<QByteArray> m_assignments; // of the module, as far as they are assignments of the text
+    int m_line = 0;
+};
+
 class TextWriter
 {
 public:
-    explicit TextWriter(QFile &file) : m_file(file) {}
+    TextWriter(QFile &file, const QByteArray &verilog) : m_file(file), m_openNets(verilog) {}
 
     void writeLines(const QByteArray &text, qint64 begin, qint64 end)
     {
         while (begin < end) {
             const qint64 next = qMin(endOfLine(text, begin) + 1, end);
-            if (startsAt(text, begin, "module "))
+            if (startsAt(text, begin, "module ")) {
                 m_triStates.readModule(text, begin);
+                m_openNets.readModule(text, begin);
+            }
             if (!isSourceNote(text, begin, next)) {
                 QByteArray line = slice(text, begin, next);
+                m_openNets.change(line);
                 m_triStates.change(line);
                 renameMade(line);
                 write(line);
@@ -198,7 +258,8 @@ private:
     }
 
     QFile &m_file;
-    TriStateNets m_triStates; // of the module that is written
+    TriStateNets m_triStates; // of the module that is written, as the next one
+    OpenNets m_openNets;
     QByteArray m_buffer;
     bool m_isGood = true;
 };
@@ -283,7 +344,7 @@ bool RtlilDesign::write(const QString &path, QString *error)
     QFile file(path);
     bool isGood = file.open(QIODevice::WriteOnly);
     if (isGood) {
-        TextWriter writer(file);
+        TextWriter writer(file, m_verilog);
         qint64 done = 0;
         for (const auto &insertion : m_insertions) {
             writer.writeLines(m_text, done, insertion.first);

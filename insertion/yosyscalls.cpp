@@ -155,7 +155,7 @@ QString YosysCalls::readingScript(bool forSimulation)
         script += "read_verilog -sv -lib " + m_scratch.file("blackboxes.sv") + '\n';
     return script + topParameters() + "hierarchy -check -top " + m_top + '\n' +
            (forSimulation ? "proc -ifx\n" : "proc\n") +
-           "tribuf\nuniquify\nwrite_rtlil\nwrite_verilog -norename\n";
+           "tribuf\nuniquify\nhierarchy -top " + m_top + "\nwrite_rtlil\nwrite_verilog -norename\n";
 }
 
 bool YosysCalls::leaveToIncludes(const QString &file)
