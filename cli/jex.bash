@@ -10,10 +10,13 @@ _jex() {
   fi
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
+    --trigger) COMPREPLY=($(compgen -W $'levels\nany' -- "$word")) ;;
+    --synth) COMPREPLY=($(compgen -W $'ice40\necp5\nxilinx\ngeneric' -- "$word")) ;;
+    --bench) COMPREPLY=($(shopt -s extglob; compgen -f -X '!*.@(v|sv)' -- "$word") $(compgen -d -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project) COMPREPLY=($(compgen -f -X '!*.jexprj' -- "$word") $(compgen -d -- "$word")) ;;
-    -I | -y) COMPREPLY=($(compgen -d -- "$word")) ;;
-    --top | --in | --from | --to | -D | --tool-memory) ;; # names in the design are not looked up here
+    -I | -y | -o | --output) COMPREPLY=($(compgen -d -- "$word")) ;;
+    --top | --in | --instance | --from | --to | -D | --tool-memory) ;; # names in the design are not looked up here
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;

@@ -43,10 +43,11 @@ bool JudgedInput::judge(Output &out, ExitCode *result)
 
 void addTrigger(Arguments &arguments)
 {
-    arguments.parser.addOption({"trigger",
-                                "\"levels\": the expressions of a core follow each other; \"any\": the first that "
-                                "holds triggers.",
-                                "HOW"});
+    arguments.parser.addOption(
+        {"trigger",
+         "\"levels\": the expressions of a core follow each other; \"any\": the first that "
+         "holds triggers.",
+         "HOW"});
 }
 
 bool readTrigger(const Arguments &arguments, bool *byAny)

@@ -44,14 +44,18 @@ int windowCount(const Job &job)
 
 ExitCode simulate(const QStringList &words, Output &out)
 {
-    Arguments arguments(
-        "simulate", "FILE DESIGN --bench BENCH --output VCD",
-        "Runs a test bench of the design by Icarus Verilog, with the analyzer of a configuration (.zub) looking\n"
-        "on, and writes the captured windows as a waveform: the rows of the capture list, with the names that\n"
-        "they are shown by. The analyzer is attached to the sources as they are; with --netlist, and always when\n"
-        "there is VHDL in the design, it is inserted as jex insert does. What the bench writes is dropped: it can\n"
-        "reach nothing but a temporary folder. 1 when a core did not trigger: then it is said what each match\n"
-        "unit and each expression saw.");
+    Arguments arguments("simulate", "FILE DESIGN --bench BENCH --output VCD",
+                        "Runs a test bench of the design by Icarus Verilog, with the analyzer of a "
+                        "configuration (.zub) looking\n"
+                        "on, and writes the captured windows as a waveform: the rows of the capture list, "
+                        "with the names that\n"
+                        "they are shown by. The analyzer is attached to the sources as they are; with "
+                        "--netlist, and always when\n"
+                        "there is VHDL in the design, it is inserted as jex insert does. What the bench "
+                        "writes is dropped: it can\n"
+                        "reach nothing but a temporary folder. 1 when a core did not trigger: then it is "
+                        "said what each match\n"
+                        "unit and each expression saw.");
     arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
     arguments.parser.addOptions({
         {"bench", "A file of the test bench; may be given several times.", "BENCH"},
@@ -70,7 +74,8 @@ ExitCode simulate(const QStringList &words, Output &out)
     if (!readTrigger(arguments, &how.triggerByAny))
         return WrongUse;
     if (output.isEmpty() || !arguments.parser.isSet("bench"))
-        return arguments.refuse("Name the test bench with --bench, and the file for the waveform with --output.");
+        return arguments.refuse(
+            "Name the test bench with --bench, and the file for the waveform with --output.");
     for (const QString &file : arguments.parser.values("bench"))
         how.bench << QFileInfo(file).absoluteFilePath();
     how.instance = arguments.parser.value("instance");

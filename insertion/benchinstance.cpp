@@ -49,9 +49,11 @@ QStringList readParameters(const QString &xmlFile, const QString &module)
             isInside = attributes.value("origName") == module;
             modules += isInside;
         } else if (isInside && xml.isStartElement() && xml.name() == QLatin1String("var")) {
-            name = attributes.value("param") == QLatin1String("true") ? attributes.value("origName").toString()
-                                                                      : QString();
-        } else if (isInside && !name.isEmpty() && xml.isStartElement() && xml.name() == QLatin1String("const")) {
+            name = attributes.value("param") == QLatin1String("true")
+                       ? attributes.value("origName").toString()
+                       : QString();
+        } else if (isInside && !name.isEmpty() && xml.isStartElement() &&
+                   xml.name() == QLatin1String("const")) {
             parameters << name + '=' + plainValue(attributes.value("name").toString());
             name.clear();
         }

@@ -62,11 +62,12 @@ private:
         }
         add("wire tdo_" + own + ";\nreg want_" + own + ";\ninitial want_" + own + " = 1'b0;");
         add("jex_reader #(.SAMPLE_BITS(" + number(core.module.layout.sampleWidth()) + "), .SAMPLES(" +
-            number(core.module.layout.storedSamples()) + "), .FILE(" + file("core_" + own + ".txt") + ")) reader_" +
-            own + " (" + ports + ".ctl_tdo(tdo_" + own + "));");
+            number(core.module.layout.storedSamples()) + "), .FILE(" + file("core_" + own + ".txt") +
+            ")) reader_" + own + " (" + ports + ".ctl_tdo(tdo_" + own + "));");
         const QByteArray windows = cores() + ".core_" + own + ".windows";
-        add("always @(" + windows + ") if (" + windows + " == " +
-            number(m_windows.value(core.core.number, core.module.layout.windows)) + ") want_" + own + " = 1'b1;");
+        add("always @(" + windows + ") if (" + windows +
+            " == " + number(m_windows.value(core.core.number, core.module.layout.windows)) + ") want_" + own +
+            " = 1'b1;");
     }
 
     // Readers that have nothing to do hold their lines at 0.
@@ -92,7 +93,8 @@ private:
             ports += QByteArray(".ctl_") + control + "(all_" + control + "),\n    ";
         for (const Analyzer::Core &core : m_analyzer.cores()) {
             const QByteArray own = number(core.core.number);
-            ports += ".ctl_select_" + own + "(select_" + own + "),\n    .ctl_tdo_" + own + "(tdo_" + own + "),\n    ";
+            ports += ".ctl_select_" + own + "(select_" + own + "),\n    .ctl_tdo_" + own + "(tdo_" + own +
+                     "),\n    ";
         }
         ports.chop(6);
         add("jex_cores cores (\n    " + ports + ");");
@@ -165,8 +167,9 @@ QByteArray withWindows(const QByteArray &text, int windows)
 {
     const int begin = 7, length = 32, countBits = 15; // "status 0cccccccccccccccllll..."
     const QByteArray count = QByteArray::number(windows, 2).rightJustified(countBits, '0');
-    return text.startsWith("status ") && text.size() > begin + length ? QByteArray(text).replace(begin + 1, countBits, count)
-                                                                     : text;
+    return text.startsWith("status ") && text.size() > begin + length
+               ? QByteArray(text).replace(begin + 1, countBits, count)
+               : text;
 }
 
 QMap<int, CoreEnd> readEnds(const QByteArray &text)

@@ -117,7 +117,10 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
         return line;
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
         *device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
-    return line + ", estimated " + QString::number(need.required);
+    return line + ", by estimate " + QString::number(need.required) +
+           (implementation == JEX::RegImplementation ? " registers"
+            : need.required == 1                     ? " memory"
+                                                     : " memories");
 }
 
 } // namespace

@@ -160,8 +160,8 @@ private:
     QHash<QByteArray, QByteArray> m_nets; // by the wire
 };
 
-// "8'z" where the text has "8'x" for both: an open net is not an unknown one. The Verilog tells them apart; its last
-// assignments in a module are those of the text, in the same order.
+// "8'z" where the text has "8'x" for both: an open net is not an unknown one. The Verilog tells them apart;
+// its last assignments in a module are those of the text, in the same order.
 class OpenNets
 {
 public:
@@ -178,7 +178,8 @@ public:
         const int plain = m_verilog.indexOf("\nmodule " + name + '(');
         const int module = plain >= 0 ? plain : m_verilog.indexOf("\nmodule \\" + name + " (");
         const int end = m_verilog.indexOf("\nendmodule", module);
-        int connections = text.mid(int(begin), text.indexOf("\nend\n", int(begin)) - int(begin)).count("\n  connect ");
+        int connections =
+            text.mid(int(begin), text.indexOf("\nend\n", int(begin)) - int(begin)).count("\n  connect ");
         for (int at = end; module >= 0 && connections > 0 && at > module; --connections) {
             at = m_verilog.lastIndexOf("\n  assign ", at - 1);
             if (at > module)
@@ -193,7 +194,8 @@ public:
         const QByteArray assignment = m_assignments.value(m_line++);
         if (!assignment.contains("'hz"))
             return;
-        static const QRegularExpression ours("(?<= )(\\d+)'([01xz]+)(?= |\n)"), theirs("\\b(\\d+)'[hb]([0-9a-fxz]+)");
+        static const QRegularExpression ours("(?<= )(\\d+)'([01xz]+)(?= |\n)"),
+            theirs("\\b(\\d+)'[hb]([0-9a-fxz]+)");
         auto written = theirs.globalMatch(QString::fromUtf8(assignment));
         QString changed = QString::fromUtf8(line);
         int shift = 0;

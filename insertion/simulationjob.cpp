@@ -40,8 +40,13 @@ QStringList lastLines(const QByteArray &words)
 
 SimulationJob::SimulationJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
                              const RtlNetlist &netlist, const SimulationOptions &options)
-    : m_input(input), m_configuration(configuration), m_netlist(netlist), m_options(options),
-      m_scratch(new ScratchDir), m_names(new SafeNames(*m_scratch)), m_runner(new ToolRunner),
+    : m_input(input),
+      m_configuration(configuration),
+      m_netlist(netlist),
+      m_options(options),
+      m_scratch(new ScratchDir),
+      m_names(new SafeNames(*m_scratch)),
+      m_runner(new ToolRunner),
       m_top(netlist.topHierarchy->moduleName)
 {
     RTLJEX::CoreOptions cores;
@@ -144,8 +149,9 @@ void SimulationJob::takeBench()
             tops << module;
     }
     if (tops.size() != 1)
-        return fail(Failed, {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
-                                            : "The test bench has several top modules: " + tops.join(", ") + '.'});
+        return fail(Failed,
+                    {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
+                                    : "The test bench has several top modules: " + tops.join(", ") + '.'});
     if (!bench->usable)
         return readBench(tops.first()); // of the design's files some have unused modules
     m_benchTop = tops.first();
@@ -218,13 +224,16 @@ QStringList SimulationJob::sourceArguments()
     for (const QString &bench : m_options.bench)
         includePaths << QFileInfo(bench).absolutePath();
     for (const QString &path : includePaths << ".")
-        arguments << "-I" << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
+        arguments << "-I"
+                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
     for (const QString &define : m_input.defines)
         arguments << "-D" + define;
     for (const QString &folder : m_input.libraryPaths)
-        arguments << "-y" << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
+        arguments << "-y"
+                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
     if (!m_input.libraryPaths.isEmpty())
-        arguments << "-Y.v" << "-Y.sv";
+        arguments << "-Y.v"
+                  << "-Y.sv";
     for (const DesignSource &source : m_input.files)
         files << source.path;
     const QSet<QString> included = includedNames(files + m_options.bench);
@@ -242,7 +251,8 @@ void SimulationJob::compile()
     place.instance = m_instance.path;
     place.folder = m_scratch->path();
     place.records = m_options.records;
-    QStringList arguments{"-g2012", "-o", m_scratch->file("simulation.vvp"), "-s", m_benchTop, "-s", "jex_harness"};
+    QStringList arguments{"-g2012", "-o",         m_scratch->file("simulation.vvp"), "-s", m_benchTop,
+                          "-s",     "jex_harness"};
     const bool isByNetlist = m_insertion != nullptr;
     if (isByNetlist) {
         place.prefix = m_insertion->prefix();
@@ -257,10 +267,10 @@ void SimulationJob::compile()
     }
     arguments << m_scratch->file("harness.v");
     const QByteArray scale = "`timescale 1ns / 1ps\n";
-    const bool isWritten =
-        QDir().mkpath(m_scratch->file("run")) && put("harness.v", harnessText(analyzer(), place, m_windows)) &&
-        (isByNetlist ? put("design.v", scale + m_insertion->files().value("design.v"))
-                     : put("cores.v", scale + m_analyzer->coresText()));
+    const bool isWritten = QDir().mkpath(m_scratch->file("run")) &&
+                           put("harness.v", harnessText(analyzer(), place, m_windows)) &&
+                           (isByNetlist ? put("design.v", scale + m_insertion->files().value("design.v"))
+                                        : put("cores.v", scale + m_analyzer->coresText()));
     if (!isWritten)
         return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
     linkProject();
@@ -268,9 +278,10 @@ void SimulationJob::compile()
     m_runner->run(call("iverilog", "JEX_IVERILOG", arguments), [this](const ToolResult &result) {
         if (result.isGood())
             return simulate();
-        fail(Failed, result.outcome == ToolResult::Finished
-                         ? QStringList("Icarus Verilog does not take the test bench.") + lastLines(result.errors)
-                         : QStringList(result.message));
+        fail(Failed,
+             result.outcome == ToolResult::Finished
+                 ? QStringList("Icarus Verilog does not take the test bench.") + lastLines(result.errors)
+                 : QStringList(result.message));
     });
 }
 
@@ -295,7 +306,8 @@ void SimulationJob::judge(const ToolResult &result)
     m_words = result.output + result.errors;
     if (!result.isGood())
         return fail(Failed, result.outcome == ToolResult::Finished
-                                ? QStringList("The test bench failed with code " + QString::number(result.exitCode) + '.')
+                                ? QStringList("The test bench failed with code " +
+                                              QString::number(result.exitCode) + '.')
                                 : QStringList(result.message));
     if (!collect())
         return;
@@ -311,8 +323,8 @@ void SimulationJob::judge(const ToolResult &result)
     end(anySilent ? Silent : Done);
 }
 
-// Of what the cores wrote. False when the job is over, or goes on: a core that did not fill all of its windows is read
-// in a second run, as soon as it has those that it will have.
+// Of what the cores wrote. False when the job is over, or goes on: a core that did not fill all of its
+// windows is read in a second run, as soon as it has those that it will have.
 bool SimulationJob::collect()
 {
     const QMap<int, CoreEnd> ends = readEnds(take("end.txt"));
@@ -356,7 +368,8 @@ void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen
     const RTLJEX::AnyCore &any = analyzer.cores().at(core).core;
     const QString name = "Core " + QString::number(any.number);
     if (!any.standard) {
-        m_messages << name + " did not fill its window: its sample clock " + *any.clock + " had too few edges.";
+        m_messages << name + " did not fill its window: its sample clock " + *any.clock +
+                          " had too few edges.";
         return;
     }
     m_messages << name + " did not trigger, or not with enough samples behind its trigger.";
@@ -364,7 +377,8 @@ void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen
         m_messages << name + ": M" + QString::number(unit->unitNumber) +
                           (seen & 1u << unit->unitNumber ? " matched." : " never matched.");
     for (int i = 0; i < any.standard->expressions.size(); ++i)
-        m_messages << name + ": expression " + QString::number(i + 1) + ", " + any.standard->expressions.at(i) +
+        m_messages << name + ": expression " + QString::number(i + 1) + ", " +
+                          any.standard->expressions.at(i) +
                           (seen & 1u << (16 + i) ? ", held." : ", never held.");
 }
 

@@ -26,22 +26,23 @@ class InsertionJob;
 
 struct SimulationOptions
 {
-    QStringList bench;     // files, absolute
-    QString instance;      // of the design in the bench; empty: the only one
+    QStringList bench;      // files, absolute
+    QString instance;       // of the design in the bench; empty: the only one
     bool byNetlist = false; // simulates the written netlist in place of the sources; always so with VHDL
     bool triggerByAny = false;
     bool records = false; // keeps the whole waveform of all taps
 };
 
-// Runs a test bench with the analyzer of a configuration and collects the captured windows. Works from the event
-// loop; deleting it kills the tools. The bench runs confined: it can write into a temporary folder and nowhere else, in
-// which it finds what is in the folder of the project.
+// Runs a test bench with the analyzer of a configuration and collects the captured windows. Works from the
+// event loop; deleting it kills the tools. The bench runs confined: it can write into a temporary folder and
+// nowhere else, in which it finds what is in the folder of the project.
 class SimulationJob : public QObject
 {
     Q_OBJECT
 
 public:
-    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the job.
+    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the
+    // job.
     SimulationJob(const QUARRY::DesignInput &input, const RTLJEX::Configuration &configuration,
                   const QUARRY::RtlNetlist &netlist, const SimulationOptions &options);
     ~SimulationJob() override;
@@ -57,11 +58,17 @@ public:
     };
     bool isFinished() const { return m_isOver; }
     Outcome outcome() const { return m_outcome; }
-    const QStringList &messages() const { return m_messages; } // sentences; those that end the job begin with ERROR
-    const QByteArray &benchWords() const { return m_words; }   // what the bench printed
-    const QByteArray &waveform() const { return m_waveform; }  // see waveformText(); empty without any window
-    const QByteArray &record() const { return m_record; }      // when it was asked for
-    const QList<RTLJEX::CapturedCore> &captured() const { return m_captured; } // as the cores of the configuration
+    const QStringList &messages() const
+    {
+        return m_messages;
+    } // sentences; those that end the job begin with ERROR
+    const QByteArray &benchWords() const { return m_words; }  // what the bench printed
+    const QByteArray &waveform() const { return m_waveform; } // see waveformText(); empty without any window
+    const QByteArray &record() const { return m_record; }     // when it was asked for
+    const QList<RTLJEX::CapturedCore> &captured() const
+    {
+        return m_captured;
+    } // as the cores of the configuration
 
 public Q_SLOTS:
     void cancel();

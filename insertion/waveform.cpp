@@ -132,7 +132,8 @@ public:
 
 private:
     // A second one of that name in a scope gets a number.
-    int addVariable(Scope &scope, const QByteArray &name, const QByteArray &range, int firstBit, int width, int &codes)
+    int addVariable(Scope &scope, const QByteArray &name, const QByteArray &range, int firstBit, int width,
+                    int &codes)
     {
         Variable variable;
         variable.code = codeOf(codes++);
@@ -153,8 +154,9 @@ private:
         QByteArray text;
         for (int number : scope.variables) {
             const Variable &variable = m_variables.at(number);
-            text += "$var wire " + QByteArray::number(variable.width) + ' ' + variable.code + ' ' + variable.name +
-                    (variable.range.isEmpty() ? QByteArray() : ' ' + variable.range) + " $end\n";
+            text += "$var wire " + QByteArray::number(variable.width) + ' ' + variable.code + ' ' +
+                    variable.name + (variable.range.isEmpty() ? QByteArray() : ' ' + variable.range) +
+                    " $end\n";
         }
         for (auto it = scope.children.begin(); it != scope.children.end(); ++it)
             text += "$scope module " + it.key() + " $end\n" + declared(*it.value()) + "$upscope $end\n";

@@ -154,8 +154,8 @@ QString YosysCalls::readingScript(bool forSimulation)
     if (!m_elaboration.readOptions.blackBoxes.isEmpty())
         script += "read_verilog -sv -lib " + m_scratch.file("blackboxes.sv") + '\n';
     return script + topParameters() + "hierarchy -check -top " + m_top + '\n' +
-           (forSimulation ? "proc -ifx\n" : "proc\n") +
-           "tribuf\nuniquify\nhierarchy -top " + m_top + "\nwrite_rtlil\nwrite_verilog -norename\n";
+           (forSimulation ? "proc -ifx\n" : "proc\n") + "tribuf\nuniquify\nhierarchy -top " + m_top +
+           "\nwrite_rtlil\nwrite_verilog -norename\n";
 }
 
 bool YosysCalls::leaveToIncludes(const QString &file)

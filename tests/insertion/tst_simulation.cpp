@@ -1,5 +1,5 @@
-// A captured window is what the nets were: the recorded waveform of all tapped nets is sampled here at the edges of the
-// clock, as a register does, and each window has to be the right part of that.
+// A captured window is what the nets were: the recorded waveform of all tapped nets is sampled here at the
+// edges of the clock, as a register does, and each window has to be the right part of that.
 
 #include "elaboration/elaboration.h"
 #include "insertion/analyzer.h"
@@ -51,7 +51,6 @@ module tb;
 endmodule
 )";
 
-
 // Values of the taps over time, by the number of the tap.
 class Record
 {
@@ -75,9 +74,10 @@ public:
         }
     }
 
-    // At the moments when that bit goes to `level`, what all bits were just before. A falling edge before the first
-    // rising one is the clock that gets its first value.
-    QList<QByteArray> samples(const Insertion::TapBit &clock, char level, const QList<Insertion::TapBit> &bits) const
+    // At the moments when that bit goes to `level`, what all bits were just before. A falling edge before the
+    // first rising one is the clock that gets its first value.
+    QList<QByteArray> samples(const Insertion::TapBit &clock, char level,
+                              const QList<Insertion::TapBit> &bits) const
     {
         QList<QByteArray> all;
         QByteArray before;
@@ -160,7 +160,8 @@ private Q_SLOTS:
             for (bool byNetlist : {false, true}) {
                 const Row &row = rows[i];
                 QTest::addRow("%d %s", i, byNetlist ? "netlist" : "sources")
-                    << byNetlist << row.clock << row.edge << row.amount << row.position << row.segments << row.value;
+                    << byNetlist << row.clock << row.edge << row.amount << row.position << row.segments
+                    << row.value;
             }
         }
     }
@@ -174,9 +175,13 @@ private Q_SLOTS:
         QFETCH(int, segments);
         QFETCH(QString, value);
         RTLJEX::Configuration configuration(position < 0 ? JEX::LiteMode : JEX::StandardMode);
-        const QList<JEX::SignalItem> rows = {bus("top/lane[1]/u/count", 4, 11), net("top/lane[2]/u/never_set"),
-                                             bus("top/out", 3, 0), net("top/rst"), bus("top/in", 2, 1),
-                                             bus("top/lane[2]/u/out", 0, 3), bus("top/all", 0, 3)};
+        const QList<JEX::SignalItem> rows = {bus("top/lane[1]/u/count", 4, 11),
+                                             net("top/lane[2]/u/never_set"),
+                                             bus("top/out", 3, 0),
+                                             net("top/rst"),
+                                             bus("top/in", 2, 1),
+                                             bus("top/lane[2]/u/out", 0, 3),
+                                             bus("top/all", 0, 3)};
         if (position < 0) {
             JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
             core->sampleClock = clock;
@@ -218,17 +223,20 @@ private Q_SLOTS:
             starts.clear();
             for (int i = 0; starts.size() < segments && i < counts.size(); ++i) {
                 // The clock goes on for some cycles more until a window is finished.
-                if (i - from >= position && i - position + amount + 4 < counts.size() && matches(counts.at(i), value)) {
+                if (i - from >= position && i - position + amount + 4 < counts.size() &&
+                    matches(counts.at(i), value)) {
                     starts << i - position;
                     from = starts.last() + amount;
                     i = from - 1;
                 }
             }
         }
-        // The count comes round three times; the last windows of the core that waits for one value stay empty.
+        // The count comes round three times; the last windows of the core that waits for one value stay
+        // empty.
         QCOMPARE(starts.size(), value == "00010110" ? 3 : segments);
         QCOMPARE(captured.size(), starts.size());
-        QCOMPARE(job->messages().filter("WARNING: Core 0 filled 3 of its 4 windows.").size(), int(starts.size() < segments));
+        QCOMPARE(job->messages().filter("WARNING: Core 0 filled 3 of its 4 windows.").size(),
+                 int(starts.size() < segments));
         for (int window = 0; window < starts.size(); ++window) {
             QCOMPARE(captured.at(window).samples, all.mid(starts.at(window), amount));
             QCOMPARE(captured.at(window).trigger, position);
@@ -252,14 +260,15 @@ private Q_SLOTS:
             core->matchUnits[unit]->triggerPort = core->triggerPorts[1];
             core->matchUnits[unit]->value = unit ? "R" : "F";
         }
-        core->expressions << "M0" << "M5";
+        core->expressions << "M0"
+                          << "M5";
         configuration.coresOf<JEX::AoCore>() << core;
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         QCOMPARE(int(job->outcome()), int(Insertion::SimulationJob::Silent));
-        QCOMPARE(job->messages(), QStringList({"Core 2 did not trigger, or not with enough samples behind its trigger.",
-                                               "Core 2: M0 matched.", "Core 2: M5 never matched.",
-                                               "Core 2: expression 1, M0, held.",
-                                               "Core 2: expression 2, M5, never held."}));
+        QCOMPARE(job->messages(),
+                 QStringList({"Core 2 did not trigger, or not with enough samples behind its trigger.",
+                              "Core 2: M0 matched.", "Core 2: M5 never matched.",
+                              "Core 2: expression 1, M0, held.", "Core 2: expression 2, M5, never held."}));
         QVERIFY(job->waveform().isEmpty());
     }
 
@@ -268,15 +277,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("expected"); // the beginning of the last message
-        QTest::newRow("no instance") << QByteArray("module tb; endmodule") << "ERROR: The test bench has no instance of top.";
-        QTest::newRow("two instances")
-            << QByteArray("module tb; top a(); top b(); endmodule")
-            << "ERROR: The test bench has several instances of top: tb.a, tb.b. Name one of them with --instance.";
+        QTest::newRow("no instance") << QByteArray("module tb; endmodule")
+                                     << "ERROR: The test bench has no instance of top.";
+        QTest::newRow("two instances") << QByteArray("module tb; top a(); top b(); endmodule")
+                                       << "ERROR: The test bench has several instances of top: tb.a, tb.b. "
+                                          "Name one of them with --instance.";
         QTest::newRow("does not compile") << QByteArray("module tb; top a(; endmodule") << "ERROR: ";
         QTest::newRow("fails") << QByteArray("module tb; top a(); initial $fatal(1, \"no\"); endmodule")
                                << "ERROR: The test bench failed with code 1.";
         QTest::newRow("writes outside")
-            << QByteArray("module tb; top a(); integer f; initial begin f = $fopen(\"" + m_folder.path().toUtf8() +
+            << QByteArray("module tb; top a(); integer f; initial begin f = $fopen(\"" +
+                          m_folder.path().toUtf8() +
                           "/escaped\", \"w\"); $display(\"%0d\", f); $finish; end endmodule")
             << "Core 0 did not fill its window: its sample clock top/clk had too few edges.";
     }
