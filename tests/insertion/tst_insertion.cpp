@@ -179,6 +179,130 @@ private Q_SLOTS:
         QVERIFY(firstDifference(fromWrong, fromSources, job) != QString());
     }
 
+    // One small design each, all of whose nets are captured.
+    void designs_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QStringList>("parameters");
+        QTest::addColumn<QString>("message"); // one of those, as a pattern; empty: no error
+        QTest::addColumn<QString>("written"); // a pattern for a line of design.v
+        QTest::newRow("open pins")
+            << "a.v"
+            << QByteArray("module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
+                          "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\n"
+                          "endmodule")
+            << QStringList() << ""
+            << "  assign pins = 4'hz;";
+        QTest::newRow("an open pin of an instance")
+            << "a.v" << QByteArray("module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule")
+            << QStringList() << "ERROR: Open bits (z) of the original are not open any more."
+            << "";
+        QTest::newRow("no definition") << "a.v"
+                                       << QByteArray("module top(input clk, output q);\n"
+                                                     "PLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule")
+                                       << QStringList() << ""
+                                       << "  PLL #(";
+        QTest::newRow("parameter")
+            << "a.v"
+            << QByteArray("module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
+                          "assign q = S == \"y s\" ? N : 8'h0; endmodule")
+            << QStringList{"N=77", "S=\"y s\""} << ""
+            << "*8'h4d*";
+        QTest::newRow("parameter that is a command")
+            << "a.v" << QByteArray("module top #(parameter N = 3) (input clk); endmodule")
+            << QStringList{"N=1;!touch owned"}
+            << "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys."
+            << "";
+        QTest::newRow("name of an added port")
+            << "a.v"
+            << QByteArray("module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule")
+            << QStringList() << ""
+            << "  input jexx_ctl_clock;";
+        QTest::newRow("name of a core")
+            << "a.v"
+            << QByteArray("module top(input clk); jex_cores c(clk); endmodule\n"
+                          "module jex_cores(input i); endmodule")
+            << QStringList() << "ERROR: A module of the design has the name of one of the analyzer's."
+            << "";
+        const QByteArray loop =
+            "library ieee; use ieee.std_logic_1164.all;\n"
+            "entity top is port (clk : in std_logic; a : in std_logic_vector(2 downto 0);\n"
+            "q : out std_logic_vector(2 downto 0)); end;\n"
+            "architecture r of top is begin\n"
+            "g : for n in RANGE generate signal s : std_logic_vector(n downto 0);\n"
+            "begin s <= a(n downto 0); q(n) <= s(n) xor s(0) when rising_edge(clk); end generate; end;";
+        // The width of each round tells whether it is the right one.
+        QTest::newRow("rounds upwards")
+            << "a.vhd" << QByteArray(loop).replace("RANGE", "0 to 2") << QStringList() << ""
+            << "*tap_*(g_n3_s)*";
+        QTest::newRow("rounds downwards")
+            << "a.vhd" << QByteArray(loop).replace("RANGE", "2 downto 0") << QStringList() << ""
+            << "*tap_*(g_n3_s)*";
+        QTest::newRow("rounds of a range") << "a.vhd" << QByteArray(loop).replace("RANGE", "a'range")
+                                           << QStringList() << "ERROR: top/g[0]/s[0:0] cannot be tapped: *"
+                                           << "";
+        QTest::newRow("newer than Yosys")
+            << "a.sv"
+            << QByteArray("module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
+                          "always_ff @(posedge clk) u.v <= 4'h3; endmodule")
+            << QStringList() << "WARNING: There is therefore no design.v. *"
+            << "";
+    }
+    void designs()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, parameters);
+        QFETCH(QString, message);
+        QFETCH(QString, written);
+        Folder folder;
+        folder.write(file, text);
+        DesignInput input = inputOf(folder.path(), {file});
+        const std::unique_ptr<RtlNetlist> netlist(build(input));
+        QVERIFY(netlist);
+        QList<JEX::SignalItem> rows;
+        addRows(*netlist->topHierarchy, rows);
+        const Capture capture("top/clk", rows);
+        input.parameters = parameters;
+        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        finish(job);
+        const QString said = job.messages().join('\n');
+        const auto any = [](const QStringList &lines, const QString &pattern) {
+            const auto fitting = [&](const QString &line) { return fits(line, pattern); };
+            return std::any_of(lines.begin(), lines.end(), fitting);
+        };
+        QVERIFY2(message.isEmpty() ? !said.contains("ERROR") : any(job.messages(), message),
+                 qPrintable(said));
+        QCOMPARE(job.files().contains("design.v"), message.isEmpty());
+        QCOMPARE(job.files().contains("probe.v"), !said.contains("ERROR"));
+        const QString netlistText = job.files().value("design.v");
+        QVERIFY2(written.isEmpty() || any(netlistText.split('\n'), written),
+                 qPrintable(netlistText.left(3000)));
+        QVERIFY(!QFileInfo::exists(folder.path("owned")));
+    }
+
+    // Whole or not at all.
+    void outputFolder()
+    {
+        Folder folder;
+        QString error;
+        const QString target = folder.path("made");
+        const QMap<QString, QByteArray> files{{"one", "1"}, {"two", "2"}}, less{{"one", "3"}};
+        QVERIFY2(Insertion::writeFolder(target, files, &error), qPrintable(error));
+        QVERIFY2(Insertion::writeFolder(target, less, &error), qPrintable(error));
+        QCOMPARE(QDir(target).entryList(QDir::Files), QStringList("one"));
+        QCOMPARE(folder.read("made/one"), QByteArray("3"));
+        const QMap<QString, QByteArray> bad{{"one", "4"}, {"no/folder", "5"}};
+        QVERIFY(!Insertion::writeFolder(target, bad, &error));
+        QVERIFY2(fits(error, "* cannot be written: *. Nothing was changed."), qPrintable(error));
+        QCOMPARE(folder.read("made/one"), QByteArray("3"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList("made"));
+        QFile::link(target, folder.path("link"));
+        QVERIFY(Insertion::outputFault(folder.path("link"), {"one"}, {}) != QString());
+    }
+
 private:
     static DesignInput inputOf(const QString &folder, const QStringList &names)
     {
