@@ -2,7 +2,10 @@
 
 #include <QtTest>
 
-#include "gateware/corefault.h"
+#include <cmath>
+
+#include "gateware/coretext.h"
+#include "model/jex/storageneed.h"
 #include "tests/gateware/simulation.h"
 #include "tests/support/files.h"
 #include "tests/support/signaltext.h"
@@ -175,6 +178,72 @@ private Q_SLOTS:
                                   "; proc; flatten; opt; memory; check -assert"}),
                      QByteArray());
         }
+    }
+
+    void memoriesAreThoseOfTheEditor_data()
+    {
+        QTest::addColumn<QString>("synthesis");
+        QTest::addColumn<QStringList>("device");
+        QTest::addColumn<int>("implementation");
+        QTest::addColumn<int>("signalCount");
+        QTest::addColumn<int>("depth");
+        const QStringList ice40{"iCE40", "iCE40HX8K"};
+        const QStringList ecp5{"ECP5", "LFE5U-25F"};
+        const QStringList artix{"Artix-7", "XC7A35T"};
+        const int block = JEX::BsramImplementation;
+        const int shadow = JEX::SsramImplementation;
+        const int registers = JEX::RegImplementation;
+        row("iCE40 31x1024", "synth_ice40", ice40, block, 31, 1024);
+        row("iCE40 90x1024", "synth_ice40", ice40, block, 90, 1024);
+        row("iCE40 100x256", "synth_ice40", ice40, block, 100, 256);
+        row("iCE40 7x16", "synth_ice40", ice40, registers, 7, 16);
+        row("ECP5 31x1024", "synth_ecp5", ecp5, block, 31, 1024);
+        row("ECP5 90x1024", "synth_ecp5", ecp5, block, 90, 1024);
+        row("ECP5 100x256", "synth_ecp5", ecp5, block, 100, 256);
+        row("ECP5 20x64", "synth_ecp5", ecp5, shadow, 20, 64);
+        row("ECP5 7x16", "synth_ecp5", ecp5, registers, 7, 16);
+        row("Artix-7 31x1024", "synth_xilinx", artix, block, 31, 1024);
+        row("Artix-7 90x1024", "synth_xilinx", artix, block, 90, 1024);
+        row("Artix-7 100x256", "synth_xilinx", artix, block, 100, 256);
+        row("Artix-7 20x64", "synth_xilinx", artix, shadow, 20, 64);
+        row("Artix-7 7x16", "synth_xilinx", artix, registers, 7, 16);
+    }
+
+    void memoriesAreThoseOfTheEditor()
+    {
+        QFETCH(QString, synthesis);
+        QFETCH(QStringList, device);
+        QFETCH(int, implementation);
+        QFETCH(int, signalCount);
+        QFETCH(int, depth);
+        const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device[0], device[1]);
+        const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
+            *known->family, JEX::Implementation(implementation), signalCount, depth, true);
+        const char *const styles[] = {"block", "registers", "distributed"};
+        Folder folder;
+        folder.write("cores.v", gatewareSources());
+        const QByteArray said = runTool(
+            folder.path(), "yosys",
+            {"-p",
+             QString("read_verilog cores.v; chparam -set WIDTH %1 -set ADDRESS_BITS %2 -set STYLE \"%3\" "
+                     "jex_memory; %4 -top jex_memory; stat")
+                 .arg(need.width)
+                 .arg(qRound(std::log2(depth)))
+                 .arg(styles[implementation])
+                 .arg(synthesis)});
+        // The register of what is read is no part of the storage.
+        int count = implementation == JEX::RegImplementation ? -need.width : 0;
+        QRegularExpression cell(
+            "^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
+            "|TRELLIS_FF|FDRE) +([0-9]+)$",
+            QRegularExpression::MultilineOption);
+        for (auto it = cell.globalMatch(said.mid(said.lastIndexOf("Number of cells"))); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            const bool isRegister = match.captured(1).contains(QRegularExpression("FF|FD"));
+            if (isRegister == (implementation == JEX::RegImplementation))
+                count += match.captured(2).toInt() * (match.captured(1) == "RAMB36E1" ? 2 : 1);
+        }
+        QCOMPARE(count, need.required);
     }
 
     // The reader of simulations, which takes no time of them.
