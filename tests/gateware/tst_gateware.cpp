@@ -17,6 +17,12 @@ namespace {
 
 enum { BatchSize = 24 };
 
+// As ./dev wave wants it.
+bool isFull()
+{
+    return qEnvironmentVariable("JEX_WAVE") == "full";
+}
+
 // Of cores that are numbered by their places.
 Bench benchOf(const std::vector<RandomCore> &cores)
 {
@@ -103,8 +109,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("simulator");
         QTest::addColumn<int>("first");
-        const bool isFull = qEnvironmentVariable("JEX_WAVE") == "full";
-        for (int batch = 0; batch < (isFull ? 13 : 1); ++batch) {
+        for (int batch = 0; batch < (isFull() ? 13 : 1); ++batch) {
             QTest::addRow("Icarus %d", batch) << int(Icarus) << batch * BatchSize;
             QTest::addRow("Verilator %d", batch) << int(Verilator) << batch * BatchSize;
         }
@@ -193,17 +198,19 @@ private Q_SLOTS:
         const int block = JEX::BsramImplementation;
         const int shadow = JEX::SsramImplementation;
         const int registers = JEX::RegImplementation;
-        row("iCE40 31x1024", "synth_ice40", ice40, block, 31, 1024);
         row("iCE40 90x1024", "synth_ice40", ice40, block, 90, 1024);
+        row("ECP5 20x64", "synth_ecp5", ecp5, shadow, 20, 64);
+        row("Artix-7 90x1024", "synth_xilinx", artix, block, 90, 1024);
+        if (!isFull())
+            return;
+        row("iCE40 31x1024", "synth_ice40", ice40, block, 31, 1024);
         row("iCE40 100x256", "synth_ice40", ice40, block, 100, 256);
         row("iCE40 7x16", "synth_ice40", ice40, registers, 7, 16);
         row("ECP5 31x1024", "synth_ecp5", ecp5, block, 31, 1024);
         row("ECP5 90x1024", "synth_ecp5", ecp5, block, 90, 1024);
         row("ECP5 100x256", "synth_ecp5", ecp5, block, 100, 256);
-        row("ECP5 20x64", "synth_ecp5", ecp5, shadow, 20, 64);
         row("ECP5 7x16", "synth_ecp5", ecp5, registers, 7, 16);
         row("Artix-7 31x1024", "synth_xilinx", artix, block, 31, 1024);
-        row("Artix-7 90x1024", "synth_xilinx", artix, block, 90, 1024);
         row("Artix-7 100x256", "synth_xilinx", artix, block, 100, 256);
         row("Artix-7 20x64", "synth_xilinx", artix, shadow, 20, 64);
         row("Artix-7 7x16", "synth_xilinx", artix, registers, 7, 16);
@@ -244,6 +251,22 @@ private Q_SLOTS:
                 count += match.captured(2).toInt() * (match.captured(1) == "RAMB36E1" ? 2 : 1);
         }
         QCOMPARE(count, need.required);
+    }
+
+    // As simulated with a design that Yosys has rewritten.
+    void netlistsOfThem()
+    {
+        const std::vector<RandomCore> cores = randomCores(24, 8, true);
+        Bench bench = benchOf(cores);
+        QByteArray all = bench.sources + "module all;\n";
+        for (const CoreModule &module : bench.modules)
+            all += module.name + " of_" + module.name + "();\n";
+        Folder folder;
+        folder.write("cores.v", all + "endmodule\n");
+        runTool(folder.path(), "yosys",
+                {"-q", "-p", "read_verilog cores.v; hierarchy -top all; proc -ifx; write_verilog netlist.v"});
+        bench.sources = folder.read("netlist.v");
+        QCOMPARE(differences(bench), 0);
     }
 
     // The reader of simulations, which takes no time of them.
