@@ -1,30 +1,18 @@
 #include "gateware/coretext.h"
 
-#include <QPair>
-
 #include "gateware/corefault.h"
 #include "gateware/coretaps.h"
-#include "gateware/expressiontext.h"
-#include "gateware/unitsettings.h"
+#include "gateware/triggertext.h"
+#include "gateware/verilogtext.h"
 #include "options/capturemath.h"
 
 namespace RTLJEX {
 
 namespace {
 
-enum { UnitBits = 16 }; // wires for the units, and for the expressions
-
-typedef QPair<QByteArray, QByteArray> Connection; // a port or parameter, and what it gets
-typedef QList<Connection> Connections;
-
 const char *const controlPort[] = {"ctl_clock",  "ctl_select", "ctl_capture", "ctl_shift",
                                    "ctl_update", "ctl_tdi",    "ctl_tdo"};
 const char *const resultPorts[] = {"windows", "done", "seen"};
-
-QByteArray text(int number)
-{
-    return QByteArray::number(number);
-}
 
 // How many bits an address below `count` takes.
 int bitsBelow(int count)
@@ -33,53 +21,6 @@ int bitsBelow(int count)
     while (bits < 31 && 1 << bits < count)
         ++bits;
     return bits;
-}
-
-QByteArray range(int width)
-{
-    return "[" + text(width - 1) + ":0]";
-}
-
-QByteArray binary(const QByteArray &digits)
-{
-    return text(digits.size()) + "'b" + digits;
-}
-
-QByteArray style(qint32 implementation)
-{
-    switch (JEX::implementationOf(implementation)) {
-    case JEX::SsramImplementation:
-        return "\"distributed\"";
-    case JEX::RegImplementation:
-        return "\"registers\"";
-    default:
-        return "\"block\"";
-    }
-}
-
-void add(Connections *list, const QByteArray &name, const QByteArray &value)
-{
-    list->append(Connection(name, value));
-}
-
-void add(Connections *list, const QByteArray &name, int value)
-{
-    add(list, name, text(value));
-}
-
-QByteArray connected(const Connections &list)
-{
-    QByteArray lines;
-    for (const Connection &connection : list)
-        lines += (lines.isEmpty() ? "\n" : ",\n") + QByteArray("        .") + connection.first + "(" +
-                 connection.second + ")";
-    return lines + "\n    )";
-}
-
-QByteArray instance(const QByteArray &module, const QByteArray &name, const Connections &parameters,
-                    const Connections &ports)
-{
-    return "    " + module + " #(" + connected(parameters) + " " + name + " (" + connected(ports) + ";\n";
 }
 
 // The ports that the core has under the same name.
@@ -91,11 +32,6 @@ void addOwnPorts(Connections *list)
         add(list, port, port);
     for (const char *port : resultPorts)
         add(list, port, port);
-}
-
-QByteArray triggerName(const JEX::TriggerPort &port)
-{
-    return "trig_" + text(port.portNumber);
 }
 
 // The head of the module and all its ports.
@@ -113,156 +49,9 @@ QByteArray head(const AnyCore &core, const CoreModule &module)
            "    output wire [15:0] windows,\n    output wire done,\n    output wire [31:0] seen\n);\n\n";
 }
 
-// The bits of all its trigger ports side by side, and its units and expressions over them.
-class TriggerText
-{
-public:
-    TriggerText(const JEX::AoCore &core, const CoreOptions &options)
-        : m_core(core), m_options(options), m_units(coreUnits(core)), m_ports(corePorts(core))
-    {
-    }
-
-    int width() const { return lowestBitOf(nullptr); }
-
-    // "trig_5, trig_0"
-    QByteArray ports() const
-    {
-        QByteArray names;
-        for (const JEX::TriggerPort *port : m_ports)
-            names = triggerName(*port) + (names.isEmpty() ? "" : ", ") + names;
-        return names;
-    }
-
-    QByteArray body() const
-    {
-        QByteArray lines = "    wire " + range(width()) + " now;\n    wire " + range(width()) +
-                           " changed;\n    wire [15:0] match;\n    wire [15:0] holds;\n    wire load;\n" +
-                           "    wire [" + text(m_units.size()) + ":0] chain; // of the settings\n" +
-                           "    assign chain[" + text(m_units.size()) + "] = ctl_tdi;\n" +
-                           "    wire unused = &{1'b0, load, chain[0]};\n\n";
-        for (int i = 0; i < m_units.size(); ++i)
-            lines += unit(i);
-        lines += unitsWithout() + "\n";
-        return lines + (m_core.isStatic() ? tables() : logic());
-    }
-
-private:
-    // In all trigger bits; of null the number of all.
-    int lowestBitOf(const JEX::TriggerPort *wanted) const
-    {
-        int bit = 0;
-        for (const JEX::TriggerPort *port : m_ports) {
-            if (port == wanted)
-                break;
-            bit += port->width();
-        }
-        return bit;
-    }
-
-    QByteArray unit(int position) const
-    {
-        const JEX::MatchUnit &unit = *m_units.at(position);
-        const UnitSettings settings(unit);
-        const QByteArray number = text(unit.unitNumber);
-        const int low = lowestBitOf(unit.triggerPort);
-        const QByteArray bits = "[" + text(low + unit.triggerPort->width() - 1) + ":" + text(low) + "]";
-        Connections parameters;
-        add(&parameters, "WIDTH", unit.triggerPort->width());
-        add(&parameters, "LOADABLE", m_core.isStatic() ? 0 : 1);
-        add(&parameters, "KIND", binary(settings.kind));
-        add(&parameters, "EDGES", binary(settings.edges));
-        add(&parameters, "CARE", binary(settings.care));
-        add(&parameters, "LEVEL", binary(settings.level));
-        add(&parameters, "UPPER", binary(settings.upper));
-        Connections ports;
-        add(&ports, "clk", "clk");
-        add(&ports, "now", "now" + bits);
-        add(&ports, "changed", "changed" + bits);
-        add(&ports, "match", "match[" + number + "]");
-        add(&ports, "load_clock", "ctl_clock");
-        add(&ports, "load", "load");
-        add(&ports, "load_in", "chain[" + text(m_units.size() - position) + "]");
-        add(&ports, "load_out", "chain[" + text(m_units.size() - position - 1) + "]");
-        return instance("jex_unit", "unit_" + number, parameters, ports);
-    }
-
-    QByteArray unitsWithout() const
-    {
-        QByteArray lines;
-        const QList<int> numbers = unitNumbers();
-        for (int i = 0; i < UnitBits; ++i) {
-            if (!numbers.contains(i))
-                lines += "    assign match[" + text(i) + "] = 1'b0;\n";
-        }
-        return lines;
-    }
-
-    QList<int> unitNumbers() const
-    {
-        QList<int> numbers;
-        for (const JEX::MatchUnit *unit : m_units)
-            numbers.append(unit->unitNumber);
-        return numbers;
-    }
-
-    QByteArray noExpressions() const
-    {
-        const int rest = UnitBits - m_core.expressions.size();
-        return rest ? text(rest) + "'d0" : QByteArray();
-    }
-
-    // Registered, as tables are.
-    QByteArray logic() const
-    {
-        QByteArray lines;
-        QByteArray all = noExpressions();
-        for (int i = m_core.expressions.size() - 1; i >= 0; --i)
-            all += (all.isEmpty() ? "expression_" : ", expression_") + text(i);
-        for (int i = 0; i < m_core.expressions.size(); ++i)
-            lines += "    wire expression_" + text(i) + " = " + Expression(m_core.expressions.at(i)).logic() +
-                     ";\n";
-        Connections parameters;
-        add(&parameters, "WIDTH", int(UnitBits));
-        Connections ports;
-        add(&ports, "clk", "clk");
-        add(&ports, "in", "{" + all + "}");
-        add(&ports, "out", "holds");
-        return lines + instance("jex_delay", "expressions", parameters, ports);
-    }
-
-    QByteArray tables() const
-    {
-        const QList<int> numbers = unitNumbers();
-        QByteArray units;
-        for (int number : numbers)
-            units = "match[" + text(number) + "]" + (units.isEmpty() ? "" : ", ") + units;
-        QByteArray lines;
-        for (int i = 0; i < m_core.expressions.size(); ++i) {
-            Connections parameters;
-            add(&parameters, "UNITS", numbers.size());
-            add(&parameters, "STYLE", style(m_core.triggerImplementation));
-            add(&parameters, "TABLE", binary(Expression(m_core.expressions.at(i)).table(numbers)));
-            Connections ports;
-            add(&ports, "clk", "clk");
-            add(&ports, "match", "{" + units + "}");
-            add(&ports, "holds", "holds[" + text(i) + "]");
-            lines += instance("jex_table", "expression_" + text(i), parameters, ports);
-        }
-        const int count = m_core.expressions.size();
-        if (count < UnitBits)
-            lines += "    assign holds[15:" + text(count) + "] = " + noExpressions() + ";\n";
-        return lines;
-    }
-
-    const JEX::AoCore &m_core;
-    CoreOptions m_options;
-    QList<const JEX::MatchUnit *> m_units;
-    QList<const JEX::TriggerPort *> m_ports;
-};
-
 QByteArray standardBody(const JEX::AoCore &core, const CoreOptions &options, const CoreLayout &layout)
 {
-    const TriggerText trigger(core, options);
+    const TriggerText trigger(core);
     Connections parameters;
     add(&parameters, "NUMBER", core.coreNumber);
     add(&parameters, "DATA_WIDTH", layout.dataWidth);

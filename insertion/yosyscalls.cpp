@@ -187,19 +187,20 @@ ToolCall YosysCalls::tapping()
     return call("tap.ys", script, "the design with the analyzer");
 }
 
-// Yosys has no rules for memories and for flip-flops that are reset at any time, so both become plain gates.
+// Yosys has no rules for flip-flops that are reset at any time, so these become others. Memories have to be the same
+// as they stand.
 ToolCall YosysCalls::proving(const QByteArray &prefix, int seconds)
 {
     const auto prepared = [&](const QString &from, const QString &name) {
         return "read_verilog " + from + '\n' + cores() + "hierarchy -top " + m_top +
                "\nproc\nflatten\ndelete t:jex_cores\ndelete -port w:" + prefix +
-               "_ctl_*\nmemory_map\nasync2sync\nopt_clean\nrename -top " + name + "\ndesign -stash " + name +
+               "_ctl_*\nmemory -nomap\nasync2sync\nrename -top " + name + "\ndesign -stash " + name +
                '\n';
     };
     const QString script =
         prepared(writtenFile(), "gold") + prepared(designFile(), "gate") +
         "design -copy-from gold -as gold gold\ndesign -copy-from gate -as gate gate\n"
-        "equiv_make gold gate equiv\nhierarchy -top equiv\nequiv_struct\nequiv_simple -undef\n"
+        "equiv_make gold gate equiv\nhierarchy -top equiv\nequiv_struct -icells\nequiv_simple -undef\n"
         "equiv_induct -undef\nequiv_status -assert\n";
     ToolCall proving = call("prove.ys", script, "the question whether both designs are equivalent");
     proving.seconds = seconds;

@@ -1,5 +1,6 @@
-// An expression as a truth table over the units, in a memory of the kind STYLE: "block", "distributed" or
-// "registers". Bit i of TABLE is the result for the units that match as the number i says.
+// An expression as a truth table over the units. Bit i of TABLE is the result for the units that match as the number i
+// says. STYLE is "block" for a block memory; everything else makes it of the look-up tables of logic cells, which is
+// what a shadow memory is when nobody writes it.
 module jex_table #(
     parameter UNITS = 1,
     parameter STYLE = "block",
@@ -19,12 +20,7 @@ module jex_table #(
             reg words[0:(1<<UNITS)-1];
             initial for (i = 0; i < (1 << UNITS); i = i + 1) words[i] = TABLE[i];
             always @(posedge clk) holds <= words[match];
-        end else if (STYLE == "distributed") begin : distributed
-            (* ram_style = "distributed", rom_style = "distributed", syn_ramstyle = "distributed", syn_romstyle = "distributed_rom" *)
-            reg words[0:(1<<UNITS)-1];
-            initial for (i = 0; i < (1 << UNITS); i = i + 1) words[i] = TABLE[i];
-            always @(posedge clk) holds <= words[match];
-        end else begin : registers
+        end else begin : cells
             (* ram_style = "registers", rom_style = "registers", syn_ramstyle = "registers", syn_romstyle = "logic" *)
             reg words[0:(1<<UNITS)-1];
             initial for (i = 0; i < (1 << UNITS); i = i + 1) words[i] = TABLE[i];

@@ -2,7 +2,10 @@
 
 #include <QtTest>
 
-#include "gateware/corefault.h"
+#include <cmath>
+
+#include "gateware/coretext.h"
+#include "model/jex/storageneed.h"
 #include "tests/gateware/simulation.h"
 #include "tests/support/files.h"
 #include "tests/support/signaltext.h"
@@ -13,6 +16,12 @@ using namespace RTLJEX;
 namespace {
 
 enum { BatchSize = 24 };
+
+// As ./dev wave wants it.
+bool isFull()
+{
+    return qEnvironmentVariable("JEX_WAVE") == "full";
+}
 
 // Of cores that are numbered by their places.
 Bench benchOf(const std::vector<RandomCore> &cores)
@@ -35,6 +44,19 @@ std::vector<RandomCore> randomCores(int first, int count, bool unknowns)
     std::vector<RandomCore> cores;
     for (int i = 0; i < count; ++i)
         cores.push_back(randomCore(unsigned(first + i), unknowns));
+    return cores;
+}
+
+// Small ones that have captured something.
+std::vector<RandomCore> capturingCores()
+{
+    std::vector<RandomCore> cores;
+    for (unsigned number = 0; cores.size() < 16; ++number) {
+        RandomCore core = randomCore(number, true);
+        const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
+        if (depth <= 128 && !core.expected(core.halves.size()).windows.isEmpty())
+            cores.push_back(std::move(core));
+    }
     return cores;
 }
 
@@ -100,8 +122,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("simulator");
         QTest::addColumn<int>("first");
-        const bool isFull = qEnvironmentVariable("JEX_WAVE") == "full";
-        for (int batch = 0; batch < (isFull ? 13 : 1); ++batch) {
+        for (int batch = 0; batch < (isFull() ? 13 : 1); ++batch) {
             QTest::addRow("Icarus %d", batch) << int(Icarus) << batch * BatchSize;
             QTest::addRow("Verilator %d", batch) << int(Verilator) << batch * BatchSize;
         }
@@ -111,7 +132,9 @@ private Q_SLOTS:
     {
         QFETCH(int, simulator);
         QFETCH(int, first);
-        const std::vector<RandomCore> cores = randomCores(first, BatchSize, simulator == Icarus);
+        // What Verilator writes takes long to compile.
+        const int count = simulator == Icarus || isFull() ? BatchSize : BatchSize / 2;
+        const std::vector<RandomCore> cores = randomCores(first, count, simulator == Icarus);
         const Bench bench = benchOf(cores);
         const QStringList captured = simulate(bench, Simulator(simulator));
         int windows = 0;
@@ -122,7 +145,48 @@ private Q_SLOTS:
                 qWarning("Core %d:\n%s", first + i, described(cores[i]).constData());
             QCOMPARE(captured[i], captureText(expected));
         }
-        QVERIFY2(windows > 2 * BatchSize, "hardly a core has triggered");
+        QVERIFY2(windows > 2 * count, "hardly a core has triggered");
+    }
+
+    // What the numbers of ./dev wave hold, so that none of it is missed by chance.
+    void randomCoresHoldAll()
+    {
+        QMap<QString, int> count;
+        for (unsigned number = 0; number < 13 * BatchSize; ++number) {
+            const RandomCore core = randomCore(number, true);
+            const CapturedCore captured = core.expected(core.halves.size());
+            ++count[core.lite ? "Lite" : core.standard->isStatic() ? "Static" : "Dynamic"];
+            count["capture ends"] += captured.isDone;
+            count["loaded units"] += !core.settings.isEmpty();
+            if (core.lite || captured.windows.isEmpty())
+                continue;
+            const JEX::AoCore &standard = *core.standard;
+            const int position = standard.triggerPosition;
+            count["any"] += core.options.triggerByAny;
+            count["triggered"] += captured.windows.last().trigger >= 0;
+            count["levels"] += standard.expressions.size() > 1 && !core.options.triggerByAny;
+            ++count[QString("edge %1").arg(standard.sampleEdge)];
+            ++count[QString("segments %1").arg(standard.windowNumber, 2)];
+            ++count[QString("memory %1").arg(standard.captureImplementation)];
+            ++count[QString("table %1").arg(standard.isStatic() ? standard.triggerImplementation : -1)];
+            ++count[position == 0                            ? "first position"
+                    : position == standard.captureAmount - 4 ? "last position"
+                                                             : "position between"];
+            for (const JEX::MatchUnit *unit : standard.enabledMatchUnits()) {
+                if (!(captured.seen >> unit->unitNumber & 1))
+                    continue;
+                ++count[QString("function %1").arg(unit->function)];
+                ++count[QString("width %1").arg(unit->value.size(), 2)];
+                for (QChar c : QString("01XRFBN"))
+                    count[QString("character ") + c] += unit->value.contains(c);
+            }
+        }
+        for (auto it = count.begin(); it != count.end(); ++it) {
+            qInfo("%s: %d", qPrintable(it.key()), it.value());
+            QVERIFY2(it.value() > 0, qPrintable(it.key()));
+        }
+        for (const char *rare : {"segments 16", "width  1", "width 64", "table 0", "table 1", "table 2"})
+            QVERIFY2(count.contains(rare), rare);
     }
 
     // A comparison that cannot tell a wrong core from a right one would be worth nothing.
@@ -140,14 +204,14 @@ private Q_SLOTS:
         row("bound of a range", "now <= upper", "now < upper");
         row("order of a table", "words[match]", "words[~match]");
         row("segment", "base + STEP[AB-1:0]", "base");
-        row("input register", "STAGES(REGISTERED + 1)", "STAGES(1)");
+        row("input register", ".in({sampled_valid, sampled})", ".in({1'b1, sampled})");
     }
 
     void wrongCoresAreCaught()
     {
         QFETCH(QString, right);
         QFETCH(QString, wrong);
-        static const std::vector<RandomCore> cores = randomCores(48, 12, true);
+        static const std::vector<RandomCore> cores = capturingCores();
         Bench bench = benchOf(cores);
         QVERIFY(bench.sources.contains(right.toLatin1()));
         bench.sources.replace(right.toLatin1(), wrong.toLatin1());
@@ -175,6 +239,90 @@ private Q_SLOTS:
                                   "; proc; flatten; opt; memory; check -assert"}),
                      QByteArray());
         }
+    }
+
+    void memoriesAreThoseOfTheEditor_data()
+    {
+        QTest::addColumn<QString>("synthesis");
+        QTest::addColumn<QStringList>("device");
+        QTest::addColumn<int>("implementation");
+        QTest::addColumn<int>("signalCount");
+        QTest::addColumn<int>("depth");
+        const QStringList ice40{"iCE40", "iCE40HX8K"};
+        const QStringList ecp5{"ECP5", "LFE5U-25F"};
+        const QStringList artix{"Artix-7", "XC7A35T"};
+        const int block = JEX::BsramImplementation;
+        const int shadow = JEX::SsramImplementation;
+        const int registers = JEX::RegImplementation;
+        row("iCE40 90x1024", "synth_ice40", ice40, block, 90, 1024);
+        row("ECP5 20x64", "synth_ecp5", ecp5, shadow, 20, 64);
+        row("Artix-7 90x1024", "synth_xilinx", artix, block, 90, 1024);
+        if (!isFull())
+            return;
+        row("iCE40 31x1024", "synth_ice40", ice40, block, 31, 1024);
+        row("iCE40 100x256", "synth_ice40", ice40, block, 100, 256);
+        row("iCE40 7x16", "synth_ice40", ice40, registers, 7, 16);
+        row("ECP5 31x1024", "synth_ecp5", ecp5, block, 31, 1024);
+        row("ECP5 90x1024", "synth_ecp5", ecp5, block, 90, 1024);
+        row("ECP5 100x256", "synth_ecp5", ecp5, block, 100, 256);
+        row("ECP5 7x16", "synth_ecp5", ecp5, registers, 7, 16);
+        row("Artix-7 31x1024", "synth_xilinx", artix, block, 31, 1024);
+        row("Artix-7 100x256", "synth_xilinx", artix, block, 100, 256);
+        row("Artix-7 20x64", "synth_xilinx", artix, shadow, 20, 64);
+        row("Artix-7 7x16", "synth_xilinx", artix, registers, 7, 16);
+    }
+
+    void memoriesAreThoseOfTheEditor()
+    {
+        QFETCH(QString, synthesis);
+        QFETCH(QStringList, device);
+        QFETCH(int, implementation);
+        QFETCH(int, signalCount);
+        QFETCH(int, depth);
+        const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device[0], device[1]);
+        const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
+            *known->family, JEX::Implementation(implementation), signalCount, depth, true);
+        const char *const styles[] = {"block", "registers", "distributed"};
+        Folder folder;
+        folder.write("cores.v", gatewareSources());
+        const QByteArray said = runTool(
+            folder.path(), "yosys",
+            {"-p",
+             QString("read_verilog cores.v; chparam -set WIDTH %1 -set ADDRESS_BITS %2 -set STYLE \"%3\" "
+                     "jex_memory; %4 -top jex_memory; stat")
+                 .arg(need.width)
+                 .arg(qRound(std::log2(depth)))
+                 .arg(styles[implementation])
+                 .arg(synthesis)});
+        // The register of what is read is no part of the storage.
+        int count = implementation == JEX::RegImplementation ? -need.width : 0;
+        QRegularExpression cell(
+            "^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
+            "|TRELLIS_FF|FDRE) +([0-9]+)$",
+            QRegularExpression::MultilineOption);
+        for (auto it = cell.globalMatch(said.mid(said.lastIndexOf("Number of cells"))); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            const bool isRegister = match.captured(1).contains(QRegularExpression("FF|FD"));
+            if (isRegister == (implementation == JEX::RegImplementation))
+                count += match.captured(2).toInt() * (match.captured(1) == "RAMB36E1" ? 2 : 1);
+        }
+        QCOMPARE(count, need.required);
+    }
+
+    // As simulated with a design that Yosys has rewritten.
+    void netlistsOfThem()
+    {
+        const std::vector<RandomCore> cores = randomCores(24, 8, true);
+        Bench bench = benchOf(cores);
+        QByteArray all = bench.sources + "module all;\n";
+        for (const CoreModule &module : bench.modules)
+            all += module.name + " of_" + module.name + "();\n";
+        Folder folder;
+        folder.write("cores.v", all + "endmodule\n");
+        runTool(folder.path(), "yosys",
+                {"-q", "-p", "read_verilog cores.v; hierarchy -top all; proc -ifx; write_verilog netlist.v"});
+        bench.sources = folder.read("netlist.v");
+        QCOMPARE(differences(bench), 0);
     }
 
     // The reader of simulations, which takes no time of them.
