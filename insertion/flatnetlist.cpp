@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 namespace Insertion {
 namespace {
 
@@ -66,15 +68,21 @@ struct FlatNetlist::Reader
 
     bool take(const QByteArray &line)
     {
-        if (isDone)
-            return true;
         if (!isInside) {
             isTop = isTop || line == "attribute \\top 1";
-            isInside = isTop && line.startsWith("module ");
+            isBlackBox = isBlackBox || line == "attribute \\blackbox 1";
+            if (line.startsWith("module ")) {
+                isInside = isTop && !isDone;
+                if (!isInside && !isBlackBox)
+                    others.insert(line.mid(7));
+                isTop = isBlackBox = false;
+            }
             return true;
         }
-        if (line == "end")
+        if (line == "end") {
+            isInside = false;
             return isDone = true;
+        }
         const QByteArray text = line.trimmed();
         return isInCell ? takeOfCell(text) : takeOfModule(text);
     }
@@ -167,8 +175,16 @@ struct FlatNetlist::Reader
     }
 
     FlatNetlist &flat;
+    // Whether something is left of the hierarchy, in which nothing would be compared.
+    bool isFlat() const
+    {
+        return std::none_of(flat.m_cells.begin(), flat.m_cells.end(),
+                            [this](const Cell &cell) { return others.contains(flat.text(cell.type)); });
+    }
+
     QByteArray init, parameters;
-    bool isTop = false, isInside = false, isInCell = false, isDone = false;
+    QSet<QByteArray> others; // modules that are no black boxes
+    bool isTop = false, isBlackBox = false, isInside = false, isInCell = false, isDone = false;
 };
 
 bool FlatNetlist::read(const QString &path, QString *error)
@@ -181,9 +197,10 @@ bool FlatNetlist::read(const QString &path, QString *error)
         line.chop(line.endsWith('\n') ? 1 : 0);
         isGood = reader.take(line);
     }
-    if (!isGood || !reader.isDone)
+    isGood = isGood && reader.isDone && reader.isFlat();
+    if (!isGood)
         *error = "What Yosys read back of the design could not be understood, so nothing is proven.";
-    return isGood && reader.isDone;
+    return isGood;
 }
 
 int FlatNetlist::netOf(int bit) const
@@ -253,6 +270,8 @@ bool FlatNetlist::parsePart(const QByteArray &text, int &at, std::vector<int> &b
     int high = wire->width - 1, low = 0;
     if (text.mid(at, 2) == " [") {
         end = text.indexOf(']', at);
+        if (end < 0)
+            return false;
         const QList<QByteArray> range = text.mid(at + 2, end - at - 2).split(':');
         high = range.first().toInt();
         low = range.last().toInt();

@@ -174,7 +174,9 @@ ToolCall YosysCalls::tapping()
 {
     const auto readBack = [this](const QString &from, const QString &to) {
         return "design -reset\nread_verilog " + from + '\n' + cores() + "hierarchy -top " + m_top +
-               "\nproc\nflatten\nwrite_rtlil " + to + '\n';
+               "\nproc\nsetattr -mod -unset keep_hierarchy\nsetattr -unset "
+               "keep_hierarchy\nflatten\nwrite_rtlil " +
+               to + '\n';
     };
     const auto check = [this](bool isOriginal) {
         return "hierarchy -check -top " + m_top + "\ntee -q -o " + checkFile(isOriginal) + " check\n";
@@ -187,15 +189,14 @@ ToolCall YosysCalls::tapping()
     return call("tap.ys", script, "the design with the analyzer");
 }
 
-// Yosys has no rules for flip-flops that are reset at any time, so these become others. Memories have to be the same
-// as they stand.
+// Yosys has no rules for flip-flops that are reset at any time, so these become others. Memories have to be
+// the same as they stand.
 ToolCall YosysCalls::proving(const QByteArray &prefix, int seconds)
 {
     const auto prepared = [&](const QString &from, const QString &name) {
         return "read_verilog " + from + '\n' + cores() + "hierarchy -top " + m_top +
                "\nproc\nflatten\ndelete t:jex_cores\ndelete -port w:" + prefix +
-               "_ctl_*\nmemory -nomap\nasync2sync\nrename -top " + name + "\ndesign -stash " + name +
-               '\n';
+               "_ctl_*\nmemory -nomap\nasync2sync\nrename -top " + name + "\ndesign -stash " + name + '\n';
     };
     const QString script =
         prepared(writtenFile(), "gold") + prepared(designFile(), "gate") +

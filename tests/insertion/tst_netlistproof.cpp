@@ -125,6 +125,17 @@ private Q_SLOTS:
         QVERIFY2(pattern.exactMatch(found.value(0)), qPrintable(found.join('\n')));
     }
 
+    // What is not flattened would not be compared.
+    void keptHierarchy()
+    {
+        Insertion::FlatNetlist netlist;
+        QString error;
+        const QByteArray text =
+            QByteArray(original).replace("module part", "(* keep_hierarchy *) module part");
+        QVERIFY(!netlist.read(flat(text, "kept"), &error));
+        QVERIFY(!error.isEmpty());
+    }
+
 private:
     static QString tapped()
     {
