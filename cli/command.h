@@ -30,5 +30,7 @@ ExitCode usage(const QStringList &words, Output &out);
 ExitCode devices(const QStringList &words, Output &out);
 ExitCode diff(const QStringList &words, Output &out);
 ExitCode rebind(const QStringList &words, Output &out);
+ExitCode insert(const QStringList &words, Output &out);
+ExitCode simulate(const QStringList &words, Output &out);
 
 } // namespace Cli

@@ -1,28 +1,15 @@
 #include "cli/design.h"
 
-#include <QEventLoop>
 #include <QSet>
 
 #include "check/designjudgement.h"
-#include "commandline/endsignals.h"
+#include "cli/waiting.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
 
 namespace Cli {
 namespace {
-
-// The tools run in a group of processes of their own, which an interrupt at the terminal does not reach.
-void runUntilInterrupted(QUARRY::ReadingJob &job)
-{
-    const CommandLine::EndSignals ends;
-    QEventLoop loop;
-    QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &job, &QUARRY::ReadingJob::cancel);
-    QObject::connect(&job, &QUARRY::ReadingJob::finished, &loop, &QEventLoop::quit);
-    job.start();
-    if (!job.isFinished())
-        loop.exec();
-}
 
 void sayNew(const QStringList &messages, QSet<QString> &said)
 {
@@ -59,10 +46,14 @@ bool Design::open(const CommandLine::DesignOptions &options)
     return good;
 }
 
+QUARRY::DesignInput Design::input()
+{
+    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+}
+
 bool Design::elaborate()
 {
-    const QUARRY::DesignInput input =
-        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    const QUARRY::DesignInput input = this->input();
     QStringList files;
     for (const QUARRY::DesignSource &file : input.files)
         files << file.path;

@@ -10,13 +10,16 @@ _jex() {
   fi
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
+    --trigger) COMPREPLY=($(compgen -W $'levels\nany' -- "$word")) ;;
+    --synth) COMPREPLY=($(compgen -W $'ice40\necp5\nxilinx\ngeneric' -- "$word")) ;;
+    --bench) COMPREPLY=($(shopt -s extglob; compgen -f -X '!*.@(v|sv)' -- "$word") $(compgen -d -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project)
       COMPREPLY=($(shopt -s extglob; compgen -f -X '!*@(.jexprj|.toml|.eda.yml|.eda.yaml)' -- "$word") $(compgen -d -- "$word"))
       ;;
-    -I | -y | -incdir) COMPREPLY=($(compgen -d -- "$word")) ;;
+    -I | -y | -incdir | -o | --output) COMPREPLY=($(compgen -d -- "$word")) ;;
     # Names in the design are not looked up here.
-    --top | -top | --top-module | --in | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;
+    --top | -top | --top-module | --in | --instance | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;

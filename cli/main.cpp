@@ -23,6 +23,8 @@ const Command commands[] = {
     {"devices", "list the known devices", devices},
     {"diff", "what changed between two configurations", diff},
     {"rebind", "rename stored signals after the design was changed", rebind},
+    {"insert", "make the analyzer and put it into the design", insert},
+    {"simulate", "run a test bench with the analyzer, and get the captured windows", simulate},
 };
 
 void printHelp(Output &out)

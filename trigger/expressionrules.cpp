@@ -1,5 +1,6 @@
 #include "trigger/expressionrules.h"
 
+#include <QRegExp>
 #include <QtDebug>
 
 namespace RTLJEX {
@@ -96,6 +97,19 @@ bool isOperator(const QString &token)
 bool isNotUnaryOp(const QString &token)
 {
     return is(token, OP_NOT);
+}
+
+QStringList expressionTokens(const QString &text)
+{
+    // Not \\d, which takes the digits of all scripts.
+    QRegExp token(QLatin1String("\\s*([Mm][0-9]{1,2}(?![0-9])|[|^&!()])\\s*"));
+    QStringList tokens;
+    for (int at = 0; at < text.size(); at += token.matchedLength()) {
+        if (token.indexIn(text, at, QRegExp::CaretAtOffset) != at)
+            return QStringList();
+        tokens.append(token.cap(1));
+    }
+    return tokens;
 }
 
 QStringList convertRPN(const QStringList &tokens)

@@ -23,6 +23,9 @@ bool isOperator(const QString &token);
 // The one that stands in front of its operand.
 bool isNotUnaryOp(const QString &token);
 
+// What a file has as one text. Blanks mean nothing; empty when anything stands in it that is no token.
+QStringList expressionTokens(const QString &text);
+
 // The tokens in reverse Polish order. Empty when brackets do not match. All operators group to the left, the
 // unary one too, so "!!M0" comes out with an operator first, which has nothing to work on.
 QStringList convertRPN(const QStringList &tokens);

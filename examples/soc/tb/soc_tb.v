@@ -115,6 +115,25 @@ module soc_tb;
         read_register(16'h7000, 8'hff);
         read_register(16'h1002, 8'h00);
         read_register(16'h6000, 8'd17);
+
+        // What trigger.zub waits for: writes to the GPIO, then of capital letters,
+        for (i = 0; i < 4; i = i + 1) begin
+            write_register(16'h3000, 8'h05);
+            write_register(16'h0014, "A" + i);
+        end
+        read_register(16'h0014, "D");
+        // and a receiving FIFO that fills up, since the bus does not answer.
+        force dut.bus_ack = 1'b0;
+        send("W");
+        send(8'h00);
+        send(8'h14);
+        send(8'h00);
+        for (i = 0; i < 14; i = i + 1)
+            send(8'h00);
+        fork
+            release dut.bus_ack;
+            expect_reply("K");
+        join
         $display("PASS");
         $finish;
     end

@@ -1,0 +1,99 @@
+#include <QFileInfo>
+
+#include "cli/judgedinput.h"
+#include "cli/waiting.h"
+#include "host/atomicfile.h"
+#include "insertion/simulationjob.h"
+
+namespace Cli {
+namespace {
+
+typedef Insertion::SimulationJob Job;
+
+bool writeResult(const QString &path, const QByteArray &bytes)
+{
+    QString error;
+    if (bytes.isEmpty() || QUtil::writeFileAtomically(path, bytes, &error))
+        return true;
+    say("jex simulate: " + error);
+    return false;
+}
+
+ExitCode judged(const Job &job)
+{
+    for (const QString &line : QString::fromUtf8(job.benchWords()).split('\n', Qt::SkipEmptyParts))
+        say(line);
+    for (const QString &message : job.messages())
+        say("jex simulate: " + message);
+    if (job.outcome() == Job::Cancelled)
+        say("jex: Interrupted.");
+    if (job.outcome() == Job::Done)
+        return Fine;
+    return job.outcome() == Job::Silent || job.outcome() == Job::Refused ? Findings : CouldNotRun;
+}
+
+int windowCount(const Job &job)
+{
+    int count = 0;
+    for (const RTLJEX::CapturedCore &core : job.captured())
+        count += core.windows.size();
+    return count;
+}
+
+} // namespace
+
+ExitCode simulate(const QStringList &words, Output &out)
+{
+    Arguments arguments("simulate", "FILE DESIGN --bench BENCH --output VCD",
+                        "Runs a test bench of the design by Icarus Verilog, with the analyzer of a "
+                        "configuration (.zub) looking\n"
+                        "on, and writes the captured windows as a waveform: the rows of the capture list, "
+                        "with the names that\n"
+                        "they are shown by. The analyzer is attached to the sources as they are; with "
+                        "--netlist, and always when\n"
+                        "there is VHDL in the design, it is inserted as jex insert does. What the bench "
+                        "writes is dropped: it can\n"
+                        "reach nothing but a temporary folder. 1 when a core did not trigger: then it is "
+                        "said what each match\n"
+                        "unit and each expression saw.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addOptions({
+        {"bench", "A file of the test bench; may be given several times.", "BENCH"},
+        {{"o", "output"}, "The file for the captured windows.", "VCD"},
+        {"netlist", "Simulate the netlist with the analyzer inserted in place of the sources."},
+        {"instance", "Where the test bench has the design, when it has several: \"tb.dut\".", "PATH"},
+        {"raw", "The file for all values of the tapped nets, at all times.", "VCD"},
+    });
+    addTrigger(arguments);
+    arguments.addDesign();
+    CommandLine::DesignOptions options;
+    Insertion::SimulationOptions how;
+    if (!arguments.read(words, out) || !arguments.readDesign(arguments.files(), options))
+        return arguments.result();
+    const QString output = arguments.parser.value("output"), raw = arguments.parser.value("raw");
+    if (!readTrigger(arguments, &how.triggerByAny))
+        return WrongUse;
+    if (output.isEmpty() || !arguments.parser.isSet("bench"))
+        return arguments.refuse(
+            "Name the test bench with --bench, and the file for the waveform with --output.");
+    for (const QString &file : arguments.parser.values("bench"))
+        how.bench << QFileInfo(file).absoluteFilePath();
+    how.instance = arguments.parser.value("instance");
+    how.byNetlist = arguments.parser.isSet("netlist");
+    how.records = !raw.isEmpty();
+    JudgedInput input;
+    ExitCode result = Fine;
+    if (!input.open(arguments, options, "simulate", &result) || !input.judge(out, &result))
+        return result;
+    Job job(Design::input(), input.configuration, *input.design.netlist(), how);
+    runUntilInterrupted(job);
+    result = judged(job);
+    if (!writeResult(output, job.waveform()) || !writeResult(raw, job.record()))
+        return CouldNotRun;
+    if (!job.waveform().isEmpty())
+        out.line(input.file + ": " + QString::number(windowCount(job)) +
+                 (windowCount(job) == 1 ? " window in " : " windows in ") + output);
+    return result;
+}
+
+} // namespace Cli

@@ -1,0 +1,61 @@
+#include "gateware/verilogtext.h"
+
+namespace RTLJEX {
+
+namespace {
+
+QByteArray connected(const Connections &list)
+{
+    QByteArray lines;
+    for (const Connection &connection : list)
+        lines += (lines.isEmpty() ? "\n" : ",\n") + QByteArray("        .") + connection.first + "(" +
+                 connection.second + ")";
+    return lines + "\n    )";
+}
+
+} // namespace
+
+QByteArray text(int number)
+{
+    return QByteArray::number(number);
+}
+
+QByteArray range(int width)
+{
+    return "[" + text(width - 1) + ":0]";
+}
+
+QByteArray binary(const QByteArray &digits)
+{
+    return text(digits.size()) + "'b" + digits;
+}
+
+QByteArray style(qint32 implementation)
+{
+    switch (JEX::implementationOf(implementation)) {
+    case JEX::SsramImplementation:
+        return "\"distributed\"";
+    case JEX::RegImplementation:
+        return "\"registers\"";
+    default:
+        return "\"block\"";
+    }
+}
+
+void add(Connections *list, const QByteArray &name, const QByteArray &value)
+{
+    list->append(Connection(name, value));
+}
+
+void add(Connections *list, const QByteArray &name, int value)
+{
+    add(list, name, text(value));
+}
+
+QByteArray instance(const QByteArray &module, const QByteArray &name, const Connections &parameters,
+                    const Connections &ports)
+{
+    return "    " + module + " #(" + connected(parameters) + " " + name + " (" + connected(ports) + ";\n";
+}
+
+} // namespace RTLJEX

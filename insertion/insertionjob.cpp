@@ -1,0 +1,322 @@
+#include "insertion/insertionjob.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include "elaboration/tools/elaborator.h"
+#include "insertion/analyzer.h"
+#include "insertion/attaching.h"
+#include "insertion/insertiontexts.h"
+#include "insertion/netlistproof.h"
+#include "insertion/rtlildesign.h"
+#include "insertion/tapping.h"
+#include "insertion/yosyscalls.h"
+#include "model/netlist/rtlnetlist.h"
+
+using namespace QUARRY;
+
+namespace Insertion {
+namespace {
+
+const int provingSeconds = 120;
+const qint64 maxTextBytes = qint64(1) << 30;
+
+// "/a/b.sv:12: ERROR: syntax error, unexpected TOK_ID" or "ERROR: Module `\x' referenced ..."
+QRegularExpressionMatch yosysError(const QByteArray &errors)
+{
+    static const QRegularExpression error("^(?:(?<file>[^\\n:]+):(?<line>\\d+): )?ERROR: (?<text>[^\\n]+)$",
+                                          QRegularExpression::MultilineOption);
+    return error.match(QString::fromUtf8(errors));
+}
+
+// "Warning: Wire soc.\unset is used but has no driver."
+QStringList problemsIn(const QByteArray &check)
+{
+    QStringList problems;
+    for (const QByteArray &line : check.split('\n')) {
+        if (line.startsWith("Warning: "))
+            problems << QString::fromUtf8(line.mid(9));
+    }
+    return problems;
+}
+
+// "4'hz", "3'b1zz"
+int openConstants(const QByteArray &verilog)
+{
+    int count = 0;
+    for (int at = verilog.indexOf('\''); at >= 0; at = verilog.indexOf('\'', at + 1)) {
+        int end = at + 2;
+        while (end < verilog.size() && verilog.at(end) != 'z' && strchr("0123456789abcdefx", verilog.at(end)))
+            ++end;
+        count += end < verilog.size() && verilog.at(end) == 'z';
+    }
+    return count;
+}
+
+} // namespace
+
+InsertionJob::InsertionJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
+                           const RtlNetlist &netlist, const InsertionOptions &options)
+    : m_input(input),
+      m_options(options),
+      m_analyzer(new Analyzer(configuration, options.cores, netlist)),
+      m_runner(new ToolRunner),
+      m_surgery(new Surgery),
+      m_report(new InsertionReport)
+{
+    connect(m_runner.get(), &ToolRunner::stageChanged, this, &InsertionJob::stageChanged);
+}
+
+InsertionJob::~InsertionJob() = default;
+
+QByteArray InsertionJob::prefix() const
+{
+    return m_surgery->prefix;
+}
+
+void InsertionJob::start()
+{
+    QMetaObject::invokeMethod(this, "begin", Qt::QueuedConnection);
+}
+
+void InsertionJob::cancel()
+{
+    if (m_isOver)
+        return;
+    m_runner.reset();
+    m_elaborator.reset();
+    m_files.clear();
+    end(Cancelled);
+}
+
+void InsertionJob::end(Outcome outcome)
+{
+    if (m_isOver)
+        return;
+    m_isOver = true;
+    m_outcome = outcome;
+    Q_EMIT finished();
+}
+
+void InsertionJob::fail(Outcome outcome, const QStringList &sentences)
+{
+    for (const QString &sentence : sentences)
+        m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
+    m_files.clear();
+    end(outcome);
+}
+
+void InsertionJob::begin()
+{
+    if (m_isOver)
+        return;
+    if (!m_analyzer->faults().isEmpty())
+        return fail(Refused, m_analyzer->faults());
+    m_elaborator.reset(new Elaborator(m_input));
+    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
+            Qt::QueuedConnection);
+    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeElaboration()), Qt::QueuedConnection);
+    m_elaborator->start();
+}
+
+void InsertionJob::takeElaboration()
+{
+    if (!m_elaborator)
+        return;
+    m_elaboration = m_elaborator->takeResult();
+    m_elaborator.reset();
+    if (!m_elaboration->usable)
+        return fail(Failed, m_elaboration->lists.messages.filter(QRegularExpression("^ERROR")));
+    m_yosys.reset(new YosysCalls(m_input, *m_elaboration));
+    if (!m_yosys->fault().isEmpty())
+        return fail(Failed, {m_yosys->fault()});
+    read();
+}
+
+void InsertionJob::read()
+{
+    m_runner->tellStage("Reading the design with Yosys");
+    m_runner->run(m_yosys->reading(m_options.forSimulation),
+                  [this](const ToolResult &result) { judgeReading(result); });
+}
+
+void InsertionJob::judgeReading(const ToolResult &result)
+{
+    if (result.outcome != ToolResult::Finished)
+        return fail(Failed, {result.message});
+    if (result.exitCode == 0)
+        return tap();
+    const QRegularExpressionMatch error = yosysError(result.errors);
+    const QString file = m_yosys->realFile(error.captured("file"));
+    if (!file.isEmpty() && m_yosys->leaveToIncludes(file))
+        return read();
+    const QString place = file.isEmpty() ? QString() : file + ':' + error.captured("line") + ": ";
+    giveCoresOnly(place + (error.hasMatch() ? error.captured("text")
+                                            : "Yosys gave no design." + lastLine(result.errors)));
+}
+
+void InsertionJob::giveCoresOnly(const QString &reason)
+{
+    m_messages << "WARNING: Yosys cannot read the design: " + reason;
+    m_messages << "WARNING: There is therefore no design.v. For simulations, bind.sv and probe.v attach the "
+                  "analyzer to the untouched sources.";
+    m_files.insert("cores.v", m_analyzer->coresText());
+    addTexts();
+    end(CoresOnly);
+}
+
+void InsertionJob::tap()
+{
+    RtlilDesign design;
+    QString error;
+    if (!design.open(m_yosys->readFile(), &error))
+        return fail(Failed, {error});
+    const QStringList refused = m_analyzer->taps().resolve(design, m_elaboration->readOptions.blackBoxes);
+    if (!refused.isEmpty())
+        return fail(Refused, refused);
+    if (design.module("\\jex_cores") || design.module("\\jex_standard") || design.module("\\jex_lite"))
+        return fail(Refused, {"A module of the design has the name of one of the analyzer's."});
+    m_surgery->prefix = freePrefix(design);
+    m_surgery->coresModule = "jex_cores";
+    m_surgery->inputs = m_analyzer->controlInputs();
+    m_surgery->outputs = m_analyzer->controlOutputs();
+    if (!design.write(m_yosys->originalFile(), &error) ||
+        !design.writeVerilog(m_yosys->writtenFile(), &error))
+        return fail(Failed, {error});
+    insertTaps(design, m_analyzer->taps().taps(), *m_surgery);
+    if (!design.write(m_yosys->tappedFile(), &error) || !put(m_yosys->coresFile(), m_analyzer->coresText()))
+        return fail(Failed, {error});
+    m_runner->tellStage("Putting the analyzer into the design");
+    m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
+        if (!result.isGood())
+            return fail(Failed,
+                        {result.outcome == ToolResult::Finished
+                             ? "Yosys does not take the design with the analyzer." + lastLine(result.errors)
+                             : result.message});
+        takeTapped();
+    });
+}
+
+void InsertionJob::takeTapped()
+{
+    m_runner->tellStage("Comparing the netlists");
+    if (!compare())
+        return;
+    prove([this] { count(true, [this] { count(false, [this] { finishDesign(); }); }); });
+}
+
+bool InsertionJob::compare()
+{
+    FlatNetlist original, tapped;
+    QString error;
+    if (!original.read(m_yosys->flatOriginalFile(), &error) ||
+        !tapped.read(m_yosys->flatTappedFile(), &error)) {
+        fail(Failed, {error});
+        return false;
+    }
+    Added added;
+    added.prefix = m_surgery->prefix;
+    added.coresType = '\\' + m_surgery->coresModule;
+    for (int i = 0; i < m_analyzer->taps().taps().size(); ++i)
+        added.coresInputs.insert("\\tap_" + QByteArray::number(i));
+    for (const QByteArray &name : m_surgery->inputs)
+        added.coresInputs.insert('\\' + name);
+    NetlistProof proof(original, tapped, added);
+    m_report->differences = proof.run();
+    m_report->cells = proof.cellCount();
+    m_report->nets = proof.netCount();
+    m_report->memories = original.memories().size();
+    m_report->noteTaps(*m_analyzer, original);
+    QByteArray before, after;
+    if (!take(m_yosys->checkFile(true), &before) || !take(m_yosys->checkFile(false), &after))
+        return false;
+    m_report->problemsBefore = problemsIn(before);
+    m_report->noteProblems(problemsIn(after));
+    if (!take(m_yosys->writtenFile(), &before) || !take(m_yosys->designFile(), &after))
+        return false;
+    // The flattened texts do not tell an open bit from an unknown one.
+    if (openConstants(before) != openConstants(after))
+        m_report->differences << "Open bits (z) of the original are not open any more.";
+    if (m_report->differences.isEmpty())
+        return true;
+    fail(
+        Refused,
+        QStringList("The design with the analyzer is not proven to be the original with nothing but taps, so "
+                    "nothing is written.") +
+            m_report->differences);
+    return false;
+}
+
+void InsertionJob::prove(const Step &then)
+{
+    if (!m_options.prove)
+        return then();
+    m_runner->tellStage("Proving equivalence");
+    m_runner->run(m_yosys->proving(m_surgery->prefix, provingSeconds),
+                  [this, then](const ToolResult &result) {
+                      m_report->noteEquivalence(result, provingSeconds);
+                      then();
+                  });
+}
+
+void InsertionJob::count(bool isOriginal, const Step &then)
+{
+    if (m_options.family.isEmpty())
+        return then();
+    m_runner->tellStage(isOriginal ? "Synthesizing the original"
+                                   : "Synthesizing the design with the analyzer");
+    m_runner->run(m_yosys->counting(m_options.family, isOriginal), [=](const ToolResult &result) {
+        QByteArray counted;
+        if (!result.isGood())
+            m_report->warnings << "WARNING: The design " + QString(isOriginal ? "without" : "with") +
+                                      " the analyzer was not synthesized for " + m_options.family + '.' +
+                                      (result.outcome == ToolResult::Finished
+                                           ? lastLine(result.errors)
+                                           : QLatin1Char(' ') + result.message);
+        else if (!take(m_yosys->countFile(), &counted))
+            return;
+        m_report->noteCounts(counted, isOriginal);
+        then();
+    });
+}
+
+void InsertionJob::finishDesign()
+{
+    QByteArray design;
+    if (!take(m_yosys->designFile(), &design))
+        return;
+    m_files.insert("cores.v", m_analyzer->coresText());
+    m_files.insert("design.v", design + m_analyzer->coresText());
+    m_files.insert("proof.json", proofText(*m_report));
+    addTexts();
+    end(Done);
+}
+
+void InsertionJob::addTexts()
+{
+    const QString top = m_elaboration->readOptions.top;
+    m_files.insert("bind.sv", bindText(*m_analyzer, top));
+    m_files.insert("probe.v", probeText(*m_analyzer, m_options.instance));
+    m_files.insert("map.json", mapText(*m_analyzer, *m_surgery, top));
+    m_files.insert("report.txt", reportText(*m_report, *m_analyzer, m_options, m_files.contains("design.v")));
+    m_messages += m_report->warnings;
+}
+
+bool InsertionJob::take(const QString &path, QByteArray *bytes)
+{
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly) && file.size() <= maxTextBytes) {
+        *bytes = file.readAll();
+        return true;
+    }
+    fail(Failed, {"Yosys did not write what it was asked for, or too much of it."});
+    return false;
+}
+
+bool InsertionJob::put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+}
+
+} // namespace Insertion

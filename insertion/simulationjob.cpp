@@ -1,0 +1,398 @@
+#include "insertion/simulationjob.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include "elaboration/tools/elaborator.h"
+#include "elaboration/tools/sourceorder.h"
+#include "host/designmanager.h"
+#include "host/regularfile.h"
+#include "insertion/analyzer.h"
+#include "insertion/attaching.h"
+#include "insertion/harness.h"
+#include "insertion/insertionjob.h"
+#include "insertion/waveform.h"
+#include "model/netlist/rtlnetlist.h"
+
+using namespace QUARRY;
+
+namespace Insertion {
+namespace {
+
+const int maxLinks = 2000;
+const int maxShownLines = 20;
+
+bool isPlainName(const QString &name)
+{
+    static const QRegularExpression plain("^[A-Za-z_]\\w*$");
+    return plain.match(name).hasMatch();
+}
+
+QStringList lastLines(const QByteArray &words)
+{
+    const QStringList lines = QString::fromUtf8(words).split('\n', Qt::SkipEmptyParts);
+    return lines.mid(qMax(0, lines.size() - maxShownLines));
+}
+
+} // namespace
+
+SimulationJob::SimulationJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
+                             const RtlNetlist &netlist, const SimulationOptions &options)
+    : m_input(input),
+      m_configuration(configuration),
+      m_netlist(netlist),
+      m_options(options),
+      m_scratch(new ScratchDir),
+      m_names(new SafeNames(*m_scratch)),
+      m_runner(new ToolRunner),
+      m_top(netlist.topHierarchy->moduleName)
+{
+    RTLJEX::CoreOptions cores;
+    cores.triggerByAny = options.triggerByAny;
+    cores.startsArmed = true;
+    m_analyzer.reset(new Analyzer(configuration, cores, netlist));
+    connect(m_runner.get(), &ToolRunner::stageChanged, this, &SimulationJob::stageChanged);
+}
+
+SimulationJob::~SimulationJob() = default;
+
+void SimulationJob::start()
+{
+    QMetaObject::invokeMethod(this, "begin", Qt::QueuedConnection);
+}
+
+void SimulationJob::cancel()
+{
+    if (m_isOver)
+        return;
+    m_runner.reset();
+    m_elaborator.reset();
+    if (m_insertion) {
+        m_insertion->disconnect(this);
+        m_insertion->cancel();
+    }
+    end(Cancelled);
+}
+
+void SimulationJob::end(Outcome outcome)
+{
+    if (m_isOver)
+        return;
+    m_isOver = true;
+    m_outcome = outcome;
+    Q_EMIT finished();
+}
+
+void SimulationJob::fail(Outcome outcome, const QStringList &sentences)
+{
+    for (const QString &sentence : sentences)
+        m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
+    end(outcome);
+}
+
+void SimulationJob::begin()
+{
+    if (m_isOver)
+        return;
+    if (!m_analyzer->faults().isEmpty())
+        return fail(Refused, m_analyzer->faults());
+    readBench(QString());
+}
+
+void SimulationJob::readBench(const QString &top)
+{
+    DesignInput bench = m_input;
+    bench.top = top;
+    bench.parameters.clear();
+    for (const QString &file : m_options.bench) {
+        DesignSource source;
+        source.path = file;
+        source.type = TE::fileTypeFromName(file);
+        bench.files << source;
+    }
+    m_benchTop = top;
+    m_elaborator.reset(new Elaborator(bench));
+    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
+            Qt::QueuedConnection);
+    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeBench()), Qt::QueuedConnection);
+    m_elaborator->start();
+}
+
+QStringList SimulationJob::benchModules() const
+{
+    static const QRegularExpression module("\\bmodule\\s+(\\w+)");
+    QStringList names;
+    for (const QString &file : m_options.bench) {
+        QByteArray bytes;
+        QString reason;
+        QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason);
+        for (auto found = module.globalMatch(QString::fromUtf8(bytes)); found.hasNext();)
+            names << found.next().captured(1);
+    }
+    return names;
+}
+
+void SimulationJob::takeBench()
+{
+    if (!m_elaborator)
+        return;
+    const std::unique_ptr<Elaboration> bench = m_elaborator->takeResult();
+    m_elaborator.reset();
+    const ModuleList &lists = bench->lists;
+    if (lists.anyError())
+        return fail(Failed, lists.messages.filter(QRegularExpression("^ERROR")));
+    QStringList tops;
+    for (const QString &module : benchModules()) {
+        if (lists.topModules.contains(module))
+            tops << module;
+    }
+    if (tops.size() != 1)
+        return fail(Failed,
+                    {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
+                                    : "The test bench has several top modules: " + tops.join(", ") + '.'});
+    if (!bench->usable)
+        return readBench(tops.first()); // of the design's files some have unused modules
+    m_benchTop = tops.first();
+    m_instance = findInstance(*bench, m_top, m_options.instance);
+    if (!m_instance.fault.isEmpty() || !isPlainName(m_benchTop))
+        return fail(Failed, {m_instance.fault});
+    prepare();
+}
+
+// What is declared in VHDL, or in a scope without a name, is not reached from outside.
+bool SimulationJob::needsNetlist() const
+{
+    static const QRegularExpression unnamed("\\bgenblk\\d");
+    bool needs = m_options.byNetlist;
+    for (const DesignSource &source : m_input.files)
+        needs = needs || source.type == TE::VhdlFile;
+    for (const Tap &tap : m_analyzer->taps().taps())
+        needs = needs || unnamed.match(verilogPath(tap)).hasMatch();
+    return needs;
+}
+
+const Analyzer &SimulationJob::analyzer() const
+{
+    return m_insertion ? m_insertion->analyzer() : *m_analyzer;
+}
+
+void SimulationJob::prepare()
+{
+    if (!needsNetlist())
+        return compile();
+    InsertionOptions options;
+    options.cores.triggerByAny = m_options.triggerByAny;
+    options.cores.startsArmed = true;
+    options.forSimulation = true;
+    m_input.parameters = m_instance.parameters;
+    m_insertion.reset(new InsertionJob(m_input, m_configuration, m_netlist, options));
+    connect(m_insertion.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)));
+    connect(m_insertion.get(), SIGNAL(finished()), SLOT(takeNetlist()), Qt::QueuedConnection);
+    m_insertion->start();
+}
+
+void SimulationJob::takeNetlist()
+{
+    if (m_isOver)
+        return;
+    m_messages += m_insertion->messages();
+    if (m_insertion->outcome() == InsertionJob::Done)
+        return compile();
+    end(m_insertion->outcome() == InsertionJob::Failed ? Failed : Refused);
+}
+
+ToolCall SimulationJob::call(const char *name, const char *variable, const QStringList &arguments) const
+{
+    ToolCall call;
+    call.name = "Icarus Verilog";
+    call.variable = variable;
+    call.program = findTool(variable, {name});
+    call.workingDir = m_scratch->file("run");
+    call.writableFolder = m_scratch->path();
+    call.subject = "the test bench";
+    call.arguments = arguments;
+    call.runsSources = true;
+    return call;
+}
+
+QStringList SimulationJob::sourceArguments()
+{
+    QStringList arguments, files;
+    QStringList includePaths = m_input.includePaths;
+    for (const QString &bench : m_options.bench)
+        includePaths << QFileInfo(bench).absolutePath();
+    for (const QString &path : includePaths << ".")
+        arguments << "-I"
+                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
+    for (const QString &define : m_input.defines)
+        arguments << "-D" + define;
+    for (const QString &folder : m_input.libraryPaths)
+        arguments << "-y"
+                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
+    if (!m_input.libraryPaths.isEmpty())
+        arguments << "-Y.v"
+                  << "-Y.sv";
+    for (const DesignSource &source : m_input.files)
+        files << source.path;
+    const QSet<QString> included = includedNames(files + m_options.bench);
+    const QRegularExpression header("\\.s?vh$");
+    for (const QString &file : orderedByUse(files, VerilogSource)) {
+        if (!included.contains(QFileInfo(file).fileName()) || !header.match(file).hasMatch())
+            arguments << m_names->file(file, '.' + QFileInfo(file).suffix());
+    }
+    return arguments;
+}
+
+void SimulationJob::compile()
+{
+    HarnessPlace place;
+    place.instance = m_instance.path;
+    place.folder = m_scratch->path();
+    place.records = m_options.records;
+    QStringList arguments{"-g2012", "-o",         m_scratch->file("simulation.vvp"), "-s", m_benchTop,
+                          "-s",     "jex_harness"};
+    const bool isByNetlist = m_insertion != nullptr;
+    if (isByNetlist) {
+        place.prefix = m_insertion->prefix();
+        arguments << m_scratch->file("design.v");
+    } else {
+        arguments << sourceArguments() << m_scratch->file("cores.v");
+    }
+    for (const QString &bench : m_options.bench) {
+        if (isByNetlist)
+            arguments << "-I" << m_names->folder(QFileInfo(bench).absolutePath());
+        arguments << m_names->file(bench, '.' + QFileInfo(bench).suffix());
+    }
+    arguments << m_scratch->file("harness.v");
+    const QByteArray scale = "`timescale 1ns / 1ps\n";
+    const bool isWritten = QDir().mkpath(m_scratch->file("run")) &&
+                           put("harness.v", harnessText(analyzer(), place, m_windows)) &&
+                           (isByNetlist ? put("design.v", scale + m_insertion->files().value("design.v"))
+                                        : put("cores.v", scale + m_analyzer->coresText()));
+    if (!isWritten)
+        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
+    linkProject();
+    m_runner->tellStage("Compiling the test bench");
+    m_runner->run(call("iverilog", "JEX_IVERILOG", arguments), [this](const ToolResult &result) {
+        if (result.isGood())
+            return simulate();
+        fail(Failed,
+             result.outcome == ToolResult::Finished
+                 ? QStringList("Icarus Verilog does not take the test bench.") + lastLines(result.errors)
+                 : QStringList(result.message));
+    });
+}
+
+// The bench reads files by names that are relative to the folder in which it is usually started.
+void SimulationJob::linkProject() const
+{
+    const QDir project(m_input.workingDir);
+    const QStringList entries = project.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    for (const QString &entry : entries.mid(0, maxLinks))
+        QFile::link(project.filePath(entry), m_scratch->file("run/" + entry));
+}
+
+void SimulationJob::simulate()
+{
+    m_runner->tellStage("Simulating");
+    m_runner->run(call("vvp", "JEX_VVP", {"-n", m_scratch->file("simulation.vvp")}),
+                  [this](const ToolResult &result) { judge(result); });
+}
+
+void SimulationJob::judge(const ToolResult &result)
+{
+    m_words = result.output + result.errors;
+    if (!result.isGood())
+        return fail(Failed, result.outcome == ToolResult::Finished
+                                ? QStringList("The test bench failed with code " +
+                                              QString::number(result.exitCode) + '.')
+                                : QStringList(result.message));
+    if (!collect())
+        return;
+    if (m_options.records)
+        m_record = take("raw.vcd");
+    bool anyWindow = false, anySilent = false;
+    for (const RTLJEX::CapturedCore &core : m_captured) {
+        anyWindow = anyWindow || !core.windows.isEmpty();
+        anySilent = anySilent || core.windows.isEmpty();
+    }
+    if (anyWindow)
+        m_waveform = waveformText(analyzer(), m_captured);
+    end(anySilent ? Silent : Done);
+}
+
+// Of what the cores wrote. False when the job is over, or goes on: a core that did not fill all of its
+// windows is read in a second run, as soon as it has those that it will have.
+bool SimulationJob::collect()
+{
+    const QMap<int, CoreEnd> ends = readEnds(take("end.txt"));
+    const bool isSecond = !m_windows.isEmpty();
+    m_captured.clear();
+    for (const Analyzer::Core &core : analyzer().cores()) {
+        const int number = core.core.number;
+        const CoreEnd end = ends.value(number);
+        if (!isSecond && end.windows > 0 && end.windows < core.module.layout.windows)
+            m_windows.insert(number, end.windows);
+    }
+    if (!isSecond && !m_windows.isEmpty()) {
+        compile();
+        return false;
+    }
+    for (const Analyzer::Core &core : analyzer().cores()) {
+        const int number = core.core.number;
+        const CoreEnd end = ends.value(number);
+        RTLJEX::CapturedCore captured;
+        QString error;
+        if (end.windows == 0) {
+            tellSilence(analyzer(), m_captured.size(), end.seen);
+        } else if (!RTLJEX::readCapture(withWindows(take("core_" + QString::number(number) + ".txt"),
+                                                    m_windows.value(number, end.windows)),
+                                        core.module.layout, &captured, &error)) {
+            fail(Failed, {"Core " + QString::number(number) + ": " + error});
+            return false;
+        }
+        if (end.windows > 0 && end.windows < core.module.layout.windows)
+            m_messages << QString("WARNING: Core %1 filled %2 of its %3 windows.")
+                              .arg(number)
+                              .arg(end.windows)
+                              .arg(core.module.layout.windows);
+        m_captured << captured;
+    }
+    return true;
+}
+
+void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen)
+{
+    const RTLJEX::AnyCore &any = analyzer.cores().at(core).core;
+    const QString name = "Core " + QString::number(any.number);
+    if (!any.standard) {
+        m_messages << name + " did not fill its window: its sample clock " + *any.clock +
+                          " had too few edges.";
+        return;
+    }
+    m_messages << name + " did not trigger, or not with enough samples behind its trigger.";
+    for (const JEX::MatchUnit *unit : any.standard->enabledMatchUnits())
+        m_messages << name + ": M" + QString::number(unit->unitNumber) +
+                          (seen & 1u << unit->unitNumber ? " matched." : " never matched.");
+    for (int i = 0; i < any.standard->expressions.size(); ++i)
+        m_messages << name + ": expression " + QString::number(i + 1) + ", " +
+                          any.standard->expressions.at(i) +
+                          (seen & 1u << (16 + i) ? ", held." : ", never held.");
+}
+
+bool SimulationJob::put(const QString &name, const QByteArray &bytes)
+{
+    return m_scratch->write(name, bytes);
+}
+
+QByteArray SimulationJob::take(const QString &name) const
+{
+    QByteArray bytes;
+    QString reason;
+    QUtil::readRegularFile(m_scratch->file(name), 1024 * QUtil::MiB, &bytes, &reason);
+    return bytes;
+}
+
+} // namespace Insertion

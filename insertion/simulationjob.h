@@ -1,0 +1,125 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+#include "elaboration/tools/designinput.h"
+#include "elaboration/tools/toolrunner.h"
+#include "gateware/coretext.h"
+#include "gateware/windowtext.h"
+#include "insertion/benchinstance.h"
+
+namespace QUARRY {
+class Elaborator;
+struct Elaboration;
+class SafeNames;
+class ScratchDir;
+} // namespace QUARRY
+
+namespace Insertion {
+
+class Analyzer;
+class InsertionJob;
+
+struct SimulationOptions
+{
+    QStringList bench;      // files, absolute
+    QString instance;       // of the design in the bench; empty: the only one
+    bool byNetlist = false; // simulates the written netlist in place of the sources; always so with VHDL
+    bool triggerByAny = false;
+    bool records = false; // keeps the whole waveform of all taps
+};
+
+// Runs a test bench with the analyzer of a configuration and collects the captured windows. Works from the
+// event loop; deleting it kills the tools. The bench runs confined: it can write into a temporary folder and
+// nowhere else, in which it finds what is in the folder of the project.
+class SimulationJob : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the
+    // job.
+    SimulationJob(const QUARRY::DesignInput &input, const RTLJEX::Configuration &configuration,
+                  const QUARRY::RtlNetlist &netlist, const SimulationOptions &options);
+    ~SimulationJob() override;
+
+    void start();
+
+    enum Outcome {
+        Cancelled,
+        Failed,  // a tool could not do its work, or the bench failed
+        Refused, // a signal cannot be reached
+        Silent,  // a core has no window; what it saw is among the messages
+        Done
+    };
+    bool isFinished() const { return m_isOver; }
+    Outcome outcome() const { return m_outcome; }
+    const QStringList &messages() const
+    {
+        return m_messages;
+    } // sentences; those that end the job begin with ERROR
+    const QByteArray &benchWords() const { return m_words; }  // what the bench printed
+    const QByteArray &waveform() const { return m_waveform; } // see waveformText(); empty without any window
+    const QByteArray &record() const { return m_record; }     // when it was asked for
+    const QList<RTLJEX::CapturedCore> &captured() const
+    {
+        return m_captured;
+    } // as the cores of the configuration
+
+public Q_SLOTS:
+    void cancel();
+
+Q_SIGNALS:
+    void stageChanged(const QString &text);
+    void finished(); // once
+
+private Q_SLOTS:
+    void begin();
+    void takeBench();
+    void takeNetlist();
+
+private:
+    void readBench(const QString &top);
+    QStringList benchModules() const;
+    void prepare();
+    bool needsNetlist() const;
+    void compile();
+    QUARRY::ToolCall call(const char *name, const char *variable, const QStringList &arguments) const;
+    QStringList sourceArguments();
+    void simulate();
+    void judge(const QUARRY::ToolResult &result);
+    bool collect();
+    void tellSilence(const Analyzer &analyzer, int core, quint32 seen);
+    const Analyzer &analyzer() const;
+    bool put(const QString &name, const QByteArray &bytes);
+    QByteArray take(const QString &name) const;
+    void linkProject() const;
+    void fail(Outcome outcome, const QStringList &sentences);
+    void end(Outcome outcome);
+
+    QUARRY::DesignInput m_input;
+    const RTLJEX::Configuration &m_configuration;
+    const QUARRY::RtlNetlist &m_netlist;
+    const SimulationOptions m_options;
+    std::unique_ptr<QUARRY::ScratchDir> m_scratch;
+    std::unique_ptr<QUARRY::SafeNames> m_names;
+    std::unique_ptr<Analyzer> m_analyzer;
+    std::unique_ptr<InsertionJob> m_insertion; // null unless the netlist is simulated
+    std::unique_ptr<QUARRY::ToolRunner> m_runner;
+    std::unique_ptr<QUARRY::Elaborator> m_elaborator;
+    QString m_top;      // of the design
+    QString m_benchTop; // empty: not told yet
+    BenchInstance m_instance;
+    QMap<int, int> m_windows; // of a core that is read before all of its windows are finished
+    QList<RTLJEX::CapturedCore> m_captured;
+    QStringList m_messages;
+    QByteArray m_words, m_waveform, m_record;
+    Outcome m_outcome = Cancelled;
+    bool m_isOver = false;
+};
+
+} // namespace Insertion

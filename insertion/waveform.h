@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include "gateware/windowtext.h"
+#include "insertion/analyzer.h"
+
+namespace Insertion {
+
+// The captured windows of all cores as a value change dump: a scope for each core with its trigger and the
+// number of its window, and in it a scope for each instance, with the rows of the capture list under the
+// names that they are shown by and their bits in row order. A sample is ten units of time; windows follow
+// each other. `captured` goes with the cores of the analyzer.
+QByteArray waveformText(const Analyzer &analyzer, const QList<RTLJEX::CapturedCore> &captured);
+
+} // namespace Insertion
