@@ -15,15 +15,25 @@
 namespace QUARRY {
 namespace {
 
-const int noLine = std::numeric_limits<int>::max();
+const qint64 nowhere = std::numeric_limits<qint64>::max();
 
-QMap<QString, int> firstLines(const QList<ToolMessage> &errors)
+// The same error one column on is another one.
+qint64 placeOf(const ToolMessage &error)
 {
-    QMap<QString, int> lines;
-    for (const ToolMessage &error : errors) {
-        lines.insert(error.file, qMin(error.line, lines.value(error.file, noLine)));
-    }
-    return lines;
+    return (qint64(error.line) << 20) + error.column;
+}
+
+QMap<QString, qint64> firstPlaces(const QList<ToolMessage> &errors)
+{
+    QMap<QString, qint64> places;
+    for (const ToolMessage &error : errors)
+        places.insert(error.file, qMin(placeOf(error), places.value(error.file, nowhere)));
+    return places;
+}
+
+int firstLine(const QString &file, const QList<ToolMessage> &errors)
+{
+    return int(firstPlaces(errors).value(file) >> 20);
 }
 
 } // namespace
@@ -153,13 +163,13 @@ bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
         m_errors = errors;
         return true;
     }
-    const QMap<QString, int> before = firstLines(m_errors);
-    const QMap<QString, int> after = firstLines(errors);
+    const QMap<QString, qint64> before = firstPlaces(m_errors);
+    const QMap<QString, qint64> after = firstPlaces(errors);
     bool isFurther = false;
     for (auto place = before.begin(); place != before.end(); ++place)
-        isFurther = isFurther || after.value(place.key(), noLine) > place.value();
+        isFurther = isFurther || after.value(place.key(), nowhere) > place.value();
     for (const QString &file : m_guessed) {
-        if (guess == IsSystemVerilog && after.value(file, noLine) <= before.value(file)) {
+        if (guess == IsSystemVerilog && after.value(file, nowhere) <= before.value(file)) {
             for (const QString &user : m_users.value(file))
                 m_verilator.setSystemVerilog(user, false);
             m_systemVerilog.remove(file);
@@ -191,7 +201,7 @@ bool ReadingRepairs::guessLanguage()
             continue;
         m_guessed.append(error.file);
         m_users.insert(error.file, users);
-        m_systemVerilog.insert(error.file, firstLines(m_errors).value(error.file));
+        m_systemVerilog.insert(error.file, firstLine(error.file, m_errors));
     }
     m_guess = m_guessed.isEmpty() ? NoGuess : IsSystemVerilog;
     return m_guess != NoGuess;
@@ -228,13 +238,13 @@ bool ReadingRepairs::leaveOutUnneeded()
         return false;
     const QSet<QString> needed = SourceNeeds(m_verilator.files()).filesFor(m_verilator.top());
     bool changed = false;
-    for (const QString &file : firstLines(m_errors).keys()) {
+    for (const QString &file : firstPlaces(m_errors).keys()) {
         if (needed.contains(file) || !m_verilator.leaveOut(file))
             continue;
         m_notes.append(
             QString::fromLatin1("WARNING: %1:%2: The file has errors and is left out: the top module "
                                 "does not need it.")
-                .arg(file, QString::number(firstLines(m_errors).value(file))));
+                .arg(file, QString::number(firstLine(file, m_errors))));
         changed = true;
     }
     return changed;
@@ -246,7 +256,7 @@ QStringList ReadingRepairs::hints() const
     if (!m_verilator.top().isEmpty())
         return hints;
     const SourceNeeds needs(m_verilator.files());
-    const QSet<QString> faulty = firstLines(m_errors).keys().toSet();
+    const QSet<QString> faulty = firstPlaces(m_errors).keys().toSet();
     QStringList tops;
     for (const QString &root : needs.roots()) {
         if (!faulty.intersects(needs.filesFor(root)))

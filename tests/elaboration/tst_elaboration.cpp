@@ -132,6 +132,10 @@ void repairRows()
         "top b\nmodules a b\nWARNING: @/sub/a.vh:1: This is no Verilog, so the file is read as "
         "SystemVerilog.",
         "b:b logic do\nb/u:a x y");
+    row("assertions in Verilog", "",
+        "== a.v\nmodule a(input x);\nassert property (@(posedge x) x ##1 x); wire y;\nendmodule\n",
+        "top a\nmodules a\nWARNING: @/a.v:2: This is no Verilog, so the file is read as SystemVerilog.",
+        "a:a x y");
     row("neither language", "",
         "== a.v\nmodule a(input x); wire do;\nwire = 1;\nendmodule\n== b.v\nmodule b; logic y; endmodule\n",
         "top \nmodules \nERROR: @/a.v:2: *", "");
