@@ -68,8 +68,6 @@ private:
     Verdict makeFiles();
     void finish();
     void tellTops();
-    void tellEncrypted();
-    void tellWhereModulesAre(const QStringList &boxes);
     void listModules();
     void nameFiles();
     QString userName(const QString &module) const;

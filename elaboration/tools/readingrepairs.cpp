@@ -255,8 +255,10 @@ QStringList ReadingRepairs::hints() const
     QStringList hints;
     if (!m_verilator.top().isEmpty())
         return hints;
-    const SourceNeeds needs(m_verilator.files());
     const QSet<QString> faulty = firstPlaces(m_errors).keys().toSet();
+    if (faulty.contains(QString())) // an error of the whole design
+        return hints;
+    const SourceNeeds needs(m_verilator.files());
     QStringList tops;
     for (const QString &root : needs.roots()) {
         if (!faulty.intersects(needs.filesFor(root)))

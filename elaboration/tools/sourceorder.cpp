@@ -196,4 +196,20 @@ VhdlNames vhdlNames(const QString &path)
     return names;
 }
 
+QStringList vhdlRoots(const QStringList &files)
+{
+    QSet<QString> instantiated;
+    QStringList entities, roots;
+    for (const QString &file : files) {
+        const VhdlNames names = vhdlNames(file);
+        entities += names.entities;
+        instantiated += names.instantiated;
+    }
+    for (const QString &entity : entities) {
+        if (!instantiated.contains(entity.toLower()))
+            roots.append(entity);
+    }
+    return roots;
+}
+
 } // namespace QUARRY

@@ -46,4 +46,7 @@ struct VhdlNames
 };
 VhdlNames vhdlNames(const QString &file);
 
+// The entities that no other instantiates.
+QStringList vhdlRoots(const QStringList &files);
+
 } // namespace QUARRY
