@@ -56,6 +56,7 @@ private:
 
     bool checkSources();
     bool prepareSources();
+    QMap<QString, QString> repeatedVhdl() const;
     void readVhdl();
     void readDesign();
     void proceed(Verdict verdict);
