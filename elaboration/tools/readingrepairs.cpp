@@ -57,7 +57,7 @@ bool ReadingRepairs::tryNext(QList<ToolMessage> errors)
     }
     if (!judgeGuess(errors))
         return guessNext();
-    if (dropParameters() || m_verilator.leaveToIncludes(places) || lookLate(places))
+    if (dropParameters() || m_verilator.leaveToIncludes(places) || lookLate(places, true))
         return true;
     // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
     if (!m_packagesOrdered) {
@@ -89,31 +89,32 @@ bool ReadingRepairs::tryAgain(const QStringList &filesRead)
     for (const QString &file : filesRead) {
         files.append(m_names.real(QDir(m_verilator.workingDir()).absoluteFilePath(file)));
     }
-    return lookLate(files);
+    return lookLate(files, false);
 }
 
-// Files that the tool came upon by itself, in a folder: those of libraries belong to the design.
-bool ReadingRepairs::lookLate(const QStringList &files)
+// Files that the tool came upon by itself, in a folder. Those of libraries belong to the design, and are
+// named to the tool when they must be read otherwise than it would.
+bool ReadingRepairs::lookLate(const QStringList &files, bool areFaulty)
 {
     QStringList late;
     bool changed = false;
     for (const QString &file : files) {
-        if (m_copies.hasSeen(file) || m_verilator.isMade(file) || !QFileInfo(file).isFile() ||
-            isNamedInSources(file))
+        if (m_copies.hasSeen(file) || m_verilator.isMade(file) || !QFileInfo(file).isFile())
             continue;
         if (isInLibrary(file)) {
             late.append(file);
-        } else if (m_verilator.hideModule(QFileInfo(file).completeBaseName())) {
+        } else if (!isNamedInSources(file) && m_verilator.hideModule(QFileInfo(file).completeBaseName())) {
             m_strays.insert(QFileInfo(file).completeBaseName(), file);
             changed = true;
         }
     }
     m_copies.look(late, VerilogSource);
-    if (!m_copies.update())
-        return changed;
-    for (const QString &file : late)
-        m_verilator.addLibraryFile(file);
-    return true;
+    const bool isCopied = m_copies.update();
+    for (const QString &file : late) {
+        if ((isCopied || areFaulty) && !isNamedInSources(file))
+            m_verilator.addLibraryFile(file);
+    }
+    return changed || isCopied;
 }
 
 bool ReadingRepairs::isInLibrary(const QString &file) const
