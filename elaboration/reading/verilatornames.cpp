@@ -50,6 +50,27 @@ QString decodedVerilatorName(const char *name)
     return QString::fromUtf8(out.constData(), out.size());
 }
 
+void joinLetters(QByteArray &xml)
+{
+    const char *end = xml.constData() + xml.size();
+    const auto nextEscape = [end](const char *from) {
+        return static_cast<const char *>(std::memchr(from, '&', size_t(end - from)));
+    };
+    const char *first = nextEscape(xml.constData());
+    while (first && first[1] != '#')
+        first = nextEscape(first + 1);
+    if (!first)
+        return;
+    char *out = xml.data() + (first - xml.constData());
+    for (const char *in = out; in < end;) {
+        const bool isEscape = end - in > 5 && in[0] == '&' && in[1] == '#' && in[5] == ';';
+        const int byte = isEscape ? QByteArray(in + 2, 3).toInt() : 0;
+        *out++ = byte > 127 ? char(byte) : *in;
+        in += byte > 127 ? 6 : 1;
+    }
+    xml.truncate(int(out - xml.constData()));
+}
+
 bool isVerilatorOwnName(const char *origName)
 {
     return std::strstr(origName, "__V") && !isHashedVerilatorName(origName);

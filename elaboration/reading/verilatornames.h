@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace QUARRY {
@@ -7,6 +8,10 @@ namespace QUARRY {
 // Verilator writes characters that C++ identifiers cannot hold as "__0" and two hexadecimal digits, and
 // its own separators as "__DOT__", "__BRA__" and "__KET__". Gives the name as the user wrote it.
 QString decodedVerilatorName(const char *name);
+
+// Verilator writes each byte of a letter beyond ASCII as a character of its own, "&#195;&#164;". Joins them
+// in the whole text.
+void joinLetters(QByteArray &xml);
 
 // True for a name that Verilator made up. A user's own double underscore is encoded, so that "__V" in an
 // `origName` never comes from the source.

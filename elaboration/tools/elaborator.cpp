@@ -9,6 +9,7 @@
 #include <cerrno>
 
 #include "elaboration/tools/confinement.h"
+#include "elaboration/tools/findings.h"
 #include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
 #include "host/regularfile.h"
@@ -140,11 +141,33 @@ bool Elaborator::prepareSources()
     m_result->lists.messages += m_copies.look(m_verilator.files(), VerilogSource);
     m_result->lists.messages += m_copies.look(vhdl, VhdlSource);
     m_copies.update();
+    const QMap<QString, QString> repeated = repeatedVhdl();
+    for (auto file = repeated.begin(); file != repeated.end(); ++file)
+        m_result->lists.messages.append(
+            QString::fromLatin1(
+                "WARNING: %1: What this file declares is declared a second time. What %2 declares is "
+                "used.")
+                .arg(file.key(), file.value()));
     for (int i = m_input.files.size() - 1; i >= 0; --i) {
-        if (m_input.files.at(i).type == TE::VhdlFile && m_copies.isEmpty(m_input.files.at(i).path))
+        const QString path = m_input.files.at(i).path;
+        if (m_input.files.at(i).type == TE::VhdlFile && (m_copies.isEmpty(path) || repeated.contains(path)))
             m_input.files.removeAt(i);
     }
     return !m_result->lists.anyError();
+}
+
+// GHDL would use what is declared last, and Verilator uses what is declared first.
+QMap<QString, QString> Elaborator::repeatedVhdl() const
+{
+    QMap<QString, QStringList> libraries;
+    for (const DesignSource &source : m_input.files) {
+        if (source.type == TE::VhdlFile)
+            libraries[source.library].append(source.path);
+    }
+    QMap<QString, QString> repeated;
+    for (const QStringList &files : libraries)
+        repeated.unite(repeatedFiles(files));
+    return repeated;
 }
 
 void Elaborator::readVhdl()
@@ -360,9 +383,6 @@ QString Elaborator::userName(const QString &module) const
 
 void Elaborator::finish()
 {
-    if (m_topUnknown)
-        return tellTops();
-    report(m_warnings, ToolMessage::Warning);
     ReadOptions &options = m_result->readOptions;
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
@@ -374,8 +394,11 @@ void Elaborator::finish()
         if (!top.isEmpty())
             options.moduleNames.insert(top, m_input.top);
     }
+    if (m_topUnknown)
+        return tellTops();
+    report(m_warnings, ToolMessage::Warning);
     m_result->lists.messages += m_repairs.notes();
-    tellEncrypted();
+    m_result->lists.messages += encryptedSentences(m_copies.encrypted());
     QStringList boxes;
     for (const QString &name : m_boxes.names()) {
         if (m_summary.modules.removeAll(name))
@@ -383,12 +406,7 @@ void Elaborator::finish()
         m_summary.roots.removeAll(name);
         options.blackBoxes.insert(name);
     }
-    if (!boxes.isEmpty())
-        m_result->lists.messages.append(
-            QLatin1String("WARNING: These modules have no definition and are shown "
-                          "as black boxes, with nothing inside: ") +
-            boxes.join(QLatin1String(", ")));
-    tellWhereModulesAre(boxes);
+    m_result->lists.messages += blackBoxSentences(boxes, m_repairs.strays(), m_input.disabledFiles);
     listModules();
     options.workingDir = m_verilator.workingDir();
     options.top = m_result->lists.topModules.value(0);
@@ -400,55 +418,25 @@ void Elaborator::finish()
 
 void Elaborator::tellTops()
 {
-    QStringList tops;
+    if (m_input.top.isEmpty())
+        return;
+    QStringList tops, vhdl;
+    QSet<QString> used; // of VHDL by Verilog, in small letters
+    for (const QString &module : m_summary.modules + m_boxes.names())
+        used.insert(userName(module).toLower());
     for (const QString &module : m_summary.roots) {
         if (!m_boxes.names().contains(module))
-            tops.append(module);
+            tops.append(userName(module));
     }
-    QSet<QString> instantiated;
-    QStringList entities;
     for (const DesignSource &source : m_input.files) {
-        if (source.type != TE::VhdlFile)
-            continue;
-        const VhdlNames names = vhdlNames(source.path);
-        entities += names.entities;
-        instantiated += names.instantiated;
+        if (source.type == TE::VhdlFile)
+            vhdl.append(source.path);
     }
-    for (const QString &entity : entities) {
-        if (!instantiated.contains(entity.toLower()))
+    for (const QString &entity : vhdlRoots(vhdl)) {
+        if (!used.contains(entity.toLower()))
             tops.append(entity);
     }
-    if (!tops.isEmpty() && !m_input.top.isEmpty())
-        m_result->lists.messages.append(QLatin1String("WARNING: No module is named \"") + m_input.top +
-                                        QLatin1String("\". The top modules of the design are: ") +
-                                        tops.join(QLatin1String(", ")));
-}
-
-void Elaborator::tellEncrypted()
-{
-    const QStringList files = m_copies.encrypted();
-    if (!files.isEmpty())
-        m_result->lists.messages.append(
-            QLatin1String(
-                "WARNING: What is encrypted in these files is not shown, as if it were in a black box: ") +
-            files.join(QLatin1String(", ")));
-}
-
-// Files that are no part of the design, but have what it lacks.
-void Elaborator::tellWhereModulesAre(const QStringList &boxes)
-{
-    for (const QString &box : boxes) {
-        const QString stray = m_repairs.strays().value(box);
-        const QString disabled = fileOfModule(box, m_input.disabledFiles);
-        if (!disabled.isEmpty())
-            m_result->lists.messages.append(QLatin1String("WARNING: Module ") + box +
-                                            QLatin1String(" is in ") + disabled +
-                                            QLatin1String(", which the project has disabled."));
-        else if (!stray.isEmpty())
-            m_result->lists.messages.append(QLatin1String("WARNING: Module ") + box +
-                                            QLatin1String(" is in ") + stray +
-                                            QLatin1String(", which is no source of the project."));
-    }
+    m_result->lists.messages += topsSentences(m_input.top, tops);
 }
 
 void Elaborator::listModules()

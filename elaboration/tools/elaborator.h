@@ -57,6 +57,7 @@ private:
 
     bool checkSources();
     bool prepareSources();
+    QMap<QString, QString> repeatedVhdl() const;
     void readVhdl();
     bool goOnWithout(Language language);
     void readDesign();
@@ -71,8 +72,6 @@ private:
     Verdict makeFiles();
     void finish();
     void tellTops();
-    void tellEncrypted();
-    void tellWhereModulesAre(const QStringList &boxes);
     void listModules();
     void nameFiles();
     QString userName(const QString &module) const;

@@ -17,15 +17,25 @@
 namespace QUARRY {
 namespace {
 
-const int noLine = std::numeric_limits<int>::max();
+const qint64 nowhere = std::numeric_limits<qint64>::max();
 
-QMap<QString, int> firstLines(const QList<ToolMessage> &errors)
+// The same error one column on is another one.
+qint64 placeOf(const ToolMessage &error)
 {
-    QMap<QString, int> lines;
-    for (const ToolMessage &error : errors) {
-        lines.insert(error.file, qMin(error.line, lines.value(error.file, noLine)));
-    }
-    return lines;
+    return (qint64(error.line) << 20) + error.column;
+}
+
+QMap<QString, qint64> firstPlaces(const QList<ToolMessage> &errors)
+{
+    QMap<QString, qint64> places;
+    for (const ToolMessage &error : errors)
+        places.insert(error.file, qMin(placeOf(error), places.value(error.file, nowhere)));
+    return places;
+}
+
+int firstLine(const QString &file, const QList<ToolMessage> &errors)
+{
+    return int(firstPlaces(errors).value(file) >> 20);
 }
 
 } // namespace
@@ -49,7 +59,7 @@ bool ReadingRepairs::tryNext(QList<ToolMessage> errors)
     }
     if (!judgeGuess(errors))
         return guessNext();
-    if (dropParameters() || m_verilator.leaveToIncludes(places) || lookLate(places))
+    if (dropParameters() || m_verilator.leaveToIncludes(places) || lookLate(places, true))
         return true;
     // A wrong order shows in many ways, and asking for the right one costs nothing when it was right.
     if (!m_packagesOrdered) {
@@ -81,31 +91,32 @@ bool ReadingRepairs::tryAgain(const QStringList &filesRead)
     for (const QString &file : filesRead) {
         files.append(m_names.real(QDir(m_verilator.workingDir()).absoluteFilePath(file)));
     }
-    return lookLate(files);
+    return lookLate(files, false);
 }
 
-// Files that the tool came upon by itself, in a folder: those of libraries belong to the design.
-bool ReadingRepairs::lookLate(const QStringList &files)
+// Files that the tool came upon by itself, in a folder. Those of libraries belong to the design, and are
+// named to the tool when they must be read otherwise than it would.
+bool ReadingRepairs::lookLate(const QStringList &files, bool areFaulty)
 {
     QStringList late;
     bool changed = false;
     for (const QString &file : files) {
-        if (m_copies.hasSeen(file) || m_verilator.isMade(file) || !QFileInfo(file).isFile() ||
-            isNamedInSources(file))
+        if (m_copies.hasSeen(file) || m_verilator.isMade(file) || !QFileInfo(file).isFile())
             continue;
         if (isInLibrary(file)) {
             late.append(file);
-        } else if (m_verilator.hideModule(QFileInfo(file).completeBaseName())) {
+        } else if (!isNamedInSources(file) && m_verilator.hideModule(QFileInfo(file).completeBaseName())) {
             m_strays.insert(QFileInfo(file).completeBaseName(), file);
             changed = true;
         }
     }
     m_copies.look(late, VerilogSource);
-    if (!m_copies.update())
-        return changed;
-    for (const QString &file : late)
-        m_verilator.addLibraryFile(file);
-    return true;
+    const bool isCopied = m_copies.update();
+    for (const QString &file : late) {
+        if ((isCopied || areFaulty) && !isNamedInSources(file))
+            m_verilator.addLibraryFile(file);
+    }
+    return changed || isCopied;
 }
 
 bool ReadingRepairs::isInLibrary(const QString &file) const
@@ -155,13 +166,13 @@ bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
         m_errors = errors;
         return true;
     }
-    const QMap<QString, int> before = firstLines(m_errors);
-    const QMap<QString, int> after = firstLines(errors);
+    const QMap<QString, qint64> before = firstPlaces(m_errors);
+    const QMap<QString, qint64> after = firstPlaces(errors);
     bool isFurther = false;
     for (auto place = before.begin(); place != before.end(); ++place)
-        isFurther = isFurther || after.value(place.key(), noLine) > place.value();
+        isFurther = isFurther || after.value(place.key(), nowhere) > place.value();
     for (const QString &file : m_guessed) {
-        if (guess == IsSystemVerilog && after.value(file, noLine) <= before.value(file)) {
+        if (guess == IsSystemVerilog && after.value(file, nowhere) <= before.value(file)) {
             for (const QString &user : m_users.value(file))
                 m_verilator.setSystemVerilog(user, false);
             m_systemVerilog.remove(file);
@@ -193,7 +204,7 @@ bool ReadingRepairs::guessLanguage()
             continue;
         m_guessed.append(error.file);
         m_users.insert(error.file, users);
-        m_systemVerilog.insert(error.file, firstLines(m_errors).value(error.file));
+        m_systemVerilog.insert(error.file, firstLine(error.file, m_errors));
     }
     m_guess = m_guessed.isEmpty() ? NoGuess : IsSystemVerilog;
     return m_guess != NoGuess;
@@ -230,13 +241,13 @@ bool ReadingRepairs::leaveOutUnneeded()
         return false;
     const QSet<QString> needed = SourceNeeds(m_verilator.files()).filesFor(m_verilator.top());
     bool changed = false;
-    for (const QString &file : firstLines(m_errors).keys()) {
+    for (const QString &file : firstPlaces(m_errors).keys()) {
         if (needed.contains(file) || !m_verilator.leaveOut(file))
             continue;
         m_notes.append(
             QString::fromLatin1("WARNING: %1:%2: The file has errors and is left out: the top module "
                                 "does not need it.")
-                .arg(file, QString::number(firstLines(m_errors).value(file))));
+                .arg(file, QString::number(firstLine(file, m_errors))));
         changed = true;
     }
     return changed;
@@ -249,8 +260,10 @@ QStringList ReadingRepairs::hints() const
                                       [](const ToolMessage &error) { return error.file.isEmpty(); });
     if (!m_verilator.top().isEmpty() || anywhere)
         return hints;
+    const QSet<QString> faulty = firstPlaces(m_errors).keys().toSet();
+    if (faulty.contains(QString())) // an error of the whole design
+        return hints;
     const SourceNeeds needs(m_verilator.files());
-    const QSet<QString> faulty = firstLines(m_errors).keys().toSet();
     QStringList tops;
     for (const QString &root : needs.roots()) {
         if (!faulty.intersects(needs.filesFor(root)))

@@ -44,7 +44,7 @@ private:
     bool guessLanguage();
     bool guessAssertions();
     bool guessToolMacro();
-    bool lookLate(const QStringList &files);
+    bool lookLate(const QStringList &files, bool areFaulty);
     bool isInLibrary(const QString &file) const;
     bool isNamedInSources(const QString &file) const;
     bool addPackages();

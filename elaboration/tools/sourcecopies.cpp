@@ -78,7 +78,8 @@ void SourceCopies::read(const QString &path, Source &source, QStringList &faults
     if (!reason.isEmpty())
         faults.append(QLatin1String("ERROR: ") + path + QLatin1String(" cannot be read: ") + reason +
                       QLatin1Char('.'));
-    source.needed = neededRepairs(text, source.language, AllSourceRepairs);
+    source.needed = neededRepairs(text, source.language, m_wanted);
+    source.judged = m_wanted;
     source.isEmpty = holdsNothing(text, source.language);
     if (source.language == VerilogSource)
         noteIncludes(path, text, source, faults);
@@ -139,6 +140,10 @@ bool SourceCopies::update()
 {
     QHash<QString, QByteArray> texts;
     for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
+        if (source->judged != m_wanted)
+            source->needed |=
+                neededRepairs(sourceOf(source.key()), source->language, m_wanted & ~source->judged);
+        source->judged = m_wanted;
         const int wanted = wantedIn(source.key());
         if (!wanted || wanted == source->made)
             continue;

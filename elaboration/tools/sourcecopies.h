@@ -45,7 +45,8 @@ private:
     struct Source
     {
         SourceLanguage language = VerilogSource;
-        int needed = 0; // repairs that may find something to do
+        int judged = 0; // repairs of which it is known whether they are
+        int needed = 0; // for which there may be something to do
         int made = 0;
         bool isIncluded = false;
         bool isEmpty = false;

@@ -196,4 +196,41 @@ VhdlNames vhdlNames(const QString &path)
     return names;
 }
 
+QMap<QString, QString> repeatedFiles(const QStringList &files)
+{
+    QMap<QString, QString> repeated;
+    QHash<QString, QString> owners;
+    for (const QString &file : files) {
+        const QString text = bareText(sourceOf(file), VhdlSource).toLower();
+        QSet<QString> declares, describes;
+        collect(text, "\\b(?:package|entity|configuration|context)\\s+(\\w+)\\s+is\\b", declares);
+        collect(text, "\\b(?:package\\s+body|architecture\\s+\\w+\\s+of)\\s+(\\w+)\\s+is\\b", describes);
+        bool isNew = declares.isEmpty() || !declares.contains(describes);
+        for (const QString &name : declares) {
+            isNew = isNew || !owners.contains(name);
+            if (!owners.contains(name))
+                owners.insert(name, file);
+        }
+        if (!isNew)
+            repeated.insert(file, owners.value(*declares.begin()));
+    }
+    return repeated;
+}
+
+QStringList vhdlRoots(const QStringList &files)
+{
+    QSet<QString> instantiated;
+    QStringList entities, roots;
+    for (const QString &file : files) {
+        const VhdlNames names = vhdlNames(file);
+        entities += names.entities;
+        instantiated += names.instantiated;
+    }
+    for (const QString &entity : entities) {
+        if (!instantiated.contains(entity.toLower()))
+            roots.append(entity);
+    }
+    return roots;
+}
+
 } // namespace QUARRY

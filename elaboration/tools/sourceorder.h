@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -45,5 +46,11 @@ struct VhdlNames
     bool mentionsForeign = false; // anywhere, in any spelling
 };
 VhdlNames vhdlNames(const QString &file);
+
+// The VHDL files of one library that declare nothing but what earlier ones declare, each with one of these.
+QMap<QString, QString> repeatedFiles(const QStringList &files);
+
+// The entities that no other instantiates.
+QStringList vhdlRoots(const QStringList &files);
 
 } // namespace QUARRY

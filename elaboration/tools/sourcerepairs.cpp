@@ -23,7 +23,7 @@ int switchIn(const QByteArray &comment)
             "(?:(?:translate|synthesis|synth)_o(ff|n)|rtl_synthesis\\s+o(ff|n))\\b.*"),
         Qt::CaseInsensitive);
     QRegExp words(pattern);
-    if (!words.exactMatch(QString::fromLatin1(comment.left(512))))
+    if (!comment.contains('_') || !words.exactMatch(QString::fromLatin1(comment.left(512))))
         return 0;
     return (words.cap(1) + words.cap(2)).compare(QLatin1String("ff"), Qt::CaseInsensitive) == 0 ? 1 : -1;
 }
@@ -142,21 +142,32 @@ struct RepairRow
     bool forVerilog;
     bool forVhdl;
     const char *beginning;                                    // a text that needs the repair begins with it,
-    const char *marks[2];                                     // or holds one of these
+    const char *marks[8];                                     // or holds one of these
     bool (*apply)(QByteArray &text, SourceLanguage language); // false when there was nothing to do
 };
 
-// In the order in which they are made. Without marks only an attempt can tell.
+// In the order in which they are made.
 const RepairRow repairs[] = {
     {DropByteOrderMark, false, true, byteOrderMark, {}, dropByteOrderMark},
-    {HideEncrypted, true, true, xilinxMark, {"protect", nullptr}, hideEncrypted},
+    {HideEncrypted, true, true, xilinxMark, {"protect"}, hideEncrypted},
     {HideSimulation, true, true, nullptr, {"translate_o", "synth"}, hideSimulation},
-    {HideAssertions, true, false, nullptr, {"", nullptr}, hideAssertions},
+    {HideAssertions,
+     true,
+     false,
+     nullptr,
+     {"property", "sequence", "cover", "checker", "disable", "let", "expect"},
+     hideAssertions},
 };
 
-bool holds(const QByteArray &text, const char *mark)
+bool isNeeded(const RepairRow &row, const QByteArray &text, const QByteArray &searched)
 {
-    return mark && memmem(text.constData(), size_t(text.size()), mark, std::strlen(mark));
+    if (row.beginning && text.startsWith(row.beginning))
+        return true;
+    for (const char *mark : row.marks) {
+        if (mark && memmem(searched.constData(), size_t(searched.size()), mark, std::strlen(mark)))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -166,10 +177,8 @@ int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted)
     const QByteArray searched = language == VhdlSource ? text.toLower() : text;
     int needed = 0;
     for (const RepairRow &row : repairs) {
-        if (!(wanted & row.repair) || !(language == VhdlSource ? row.forVhdl : row.forVerilog))
-            continue;
-        if ((row.beginning && text.startsWith(row.beginning)) || holds(searched, row.marks[0]) ||
-            holds(searched, row.marks[1]))
+        const bool isForIt = language == VhdlSource ? row.forVhdl : row.forVerilog;
+        if ((wanted & row.repair) && isForIt && isNeeded(row, text, searched))
             needed |= row.repair;
     }
     return needed;

@@ -12,8 +12,7 @@ enum SourceRepair {
     HideSimulation = 1, // what "translate_off" hides from synthesis
     HideEncrypted = 2,  // what stands in envelopes that no tool here can open
     DropByteOrderMark = 4,
-    HideAssertions = 8, // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
-    AllSourceRepairs = 15
+    HideAssertions = 8 // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
 };
 
 // Of the wanted repairs those that the text may need, found by words that it holds.

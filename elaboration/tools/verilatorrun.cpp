@@ -101,6 +101,8 @@ void VerilatorRun::addPackages(const QString &file)
 
 void VerilatorRun::addLibraryFile(const QString &file)
 {
+    if (m_suffixes.contains(file))
+        return;
     m_libraryFiles.append(file);
     m_suffixes.insert(file, QLatin1String(file.endsWith(QLatin1String(".sv")) ? ".sv" : ".v"));
 }

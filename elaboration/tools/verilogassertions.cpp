@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include <cctype>
+#include <cstring>
 
 #include "elaboration/tools/sourcetext.h"
 
@@ -37,7 +38,13 @@ public:
     {
         return i < 0 || i >= size() ? QByteArray() : m_text.mid(at(i).start, at(i).end - at(i).start);
     }
-    bool is(int i, const char *text) const { return word(i) == text; }
+    bool is(int i, const char *text) const
+    {
+        if (i < 0 || i >= size())
+            return *text == 0;
+        const size_t length = size_t(at(i).end - at(i).start);
+        return std::strncmp(m_text.constData() + at(i).start, text, length) == 0 && text[length] == 0;
+    }
     // Whether both stand in the same macro, or in none: no construct goes on behind its end.
     bool areTogether(int i, int j) const { return j < size() && at(i).define == at(j).define; }
 
@@ -156,6 +163,7 @@ private:
     // With its label. One that ends otherwise than by a semicolon gets one, as far as it is whole.
     int hideStatement(int i, int end)
     {
+        end = qMin(end, m_tokens.size());
         if (end <= i)
             return i;
         const bool isLabelled = i > 1 && m_tokens.is(i - 1, ":") && m_tokens.areTogether(i - 2, i) &&

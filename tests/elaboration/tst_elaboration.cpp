@@ -132,6 +132,10 @@ void repairRows()
         "top b\nmodules a b\nWARNING: @/sub/a.vh:1: This is no Verilog, so the file is read as "
         "SystemVerilog.",
         "b:b logic do\nb/u:a x y");
+    row("assertions in Verilog", "",
+        "== a.v\nmodule a(input x);\nassert property (@(posedge x) x ##1 x); wire y;\nendmodule\n",
+        "top a\nmodules a\nWARNING: @/a.v:2: This is no Verilog, so the file is read as SystemVerilog.",
+        "a:a x y");
     row("neither language", "",
         "== a.v\nmodule a(input x); wire do;\nwire = 1;\nendmodule\n== b.v\nmodule b; logic y; endmodule\n",
         "top \nmodules \nERROR: @/a.v:2: *", "");
@@ -161,11 +165,15 @@ void repairRows()
         "WARNING: Module b is in @/off.v, which the project has disabled.",
         "t:t x\nt/ua:a x\nt/ub:b\nt/uc:c x\nt/ud:d x\nt/ue:e");
     row("libraries", "LibraryPath=lib\nLibrarySuffixes=.cell\nUsed=all.v",
-        "== t.v\nmodule t(input x); a ua(x); b ub(x); endmodule\n"
+        "== t.v\nmodule t(input x); a ua(x); b ub(x); c uc(x); d ud(x); endmodule\n"
+        "== lib/c.v\nmodule c(input x); logic [1:0] y; endmodule\n"
+        "== lib/d.sv\nmodule d(input x); cover property (@(posedge x) x ##1 x); endmodule\n"
         "== all.v\nmodule a(input y); endmodule\nmodule unused; endmodule\n"
         "== lib/b.cell\nmodule b(input z);\n// synthesis translate_off\nwire y;\n// synthesis translate_on\n"
         "endmodule\n",
-        "top t\nmodules a b t", "t:t x\nt/ua:a y\nt/ub:b z");
+        "top t\nmodules a b c d t\nWARNING: @/lib/c.v:1: This is no Verilog, so the file is read as "
+        "SystemVerilog.",
+        "t:t x\nt/ua:a y\nt/ub:b z\nt/uc:c x y[1:0]\nt/ud:d x");
     row("parameters", "Parameters=W=4\nParameters=S=word\nParameters=NONE=1",
         "== t.v\nmodule t #(parameter W = 1, parameter S = \"\")(input [W-1:0] x);\n"
         "generate case (S) \"word\": begin : g wire y; end endcase endgenerate endmodule\n",
@@ -176,6 +184,14 @@ void repairRows()
         "top a\nmodules a\nWARNING: @/b.v:2: Module a is declared a second time. What @/a.v:1 declares is "
         "used.",
         "a:a first");
+    row("declared twice in VHDL", "",
+        "== a.vhd\nentity a is port (first : in bit); end; architecture r of a is begin end;\n"
+        "== b.vhd\nentity A is port (second : in bit); end; architecture r of A is begin end;\n"
+        "== c.vhd\narchitecture late of a is signal s : bit; begin s <= first; end;\n",
+        "top a\nmodules a\nWARNING: @/b.vhd: What this file declares is declared a second time. What @/a.vhd "
+        "declares "
+        "is used.",
+        "a:a first s");
     row("byte order marks and nothing", "",
         "== a.vhd\n\xef\xbb\xbf"
         "entity a is port (x : in bit); end; architecture r of a is begin end;\n"

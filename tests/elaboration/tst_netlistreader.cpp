@@ -77,6 +77,21 @@ endmodule)")
                                "rec[0:0] 9: struct packed\n"
                                "octet[7:0] 10: byte\n"
                                "flag 6: enum logic = OFF=0 ON=1";
+    QTest::newRow("copied.sv") << QByteArray(R"(// pragma translate_off
+  junk
+// pragma translate_on
+`pragma protect begin_protected
+#"
+`pragma protect end_protected
+module top(input a);
+  assert property (@(posedge a) a ##1 a)
+    else begin
+    end wire b;
+endmodule)") << "a 7: logic\nb 10: logic";
+    QTest::newRow("copied.vhd") << QByteArray("entity top is\n-- pragma translate_off\njunk\n"
+                                              "-- pragma translate_on\nport (a : in bit); end;\n"
+                                              "architecture r of top is begin end;")
+                                << "a 5: bit";
     // Which alternative of a generate statement counts is not known, so names that both have get no place.
     QTest::newRow("top.vhd") << QByteArray(R"(package pk is
   type mode_t is (OFF, 'x', \On\); subtype some_t is mode_t range OFF to 'x';
