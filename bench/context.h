@@ -26,5 +26,6 @@ void measureSignals(Context &context);
 void measureResultTree(Context &context);
 void measurePages(Context &context);
 void measureOpening(Context &context);
+void measureVhdl(Context &context);
 void measureConfinement(Context &context);
 void measureEditor(Context &context);

@@ -74,6 +74,7 @@ int main(int argc, char **argv)
         measurePages(context);
     }
     measureOpening(context);
+    measureVhdl(context);
     measureConfinement(context);
     if (!onlyOpening)
         measureEditor(context);

@@ -124,6 +124,93 @@ void measureConfinement(Context &context)
            best.limit + allowedMs, 1, "ms"});
 }
 
+namespace {
+
+const int vhdlInstances = 2000;
+
+// An architecture with that many instances of one entity, each fed by the one before it.
+QByteArray vhdlDesign()
+{
+    QByteArray text =
+        "library ieee; use ieee.std_logic_1164.all;\n"
+        "entity Leaf is generic (W : positive := 8);\n"
+        "  port (Clk, A : in std_logic; D : in std_logic_vector(W - 1 downto 0);\n"
+        "        Q : out std_logic_vector(W - 1 downto 0); V : out std_logic); end;\n"
+        "architecture rtl of Leaf is signal R : std_logic_vector(W - 1 downto 0); begin\n"
+        "  process (Clk) begin if rising_edge(Clk) then if A = '1' then R <= D; end if; end if; end "
+        "process;\n"
+        "  Q <= R; V <= R(0) xor A;\nend;\n"
+        "library ieee; use ieee.std_logic_1164.all;\n"
+        "entity Wide is port (Clk, A : in std_logic; Q : out std_logic_vector(7 downto 0)); end;\n"
+        "architecture rtl of Wide is\n";
+    QByteArray instances = "  S0 <= (others => A); V0 <= A;\n";
+    for (int i = 0; i <= vhdlInstances; ++i)
+        text += "  signal S" + QByteArray::number(i) + " : std_logic_vector(7 downto 0); signal V" +
+                QByteArray::number(i) + " : std_logic;\n";
+    for (int i = 1; i <= vhdlInstances; ++i) {
+        const QByteArray to = QByteArray::number(i), from = QByteArray::number(i - 1);
+        instances += "  U" + to + " : entity work.Leaf port map (Clk, V" + from + ", S" + from + ", S" + to +
+                     ", V" + to + ");\n";
+    }
+    return text + "begin\n" + instances + "  Q <= S" + QByteArray::number(vhdlInstances) + ";\nend;\n";
+}
+
+void runTool(const QString &dir, const QString &program, const QStringList &arguments, const QString &output)
+{
+    QProcess process;
+    process.setWorkingDirectory(dir);
+    process.setStandardOutputFile(output.isEmpty() ? QProcess::nullDevice() : output);
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+        qFatal("%s does not read the generated VHDL: %s", qPrintable(program),
+               qPrintable(process.errorString()));
+}
+
+} // namespace
+
+// Against GHDL's own translation and Verilator's reading of it, with nothing done in between.
+void measureVhdl(Context &context)
+{
+    const QString dir = context.dir.filePath(QStringLiteral("vhdl"));
+    QDir().mkpath(dir);
+    const QString path = dir + QStringLiteral("/wide.vhd");
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(vhdlDesign()) < 0)
+        qFatal("Cannot write %s", qPrintable(path));
+    file.close();
+    DesignInput input;
+    DesignSource source;
+    source.path = path;
+    source.type = 4;
+    input.files += source;
+    input.workingDir = dir;
+    const auto openChanged = [&] {
+        change(path);
+        listModules(input);
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
+        const QString last = QStringLiteral("Wide/U%1/R[7]").arg(vhdlInstances);
+        if (!netlist || !netlist->findNet(last) || !messages.isEmpty())
+            qFatal("The generated VHDL is not complete: %s", qPrintable(messages.join('\n')));
+    };
+    const auto runTools = [&] {
+        const QStringList options{QStringLiteral("--std=08")};
+        runTool(dir, QStringLiteral("ghdl"), QStringList(QStringLiteral("-a")) + options << path, QString());
+        runTool(dir, QStringLiteral("ghdl"),
+                QStringList(QStringLiteral("--synth")) + options << QStringLiteral("--out=verilog")
+                                                                 << QStringLiteral("wide"),
+                dir + QStringLiteral("/wide.v"));
+        runTool(dir, QStringLiteral("verilator_bin"),
+                verilatorReadFlags() << QStringLiteral("--top-module") << QStringLiteral("Wide")
+                                     << QStringLiteral("wide.v"),
+                QString());
+    };
+    const Times times = inTurn(3, openChanged, runTools);
+    print({"Opening VHDL, 2,000 instances in one architecture | GHDL and Verilator", times.figure,
+           times.limit, 1.5, "ms"});
+}
+
 void measureOpening(Context &context)
 {
     const QString dir = context.dir.path();

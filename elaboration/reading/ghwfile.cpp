@@ -122,6 +122,8 @@ private:
             return m_in.setBad();
         for (qint64 i = 0; i < type->scalars && !m_in.isBad(); ++i)
             m_in.unsignedNumber();
+        if (m_in.isBad())
+            return;
         m_types.shape(*type, isPort, signal);
         m_open.back()->signalList.push_back(signal);
     }

@@ -5,7 +5,8 @@ namespace {
 
 // Larger arrays are memories.
 const qint64 mostElements = 32;
-const qint64 mostBits = 1 << 24;
+const qint64 mostBits = 1 << 20; // of a signal that is shown
+const int mostLevels = 64;       // of types in types
 const qint64 mostScalars = qint64(1) << 30;
 
 enum GhwKind {
@@ -192,7 +193,9 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
         const quint64 count = in.unsignedNumber();
         for (quint64 i = 0; i < count && !in.isBad(); ++i)
             find(in);
-        type.dimensionCount = int(qMin<quint64>(count, 64));
+        type.dimensionCount = int(qMin<quint64>(count, mostLevels));
+        if (count == 0)
+            in.setBad();
         break;
     }
     case RecordType: {
@@ -238,6 +241,8 @@ const GhwType *GhwTypes::readBounds(GhwInput &in, const GhwType *base)
 {
     GhwType type = *base;
     type.isBounded = true;
+    if (type.levels > mostLevels)
+        in.setBad();
     if (type.kind == GhwType::Array) {
         type.dimensions.clear();
         for (int i = 0; i < type.dimensionCount && !in.isBad(); ++i)
@@ -284,7 +289,10 @@ void GhwTypes::measure(GhwType &type)
             type.scalars = qMin(type.scalars + (field ? field->scalars : 0), mostScalars);
         }
     }
-    type.width = int(width);
+    type.width = type.isBounded && width < mostBits ? int(width) : 0;
+    for (const GhwType *field : type.fields)
+        type.levels = qMax(type.levels, field ? field->levels + 1 : 0);
+    type.levels = qMax(type.levels, type.element ? type.element->levels + 1 : 0);
 }
 
 QString GhwTypes::readValue(GhwInput &in, const GhwType *type) const
@@ -302,7 +310,7 @@ public:
 
     void add(const GhwType &type, const VhdlElement &place)
     {
-        if (type.width == 0)
+        if (type.width == 0 || type.levels > mostLevels)
             return;
         if (type.kind == GhwType::Array)
             return addArray(type, 0, place);

@@ -57,6 +57,7 @@ struct GhwType
     std::vector<const GhwType *> fields;
     bool isBounded = true;
     qint64 scalars = 1; // that the file counts in a signal of the type
+    int levels = 0;     // of types in it
     int width = 0;      // bits, as GHDL translates it; 0: not shown
 };
 

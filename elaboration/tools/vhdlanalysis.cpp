@@ -171,16 +171,19 @@ bool VhdlAnalysis::repair(const QString &library, const ToolResult &result)
 {
     if (++m_repairs > maxRepairs)
         return false;
-    bool changed = false;
     QList<ToolMessage> errors;
     for (const ToolMessage &message : parseGhdlMessages(result.errors)) {
         if (message.severity == ToolMessage::Error && !message.file.isEmpty())
             errors.append(placed(message));
     }
     // From the end, since a repair moves what follows in its line.
-    for (int i = errors.size() - 1; i >= 0; --i)
-        changed = supply(library, errors.at(i)) || changed;
-    if (changed)
+    QList<ToolMessage> supplied;
+    for (int i = errors.size() - 1; i >= 0; --i) {
+        if (supply(library, errors.at(i)))
+            supplied.prepend(errors.at(i));
+    }
+    note(supplied, m_assumed);
+    if (!supplied.isEmpty())
         return true;
     return leaveOut(errors);
 }
@@ -265,11 +268,9 @@ bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &err
             edits.insert(unit.begin,
                          qMakePair(unit.end, restOf(unit, quoted(error.text, followUp).isEmpty())));
         }
-        ToolMessage warning = error;
-        warning.severity = ToolMessage::Warning;
-        if (!edits.isEmpty() && quoted(error.text, followUp).isEmpty())
-            m_messages.append(messageText(warning, m_names, m_scratch.path()));
     }
+    if (!edits.isEmpty())
+        note(errors, m_messages);
     for (auto edit = edits.end(); edit != edits.begin();) {
         --edit;
         replaceKeepingLines(text, edit.key(), edit->first, edit->second);
@@ -393,10 +394,22 @@ const VhdlUnit *VhdlAnalysis::unitAt(const QString &file, int line) const
     return found;
 }
 
+void VhdlAnalysis::note(const QList<ToolMessage> &errors, QStringList &messages) const
+{
+    for (ToolMessage message : errors) {
+        message.severity = ToolMessage::Warning;
+        const QString text = messageText(message, m_names, m_scratch.path());
+        if (quoted(message.text, followUp).isEmpty() && !messages.contains(text))
+            messages.append(text);
+    }
+}
+
+// What was missing is worth a word only where it was not enough to take something empty in its place.
 QStringList VhdlAnalysis::takeMessages()
 {
-    const QStringList messages = m_messages;
+    const QStringList messages = m_lost.isEmpty() ? m_messages : m_assumed + m_messages;
     m_messages.clear();
+    m_assumed.clear();
     return messages;
 }
 

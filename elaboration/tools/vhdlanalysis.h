@@ -74,6 +74,7 @@ private:
     bool leaveOutOf(const QString &file, const QList<ToolMessage> &errors);
     QByteArray restOf(const VhdlUnit &unit, bool isItsFault);
     static void addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits);
+    void note(const QList<ToolMessage> &errors, QStringList &messages) const;
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
     QByteArray textOf(const QString &file) const;
@@ -101,6 +102,7 @@ private:
     QSet<QString> m_missing; // entities that were left out
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
+    QStringList m_assumed; // the tool's words about what was supplied
     QStringList m_messages;
 };
 
