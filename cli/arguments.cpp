@@ -1,10 +1,12 @@
 #include "cli/arguments.h"
 
 #include <QFileInfo>
+#include <QRegExp>
 
 #include <algorithm>
 #include <iterator>
 
+#include "check/nearestnames.h"
 #include "host/designmanager.h"
 #include "host/foreignproject.h"
 
@@ -18,6 +20,20 @@ bool isOfDesign(const QString &path)
 }
 
 } // namespace
+
+QString nearWord(const QString &word, const QStringList &known)
+{
+    const int limit = (word.size() + 1) / 3;
+    QString nearest;
+    int least = limit + 1;
+    for (const QString &candidate : known) {
+        const int distance = RTLJEX::editDistance(word, candidate, limit);
+        if (distance < least)
+            nearest = " Did you mean " + candidate + '?';
+        least = qMin(least, distance);
+    }
+    return nearest;
+}
 
 Arguments::Arguments(const char *command, const char *form, const char *description)
     : m_command(command), m_form(form)
@@ -42,7 +58,7 @@ void Arguments::addDesign()
 bool Arguments::read(const QStringList &words, Output &out)
 {
     if (!parser.parse(QStringList(m_command) + (m_hasDesign ? CommandLine::plainWords(words) : words))) {
-        m_result = refuse(parser.errorText());
+        m_result = refuse(parser.errorText() + nearOption());
         return false;
     }
     if (!parser.isSet("help"))
@@ -52,6 +68,17 @@ bool Arguments::read(const QStringList &words, Output &out)
     out.line(("Usage: jex " + m_command + ' ' + m_form).trimmed());
     out.text(text.mid(text.indexOf('\n') + 1));
     return false;
+}
+
+// The parser tells its options by their help only.
+QString Arguments::nearOption() const
+{
+    QStringList known;
+    QRegExp option("--[a-z-]+");
+    const QString help = parser.helpText();
+    for (int at = 0; (at = option.indexIn(help, at)) >= 0; at += option.matchedLength())
+        known << option.cap();
+    return nearWord("--" + parser.unknownOptionNames().value(0), known);
 }
 
 ExitCode Arguments::refuse(const QString &sentence) const

@@ -7,6 +7,9 @@
 
 namespace Cli {
 
+// " Did you mean X?" for the known word that is nearly the same; empty when none is.
+QString nearWord(const QString &word, const QStringList &known);
+
 // The words behind the name of a command. Options are added to `parser` before read().
 class Arguments
 {
@@ -34,6 +37,8 @@ public:
     bool readDesign(const QStringList &files, CommandLine::DesignOptions &options);
 
 private:
+    QString nearOption() const; // to the first that is not known
+
     QString m_command;
     QString m_form;
     bool m_hasDesign = false;

@@ -18,7 +18,9 @@ ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist,
             result = CouldNotRun;
             continue;
         }
-        const RTLJEX::FileFindings findings = configuration.judge(netlist);
+        RTLJEX::FileFindings findings = configuration.judge(netlist);
+        if (configuration.cores().isEmpty())
+            findings.errors << "There are no cores, so nothing is captured";
         if (!findings.isEmpty() && result == Fine)
             result = Findings;
         if (asJson)

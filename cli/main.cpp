@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "cli/command.h"
+#include "cli/arguments.h"
 
 namespace {
 
@@ -54,8 +54,12 @@ ExitCode run(const QStringList &words, Output &out)
         if (name == command.name)
             return command.run(words.mid(1), out);
     }
-    say(name.isEmpty() ? QString("jex: A command is missing. See jex --help.")
-                       : "jex: There is no command \"" + name + "\". See jex --help.");
+    QStringList names;
+    for (const Command &command : commands)
+        names << command.name;
+    say(name.isEmpty()
+            ? QString("jex: A command is missing. See jex --help.")
+            : "jex: There is no command \"" + name + "\"." + nearWord(name, names) + " See jex --help.");
     return WrongUse;
 }
 

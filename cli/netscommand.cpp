@@ -103,13 +103,15 @@ bool printFound(const RTLJEX::SearchOptions &search, QUARRY::RtlNetlist *netlist
 ExitCode nets(const QStringList &words, Output &out)
 {
     Arguments arguments(
-        "nets", "[PATTERN] DESIGN",
+        "nets", "[PATTERN] [DESIGN]",
         "Searches nets and buses by their full names, as the editor does, in the editor's order. Prints "
         "name,\n"
         "width, place in the source and \"excluded\" for what must not be probed, with tabs between. "
         "PATTERN\n"
         "is a part of the name in any case of letters unless an option says otherwise; without one all are\n"
-        "listed. DESIGN is a project, or HDL files and the options below. 1 when nothing was found.");
+        "listed. DESIGN is a project, or HDL files and the options below; without any, the only project in "
+        "the\n"
+        "folder. 1 when nothing was found.");
     arguments.parser.addPositionalArgument("PATTERN", "What to look for; HDL files of the design.");
     arguments.parser.addOptions({
         {"wildcard",
@@ -131,6 +133,8 @@ ExitCode nets(const QStringList &words, Output &out)
         return WrongUse;
     if (!arguments.readDesign(files, options))
         return arguments.result();
+    if (!CommandLine::namesProject(options))
+        options.projectFile = CommandLine::projectBeside(QDir::current().filePath("any"));
     if (!CommandLine::namesProject(options))
         return arguments.refuse("Name the design, with --project or by its HDL files.");
     const QString instance = arguments.parser.value("in");

@@ -32,14 +32,14 @@ void addCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &chosen)
 QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items)
 {
     QList<JEX::SignalItem> unique;
-    QSet<QStringList> seen;
+    QSet<QString> seen;
     for (const JEX::SignalItem &item : items) {
-        QStringList key;
+        QStringList members;
         for (const JEX::SignalItem &member : item.members)
-            key << (item.isGroup() ? member.name : QString());
-        key.sort();
-        key.removeDuplicates();
-        key.prepend(item.name);
+            members << (item.isGroup() ? member.name : QString());
+        members.sort();
+        members.removeDuplicates();
+        const QString key = item.name + QLatin1Char('\n') + members.join(QLatin1String("\n"));
         if (!seen.contains(key))
             unique.append(item);
         seen.insert(key);

@@ -193,6 +193,20 @@ private Q_SLOTS:
         QTEST(searched(m_netlist.get(), options), "expected");
     }
 
+    // Inside an expression they stand for a place that no name has, whatever its letters.
+    void anchorsInside()
+    {
+        m_netlist.reset(netlistFromText("top\n  a^b\n  a$b\n  ab\n"));
+        const QString patterns[][2] = {{"top/a^b", ""},          {"top/a$b", ""},
+                                       {".*a$b.*", ""},          {"^top/ab$", "top/ab"},
+                                       {"top/a\\^b", "top/a^b"}, {".*\\$.*", "top/a$b"}};
+        for (const auto &row : patterns) {
+            SearchOptions options = search(row[0], m_netlist->topHierarchy);
+            setSyntax(options, QRegExp::RegExp, true);
+            QCOMPARE(searched(m_netlist.get(), options), row[1]);
+        }
+    }
+
     // A flat search and one by modules, in the same places.
     void searchedPlaces()
     {

@@ -135,15 +135,22 @@ private Q_SLOTS:
     {
         const QString file = m_work->writeConfig(JEX::StandardMode, "a.zub", 3);
         const Shown shown(JEX::StandardMode, file);
-        ModalDriver driver;
-        driver.then([&shown](QDialog *question) {
-            static_cast<RTLJEX::JexStandardInserterView *>(shown.view.data())->reloadJexFile();
-            if (question->isVisible())
-                question->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
-        });
-        shown.menu(1, "Remove");
-        QVERIFY(driver.done());
-        QCOMPARE(shown.pages()->count(), 3);
+        for (const bool isRead : {true, false}) {
+            ModalDriver driver;
+            driver.then([&](QDialog *question) {
+                if (isRead) {
+                    static_cast<RTLJEX::JexStandardInserterView *>(shown.view.data())->reloadJexFile();
+                } else {
+                    driver.press(QMessageBox::Ok);
+                    shown.menu(0, "Remove");
+                }
+                if (question->isVisible())
+                    question->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+            });
+            shown.menu(1, "Remove");
+            QVERIFY(driver.done());
+            QCOMPARE(shown.pages()->count(), isRead ? 3 : 2);
+        }
     }
 
     void liteCoresAreFixed()
