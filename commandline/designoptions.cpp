@@ -43,6 +43,7 @@ bool addSources(const DesignOptions &options, Core::ProjectData &data, QStringLi
 {
     QSet<QString> known;
     bool good = true;
+    int looked = 0;
     for (const Core::SourceFile &file : qAsConst(data.files))
         known.insert(file.path);
     for (const QString &path : absolutePaths(options.sources + options.editorFiles)) {
@@ -50,7 +51,7 @@ bool addSources(const DesignOptions &options, Core::ProjectData &data, QStringLi
         QString fault;
         if (!QFileInfo(path).isDir())
             found.files << path;
-        else if (!Core::findSources(path, found, fault))
+        else if (!Core::findSources(path, looked, found, fault))
             messages << fault;
         good = good && fault.isEmpty();
         data.includePaths += found.includeFolders;

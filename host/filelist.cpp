@@ -26,7 +26,7 @@ class ListReader
 {
 public:
     ListReader(ProjectData &data, QStringList &messages)
-        : m_data(data), m_messages(messages), m_failed(false), m_systemVerilog(false)
+        : m_data(data), m_messages(messages), m_looked(0), m_failed(false), m_systemVerilog(false)
     {
         for (const SourceFile &file : data.files)
             m_known.insert(file.path);
@@ -220,7 +220,7 @@ private:
             return addSource(path, false, where);
         FolderSources sources;
         QString fault;
-        if (!findSources(path, sources, fault))
+        if (!findSources(path, m_looked, sources, fault))
             return fail(where, QLatin1Char('t') + fault.mid(1));
         for (const QString &folder : sources.includeFolders)
             add(folder, m_data.includePaths);
@@ -257,6 +257,7 @@ private:
     QString m_list; // the innermost of them, what its paths are relative to, and what "-work" said last in it
     QString m_folder;
     QString m_library;
+    int m_looked; // names in folders of sources
     bool m_failed;
     bool m_systemVerilog;
 };

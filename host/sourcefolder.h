@@ -12,8 +12,9 @@ struct FolderSources
 };
 
 // The sources that a folder stands for: those in it and in the folders below, but neither hidden ones nor
-// what links to folders lead to. False, with a sentence, when there is none, and when there are more than a
-// project has.
-bool findSources(const QString &folder, FolderSources &found, QString &fault);
+// what links to folders lead to. `looked` counts the names that were looked at, for all folders of a command
+// line or a list together. False, with a sentence, when there is no source, and when there are more names
+// than a project has.
+bool findSources(const QString &folder, int &looked, FolderSources &found, QString &fault);
 
 } // namespace Core
