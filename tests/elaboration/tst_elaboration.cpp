@@ -514,7 +514,7 @@ private Q_SLOTS:
         row("cut tree", "JEX_GHDL", "case \"$*\" in *-ds*) ghdl \"$@\" | head -c 700;; *) ghdl \"$@\";; esac",
             "a:a x\na/u:b x s");
         row("cut waveform", "JEX_GHDL", "ghdl \"$@\"; case $1 in --elab-run) cut scopes0.* 80;; esac",
-            "a:a x\na/u:b x s");
+            "a:a x\na/u:b x");
     }
 
     void distrustsTools()
