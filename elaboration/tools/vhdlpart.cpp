@@ -90,6 +90,7 @@ void VhdlPart::prepare(const Then &then)
             return translateRoots(then);
         if (result.isGood())
             return then(false);
+        m_didToolFail = result.outcome != ToolResult::Finished;
         report(result, false, m_messages);
         then(false);
     });
@@ -210,7 +211,8 @@ void VhdlPart::takeTranslation(const Wanted &wanted, const ToolResult &result, b
 
 void VhdlPart::refuse(const Wanted &wanted, const ToolResult &result, bool isOptional, const Then &then)
 {
-    const bool goesOn = isOptional && result.outcome == ToolResult::Finished;
+    m_didToolFail = result.outcome != ToolResult::Finished;
+    const bool goesOn = isOptional && !m_didToolFail;
     if (wanted.module.isEmpty()) {
         m_refused.insert(wanted.entity);
         m_untranslated.append(m_analysis.entities().value(wanted.entity));
