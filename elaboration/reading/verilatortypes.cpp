@@ -13,6 +13,11 @@ QString rangeText(int left, int right)
            QLatin1Char(']');
 }
 
+QString rangeText(int index)
+{
+    return QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
+}
+
 // Of a bus that has so many bits, down to 0.
 int leftOf(qint64 width)
 {
@@ -160,6 +165,62 @@ VerilatorType VerilatorTypes::packedArray(const pugi::xml_node &node) const
     array.isVector = true;
     array.isBasic = false;
     return array;
+}
+
+QStringList VerilatorTypes::members(const char *id) const
+{
+    const auto known = m_members.find(id);
+    if (known != m_members.end())
+        return known->second;
+    QStringList members;
+    if (type(id).isNet)
+        addMembers(id, QString(), 0, members);
+    return m_members.emplace(id, members).first->second;
+}
+
+// The first member has the most significant bits, and so has the leftmost element of an array.
+void VerilatorTypes::addMembers(const char *id, const QString &path, int low, QStringList &members) const
+{
+    const int mostMembers = 512;
+    const auto found = m_nodes.find(id);
+    if (found == m_nodes.end() || members.size() >= mostMembers)
+        return;
+    const pugi::xml_node &node = found->second;
+    const char *inner = node.attribute("sub_dtype_id").value();
+    int left = 0, right = 0;
+    if (isOneOf(node.name(), {"structdtype", "uniondtype"})) {
+        const bool isUnion = std::strcmp(node.name(), "uniondtype") == 0;
+        int above = low + type(id).width();
+        for (const pugi::xml_node &member : node.children("memberdtype")) {
+            const char *part = member.attribute("sub_dtype_id").value();
+            above -= isUnion ? 0 : type(part).width();
+            const QString name = QString::fromUtf8(member.attribute("name").value());
+            addMembers(part, path.isEmpty() ? name : path + QLatin1Char('.') + name, isUnion ? low : above,
+                       members);
+        }
+    } else if (isOneOf(node.name(), {"refdtype", "constdtype"})) {
+        addMembers(inner, path, low, members);
+    } else if (std::strcmp(node.name(), "packarraydtype") == 0 && isStructure(inner) &&
+               verilatorRange(node, left, right)) {
+        const int width = type(inner).width();
+        const int count = rangeWidth(left, right);
+        for (int i = 0; i < count && members.size() < mostMembers; ++i)
+            addMembers(inner, path + rangeText(left < right ? left + i : left - i),
+                       low + width * (count - 1 - i), members);
+    } else if (!path.isEmpty()) {
+        const int width = type(id).width();
+        members.append(path + (width > 1 ? rangeText(low + width - 1, low) : rangeText(low)));
+    }
+}
+
+bool VerilatorTypes::isStructure(const char *id) const
+{
+    const auto node = m_nodes.find(id);
+    if (node == m_nodes.end())
+        return false;
+    if (isOneOf(node->second.name(), {"refdtype", "constdtype", "packarraydtype"}))
+        return isStructure(node->second.attribute("sub_dtype_id").value());
+    return isOneOf(node->second.name(), {"structdtype", "uniondtype"});
 }
 
 QString VerilatorTypes::declaredText(const pugi::xml_node &var) const

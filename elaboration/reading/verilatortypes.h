@@ -36,6 +36,9 @@ public:
     // The type of a declaration in its own words, and the labels when it is an enumeration.
     QString declaredText(const pugi::xml_node &var) const;
     QStringList enumLabels(const pugi::xml_node &var, const QString &module) const;
+    // Of a packed structure or union, the members with their bits in it: "hdr.len[12:9]"; at most some
+    // hundreds.
+    QStringList members(const char *id) const;
 
 private:
     struct Enumeration
@@ -49,12 +52,15 @@ private:
     VerilatorType basic(const pugi::xml_node &node) const;
     VerilatorType structure(const pugi::xml_node &node) const;
     VerilatorType packedArray(const pugi::xml_node &node) const;
+    bool isStructure(const char *id) const;
+    void addMembers(const char *id, const QString &path, int low, QStringList &members) const;
     void addEnumeration(const pugi::xml_node &node);
     QString enumLabel(const pugi::xml_node &item) const;
 
     std::unordered_map<std::string_view, pugi::xml_node> m_nodes;
     mutable std::unordered_map<std::string_view, VerilatorType> m_types;
-    std::unordered_multimap<std::string, Enumeration> m_enumerations; // by name without its scope
+    mutable std::unordered_map<std::string_view, QStringList> m_members; // one copy for all declarations
+    std::unordered_multimap<std::string, Enumeration> m_enumerations;    // by name without its scope
 };
 
 // The digits of a Verilator constant, "32'sh1f". Values beyond 64 bits are cut.

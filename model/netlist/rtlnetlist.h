@@ -31,6 +31,7 @@ struct Declaration
     int line = 0;
     QString type;           // as declared, "logic [7:0]", "state_t"; may be empty
     QStringList enumLabels; // "IDLE=0", in order of declaration; empty when the type is no enumeration
+    QStringList members;    // "len[12:9]", those of a packed structure with their bits in the bus
 };
 
 // One single-bit net, or one bit of a bus.
