@@ -215,7 +215,10 @@ void NetListing::appendJson(const RtlModule &module, quint32 number)
     text += std::string(", \"bus\": ") + (entry.isBus ? "true" : "false");
     text += ", \"file\": " + quoted(fromStd(shownFile(info.file)));
     text += ", \"line\": " + std::to_string(info.line) + ", \"type\": " + quoted(info.type);
-    text += ", \"enumLabels\": " + toJson(info.enumLabels).dump() + ", \"excluded\": ";
+    text += ", \"enumLabels\": " + toJson(info.enumLabels).dump();
+    if (!info.members.isEmpty())
+        text += ", \"members\": " + toJson(info.members).dump();
+    text += ", \"excluded\": ";
 }
 
 const std::string &NetListing::shownFile(const QString &file)

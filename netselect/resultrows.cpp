@@ -40,13 +40,14 @@ public:
             if (role == Qt::ForegroundRole)
                 return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
             if (role == Qt::ToolTipRole)
-                return record().name;
+                return toolTip();
         }
         return QTreeWidgetItem::data(column, role);
     }
 
     virtual JEX::SignalItem record() const = 0;
     virtual QString text() const = 0;
+    virtual QString toolTip() const { return record().name; }
 
 protected:
     // At the end of construction: it holds for the rows below, too.
@@ -94,6 +95,11 @@ public:
 
     JEX::SignalItem record() const override { return signalOfBus(m_bus); }
     QString text() const override { return m_form == FullName ? m_bus->fullBusName() : m_bus->BusName(); }
+    // Of a packed structure with the bits of its members.
+    QString toolTip() const override
+    {
+        return (QStringList(record().name) + m_bus->declaration().members).join(QLatin1String("\n"));
+    }
 
 private:
     const QUARRY::RtlNetBus *m_bus;

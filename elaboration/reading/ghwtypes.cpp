@@ -34,6 +34,11 @@ int bitsFor(quint64 count) // of values, from 0 on
     return bits;
 }
 
+QString string(GhwInput &in, const QStringList &strings)
+{
+    return strings.value(int(qMin<quint64>(in.unsignedNumber(), 1u << 30)));
+}
+
 } // namespace
 
 int GhwInput::byte()
@@ -139,25 +144,40 @@ GhwRange GhwTypes::readRange(GhwInput &in) const
     return range;
 }
 
+void GhwTypes::readEnumeration(GhwInput &in, const QStringList &strings, GhwType &type)
+{
+    type.kind = GhwType::Enumeration;
+    const quint64 count = in.unsignedNumber();
+    for (quint64 i = 0; i < count && !in.isBad(); ++i)
+        type.labels.append(string(in, strings) + QLatin1Char('=') + QString::number(i));
+    type.range.right = qint64(qMin<quint64>(count, 256)) - 1;
+    type.isBit = (type.name == QLatin1String("std_ulogic") && count == 9) ||
+                 ((type.name == QLatin1String("bit") || type.name == QLatin1String("boolean")) && count == 2);
+}
+
+void GhwTypes::readRecord(GhwInput &in, const QStringList &strings, GhwType &type) const
+{
+    type.kind = GhwType::Record;
+    const quint64 count = in.unsignedNumber();
+    for (quint64 i = 0; i < count && !in.isBad(); ++i) {
+        type.fieldNames.append(string(in, strings));
+        type.fields.push_back(find(in));
+        if (!type.fields.back())
+            in.setBad();
+        else
+            type.isBounded = type.isBounded && type.fields.back()->isBounded;
+    }
+}
+
 GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
 {
-    const auto string = [&in, &strings] {
-        return strings.value(int(qMin<quint64>(in.unsignedNumber(), 1u << 30)));
-    };
     GhwType type;
     const int kind = in.byte();
-    type.name = string();
+    type.name = string(in, strings);
     switch (kind) {
     case EnumerationOfTwo:
     case Enumeration8: {
-        type.kind = GhwType::Enumeration;
-        const quint64 count = in.unsignedNumber();
-        for (quint64 i = 0; i < count && !in.isBad(); ++i)
-            type.labels.append(string() + QLatin1Char('=') + QString::number(i));
-        type.range.right = qint64(qMin<quint64>(count, 256)) - 1;
-        type.isBit =
-            (type.name == QLatin1String("std_ulogic") && count == 9) ||
-            ((type.name == QLatin1String("bit") || type.name == QLatin1String("boolean")) && count == 2);
+        readEnumeration(in, strings, type);
         break;
     }
     case Integer32:
@@ -172,7 +192,7 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
     case Physical64: {
         const quint64 count = in.unsignedNumber();
         for (quint64 i = 0; i < count && !in.isBad(); ++i) {
-            string();
+            string(in, strings);
             in.signedNumber();
         }
         break;
@@ -198,19 +218,9 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
             in.setBad();
         break;
     }
-    case RecordType: {
-        type.kind = GhwType::Record;
-        const quint64 count = in.unsignedNumber();
-        for (quint64 i = 0; i < count && !in.isBad(); ++i) {
-            type.fieldNames.append(string());
-            type.fields.push_back(find(in));
-            if (!type.fields.back())
-                in.setBad();
-            else
-                type.isBounded = type.isBounded && type.fields.back()->isBounded;
-        }
+    case RecordType:
+        readRecord(in, strings, type);
         break;
-    }
     case ArraySubtype:
     case RecordSubtype: {
         const GhwType *base = find(in);

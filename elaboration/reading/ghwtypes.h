@@ -71,6 +71,8 @@ public:
     void shape(const GhwType &type, bool isPort, VhdlSignal &signal) const;
 
 private:
+    static void readEnumeration(GhwInput &in, const QStringList &strings, GhwType &type);
+    void readRecord(GhwInput &in, const QStringList &strings, GhwType &type) const;
     GhwType readType(GhwInput &in, const QStringList &strings);
     GhwRange readRange(GhwInput &in) const;
     const GhwType *readBounds(GhwInput &in, const GhwType *base);

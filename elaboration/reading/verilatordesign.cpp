@@ -387,6 +387,7 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     const QString words = m_types->declaredText(var, type);
     decl.info.type = *m_typeTexts.insert(words, m_typeTexts.value(words, words));
     decl.info.enumLabels = m_types->enumLabels(var, module.name);
+    decl.info.members = m_types->members(var.attribute("dtype_id").value());
     return decl;
 }
 

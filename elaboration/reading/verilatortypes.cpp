@@ -7,10 +7,17 @@ namespace QUARRY {
 
 namespace {
 
+const int mostLevels = 64; // of types in types
+
 QString rangeText(int left, int right)
 {
     return QLatin1Char('[') + QString::number(left) + QLatin1Char(':') + QString::number(right) +
            QLatin1Char(']');
+}
+
+QString rangeText(int index)
+{
+    return QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
 }
 
 // Of a bus that has so many bits, down to 0.
@@ -165,10 +172,9 @@ VerilatorType VerilatorTypes::packedArray(const pugi::xml_node &node) const
 // A damaged text may hold a type that leads back to itself.
 VerilatorArray VerilatorTypes::array(const char *id) const
 {
-    const size_t mostLevels = 64;
     VerilatorArray array;
     auto node = m_nodes.find(id);
-    for (size_t level = 0; level < mostLevels && node != m_nodes.end(); ++level) {
+    for (int level = 0; level < mostLevels && node != m_nodes.end(); ++level) {
         const char *below = node->second.attribute("sub_dtype_id").value();
         int left = 0, right = 0;
         if (std::strcmp(node->second.name(), "unpackarraydtype") == 0 &&
@@ -203,6 +209,64 @@ QString VerilatorArray::index(qint64 element) const
         text.prepend(QLatin1Char('[') + QString::number(number) + QLatin1Char(']'));
     }
     return text;
+}
+
+QStringList VerilatorTypes::members(const char *id) const
+{
+    const auto known = m_members.find(id);
+    if (known != m_members.end())
+        return known->second;
+    QStringList members;
+    if (type(id).isNet)
+        addMembers(id, QString(), 0, 0, members);
+    return m_members.emplace(id, members).first->second;
+}
+
+// The first member has the most significant bits, and so has the leftmost element of an array.
+// A damaged text may hold a type that leads back to itself.
+void VerilatorTypes::addMembers(const char *id, const QString &path, int low, int level,
+                                QStringList &members) const
+{
+    const int mostMembers = 512;
+    const auto found = m_nodes.find(id);
+    if (found == m_nodes.end() || members.size() >= mostMembers || level > mostLevels)
+        return;
+    const pugi::xml_node &node = found->second;
+    const char *inner = node.attribute("sub_dtype_id").value();
+    int left = 0, right = 0;
+    if (isOneOf(node.name(), {"structdtype", "uniondtype"})) {
+        const bool isUnion = std::strcmp(node.name(), "uniondtype") == 0;
+        int above = low + type(id).width();
+        for (const pugi::xml_node &member : node.children("memberdtype")) {
+            const char *part = member.attribute("sub_dtype_id").value();
+            above -= isUnion ? 0 : type(part).width();
+            const QString name = QString::fromUtf8(member.attribute("name").value());
+            addMembers(part, path.isEmpty() ? name : path + QLatin1Char('.') + name, isUnion ? low : above,
+                       level + 1, members);
+        }
+    } else if (isOneOf(node.name(), {"refdtype", "constdtype"})) {
+        addMembers(inner, path, low, level + 1, members);
+    } else if (std::strcmp(node.name(), "packarraydtype") == 0 && isStructure(inner, level) &&
+               verilatorRange(node, left, right)) {
+        const int width = type(inner).width();
+        const int count = rangeWidth(left, right);
+        for (int i = 0; i < count && members.size() < mostMembers; ++i)
+            addMembers(inner, path + rangeText(left < right ? left + i : left - i),
+                       low + width * (count - 1 - i), level + 1, members);
+    } else if (!path.isEmpty()) {
+        const int width = type(id).width();
+        members.append(path + (width > 1 ? rangeText(low + width - 1, low) : rangeText(low)));
+    }
+}
+
+bool VerilatorTypes::isStructure(const char *id, int level) const
+{
+    const auto node = m_nodes.find(id);
+    if (node == m_nodes.end() || level > mostLevels)
+        return false;
+    if (isOneOf(node->second.name(), {"refdtype", "constdtype", "packarraydtype"}))
+        return isStructure(node->second.attribute("sub_dtype_id").value(), level + 1);
+    return isOneOf(node->second.name(), {"structdtype", "uniondtype"});
 }
 
 QString VerilatorTypes::declaredText(const pugi::xml_node &var, const VerilatorType &known) const

@@ -54,6 +54,9 @@ public:
     // `shown`: its type, or that of an element when it is an array.
     QString declaredText(const pugi::xml_node &var, const VerilatorType &shown) const;
     QStringList enumLabels(const pugi::xml_node &var, const QString &module) const;
+    // Of a packed structure or union, the members with their bits in it: "hdr.len[12:9]"; at most some
+    // hundreds.
+    QStringList members(const char *id) const;
 
 private:
     struct Enumeration
@@ -67,12 +70,15 @@ private:
     VerilatorType basic(const pugi::xml_node &node) const;
     VerilatorType structure(const pugi::xml_node &node) const;
     VerilatorType packedArray(const pugi::xml_node &node) const;
+    bool isStructure(const char *id, int level) const;
+    void addMembers(const char *id, const QString &path, int low, int level, QStringList &members) const;
     void addEnumeration(const pugi::xml_node &node);
     QString enumLabel(const pugi::xml_node &item) const;
 
     std::unordered_map<std::string_view, pugi::xml_node> m_nodes;
     mutable std::unordered_map<std::string_view, VerilatorType> m_types;
-    std::unordered_multimap<std::string, Enumeration> m_enumerations; // by name without its scope
+    mutable std::unordered_map<std::string_view, QStringList> m_members; // one copy for all declarations
+    std::unordered_multimap<std::string, Enumeration> m_enumerations;    // by name without its scope
 };
 
 // The digits of a Verilator constant, "32'sh1f". Values beyond 64 bits are cut.

@@ -183,7 +183,7 @@ void Elaborator::readVhdl()
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             m_verilator.setTop(top);
-        if (!isUsable && goOnWithout(Vhdl))
+        if (!isUsable && !m_vhdl->didToolFail() && goOnWithout(Vhdl))
             return readDesign();
         proceed(isUsable ? makeFiles() : Failed);
     });

@@ -39,6 +39,7 @@ public:
     // them. Then false when there was nothing to do.
     void adaptGenerics(const QString &xmlFile, const std::function<void(bool)> &then);
 
+    bool didToolFail() const { return m_didToolFail; } // itself, whatever the sources are
     // The module that stands for that entity, in any spelling; empty when there is none.
     QString moduleOf(const QString &entity) const { return m_modules.value(entity.toLower()); }
     bool hasEntity(const QString &name) const { return m_analysis.entities().contains(name.toLower()); }
@@ -103,6 +104,7 @@ private:
     QMap<QString, QString> m_waveforms;
     int m_simulations = 0;
     bool m_isStarted = false; // the last simulation reached its first moment
+    bool m_didToolFail = false;
     bool m_mayRun = true;
     bool m_isForeignJudged = false;
     ToolRun *m_tree = nullptr; // the runner's; null before the sources are read

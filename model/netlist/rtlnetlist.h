@@ -32,11 +32,13 @@ struct Declaration
     int line = 0;
     QString type;           // as declared, "logic [7:0]", "state_t"; may be empty
     QStringList enumLabels; // "IDLE=0", in order of declaration; empty when the type is no enumeration
+    QStringList members;    // "len[12:9]", those of a packed structure with their bits in the bus
 
     // Whether all but the line is the same: a module keeps that once.
     bool isAlike(const Declaration &other) const
     {
-        return file == other.file && type == other.type && enumLabels == other.enumLabels;
+        return file == other.file && type == other.type && enumLabels == other.enumLabels &&
+               members == other.members;
     }
 };
 

@@ -67,6 +67,7 @@ module top(input wire signed [7:0] a);
   logic [1:0][3:0] packs;
   p1::e_t unclear; p2::e_t other;
   struct packed { logic x; } rec;
+  struct packed { struct packed { logic [0:2] len; logic ok; } [2:1] h; union packed { byte b; logic [7:0] n; } u; } deep;
   byte octet;
 endmodule)")
                             << "a[7:0] 3: logic signed [7:0]\n"
@@ -74,8 +75,10 @@ endmodule)")
                                "packs[7:0] 7: logic [1:0][3:0]\n"
                                "unclear[31:0] 8: e_t\n"
                                "other[31:0] 8: e_t\n"
-                               "rec[0:0] 9: struct packed\n"
-                               "octet[7:0] 10: byte\n"
+                               "rec[0:0] 9: struct packed { x[0] }\n"
+                               "deep[15:0] 10: struct packed { h[2].len[15:13] h[2].ok[12] h[1].len[11:9] "
+                               "h[1].ok[8] u.b[7:0] u.n[7:0] }\n"
+                               "octet[7:0] 11: byte\n"
                                "flag 6: enum logic = OFF=0 ON=1";
     QTest::newRow("copied.sv") << QByteArray(R"(// pragma translate_off
   junk
@@ -157,7 +160,8 @@ void NetlistReaderTest::declarations()
     const auto note = [&](const QString &name, const Declaration &info) {
         QCOMPARE(info.file, info.line ? file : QString());
         lines += name.section('/', 1) + (info.line ? QString(" %1: ").arg(info.line) : " -") + info.type +
-                 (info.enumLabels.isEmpty() ? QString() : " = " + info.enumLabels.join(' '));
+                 (info.enumLabels.isEmpty() ? QString() : " = " + info.enumLabels.join(' ')) +
+                 (info.members.isEmpty() ? QString() : " { " + info.members.join(' ') + " }");
     };
     for (const RtlNetBus *bus : netlist->topHierarchy->netbusesIncludeSub())
         note(bus->fullBusName(), bus->declaration());
