@@ -266,7 +266,7 @@ QStringList ReadingRepairs::hints() const
     const SourceNeeds needs(m_verilator.files());
     QStringList tops;
     for (const QString &root : needs.roots()) {
-        if (!faulty.intersects(needs.filesFor(root)))
+        if ((needs.filesFor(root) & faulty).isEmpty())
             tops.append(root);
     }
     if (!tops.isEmpty())
