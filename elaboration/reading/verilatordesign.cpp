@@ -323,24 +323,21 @@ void VerilatorDesign::readArray(const pugi::xml_node &var, VerilatorModule &modu
     if (array.dimensions.empty() || !array.element.isNet || fileOf(var).isGenerated ||
         (!var.attribute("dir") && count > mostElements))
         return;
-    VerilatorType element = array.element;
-    if (count * element.width() > NetlistBuilder::maxNets) { // the builder says so
-        element.isVector = true;
-        element.left = std::numeric_limits<int>::max();
-        element.right = 0;
+    VerilatorNet net(var, array.element);
+    NetDecl decl = declaration(var, array.element, module);
+    if (count * array.element.width() > NetlistBuilder::maxNets) { // the builder says so
+        decl.isBus = true;
+        decl.left = std::numeric_limits<int>::max();
+        return show(net, decl, scope);
     }
-    VerilatorElements elements;
-    elements.first = int(module.nets.size());
-    elements.dimensions = array.dimensions;
-    for (qint64 i = 0; i < count && (i == 0 || element.left != std::numeric_limits<int>::max()); ++i) {
-        VerilatorNet net(var, element);
-        NetDecl decl = declaration(var, element, module);
-        decl.name += array.index(i);
+    scope.arrays[net.name] = {int(module.nets.size()), array.dimensions};
+    net.scope = &scope;
+    const QString name = decl.name;
+    for (qint64 i = 0; i < count; ++i) {
+        decl.name = name + array.index(i);
         show(net, decl, scope);
-        net.scope = &scope;
         module.nets.push_back(net);
     }
-    scope.arrays.emplace(var.attribute("name").value(), elements);
 }
 
 void VerilatorDesign::show(VerilatorNet &net, const NetDecl &decl, VerilatorScope &scope)

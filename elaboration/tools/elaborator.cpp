@@ -292,26 +292,26 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
     }
     if (m_topUnknown && !others.isEmpty())
         return proceed(Done);
-    if (!others.isEmpty() && m_repairs.tryNext(others))
-        return proceed(Again);
     if (others.isEmpty() && missing.isEmpty())
         return proceed(Done);
     if (others.isEmpty())
         return provide(missing, [this](Verdict verdict) { proceed(verdict); });
     if (m_boxes.adapt(others))
         return proceed(makeFiles());
-    const auto giveUp = [=](Verdict verdict) {
-        if (verdict == Failed) {
-            report(m_repairs.refused(), ToolMessage::Error);
-            m_result->lists.messages += m_repairs.hints();
-        }
-        proceed(verdict == Failed && goOnWithout(Verilog) ? Again : verdict);
-    };
     // VHDL and Verilog that spell a port differently.
     if (m_vhdl && others.first().code == QLatin1String("PINNOTFOUND"))
-        provide(missing, giveUp);
-    else
-        giveUp(Failed);
+        return provide(missing,
+                       [=](Verdict verdict) { verdict == Failed ? tryRepairs(others) : proceed(verdict); });
+    tryRepairs(others);
+}
+
+void Elaborator::tryRepairs(const QList<ToolMessage> &errors)
+{
+    if (m_repairs.tryNext(errors))
+        return proceed(Again);
+    report(m_repairs.refused(), ToolMessage::Error);
+    m_result->lists.messages += m_repairs.hints();
+    proceed(goOnWithout(Verilog) ? Again : Failed);
 }
 
 // The user is told which tops there are.

@@ -65,6 +65,7 @@ private:
     void proceed(Verdict verdict);
     void judge(const ToolResult &result);
     void repair(const QList<ToolMessage> &errors);
+    void tryRepairs(const QList<ToolMessage> &errors);
     void proceedWithoutTop();
     // Finds a definition for modules that have none: a VHDL entity, or else a black box.
     void provide(const QStringList &missing, const std::function<void(Verdict)> &then);

@@ -178,14 +178,17 @@ bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
             m_systemVerilog.remove(file);
         }
     }
-    if (isFurther && guess != AsksForTool)
-        m_errors = errors;
-    return isFurther && guess != AsksForTool;
+    if (guess == AsksForTool)
+        m_verilator.setToolMacro(false);
+    if (!isFurther || guess == AsksForTool)
+        return false;
+    m_errors = errors;
+    return true;
 }
 
 bool ReadingRepairs::guessNext()
 {
-    return guessLanguage() || guessAssertions() || guessToolMacro() || leaveOutUnneeded();
+    return guessLanguage() || guessAssertions() || leaveOutUnneeded() || guessToolMacro();
 }
 
 // Strict reading comes first: it keeps nets that are called "do" or "logic".
@@ -221,12 +224,13 @@ bool ReadingRepairs::guessAssertions()
 
 bool ReadingRepairs::guessToolMacro()
 {
-    if (!m_verilator.mayDefineToolMacro())
+    if (m_toolMacroTried || !m_verilator.mayDefineToolMacro())
         return false;
+    m_toolMacroTried = true;
     const QRegExp question(QLatin1String("`(?:ifn?def|elsif)\\s+verilator\\b"), Qt::CaseInsensitive);
     for (const QString &file : m_verilator.files() + m_copies.includedFiles()) {
         if (QString::fromLatin1(sourceOf(file)).contains(question)) {
-            m_verilator.defineToolMacro();
+            m_verilator.setToolMacro(true);
             m_guess = AsksForTool;
             return true;
         }
@@ -266,7 +270,7 @@ QStringList ReadingRepairs::hints() const
     const SourceNeeds needs(m_verilator.files());
     QStringList tops;
     for (const QString &root : needs.roots()) {
-        if (!faulty.intersects(needs.filesFor(root)))
+        if ((needs.filesFor(root) & faulty).isEmpty())
             tops.append(root);
     }
     if (!tops.isEmpty())

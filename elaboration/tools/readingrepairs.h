@@ -64,6 +64,7 @@ private:
     QMap<QString, QString> m_strays;
     QStringList m_notes;
     bool m_packagesOrdered = false;
+    bool m_toolMacroTried = false;
 };
 
 } // namespace QUARRY

@@ -98,14 +98,16 @@ QList<ToolMessage> parseGhdlMessages(const QByteArray &output)
 
 QList<ToolMessage> folded(const QList<ToolMessage> &messages)
 {
+    const auto isFolded = [](const ToolMessage &message) {
+        return message.severity == ToolMessage::Warning && !message.otherLine;
+    };
     QHash<QString, int> counts;
     for (const ToolMessage &message : messages)
-        ++counts[message.text];
+        counts[message.text] += isFolded(message) ? 1 : 0;
     QList<ToolMessage> once;
     for (ToolMessage message : messages) {
-        const int count = counts.value(message.text);
-        counts[message.text] = message.severity == ToolMessage::Warning ? 0 : count;
-        if (count > 1 && message.severity == ToolMessage::Warning)
+        const int count = isFolded(message) ? counts.take(message.text) : 1;
+        if (count > 1)
             message.text += QString::fromLatin1(" (%1 times)").arg(count);
         if (count > 0)
             once.append(message);

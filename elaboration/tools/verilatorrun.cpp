@@ -85,6 +85,12 @@ VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, 
     m_parameters = input.parameters;
 }
 
+void VerilatorRun::setTop(const QString &module)
+{
+    m_top = module;
+    m_parameters.clear();
+}
+
 bool VerilatorRun::orderPackagesFirst()
 {
     const QStringList before = m_files;
@@ -120,7 +126,7 @@ QStringList VerilatorRun::plainVerilog() const
 
 bool VerilatorRun::mayDefineToolMacro() const
 {
-    return !m_definesToolMacro && !isSet(m_input.undefines, toolMacros[0]);
+    return !isSet(m_input.undefines, toolMacros[0]);
 }
 
 // A file of that name, in a folder before all others, which has no module.

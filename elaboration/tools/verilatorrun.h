@@ -20,7 +20,8 @@ public:
     VerilatorRun(const DesignInput &input, const ScratchDir &scratch, SafeNames &names);
 
     void setMadeFiles(const QStringList &files) { m_madeFiles = files; } // .sv, or .vg for Verilog 2005
-    void setTop(const QString &module) { m_top = module; }               // DesignInput::top unless set
+    // DesignInput::top and its parameters unless set. For a module that stands for it, or none.
+    void setTop(const QString &module);
     QString top() const { return m_top; }
     bool isMade(const QString &file) const { return m_madeFiles.contains(file); }
     bool hasFiles() const { return !m_files.isEmpty() || !m_madeFiles.isEmpty(); }
@@ -31,10 +32,10 @@ public:
     void addLibraryFile(const QString &file);                  // whose modules are read when they are used
     void setSystemVerilog(const QString &file, bool isSystem); // what it includes is read alike
     QStringList plainVerilog() const;                          // the files that are read as such
-    // The sources see the macros by which they tell this tool from synthesis.
+    // Whether the sources see the macros by which they tell this tool from synthesis.
     bool mayDefineToolMacro() const;
     bool definesToolMacro() const { return m_definesToolMacro; }
-    void defineToolMacro() { m_definesToolMacro = true; }
+    void setToolMacro(bool isDefined) { m_definesToolMacro = isDefined; }
     // Lets the tool find no file for that module. False when that is done already.
     bool hideModule(const QString &name);
     bool leaveOut(const QString &file); // false when it is no source

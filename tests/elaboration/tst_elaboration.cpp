@@ -179,11 +179,18 @@ void repairRows()
         "generate case (S) \"word\": begin : g wire y; end endcase endgenerate endmodule\n",
         "top t\nmodules t\nWARNING: The top module has no parameter NONE. Its value is left out.",
         "t:t x[3:0]\nt/g:g y");
+    const QString second = "Module a is declared a second time. What @/a.v:1 declares is used.";
     row("declared twice", "",
-        "== a.v\nmodule a(input first); endmodule\n== b.v\n\nmodule a(input second); endmodule\n",
-        "top a\nmodules a\nWARNING: @/b.v:2: Module a is declared a second time. What @/a.v:1 declares is "
-        "used.",
-        "a:a first");
+        "== a.v\nmodule a(input first); endmodule\n== b.v\n\nmodule a(input second); endmodule\n"
+        "== c.v\nmodule a(input third); endmodule\n",
+        "top a\nmodules a\nWARNING: @/b.v:2: " + second + "\nWARNING: @/c.v:1: " + second, "a:a first");
+    row("warnings", "",
+        "== a.sv\n`timescale 1ns/1ps\nmodule a(input x);\nif (1) $warning(\"odd\");\nif (1) "
+        "$warning(\"odd\");\n"
+        "if (1) $warning(\"other\");\nwire [3:0] v; wire k = v[7]; b u(); endmodule\n== b.sv\nmodule b; "
+        "endmodule\n",
+        "top a\nmodules a b\nWARNING: @/a.sv:3: odd (2 times)\nWARNING: @/a.sv:5: other",
+        "a:a x k v[3:0]\na/u:b");
     row("declared twice in VHDL", "",
         "== a.vhd\nentity a is port (first : in bit); end; architecture r of a is begin end;\n"
         "== b.vhd\nentity A is port (second : in bit); end; architecture r of A is begin end;\n"
@@ -401,6 +408,17 @@ private Q_SLOTS:
         const QString found = listed(input);
         QVERIFY2(fits(found, lists), qPrintable("\nfound:\n" + found + "\nexpected:\n" + lists));
         QCOMPARE(built(input), design);
+    }
+
+    void refusesUtf16()
+    {
+        for (const QString name : {"a.v", "a.vhd"}) {
+            m_sources->write(name, QByteArray("\xff\xfem\0", 4));
+            QCOMPARE(listModules(m_sources->input({name})).messages,
+                     QStringList(
+                         "ERROR: " + path(name) +
+                         " cannot be read: it is written in UTF-16, which no tool reads. Save it as UTF-8."));
+        }
     }
 
     void takesAnyFileName_data()
