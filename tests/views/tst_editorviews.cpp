@@ -83,6 +83,11 @@ private Q_SLOTS:
             });
 
         const Shown shown(m_mode, config("a.zub"));
+        QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
+        QStringList tops, modules, messages; // the library's answer is that about the sources alone
+        auto *view = static_cast<RTLJEX::EditorView *>(shown.view.data());
+        const bool isGood = view->getRtlModules(info, tops, modules, messages);
+        QCOMPARE(isGood, messages.filter("ERROR").isEmpty());
         QCOMPARE(driver.seen.join("\n"), said);
         QCOMPARE(shown.opened, said.isEmpty());
         QCOMPARE(shown.error, QString());
