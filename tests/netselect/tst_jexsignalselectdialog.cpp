@@ -8,6 +8,7 @@
 
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
+#include "netselect/netsearch.h"
 #include "netselect/resultrows.h"
 #include "netselect/rtlnetlisttreeview.h"
 #include "signals/signalrows.h"
@@ -205,6 +206,31 @@ private Q_SLOTS:
                               "b:top/part[1:0]{~top/part[1],top/part[0]}",
                               "b:top/dead[1:0]{~top/dead[1],~top/dead[0]}", "s:top/clk", "~s:top/tied"}));
         QCOMPARE(rowText(&shown), rowText(&built));
+
+        QTreeWidget modules;
+        ModuleForWidget root;
+        root.name = "top";
+        root.nets = top->nets;
+        root.buses = top->buses;
+        showModuleResult(&modules, root);
+        QTreeWidgetItem parent;
+        for (const QUARRY::RtlNetBus *bus : root.buses) {
+            QStringList names(bus->BusName());
+            for (const QUARRY::RtlNet *net : bus->members)
+                names << net->name();
+            signal2TreeItemForHierarchy(&parent, signalOfBus(bus), names, 0);
+        }
+        for (const QUARRY::RtlNet *net : root.nets)
+            signal2TreeItemForHierarchy(&parent, signalOfNet(net), QStringList(net->name()), 0);
+        QTreeWidget expected;
+        expected.addTopLevelItems(parent.takeChildren());
+        for (int i = 0; i < expected.topLevelItemCount(); ++i)
+            settleRow(expected.topLevelItem(i)); // taken out and put in
+        QTreeWidget found;
+        found.addTopLevelItems(modules.topLevelItem(0)->takeChildren());
+        for (int i = 0; i < found.topLevelItemCount(); ++i)
+            settleRow(found.topLevelItem(i));
+        QCOMPARE(rowText(&found), rowText(&expected));
     }
 
     void picksAreReturned_data()
