@@ -91,8 +91,9 @@ void RunMenu::onInsert()
     const QString file = chosenFile();
     if (!alive || file.isEmpty())
         return;
-    const QString output = QFileDialog::getSaveFileName(m_window, "New Folder for the Analyzer", folder() + "/jex", QString(),
-                                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString output =
+        QFileDialog::getSaveFileName(m_window, "New Folder for the Analyzer", folder() + "/jex", QString(),
+                                     nullptr, QFileDialog::DontConfirmOverwrite);
     if (alive && !output.isEmpty())
         insert(file, output);
 }

@@ -24,8 +24,8 @@ class Configuration;
 
 namespace Workbench {
 
-// The menu Run: what a saved configuration does in the design of the open project. Each work runs below a dialog with
-// its stage and a Cancel button; what came of it is told as messages.
+// The menu Run: what a saved configuration does in the design of the open project. Each work runs below a
+// dialog with its stage and a Cancel button; what came of it is told as messages.
 class RunMenu : public QObject
 {
     Q_OBJECT

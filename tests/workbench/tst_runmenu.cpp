@@ -25,9 +25,11 @@ private Q_SLOTS:
     {
         MainWindow window(nullptr);
         window.show();
-        QCOMPARE(actions(window), QStringList({"-&Insert into Design...", "-&Simulate Capture...", "-&Open Waveform"}));
+        QCOMPARE(actions(window),
+                 QStringList({"-&Insert into Design...", "-&Simulate Capture...", "-&Open Waveform"}));
         QVERIFY(window.workspace()->openProject(m_folder.path("soc/soc.jexprj")));
-        QCOMPARE(actions(window), QStringList({"+&Insert into Design...", "+&Simulate Capture...", "-&Open Waveform"}));
+        QCOMPARE(actions(window),
+                 QStringList({"+&Insert into Design...", "+&Simulate Capture...", "-&Open Waveform"}));
         const QString file = m_folder.path("soc/capture.zub"), made = m_folder.path("soc/jex");
 
         QVERIFY(!window.runMenu()->insert(file, m_folder.path("soc/rtl")));
