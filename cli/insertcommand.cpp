@@ -10,9 +10,6 @@
 namespace Cli {
 namespace {
 
-const QStringList outputNames{"cores.v",  "design.v",   "bind.sv",   "probe.v",
-                              "map.json", "proof.json", "report.txt"};
-
 bool readOptions(const Arguments &arguments, Insertion::InsertionOptions &options)
 {
     options.prove = arguments.parser.isSet("prove");
@@ -89,7 +86,8 @@ ExitCode insert(const QStringList &words, Output &out)
     ExitCode result = Fine;
     if (!input.open(arguments, options, "insert", &result))
         return result;
-    QString error = Insertion::outputFault(folder, outputNames, sourcesOf(input.design, input.file));
+    QString error = Insertion::outputFault(folder, Insertion::InsertionJob::fileNames(),
+                                           sourcesOf(input.design, input.file));
     if (!error.isEmpty()) {
         say("jex insert: " + error);
         return CouldNotRun;

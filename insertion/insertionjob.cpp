@@ -69,6 +69,11 @@ InsertionJob::InsertionJob(const DesignInput &input, const RTLJEX::Configuration
 
 InsertionJob::~InsertionJob() = default;
 
+QStringList InsertionJob::fileNames()
+{
+    return {"cores.v", "design.v", "bind.sv", "probe.v", "map.json", "proof.json", "report.txt"};
+}
+
 QByteArray InsertionJob::prefix() const
 {
     return m_surgery->prefix;

@@ -64,7 +64,8 @@ public:
     const QStringList &messages() const
     {
         return m_messages;
-    } // sentences; those that end the job begin with ERROR
+    }                               // sentences; those that end the job begin with ERROR
+    static QStringList fileNames(); // that files() may have
     const QMap<QString, QByteArray> &files() const { return m_files; } // by name
     const Analyzer &analyzer() const { return *m_analyzer; }
     QByteArray prefix() const; // of the names that were added to the design

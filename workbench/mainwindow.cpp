@@ -34,6 +34,7 @@
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
+#include "workbench/runmenu.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -185,6 +186,8 @@ void MainWindow::createProjectMenu()
 
 void MainWindow::createOtherMenus()
 {
+    m_runMenu = new RunMenu(menuBar()->addMenu("&Run"), this);
+    connect(m_runMenu, &RunMenu::message, this, &MainWindow::addMessage);
     QMenu *view = menuBar()->addMenu("&View");
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         view->addAction(dock->toggleViewAction());
@@ -452,6 +455,7 @@ void MainWindow::updateState()
     for (QAction *action : qAsConst(m_projectActions))
         action->setEnabled(m_workspace->project() != nullptr);
     m_removeAction->setEnabled(!m_tree->selectedFiles().isEmpty());
+    m_runMenu->setEnabled(m_workspace->project() != nullptr);
 }
 
 void MainWindow::fillRecentMenu()

@@ -17,6 +17,7 @@ namespace Workbench {
 class MessagePane;
 class ProjectBanner;
 class ProjectTree;
+class RunMenu;
 class Workspace;
 
 // The window: project tree and message pane around the tabs of the views, menus and status bar.
@@ -30,6 +31,7 @@ public:
     ~MainWindow() override;
 
     Workspace *workspace() const;
+    RunMenu *runMenu() const { return m_runMenu; }
     void addMessage(const QString &text, bool isError);
     void addFinding(Core::IView *view, const Core::Finding &finding); // a double click on it shows its place
 
@@ -82,6 +84,7 @@ private:
     MessagePane *m_messages;
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
+    RunMenu *m_runMenu = nullptr; // the menu's
     QMenu *m_recentMenu = nullptr;
     QAction *m_closeAction = nullptr;
     QAction *m_removeAction = nullptr;

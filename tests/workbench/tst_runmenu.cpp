@@ -1,0 +1,101 @@
+#include <QAction>
+#include <QMenuBar>
+#include <QProcess>
+#include <QProgressDialog>
+#include <QTimer>
+#include <QtTest>
+
+#include "tests/support/files.h"
+#include "workbench/mainwindow.h"
+#include "workbench/messagepane.h"
+#include "workbench/runmenu.h"
+#include "workbench/workspace.h"
+
+using namespace Workbench;
+
+// The menu Run on a copy of the example.
+class RunMenuTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCOMPARE(QProcess::execute("cp", {"-r", SOC, m_folder.path("soc")}), 0); }
+
+    void runs()
+    {
+        MainWindow window(nullptr);
+        window.show();
+        QCOMPARE(actions(window),
+                 QStringList({"-&Insert into Design...", "-&Simulate Capture...", "-&Open Waveform"}));
+        QVERIFY(window.workspace()->openProject(m_folder.path("soc/soc.jexprj")));
+        QCOMPARE(actions(window),
+                 QStringList({"+&Insert into Design...", "+&Simulate Capture...", "-&Open Waveform"}));
+        const QString file = m_folder.path("soc/capture.zub"), made = m_folder.path("soc/jex");
+
+        QVERIFY(!window.runMenu()->insert(file, m_folder.path("soc/rtl")));
+        QVERIFY(told(window).contains("is a folder of the sources"));
+        QVERIFY(window.runMenu()->insert(file, made));
+        QVERIFY(told(window).contains("The analyzer of capture.zub is in " + made));
+        QVERIFY(QFileInfo::exists(made + "/design.v"));
+
+        const QString bench = m_folder.path("soc/tb/soc_tb.v"), waveform = m_folder.path("capture.vcd");
+        QVERIFY2(window.runMenu()->simulate(file, {bench}, waveform), qPrintable(told(window)));
+        QVERIFY(told(window).contains("PASS"));
+        QVERIFY(contents(waveform).contains("bridge_state"));
+        QVERIFY(actions(window).contains("+&Open Waveform"));
+        const QString shot = qEnvironmentVariable("JEX_SHOT");
+        if (!shot.isEmpty())
+            window.grab().save(shot);
+    }
+
+    // In whatever stage: nothing is written, and the window goes on.
+    void cancelled_data()
+    {
+        QTest::addColumn<QString>("title");
+        for (const char *title : {"Read Design", "Insert into Design", "Simulate Capture"})
+            QTest::newRow(title) << title;
+    }
+    void cancelled()
+    {
+        QFETCH(QString, title);
+        MainWindow window(nullptr);
+        QVERIFY(window.workspace()->openProject(m_folder.path("soc/soc.jexprj")));
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, [&] {
+            for (QProgressDialog *dialog : window.findChildren<QProgressDialog *>()) {
+                if (dialog->windowTitle() == title)
+                    Q_EMIT dialog->canceled(); // as its button does
+            }
+        });
+        timer.start(20);
+        const QString file = m_folder.path("soc/capture.zub"), output = m_folder.path("cancelled");
+        const bool isDone = title == "Simulate Capture"
+                                ? window.runMenu()->simulate(file, {m_folder.path("soc/tb/soc_tb.v")}, output)
+                                : window.runMenu()->insert(file, output);
+        QVERIFY(!isDone);
+        QVERIFY2(told(window).contains("Cancelled"), qPrintable(told(window)));
+        QVERIFY(!QFileInfo::exists(output));
+        QVERIFY(window.findChildren<QProgressDialog *>().isEmpty());
+    }
+
+private:
+    // Of the menu, "+" before those that are enabled.
+    static QStringList actions(const MainWindow &window)
+    {
+        QStringList texts;
+        for (const QAction *menu : window.menuBar()->actions()) {
+            if (menu->text() != "&Run")
+                continue;
+            for (const QAction *action : menu->menu()->actions())
+                texts << (action->isEnabled() ? '+' : '-') + action->text();
+        }
+        return texts;
+    }
+
+    static QString told(const MainWindow &window) { return window.findChild<MessagePane *>()->toPlainText(); }
+
+    Folder m_folder;
+};
+
+QTEST_MAIN(RunMenuTest)
+#include "tst_runmenu.moc"

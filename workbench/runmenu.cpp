@@ -1,0 +1,244 @@
+#include "workbench/runmenu.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QProcess>
+#include <QProgressDialog>
+#include <QUrl>
+
+#include "check/configuration.h"
+#include "elaboration/elaboration.h"
+#include "elaboration/readingjob.h"
+#include "elaboration/tools/toolprocess.h"
+#include "host/atomicfile.h"
+#include "host/designmanager.h"
+#include "host/iview.h"
+#include "host/project.h"
+#include "host/viewmanager.h"
+#include "insertion/insertionjob.h"
+#include "insertion/outputfolder.h"
+#include "insertion/simulationjob.h"
+#include "model/jex/devicetable.h"
+#include "model/netlist/rtlnetlist.h"
+
+namespace Workbench {
+namespace {
+
+QUARRY::DesignInput designInput()
+{
+    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+}
+
+} // namespace
+
+RunMenu::RunMenu(QMenu *menu, QWidget *window)
+    : QObject(menu),
+      m_window(window),
+      m_insertAction(menu->addAction("&Insert into Design...")),
+      m_simulateAction(menu->addAction("&Simulate Capture...")),
+      m_openAction(menu->addAction("&Open Waveform"))
+{
+    connect(m_insertAction, &QAction::triggered, this, &RunMenu::onInsert);
+    connect(m_simulateAction, &QAction::triggered, this, &RunMenu::onSimulate);
+    connect(m_openAction, &QAction::triggered, this, &RunMenu::onOpenWaveform);
+    m_openAction->setEnabled(false);
+}
+
+void RunMenu::setEnabled(bool isEnabled)
+{
+    m_insertAction->setEnabled(isEnabled);
+    m_simulateAction->setEnabled(isEnabled);
+}
+
+bool RunMenu::fail(const QString &text)
+{
+    Q_EMIT message(text, true);
+    return false;
+}
+
+void RunMenu::tell(const QStringList &messages)
+{
+    for (const QString &text : messages)
+        Q_EMIT message(text, QUARRY::isError(text));
+}
+
+QString RunMenu::folder() const
+{
+    const Core::Project *project = Core::ProjectManager::currentProject();
+    return project ? project->workingDir() : QString();
+}
+
+// The file of the view in front. What it holds on the disk counts, so it has to be saved.
+QString RunMenu::chosenFile()
+{
+    const Core::IView *view = Core::ViewManager::instance()->currentView();
+    const Core::EditedFile edited = view ? view->editedFile() : Core::EditedFile();
+    if (edited.path.isEmpty())
+        return QFileDialog::getOpenFileName(m_window, "Configuration", folder(), "Configurations (*.zub)");
+    if (!edited.isModified)
+        return edited.path;
+    fail(QFileInfo(edited.path).fileName() + " has changes that are not saved. Save it first.");
+    return QString();
+}
+
+void RunMenu::onInsert()
+{
+    const QPointer<RunMenu> alive(this);
+    const QString file = chosenFile();
+    if (!alive || file.isEmpty())
+        return;
+    const QString output =
+        QFileDialog::getSaveFileName(m_window, "New Folder for the Analyzer", folder() + "/jex", QString(),
+                                     nullptr, QFileDialog::DontConfirmOverwrite);
+    if (alive && !output.isEmpty())
+        insert(file, output);
+}
+
+void RunMenu::onSimulate()
+{
+    const QPointer<RunMenu> alive(this);
+    const QString file = chosenFile();
+    if (!alive || file.isEmpty())
+        return;
+    const QStringList bench =
+        QFileDialog::getOpenFileNames(m_window, "Test Bench", folder(), "Verilog (*.v *.sv);;All files (*)");
+    if (!alive || bench.isEmpty())
+        return;
+    const QString proposed = folder() + '/' + QFileInfo(file).completeBaseName() + ".vcd";
+    const QString output =
+        QFileDialog::getSaveFileName(m_window, "Captured Windows", proposed, "Waveforms (*.vcd)");
+    if (alive && !output.isEmpty())
+        simulate(file, bench, output);
+}
+
+void RunMenu::onOpenWaveform()
+{
+    const QString viewer = QUARRY::findProgram("gtkwave");
+    const bool isOpened = viewer.isEmpty() ? QDesktopServices::openUrl(QUrl::fromLocalFile(m_waveform))
+                                           : QProcess::startDetached(viewer, {m_waveform});
+    if (!isOpened)
+        fail("No program was found that shows " + m_waveform + ". Install Debian's package gtkwave.");
+}
+
+template <class Job>
+bool RunMenu::runBelowDialog(const QString &title, Job &job)
+{
+    const QPointer<RunMenu> alive(this);
+    const QPointer<QProgressDialog> dialog(new QProgressDialog(m_window));
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 48);
+    dialog->setLabel(label);
+    dialog->setWindowTitle(title);
+    dialog->setWindowModality(Qt::ApplicationModal);
+    dialog->setRange(0, 0);
+    dialog->setAutoClose(false);
+    dialog->setAutoReset(false);
+    connect(&job, &Job::stageChanged, dialog.data(), &QProgressDialog::setLabelText);
+    connect(dialog.data(), &QProgressDialog::canceled, &job, &Job::cancel);
+    connect(dialog.data(), &QObject::destroyed, &job, &Job::cancel);
+    dialog->show();
+    job.start();
+    // Whoever ends the program hides the window and waits for this loop.
+    const bool wasShown = m_window && m_window->isVisible();
+    while (!job.isFinished()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (wasShown && !(m_window && m_window->isVisible()))
+            job.cancel();
+    }
+    if (dialog) {
+        dialog->disconnect(&job);
+        delete dialog.data();
+    }
+    return alive;
+}
+
+bool RunMenu::open(const QString &file, RTLJEX::Configuration &configuration,
+                   std::unique_ptr<QUARRY::RtlNetlist> &netlist)
+{
+    QString error;
+    if (!configuration.read(file, &error))
+        return fail(error);
+    QUARRY::ReadingJob reading(designInput(), QUARRY::ReadingJob::Netlist);
+    if (!runBelowDialog("Read Design", reading))
+        return false;
+    if (reading.isCancelled())
+        return fail("Cancelled.");
+    netlist.reset(reading.takeNetlist());
+    if (!netlist || !netlist->topHierarchy) {
+        tell(reading.modules().messages + reading.netlistMessages());
+        return fail("The design cannot be read.");
+    }
+    const RTLJEX::FileFindings findings = configuration.judge(*netlist);
+    for (const QString &text : findings.errors)
+        fail(text);
+    for (const RTLJEX::StaleSignal &stale : findings.stale)
+        fail(RTLJEX::staleSentence(stale));
+    return findings.isEmpty();
+}
+
+bool RunMenu::insert(const QString &file, const QString &folder)
+{
+    RTLJEX::Configuration configuration;
+    std::unique_ptr<QUARRY::RtlNetlist> netlist;
+    QStringList sources{file};
+    for (const QUARRY::DesignSource &source : designInput().files)
+        sources << source.path;
+    const QString fault = Insertion::outputFault(folder, Insertion::InsertionJob::fileNames(), sources);
+    if (!fault.isEmpty())
+        return fail(fault);
+    if (!open(file, configuration, netlist))
+        return false;
+    Insertion::InsertionOptions options;
+    if (const Core::Project *project = Core::ProjectManager::currentProject())
+        options.device = JEX_TOOL::findDevice(project->data().device.series, project->data().device.device);
+    Insertion::InsertionJob job(designInput(), configuration, *netlist, options);
+    if (!runBelowDialog("Insert into Design", job))
+        return false;
+    tell(job.messages());
+    if (job.outcome() == Insertion::InsertionJob::Cancelled)
+        return fail("Cancelled: nothing was written.");
+    QString error;
+    if (job.files().isEmpty())
+        return false;
+    if (!Insertion::writeFolder(folder, job.files(), &error))
+        return fail(error);
+    Q_EMIT message("The analyzer of " + QFileInfo(file).fileName() + " is in " + folder + ".\n" +
+                       QString::fromUtf8(job.files().value("report.txt")).trimmed(),
+                   false);
+    return job.outcome() == Insertion::InsertionJob::Done;
+}
+
+bool RunMenu::simulate(const QString &file, const QStringList &bench, const QString &waveform)
+{
+    RTLJEX::Configuration configuration;
+    std::unique_ptr<QUARRY::RtlNetlist> netlist;
+    if (!open(file, configuration, netlist))
+        return false;
+    Insertion::SimulationOptions options;
+    options.bench = bench;
+    Insertion::SimulationJob job(designInput(), configuration, *netlist, options);
+    if (!runBelowDialog("Simulate Capture", job))
+        return false;
+    const QString words = QString::fromUtf8(job.benchWords()).trimmed();
+    if (!words.isEmpty())
+        Q_EMIT message(words, false);
+    tell(job.messages());
+    if (job.outcome() == Insertion::SimulationJob::Cancelled)
+        return fail("Cancelled: nothing was written.");
+    QString error;
+    if (job.waveform().isEmpty())
+        return false;
+    if (!QUtil::writeFileAtomically(waveform, job.waveform(), &error))
+        return fail(error);
+    m_waveform = waveform;
+    m_openAction->setEnabled(true);
+    Q_EMIT message("What was captured is in " + waveform + ". Run > Open Waveform shows it.", false);
+    return job.outcome() == Insertion::SimulationJob::Done;
+}
+
+} // namespace Workbench

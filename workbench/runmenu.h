@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+namespace Insertion {
+class InsertionJob;
+class SimulationJob;
+} // namespace Insertion
+namespace QUARRY {
+class RtlNetlist;
+}
+namespace RTLJEX {
+class Configuration;
+}
+
+namespace Workbench {
+
+// The menu Run: what a saved configuration does in the design of the open project. Each work runs below a
+// dialog with its stage and a Cancel button; what came of it is told as messages.
+class RunMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    RunMenu(QMenu *menu, QWidget *window); // neither owned
+
+    void setEnabled(bool isEnabled); // by whether there is a project
+
+    // Without questions, for the actions; false when it did not go well, as the messages say.
+    bool insert(const QString &file, const QString &folder);
+    bool simulate(const QString &file, const QStringList &bench, const QString &waveform);
+
+Q_SIGNALS:
+    void message(const QString &text, bool isError);
+
+private:
+    void onInsert();
+    void onSimulate();
+    void onOpenWaveform();
+    QString chosenFile();
+    QString folder() const;
+    bool fail(const QString &text);
+    bool open(const QString &file, RTLJEX::Configuration &configuration,
+              std::unique_ptr<QUARRY::RtlNetlist> &netlist);
+    void tell(const QStringList &messages);
+    template <class Job>
+    bool runBelowDialog(const QString &title, Job &job); // false when this died meanwhile
+
+    QPointer<QWidget> m_window;
+    QAction *m_insertAction;
+    QAction *m_simulateAction;
+    QAction *m_openAction;
+    QString m_waveform; // the last one that was written
+};
+
+} // namespace Workbench
