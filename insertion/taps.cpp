@@ -18,6 +18,12 @@ QByteArray userName(const QStringList &words)
     return '\\' + words.join('.').toUtf8();
 }
 
+// "mem" of its element "mem[3][0]"
+QString arrayOf(const QString &name)
+{
+    return name.endsWith(']') ? name.section('[', 0, 0) : name;
+}
+
 // "genblk2" and "genblk2[0]", which is another "genblk" for another tool.
 bool isUnnamedScope(const QString &name)
 {
@@ -92,7 +98,8 @@ private:
     bool findWire(const RtlilModule &body, const QStringList &words, int from)
     {
         const QList<QByteArray> found = namesIn(body.widths, words, from);
-        m_isMemory = m_isMemory || body.memories.contains(userName(words));
+        m_isMemory = m_isMemory || body.memories.contains(
+                                       userName(words.mid(0, words.size() - 1) << arrayOf(words.last())));
         // Several: nothing says which of the unnamed scopes it is.
         if (found.size() != 1)
             return false;
@@ -116,12 +123,12 @@ QString reasonOf(const Search &search, const Tap &tap, const QSet<QString> &blac
             return "it is inside " + node->moduleName + ", a module without a definition";
     }
     if (search.isMemory())
-        return "it is a memory, whose words are no nets";
+        return "it is a word of a memory, and these are no nets";
     if (search.foundWidth() > 0)
         return "it has " + QString::number(tap.width()) + " bits there and " +
                QString::number(search.foundWidth()) + " for Yosys";
     if (tap.isVhdl)
-        return "GHDL leaves it out when it translates " + tap.module;
+        return "GHDL keeps no net of this name when it translates " + tap.module;
     const QString missing = tap.path.value(search.deepest());
     return "Yosys does not have " +
            (missing.isEmpty() ? "a net of this name" : "the scope \"" + missing + '"') + " there";

@@ -110,6 +110,8 @@ private:
         if (item == ForGenerate) {
             const GhwType *index = m_types.find(m_in);
             m_open.back()->name += QLatin1Char('(') + m_types.readValue(m_in, index) + QLatin1Char(')');
+            if (index)
+                m_open.back()->order = index->range.isDownwards ? VhdlScope::Downwards : VhdlScope::Upwards;
         }
     }
 

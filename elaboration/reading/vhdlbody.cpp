@@ -150,7 +150,7 @@ int VhdlBody::known(const VhdlScope &scope, const QString &key) const
         return 1;
     int found = 0;
     for (const VhdlSignal &signal : scope.signalList)
-        found += m_nets.contains(key + QLatin1Char('_') + signal.name.toLower()) ? 1 : 0;
+        found += fits(signal, m_nets.value(key + QLatin1Char('_') + signal.name.toLower(), -1)) ? 1 : 0;
     if (m_looked >= lookLimit)
         return found;
     ++m_looked;
@@ -165,22 +165,29 @@ int VhdlBody::known(const VhdlScope &scope, const QString &key) const
     return found;
 }
 
-// GHDL numbers the rounds of a loop in the order of the loop and its waveform has them in the order of
-// the index: what fits better is right.
+bool VhdlBody::fits(const VhdlSignal &signal, int net) const
+{
+    return net >= 0 && (!signal.hasShape || m_module.nets[size_t(net)].width() == signalWidth(signal));
+}
+
+// GHDL numbers the rounds of a loop in the order of the loop and its waveforms have them in the order of the
+// index. Its own wave file says which that is; for a VCD, what fits better is right.
 int VhdlBody::knownRounds(const VhdlScope &scope, size_t first, size_t end, const QString &prefix,
                           bool &isDownwards) const
 {
     const QString label = scope.children[first]->label();
+    const VhdlScope::Order order = scope.children[first]->order;
     const int rounds = int(end - first);
     int upwards = 0;
     int downwards = 0;
     for (int i = 0; i < rounds; ++i) {
         const VhdlScope &round = *scope.children[first + size_t(i)];
-        upwards += known(round, roundKey(prefix, label, i + 1));
-        if (rounds > 1)
+        if (order != VhdlScope::Downwards)
+            upwards += known(round, roundKey(prefix, label, i + 1));
+        if (order == VhdlScope::Downwards || (order == VhdlScope::NotKnown && rounds > 1))
             downwards += known(round, roundKey(prefix, label, rounds - i));
     }
-    isDownwards = downwards > upwards;
+    isDownwards = order == VhdlScope::Downwards || downwards > upwards;
     return qMax(upwards, downwards);
 }
 

@@ -35,6 +35,7 @@ public:
     const VerilatorChild *instance(const QString &key) const; // null: no instance of that name
 
 private:
+    bool fits(const VhdlSignal &signal, int net) const; // -1: none
     int known(const VhdlScope &scope, const QString &key) const;
     int knownRounds(const VhdlScope &scope, size_t first, size_t end, const QString &prefix,
                     bool &isDownwards) const;

@@ -41,7 +41,9 @@ struct VhdlSignal
 // of the same entity has lost generate scopes, declared ranges and what nothing reads.
 struct VhdlScope
 {
-    QString name; // "u0", "gen(3)"
+    enum Order { NotKnown, Upwards, Downwards };
+    QString name;           // "u0", "gen(3)"
+    Order order = NotKnown; // of the loop that this is a round of
     std::vector<VhdlSignal> signalList;
     std::vector<std::unique_ptr<VhdlScope>> children;
 

@@ -287,6 +287,17 @@ void vhdlRows()
     }
     row("VHDL loops in loops", "", text + QString("end generate;\n").repeated(depth) + "end;\n",
         "top deep\nmodules deep", design);
+    // GHDL numbers the rounds in the order of the loop. A constant in one round tells which is which.
+    for (const char *range : {"0 to 2", "2 downto 0", "a'range", "a'reverse_range"})
+        row(qPrintable(QString("VHDL rounds of ") + range), "",
+            QString(
+                "== r.vhd\nentity r is port (a : in bit_vector(2 downto 0); y : out bit_vector(2 downto 0)); "
+                "end;\narchitecture a of r is begin\n"
+                "g : for i in %1 generate signal s : bit_vector(i downto 0); signal t : bit;\nbegin "
+                "s <= a(i downto 0); y(i) <= s(i) and t; t <= '1' when i = 2 else a(i); end generate; end;\n")
+                .arg(range),
+            "top r\nmodules r",
+            "r:r a[2:0] y[2:0]\nr/g[0]:g t s[0:0]\nr/g[1]:g t s[1:0]\nr/g[2]:g t! s[2:0]");
     row("unknown VHDL top", "Top=c", vhdl,
         "top \nmodules \nWARNING: No module is named \"c\". The top modules of the design are: Top", "");
     row("VHDL names that Verilog reserves", "",
