@@ -12,10 +12,15 @@ _jex() {
   fi
   case $words[CURRENT-1] in
     --mode) _values mode standard lite; return ;;
+    --trigger) _values trigger levels any; return ;;
+    --synth) _values family ice40 ecp5 xilinx generic; return ;;
+    --bench) _files -g '*.(v|sv)(-.)'; return ;;
     --device) found=(${(f)"$(jex devices | awk 'NR > 1 { print $2 }')"}); _describe device found; return ;;
-    -p | --project) _files -g '*.jexprj(-.)'; return ;;
-    -I | -y) _directories; return ;;
-    --top | --in | --from | --to | -D | --tool-memory) return ;; # names in the design are not looked up here
+    -p | --project) _files -g '*.(jexprj|toml|eda.yml|eda.yaml)(-.)'; return ;;
+    -I | -y | -incdir | -o | --output) _directories; return ;;
+    # Names in the design are not looked up here.
+    --top | -top | --top-module | --in | --instance | --from | --to | -D | -U | -G | -work | --libext | --tool-memory)
+      return ;;
   esac
   if [[ $words[CURRENT] == -* ]]; then
     options="$(jex $words[2] --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')"

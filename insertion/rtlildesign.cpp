@@ -79,7 +79,7 @@ int endOfType(const QByteArray &line)
     return line.startsWith("  cell ") ? line.indexOf(' ', 7) : 0;
 }
 
-// The names that Yosys makes: "$add$/home/me/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
+// The names that Yosys makes: "$add$rtl/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
 // its end keeps it apart from others. Simulators take a name that begins with "$" for a function of their
 // own.
 void renameMade(QByteArray &line)

@@ -226,14 +226,16 @@ QStringList SimulationJob::sourceArguments()
     for (const QString &path : includePaths << ".")
         arguments << "-I"
                   << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
-    for (const QString &define : m_input.defines)
-        arguments << "-D" + define;
+    for (const QString &define : m_input.defines) {
+        if (!m_input.undefines.contains(define.section('=', 0, 0)))
+            arguments << "-D" + define;
+    }
     for (const QString &folder : m_input.libraryPaths)
         arguments << "-y"
                   << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
-    if (!m_input.libraryPaths.isEmpty())
-        arguments << "-Y.v"
-                  << "-Y.sv";
+    const QStringList usual{".v", ".sv"};
+    for (const QString &suffix : m_input.librarySuffixes.isEmpty() ? usual : m_input.librarySuffixes)
+        arguments << "-Y" + suffix;
     for (const DesignSource &source : m_input.files)
         files << source.path;
     const QSet<QString> included = includedNames(files + m_options.bench);
