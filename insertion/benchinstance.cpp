@@ -35,7 +35,7 @@ QString plainValue(QString value)
 QStringList readParameters(const QString &xmlFile, const QString &module)
 {
     QFile file(xmlFile);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QUARRY::isPlainFile(xmlFile) || !file.open(QIODevice::ReadOnly))
         return {};
     QXmlStreamReader xml(&file);
     QStringList parameters;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "elaboration/tools/scratchdir.h"
+
 namespace Insertion {
 namespace {
 
@@ -191,7 +193,7 @@ bool FlatNetlist::read(const QString &path, QString *error)
 {
     QFile file(path);
     Reader reader(*this);
-    bool isGood = file.open(QIODevice::ReadOnly);
+    bool isGood = QUARRY::isPlainFile(path) && file.open(QIODevice::ReadOnly);
     while (isGood && !file.atEnd()) {
         QByteArray line = file.readLine();
         line.chop(line.endsWith('\n') ? 1 : 0);

@@ -310,7 +310,7 @@ void InsertionJob::addTexts()
 bool InsertionJob::take(const QString &path, QByteArray *bytes)
 {
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly) && file.size() <= maxTextBytes) {
+    if (isPlainFile(path) && file.open(QIODevice::ReadOnly) && file.size() <= maxTextBytes) {
         *bytes = file.readAll();
         return true;
     }
@@ -321,7 +321,9 @@ bool InsertionJob::take(const QString &path, QByteArray *bytes)
 bool InsertionJob::put(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+    file.remove(); // it may be a link
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(bytes) == bytes.size() &&
+           file.flush();
 }
 
 } // namespace Insertion

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "elaboration/tools/scratchdir.h"
+
 namespace Insertion {
 namespace {
 
@@ -271,7 +273,7 @@ private:
 bool RtlilDesign::open(const QString &path, QString *error)
 {
     m_file.setFileName(path);
-    const bool isOpen = m_file.open(QIODevice::ReadOnly);
+    const bool isOpen = QUARRY::isPlainFile(path) && m_file.open(QIODevice::ReadOnly);
     uchar *bytes = isOpen && m_file.size() > 0 && m_file.size() < std::numeric_limits<int>::max()
                        ? m_file.map(0, m_file.size())
                        : nullptr;
@@ -344,7 +346,8 @@ bool RtlilDesign::write(const QString &path, QString *error)
     std::stable_sort(m_insertions.begin(), m_insertions.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
     QFile file(path);
-    bool isGood = file.open(QIODevice::WriteOnly);
+    file.remove(); // it may be a link
+    bool isGood = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
     if (isGood) {
         TextWriter writer(file, m_verilog);
         qint64 done = 0;
@@ -364,7 +367,8 @@ bool RtlilDesign::write(const QString &path, QString *error)
 bool RtlilDesign::writeVerilog(const QString &path, QString *error) const
 {
     QFile file(path);
-    bool isGood = file.open(QIODevice::WriteOnly);
+    file.remove(); // it may be a link
+    bool isGood = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
     for (qint64 at = 0; isGood && at < m_verilog.size();) {
         const qint64 next = qMin<qint64>(endOfLine(m_verilog, at) + 1, m_verilog.size());
         QByteArray line = slice(m_verilog, at, next);

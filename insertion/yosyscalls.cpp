@@ -93,7 +93,8 @@ ToolCall YosysCalls::call(const char *name, const QString &script, const QString
     call.variable = "JEX_YOSYS";
     call.program = findTool("JEX_YOSYS", {"yosys"});
     call.workingDir = QFileInfo(m_input.workingDir).isDir() ? m_input.workingDir : m_scratch.path();
-    call.writableFolder = m_scratch.path();
+    call.writableFolder = file("made");
+    QDir().mkpath(call.writableFolder);
     call.subject = subject;
     call.arguments << "-q"
                    << "-s" << file(name);
@@ -101,12 +102,13 @@ ToolCall YosysCalls::call(const char *name, const QString &script, const QString
     return call;
 }
 
-// A function of the sources that a constant calls may be foreign, so Yosys runs as what evaluates them and
-// writes to its standard output alone.
+// A function of the sources that a constant calls may be foreign code, which Yosys runs: that is never done
+// outside of the sandbox, and it can write to its standard output alone.
 ToolCall YosysCalls::reading(bool forSimulation)
 {
     ToolCall reading = call("read.ys", readingScript(forSimulation), "the design");
-    reading.evaluatesSources = true;
+    reading.runsSources = true;
+    reading.writableFolder.clear();
     reading.outputFile = readFile();
     return reading;
 }

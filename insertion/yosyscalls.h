@@ -44,11 +44,15 @@ public:
     } // the original as Verilog, straight after reading
     QString tappedFile() const { return file("tapped.il"); }
     QString coresFile() const { return file("cores.v"); }
-    QString designFile() const { return file("design.v"); }
-    QString flatOriginalFile() const { return file("original.flat"); }
-    QString flatTappedFile() const { return file("tapped.flat"); }
-    QString checkFile(bool isOriginal) const { return file(isOriginal ? "original.check" : "tapped.check"); }
-    QString countFile() const { return file("count.json"); }
+    QString designFile() const { return file("made/design.v"); }
+    QString flatOriginalFile() const { return file("made/original.flat"); }
+    QString flatTappedFile() const { return file("made/tapped.flat"); }
+    QString checkFile(bool isOriginal) const
+    {
+        return file(isOriginal ? "made/original.check" : "made/tapped.check");
+    }
+    QString countFile() const { return file("made/count.json"); }
+    // What Yosys writes is in a folder of its own, the only one that it can write to.
     QString file(const char *name) const;
 
     static QStringList families(); // that counting() knows

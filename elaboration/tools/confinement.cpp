@@ -75,6 +75,16 @@ const sock_filter noWriting[] = {
     JEX_REFUSE(mknodat),
     JEX_REFUSE(fchmodat),
     JEX_REFUSE(fchownat),
+    JEX_REFUSE(fchmod),
+    JEX_REFUSE(fchown),
+    JEX_REFUSE(ftruncate),
+    JEX_REFUSE(utimensat),
+    JEX_REFUSE(setxattr),
+    JEX_REFUSE(lsetxattr),
+    JEX_REFUSE(fsetxattr),
+    JEX_REFUSE(kill),
+    JEX_REFUSE(ptrace),
+    JEX_REFUSE(process_vm_writev),
 #ifdef __NR_open
     JEX_REFUSE(creat),
     JEX_REFUSE(unlink),
@@ -223,7 +233,9 @@ QStringList toolEnvironment(const ToolCall &call)
         if (!value.isEmpty())
             variables << QLatin1String(name) + QLatin1Char('=') + QFile::decodeName(value);
     }
-    variables << QLatin1String("LC_ALL=C.UTF-8") << QLatin1String("TMPDIR=") + call.writableFolder;
+    variables << QLatin1String("LC_ALL=C.UTF-8");
+    if (!call.writableFolder.isEmpty())
+        variables << QLatin1String("TMPDIR=") + call.writableFolder;
     if (!call.environment.isEmpty())
         variables << call.environment;
     return variables;

@@ -68,9 +68,12 @@ QString SafeNames::link(const QString &path, const QString &suffix)
     QString &made = m_links[path + QLatin1Char('\n') + suffix];
     if (!made.isEmpty())
         return made;
-    made = m_scratch.file(QString::fromLatin1("link") + QString::number(m_real.size()) + suffix);
-    if (!QFile::link(m_copies.value(path, path), made))
-        return path; // the tool will say what it cannot read
+    // Others may have made links there. Where none can be made, the tool will say that it cannot read it.
+    int number = m_real.size();
+    do {
+        made = m_scratch.file(QString::fromLatin1("link") + QString::number(number++) + suffix);
+    } while (QFileInfo(made).isSymLink() || QFileInfo(made).exists());
+    QFile::link(m_copies.value(path, path), made);
     m_real.insert(made, path);
     return made;
 }

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <stdlib.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace QUARRY {
@@ -68,6 +69,12 @@ void sweep(const QString &root)
 
 } // namespace
 
+bool isPlainFile(const QString &path)
+{
+    struct stat info;
+    return lstat(QFile::encodeName(path).constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
 ScratchDir::ScratchDir()
 {
     const QString root = temporaryRoot();
@@ -92,8 +99,12 @@ ScratchDir::~ScratchDir()
 
 bool ScratchDir::write(const QString &name, const QByteArray &content) const
 {
-    QFile out(file(name));
-    return out.open(QIODevice::WriteOnly) && out.write(content) == content.size() && out.flush();
+    const QByteArray path = QFile::encodeName(file(name));
+    unlink(path.constData());
+    QFile out;
+    const int descriptor = open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    const bool isOpen = descriptor >= 0 && out.open(descriptor, QIODevice::WriteOnly, QFile::AutoCloseHandle);
+    return isOpen && out.write(content) == content.size() && out.flush();
 }
 
 } // namespace QUARRY

@@ -5,6 +5,10 @@
 
 namespace QUARRY {
 
+// False for a link, a pipe or the like, which a tool that ran sources may have left in place of what it
+// should write. To be asked before such a file is opened.
+bool isPlainFile(const QString &path);
+
 // A folder for temporary files, removed with everything in it when the object dies. Links in it are
 // removed, never followed. The first one of a program removes what others, that were killed, left behind.
 class ScratchDir
@@ -16,6 +20,7 @@ public:
     bool isValid() const { return !m_path.isEmpty(); } // false when no folder could be made
     QString path() const { return m_path; }
     QString file(const QString &name) const { return m_path + QLatin1Char('/') + name; }
+    // In place of what is there, which is never written to: it may be a link that a tool made.
     bool write(const QString &name, const QByteArray &content) const;
 
 private:

@@ -180,10 +180,15 @@ void ToolRun::start()
         environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
     m_process->setProcessEnvironment(environment);
     m_process->setWorkingDirectory(m_call.workingDir);
-    if (!m_call.outputFile.isEmpty())
+    // What an earlier tool left there may be a link, which would be followed.
+    if (!m_call.outputFile.isEmpty()) {
+        QFile::remove(m_call.outputFile);
         m_process->setStandardOutputFile(m_call.outputFile);
-    if (!m_call.errorFile.isEmpty())
+    }
+    if (!m_call.errorFile.isEmpty()) {
+        QFile::remove(m_call.errorFile);
         m_process->setStandardErrorFile(m_call.errorFile);
+    }
     m_process->limits.memoryBytes = toolMemoryLimit();
     m_process->limits.fileBytes = toolDiskLimit();
     m_process->limits.cpuSeconds = secondsOf(m_call) + 5; // should nobody be left to look at the clock
@@ -239,7 +244,7 @@ void ToolRun::readOutput()
 
 void ToolRun::measureFolder()
 {
-    if (sizeOf(m_call.writableFolder) > m_process->limits.fileBytes)
+    if (!m_call.writableFolder.isEmpty() && sizeOf(m_call.writableFolder) > m_process->limits.fileBytes)
         stop(writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
 }
 

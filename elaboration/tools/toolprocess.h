@@ -19,7 +19,7 @@ struct ToolCall
     QString variable;       // the environment variable that names another program
     QString environment;    // NAME=VALUE added to the tool's environment; may be empty
     QString workingDir;     // must exist
-    QString writableFolder; // the only one it can write to
+    QString writableFolder; // the only one it can write to; empty: none
     QString subject;        // "VHDL entity uart", what it works on, for sentences about limits
     QString outputFile;     // takes the standard output instead of ToolResult::output; may be empty
     QString errorFile;      // likewise for the standard error

@@ -287,6 +287,42 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(folder.path("owned")));
     }
 
+    // A constant may call foreign code, which Yosys runs and Verilator does not see.
+    void keepsSourcesIn()
+    {
+        Folder folder;
+        const QString victim = folder.write("victim", "mine");
+        const QByteArray command =
+            "for d in $TMPDIR $TMPDIR/.. " + QDir::tempPath().toUtf8() +
+            "/jexquarry-*; do for n in original.il original.v tapped.il cores.v made made/design.v; do "
+            "ln -s " +
+            victim.toUtf8() + " $d/insertion-$n; done; done; touch " + folder.path("owned").toUtf8();
+        QByteArray text =
+            "module top(input clk, output q);\n`ifdef YOSYS\n"
+            "import \"DPI-C\" function chandle mmap(chandle a, integer n, integer p, integer f, "
+            "integer d, integer o);\n"
+            "import \"DPI-C\" function chandle memset(chandle p, integer c, integer n);\n"
+            "import \"DPI-C\" function integer system(chandle p);\n"
+            "localparam m = mmap(1048576, 4096, 3, 50, -1, 0);\n";
+        for (int i = 0; i < command.size(); ++i)
+            text += QString("localparam c%1 = memset(1048576 + %1, %2, 1);\n")
+                        .arg(i)
+                        .arg(int(command.at(i)))
+                        .toUtf8();
+        text += "localparam r = system(1048576);\n`endif\nassign q = clk;\nendmodule\n";
+        folder.write("two words.sv", text);
+        const DesignInput input = inputOf(folder.path(), {"two words.sv"});
+        const std::unique_ptr<RtlNetlist> netlist(build(input));
+        QVERIFY(netlist);
+        const Capture capture("top/clk", {rowOf("top/q", JEX::NetKind)});
+        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        finish(job);
+        QCOMPARE(job.messages().filter("ERROR"), QStringList());
+        QVERIFY(job.files().contains("design.v"));
+        QCOMPARE(folder.read("victim"), QByteArray("mine"));
+        QVERIFY(!QFileInfo::exists(folder.path("owned")));
+    }
+
     // Whole or not at all.
     void outputFolder()
     {
