@@ -337,17 +337,24 @@ const VhdlPlaces *VhdlPlaces::below(const QString &label) const
 VhdlPlaceTable::VhdlPlaceTable() = default;
 VhdlPlaceTable::~VhdlPlaceTable() = default;
 
-void VhdlPlaceTable::open(const QString &treeFile, const QMap<QString, QString> &fileNames)
+void VhdlPlaceTable::open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames)
 {
-    m_reader.reset(new VhdlTreeReader(*this, treeFile, fileNames));
+    m_trees = treeFiles;
+    m_fileNames = &fileNames;
+    openNext();
+}
+
+// Each with a reader of its own: the numbers in a tree mean nothing in another one.
+void VhdlPlaceTable::openNext()
+{
+    m_reader.reset(m_trees.isEmpty() ? nullptr : new VhdlTreeReader(*this, m_trees.takeFirst(), *m_fileNames));
 }
 
 bool VhdlPlaceTable::readSome()
 {
-    if (m_reader && m_reader->readSome())
-        return true;
-    m_reader.reset();
-    return false;
+    if (m_reader && !m_reader->readSome())
+        openNext();
+    return m_reader != nullptr;
 }
 
 QString VhdlPlaceTable::spelledPath(const QString &path) const
