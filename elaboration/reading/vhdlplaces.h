@@ -4,6 +4,8 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
+#include <QStringList>
 
 #include <map>
 #include <memory>
@@ -38,8 +40,8 @@ struct VhdlPlaces
 };
 
 // The declarations of all VHDL sources, from the trees that "ghdl -s -ds FILES" writes on its standard
-// error, one for each library. (Its XML says the same, and the standard library with it in many times the time.) A source that
-// GHDL cannot read leaves gaps; nothing else can fail.
+// error, one for each library. (Its XML says the same, and the standard library with it in many times the
+// time.) A source that GHDL cannot read leaves gaps; nothing else can fail.
 class VhdlPlaceTable
 {
 public:
@@ -50,7 +52,8 @@ public:
     void open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames);
     bool readSome(); // a few thousand lines; false when there are no more
 
-    // Null when unknown. Without a name the architecture that was read last, as GHDL chooses.
+    // Null when unknown, and when two libraries have such an entity. Without a name the architecture that was
+    // read last, as GHDL chooses.
     const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
     // ".alu_op[2].x" as the record types of the design spell it.
     QString spelledPath(const QString &path) const;
@@ -66,6 +69,7 @@ private:
     std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
     VhdlPlaces m_members;                                             // of all record types
     QHash<QString, QString> m_last;                                   // architecture of the entity
+    QSet<QString> m_ambiguous;                                        // entities of several libraries
 };
 
 } // namespace QUARRY

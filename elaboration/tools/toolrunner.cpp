@@ -14,7 +14,8 @@ std::unique_ptr<ToolRun> ToolRunner::startOf(const ToolCall &call, const char *s
     if (tool->isOver())
         QMetaObject::invokeMethod(this, slot, Qt::QueuedConnection);
     else
-        connect(tool.get(), SIGNAL(over()), (QByteArray("1") + slot + "()").constData(), Qt::QueuedConnection);
+        connect(tool.get(), SIGNAL(over()), (QByteArray("1") + slot + "()").constData(),
+                Qt::QueuedConnection);
     return tool;
 }
 

@@ -311,16 +311,17 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
 }
 
 // Neither the translation nor a waveform says where anything is declared. Without the tree, for whatever
-// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it. What it
-// reads at once is all in one library, so that what uses another one goes wrong: each has a run of its own.
+// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it. What
+// it reads at once is all in one library, so that what uses another one goes wrong: each has a run of its
+// own.
 void VhdlPart::startTrees()
 {
     QList<ToolCall> calls;
     for (const VhdlBatch &batch : m_analysis.byLibrary()) {
         m_trees << m_scratch.file(QString::fromLatin1("vhdl%1.tree").arg(m_trees.size()));
-        ToolCall reading = m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds")
-                                                         << batch.files,
-                                           batch.library, m_scratch.path());
+        ToolCall reading =
+            m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds") << batch.files,
+                            batch.library, m_scratch.path());
         reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
         reading.errorFile = m_trees.last();
         reading.seconds = 30;
