@@ -28,7 +28,7 @@ struct ReadOptions
     QMap<QString, QString> vhdlScopes; // a module that a tool named, or a VHDL entity in small letters ->
                                        // GHDL's waveform file of it (see readVhdlScopes); without one it is
                                        // shown as GHDL made it
-    QString vhdlTree;                  // where VHDL declares its signals (see VhdlPlaceTable); may be empty
+    QStringList vhdlTrees;             // where VHDL declares its signals (see VhdlPlaceTable); may be empty
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it, in slices

@@ -86,8 +86,7 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     }
     addFiles(m_document.child("verilator_xml").child("files"));
     m_types.reset(new VerilatorTypes(netlist.child("typetable")));
-    if (!m_options.vhdlTree.isEmpty())
-        m_vhdlPlaces.open(m_options.vhdlTree, m_options.fileNames);
+    m_vhdlPlaces.open(m_options.vhdlTrees, m_options.fileNames);
     for (const pugi::xml_node &node : netlist.children()) {
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);

@@ -66,6 +66,9 @@ private:
         node.name = key(line.name);
         node.isArray = line.kind == "array_subtype_definition";
         if (kind == Entity) {
+            if (m_table.m_entities.count(node.name) && !m_entities.contains(node.name))
+                m_table.m_ambiguous.insert(node.name);
+            m_entities.insert(node.name);
             VhdlPlaces &places = m_table.m_entities[node.name];
             clear(places);
             m_scopes.insert(line.id, &places);
@@ -311,6 +314,7 @@ private:
     std::vector<VhdlPlaces> m_replaced;
     const QMap<QString, QString> &m_fileNames;
     std::vector<Node> m_open;          // from the outside in
+    QSet<QString> m_entities;          // of this tree
     QHash<int, VhdlPlaces *> m_scopes; // by number of the node, as the next ones
     QHash<int, QString> m_configured;  // architectures
     QHash<int, QStringList> m_labels;
@@ -337,17 +341,25 @@ const VhdlPlaces *VhdlPlaces::below(const QString &label) const
 VhdlPlaceTable::VhdlPlaceTable() = default;
 VhdlPlaceTable::~VhdlPlaceTable() = default;
 
-void VhdlPlaceTable::open(const QString &treeFile, const QMap<QString, QString> &fileNames)
+void VhdlPlaceTable::open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames)
 {
-    m_reader.reset(new VhdlTreeReader(*this, treeFile, fileNames));
+    m_trees = treeFiles;
+    m_fileNames = &fileNames;
+    openNext();
+}
+
+// Each with a reader of its own: the numbers in a tree mean nothing in another one.
+void VhdlPlaceTable::openNext()
+{
+    m_reader.reset(m_trees.isEmpty() ? nullptr
+                                     : new VhdlTreeReader(*this, m_trees.takeFirst(), *m_fileNames));
 }
 
 bool VhdlPlaceTable::readSome()
 {
-    if (m_reader && m_reader->readSome())
-        return true;
-    m_reader.reset();
-    return false;
+    if (m_reader && !m_reader->readSome())
+        openNext();
+    return m_reader != nullptr;
 }
 
 QString VhdlPlaceTable::spelledPath(const QString &path) const
@@ -363,7 +375,7 @@ QString VhdlPlaceTable::spelledPath(const QString &path) const
 const VhdlPlaces *VhdlPlaceTable::of(const QString &entity, const QString &architecture) const
 {
     const auto known = m_architectures.find(entity.toLower());
-    if (known == m_architectures.end())
+    if (known == m_architectures.end() || m_ambiguous.contains(known->first))
         return nullptr;
     const auto found = known->second.find(architecture.isEmpty() ? m_last.value(known->first) : architecture);
     return found == known->second.end() ? nullptr : &found->second;

@@ -4,6 +4,8 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
+#include <QStringList>
 
 #include <map>
 #include <memory>
@@ -37,9 +39,9 @@ struct VhdlPlaces
     const VhdlPlaces *below(const QString &label) const; // null: no such statement
 };
 
-// The declarations of all VHDL sources, from the tree that "ghdl -s -ds FILES" writes on its standard
-// error. (Its XML says the same, and the standard library with it in many times the time.) A source that
-// GHDL cannot read leaves gaps; nothing else can fail.
+// The declarations of all VHDL sources, from the trees that "ghdl -s -ds FILES" writes on its standard
+// error, one for each library. (Its XML says the same, and the standard library with it in many times the
+// time.) A source that GHDL cannot read leaves gaps; nothing else can fail.
 class VhdlPlaceTable
 {
 public:
@@ -47,21 +49,27 @@ public:
     ~VhdlPlaceTable();
 
     // `fileNames`: a file as GHDL saw it -> the user's own, absolute; to live as long as this.
-    void open(const QString &treeFile, const QMap<QString, QString> &fileNames);
+    void open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames);
     bool readSome(); // a few thousand lines; false when there are no more
 
-    // Null when unknown. Without a name the architecture that was read last, as GHDL chooses.
+    // Null when unknown, and when two libraries have such an entity. Without a name the architecture that was
+    // read last, as GHDL chooses.
     const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
     // ".alu_op[2].x" as the record types of the design spell it.
     QString spelledPath(const QString &path) const;
 
 private:
     friend class VhdlTreeReader;
+    void openNext();
+
+    QStringList m_trees; // to be read
+    const QMap<QString, QString> *m_fileNames = nullptr;
     std::unique_ptr<VhdlTreeReader> m_reader; // null while there is nothing to read
     std::map<QString, VhdlPlaces> m_entities;
     std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
     VhdlPlaces m_members;                                             // of all record types
     QHash<QString, QString> m_last;                                   // architecture of the entity
+    QSet<QString> m_ambiguous;                                        // entities of several libraries
 };
 
 } // namespace QUARRY

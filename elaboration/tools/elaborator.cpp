@@ -218,7 +218,7 @@ void Elaborator::proceed(Verdict verdict)
     else if (verdict == Failed)
         end(false);
     else if (m_vhdl)
-        m_vhdl->finishTree([end] { end(true); });
+        m_vhdl->finishTrees([end](bool) { end(true); });
     else
         end(true);
 }
@@ -387,7 +387,7 @@ void Elaborator::finish()
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
-        options.vhdlTree = m_vhdl->treeFile();
+        options.vhdlTrees = m_vhdl->treeFiles();
         options.choices = m_vhdl->choices();
         options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);

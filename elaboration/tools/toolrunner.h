@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 #include "elaboration/tools/toolprocess.h"
 
@@ -20,9 +19,10 @@ public:
 
     void run(const ToolCall &call, const Then &then);
 
-    // A tool that runs beside the others until it is awaited. It stays the runner's.
-    ToolRun *startBeside(const ToolCall &call);
-    void await(ToolRun *tool, const Then &then);
+    // Tools that run beside the others, one after the other, until they are awaited: then with the first
+    // result that is not good, or the last one.
+    void startBeside(const QList<ToolCall> &calls);
+    void awaitBeside(const Then &then);
 
     // Does a piece of the work after the other, with events handled in between, until one gives false.
     void work(const std::function<bool()> &piece, const std::function<void()> &then);
@@ -34,13 +34,18 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void goOn();
+    void goOnBeside();
     void doPiece();
 
 private:
+    std::unique_ptr<ToolRun> startOf(const ToolCall &call, const char *slot);
+
     std::unique_ptr<ToolRun> m_current; // the tool of run()
-    std::vector<std::unique_ptr<ToolRun>> m_beside;
-    const ToolRun *m_awaited = nullptr;
     Then m_then;
+    std::unique_ptr<ToolRun> m_beside;
+    QList<ToolCall> m_waiting; // to run beside the others
+    ToolResult m_besideResult;
+    Then m_besideThen;
     std::function<bool()> m_piece;
     std::function<void()> m_afterwards;
 };

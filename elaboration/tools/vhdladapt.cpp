@@ -39,7 +39,9 @@ void VhdlPart::adapt(const DesignDump &dump, const QStringList &missing, const T
     QList<Wanted> wanted;
     QSet<QString> parametrised;
     for (const DumpCell &cell : dump.cells) {
-        if (cell.resolved && !missing.contains(cell.target))
+        // One that was translated as a possible top has its default values and no parameters.
+        const bool hasOthers = m_verilog.contains(cell.target) && !cell.parameters.isEmpty();
+        if (cell.resolved && !missing.contains(cell.target) && !hasOthers)
             continue;
         cells.append(cell);
         if (!isVhdl(dump, cell) && mayPresent(cell) && !cell.parameters.isEmpty())

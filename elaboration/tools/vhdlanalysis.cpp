@@ -309,12 +309,23 @@ QString VhdlAnalysis::handedOver(const QString &file) const
                                  : m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
 }
 
-QStringList VhdlAnalysis::handedOver() const
+QList<VhdlBatch> VhdlAnalysis::byLibrary() const
 {
-    QStringList files = m_made;
-    for (const QString &file : m_order)
-        files << handedOver(file);
-    return files;
+    QList<VhdlBatch> result;
+    QHash<QString, int> places;
+    QSet<QString> seen;
+    for (const VhdlBatch &batch : m_batches) {
+        if (!places.contains(batch.library)) {
+            places.insert(batch.library, result.size());
+            result.append({batch.library, QStringList()});
+        }
+        for (const QString &file : batch.files) {
+            if (!seen.contains(file))
+                result[places.value(batch.library)].files.append(handedOver(file));
+            seen.insert(file);
+        }
+    }
+    return result;
 }
 
 QMap<QString, QString> VhdlAnalysis::fileNames() const

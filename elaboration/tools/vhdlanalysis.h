@@ -56,7 +56,7 @@ public:
     const QSet<QString> &undriven() const { return m_undriven; } // signals that black boxes may drive
 
     int fileCount() const { return m_files.size(); }
-    QStringList handedOver() const;                // all files, in an order that GHDL accepts
+    QList<VhdlBatch> byLibrary() const;            // all files as GHDL gets them, each once and in its order
     QMap<QString, QString> fileNames() const;      // as GHDL saw them to the user's own, where these differ
     ToolMessage placed(ToolMessage message) const; // with the real name of the file
     QStringList takeMessages();

@@ -87,7 +87,7 @@ bool VhdlPart::isAnythingLeft()
 
 void VhdlPart::translateRoots(const Then &then)
 {
-    startTree();
+    startTrees();
     const QHash<QString, QString> &entities = m_analysis.entities();
     QStringList names = roots();
     bool areOptional = names.size() > 1 || m_analysis.fileCount() != m_input.files.size();
@@ -311,32 +311,28 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
 }
 
 // Neither the translation nor a waveform says where anything is declared. Without the tree, for whatever
-// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it.
-void VhdlPart::startTree()
+// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it. What
+// it reads at once is all in one library, so that what uses another one goes wrong: each has a run of its
+// own.
+void VhdlPart::startTrees()
 {
-    const QString library = m_analysis.entityOrder().isEmpty()
-                                ? QString()
-                                : m_analysis.libraryOf(m_analysis.entityOrder().first());
-    ToolCall reading = m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds")
-                                                     << m_analysis.handedOver(),
-                                       library.isEmpty() ? QLatin1String("work") : library, m_scratch.path());
-    reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
-    reading.errorFile = treeFile();
-    reading.seconds = 30;
-    m_tree = m_runner.startBeside(reading);
+    QList<ToolCall> calls;
+    for (const VhdlBatch &batch : m_analysis.byLibrary()) {
+        m_trees << m_scratch.file(QString::fromLatin1("vhdl%1.tree").arg(m_trees.size()));
+        ToolCall reading =
+            m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds") << batch.files,
+                            batch.library, m_scratch.path());
+        reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
+        reading.errorFile = m_trees.last();
+        reading.seconds = 30;
+        calls << reading;
+    }
+    m_runner.startBeside(calls);
 }
 
-QString VhdlPart::treeFile() const
+void VhdlPart::finishTrees(const std::function<void(bool)> &then) const
 {
-    return m_scratch.file(QLatin1String("vhdl.tree"));
-}
-
-void VhdlPart::finishTree(const std::function<void()> &then) const
-{
-    if (m_tree)
-        m_runner.await(m_tree, [=](const ToolResult &) { then(); });
-    else
-        then();
+    m_runner.awaitBeside([=](const ToolResult &result) { then(result.isGood()); });
 }
 
 // The translation has lost declared ranges, generate scopes, members of records and unused signals; the first
@@ -345,19 +341,21 @@ void VhdlPart::recordScopes(const Wanted &wanted, const std::function<void()> &t
 {
     if (!m_analysis.mentionsForeign() || m_isForeignJudged)
         return simulate(wanted, then);
-    finishTree([=] {
-        judgeForeign();
+    finishTrees([=](bool areWhole) {
+        judgeForeign(areWhole);
         simulate(wanted, then);
     });
 }
 
 // A foreign subprogram or architecture is code from a library of the system, which a simulator calls with
 // whatever the source says. The word in the text may be any; the tree tells where it is a name.
-void VhdlPart::judgeForeign()
+void VhdlPart::judgeForeign(bool areTreesWhole)
 {
     m_isForeignJudged = true;
     QString place;
-    m_mayRun = m_tree->result().isGood() && !findGhdlName("foreign", treeFile(), place);
+    m_mayRun = areTreesWhole;
+    for (int i = 0; i < m_trees.size() && m_mayRun; ++i)
+        m_mayRun = !findGhdlName("foreign", m_trees.at(i), place);
     if (m_mayRun)
         return;
     place = place.isEmpty() ? QString() : realPlace(place);

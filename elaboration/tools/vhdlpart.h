@@ -47,8 +47,9 @@ public:
     QStringList refusals() const;                               // why
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
-    void finishTree(const std::function<void()> &then) const;        // goes on when treeFile() is complete
-    QString treeFile() const;                                        // see ReadOptions::vhdlTree
+    // Goes on when treeFiles() are complete; false when GHDL could not read all.
+    void finishTrees(const std::function<void(bool)> &then) const;
+    QStringList treeFiles() const { return m_trees; } // see ReadOptions::vhdlTrees
     QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
     const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices
@@ -64,7 +65,7 @@ private:
     };
     typedef std::function<void(bool)> Then;
 
-    void startTree();
+    void startTrees();
     void translateRoots(const Then &then);
     // One after the other; then false when one that is not optional was refused.
     void translate(QList<Wanted> wanted, bool areOptional, const Then &then);
@@ -82,7 +83,7 @@ private:
     ToolCall synthesis(const Wanted &wanted) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
     void simulate(const Wanted &wanted, const std::function<void()> &then);
-    void judgeForeign();
+    void judgeForeign(bool areTreesWhole);
     QString realPlace(const QString &place) const;
     QStringList roots() const;
     bool isVhdl(const DesignDump &dump, const DumpCell &cell) const; // what instantiates it
@@ -107,7 +108,7 @@ private:
     bool m_didToolFail = false;
     bool m_mayRun = true;
     bool m_isForeignJudged = false;
-    ToolRun *m_tree = nullptr; // the runner's; null before the sources are read
+    QStringList m_trees; // files, one for each library
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;

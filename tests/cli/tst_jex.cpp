@@ -19,6 +19,7 @@ private Q_SLOTS:
         qputenv("PATH", QFile::encodeName(QFileInfo(JEX).path()) + ':' + qgetenv("PATH"));
         qputenv("JEX", JEX);
         qputenv("BUILD", BUILD);
+        qputenv("PROJECTS", PROJECTS);
     }
 
     void transcripts_data()

@@ -16,7 +16,7 @@ inline void readVhdlDesign(const QString &waveform, const QString &tree)
     options.generated.insert(QStringLiteral("made.v"));
     options.vhdlScopes.insert(QStringLiteral("blocks"), waveform);
     options.vhdlScopes.insert(QStringLiteral("leaf"), waveform);
-    options.vhdlTree = tree;
+    options.vhdlTrees << tree;
     QUARRY::NetlistReader reader(QStringLiteral(CORPUS "/netlist/blocks.xml"), options);
     while (reader.readSlice())
         ;

@@ -1,0 +1,3 @@
+// In the folder, and nobody uses it.
+module debug_port(input tck);
+endmodule
