@@ -79,14 +79,26 @@ int endOfType(const QByteArray &line)
     return line.startsWith("  cell ") ? line.indexOf(' ', 7) : 0;
 }
 
+// Where the text in quotes ends that begins there.
+int endOfQuotes(const QByteArray &line, int at)
+{
+    for (++at; at < line.size() && line.at(at) != '"'; ++at)
+        at += line.at(at) == '\\';
+    return at;
+}
+
 // The names that Yosys makes: "$add$rtl/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
 // its end keeps it apart from others. Simulators take a name that begins with "$" for a function of their
 // own.
 void renameMade(QByteArray &line)
 {
-    for (int at = line.indexOf(" $", endOfType(line)); at >= 0; at = line.indexOf(" $", at + 1)) {
-        line.replace(at + 1, 1, "\\_");
-        shortenPaths(line, at + 1);
+    for (int at = line.indexOf(' ', endOfType(line)); at >= 0; at = line.indexOf(' ', at + 1)) {
+        if (startsAt(line, at, " \"")) {
+            at = endOfQuotes(line, at + 1);
+        } else if (startsAt(line, at, " $")) {
+            line.replace(at + 1, 1, "\\_");
+            shortenPaths(line, at + 1);
+        }
     }
     if (line.startsWith("    parameter \\MEMID \"$"))
         line.replace("\"$", "\"\\\\_");
@@ -95,9 +107,16 @@ void renameMade(QByteArray &line)
 // The same in Verilog, where such a name is an escaped one.
 void renameMadeInVerilog(QByteArray &line)
 {
-    for (int at = line.indexOf("\\$"); at >= 0; at = line.indexOf("\\$", at + 1)) {
-        line.replace(at, 2, "\\_");
-        shortenPaths(line, at);
+    for (int at = 0; at < line.size(); ++at) {
+        if (line.at(at) == '"') {
+            at = endOfQuotes(line, at);
+        } else if (line.at(at) == '\\') {
+            if (startsAt(line, at, "\\$")) {
+                line.replace(at, 2, "\\_");
+                shortenPaths(line, at);
+            }
+            at = endOfWord(line, at);
+        }
     }
 }
 

@@ -230,6 +230,12 @@ private Q_SLOTS:
                           "module jex_cores(input i); endmodule")
             << QStringList() << "ERROR: A module of the design has the name of one of the analyzer's."
             << "";
+        QTest::newRow("text that looks like a name")
+            << "a.v"
+            << QByteArray("module top(input clk);\n"
+                          "PRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule")
+            << QStringList() << ""
+            << "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*";
         const QByteArray loop =
             "library ieee; use ieee.std_logic_1164.all;\n"
             "entity top is port (clk : in std_logic; a : in std_logic_vector(2 downto 0);\n"
@@ -292,20 +298,65 @@ private Q_SLOTS:
     {
         Folder folder;
         QString error;
-        const QString target = folder.path("made");
-        const QMap<QString, QByteArray> files{{"one", "1"}, {"two", "2"}}, less{{"one", "3"}};
-        QVERIFY2(Insertion::writeFolder(target, files, &error), qPrintable(error));
-        QVERIFY2(Insertion::writeFolder(target, less, &error), qPrintable(error));
-        QCOMPARE(QDir(target).entryList(QDir::Files), QStringList("one"));
-        QCOMPARE(folder.read("made/one"), QByteArray("3"));
-        const QMap<QString, QByteArray> bad{{"one", "4"}, {"no/folder", "5"}};
-        QVERIFY(!Insertion::writeFolder(target, bad, &error));
+        const Insertion::OutputFolder output(folder.path("made"), {});
+        const QByteArray map = "{\"top\": \"top\", \"madeBy\": \"jex insert\"}";
+        const QMap<QString, QByteArray> files{{"map.json", map}, {"design.v", "1"}}, less{{"map.json", map}};
+        QVERIFY2(output.write(files, &error), qPrintable(error));
+        QVERIFY2(output.write(less, &error), qPrintable(error));
+        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
+        const QMap<QString, QByteArray> bad{{"design.v", "4"}, {"no/folder", "5"}};
+        QVERIFY(!output.write(bad, &error));
         QVERIFY2(fits(error, "* cannot be written: *. Nothing was changed."), qPrintable(error));
-        QCOMPARE(folder.read("made/one"), QByteArray("3"));
+        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList("made"));
-        QFile::link(target, folder.path("link"));
-        QVERIFY(Insertion::outputFault(folder.path("link"), {"one"}, {}) != QString());
+    }
+
+    // What somebody else wrote is neither replaced nor removed, when it came before the work and when it came
+    // while that was done.
+    void foreignFolders_data()
+    {
+        QTest::addColumn<QString>("file"); // in the folder "made", to which "link" leads
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("named");
+        QTest::addColumn<QString>("message");
+        const QByteArray ours = "{\"madeBy\": \"jex insert\"}";
+        QTest::newRow("other name") << "mine.txt" << ours << "made"
+                                    << "*/made holds other files (mine.txt), which would be lost. *";
+        QTest::newRow("our name") << "design.v" << ours << "made"
+                                  << "*/made holds files that were not made here (design.v), *";
+        QTest::newRow("map of another program")
+            << "map.json" << QByteArray("{\"top\": \"jex insert\"}") << "made"
+            << "*/made holds files that were not made here (map.json), *";
+        QTest::newRow("folder") << "design.v/mine" << ours << "made"
+                                << "*/made holds other files (design.v), *";
+        QTest::newRow("link") << "map.json" << ours << "link"
+                              << "*/link is not a folder. *";
+        QTest::newRow("link with a slash") << "map.json" << ours << "link/"
+                                           << "*/link/ is not a folder. *";
+        QTest::newRow("source") << "map.json" << ours << "made"
+                                << "*/made is a folder of the sources: map.json is in it. *";
+    }
+    void foreignFolders()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, text);
+        QFETCH(QString, named);
+        QFETCH(QString, message);
+        Folder folder;
+        folder.write("made/" + file, text);
+        QFile::link(folder.path("made"), folder.path("link"));
+        const bool isSource = QByteArray(QTest::currentDataTag()) == "source";
+        const Insertion::OutputFolder output(folder.path() + '/' + named,
+                                             isSource ? QStringList(folder.path("made/map.json"))
+                                                      : QStringList());
+        QString error;
+        QVERIFY(!output.write({{"map.json", "new"}, {"design.v", "new"}}, &error));
+        QVERIFY2(fits(error, message), qPrintable(error));
+        QCOMPARE(output.fault(), error);
+        QCOMPARE(folder.read("made/" + file), text);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList({"link", "made"}));
     }
 
 private:
