@@ -86,8 +86,8 @@ ExitCode insert(const QStringList &words, Output &out)
     ExitCode result = Fine;
     if (!input.open(arguments, options, "insert", &result))
         return result;
-    QString error = Insertion::outputFault(folder, Insertion::InsertionJob::fileNames(),
-                                           sourcesOf(input.design, input.file));
+    const Insertion::OutputFolder output(folder, sourcesOf(input.design, input.file));
+    QString error = output.fault();
     if (!error.isEmpty()) {
         say("jex insert: " + error);
         return CouldNotRun;
@@ -102,7 +102,7 @@ ExitCode insert(const QStringList &words, Output &out)
     result = judged(job);
     if (job.files().isEmpty())
         return result;
-    if (!Insertion::writeFolder(folder, job.files(), &error)) {
+    if (!output.write(job.files(), &error)) {
         say("jex insert: " + error);
         return CouldNotRun;
     }

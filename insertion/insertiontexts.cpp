@@ -8,6 +8,7 @@
 #include "insertion/analyzer.h"
 #include "insertion/flatnetlist.h"
 #include "insertion/insertionjob.h"
+#include "insertion/outputfolder.h"
 #include "insertion/tapping.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/storageneed.h"
@@ -203,7 +204,10 @@ QByteArray proofText(const InsertionReport &report)
 
 QByteArray mapText(const Analyzer &analyzer, const Surgery &surgery, const QString &topModule)
 {
-    Json json{{"top", text(topModule)}, {"taps", Json::array()}, {"cores", Json::array()}};
+    Json json{{makerMember, makerText},
+              {"top", text(topModule)},
+              {"taps", Json::array()},
+              {"cores", Json::array()}};
     const QList<Tap> &taps = analyzer.taps().taps();
     for (int i = 0; i < taps.size(); ++i)
         json["taps"].push_back({{"tap", i},

@@ -11,7 +11,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <nlohmann/json.hpp>
+
 #include "host/regularfile.h"
+#include "insertion/insertionjob.h"
 
 namespace Insertion {
 namespace {
@@ -35,40 +38,72 @@ bool exchange(const QString &made, const QString &folder)
     return renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_EXCHANGE) == 0;
 }
 
-} // namespace
-
-QString outputFault(const QString &folder, const QStringList &names, const QStringList &sources)
+// Nothing but the files of an insertion, and the folder when it is empty then: what somebody else put there
+// stays.
+bool removeFolder(const QString &folder)
 {
-    const QFileInfo info(folder);
-    if (!info.exists())
-        return info.isSymLink() ? folder + " is a link that leads nowhere." : QString();
-    if (!info.isDir() || info.isSymLink())
-        return folder + " is not a folder. Name another one for the output.";
-    const QString canonical = info.canonicalFilePath();
-    for (const QString &source : sources) {
-        if (QFileInfo(source).canonicalPath() == canonical)
-            return folder + " is a folder of the sources: " + QFileInfo(source).fileName() +
-                   " is in it. Name another one for the output.";
-    }
-    const QStringList held =
-        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const QString &entry : held) {
-        if (!names.contains(entry))
-            return folder + " holds other files (" + entry +
-                   "), which would be lost. Name another folder for the output.";
-    }
-    return QString();
+    for (const QString &name : InsertionJob::fileNames())
+        unlink(QFile::encodeName(folder + '/' + name).constData());
+    return rmdir(QFile::encodeName(folder).constData()) == 0;
 }
 
-bool writeFolder(const QString &folder, const QMap<QString, QByteArray> &files, QString *error)
+bool isOurs(const QString &folder)
 {
-    const QString target = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
-    const QString parent = QFileInfo(target).absolutePath();
+    QByteArray map;
+    QString reason;
+    if (!QUtil::readRegularFile(folder + "/map.json", 1024 * QUtil::MiB, &map, &reason))
+        return false;
+    const auto json = nlohmann::json::parse(map.begin(), map.end(), nullptr, false);
+    const auto maker = json.is_object() ? json.find(makerMember) : json.end();
+    return maker != json.end() && *maker == makerText;
+}
+
+QString ownFiles(const QString &folder, const QString &what)
+{
+    return folder + ' ' + what + ", which would be lost. Name another folder for the output.";
+}
+
+} // namespace
+
+OutputFolder::OutputFolder(const QString &folder, const QStringList &sources)
+    : m_name(folder), m_path(QDir::cleanPath(QFileInfo(folder).absoluteFilePath())), m_sources(sources)
+{
+}
+
+QString OutputFolder::fault() const
+{
+    const QFileInfo info(m_path);
+    if (!info.exists())
+        return info.isSymLink() ? m_name + " is a link that leads nowhere." : QString();
+    if (!info.isDir() || info.isSymLink())
+        return m_name + " is not a folder. Name another one for the output.";
+    const QString canonical = info.canonicalFilePath();
+    for (const QString &source : m_sources) {
+        if (QFileInfo(source).canonicalPath() == canonical)
+            return m_name + " is a folder of the sources: " + QFileInfo(source).fileName() +
+                   " is in it. Name another one for the output.";
+    }
+    const QFileInfoList held =
+        QDir(m_path).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo &entry : held) {
+        if (!InsertionJob::fileNames().contains(entry.fileName()) || entry.isSymLink() ||
+            !QUtil::irregularKind(entry.filePath()).isEmpty())
+            return ownFiles(m_name, "holds other files (" + entry.fileName() + ')');
+    }
+    return held.isEmpty() || isOurs(m_path)
+               ? QString()
+               : ownFiles(m_name, "holds files that were not made here (" + held.first().fileName() + ')');
+}
+
+bool OutputFolder::write(const QMap<QString, QByteArray> &files, QString *error) const
+{
+    const QString parent = QFileInfo(m_path).absolutePath();
     if (!QDir().mkpath(parent)) {
         *error = "The folder " + parent + " cannot be made.";
         return false;
     }
     QTemporaryDir made(parent + "/.jex-XXXXXX");
+    made.setAutoRemove(false);
     QString reason = made.errorString();
     bool isGood = made.isValid();
     for (auto it = files.begin(); isGood && it != files.end(); ++it)
@@ -76,14 +111,19 @@ bool writeFolder(const QString &folder, const QMap<QString, QByteArray> &files, 
     // Made for its owner alone, as temporary folders are.
     const mode_t mask = umask(0);
     umask(mask);
-    if (isGood && (chmod(QFile::encodeName(made.path()).constData(), 0777 & ~mask) != 0 ||
-                   !exchange(made.path(), target))) {
+    *error = isGood ? fault() : QString();
+    if (isGood && error->isEmpty() &&
+        (chmod(QFile::encodeName(made.path()).constData(), 0777 & ~mask) != 0 ||
+         !exchange(made.path(), m_path))) {
         reason = QUtil::errorWords(errno);
         isGood = false;
     }
     if (!isGood)
-        *error = target + " cannot be written: " + reason + ". Nothing was changed.";
-    return isGood;
+        *error = m_path + " cannot be written: " + reason + ". Nothing was changed.";
+    // What it holds now: the new files that were not wanted, or the old ones.
+    if (made.isValid() && !removeFolder(made.path()) && QFileInfo(made.path()).exists() && error->isEmpty())
+        *error = "What was put into " + m_path + " meanwhile is now in " + made.path() + '.';
+    return error->isEmpty();
 }
 
 } // namespace Insertion

@@ -26,6 +26,12 @@ QByteArray slice(const QByteArray &text, qint64 begin, qint64 end)
     return text.mid(int(begin), int(end - begin));
 }
 
+// As above, but valid as long as the text, and up to its end when that is less than 0.
+QByteArray part(const QByteArray &text, qint64 begin, qint64 end)
+{
+    return QByteArray::fromRawData(text.constData() + begin, int((end < 0 ? text.size() : end) - begin));
+}
+
 QByteArray lastWord(const QByteArray &text, qint64 end)
 {
     return slice(text, text.lastIndexOf(' ', int(end - 1)) + 1, end);
@@ -81,14 +87,26 @@ int endOfType(const QByteArray &line)
     return line.startsWith("  cell ") ? line.indexOf(' ', 7) : 0;
 }
 
+// Where the text in quotes ends that begins there.
+int endOfQuotes(const QByteArray &line, int at)
+{
+    for (++at; at < line.size() && line.at(at) != '"'; ++at)
+        at += line.at(at) == '\\';
+    return at;
+}
+
 // The names that Yosys makes: "$add$rtl/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
 // its end keeps it apart from others. Simulators take a name that begins with "$" for a function of their
 // own.
 void renameMade(QByteArray &line)
 {
-    for (int at = line.indexOf(" $", endOfType(line)); at >= 0; at = line.indexOf(" $", at + 1)) {
-        line.replace(at + 1, 1, "\\_");
-        shortenPaths(line, at + 1);
+    for (int at = line.indexOf(' ', endOfType(line)); at >= 0; at = line.indexOf(' ', at + 1)) {
+        if (startsAt(line, at, " \"")) {
+            at = endOfQuotes(line, at + 1);
+        } else if (startsAt(line, at, " $")) {
+            line.replace(at + 1, 1, "\\_");
+            shortenPaths(line, at + 1);
+        }
     }
     if (line.startsWith("    parameter \\MEMID \"$"))
         line.replace("\"$", "\"\\\\_");
@@ -97,9 +115,16 @@ void renameMade(QByteArray &line)
 // The same in Verilog, where such a name is an escaped one.
 void renameMadeInVerilog(QByteArray &line)
 {
-    for (int at = line.indexOf("\\$"); at >= 0; at = line.indexOf("\\$", at + 1)) {
-        line.replace(at, 2, "\\_");
-        shortenPaths(line, at);
+    for (int at = 0; at < line.size(); ++at) {
+        if (line.at(at) == '"') {
+            at = endOfQuotes(line, at);
+        } else if (line.at(at) == '\\') {
+            if (startsAt(line, at, "\\$")) {
+                line.replace(at, 2, "\\_");
+                shortenPaths(line, at);
+            }
+            at = endOfWord(line, at);
+        }
     }
 }
 
@@ -121,24 +146,23 @@ QString unwritten(const QFile &file)
 class TriStateNets
 {
 public:
-    void readModule(const QByteArray &text, qint64 begin)
+    void readModule(const QByteArray &module)
     {
         m_nets.clear();
-        const qint64 end = text.indexOf("\nend\n", int(begin));
         QSet<QByteArray> driven;
-        for (int at = text.indexOf("\n  cell $tribuf ", int(begin)); at >= 0 && at < end;
-             at = text.indexOf("\n  cell $tribuf ", at + 1)) {
-            const int port = text.indexOf("\n    connect \\Y ", at) + 16;
-            driven.insert(slice(text, port, endOfLine(text, port)));
+        for (int at = module.indexOf("\n  cell $tribuf "); at >= 0;
+             at = module.indexOf("\n  cell $tribuf ", at + 1)) {
+            const int port = module.indexOf("\n    connect \\Y ", at) + 16;
+            driven.insert(slice(module, port, endOfLine(module, port)));
         }
         const QByteArray joint = "\n  connect \\";
-        for (int at = driven.isEmpty() ? -1 : text.indexOf(joint, int(begin)); at >= 0 && at < end;
-             at = text.indexOf(joint, at + 1)) {
-            const qint64 lineEnd = endOfLine(text, at + 1);
-            const QByteArray wire = slice(text, text.lastIndexOf(' ', int(lineEnd) - 1) + 1, lineEnd);
+        for (int at = driven.isEmpty() ? -1 : module.indexOf(joint); at >= 0;
+             at = module.indexOf(joint, at + 1)) {
+            const qint64 lineEnd = endOfLine(module, at + 1);
+            const QByteArray wire = lastWord(module, lineEnd);
             const int net = at + joint.size() - 1;
             if (driven.contains(wire))
-                m_nets.insert(wire, slice(text, net, lineEnd - wire.size() - 1));
+                m_nets.insert(wire, slice(module, net, lineEnd - wire.size() - 1));
         }
     }
 
@@ -167,25 +191,35 @@ private:
 class OpenNets
 {
 public:
-    explicit OpenNets(const QByteArray &verilog) : m_verilog(verilog), m_isNeeded(verilog.contains("'hz")) {}
+    explicit OpenNets(const QByteArray &verilog) : m_verilog(verilog), m_isNeeded(verilog.contains("'hz"))
+    {
+        const QByteArray words = "\nmodule ";
+        for (int at = m_isNeeded ? verilog.indexOf(words) : -1; at >= 0;
+             at = verilog.indexOf(words, at + 1)) {
+            int begin = at + words.size(), end = begin;
+            if (startsAt(verilog, begin, "\\"))
+                end = verilog.indexOf(' ', ++begin);
+            else
+                end = verilog.indexOf('(', begin);
+            m_modules.insert(slice(verilog, begin, end), at);
+        }
+    }
 
-    void readModule(const QByteArray &text, qint64 begin)
+    void readModule(const QByteArray &text)
     {
         m_line = 0;
         m_assignments.clear();
-        if (!m_isNeeded)
-            return;
-        QByteArray name = slice(text, begin + 7, endOfLine(text, begin));
+        QByteArray name = slice(text, 7, endOfLine(text, 0));
         name = name.startsWith('\\') ? name.mid(1) : name;
-        const int plain = m_verilog.indexOf("\nmodule " + name + '(');
-        const int module = plain >= 0 ? plain : m_verilog.indexOf("\nmodule \\" + name + " (");
-        const int end = m_verilog.indexOf("\nendmodule", module);
-        int connections =
-            text.mid(int(begin), text.indexOf("\nend\n", int(begin)) - int(begin)).count("\n  connect ");
-        for (int at = end; module >= 0 && connections > 0 && at > module; --connections) {
-            at = m_verilog.lastIndexOf("\n  assign ", at - 1);
-            if (at > module)
-                m_assignments.prepend(slice(m_verilog, at + 1, endOfLine(m_verilog, at + 1)));
+        const auto module = m_modules.constFind(name);
+        if (module == m_modules.constEnd())
+            return;
+        const QByteArray written = part(m_verilog, *module, m_verilog.indexOf("\nendmodule", *module));
+        int at = written.size();
+        for (int connections = text.count("\n  connect "); connections > 0 && at > 0; --connections) {
+            at = written.lastIndexOf("\n  assign ", at - 1);
+            if (at > 0)
+                m_assignments.prepend(slice(written, at + 1, endOfLine(written, at + 1)));
         }
     }
 
@@ -215,7 +249,8 @@ public:
 private:
     const QByteArray &m_verilog;
     const bool m_isNeeded;
-    QList<QByteArray> m_assignments; // of the module, as far as they are assignments of the text
+    QHash<QByteArray, int> m_modules; // where the line before each begins
+    QList<QByteArray> m_assignments;  // of the module, as far as they are assignments of the text
     int m_line = 0;
 };
 
@@ -229,8 +264,9 @@ public:
         while (begin < end) {
             const qint64 next = qMin(endOfLine(text, begin) + 1, end);
             if (startsAt(text, begin, "module ")) {
-                m_triStates.readModule(text, begin);
-                m_openNets.readModule(text, begin);
+                const QByteArray module = part(text, begin, text.indexOf("\nend\n", int(begin)));
+                m_triStates.readModule(module);
+                m_openNets.readModule(module);
             }
             if (!isSourceNote(text, begin, next)) {
                 QByteArray line = slice(text, begin, next);

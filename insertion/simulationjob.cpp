@@ -7,6 +7,7 @@
 
 #include "elaboration/tools/elaborator.h"
 #include "elaboration/tools/sourceorder.h"
+#include "elaboration/tools/sourcetext.h"
 #include "host/designmanager.h"
 #include "host/regularfile.h"
 #include "insertion/analyzer.h"
@@ -24,10 +25,10 @@ namespace {
 const int maxLinks = 2000;
 const int maxShownLines = 20;
 
-bool isPlainName(const QString &name)
+// By which Icarus Verilog tells the language.
+QString suffixOf(const QString &file)
 {
-    static const QRegularExpression plain("^[A-Za-z_]\\w*$");
-    return plain.match(name).hasMatch();
+    return file.endsWith(".sv") ? ".sv" : ".v";
 }
 
 QStringList lastLines(const QByteArray &words)
@@ -120,17 +121,20 @@ void SimulationJob::readBench(const QString &top)
     m_elaborator->start();
 }
 
-QStringList SimulationJob::benchModules() const
+QStringList SimulationJob::benchModules(QString *error) const
 {
-    static const QRegularExpression module("\\bmodule\\s+(\\w+)");
+    static const QRegularExpression module("\\bmodule\\s+([A-Za-z_]\\w*)");
     QStringList names;
     for (const QString &file : m_options.bench) {
         QByteArray bytes;
         QString reason;
-        QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason);
-        for (auto found = module.globalMatch(QString::fromUtf8(bytes)); found.hasNext();)
+        if (!QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason))
+            *error = file + " cannot be read: " + reason + '.';
+        const QString text = QString::fromUtf8(withoutComments(bytes, VerilogSource));
+        for (auto found = module.globalMatch(text); found.hasNext();)
             names << found.next().captured(1);
     }
+    names.removeDuplicates();
     return names;
 }
 
@@ -143,20 +147,26 @@ void SimulationJob::takeBench()
     const ModuleList &lists = bench->lists;
     if (lists.anyError())
         return fail(Failed, lists.messages.filter(QRegularExpression("^ERROR")));
+    QString error;
     QStringList tops;
-    for (const QString &module : benchModules()) {
+    for (const QString &module : benchModules(&error)) {
         if (lists.topModules.contains(module))
             tops << module;
     }
+    if (!error.isEmpty())
+        return fail(Failed, {error});
     if (tops.size() != 1)
         return fail(Failed,
                     {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
                                     : "The test bench has several top modules: " + tops.join(", ") + '.'});
-    if (!bench->usable)
+    if (!bench->usable) {
+        if (m_benchTop == tops.first())
+            return fail(Failed, {"The test bench cannot be read with " + m_benchTop + " as its top module."});
         return readBench(tops.first()); // of the design's files some have unused modules
+    }
     m_benchTop = tops.first();
     m_instance = findInstance(*bench, m_top, m_options.instance);
-    if (!m_instance.fault.isEmpty() || !isPlainName(m_benchTop))
+    if (!m_instance.fault.isEmpty())
         return fail(Failed, {m_instance.fault});
     prepare();
 }
@@ -219,7 +229,7 @@ ToolCall SimulationJob::call(const char *name, const char *variable, const QStri
 
 QStringList SimulationJob::sourceArguments()
 {
-    QStringList arguments, files;
+    QStringList arguments, files, libraries;
     QStringList includePaths = m_input.includePaths;
     for (const QString &bench : m_options.bench)
         includePaths << QFileInfo(bench).absolutePath();
@@ -236,13 +246,19 @@ QStringList SimulationJob::sourceArguments()
     const QStringList usual{".v", ".sv"};
     for (const QString &suffix : m_input.librarySuffixes.isEmpty() ? usual : m_input.librarySuffixes)
         arguments << "-Y" + suffix;
+    // Icarus Verilog takes no second definition of a module, so of the libraries only what is used is read.
     for (const DesignSource &source : m_input.files)
-        files << source.path;
+        (source.onlyWhenUsed ? libraries : files) << source.path;
+    const QSet<QString> used = SourceNeeds(m_options.bench + files + libraries).filesFor(m_benchTop);
+    for (const QString &library : libraries) {
+        if (used.contains(library))
+            files << library;
+    }
     const QSet<QString> included = includedNames(files + m_options.bench);
     const QRegularExpression header("\\.s?vh$");
     for (const QString &file : orderedByUse(files, VerilogSource)) {
         if (!included.contains(QFileInfo(file).fileName()) || !header.match(file).hasMatch())
-            arguments << m_names->file(file, '.' + QFileInfo(file).suffix());
+            arguments << m_names->file(file, suffixOf(file));
     }
     return arguments;
 }
@@ -265,7 +281,7 @@ void SimulationJob::compile()
     for (const QString &bench : m_options.bench) {
         if (isByNetlist)
             arguments << "-I" << m_names->folder(QFileInfo(bench).absolutePath());
-        arguments << m_names->file(bench, '.' + QFileInfo(bench).suffix());
+        arguments << m_names->file(bench, suffixOf(bench));
     }
     arguments << m_scratch->file("harness.v");
     const QByteArray scale = "`timescale 1ns / 1ps\n";
@@ -313,8 +329,8 @@ void SimulationJob::judge(const ToolResult &result)
                                 : QStringList(result.message));
     if (!collect())
         return;
-    if (m_options.records)
-        m_record = take("raw.vcd");
+    if (m_options.records && !take("raw.vcd", &m_record))
+        return;
     bool anyWindow = false, anySilent = false;
     for (const RTLJEX::CapturedCore &core : m_captured) {
         anyWindow = anyWindow || !core.windows.isEmpty();
@@ -329,7 +345,10 @@ void SimulationJob::judge(const ToolResult &result)
 // windows is read in a second run, as soon as it has those that it will have.
 bool SimulationJob::collect()
 {
-    const QMap<int, CoreEnd> ends = readEnds(take("end.txt"));
+    QByteArray text;
+    if (!take("end.txt", &text))
+        return false;
+    const QMap<int, CoreEnd> ends = readEnds(text);
     const bool isSecond = !m_windows.isEmpty();
     m_captured.clear();
     for (const Analyzer::Core &core : analyzer().cores()) {
@@ -349,8 +368,9 @@ bool SimulationJob::collect()
         QString error;
         if (end.windows == 0) {
             tellSilence(analyzer(), m_captured.size(), end.seen);
-        } else if (!RTLJEX::readCapture(withWindows(take("core_" + QString::number(number) + ".txt"),
-                                                    m_windows.value(number, end.windows)),
+        } else if (!take("core_" + QString::number(number) + ".txt", &text)) {
+            return false;
+        } else if (!RTLJEX::readCapture(withWindows(text, m_windows.value(number, end.windows)),
                                         core.module.layout, &captured, &error)) {
             fail(Failed, {"Core " + QString::number(number) + ": " + error});
             return false;
@@ -389,12 +409,14 @@ bool SimulationJob::put(const QString &name, const QByteArray &bytes)
     return m_scratch->write(name, bytes);
 }
 
-QByteArray SimulationJob::take(const QString &name) const
+bool SimulationJob::take(const QString &name, QByteArray *bytes)
 {
-    QByteArray bytes;
     QString reason;
-    QUtil::readRegularFile(m_scratch->file(name), 1024 * QUtil::MiB, &bytes, &reason);
-    return bytes;
+    bytes->clear();
+    if (QUtil::readRegularFile(m_scratch->file(name), 1024 * QUtil::MiB, bytes, &reason))
+        return true;
+    fail(Failed, {"What the simulation wrote cannot be read (" + name + "): " + reason + '.'});
+    return false;
 }
 
 } // namespace Insertion

@@ -84,7 +84,7 @@ private Q_SLOTS:
 
 private:
     void readBench(const QString &top);
-    QStringList benchModules() const;
+    QStringList benchModules(QString *error) const;
     void prepare();
     bool needsNetlist() const;
     void compile();
@@ -96,7 +96,7 @@ private:
     void tellSilence(const Analyzer &analyzer, int core, quint32 seen);
     const Analyzer &analyzer() const;
     bool put(const QString &name, const QByteArray &bytes);
-    QByteArray take(const QString &name) const;
+    bool take(const QString &name, QByteArray *bytes); // false: the job is over
     void linkProject() const;
     void fail(Outcome outcome, const QStringList &sentences);
     void end(Outcome outcome);

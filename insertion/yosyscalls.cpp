@@ -60,9 +60,11 @@ YosysCalls::YosysCalls(const DesignInput &input, const Elaboration &elaboration)
       m_names(m_scratch),
       m_top(elaboration.readOptions.top)
 {
-    for (const DesignSource &source : input.files) {
-        if (source.type != TE::VhdlFile)
-            m_files << source.path;
+    for (bool isLibrary : {false, true}) {
+        for (const DesignSource &source : input.files) {
+            if (source.type != TE::VhdlFile && source.onlyWhenUsed == isLibrary)
+                m_files << source.path;
+        }
     }
     for (const QString &file : libraryFiles(input, elaboration.filesRead)) {
         if (!m_files.contains(file))
@@ -141,15 +143,19 @@ QString YosysCalls::readingScript(bool forSimulation)
     m_scratch.write("insertion-defines.v", defines);
     QString script = "read_verilog " + file("defines.v") + '\n';
     const bool allSystem = verilogLanguage(m_input.verilogStandard).startsWith("1800");
-    QSet<QString> systemFiles;
+    QSet<QString> systemFiles, libraries;
     for (const DesignSource &source : m_input.files) {
         if (source.type == TE::SystemVerilogFile)
             systemFiles.insert(source.path);
+        if (source.onlyWhenUsed)
+            libraries.insert(source.path);
     }
     for (const QString &path : m_files) {
         const bool isSystem = allSystem || systemFiles.contains(path) || path.endsWith(".sv");
         const QString name = m_names.file(path, isSystem ? ".sv" : ".v");
-        script += QString("read_verilog -defer") + (isSystem ? " -sv" : "") + folders + ' ' + name + '\n';
+        // What the design defines itself it does not take from a library.
+        script += QString("read_verilog -defer") + (isSystem ? " -sv" : "") +
+                  (libraries.contains(path) ? " -nooverwrite" : "") + folders + ' ' + name + '\n';
     }
     for (const QString &made : m_elaboration.readOptions.generated)
         script += "read_verilog -defer " + made + '\n';

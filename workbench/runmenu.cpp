@@ -188,9 +188,10 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     QStringList sources{file};
     for (const QUARRY::DesignSource &source : designInput().files)
         sources << source.path;
-    const QString fault = Insertion::outputFault(folder, Insertion::InsertionJob::fileNames(), sources);
-    if (!fault.isEmpty())
-        return fail(fault);
+    const Insertion::OutputFolder output(folder, sources);
+    QString error = output.fault();
+    if (!error.isEmpty())
+        return fail(error);
     if (!open(file, configuration, netlist))
         return false;
     Insertion::InsertionOptions options;
@@ -202,10 +203,9 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     tell(job.messages());
     if (job.outcome() == Insertion::InsertionJob::Cancelled)
         return fail("Cancelled: nothing was written.");
-    QString error;
     if (job.files().isEmpty())
         return false;
-    if (!Insertion::writeFolder(folder, job.files(), &error))
+    if (!output.write(job.files(), &error))
         return fail(error);
     Q_EMIT message("The analyzer of " + QFileInfo(file).fileName() + " is in " + folder + ".\n" +
                        QString::fromUtf8(job.files().value("report.txt")).trimmed(),

@@ -30,8 +30,15 @@ module top #(parameter STEP = 3) (input clk, input clk2, input rst, input [3:0] 
   generate for (i = 0; i < 3; i = i + 1) begin : lane
     unit #(.STEP(STEP + i)) u(.clk(i == 2 ? clk2 : clk), .rst(rst), .in(in), .out(part[i]));
   end endgenerate
-  assign out = part[0];
+  follower f(.in(part[0]), .out(out));
   assign all = part[0] ^ part[1] ^ part[2];
+endmodule
+)";
+
+// Files of a library: what the design has not, and another module of a name that it has.
+const char follower[] = "module follower(input [0:3] in, output [0:3] out); assign out = in; endmodule";
+const char otherUnit[] = R"(
+module unit #(parameter STEP = 1) (input clk, input rst, input [3:0] in, output reg [0:3] out);
 endmodule
 )";
 
@@ -133,6 +140,12 @@ private Q_SLOTS:
         source.path = m_folder.write("design.v", design);
         source.type = 2;
         m_input.files << source;
+        source.onlyWhenUsed = true;
+        for (const auto &library :
+             {std::make_pair("unit.v", otherUnit), std::make_pair("follower.v", follower)}) {
+            source.path = m_folder.write(library.first, library.second);
+            m_input.files.prepend(source);
+        }
         m_folder.write("tb.v", bench);
         QStringList messages;
         m_netlist.reset(buildNetlist(m_input, messages));
@@ -279,6 +292,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("expected"); // the beginning of the last message
         QTest::newRow("no instance") << QByteArray("module tb; endmodule")
                                      << "ERROR: The test bench has no instance of top.";
+        QTest::newRow("comments") << QByteArray("// module tb\n/* module top */ module tb; endmodule")
+                                  << "ERROR: The test bench has no instance of top.";
+        QTest::newRow("records elsewhere")
+            << QByteArray(
+                   "module tb; reg clk = 0; always #5 clk = ~clk; top a(.clk(clk));\n"
+                   "initial begin $dumpfile(\"own.vcd\"); $dumpvars(0, tb); #40000 $finish; end endmodule")
+            << "ERROR: What the simulation wrote cannot be read (raw.vcd): ";
         QTest::newRow("two instances") << QByteArray("module tb; top a(); top b(); endmodule")
                                        << "ERROR: The test bench has several instances of top: tb.a, tb.b. "
                                           "Name one of them with --instance.";
