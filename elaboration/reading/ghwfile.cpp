@@ -68,6 +68,7 @@ private:
                 shared |= (letter & 31) << shift;
             }
             m_strings.append(plainVhdlName(QString::fromLatin1(text)));
+            m_in.spend(m_strings.last());
         }
     }
 
@@ -104,12 +105,15 @@ private:
 
     void openScope(int item)
     {
+        if (m_open.size() > mostVhdlLevels)
+            return m_in.setBad();
         m_open.back()->children.emplace_back(new VhdlScope);
         m_open.push_back(m_open.back()->children.back().get());
         m_open.back()->name = string();
         if (item == ForGenerate) {
             const GhwType *index = m_types.find(m_in);
             m_open.back()->name += QLatin1Char('(') + m_types.readValue(m_in, index) + QLatin1Char(')');
+            m_in.spend(m_open.back()->name);
             if (index)
                 m_open.back()->order = index->range.isDownwards ? VhdlScope::Downwards : VhdlScope::Upwards;
         }
@@ -126,7 +130,7 @@ private:
             m_in.unsignedNumber();
         if (m_in.isBad())
             return;
-        m_types.shape(*type, isPort, signal);
+        m_types.shape(m_in, *type, isPort, signal);
         m_open.back()->signalList.push_back(signal);
     }
 

@@ -8,6 +8,10 @@ const qint64 mostElements = 32;
 const qint64 mostBits = 1 << 20; // of a signal that is shown
 const int mostLevels = 64;       // of types in types
 const qint64 mostScalars = qint64(1) << 30;
+// Of memory, for what the file says in few bytes.
+const qint64 memoryPerByte = 128;
+const qint64 leastMemory = qint64(16) << 20;
+const qint64 mostMemory = qint64(1) << 30;
 
 enum GhwKind {
     EnumerationOfTwo = 22,
@@ -40,6 +44,17 @@ QString string(GhwInput &in, const QStringList &strings)
 }
 
 } // namespace
+
+GhwInput::GhwInput(const QByteArray &bytes)
+    : m_bytes(bytes), m_memory(qBound(leastMemory, bytes.size() * memoryPerByte, mostMemory))
+{
+}
+
+void GhwInput::spend(size_t bytes)
+{
+    m_memory -= qint64(bytes);
+    m_isBad = m_isBad || m_memory < 0;
+}
 
 int GhwInput::byte()
 {
@@ -124,6 +139,15 @@ const GhwType *GhwTypes::keep(GhwType type)
     return &m_bounds.back();
 }
 
+GhwType GhwTypes::copied(GhwInput &in, const GhwType &type, const QString &name)
+{
+    in.spend(sizeof type + type.fields.size() * sizeof(GhwType *) +
+             type.dimensions.size() * sizeof(GhwRange));
+    GhwType copy = in.isBad() ? GhwType() : type;
+    copy.name = name;
+    return copy;
+}
+
 GhwRange GhwTypes::readRange(GhwInput &in) const
 {
     GhwRange range;
@@ -148,8 +172,10 @@ void GhwTypes::readEnumeration(GhwInput &in, const QStringList &strings, GhwType
 {
     type.kind = GhwType::Enumeration;
     const quint64 count = in.unsignedNumber();
-    for (quint64 i = 0; i < count && !in.isBad(); ++i)
+    for (quint64 i = 0; i < count && !in.isBad(); ++i) {
         type.labels.append(string(in, strings) + QLatin1Char('=') + QString::number(i));
+        in.spend(type.labels.last());
+    }
     type.range.right = qint64(qMin<quint64>(count, 256)) - 1;
     type.isBit = (type.name == QLatin1String("std_ulogic") && count == 9) ||
                  ((type.name == QLatin1String("bit") || type.name == QLatin1String("boolean")) && count == 2);
@@ -198,11 +224,8 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
         break;
     }
     case ScalarSubtype: {
-        if (const GhwType *base = find(in)) {
-            const QString name = type.name;
-            type = *base;
-            type.name = name;
-        }
+        if (const GhwType *base = find(in))
+            type = copied(in, *base, type.name);
         type.range = readRange(in);
         break;
     }
@@ -225,20 +248,14 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
     case RecordSubtype: {
         const GhwType *base = find(in);
         const GhwType *bounded = base ? readBounds(in, base) : nullptr;
-        if (bounded) {
-            const QString name = type.name;
-            type = *bounded;
-            type.name = name.isEmpty() ? base->name : name;
-        }
+        if (bounded)
+            type = copied(in, *bounded, type.name.isEmpty() ? base->name : type.name);
         break;
     }
     case OpenArraySubtype:
     case OpenRecordSubtype:
-        if (const GhwType *base = find(in)) {
-            const QString name = type.name;
-            type = *base;
-            type.name = name;
-        }
+        if (const GhwType *base = find(in))
+            type = copied(in, *base, type.name);
         break;
     default:
         in.setBad();
@@ -249,7 +266,7 @@ GhwType GhwTypes::readType(GhwInput &in, const QStringList &strings)
 // The bounds of what the base leaves open.
 const GhwType *GhwTypes::readBounds(GhwInput &in, const GhwType *base)
 {
-    GhwType type = *base;
+    GhwType type = copied(in, *base, base->name);
     type.isBounded = true;
     if (type.levels > mostLevels)
         in.setBad();
@@ -316,11 +333,12 @@ QString GhwTypes::readValue(GhwInput &in, const GhwType *type) const
 class GhwTypes::Shapes
 {
 public:
-    explicit Shapes(bool isPort) : m_isPort(isPort) {}
+    Shapes(GhwInput &in, bool isPort) : m_in(in), m_isPort(isPort) {}
 
     void add(const GhwType &type, const VhdlElement &place)
     {
-        if (type.width == 0 || type.levels > mostLevels)
+        m_in.spend(place.name);
+        if (type.width == 0 || type.levels > mostLevels || m_in.isBad())
             return;
         if (type.kind == GhwType::Array)
             return addArray(type, 0, place);
@@ -363,7 +381,7 @@ private:
         int width = type.element->width;
         for (size_t i = dimension + 1; i < type.dimensions.size(); ++i)
             width *= int(type.dimensions[i].length());
-        for (int i = 0; i < range.length(); ++i) {
+        for (int i = 0; i < range.length() && !m_in.isBad(); ++i) {
             const qint64 index = range.isDownwards ? range.left - i : range.left + i;
             element.name = place.name + QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
             element.offset = place.offset + width * int(range.length() - 1 - i);
@@ -378,7 +396,7 @@ private:
     void addRecord(const GhwType &type, const VhdlElement &place)
     {
         VhdlElement element = place;
-        for (size_t i = 0; i < type.fields.size(); ++i) {
+        for (size_t i = 0; i < type.fields.size() && !m_in.isBad(); ++i) {
             const QString &field = type.fieldNames.at(int(i));
             element.name = place.name + QLatin1Char('.') + field;
             if (place.name.isEmpty()) {
@@ -391,15 +409,16 @@ private:
         }
     }
 
+    GhwInput &m_in;
     const bool m_isPort;
 };
 
-void GhwTypes::shape(const GhwType &type, bool isPort, VhdlSignal &signal) const
+void GhwTypes::shape(GhwInput &in, const GhwType &type, bool isPort, VhdlSignal &signal) const
 {
     signal.width = type.width;
     std::shared_ptr<const VhdlElements> &known = m_shapes[isPort ? 1 : 0][&type];
     if (!known) {
-        Shapes shapes(isPort);
+        Shapes shapes(in, isPort);
         shapes.add(type, VhdlElement());
         known = std::make_shared<const VhdlElements>(std::move(shapes.elements));
     }

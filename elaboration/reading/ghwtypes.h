@@ -11,12 +11,12 @@
 
 namespace QUARRY {
 
-// The bytes of a wave file. Whatever they are, reading ends: behind the last one, and after a number that
-// makes no sense, all are 0 and isBad() is true.
+// The bytes of a wave file. Whatever they are, reading ends: behind the last one, after a number that makes
+// no sense, and when what a few of them stand for would fill the memory, all are 0 and isBad() is true.
 class GhwInput
 {
 public:
-    explicit GhwInput(const QByteArray &bytes) : m_bytes(bytes) {}
+    explicit GhwInput(const QByteArray &bytes);
 
     int byte();
     QByteArray text(int size);
@@ -26,9 +26,13 @@ public:
     qint64 signedNumber();
     bool isBad() const { return m_isBad; }
     void setBad() { m_isBad = true; }
+    // To be called for all that is larger in memory than in the file.
+    void spend(size_t bytes);
+    void spend(const QString &text) { spend(size_t(text.size()) * sizeof(QChar)); }
 
 private:
     const QByteArray m_bytes;
+    qint64 m_memory; // that is left
     int m_at = 0;
     bool m_isBad = false;
 };
@@ -68,7 +72,7 @@ public:
     void read(GhwInput &in, const QStringList &strings);
     const GhwType *find(GhwInput &in) const; // by the number that comes next; null: no such type
     QString readValue(GhwInput &in, const GhwType *type) const;
-    void shape(const GhwType &type, bool isPort, VhdlSignal &signal) const;
+    void shape(GhwInput &in, const GhwType &type, bool isPort, VhdlSignal &signal) const;
 
 private:
     static void readEnumeration(GhwInput &in, const QStringList &strings, GhwType &type);
@@ -77,6 +81,7 @@ private:
     GhwRange readRange(GhwInput &in) const;
     const GhwType *readBounds(GhwInput &in, const GhwType *base);
     const GhwType *keep(GhwType type);
+    static GhwType copied(GhwInput &in, const GhwType &type, const QString &name);
     static void measure(GhwType &type);
     static int widthOf(const GhwType &type);
     class Shapes;

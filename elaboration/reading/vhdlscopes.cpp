@@ -2,8 +2,10 @@
 
 #include "elaboration/reading/ghwfile.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QRegExp>
+
+#include "host/regularfile.h"
 
 namespace QUARRY {
 
@@ -65,12 +67,15 @@ QString VhdlScope::shownName() const
 
 std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString &entity)
 {
-    QFile file(waveform);
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    QString reason;
+    if (!QUtil::readRegularFile(waveform, 512 * QUtil::MiB, &bytes, &reason))
         return nullptr;
     VhdlScope all;
-    if (isGhwFile(file.peek(16)))
-        return readGhwScopes(file.readAll(), all) ? all.takeEntity(entity) : nullptr;
+    if (isGhwFile(bytes))
+        return readGhwScopes(bytes, all) ? all.takeEntity(entity) : nullptr;
+    QBuffer file(&bytes);
+    file.open(QIODevice::ReadOnly);
     std::vector<VhdlScope *> open(1, &all);
     QRegExp scope(QLatin1String("\\$scope \\w+ (.*) \\$end"));
     while (!file.atEnd()) {
@@ -78,6 +83,8 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString
         VhdlSignal signal;
         if (line.startsWith(QLatin1String("$enddefinitions")))
             break;
+        if (open.size() > mostVhdlLevels)
+            return nullptr;
         if (scope.exactMatch(line)) {
             open.back()->children.emplace_back(new VhdlScope);
             open.push_back(open.back()->children.back().get());

@@ -37,6 +37,9 @@ struct VhdlSignal
     std::shared_ptr<const VhdlElements> elements; // null: not known, or one; none: it is not shown
 };
 
+// Of scopes in scopes: a file with more is damaged, and its readers call themselves for each.
+const size_t mostVhdlLevels = 1000;
+
 // An instance, a block or one round of a generate loop, as the VHDL has it. The Verilog that GHDL makes
 // of the same entity has lost generate scopes, declared ranges and what nothing reads.
 struct VhdlScope

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegExp>
 #include <QSet>
 
 #include <cerrno>
@@ -11,6 +10,7 @@
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/findings.h"
 #include "elaboration/tools/sourceorder.h"
+#include "elaboration/tools/verilatorerrors.h"
 #include "host/designmanager.h"
 #include "host/regularfile.h"
 
@@ -19,38 +19,6 @@ namespace {
 
 const int maxMessages = 500; // of a kind: nobody reads more
 const int maxRuns = 30;      // each repair either changes something or ends the work
-
-// "Cannot find file containing module: 'prim'", "Can't resolve module reference: 'bb$x'"
-QString missingModule(const ToolMessage &message)
-{
-    QRegExp missing(QLatin1String("(?:Cannot find file containing module|Can't resolve module reference): "
-                                  "'(.*)'"));
-    return missing.exactMatch(message.text) ? missing.cap(1) : QString();
-}
-
-bool isTypeName(const QString &name)
-{
-    for (const char *type : {"logic", "bit", "byte", "shortint", "int", "longint", "string", "var"}) {
-        if (name == QLatin1String(type))
-            return true;
-    }
-    return false;
-}
-
-bool isUnknownTop(const ToolMessage &message)
-{
-    return message.text.startsWith(QLatin1String("Specified --top-module"));
-}
-
-QList<ToolMessage> ofSeverity(const QList<ToolMessage> &messages, ToolMessage::Severity severity)
-{
-    QList<ToolMessage> chosen;
-    for (const ToolMessage &message : messages) {
-        if (message.severity == severity)
-            chosen.append(message);
-    }
-    return chosen;
-}
 
 // Empty when the file can be opened.
 QString unopenedReason(const QString &path)

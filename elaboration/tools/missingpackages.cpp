@@ -9,6 +9,8 @@
 namespace QUARRY {
 namespace {
 
+const int mostPackages = 100; // for each, files are searched
+
 QString bareText(const QString &file)
 {
     return QString::fromLatin1(withoutComments(sourceOf(file), VerilogSource));
@@ -27,6 +29,21 @@ QRegExp declarationOf(const QString &name)
                    QLatin1String("\\s*;"));
 }
 
+// The name in front of the semicolon of each "typedef".
+void collectTypes(const QString &text, QSet<QString> &names)
+{
+    const QRegExp keyword(QLatin1String("\\btypedef\\b"));
+    QRegExp name(QLatin1String("\\b(\\w+)\\s*$"));
+    for (int at = keyword.indexIn(text); at >= 0; at = keyword.indexIn(text, at)) {
+        const int end = text.indexOf(QLatin1Char(';'), at);
+        if (end < 0)
+            return;
+        if (name.indexIn(text.mid(at, end - at)) > 0)
+            names.insert(name.cap(1));
+        at = end;
+    }
+}
+
 // What may stand in front of "::" without being a missing package.
 QSet<QString> scopesOf(const QStringList &sources)
 {
@@ -35,11 +52,10 @@ QSet<QString> scopesOf(const QStringList &sources)
         scopes.insert(QLatin1String(word));
     const QRegExp declared(
         QLatin1String("\\b(package|class|interface|covergroup|type)\\s+(?:automatic\\s+|static\\s+)?(\\w+)"));
-    const QRegExp typeName(QLatin1String("\\btypedef\\b[^;]*\\b(\\w+)\\s*;"));
     for (const QString &source : sources) {
         const QString text = bareText(source);
         collect(text, declared, scopes);
-        collect(text, typeName, scopes);
+        collectTypes(text, scopes);
     }
     return scopes;
 }
@@ -65,7 +81,8 @@ QSet<QString> namedIn(const ToolMessage &error, Lines &lines)
     collect(error.text, QRegExp(QLatin1String("(?:missing package|Package/class) '(\\w+)'")), names);
     if (names.isEmpty() &&
         (error.text.startsWith(QLatin1String("syntax error")) || error.code == QLatin1String("PKGNODECL")))
-        collect(lines.line(error.file, error.line), QRegExp(QLatin1String("([A-Za-z_$]\\w*)\\s*::")), names);
+        collect(lines.line(error.file, error.line), QRegExp(QLatin1String("(\\$?\\b[A-Za-z_]\\w*)\\s*::")),
+                names);
     return names;
 }
 
@@ -81,7 +98,7 @@ QList<MissingPackage> missingPackages(const QList<ToolMessage> &errors, const QS
         if (!names.isEmpty() && known.isEmpty())
             known = scopesOf(sources);
         for (const QString &name : names) {
-            if (!known.contains(name))
+            if (!known.contains(name) && packages.size() < mostPackages)
                 packages.append({name, error.file, error.line});
             known.insert(name);
         }

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cstring>
+
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
 
@@ -11,6 +13,7 @@ namespace QUARRY {
 namespace {
 
 const char directive[] = "`include";
+const int longestName = 4096; // of a file: nothing is looked for behind it
 
 // What stands between quotes or angle brackets behind the directive that begins at `at`; empty for a macro.
 TextRange includedName(const QByteArray &text, int at)
@@ -20,11 +23,13 @@ TextRange includedName(const QByteArray &text, int at)
         ++from;
     if (from >= text.size() || (text.at(from) != '"' && text.at(from) != '<'))
         return {from, from};
-    const int end = text.indexOf(text.at(from) == '"' ? '"' : '>', from + 1);
-    const int lineEnd = text.indexOf('\n', from);
-    if (end < 0 || (lineEnd >= 0 && lineEnd < end))
+    const char quote = text.at(from) == '"' ? '"' : '>';
+    const char *const name = text.constData() + from + 1;
+    const auto *end = static_cast<const char *>(
+        std::memchr(name, quote, size_t(qMin(text.size() - from - 1, longestName))));
+    if (!end || std::memchr(name, '\n', size_t(end - name)))
         return {from, from};
-    return {from + 1, end};
+    return {from + 1, int(end - text.constData())};
 }
 
 QString textOf(const QByteArray &text, TextRange range)
@@ -94,7 +99,7 @@ void SourceCopies::noteIncludes(const QString &path, const QByteArray &text, Sou
         const QString file = include(name, path);
         if (file.isEmpty())
             continue;
-        source.includes.append(file);
+        source.includes.insert(file);
         const bool isNew = !m_sources.contains(file);
         m_sources[file].isIncluded = true;
         if (!isNew)

@@ -50,7 +50,7 @@ private:
         int made = 0;
         bool isIncluded = false;
         bool isEmpty = false;
-        QStringList includes; // the files that it includes
+        QSet<QString> includes; // the files that it includes
     };
     QString include(const QString &name, const QString &includer) const;
     void read(const QString &path, Source &source, QStringList &faults);

@@ -129,7 +129,7 @@ private:
             return hideStatement(i, behindSemicolon(i));
         for (const auto &block : blocks) {
             if (m_tokens.is(i, block.open))
-                return hideBlock(i, block.close);
+                return hideBlock(i, block.close, m_unclosed[&block - blocks]);
         }
         return i;
     }
@@ -146,13 +146,18 @@ private:
         return hideStatement(i, behindSemicolon(i));
     }
 
-    int hideBlock(int i, const char *close)
+    // There is no closing word in front of `unclosed`.
+    int hideBlock(int i, const char *close, int &unclosed)
     {
+        if (i < unclosed)
+            return i;
         int end = i;
         while (end < m_tokens.size() && m_tokens.areTogether(i, end) && !m_tokens.is(end, close))
             ++end;
-        if (!m_tokens.is(end, close) || !m_tokens.areTogether(i, end))
+        if (!m_tokens.is(end, close) || !m_tokens.areTogether(i, end)) {
+            unclosed = end;
             return i; // a name, in a file that is no SystemVerilog
+        }
         if (m_tokens.is(i, "covergroup"))
             m_groups.insert(m_tokens.word(i + 1));
         end += m_tokens.is(end + 1, ":") ? 3 : 1;
@@ -221,7 +226,19 @@ private:
         return end;
     }
 
+    // An "else" belongs to the innermost "if". They are counted: a source may nest them without end.
     int behindStatement(int i) const
+    {
+        for (int ifs = 0;; ++i) {
+            for (; m_tokens.is(i, "if") && m_tokens.areTogether(i - 1, i); ++ifs)
+                i = behindParentheses(i + 1);
+            i = behindPlainStatement(i);
+            if (ifs-- == 0 || !m_tokens.is(i, "else"))
+                return i;
+        }
+    }
+
+    int behindPlainStatement(int i) const
     {
         if (i >= m_tokens.size() || !m_tokens.areTogether(i - 1, i))
             return i;
@@ -230,10 +247,6 @@ private:
         if (m_tokens.word(i).startsWith('`')) { // a macro call, which may hold its own semicolon
             const int end = m_tokens.is(i + 1, "(") ? behindParentheses(i + 1) : i + 1;
             return m_tokens.is(end, ";") && m_tokens.areTogether(i, end) ? end + 1 : end;
-        }
-        if (m_tokens.is(i, "if")) {
-            const int end = behindStatement(behindParentheses(i + 1));
-            return m_tokens.is(end, "else") ? behindStatement(end + 1) : end;
         }
         return behindSemicolon(i);
     }
@@ -255,6 +268,7 @@ private:
     const Tokens m_tokens;
     QSet<QByteArray> m_groups;  // names of covergroups
     QSet<QByteArray> m_objects; // and of what is made of them
+    int m_unclosed[sizeof blocks / sizeof *blocks] = {};
     bool m_changed = false;
 };
 

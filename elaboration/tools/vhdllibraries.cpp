@@ -4,6 +4,7 @@ namespace QUARRY {
 namespace {
 
 const char defaultLibrary[] = "work";
+const int mostLibraries = 100; // of a file: the tool reads it for each
 
 bool isProjects(const QString &library)
 {
@@ -24,7 +25,7 @@ public:
             for (const VhdlUnit &unit : file.scan.units) {
                 if (unit.kind == VhdlUnit::Entity || unit.kind == VhdlUnit::Package ||
                     unit.kind == VhdlUnit::Other)
-                    m_owners[unit.name.toLower()].append(i);
+                    addOwner(m_owners[unit.name.toLower()], i);
             }
             m_known += file.library.toLower();
         }
@@ -53,6 +54,12 @@ private:
         return m_of.value(file, QStringList(fallback));
     }
 
+    static void addOwner(QList<int> &owners, int file)
+    {
+        if (owners.isEmpty() || owners.last() != file)
+            owners.append(file);
+    }
+
     bool add(const QString &unit, const QString &library)
     {
         bool isNew = false;
@@ -63,7 +70,8 @@ private:
 
     bool addFile(int file, const QString &library)
     {
-        if (!m_files.at(file).library.isEmpty() || m_of.value(file).contains(library))
+        const QStringList known = m_of.value(file);
+        if (!m_files.at(file).library.isEmpty() || known.size() == mostLibraries || known.contains(library))
             return false;
         m_of[file].append(library);
         return true;

@@ -179,18 +179,19 @@ private:
     // "generic (a, b : integer := 3; c : in string)" behind "entity e is"
     void takeGenerics(size_t i, const QString &entity)
     {
-        if (!at(i).is("generic") || !at(i + 1).is("("))
+        if (!at(i).is("generic") || !at(i + 1).is("(") || i < m_genericsEnd)
             return;
         int depth = 0;
         QStringList names;
         for (++i; i < m_all.size(); ++i) {
+            m_genericsEnd = i;
             depth += at(i).is("(") ? 1 : at(i).is(")") ? -1 : 0;
             if (depth == 0)
                 return;
             if (at(i).is(":")) {
+                const QString type = name(at(i + 1).is("in") ? i + 2 : i + 1);
                 for (const QString &known : names)
-                    m_scan.generics[entity].append(
-                        qMakePair(known, name(at(i + 1).is("in") ? i + 2 : i + 1)));
+                    m_scan.generics[entity].append(qMakePair(known, type));
                 names.clear();
             } else if (at(i).is(",") || at(i).is(";") || (depth == 1 && at(i).is("("))) {
                 if (at(i + 1).isName())
@@ -237,6 +238,7 @@ private:
     const int m_size;
     VhdlScan m_scan;
     bool m_isEnding = false;
+    size_t m_genericsEnd = 0; // a list that is not closed is read once
 };
 
 } // namespace

@@ -1,0 +1,237 @@
+#include "elaboration/reading/ghwfile.h"
+#include "elaboration/tools/missingpackages.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourcecopies.h"
+#include "elaboration/tools/vhdllibraries.h"
+#include "tests/elaboration/sources.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+#include <sys/resource.h>
+
+using namespace QUARRY;
+
+namespace {
+
+const qint64 mostMemory = qint64(200) << 20;
+const int mostMilliseconds = 5000; // what is mended takes a tenth of it, what is not takes much more
+
+QByteArray times(int count, const QByteArray &text)
+{
+    return text.repeated(count);
+}
+
+QByteArray numbered(int count, const QByteArray &pattern)
+{
+    QByteArray text;
+    for (int i = 0; i < count; ++i)
+        text += QByteArray(pattern).replace('#', QByteArray::number(i));
+    return text;
+}
+
+// A number of a wave file, seven bits a byte.
+QByteArray number(int value)
+{
+    QByteArray bytes;
+    for (; value > 127; value >>= 7)
+        bytes += char((value & 127) | 128);
+    return bytes + char(value);
+}
+
+QByteArray fourBytes(int value)
+{
+    return QByteArray(1, char(value)) + char(value >> 8) + char(value >> 16) + char(value >> 24);
+}
+
+const QByteArray head("GHDLwave\n\x10\0\0\0\0\0\0", 16);
+const QByteArray noBytes(17, 0);
+const QByteArray scopes("HIE" + noBytes);
+
+// How much a string shares with the one before it stands behind that one, five bits a byte.
+QByteArray strings(const QByteArray &first, int count)
+{
+    const int shared = first.size();
+    QByteArray text = "STR" + noBytes.left(5) + fourBytes(count + 1) + fourBytes(0) + first;
+    QByteArray length(1, char((shared > 31 ? 128 : 0) | (shared & 31)));
+    for (int rest = shared >> 5; rest > 0; rest >>= 5)
+        length += char((rest > 31 ? 128 : 0) | (rest & 31));
+    return text + length + times(count, "x" + length);
+}
+
+QByteArray types(int count, const QByteArray &all)
+{
+    return "TYP" + noBytes.left(5) + fourBytes(count) + all + '\0';
+}
+
+qint64 memoryUsed()
+{
+    rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    return qint64(usage.ru_maxrss) << 10;
+}
+
+} // namespace
+
+// What sources and wave files from strangers may be made of to fill the stack, the memory or the time of the
+// program that reads them.
+class HostileTextsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void repairs_data();
+    void repairs();
+    void includes_data();
+    void includes();
+    void libraries_data();
+    void libraries();
+    void packages_data();
+    void packages();
+    void waves_data();
+    void waves();
+    void nestedScopesOfVcd();
+};
+
+void HostileTextsTest::repairs_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("nested ifs") << "assert property (a) " + times(100000, "if (a) ");
+    QTest::newRow("nested elses") << "assert property (a) " + times(100000, "if (a) b; else ");
+    QTest::newRow("no closing words") << times(20000, "property sequence checker covergroup ");
+    QTest::newRow("in a macro") << "`define m " + times(60000, "property ");
+}
+
+void HostileTextsTest::repairs()
+{
+    QFETCH(QByteArray, text);
+    QElapsedTimer timer;
+    timer.start();
+    repairSource(text, VerilogSource, HideAssertions);
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void HostileTextsTest::includes_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("no closing bracket") << times(100000, "`include <\n");
+    QTest::newRow("one line") << times(100000, "`include <");
+}
+
+void HostileTextsTest::includes()
+{
+    QFETCH(QByteArray, text);
+    Sources sources;
+    const QString file = sources.write("a.v", text);
+    ScratchDir scratch;
+    SafeNames names(scratch);
+    SourceCopies copies(scratch, names);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(copies.look(QStringList(file), VerilogSource), QStringList());
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void HostileTextsTest::libraries_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("generics without end") << times(20000, "entity e is generic (a : b;");
+    QTest::newRow("generics of one type")
+        << "entity e is generic (" + times(20000, "a, ") + "b : " + times(50000, "x");
+    QTest::newRow("many of one name")
+        << times(20000, "entity e is end;architecture a of e is end;") + "library l;use l.e;";
+    QTest::newRow("many libraries") << "library " + numbered(10000, "l#,") + ";package p is end;" +
+                                           numbered(10000, "l#.p ") + numbered(10000, "work.w# ");
+}
+
+void HostileTextsTest::libraries()
+{
+    QFETCH(QByteArray, text);
+    const qint64 before = memoryUsed();
+    QElapsedTimer timer;
+    timer.start();
+    VhdlFile file;
+    file.path = "a.vhd";
+    file.scan = scanVhdl(text);
+    vhdlLibraries({file});
+    QVERIFY(memoryUsed() - before < mostMemory);
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void HostileTextsTest::packages_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("typedefs without end") << "p::q\n" + times(20000, "typedef ");
+    QTest::newRow("a long name") << times(100000, "a") + " p::q";
+    QTest::newRow("many packages") << numbered(20000, "a#::b ");
+}
+
+void HostileTextsTest::packages()
+{
+    QFETCH(QByteArray, text);
+    Sources sources;
+    ToolMessage error;
+    error.file = sources.write("a.sv", text);
+    error.line = 1;
+    error.text = "syntax error";
+    const QStringList files(error.file);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!withMissingPackages({error}, files, files).isEmpty());
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void HostileTextsTest::waves_data()
+{
+    QTest::addColumn<QByteArray>("small");
+    QTest::addColumn<QByteArray>("large");
+    const auto row = [](const char *name, QByteArray (*wave)(int size)) {
+        QTest::newRow(name) << head + wave(3) + '\0' << head + wave(20000) + '\0';
+    };
+    row("strings", [](int size) { return strings(times(size, "a"), size) + scopes; });
+    row("labels", [](int size) {
+        return strings(times(size, "a"), 1) +
+               types(1, char(23) + number(1) + number(size) + times(size, number(2))) + scopes;
+    });
+    row("copies of a record", [](int size) {
+        const int fields = size / 3;
+        return strings("ab", 1) +
+               types(size + 2, char(25) + number(1) + char(32) + number(1) + number(fields) +
+                                   times(fields, number(1) + number(1)) +
+                                   times(size, char(39) + number(1) + number(2))) +
+               scopes;
+    });
+    row("members", [](int size) {
+        return strings(times(size, "a"), 1) +
+               types(2, char(25) + number(1) + char(32) + number(1) + number(size) +
+                            times(size, number(2) + number(1))) +
+               scopes + char(16) + number(1) + number(2) + times(size, number(1));
+    });
+    row("scopes", [](int size) { return strings("ab", 1) + scopes + times(5 * size, char(3) + number(1)); });
+    row("rounds", [](int size) {
+        return strings(times(size, "a"), 1) + types(1, char(25) + number(1)) + scopes +
+               times(size, char(5) + number(2) + number(1) + number(3) + char(15));
+    });
+}
+
+void HostileTextsTest::waves()
+{
+    QFETCH(QByteArray, small);
+    QFETCH(QByteArray, large);
+    VhdlScope all;
+    QVERIFY(readGhwScopes(small, all));
+    const qint64 before = memoryUsed();
+    QVERIFY(!readGhwScopes(large, all));
+    QVERIFY(memoryUsed() - before < mostMemory);
+}
+
+void HostileTextsTest::nestedScopesOfVcd()
+{
+    Sources sources;
+    const QString file = sources.write("a.vcd", times(100000, "$scope module a $end\n"));
+    QVERIFY(!readVhdlScopes(file, "a"));
+}
+
+QTEST_GUILESS_MAIN(HostileTextsTest)
+#include "tst_hostiletexts.moc"
