@@ -132,8 +132,9 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
     const QSet<int> registered = registeredNets(original);
     for (const Analyzer::Core &core : analyzer.cores()) {
         const Tap &tap = taps.at(core.clock.tap);
-        const int bit = original.wires().value(flatName(tap)).firstBit + core.clock.place;
-        if (registered.contains(original.netOf(bit)))
+        const auto wire = original.wires().constFind(flatName(tap));
+        if (wire != original.wires().constEnd() &&
+            registered.contains(original.netOf(wire->firstBit + core.clock.place)))
             warnings
                 << "WARNING: The sample clock " + bitName(tap, core.clock) + " of core " +
                        QString::number(core.core.number) +
@@ -142,18 +143,22 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
     }
     const QSet<int> driven = drivenNets(original);
     for (const Tap &tap : taps) {
-        const FlatNetlist::Wire wire = original.wires().value(flatName(tap));
+        const auto wire = original.wires().constFind(flatName(tap));
+        if (wire == original.wires().constEnd()) {
+            warnings << "WARNING: What drives " + tap.net + tap.range() + " is not known.";
+            continue;
+        }
         int constants = 0, open = 0;
-        for (int bit = 0; bit < wire.width; ++bit) {
-            const int net = original.netOf(wire.firstBit + bit);
+        for (int bit = 0; bit < wire->width; ++bit) {
+            const int net = original.netOf(wire->firstBit + bit);
             constants += original.constantsOf(net) != 0;
             open += original.constantsOf(net) == 0 && !driven.contains(net);
         }
-        if (wire.width > 0 && constants == wire.width)
+        if (wire->width > 0 && constants == wire->width)
             warnings << "WARNING: " + tap.net + tap.range() + " never changes: it is a constant.";
         else if (open > 0)
             warnings << "WARNING: Nothing drives " + tap.net + tap.range() +
-                            (open < wire.width ? " as a whole." : ".");
+                            (open < wire->width ? " as a whole." : ".");
     }
 }
 

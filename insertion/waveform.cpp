@@ -30,10 +30,11 @@ struct Scope
     QSet<QByteArray> names;
 };
 
-// Names of a dump end at a blank.
+// Names of a dump end at a blank, and one with a dollar sign in front may be a command: "$end".
 QByteArray dumpName(QString name)
 {
-    return name.simplified().replace(' ', '_').toUtf8();
+    name = name.simplified().replace(' ', '_');
+    return name.startsWith('$') ? '_' + name.mid(1).toUtf8() : name.toUtf8();
 }
 
 // "!" to "~", then two of them, and so on.

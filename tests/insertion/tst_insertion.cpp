@@ -5,7 +5,9 @@
 #include "elaboration/tools/elaborator.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
+#include "insertion/flatnetlist.h"
 #include "insertion/insertionjob.h"
+#include "insertion/insertiontexts.h"
 #include "insertion/outputfolder.h"
 #include "insertion/rtlildesign.h"
 #include "tests/elaboration/sources.h"
@@ -329,6 +331,24 @@ private Q_SLOTS:
         QVERIFY(job.files().contains("design.v"));
         QCOMPARE(folder.read("victim"), QByteArray("mine"));
         QVERIFY(!QFileInfo::exists(folder.path("owned")));
+    }
+
+    // A net that flattening took away is not judged by another one.
+    void lostTap()
+    {
+        Folder folder;
+        folder.write("a.v", "module top(input clk); endmodule");
+        const std::unique_ptr<RtlNetlist> netlist(build(inputOf(folder.path(), {"a.v"})));
+        QVERIFY(netlist);
+        const Capture capture("top/clk", {rowOf("top/clk", JEX::NetKind)});
+        const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+        Insertion::FlatNetlist flat;
+        QString error;
+        const QByteArray text = "attribute \\top 1\nmodule \\top\n  wire \\other\n  connect \\other 1'0\nend\n";
+        QVERIFY2(flat.read(folder.write("top.flat", text), &error), qPrintable(error));
+        Insertion::InsertionReport report;
+        report.noteTaps(analyzer, flat);
+        QCOMPARE(report.warnings, QStringList("WARNING: What drives top/clk is not known."));
     }
 
     // What is looked up for one module takes no look at all others, which took sixteen seconds here.

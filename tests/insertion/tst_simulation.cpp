@@ -188,13 +188,14 @@ private Q_SLOTS:
         QFETCH(int, segments);
         QFETCH(QString, value);
         RTLJEX::Configuration configuration(position < 0 ? JEX::LiteMode : JEX::StandardMode);
-        const QList<JEX::SignalItem> rows = {bus("top/lane[1]/u/count", 4, 11),
-                                             net("top/lane[2]/u/never_set"),
-                                             bus("top/out", 3, 0),
-                                             net("top/rst"),
-                                             bus("top/in", 2, 1),
-                                             bus("top/lane[2]/u/out", 0, 3),
-                                             bus("top/all", 0, 3)};
+        QList<JEX::SignalItem> rows = {bus("top/lane[1]/u/count", 4, 11),
+                                       net("top/lane[2]/u/never_set"),
+                                       bus("top/out", 3, 0),
+                                       net("top/rst"),
+                                       bus("top/in", 2, 1),
+                                       bus("top/lane[2]/u/out", 0, 3),
+                                       bus("top/all", 0, 3)};
+        rows[3].alias = "$end"; // would end its declaration in the waveform
         if (position < 0) {
             JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
             core->sampleClock = clock;
@@ -220,6 +221,8 @@ private Q_SLOTS:
         }
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, byNetlist);
         QVERIFY2(job->outcome() == Insertion::SimulationJob::Done, qPrintable(job->messages().join('\n')));
+
+        QVERIFY(job->waveform().contains(" _end $end\n") && !job->waveform().contains("$end $end"));
 
         const RTLJEX::AnyCore core = configuration.cores().first();
         Insertion::Analyzer analyzer(configuration, RTLJEX::CoreOptions(), *m_netlist);
