@@ -40,7 +40,7 @@ public:
     // False, with a sentence, when it is no such text.
     bool read(const QString &path, QString *error);
 
-    const QMap<QByteArray, Wire> &wires() const { return m_wires; }
+    const QMap<QByteArray, Wire> &wires() const { return m_wires; } // in an order that is always the same
     const QMap<QByteArray, QByteArray> &memories() const { return m_memories; } // with their shape
     const std::vector<Cell> &cells() const { return m_cells; }
     int cellBit(const Port &port, int index) const { return m_cellBits[size_t(port.first + index)]; }
@@ -58,7 +58,7 @@ private:
     bool parsePart(const QByteArray &text, int &at, std::vector<int> &bits) const;
     void join(const std::vector<int> &left, const std::vector<int> &right);
 
-    QMap<QByteArray, Wire> m_wires; // in order, so that the same difference is told each time
+    QMap<QByteArray, Wire> m_wires;
     QMap<QByteArray, QByteArray> m_memories;
     std::vector<Cell> m_cells;
     std::vector<int> m_cellBits;

@@ -28,7 +28,8 @@ struct InsertionReport
     QMap<QString, int> counts[2];          // resources by their names, of the original and with the analyzer
     QStringList warnings;                  // sentences that begin with WARNING
 
-    // Warns of clocks that a register makes, of taps that never change and of those that nothing drives.
+    // Warns of clocks that a register makes, of taps that never change and of those that nothing drives or of
+    // which that is not known.
     void noteTaps(const Analyzer &analyzer, const FlatNetlist &original);
     // What the check finds now: all that is new, but nets that nothing drives, is a difference.
     void noteProblems(const QStringList &problems);

@@ -344,7 +344,8 @@ private Q_SLOTS:
         const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
         Insertion::FlatNetlist flat;
         QString error;
-        const QByteArray text = "attribute \\top 1\nmodule \\top\n  wire \\other\n  connect \\other 1'0\nend\n";
+        const QByteArray text =
+            "attribute \\top 1\nmodule \\top\n  wire \\other\n  connect \\other 1'0\nend\n";
         QVERIFY2(flat.read(folder.write("top.flat", text), &error), qPrintable(error));
         Insertion::InsertionReport report;
         report.noteTaps(analyzer, flat);
