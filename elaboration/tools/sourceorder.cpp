@@ -74,20 +74,35 @@ public:
     }
 
 private:
-    void visit(int i)
+    // Files that wait for others are in a list, not on the stack: there may be any number of them.
+    void visit(int first)
     {
-        if (m_visited.contains(i))
-            return;
-        m_visited.insert(i);
+        std::vector<std::pair<int, QList<int>>> open;
+        const auto enter = [&](int file) {
+            if (!m_visited.contains(file))
+                open.emplace_back(file, neededBy(file));
+            m_visited.insert(file);
+        };
+        enter(first);
+        while (!open.empty()) {
+            if (open.back().second.isEmpty()) {
+                m_sorted.append(m_files.at(open.back().first));
+                open.pop_back();
+            } else {
+                enter(open.back().second.takeFirst());
+            }
+        }
+    }
+
+    QList<int> neededBy(int i) const
+    {
         QList<int> before;
         for (const QString &name : m_words.at(i).uses) {
             if (m_owner.contains(name))
                 before.append(m_owner.value(name));
         }
         std::sort(before.begin(), before.end());
-        for (const int file : before)
-            visit(file);
-        m_sorted.append(m_files.at(i));
+        return before;
     }
 
     QStringList m_files;

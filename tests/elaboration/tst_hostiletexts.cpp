@@ -3,12 +3,15 @@
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourcecopies.h"
+#include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/vhdllibraries.h"
 #include "tests/elaboration/sources.h"
 
 #include <QElapsedTimer>
+#include <QThread>
 #include <QtTest>
 
+#include <algorithm>
 #include <sys/resource.h>
 
 using namespace QUARRY;
@@ -87,6 +90,7 @@ private Q_SLOTS:
     void includes();
     void libraries_data();
     void libraries();
+    void longChainOfFiles();
     void packages_data();
     void packages();
     void waves_data();
@@ -157,6 +161,23 @@ void HostileTextsTest::libraries()
     vhdlLibraries({file});
     QVERIFY(memoryUsed() - before < mostMemory);
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void HostileTextsTest::longChainOfFiles()
+{
+    Sources sources;
+    QStringList files, sorted;
+    for (int i = 0; i < 2000; ++i) {
+        const QString text = QString("package p%1; import p%2::*; endpackage").arg(i).arg(i + 1);
+        files.append(sources.write(QString("%1.sv").arg(i), text.toUtf8()));
+    }
+    QScopedPointer<QThread> thread(
+        QThread::create([&files, &sorted] { sorted = orderedByUse(files, VerilogSource); }));
+    thread->setStackSize(256 << 10); // the usual one takes thirty times as many files
+    thread->start();
+    QVERIFY(thread->wait());
+    std::reverse(files.begin(), files.end());
+    QCOMPARE(sorted, files);
 }
 
 void HostileTextsTest::packages_data()
