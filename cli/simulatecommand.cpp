@@ -10,10 +10,11 @@ namespace {
 
 typedef Insertion::SimulationJob Job;
 
-bool writeResult(const QString &path, const QByteArray &bytes)
+bool writeResults(const Job &job, const QString &waveform, const QString &record)
 {
     QString error;
-    if (bytes.isEmpty() || QUtil::writeFileAtomically(path, bytes, &error))
+    if ((job.waveform().isEmpty() || job.writeWaveform(waveform, &error)) &&
+        (job.record().isEmpty() || QUtil::writeFileAtomically(record, job.record(), &error)))
         return true;
     say("jex simulate: " + error);
     return false;
@@ -88,7 +89,7 @@ ExitCode simulate(const QStringList &words, Output &out)
     Job job(Design::input(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
     result = judged(job);
-    if (!writeResult(output, job.waveform()) || !writeResult(raw, job.record()))
+    if (!writeResults(job, output, raw))
         return CouldNotRun;
     if (!job.waveform().isEmpty())
         out.line(input.file + ": " + QString::number(windowCount(job)) +

@@ -8,12 +8,14 @@
 #include "elaboration/tools/elaborator.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/sourcetext.h"
+#include "host/atomicfile.h"
 #include "host/designmanager.h"
 #include "host/regularfile.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
 #include "insertion/harness.h"
 #include "insertion/insertionjob.h"
+#include "insertion/viewerfiles.h"
 #include "insertion/waveform.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -339,6 +341,14 @@ void SimulationJob::judge(const ToolResult &result)
     if (anyWindow)
         m_waveform = waveformText(analyzer(), m_captured);
     end(anySilent ? Silent : Done);
+}
+
+bool SimulationJob::writeWaveform(const QString &path, QString *error) const
+{
+    const QFileInfo info(path);
+    return QUtil::writeFileAtomically(path, m_waveform, error) &&
+           writeViewerFiles(info.path(), viewerFiles(info.fileName(), analyzer(), m_captured, m_netlist),
+                            error);
 }
 
 // Of what the cores wrote. False when the job is over, or goes on: a core that did not fill all of its

@@ -64,7 +64,9 @@ public:
     } // sentences; those that end the job begin with ERROR
     const QByteArray &benchWords() const { return m_words; }  // what the bench printed
     const QByteArray &waveform() const { return m_waveform; } // see waveformText(); empty without any window
-    const QByteArray &record() const { return m_record; }     // when it was asked for
+    // Writes it, and beside it what makes a viewer show it as the editor does (see viewerfiles.h).
+    bool writeWaveform(const QString &path, QString *error) const;
+    const QByteArray &record() const { return m_record; } // when it was asked for
     const QList<RTLJEX::CapturedCore> &captured() const
     {
         return m_captured;

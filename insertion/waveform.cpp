@@ -10,21 +10,21 @@
 namespace Insertion {
 namespace {
 
-const int unitsPerSample = 10;
-
 // One variable of the dump.
 struct Variable
 {
     QByteArray code;
+    QByteArray scope; // "core_0.soc."
     QByteArray name;
     QByteArray range; // "[7:0]" behind the name; empty: one bit
-    int firstBit = 0; // of the data; the leftmost one of the row
+    int firstBit = 0; // of the data; the leftmost one of the row; -1: of no row
     int width = 1;
     QByteArray last;
 };
 
 struct Scope
 {
+    QByteArray path; // with a dot at the end
     QMap<QByteArray, std::shared_ptr<Scope>> children;
     QList<int> variables;
     QSet<QByteArray> names;
@@ -63,6 +63,7 @@ class CoreDump
 public:
     CoreDump(const Analyzer::Core &core, int &codes) : m_name("core_" + QByteArray::number(core.core.number))
     {
+        m_root.path = m_name + '.';
         m_trigger = addVariable(m_root, "trigger", QByteArray(), -1, 1, codes);
         m_window = addVariable(m_root, "window", "[15:0]", -1, 16, codes);
         int bit = 0;
@@ -70,8 +71,10 @@ public:
             Scope *scope = &m_root;
             for (const QString &word : pathOf(row)) {
                 std::shared_ptr<Scope> &child = scope->children[dumpName(word)];
-                if (!child)
+                if (!child) {
                     child = std::make_shared<Scope>();
+                    child->path = scope->path + dumpName(word) + '.';
+                }
                 scope = child.get();
             }
             QString shortName = row.isGroup() ? row.name : row.name.section('/', -1);
@@ -93,6 +96,16 @@ public:
     QByteArray declarations() const
     {
         return "$scope module " + m_name + " $end\n" + declared(m_root) + "$upscope $end\n";
+    }
+
+    QList<QByteArray> rowNames() const
+    {
+        QList<QByteArray> names;
+        for (const Variable &variable : m_variables) {
+            if (variable.firstBit >= 0)
+                names << variable.scope + variable.name + variable.range;
+        }
+        return names;
     }
 
     int sampleCount(const RTLJEX::CapturedCore &captured) const
@@ -138,6 +151,7 @@ private:
     {
         Variable variable;
         variable.code = codeOf(codes++);
+        variable.scope = scope.path;
         variable.name = name.isEmpty() ? QByteArray("signal") : name;
         for (int more = 2; scope.names.contains(variable.name); ++more)
             variable.name = name + '_' + QByteArray::number(more);
@@ -172,6 +186,12 @@ private:
 };
 
 } // namespace
+
+QList<QByteArray> rowNames(const Analyzer::Core &core)
+{
+    int codes = 0;
+    return CoreDump(core, codes).rowNames();
+}
 
 QByteArray waveformText(const Analyzer &analyzer, const QList<RTLJEX::CapturedCore> &captured)
 {

@@ -14,7 +14,6 @@
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
 #include "elaboration/tools/toolprocess.h"
-#include "host/atomicfile.h"
 #include "host/designmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
@@ -22,6 +21,7 @@
 #include "insertion/insertionjob.h"
 #include "insertion/outputfolder.h"
 #include "insertion/simulationjob.h"
+#include "insertion/viewerfiles.h"
 #include "model/jex/devicetable.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -118,8 +118,14 @@ void RunMenu::onSimulate()
 void RunMenu::onOpenWaveform()
 {
     const QString viewer = QUARRY::findProgram("gtkwave");
-    const bool isOpened = viewer.isEmpty() ? QDesktopServices::openUrl(QUrl::fromLocalFile(m_waveform))
-                                           : QProcess::startDetached(viewer, {m_waveform});
+    const QString saved = Insertion::viewerFile(m_waveform);
+    QStringList files{m_waveform};
+    if (QFileInfo(saved).isFile() && saved != m_waveform)
+        files << saved;
+    // The save file names the files of labels, which are beside it.
+    const bool isOpened = viewer.isEmpty()
+                              ? QDesktopServices::openUrl(QUrl::fromLocalFile(m_waveform))
+                              : QProcess::startDetached(viewer, files, QFileInfo(m_waveform).absolutePath());
     if (!isOpened)
         fail("No program was found that shows " + m_waveform + ". Install Debian's package gtkwave.");
 }
@@ -233,9 +239,9 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     QString error;
     if (job.waveform().isEmpty())
         return false;
-    if (!QUtil::writeFileAtomically(waveform, job.waveform(), &error))
+    if (!job.writeWaveform(waveform, &error))
         return fail(error);
-    m_waveform = waveform;
+    m_waveform = QFileInfo(waveform).absoluteFilePath();
     m_openAction->setEnabled(true);
     Q_EMIT message("What was captured is in " + waveform + ". Run > Open Waveform shows it.", false);
     return job.outcome() == Insertion::SimulationJob::Done;
