@@ -152,7 +152,8 @@ QString findFault()
     const bool isOver = trial.waitForFinished(5000);
     if (isOver && trial.exitStatus() == QProcess::NormalExit && trial.exitCode() == 0)
         return QString();
-    const QString said = QString::fromLocal8Bit(trial.readAllStandardError()).trimmed();
+    QString said = QString::fromLocal8Bit(trial.readAllStandardError()).trimmed();
+    said.chop(said.endsWith(QLatin1Char('.')) ? 1 : 0); // it ends our sentence
     trial.kill();
     trial.waitForFinished(1000);
     return QLatin1String("this system does not let bubblewrap work") +

@@ -166,7 +166,7 @@ private Q_SLOTS:
     {
         textColumns("bubblewrap", "reason", "remedy");
         row("is missing", "", "bubblewrap is not installed", "Install Debian's package bubblewrap.");
-        row("is refused", "echo 'bwrap: No permissions to create a new namespace' >&2; exit 1",
+        row("is refused", "echo 'bwrap: No permissions to create a new namespace.' >&2; exit 1",
             "this system does not let bubblewrap work: bwrap: No permissions to create a new namespace",
             "Let this user make user namespaces (kernel.unprivileged_userns_clone).");
     }
