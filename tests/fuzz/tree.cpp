@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString file = Fuzz::file(Fuzz::bytes(data, size));
     const QMap<QString, QString> names;
     QUARRY::VhdlPlaceTable table;
-    table.open(file, names);
+    table.open({file}, names);
     while (table.readSome())
         ;
     for (const char *entity : {"crc8", "blocks"}) {
