@@ -28,8 +28,11 @@ ExitCode makeNew(const QStringList &words, Output &out);
 ExitCode format(const QStringList &words, Output &out);
 ExitCode usage(const QStringList &words, Output &out);
 ExitCode devices(const QStringList &words, Output &out);
+ExitCode add(const QStringList &words, Output &out);
+ExitCode set(const QStringList &words, Output &out);
 ExitCode diff(const QStringList &words, Output &out);
 ExitCode rebind(const QStringList &words, Output &out);
+ExitCode merge(const QStringList &words, Output &out);
 ExitCode insert(const QStringList &words, Output &out);
 ExitCode simulate(const QStringList &words, Output &out);
 

@@ -19,13 +19,13 @@ _jex() {
       ;;
     -I | -y | -incdir | -o | --output) COMPREPLY=($(compgen -d -- "$word")) ;;
     # Names in the design are not looked up here.
-    --top | -top | --top-module | --in | --instance | --from | --to | -D | -U | -G | -work | --libext | --tool-memory) ;;
+    --top | -top | --top-module | --in | --instance | --from | --to | --core | --port | --signals | -D | -U | -G | -work | --libext | --tool-memory) ;;
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
         *)
           local files='!*.@(zub|jexprj|v|vh|sv|svh|vhd|vhdl|f)'
-          case $command in show | fmt | usage | diff) files='!*.zub' ;; esac
+          case $command in show | fmt | usage | diff | set | merge) files='!*.zub' ;; esac
           COMPREPLY=($(shopt -s extglob; compgen -f -X "$files" -- "$word") $(compgen -d -- "$word"))
           ;;
       esac

@@ -19,13 +19,13 @@ _jex() {
     -p | --project) _files -g '*.(jexprj|toml|eda.yml|eda.yaml)(-.)'; return ;;
     -I | -y | -incdir | -o | --output) _directories; return ;;
     # Names in the design are not looked up here.
-    --top | -top | --top-module | --in | --instance | --from | --to | -D | -U | -G | -work | --libext | --tool-memory)
+    --top | -top | --top-module | --in | --instance | --from | --to | --core | --port | --signals | -D | -U | -G | -work | --libext | --tool-memory)
       return ;;
   esac
   if [[ $words[CURRENT] == -* ]]; then
     options="$(jex $words[2] --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')"
     compadd -- ${(f)options}
-  elif [[ $words[2] == (show|fmt|usage|diff) ]]; then
+  elif [[ $words[2] == (show|fmt|usage|diff|set|merge) ]]; then
     _files -g '*.zub(-.)'
   else
     _files -g '*.(zub|jexprj|v|vh|sv|svh|vhd|vhdl|f)(-.)'

@@ -9,6 +9,7 @@
 
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/netsearch.h"
+#include "signals/addedrows.h"
 
 namespace RTLJEX {
 
@@ -17,15 +18,6 @@ namespace {
 enum NameForm { FullName, ShortName };
 
 const Qt::ItemFlags usable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-
-JEX::SignalItem signalNamed(const QString &name, bool excluded, JEX::SignalKind kind)
-{
-    JEX::SignalItem item;
-    item.name = name;
-    item.valid = !excluded;
-    item.type = kind;
-    return item;
-}
 
 class ResultRow : public QTreeWidgetItem
 {
@@ -69,7 +61,9 @@ public:
 
     JEX::SignalItem record() const override
     {
-        return signalNamed(m_net->fullPathName(), m_net->excluded, m_kind);
+        JEX::SignalItem item = signalOfNet(m_net);
+        item.type = m_kind;
+        return item;
     }
 
     QString text() const override { return m_form == FullName ? m_net->fullPathName() : m_net->name(); }
@@ -189,20 +183,6 @@ private:
 };
 
 } // namespace
-
-JEX::SignalItem signalOfNet(const QUARRY::RtlNet *net)
-{
-    return signalNamed(net->fullPathName(), net->excluded, JEX::NetKind);
-}
-
-JEX::SignalItem signalOfBus(const QUARRY::RtlNetBus *bus)
-{
-    JEX::SignalItem item = signalNamed(bus->fullBusName(), bus->excluded, JEX::BusKind);
-    item.members.reserve(bus->members.size());
-    for (const QUARRY::RtlNet *net : bus->members)
-        item.members.append(signalNamed(net->fullPathName(), net->excluded, JEX::BusKind));
-    return item;
-}
 
 void showFlatResult(QTreeWidget *tree, const QList<QUARRY::RtlNet *> &nets,
                     const QList<QUARRY::RtlNetBus *> &buses)

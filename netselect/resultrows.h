@@ -29,8 +29,4 @@ void showModuleResult(QTreeWidget *tree, const ModuleForWidget &root);
 // The records of the selected rows, in the order of the tree.
 QList<JEX::SignalItem> selectedSignals(const QTreeWidget *tree);
 
-// What a search that finds the object offers for capture.
-JEX::SignalItem signalOfNet(const QUARRY::RtlNet *net);
-JEX::SignalItem signalOfBus(const QUARRY::RtlNetBus *bus);
-
 } // namespace RTLJEX

@@ -11,6 +11,7 @@
 #include "netselect/netsearch.h"
 #include "netselect/resultrows.h"
 #include "netselect/rtlnetlisttreeview.h"
+#include "signals/addedrows.h"
 #include "signals/signalrows.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/netlisttext.h"

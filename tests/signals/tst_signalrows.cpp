@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 #include <QTreeWidget>
 
+#include "signals/addedrows.h"
 #include "signals/checkrepeat.h"
 #include "signals/rowedit.h"
 #include "signals/signalrows.h"
@@ -185,6 +186,25 @@ private Q_SLOTS:
                          toText(others),
                      QString("%1: ").arg(seed) + records(oneByOne) + " | " + toText(busList) + " | " +
                          toText(otherList));
+        }
+    }
+
+    // A list without a tree comes out as the page and the dialog leave theirs.
+    void listsAsTrees()
+    {
+        for (quint32 seed = 0; seed < 300; ++seed) {
+            RandomSignals random(seed);
+            const QList<SignalItem> rows = random.list(), chosen = random.list();
+            QTreeWidget page, port;
+            insertCaptureRows(&page, rows, 0);
+            const QList<SignalItem> added = withoutRepeats(&page, chosen);
+            insertCaptureRows(&page, added, firstDisabledRow(&page));
+            sortEnabledFirst(&page);
+            insertSignalRows(&port, rows, 0, 0);
+            insertSignalRows(&port, withoutRepeats(&port, chosen), port.topLevelItemCount(), 0);
+            QCOMPARE(QString("%1: ").arg(seed) + toText(withCaptureSignals(rows, chosen)) + " | " +
+                         toText(withPortSignals(rows, chosen)),
+                     QString("%1: ").arg(seed) + records(page) + " | " + records(port));
         }
     }
 

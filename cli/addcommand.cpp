@@ -1,0 +1,237 @@
+#include "check/nearestnames.h"
+#include "cli/arguments.h"
+#include "cli/corerows.h"
+#include "cli/design.h"
+#include "cli/findings.h"
+#include "host/regularfile.h"
+#include "signals/signalrules.h"
+
+namespace Cli {
+namespace {
+
+ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
+{
+    say("jex add: " + sentence);
+    return code;
+}
+
+// One name a line; what `jex nets` prints behind a tab is not part of it.
+bool readNames(const QString &source, QStringList &names, QString *error)
+{
+    QByteArray bytes;
+    QString reason;
+    if (!QUtil::readFileOrStream(source, 64 * QUtil::MiB, &bytes, &reason)) {
+        *error = "The names in \"" + source + "\" cannot be read: " + reason + '.';
+        return false;
+    }
+    for (const QString &line : QString::fromUtf8(bytes).split('\n')) {
+        const QString name = line.section('\t', 0, 0).trimmed();
+        if (!name.isEmpty() && !name.startsWith('#'))
+            names << name;
+    }
+    return true;
+}
+
+// The bus that is named without its range, below the node; null when there is none.
+const QUARRY::RtlNetBus *findWholeBus(const QUARRY::Hierachy &node, const QString &name, int from)
+{
+    const int rest = node.restBelow(name, from);
+    if (rest < 0)
+        return nullptr;
+    const QString begin = name.mid(rest) + '[';
+    for (const QUARRY::RtlNetBus *bus : node.buses) {
+        const QString known = bus->BusName();
+        if (known.startsWith(begin) && !known.midRef(begin.size()).contains('['))
+            return bus;
+    }
+    for (const QUARRY::Hierachy *child : node.childrenTowards(name, rest)) {
+        if (const QUARRY::RtlNetBus *bus = findWholeBus(*child, name, rest))
+            return bus;
+    }
+    return nullptr;
+}
+
+// Their records, in the order of the names. False with a sentence for each name
+// that cannot be taken.
+bool findSignals(const QUARRY::RtlNetlist &netlist, const QStringList &names, QList<JEX::SignalItem> &chosen,
+                 QStringList &faults)
+{
+    QStringList missing;
+    for (const QString &name : names) {
+        const QUARRY::RtlNetBus *bus = netlist.findBus(name);
+        const QUARRY::RtlNet *net = bus ? nullptr : netlist.findNet(name);
+        if (!bus && !net)
+            bus = findWholeBus(*netlist.topHierarchy, name, 0);
+        if (bus || net)
+            chosen << (bus ? RTLJEX::signalOfBus(bus) : RTLJEX::signalOfNet(net));
+        else
+            missing << name;
+        if ((bus || net) && !chosen.last().valid)
+            faults << name + " must not be probed: it is tied to a constant or is a bidirectional pin.";
+    }
+    const QList<RTLJEX::NearNames> near = RTLJEX::nearestNames(netlist, missing);
+    for (int i = 0; i < missing.size(); ++i) {
+        const QString nearest = near.at(i).names.join(", ");
+        faults << missing.at(i) + " is missing in the design" +
+                      (nearest.isEmpty() ? QString() : "; nearest: " + nearest) + '.';
+    }
+    RTLJEX::classifySignals(&netlist, chosen); // tells bits of buses from nets
+    return faults.isEmpty();
+}
+
+struct Target
+{
+    int core = -1; // its number; -1: the only one
+    int port = -1; // -1: the capture list
+    bool isNew = false;
+};
+
+bool readTarget(const Arguments &arguments, Target *target, QString *error)
+{
+    bool isNumber = true;
+    const QString core = arguments.parser.value("core");
+    target->isNew = core == "new";
+    if (!core.isEmpty() && !target->isNew)
+        target->core = core.toInt(&isNumber);
+    if (!isNumber || target->core < -1)
+        *error = "A core is a number as jex show prints it, or \"new\", not \"" + core + "\".";
+    else if (arguments.parser.isSet("port"))
+        target->port = arguments.parser.value("port").toInt(&isNumber);
+    if (error->isEmpty() && arguments.parser.isSet("port") &&
+        (!isNumber || target->port < 0 || target->port >= JEX::PortCount))
+        *error = QString("Trigger ports have the numbers 0 to %1.").arg(JEX::PortCount - 1);
+    return error->isEmpty();
+}
+
+// A core as the editor makes it, with the first free number.
+bool addCore(RTLJEX::Configuration &configuration, QString *error)
+{
+    if (configuration.cores().size() >= JEX::CoreLimit) {
+        *error = QString("The file has %1 cores already, and cannot have more.").arg(JEX::CoreLimit);
+        return false;
+    }
+    int number = 0;
+    while (coreNumbered(configuration, number).signalRows)
+        ++number;
+    if (configuration.mode() == JEX::StandardMode) {
+        configuration.coresOf<JEX::AoCore>() << new JEX::AoCore(number);
+    } else {
+        configuration.coresOf<JEX::AOCore_Lite>() << new JEX::AOCore_Lite;
+        configuration.coresOf<JEX::AOCore_Lite>().last()->coreNumber = number;
+    }
+    return true;
+}
+
+bool findCore(RTLJEX::Configuration &configuration, const Target &target, RTLJEX::AnyCore *core,
+              QString *error)
+{
+    if (target.isNew && !addCore(configuration, error))
+        return false;
+    const QList<RTLJEX::AnyCore> cores = configuration.cores();
+    if (target.isNew || (target.core < 0 && cores.size() == 1))
+        *core = cores.last();
+    else if (target.core >= 0)
+        *core = coreNumbered(configuration, target.core);
+    if (core->signalRows)
+        return true;
+    *error = target.core < 0 ? QString("Say --core: ") : QString("There is no core %1: ").arg(target.core);
+    *error += "the file has " + (cores.isEmpty() ? QString("none, --core new makes one.")
+                                                 : "cores " + coreNumbers(configuration) + '.');
+    return false;
+}
+
+bool addTo(const RTLJEX::AnyCore &core, int port, const QList<JEX::SignalItem> &chosen, QString *error)
+{
+    if (port < 0) {
+        setCaptureRows(core, RTLJEX::withCaptureSignals(*core.signalRows, chosen));
+        return true;
+    }
+    if (!core.standard) {
+        *error = "A Lite core has no trigger ports.";
+        return false;
+    }
+    JEX::TriggerPort *target = core.standard->getTrigger(port);
+    const QList<JEX::SignalItem> rows = RTLJEX::withPortSignals(target->signalItems, chosen);
+    if (JEX::widthOf(rows) > JEX::TriggerPort::WidthLimit) {
+        *error = QString("Trigger port %1 would have %2 bits; %3 at most.")
+                     .arg(port)
+                     .arg(JEX::widthOf(rows))
+                     .arg(int(JEX::TriggerPort::WidthLimit));
+        return false;
+    }
+    target->signalItems = rows;
+    return true;
+}
+
+ExitCode addToFile(const QString &file, const Target &target, const QStringList &names,
+                   const QUARRY::RtlNetlist &netlist, Output &out)
+{
+    RTLJEX::Configuration configuration;
+    RTLJEX::AnyCore core;
+    QString error;
+    if (!configuration.read(file, &error))
+        return fail(error);
+    if (!findCore(configuration, target, &core, &error))
+        return fail(error + " Nothing was changed.");
+    QList<JEX::SignalItem> chosen;
+    QStringList faults;
+    if (!findSignals(netlist, names, chosen, faults))
+        return fail(faults.join("\njex add: ") + "\njex add: Nothing was changed.", Findings);
+    if (!addTo(core, target.port, chosen, &error))
+        return fail(error + " Nothing was changed.", Findings);
+    if (!configuration.rewrite(file, &error))
+        return fail(error);
+    const RTLJEX::FileFindings findings = configuration.judge(netlist);
+    printFindings(file, findings, out);
+    return findings.isEmpty() ? Fine : Findings;
+}
+
+} // namespace
+
+ExitCode add(const QStringList &words, Output &out)
+{
+    Arguments arguments(
+        "add", "FILE DESIGN --core N --signals NAMES|-",
+        "Adds nets and buses to the capture list of a core, or to one of its trigger ports, by the rules of\n"
+        "the editor: what is there already is enabled, bits give way to their bus. Then checks the file as\n"
+        "jex check does. Names are full ones, \"top/u0/state[2:0]\" or \"top/u0/state\", each behind a\n"
+        "--signals of its own; a file or \"-\" (what jex nets prints) has one in each line.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addOptions({
+        {"core", "The number of the core; \"new\" makes one. Not needed where there is just one.", "N"},
+        {"port", "The trigger port that gets the signals, in place of the capture list.", "P"},
+        {"signals", "A full name, or \"-\" for standard input.", "NAMES"},
+        {"signals-from", "A file of names.", "LIST"},
+    });
+    arguments.addDesign();
+    CommandLine::DesignOptions options;
+    Target target;
+    QString error;
+    QStringList names;
+    if (!arguments.read(words, out))
+        return arguments.result();
+    if (!readTarget(arguments, &target, &error))
+        return arguments.refuse(error);
+    if (!arguments.readDesign(arguments.files(), options))
+        return arguments.result();
+    if (options.editorFiles.size() != 1)
+        return arguments.refuse("Name one configuration (.zub).");
+    QStringList lists = arguments.parser.values("signals-from");
+    for (const QString &name : arguments.parser.values("signals"))
+        (name == "-" ? lists : names) << name;
+    for (const QString &list : lists) {
+        if (!readNames(list, names, &error))
+            return fail(error);
+    }
+    if (names.isEmpty())
+        return arguments.refuse("Name the signals, with --signals.");
+    const QString file = options.editorFiles.takeFirst();
+    if (!CommandLine::namesProject(options))
+        return arguments.refuse("Name the design, with --project or by its HDL files.");
+    Design design;
+    if (!design.open(options) || !design.elaborate())
+        return CouldNotRun;
+    return addToFile(file, target, names, *design.netlist(), out);
+}
+
+} // namespace Cli
