@@ -1,10 +1,9 @@
-#include "check/nearestnames.h"
 #include "cli/arguments.h"
 #include "cli/corerows.h"
 #include "cli/design.h"
 #include "cli/findings.h"
 #include "host/regularfile.h"
-#include "signals/signalrules.h"
+#include "signals/namedsignals.h"
 
 namespace Cli {
 namespace {
@@ -15,7 +14,6 @@ ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
     return code;
 }
 
-// One name a line; what `jex nets` prints behind a tab is not part of it.
 bool readNames(const QString &source, QStringList &names, QString *error)
 {
     QByteArray bytes;
@@ -24,59 +22,8 @@ bool readNames(const QString &source, QStringList &names, QString *error)
         *error = "The names in \"" + source + "\" cannot be read: " + reason + '.';
         return false;
     }
-    for (const QString &line : QString::fromUtf8(bytes).split('\n')) {
-        const QString name = line.section('\t', 0, 0).trimmed();
-        if (!name.isEmpty() && !name.startsWith('#'))
-            names << name;
-    }
+    names << RTLJEX::signalNames(QString::fromUtf8(bytes));
     return true;
-}
-
-// The bus that is named without its range, below the node; null when there is none.
-const QUARRY::RtlNetBus *findWholeBus(const QUARRY::Hierachy &node, const QString &name, int from)
-{
-    const int rest = node.restBelow(name, from);
-    if (rest < 0)
-        return nullptr;
-    const QString begin = name.mid(rest) + '[';
-    for (const QUARRY::RtlNetBus *bus : node.buses) {
-        const QString known = bus->BusName();
-        if (known.startsWith(begin) && !known.midRef(begin.size()).contains('['))
-            return bus;
-    }
-    for (const QUARRY::Hierachy *child : node.childrenTowards(name, rest)) {
-        if (const QUARRY::RtlNetBus *bus = findWholeBus(*child, name, rest))
-            return bus;
-    }
-    return nullptr;
-}
-
-// Their records, in the order of the names. False with a sentence for each name
-// that cannot be taken.
-bool findSignals(const QUARRY::RtlNetlist &netlist, const QStringList &names, QList<JEX::SignalItem> &chosen,
-                 QStringList &faults)
-{
-    QStringList missing;
-    for (const QString &name : names) {
-        const QUARRY::RtlNetBus *bus = netlist.findBus(name);
-        const QUARRY::RtlNet *net = bus ? nullptr : netlist.findNet(name);
-        if (!bus && !net)
-            bus = findWholeBus(*netlist.topHierarchy, name, 0);
-        if (bus || net)
-            chosen << (bus ? RTLJEX::signalOfBus(bus) : RTLJEX::signalOfNet(net));
-        else
-            missing << name;
-        if ((bus || net) && !chosen.last().valid)
-            faults << name + " must not be probed: it is tied to a constant or is a bidirectional pin.";
-    }
-    const QList<RTLJEX::NearNames> near = RTLJEX::nearestNames(netlist, missing);
-    for (int i = 0; i < missing.size(); ++i) {
-        const QString nearest = near.at(i).names.join(", ");
-        faults << missing.at(i) + " is missing in the design" +
-                      (nearest.isEmpty() ? QString() : "; nearest: " + nearest) + '.';
-    }
-    RTLJEX::classifySignals(&netlist, chosen); // tells bits of buses from nets
-    return faults.isEmpty();
 }
 
 struct Target
@@ -173,9 +120,9 @@ ExitCode addToFile(const QString &file, const Target &target, const QStringList 
         return fail(error);
     if (!findCore(configuration, target, &core, &error))
         return fail(error + " Nothing was changed.");
-    QList<JEX::SignalItem> chosen;
     QStringList faults;
-    if (!findSignals(netlist, names, chosen, faults))
+    const QList<JEX::SignalItem> chosen = RTLJEX::signalsNamed(&netlist, names, &faults);
+    if (!faults.isEmpty())
         return fail(faults.join("\njex add: ") + "\njex add: Nothing was changed.", Findings);
     if (!addTo(core, target.port, chosen, &error))
         return fail(error + " Nothing was changed.", Findings);

@@ -31,4 +31,26 @@ void AoOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
     m_capture->updateTree();
 }
 
+QString AoOptionWidget::signalPlace(const QWidget *widget, const QPoint &position) const
+{
+    if (currentWidget() == m_capture)
+        return tr("capture list");
+    const int port = m_trigger->portAt(widget, position);
+    return port < 0 ? QString() : tr("trigger port %1").arg(port);
+}
+
+bool AoOptionWidget::addSignals(const QList<JEX::SignalItem> &chosen, const QWidget *widget,
+                                const QPoint &position, QStringList *faults)
+{
+    if (currentWidget() == m_trigger)
+        return m_trigger->addSignals(m_trigger->portAt(widget, position), chosen, faults);
+    m_capture->addSignals(chosen);
+    return true;
+}
+
+QList<JEX::SignalItem> AoOptionWidget::chosenSignals() const
+{
+    return currentWidget() == m_trigger ? m_trigger->chosenSignals() : m_capture->chosenSignals();
+}
+
 } // namespace RTLJEX

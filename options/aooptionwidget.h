@@ -2,6 +2,8 @@
 
 #include <QTabWidget>
 
+#include "options/signalpage.h"
+
 namespace JEX {
 class AoCore;
 }
@@ -16,7 +18,7 @@ class TriggerOptionWidget;
 
 // The editor of one Standard core, a tab for its trigger and one for its capture. Core and netlist belong to
 // the view.
-class AoOptionWidget : public QTabWidget
+class AoOptionWidget : public QTabWidget, public SignalPage
 {
     Q_OBJECT
 
@@ -26,6 +28,11 @@ public:
     void save();
     // Also rebuilds the capture rows against the new netlist.
     void setNlsdata(QUARRY::RtlNetlist *netlist);
+
+    QString signalPlace(const QWidget *widget, const QPoint &position) const override;
+    bool addSignals(const QList<JEX::SignalItem> &chosen, const QWidget *widget, const QPoint &position,
+                    QStringList *faults) override;
+    QList<JEX::SignalItem> chosenSignals() const override;
 
 Q_SIGNALS:
     void modifed();

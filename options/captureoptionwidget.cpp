@@ -182,6 +182,17 @@ void CaptureOptionWidget::showAddedRows()
     Q_EMIT modified();
 }
 
+void CaptureOptionWidget::addSignals(const QList<JEX::SignalItem> &chosen)
+{
+    addCaptureRows(m_ui->treeWidgetCapSigs, chosen);
+    showAddedRows();
+}
+
+QList<JEX::SignalItem> CaptureOptionWidget::chosenSignals() const
+{
+    return selectedRecords(m_ui->treeWidgetCapSigs);
+}
+
 void CaptureOptionWidget::onRemoveSignals()
 {
     if (!removeChosenRows(m_ui->treeWidgetCapSigs))

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "model/jex/signalitem.h"
 #include "options/currentdevice.h"
 
 namespace JEX {
@@ -32,6 +33,8 @@ public:
     // of the trigger ports are classified, too.
     void updateTree();
     void handleIEvent(const QUtil::IEvent *event) override;
+    void addSignals(const QList<JEX::SignalItem> &chosen); // as the button does with what was searched
+    QList<JEX::SignalItem> chosenSignals() const;          // of the rows that are selected
 
 Q_SIGNALS:
     void modified();

@@ -22,4 +22,21 @@ void LiteAoOptionWidget::setNlsData(QUARRY::RtlNetlist *netlist)
     m_capture->updateTree();
 }
 
+QString LiteAoOptionWidget::signalPlace(const QWidget *, const QPoint &) const
+{
+    return tr("capture list");
+}
+
+bool LiteAoOptionWidget::addSignals(const QList<JEX::SignalItem> &chosen, const QWidget *, const QPoint &,
+                                    QStringList *)
+{
+    m_capture->addSignals(chosen);
+    return true;
+}
+
+QList<JEX::SignalItem> LiteAoOptionWidget::chosenSignals() const
+{
+    return m_capture->chosenSignals();
+}
+
 } // namespace RTLJEX

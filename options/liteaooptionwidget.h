@@ -2,6 +2,8 @@
 
 #include <QTabWidget>
 
+#include "options/signalpage.h"
+
 namespace JEX {
 struct AOCore_Lite;
 }
@@ -14,7 +16,7 @@ namespace RTLJEX {
 class LiteCaptureOptionWidget;
 
 // The editor of one Lite core: a single tab. Core and netlist belong to the view.
-class LiteAoOptionWidget : public QTabWidget
+class LiteAoOptionWidget : public QTabWidget, public SignalPage
 {
     Q_OBJECT
 
@@ -24,6 +26,11 @@ public:
     void save();
     // Also rebuilds the rows against the new netlist.
     void setNlsData(QUARRY::RtlNetlist *netlist);
+
+    QString signalPlace(const QWidget *widget, const QPoint &position) const override;
+    bool addSignals(const QList<JEX::SignalItem> &chosen, const QWidget *widget, const QPoint &position,
+                    QStringList *faults) override;
+    QList<JEX::SignalItem> chosenSignals() const override;
 
 Q_SIGNALS:
     void modified();

@@ -99,6 +99,17 @@ void LiteCaptureOptionWidget::onAddDataSignals()
         onCapAmountOrDataSigalChanged();
 }
 
+void LiteCaptureOptionWidget::addSignals(const QList<JEX::SignalItem> &chosen)
+{
+    addCaptureRows(m_ui->treeWidgetSignal, chosen);
+    onCapAmountOrDataSigalChanged();
+}
+
+QList<JEX::SignalItem> LiteCaptureOptionWidget::chosenSignals() const
+{
+    return selectedRecords(m_ui->treeWidgetSignal);
+}
+
 void LiteCaptureOptionWidget::onRemoveSignals()
 {
     if (!removeChosenRows(m_ui->treeWidgetSignal))

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "model/jex/signalitem.h"
 #include "options/currentdevice.h"
 
 namespace JEX {
@@ -31,6 +32,8 @@ public:
     // Rebuilds the rows from the core's stored signals, so edits that were not saved are gone.
     void updateTree();
     void handleIEvent(const QUtil::IEvent *event) override;
+    void addSignals(const QList<JEX::SignalItem> &chosen); // as the button does with what was searched
+    QList<JEX::SignalItem> chosenSignals() const;          // of the rows that are selected
 
 Q_SIGNALS:
     void modified();

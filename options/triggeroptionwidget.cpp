@@ -11,6 +11,7 @@
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
+#include "signals/addedrows.h"
 #include "signals/signalrows.h"
 #include "signals/signaltreesetup.h"
 #include "trigger/triggerportdialog.h"
@@ -194,12 +195,55 @@ void TriggerOptionWidget::editTrigger(QTreeWidgetItem *item, int)
     QUtil::Modal<TriggerPortDialog> dialog(new TriggerPortDialog(port, m_netlist, this));
     if (dialog->exec() != QDialog::Accepted || !alive)
         return;
+    showPort(index);
+}
+
+// After its signals have changed.
+void TriggerOptionWidget::showPort(int port)
+{
     updateTriggerTree();
     redrawUnits();
-    QTreeWidgetItem *row = m_ui->treeTrigger->topLevelItem(index);
+    QTreeWidgetItem *row = m_ui->treeTrigger->topLevelItem(port);
     m_ui->treeTrigger->setCurrentItem(row);
     row->setExpanded(true);
     Q_EMIT modified();
+}
+
+int TriggerOptionWidget::portAt(const QWidget *widget, const QPoint &position) const
+{
+    const bool isTree = widget && widget == m_ui->treeTrigger->viewport();
+    QTreeWidgetItem *item = isTree ? m_ui->treeTrigger->itemAt(position) : m_ui->treeTrigger->currentItem();
+    while (item && item->parent())
+        item = item->parent();
+    return m_ui->treeTrigger->indexOfTopLevelItem(item);
+}
+
+bool TriggerOptionWidget::addSignals(int index, const QList<JEX::SignalItem> &chosen, QStringList *faults)
+{
+    JEX::TriggerPort *port = m_core->getTrigger(index);
+    if (!port || m_isEditing)
+        return false;
+    const QList<JEX::SignalItem> rows = withPortSignals(port->signalItems, chosen);
+    if (JEX::widthOf(rows) > JEX::TriggerPort::WidthLimit) {
+        faults->append(tr("Support 64 signals at most."));
+        return false;
+    }
+    port->signalItems = rows;
+    showPort(index);
+    return true;
+}
+
+QList<JEX::SignalItem> TriggerOptionWidget::chosenSignals() const
+{
+    QList<JEX::SignalItem> chosen;
+    for (int i = 0; i < m_ui->treeTrigger->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *row = m_ui->treeTrigger->topLevelItem(i);
+        for (int k = 0; k < row->childCount(); ++k) {
+            if (row->isSelected() || row->child(k)->isSelected())
+                chosen.append(recordOf(row->child(k)));
+        }
+    }
+    return chosen;
 }
 
 void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)

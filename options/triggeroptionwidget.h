@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "model/jex/signalitem.h"
 #include "options/currentdevice.h"
 
 class QListWidgetItem;
@@ -41,6 +42,11 @@ public:
     void setNlsdata(QUARRY::RtlNetlist *netlist);
     void handleIEvent(const QUtil::IEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
+
+    // The port at a position of the tree; of another widget, or none, the port that is chosen. -1: none.
+    int portAt(const QWidget *widget, const QPoint &position) const;
+    bool addSignals(int port, const QList<JEX::SignalItem> &chosen, QStringList *faults);
+    QList<JEX::SignalItem> chosenSignals() const; // a port that is selected stands for all of its own
 
 Q_SIGNALS:
     void modified();
@@ -83,6 +89,7 @@ private:
     void connectDoubleClicks();
     void connectKeys();
     void updateTriggerTree();
+    void showPort(int port);
     void redrawUnits();
     void updateImplType();
     void updateExpressionType();

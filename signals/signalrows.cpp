@@ -217,6 +217,22 @@ void sortEnabledFirst(QTreeWidget *tree)
         updateCapEnable(row);
 }
 
+QList<JEX::SignalItem> selectedRecords(const QTreeWidget *tree)
+{
+    QList<JEX::SignalItem> records;
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *row = tree->topLevelItem(i);
+        const JEX::SignalItem record = recordOf(row);
+        if (row->isSelected())
+            records.append(record);
+        for (int k = 0; k < row->childCount() && !row->isSelected(); ++k) {
+            if (row->child(k)->isSelected() && k < record.members.size())
+                records.append(record.members.at(k));
+        }
+    }
+    return records;
+}
+
 QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree)
 {
     QList<JEX::SignalItem> records;

@@ -56,6 +56,8 @@ void sortEnabledFirst(QTreeWidget *tree);
 
 // The records of the top-level rows, in row order.
 QList<JEX::SignalItem> topLevelRecords(const QTreeWidget *tree);
+// Those of the rows that are selected, and of selected members of others.
+QList<JEX::SignalItem> selectedRecords(const QTreeWidget *tree);
 
 // Whether the selection may be removed: it has rows, and none of them is a member of another.
 bool canRemoveRows(const QTreeWidget *tree);

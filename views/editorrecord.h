@@ -22,6 +22,7 @@ namespace RTLJEX {
 
 class EditorView;
 class FileWatcher;
+class SignalPage;
 
 namespace private_impl {
 
@@ -55,7 +56,8 @@ public:
     // What is wrong with the cores as they were read or saved last. Without a design no signal is stale.
     bool check(QString *errors) const;
     QList<StaleSignal> staleSignals() const;
-    virtual QWidget *showPage(int core) = 0; // of that position; null when there is none
+    virtual QWidget *showPage(int core) = 0;   // of that position; null when there is none
+    virtual SignalPage *shownPage() const = 0; // null when there is none
 
     void noteFileChange();
     void askAboutFile();

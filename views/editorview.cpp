@@ -1,5 +1,7 @@
 #include "views/editorview.h"
 
+#include "options/signalpage.h"
+#include "signals/namedsignals.h"
 #include "views/designreading.h"
 #include "views/editorrecord.h"
 #include "views/saving.h"
@@ -74,6 +76,28 @@ Core::EditedFile EditorView::editedFile() const
 bool EditorView::reloadFile()
 {
     return m_record->reloadFile();
+}
+
+QString EditorView::signalPlace(const QWidget *widget, const QPoint &position) const
+{
+    const SignalPage *page = m_record->shownPage();
+    return page ? page->signalPlace(widget, position) : QString();
+}
+
+bool EditorView::addSignals(const QMimeData &data, const QWidget *widget, const QPoint &position,
+                            QStringList *faults)
+{
+    m_record->finishRenaming();
+    SignalPage *page = m_record->shownPage();
+    const QList<JEX::SignalItem> chosen = signalsOfData(data, m_record->netlist, faults);
+    return page && !chosen.isEmpty() && page->addSignals(chosen, widget, position, faults);
+}
+
+QMimeData *EditorView::chosenSignals() const
+{
+    const SignalPage *page = m_record->shownPage();
+    const QList<JEX::SignalItem> chosen = page ? page->chosenSignals() : QList<JEX::SignalItem>();
+    return chosen.isEmpty() ? nullptr : dataOfSignals(chosen);
 }
 
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()

@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include "host/eventmanager.h"
+#include "host/isignaltarget.h"
 #include "plugin/jexinserterview.h"
 
 class QCloseEvent;
@@ -21,7 +22,7 @@ class EditorRecord;
 // The operations that editors of both modes have. Watches file and design, and asks in banners before it
 // reads either again. Opens only with a design that can be parsed. The slots are each editor's own, since
 // hosts, forms and banners know them by name.
-class EditorView : public JexInserterView, public QUtil::IEventHandler
+class EditorView : public JexInserterView, public QUtil::IEventHandler, public Core::ISignalTarget
 {
 public:
     QString file() const override;
@@ -33,6 +34,11 @@ public:
     void showFinding(const Core::Finding &finding) override;
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
+    // Of the core that is shown.
+    QString signalPlace(const QWidget *widget, const QPoint &position) const override;
+    bool addSignals(const QMimeData &data, const QWidget *widget, const QPoint &position,
+                    QStringList *faults) override;
+    QMimeData *chosenSignals() const override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     bool getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,

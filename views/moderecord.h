@@ -26,6 +26,7 @@ public:
 
     Core *getCoreByIndex(int index) const { return cores.value(index); }         // null when there is none
     Page *getAoWidgetByIndex(int index) const { return aoWidgets.value(index); } // null when there is none
+    SignalPage *shownPage() const override;
 
     typename Mode::View *q;
     QList<Core *> &cores;    // of the configuration
@@ -49,6 +50,16 @@ void ModeRecord<Mode>::deletePages()
         removePage(page);
         delete page;
     }
+}
+
+template <class Mode>
+SignalPage *ModeRecord<Mode>::shownPage() const
+{
+    for (Page *page : aoWidgets) {
+        if (!page->isHidden())
+            return page;
+    }
+    return nullptr;
 }
 
 template <class Mode>

@@ -27,14 +27,17 @@
 #include "host/iview.h"
 #include "host/modal.h"
 #include "host/viewmanager.h"
+#include "workbench/designnetlist.h"
 #include "workbench/devicedialog.h"
 #include "workbench/messagepane.h"
+#include "workbench/netlistpane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
 #include "workbench/runmenu.h"
+#include "workbench/signaltransfer.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -73,6 +76,9 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
       m_hint(newHint()),
       m_tree(new ProjectTree),
       m_messages(new MessagePane),
+      m_design(new DesignNetlist(this)),
+      m_netlist(new NetlistPane(m_design, settings)),
+      m_transfer(new SignalTransfer(m_netlist, this)),
       m_topLabel(new QLabel),
       m_deviceLabel(new QLabel)
 {
@@ -94,6 +100,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     }
     createDocks();
     createFileMenu();
+    createEditMenu();
     createProjectMenu();
     createOtherMenus();
     connectTree();
@@ -102,6 +109,8 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
     connect(m_workspace, &Workspace::findingTold, this, &MainWindow::addFinding);
+    connect(m_workspace, &Workspace::projectReplaced, m_design, &DesignNetlist::forget);
+    connect(m_transfer, &SignalTransfer::message, this, &MainWindow::addMessage);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     resize(1280, 800);
@@ -164,6 +173,13 @@ void MainWindow::createFileMenu()
     connect(quit, &QAction::triggered, this, &QWidget::close);
 }
 
+void MainWindow::createEditMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&Edit");
+    menu->addAction(m_transfer->copyAction());
+    menu->addAction(m_transfer->pasteAction());
+}
+
 void MainWindow::createProjectMenu()
 {
     QMenu *menu = menuBar()->addMenu("&Project");
@@ -204,6 +220,7 @@ void MainWindow::createDocks()
         Qt::DockWidgetArea area;
         int size;
     } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 250},
+                       {"netlistDock", "Netlist", m_netlist, Qt::LeftDockWidgetArea, 250},
                        {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
@@ -214,6 +231,8 @@ void MainWindow::createDocks()
         resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
     }
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    tabifyDockWidget(findChild<QDockWidget *>("projectDock"), findChild<QDockWidget *>("netlistDock"));
+    findChild<QDockWidget *>("projectDock")->raise();
 }
 
 void MainWindow::connectTree()

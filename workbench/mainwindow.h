@@ -14,10 +14,13 @@ struct Finding;
 
 namespace Workbench {
 
+class DesignNetlist;
 class MessagePane;
+class NetlistPane;
 class ProjectBanner;
 class ProjectTree;
 class RunMenu;
+class SignalTransfer;
 class Workspace;
 
 // The window: project tree and message pane around the tabs of the views, menus and status bar.
@@ -42,6 +45,7 @@ private:
     QAction *addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,
                        void (MainWindow::*slot)());
     void createFileMenu();
+    void createEditMenu();
     void createProjectMenu();
     void createOtherMenus();
     void createDocks();
@@ -82,6 +86,9 @@ private:
     QLabel *m_hint;
     ProjectTree *m_tree;
     MessagePane *m_messages;
+    DesignNetlist *m_design;
+    NetlistPane *m_netlist;
+    SignalTransfer *m_transfer;
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
     RunMenu *m_runMenu = nullptr; // the menu's

@@ -1,0 +1,226 @@
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QTabWidget>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "host/isignaltarget.h"
+#include "host/viewmanager.h"
+#include "plugin/jexviewmanager.h"
+#include "tests/support/tablerow.h"
+#include "tests/support/workspace.h"
+#include "workbench/mainwindow.h"
+#include "workbench/messagepane.h"
+#include "workbench/netlistpane.h"
+#include "workbench/workspace.h"
+
+namespace {
+
+// Two levels; "tied" must not be probed.
+const char design[] = "module leaf(input clk, input [3:0] d, output reg [3:0] q);\n"
+                      "  always @(posedge clk) q <= d;\nendmodule\n"
+                      "module top(input clk, input [3:0] d, output [3:0] q, output done);\n"
+                      "  wire tied = 1'b0; wire [3:0] mid;\n"
+                      "  leaf u_a(.clk(clk), .d(d), .q(mid)); leaf u_b(.clk(clk), .d(mid), .q(q));\n"
+                      "  assign done = &q;\nendmodule\n";
+
+QString rowsOf(const QAbstractItemModel *model)
+{
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        const bool chosen = model->index(row, 0).flags() & Qt::ItemIsSelectable;
+        rows << (chosen ? "" : "-") + model->index(row, 0).data().toString() + ':' +
+                    model->index(row, 1).data().toString();
+    }
+    return rows.join(' ');
+}
+
+} // namespace
+
+// The real editor in the real window: nets of the design on their way into its lists and from list to list.
+class NetlistPaneTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
+    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
+
+    void init()
+    {
+        m_dir.reset(new Folder);
+        m_dir->write("top.v", design);
+        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        {
+            const Workspace work;
+            m_dir->write("s.zub", contents(work.writeConfig(JEX::StandardMode, "s.zub", 1)));
+            m_dir->write("l.zub", contents(work.writeConfig(JEX::LiteMode, "l.zub", 1)));
+        }
+        m_window.reset(new Workbench::MainWindow(nullptr));
+        m_window->show();
+        QVERIFY(m_window->workspace()->openProject(m_dir->path("p.jexprj")));
+        m_pane = m_window->findChild<Workbench::NetlistPane *>();
+        m_pattern = m_pane->findChildren<QComboBox *>().first();
+        for (QTreeView *view : m_pane->findChildren<QTreeView *>())
+            (view->accessibleName() == "Nets" ? m_nets : m_tree) = view;
+        m_window->findChild<QDockWidget *>("netlistDock")->raise();
+    }
+    void cleanup() { m_window.reset(); }
+
+    void filter_data()
+    {
+        textColumns("instance", "syntax", "nets");
+        row("", "top", "0", "d[3:0]:4 q[3:0]:4 mid[3:0]:4 clk:1 done:1 -tied:1");
+        row("", "u_b", "0", "d[3:0]:4 q[3:0]:4 clk:1");
+        row("Q", "top", "0", "q[3:0]:4 u_a/q[3:0]:4 u_b/q[3:0]:4");
+        row("u_", "u_a", "0", "d[3:0]:4 q[3:0]:4 clk:1");
+        row("*/u_?/c*", "top", "1", "u_a/clk:1 u_b/clk:1");
+        row("top/(done|clk)", "top", "2", "clk:1 done:1");
+        row("top/(done", "top", "2", "");
+    }
+    void filter()
+    {
+        QFETCH(QString, instance);
+        waitForDesign();
+        const QModelIndexList found =
+            m_tree->model()->match(m_tree->model()->index(0, 0), Qt::DisplayRole, instance, 1,
+                                   Qt::MatchExactly | Qt::MatchRecursive);
+        QCOMPARE(found.size(), 1);
+        m_tree->setCurrentIndex(found.first());
+        QFETCH(QString, syntax);
+        m_pane->findChildren<QComboBox *>().at(1)->setCurrentIndex(syntax.toInt());
+        m_pattern->setEditText(QTest::currentDataTag());
+        QFETCH(QString, nets);
+        QTRY_COMPARE(rowsOf(m_nets->model()), nets);
+    }
+
+    // A source that is edited is read anew, and the place is kept; one that cannot be read says why.
+    void followsTheSources()
+    {
+        waitForDesign();
+        m_tree->setCurrentIndex(m_tree->model()->index(1, 0, m_tree->model()->index(0, 0)));
+        QString text = design;
+        m_dir->write("top.v", text.replace("reg [3:0] q", "reg [3:0] other")
+                                  .replace("q <= d", "other <= d")
+                                  .replace(".q(", ".other(")
+                                  .toUtf8());
+        QTRY_COMPARE_WITH_TIMEOUT(rowsOf(m_nets->model()), QString("d[3:0]:4 other[3:0]:4 clk:1"), 30000);
+        QCOMPARE(m_tree->currentIndex().data().toString(), QString("u_b"));
+        m_dir->write("top.v", "module top(; endmodule\n");
+        QTRY_VERIFY_WITH_TIMEOUT(status().contains("cannot be read") && status().contains("top.v:1"), 30000);
+        QCOMPARE(rowsOf(m_nets->model()), QString("d[3:0]:4 other[3:0]:4 clk:1"));
+        QVERIFY(m_window->workspace()->closeProject());
+        QTRY_COMPARE(rowsOf(m_nets->model()), QString());
+    }
+
+    void intoTheLists()
+    {
+        waitForDesign();
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        // By Return, to where the user is at work.
+        choose("d[3:0]");
+        QTest::keyClick(m_nets, Qt::Key_Return);
+        QVERIFY(lastMessage().contains("Choose a"));
+        QTreeWidget *ports = view()->findChild<QTreeWidget *>("treeTrigger");
+        ports->setCurrentItem(ports->topLevelItem(0));
+        QTest::keyClick(m_nets, Qt::Key_Return);
+        QVERIFY(lastMessage().endsWith("Added to the trigger port 0."));
+        QCOMPARE(chosen(), QString("top/clk top/d[3:0]"));
+        // By a drag, to where it is dropped. The tree of ports takes none itself, so the editor gets it.
+        const QPoint port = ports->visualItemRect(ports->topLevelItem(2)).center();
+        QCOMPARE(drop(view(), ports->viewport()->mapTo(view(), port), "top/u_a/q\n"), Qt::CopyAction);
+        QCOMPARE(chosen(), QString("top/u_a/q[3:0]"));
+        view()->findChild<QTabWidget *>()->setCurrentIndex(1);
+        QTreeWidget *list = view()->findChild<QTreeWidget *>("treeWidgetCapSigs");
+        drop(list->viewport(), QPoint(5, 5), "tb.top.u_b.q[1]\tand more\n# no name\ntop/nothing\ntop/tied\n");
+        list->selectAll();
+        QCOMPARE(chosen(), QString("top/clk top/u_b/q[1]"));
+        QVERIFY(messages().contains("top/nothing is missing in the design"));
+        QVERIFY(messages().contains("top/tied must not be probed"));
+        QVERIFY(view()->editedFile().isModified);
+        // A bit gives way to its bus.
+        drop(list->viewport(), QPoint(5, 5), "top/u_b/q");
+        list->selectAll();
+        QCOMPARE(chosen(), QString("top/clk top/u_b/q[3:0]"));
+    }
+
+    // From one file to another with all that the user made of a row.
+    void copyAndPaste()
+    {
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        view()->findChild<QTabWidget *>()->setCurrentIndex(1);
+        auto *from = view()->findChild<QTreeWidget *>("treeWidgetCapSigs");
+        drop(from->viewport(), QPoint(5, 5), "top/done\ntop/d\ntop/u_a/q");
+        from->clearSelection();
+        from->topLevelItem(2)->setSelected(true);
+        from->topLevelItem(3)->setSelected(true);
+        QVERIFY(QMetaObject::invokeMethod(from, "onMerge"));
+        from->selectAll();
+        m_window->findChild<QAction *>("copySignals")->trigger();
+        QCOMPARE(QApplication::clipboard()->text().split('\n').first(), QString("top/clk"));
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("l.zub")));
+        m_window->findChild<QAction *>("pasteSignals")->trigger();
+        auto *to = view()->findChild<QTreeWidget *>("treeWidgetSignal");
+        to->selectAll();
+        QStringList texts;
+        for (int i = 0; i < to->topLevelItemCount(); ++i)
+            texts << to->topLevelItem(i)->text(0) + '*' + QString::number(to->topLevelItem(i)->childCount());
+        QCOMPARE(texts.join(' '), QString("top/clk*0 top/d[3:0]*4 group_0[4:0]*5"));
+        // What others put on the clipboard is looked at.
+        auto *data = new QMimeData;
+        data->setData("application/x-jex-signals", "<jexconfig version=\"1\" mode=\"Lite\"><core");
+        data->setText("top/q");
+        QApplication::clipboard()->setMimeData(data);
+        m_window->findChild<QAction *>("pasteSignals")->trigger();
+        QCOMPARE(to->topLevelItemCount(), 3);
+    }
+
+private:
+    void waitForDesign()
+    {
+        QTRY_VERIFY_WITH_TIMEOUT(m_tree->model()->rowCount() == 1 && m_nets->model()->rowCount() > 0, 30000);
+    }
+    Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
+    QString status() { return m_pane->findChildren<QLabel *>().last()->text(); }
+    QString messages() { return m_window->findChild<Workbench::MessagePane *>()->toPlainText(); }
+    QString lastMessage() { return messages().trimmed().section('\n', -1); }
+    void choose(const QString &name)
+    {
+        const QModelIndexList found =
+            m_nets->model()->match(m_nets->model()->index(0, 0), Qt::DisplayRole, name);
+        m_nets->setCurrentIndex(found.value(0));
+        m_nets->setFocus();
+    }
+    QString chosen()
+    {
+        const std::unique_ptr<QMimeData> data(dynamic_cast<Core::ISignalTarget *>(view())->chosenSignals());
+        return data ? data->text().trimmed().replace('\n', ' ') : QString();
+    }
+    Qt::DropAction drop(QWidget *widget, const QPoint &position, const QString &text)
+    {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &enter);
+        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &drop);
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    }
+
+    std::unique_ptr<Folder> m_dir;
+    std::unique_ptr<Workbench::MainWindow> m_window;
+    Workbench::NetlistPane *m_pane = nullptr;
+    QComboBox *m_pattern = nullptr;
+    QTreeView *m_tree = nullptr;
+    QTreeView *m_nets = nullptr;
+};
+
+QTEST_MAIN(NetlistPaneTest)
+#include "tst_netlistpane.moc"

@@ -1,0 +1,102 @@
+#include "workbench/designnetlist.h"
+
+#include "elaboration/elaboration.h"
+#include "elaboration/readingjob.h"
+#include "host/designmanager.h"
+#include "host/project.h"
+#include "model/netlist/rtlnetlist.h"
+
+namespace Workbench {
+namespace {
+
+const int quietTime = 400; // ms
+
+const char *const topics[] = {"TE.File.Add",           "TE.File.Remove",      "TE.File.Modified",
+                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change"};
+
+} // namespace
+
+DesignNetlist::DesignNetlist(QObject *parent) : QObject(parent)
+{
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(quietTime);
+    connect(&m_delay, &QTimer::timeout, this, &DesignNetlist::start);
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->subscribe(this, topic);
+}
+
+DesignNetlist::~DesignNetlist()
+{
+    Q_EMIT netlistAboutToGo();
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->unsubscribe(this, topic);
+}
+
+void DesignNetlist::setWanted(bool wanted)
+{
+    m_isWanted = wanted;
+    if (wanted && m_isStale)
+        readAgain();
+}
+
+void DesignNetlist::readAgain()
+{
+    m_isStale = true;
+    m_job.reset();
+    if (m_isWanted && Core::ProjectManager::currentProject())
+        m_delay.start();
+}
+
+void DesignNetlist::forget()
+{
+    m_delay.stop();
+    m_job.reset();
+    Q_EMIT netlistAboutToGo();
+    m_netlist.reset();
+    m_messages.clear();
+    setState(Nothing);
+    readAgain();
+}
+
+void DesignNetlist::handleIEvent(const QUtil::IEvent *)
+{
+    readAgain();
+}
+
+void DesignNetlist::start()
+{
+    const QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
+    m_job.reset(new QUARRY::ReadingJob(QUARRY::designInputFromInfo(info), QUARRY::ReadingJob::Netlist));
+    connect(m_job.get(), &QUARRY::ReadingJob::finished, this, &DesignNetlist::finish, Qt::QueuedConnection);
+    m_isStale = false;
+    setState(Reading);
+    m_job->start();
+}
+
+// From the event loop, since a job is not deleted while it tells that it has finished.
+void DesignNetlist::finish()
+{
+    if (!m_job || !m_job->isFinished())
+        return;
+    std::unique_ptr<QUARRY::RtlNetlist> fresh(m_job->takeNetlist());
+    m_messages = m_job->modules().messages + m_job->netlistMessages();
+    const bool isCancelled = m_job->isCancelled();
+    m_job.reset();
+    if (isCancelled) {
+        m_isStale = true;
+        return setState(m_netlist ? Ready : Nothing);
+    }
+    if (!fresh)
+        return setState(Unreadable);
+    Q_EMIT netlistAboutToGo();
+    m_netlist = std::move(fresh);
+    setState(Ready);
+}
+
+void DesignNetlist::setState(State state)
+{
+    m_state = state;
+    Q_EMIT stateChanged();
+}
+
+} // namespace Workbench
