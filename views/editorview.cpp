@@ -76,6 +76,21 @@ bool EditorView::reloadFile()
     return m_record->reloadFile();
 }
 
+QByteArray EditorView::snapshot() const
+{
+    return m_record->snapshot();
+}
+
+bool EditorView::restoreSnapshot(const QByteArray &bytes)
+{
+    return m_record->restoreSnapshot(bytes);
+}
+
+bool EditorView::isSnapshotSaved() const
+{
+    return !m_record->modified;
+}
+
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
 {
     return catchDesignNetlist();
