@@ -71,6 +71,7 @@ bool readLine(const QList<QByteArray> &words, JEX::LeftOut *leftOut)
 // What was read has to say the same again.
 bool readRest(const QByteArray &rest, JEX::LeftOut *leftOut)
 {
+    *leftOut = JEX::LeftOut();
     if (rest.size() > lineLimit)
         return false;
     QList<QByteArray> lines = rest.split('\n');

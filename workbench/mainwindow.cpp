@@ -28,6 +28,7 @@
 #include "host/modal.h"
 #include "host/viewmanager.h"
 #include "workbench/devicedialog.h"
+#include "workbench/editmenu.h"
 #include "workbench/messagepane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
@@ -94,6 +95,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     }
     createDocks();
     createFileMenu();
+    new EditMenu(menuBar()->addMenu("&Edit"), this);
     createProjectMenu();
     createOtherMenus();
     connectTree();

@@ -40,9 +40,9 @@ inline bool isOnPage(const QWidget *widget)
 inline void drawWidget(QWidget *widget, bool all, QStringList &lines)
 {
     const QString name = widget->objectName() + ": ";
-    const bool isShown =
-        all && !qobject_cast<QLabel *>(widget) ? !widget->inherits("QHeaderView") : isOnPage(widget);
-    if (!isShown || widget->objectName().startsWith("qt_"))
+    // Parts of other widgets have no names; some come and go.
+    const bool isWhole = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
+    if (!isWhole || !(isOnPage(widget) || (all && !qobject_cast<QLabel *>(widget))))
         return;
     if (const auto *box = qobject_cast<QComboBox *>(widget))
         lines << name + box->currentText();
