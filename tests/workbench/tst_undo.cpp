@@ -295,7 +295,9 @@ private:
     }
     void chooseRows(int count) const
     {
+        m_window->activateWindow(); // after a menu
         rows()->setFocus();
+        QTRY_VERIFY(rows()->hasFocus());
         rows()->clearSelection();
         rows()->setCurrentItem(rows()->topLevelItem(0));
         for (int i = 1; i < count; ++i)
