@@ -34,7 +34,10 @@ QList<std::function<void()>> edits(const RTLJEX::EditorView &view)
     return {[&view] { find<QCheckBox>(view, "chkBoxCaptureInitial")->click(); },
             [&view] { find<QLineEdit>(view, "editSampleClock")->insert(QStringLiteral("x")); },
             [rows, choose] {
-                choose(rows->topLevelItemCount() - 1);
+                int bus = rows->topLevelItemCount() - 1;
+                while (rows->topLevelItem(bus)->childCount() == 0)
+                    --bus;
+                choose(bus);
                 rows->onReverse();
             },
             [rows, choose] {
@@ -44,7 +47,7 @@ QList<std::function<void()>> edits(const RTLJEX::EditorView &view)
             [rows, choose] {
                 choose(rows->topLevelItemCount() / 2);
                 rows->onChangeName();
-                rows->viewport()->findChild<QLineEdit *>()->insert(QStringLiteral("y"));
+                rows->viewport()->findChildren<QLineEdit *>().last()->insert(QStringLiteral("y"));
                 rows->finishEdit();
             }};
 }
