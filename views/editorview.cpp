@@ -100,6 +100,21 @@ QMimeData *EditorView::chosenSignals() const
     return chosen.isEmpty() ? nullptr : dataOfSignals(chosen);
 }
 
+QByteArray EditorView::snapshot() const
+{
+    return m_record->snapshot();
+}
+
+bool EditorView::restoreSnapshot(const QByteArray &bytes)
+{
+    return m_record->restoreSnapshot(bytes);
+}
+
+bool EditorView::isSnapshotSaved() const
+{
+    return !m_record->modified;
+}
+
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
 {
     return catchDesignNetlist();

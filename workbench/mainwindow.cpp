@@ -29,6 +29,7 @@
 #include "host/viewmanager.h"
 #include "workbench/designnetlist.h"
 #include "workbench/devicedialog.h"
+#include "workbench/editmenu.h"
 #include "workbench/messagepane.h"
 #include "workbench/netlistpane.h"
 #include "workbench/newfiledialog.h"
@@ -176,6 +177,8 @@ void MainWindow::createFileMenu()
 void MainWindow::createEditMenu()
 {
     QMenu *menu = menuBar()->addMenu("&Edit");
+    new EditMenu(menu, this);
+    menu->addSeparator();
     menu->addAction(m_transfer->copyAction());
     menu->addAction(m_transfer->pasteAction());
 }
