@@ -23,6 +23,11 @@ void IView::showFinding(const Finding &)
 {
 }
 
+bool IView::replaceNet(const Finding &, const QString &, bool, QStringList *)
+{
+    return false;
+}
+
 EditedFile IView::editedFile() const
 {
     return EditedFile();
@@ -36,6 +41,11 @@ bool IView::reloadFile()
 void IView::tellFindings()
 {
     Q_EMIT findingsChanged();
+}
+
+void IView::tellSaved()
+{
+    Q_EMIT fileSaved();
 }
 
 QString IView::shortTitle() const

@@ -39,6 +39,7 @@ public:
 
     void save();
     void setNlsdata(QUARRY::RtlNetlist *netlist);
+    void showChangedPorts(); // after somebody else edited the signals of the core's ports
     void handleIEvent(const QUtil::IEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 

@@ -7,17 +7,13 @@ class QMenu;
 class QSettings;
 class QStackedWidget;
 
-namespace Core {
-class IView;
-struct Finding;
-} // namespace Core
-
 namespace Workbench {
 
 class MessagePane;
 class ProjectBanner;
 class ProjectTree;
 class RunMenu;
+class SourceOpener;
 class Workspace;
 
 // The window: project tree and message pane around the tabs of the views, menus and status bar.
@@ -33,7 +29,6 @@ public:
     Workspace *workspace() const;
     RunMenu *runMenu() const { return m_runMenu; }
     void addMessage(const QString &text, bool isError);
-    void addFinding(Core::IView *view, const Core::Finding &finding); // a double click on it shows its place
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -82,6 +77,7 @@ private:
     QLabel *m_hint;
     ProjectTree *m_tree;
     MessagePane *m_messages;
+    SourceOpener *m_sources;
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
     RunMenu *m_runMenu = nullptr; // the menu's

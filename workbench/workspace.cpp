@@ -8,8 +8,9 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
+
 #include "commandline/designoptions.h"
-#include "elaboration/elaboration.h"
 #include "host/actionmanager.h"
 #include "host/backupfile.h"
 #include "host/designmanager.h"
@@ -21,7 +22,6 @@
 #include "model/jex/jexfile.h"
 #include "workbench/projectwatch.h"
 #include "workbench/question.h"
-#include "workbench/report.h"
 
 namespace Workbench {
 
@@ -46,7 +46,7 @@ Workspace::Workspace(QWidget *window)
     : QObject(window), m_window(window), m_watch(new ProjectWatch(this)), m_guard(window)
 {
     Core::ViewManager *views = Core::ViewManager::instance();
-    connect(views, &Core::ViewManager::viewActiveted, this, &Workspace::followFindings);
+    connect(views, &Core::ViewManager::viewActiveted, this, &Workspace::followView);
     connect(m_watch, &ProjectWatch::stirred, this, &Workspace::lookAtProjectFile);
     connect(this, &Workspace::projectChanged, this, &Workspace::followProject);
     connect(this, &Workspace::projectReplaced, this, &Workspace::followProject);
@@ -58,9 +58,9 @@ Workspace::Workspace(QWidget *window)
 
 // A view is told of once it is there to be shown, and later when it says so; never in the middle of what it
 // does, and not after its end.
-void Workspace::followFindings(Core::IView *view)
+void Workspace::followView(Core::IView *view)
 {
-    const char *const isFollowed = "findingsFollowed";
+    const char *const isFollowed = "isFollowed";
     if (!view || view->property(isFollowed).toBool())
         return;
     view->setProperty(isFollowed, true);
@@ -69,18 +69,23 @@ void Workspace::followFindings(Core::IView *view)
             workspace->tellFindings(view);
     };
     connect(view, &Core::IView::findingsChanged, view, tell, Qt::QueuedConnection);
+    connect(view, &Core::IView::fileSaved, this, [this, view] {
+        Q_EMIT message("Saved " + QDir::toNativeSeparators(view->editedFile().path) + '.', false);
+    });
     QMetaObject::invokeMethod(view, tell, Qt::QueuedConnection);
 }
 
 void Workspace::tellFindings(Core::IView *view)
 {
-    const char *const hasFindings = "hasFindings";
+    const char *const hadStale = "hadStale";
     const QList<Core::Finding> findings = view->findings();
-    for (const Core::Finding &finding : findings)
-        Q_EMIT findingTold(view, finding);
-    if (findings.isEmpty() && view->property(hasFindings).toBool())
+    const bool hasStale = std::any_of(findings.begin(), findings.end(), [](const Core::Finding &finding) {
+        return finding.kind == Core::Finding::Stale;
+    });
+    Q_EMIT findingsTold(view, findings);
+    if (!hasStale && view->property(hadStale).toBool())
         Q_EMIT message(view->shortTitle() + ": The design has all signals again.", false);
-    view->setProperty(hasFindings, !findings.isEmpty());
+    view->setProperty(hadStale, hasStale);
 }
 
 Workspace::~Workspace()
@@ -343,9 +348,8 @@ bool Workspace::openFile(const QString &path)
     const bool opened = Core::EditorRegistry::editorFor(path)(
         nameInUse(path), TE::TaskEngine::instance()->designManager()->currentDevice());
     Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
-    if (opened)
-        tellDesignMessages();
-    else
+    m_refusedFile = opened ? QString() : path;
+    if (!opened)
         tellFault(path);
     return opened;
 }
@@ -360,14 +364,14 @@ void Workspace::tellFault(const QString &path)
         Q_EMIT message(error, true);
 }
 
-void Workspace::tellDesignMessages()
+void Workspace::setTop(const QString &module)
 {
-    const QStringList messages = designMessages();
-    for (const QString &text : messages) {
-        if (!m_toldMessages.contains(text))
-            Q_EMIT message(text, QUARRY::isError(text));
-    }
-    m_toldMessages = messages.toSet();
+    if (!m_project)
+        return;
+    m_project->setOption("TopModule", module);
+    Q_EMIT message("The top module is " + module + '.', false);
+    if (!m_refusedFile.isEmpty())
+        openFile(m_refusedFile);
 }
 
 } // namespace Workbench
