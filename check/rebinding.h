@@ -14,7 +14,8 @@ struct Rebinding
     QString refusal;
 };
 
-// Renames everywhere in the configuration, or only the rows and clocks of these signals, and judges the result.
+// Renames everywhere in the configuration, or only the rows and clocks of these signals, and judges the
+// result.
 Rebinding rebind(const Renaming &renaming, const QUARRY::RtlNetlist &netlist, Configuration &configuration);
 Rebinding rebindAt(const QList<StaleSignal> &stale, const Renaming &renaming,
                    const QUARRY::RtlNetlist &netlist, Configuration &configuration);

@@ -12,8 +12,8 @@ struct NetPlace
     int line = 0;
 };
 
-// A widget that shows nets of a design. The host's command Go to Declaration asks the one with the focus, or the
-// next of its parents that is one.
+// A widget that shows nets of a design. The host's command Go to Declaration asks the one with the focus, or
+// the next of its parents that is one.
 class INetPlaces
 {
 public:

@@ -101,7 +101,8 @@ QString focusedSignal(const QWidget *focused)
     JEX::SignalItem item = recordOf(row);
     // The records of members are in that of their bus or group.
     if (item.name.isEmpty() && row->parent())
-        item = recordOf(row->parent()).members.value(row->parent()->indexOfChild(const_cast<QTreeWidgetItem *>(row)));
+        item = recordOf(row->parent())
+                   .members.value(row->parent()->indexOfChild(const_cast<QTreeWidgetItem *>(row)));
     return item.isOfBus() || item.isSingle() ? item.name : item.members.first().name;
 }
 

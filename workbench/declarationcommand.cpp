@@ -40,8 +40,8 @@ void DeclarationCommand::go()
     const QString net = places ? places->focusedNet() : QString();
     const Core::NetPlace place = net.isEmpty() ? Core::NetPlace() : places->placeOf(net);
     if (net.isEmpty())
-        m_window->statusBar()->showMessage("Choose a signal first: in a capture list, a trigger port or a message.",
-                                           shownFor);
+        m_window->statusBar()->showMessage(
+            "Choose a signal first: in a capture list, a trigger port or a message.", shownFor);
     else if (!place.isInDesign)
         m_window->statusBar()->showMessage("The design does not have " + net + '.', shownFor);
     else if (place.file.isEmpty())

@@ -11,8 +11,8 @@ namespace Workbench {
 
 class SourceOpener;
 
-// The command Go to Declaration: opens the source at the net that the current row of the widget with the focus
-// stands for, see Core::INetPlaces.
+// The command Go to Declaration: opens the source at the net that the current row of the widget with the
+// focus stands for, see Core::INetPlaces.
 class DeclarationCommand : public QObject
 {
     Q_OBJECT

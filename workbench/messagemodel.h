@@ -21,11 +21,11 @@ struct Message
     };
 
     Kind kind = Note;
-    QString text;                    // plain, may hold line ends
-    QString source;                  // whose state it is a part of; empty: something that happened
-    std::function<void()> follow;    // to the place that it is about; may be empty
-    QList<Offer> offers;             // while it is not past
-    QString net;                     // full name of the net that it is about; may be empty
+    QString text;                               // plain, may hold line ends
+    QString source;                             // whose state it is a part of; empty: something that happened
+    std::function<void()> follow;               // to the place that it is about; may be empty
+    QList<Offer> offers;                        // while it is not past
+    QString net;                                // full name of the net that it is about; may be empty
     std::function<Core::NetPlace()> placeOfNet; // where there is one
 
     bool isSameAs(const Message &other) const { return kind == other.kind && text == other.text; }
@@ -46,8 +46,8 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
 
     void add(const Message &message);
-    // All that a source has to say now: what it said before and does not say any more becomes past, what it did
-    // not say yet is added, what it says again stays where it is.
+    // All that a source has to say now: what it said before and does not say any more becomes past, what it
+    // did not say yet is added, what it says again stays where it is.
     void setCurrent(const QString &source, const QList<Message> &messages);
     void clear();
 

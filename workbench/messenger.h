@@ -16,8 +16,8 @@ class MessagePane;
 class Workspace;
 struct Message;
 
-// Keeps the message pane true: what the views find, what the tools said of the design, and why it could not be
-// used. Each message leads to its place, and what is not so any more stands for the past.
+// Keeps the message pane true: what the views find, what the tools said of the design, and why it could not
+// be used. Each message leads to its place, and what is not so any more stands for the past.
 class Messenger : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT

@@ -15,8 +15,8 @@ struct SourceCommand
     QString fault; // why the command can not be used, a sentence; empty: it can
 };
 
-// Of the user's words, "code -g %f:%l": %f stands for the file, %l for the line, %% for a percent sign. No shell
-// sees them, and a name stays within its word and is absolute, so that it is no option whatever it is.
+// Of the user's words, "code -g %f:%l": %f stands for the file, %l for the line, %% for a percent sign. No
+// shell sees them, and a name stays within its word and is absolute, so that it is no option whatever it is.
 SourceCommand sourceCommand(const QString &words, const SourcePlace &place);
 
 } // namespace Workbench

@@ -38,8 +38,9 @@ void SourceOpener::askCommand()
 {
     QUtil::Modal<QInputDialog> dialog(new QInputDialog(m_window));
     dialog->setWindowTitle("Source Command");
-    dialog->setLabelText("Command that shows a line of a source, as in \"code -g %f:%l\": %f is the file, %l the "
-                         "line.\nWhen it is empty, sources are shown in a tab of the workbench:");
+    dialog->setLabelText(
+        "Command that shows a line of a source, as in \"code -g %f:%l\": %f is the file, %l the "
+        "line.\nWhen it is empty, sources are shown in a tab of the workbench:");
     dialog->setTextValue(m_settings ? m_settings->value(commandKey).toString() : QString());
     if (dialog->exec() != QDialog::Accepted || !m_settings)
         return;

@@ -9,8 +9,8 @@ namespace Workbench {
 
 struct SourcePlace;
 
-// Shows sources to the user: by the command of the user's own choice, else in the workbench's own tab. No project
-// can set the command.
+// Shows sources to the user: by the command of the user's own choice, else in the workbench's own tab. No
+// project can set the command.
 class SourceOpener : public QObject
 {
     Q_OBJECT

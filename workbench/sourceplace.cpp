@@ -36,9 +36,9 @@ QList<SourcePlace> sourcePlaces(const QString &text)
             if (!QFileInfo(place.file).isFile())
                 continue;
             from = end.capturedEnd();
-            const bool isKnown = std::any_of(places.begin(), places.end(), [&place](const SourcePlace &other) {
-                return other.text() == place.text();
-            });
+            const bool isKnown =
+                std::any_of(places.begin(), places.end(),
+                            [&place](const SourcePlace &other) { return other.text() == place.text(); });
             if (!isKnown)
                 places << place;
             break;

@@ -15,8 +15,8 @@ struct SourcePlace
     QString text() const; // "/path/a.v:12"
 };
 
-// The places that a message names, "/path/a.v:12", each once, as far as such files are there now. Names may hold
-// blanks and colons.
+// The places that a message names, "/path/a.v:12", each once, as far as such files are there now. Names may
+// hold blanks and colons.
 QList<SourcePlace> sourcePlaces(const QString &text);
 
 } // namespace Workbench

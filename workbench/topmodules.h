@@ -14,8 +14,8 @@ namespace Workbench {
 // The modules or entities that a design file declares, by its words, in their order. A type of TE::FileType.
 QStringList modulesOfFile(const QString &path, int type);
 
-// The name of a project's top module, to be typed or chosen. The modules of the open project's design come into
-// the list while the box is there, the candidates first.
+// The name of a project's top module, to be typed or chosen. The modules of the open project's design come
+// into the list while the box is there, the candidates first.
 class TopModuleBox : public QComboBox
 {
     Q_OBJECT
