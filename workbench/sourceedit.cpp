@@ -2,11 +2,27 @@
 
 #include <QEvent>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
 
 namespace Workbench {
+
+namespace {
+
+// A desktop that names none gives a proportional one.
+QFont fixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) {
+        font.setFamily("Monospace");
+        font.setStyleHint(QFont::TypeWriter);
+    }
+    return font;
+}
+
+} // namespace
 
 class LineNumbers : public QWidget
 {
@@ -25,7 +41,7 @@ SourceEdit::SourceEdit(QWidget *parent) : QPlainTextEdit(parent), m_numbers(new 
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setLineWrapMode(NoWrap);
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(fixedFont());
     setTabStopDistance(4 * fontMetrics().horizontalAdvance(' '));
     connect(this, &QPlainTextEdit::blockCountChanged, this, &SourceEdit::placeNumbers);
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &changed, int moved) {

@@ -65,7 +65,7 @@ void Workspace::followView(Core::IView *view)
         return;
     view->setProperty(isFollowed, true);
     const auto tell = [workspace = QPointer<Workspace>(this), view] {
-        if (workspace)
+        if (workspace && Core::ViewManager::instance()->views().contains(view))
             workspace->tellFindings(view);
     };
     connect(view, &Core::IView::findingsChanged, view, tell, Qt::QueuedConnection);
@@ -169,7 +169,7 @@ bool Workspace::saveProject()
             reloadProject();
         if (answer == SaveGuard::Otherwise || answer == SaveGuard::Cancel)
             return false;
-        return m_project->save(&error) || fail(error);
+        return m_project->save(&error) ? noteSaved() : fail(error);
     }
     return saveProjectAs();
 }
@@ -178,7 +178,14 @@ bool Workspace::saveProjectAs()
 {
     QString error;
     const QString path = m_project ? chooseProjectFile("Save Project", m_project->workingDir()) : QString();
-    return !path.isEmpty() && mayReplace(path) && (m_project->saveAs(path, &error) || fail(error));
+    return !path.isEmpty() && mayReplace(path) &&
+           (m_project->saveAs(path, &error) ? noteSaved() : fail(error));
+}
+
+bool Workspace::noteSaved()
+{
+    Q_EMIT message("Saved the project " + QDir::toNativeSeparators(m_project->filePath()) + '.', false);
+    return true;
 }
 
 // By what the user chose to replace; whether it changed is no question then.

@@ -65,6 +65,7 @@ Q_SIGNALS:
 
 private:
     bool fail(const QString &text);
+    bool noteSaved(); // the project
     bool mayCloseProject();
     bool mayReplace(const QString &path);
     bool maySaveView();
