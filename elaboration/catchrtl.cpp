@@ -64,7 +64,6 @@ void tellMessages(const ReadingJob &job)
         return;
     QMap<QString, QVariant> data;
     data.insert(QLatin1String("messages"), job.modules().messages + job.netlistMessages());
-    data.insert(QLatin1String("modules"), job.modules().modules);
     data.insert(QLatin1String("topModules"), job.modules().topModules);
     QUtil::EventManager::instance()->post(QLatin1String(DesignMessagesTopic), data);
 }

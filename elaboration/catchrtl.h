@@ -10,8 +10,8 @@ namespace QUARRY {
 
 class RtlNetlist;
 
-// Posted when one of the two below has read a design: "messages", "modules" and "topModules", lists of texts.
-// For the host, whatever becomes of the reading.
+// Posted when one of the two below has read a design: "messages" and "topModules", lists of texts. For the
+// host, whatever becomes of the reading.
 constexpr char DesignMessagesTopic[] = "QUARRY.Design.Messages";
 
 // Builds the netlist of the project's whole design under a modal progress dialog. The sources come from

@@ -1,5 +1,6 @@
 #include "workbench/messenger.h"
 
+#include <QDir>
 #include <QPointer>
 
 #include "check/designjudgement.h"
@@ -8,6 +9,7 @@
 #include "host/inetplaces.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
+#include "model/jex/jexfile.h"
 #include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
 #include "workbench/workspace.h"
@@ -17,7 +19,12 @@ namespace {
 
 const char *const designSource = "design";
 const char *const refusalSource = "refusal";
-const char *const topics[] = {QUARRY::DesignMessagesTopic, RTLJEX::DesignRefusedTopic};
+const char *const topics[] = {QUARRY::DesignMessagesTopic, RTLJEX::DesignRefusedTopic, JEX::NotWrittenTopic};
+
+QString unwrittenSource(const QString &path)
+{
+    return "unwritten " + path;
+}
 
 QString sourceOf(const Core::IView *view)
 {
@@ -48,6 +55,7 @@ Messenger::Messenger(Workspace *workspace, MessagePane *pane)
 {
     for (const char *topic : topics)
         QUtil::EventManager::instance()->subscribe(this, topic);
+    connect(workspace, &Workspace::fileSaved, this, &Messenger::tellSaved);
     connect(workspace, &Workspace::findingsTold, this, &Messenger::tellFindings);
     connect(workspace, &Workspace::projectReplaced, this, &Messenger::forgetDesign);
     connect(Core::ViewManager::instance(), &Core::ViewManager::viewClosed, this, &Messenger::endView);
@@ -64,14 +72,14 @@ void Messenger::handleIEvent(const QUtil::IEvent *event)
     const QMap<QString, QVariant> data = event->data();
     if (event->topic() == RTLJEX::DesignRefusedTopic)
         return tellRefusal(data.value("text").toString());
-    m_modules = data.value("modules").toStringList();
+    if (event->topic() == JEX::NotWrittenTopic)
+        return tellNotWritten(data.value("file").toString(), data.value("error").toString());
     m_topModules = data.value("topModules").toStringList();
     tellDesign(data.value("messages").toStringList());
 }
 
 void Messenger::forgetDesign()
 {
-    m_modules.clear();
     m_topModules.clear();
     tellDesign(QStringList());
 }
@@ -102,6 +110,20 @@ void Messenger::tellRefusal(const QString &text)
         current << candidate;
     }
     m_pane->model()->setCurrent(refusalSource, current);
+}
+
+void Messenger::tellNotWritten(const QString &path, const QString &error)
+{
+    Message message;
+    message.kind = Message::Error;
+    message.text = error;
+    m_pane->model()->setCurrent(unwrittenSource(path), {message});
+}
+
+void Messenger::tellSaved(const QString &path)
+{
+    m_pane->model()->setCurrent(unwrittenSource(path), {});
+    m_pane->addMessage("Saved " + QDir::toNativeSeparators(path) + '.', false);
 }
 
 void Messenger::tellFindings(Core::IView *view, const QList<Core::Finding> &findings)

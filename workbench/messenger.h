@@ -16,8 +16,9 @@ class MessagePane;
 class Workspace;
 struct Message;
 
-// Keeps the message pane true: what the views find, what the tools said of the design, and why it could not
-// be used. Each message leads to its place, and what is not so any more stands for the past.
+// Keeps the message pane true: what the views find, what the tools said of the design, why it could not be
+// used, and which files could not be written. Each message leads to its place, and what is not so any more
+// stands for the past.
 class Messenger : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT
@@ -26,14 +27,14 @@ public:
     Messenger(Workspace *workspace, MessagePane *pane); // neither owned
     ~Messenger() override;
 
-    const QStringList &modules() const { return m_modules; } // of the design that was read last
-
     void handleIEvent(const QUtil::IEvent *event) override;
 
 private:
     void forgetDesign();
     void tellDesign(const QStringList &messages);
     void tellRefusal(const QString &text);
+    void tellNotWritten(const QString &path, const QString &error);
+    void tellSaved(const QString &path);
     void tellFindings(Core::IView *view, const QList<Core::Finding> &findings);
     void endView(Core::IView *view);
     Message messageOf(Core::IView *view, const Core::Finding &finding);
@@ -41,8 +42,7 @@ private:
 
     Workspace *m_workspace;
     MessagePane *m_pane;
-    QStringList m_modules;
-    QStringList m_topModules;
+    QStringList m_topModules; // of the design that was read last
 };
 
 } // namespace Workbench

@@ -180,9 +180,9 @@ void ProjectTree::addTopEntries(QMenu *menu, const QTreeWidgetItem *file)
 {
     const QStringList modules =
         modulesOfFile(file->data(0, PathRole).toString(), file->data(0, TypeRole).toInt());
-    QMenu *several = modules.size() > 1 ? menu->addMenu("Set as &Top") : nullptr;
+    QMenu *several = modules.size() > 1 ? menu->addMenu("Set as To&p") : nullptr;
     for (const QString &module : modules) {
-        QAction *action = several ? several->addAction(module) : menu->addAction("Set as &Top: " + module);
+        QAction *action = several ? several->addAction(module) : menu->addAction("Set as To&p: " + module);
         connect(action, &QAction::triggered, this, [this, module] { Q_EMIT topRequested(module); });
     }
 }

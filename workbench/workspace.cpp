@@ -53,7 +53,6 @@ Workspace::Workspace(QWidget *window)
     connect(this, &Workspace::projectReplaced, this, &Workspace::lookAtProjectFile);
     views->setCloseGate([this](Core::IView *view) { return mayCloseView(view); });
     Core::ActionManager::instance()->setGate(saveCommand, [this] { return maySaveView(); });
-    QUtil::EventManager::instance()->subscribe(this, JEX::NotWrittenTopic);
 }
 
 // A view is told of once it is there to be shown, and later when it says so; never in the middle of what it
@@ -69,9 +68,7 @@ void Workspace::followView(Core::IView *view)
             workspace->tellFindings(view);
     };
     connect(view, &Core::IView::findingsChanged, view, tell, Qt::QueuedConnection);
-    connect(view, &Core::IView::fileSaved, this, [this, view] {
-        Q_EMIT message("Saved " + QDir::toNativeSeparators(view->editedFile().path) + '.', false);
-    });
+    connect(view, &Core::IView::fileSaved, this, [this, view] { Q_EMIT fileSaved(view->editedFile().path); });
     QMetaObject::invokeMethod(view, tell, Qt::QueuedConnection);
 }
 
@@ -90,7 +87,6 @@ void Workspace::tellFindings(Core::IView *view)
 
 Workspace::~Workspace()
 {
-    QUtil::EventManager::instance()->unsubscribe(this, JEX::NotWrittenTopic);
     Core::ActionManager::instance()->setGate(saveCommand, {});
     Core::ViewManager::instance()->setCloseGate({});
     for (Core::IView *view : Core::ViewManager::instance()->views())
@@ -323,11 +319,6 @@ bool Workspace::settleBackup(const QString &path)
     if (answer == 1)
         QUtil::discardBackup(path);
     return answer == 1 || (answer == 0 && (QUtil::restoreBackup(path, &error) || fail(error)));
-}
-
-void Workspace::handleIEvent(const QUtil::IEvent *event)
-{
-    Q_EMIT message(event->data().value("error").toString(), true);
 }
 
 bool Workspace::canEdit(const QString &path) const

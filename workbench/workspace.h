@@ -5,7 +5,6 @@
 #include <QStringList>
 #include <memory>
 
-#include "host/eventmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "workbench/projectbanner.h"
@@ -20,7 +19,7 @@ class ProjectWatch;
 // The project that is open, and the opening and closing of it and of files. Asks the user where something
 // would be lost, before the views save and close as well, and tells what went wrong in a box and as a
 // message.
-class Workspace : public QObject, public QUtil::IEventHandler
+class Workspace : public QObject
 {
     Q_OBJECT
 
@@ -54,13 +53,12 @@ public:
     void setTop(const QString &module);
     bool canEdit(const QString &path) const;
 
-    void handleIEvent(const QUtil::IEvent *event) override;
-
 Q_SIGNALS:
     void projectReplaced();                                // another one, or none
     void projectChanged();                                 // its contents, its file or its modified mark
     void projectFileChanged(Workbench::ProjectFile state); // on the disk
     void message(const QString &text, bool isError);
+    void fileSaved(const QString &path);                                        // that a view edits
     void findingsTold(Core::IView *view, const QList<Core::Finding> &findings); // all that it has now
 
 private:

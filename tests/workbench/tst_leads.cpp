@@ -192,7 +192,8 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         QTest::keyClick(m_window->focusWidget(), Qt::Key_F12);
         const auto *source = qobject_cast<Workbench::SourceView *>(view());
-        QTEST(source ? QString::number(source->edit()->markedLine()) : m_window->statusBar()->currentMessage(),
+        QTEST(source ? QString::number(source->edit()->markedLine())
+                     : m_window->statusBar()->currentMessage(),
               "place");
     }
 
@@ -224,7 +225,7 @@ private Q_SLOTS:
         files->findItems("more.v", Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
         const std::unique_ptr<QMenu> menu(files->createFileMenu());
         for (QAction *action : menu->actions()) {
-            if (action->text() == "Set as &Top: second")
+            if (action->text() == "Set as To&p: second")
                 action->trigger();
         }
         QCOMPARE(m_window->workspace()->project()->data().topModule, QString("second"));
@@ -270,8 +271,9 @@ private:
     static void showTab(QWidget *widget)
     {
         for (QWidget *page = widget; page; page = page->parentWidget()) {
-            auto *tabs = page->parentWidget() ? qobject_cast<QTabWidget *>(page->parentWidget()->parentWidget())
-                                              : nullptr;
+            auto *tabs = page->parentWidget()
+                             ? qobject_cast<QTabWidget *>(page->parentWidget()->parentWidget())
+                             : nullptr;
             if (tabs && tabs->indexOf(page) >= 0)
                 tabs->setCurrentWidget(page);
         }

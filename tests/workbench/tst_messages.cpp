@@ -145,7 +145,8 @@ private Q_SLOTS:
         for (const char *name : {"a.v", "b c.v", "odd : name:3.v"})
             dir.write(name, "");
         QStringList found;
-        for (const SourcePlace &place : sourcePlaces(QString(QTest::currentDataTag()).replace("%1", dir.path())))
+        for (const SourcePlace &place :
+             sourcePlaces(QString(QTest::currentDataTag()).replace("%1", dir.path())))
             found << QDir(dir.path()).relativeFilePath(place.file) + ':' + QString::number(place.line);
         QTEST(found.join('|'), "places");
     }
@@ -159,7 +160,8 @@ private Q_SLOTS:
         pane.addMessage("nothing", false);
         pane.addMessage("ERROR: " + file + ":7: x", true);
         QStringList asked;
-        connect(&pane, &MessagePane::sourceAsked, [&asked](const SourcePlace &place) { asked << place.text(); });
+        connect(&pane, &MessagePane::sourceAsked,
+                [&asked](const SourcePlace &place) { asked << place.text(); });
         doubleClickMessage(&pane, "nothing");
         doubleClickMessage(&pane, ":7: x");
         QTest::keyClick(pane.findChild<QListView *>(), Qt::Key_Return);

@@ -37,14 +37,19 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("notice"); // with %1 for the file
-        QTest::newRow("plain") << QByteArray("a\nb\n") << "a\nb\n" << "";
-        QTest::newRow("line ends") << QByteArray("a\r\nb\rc\xe2\x80\xa8" "d") << "a\nb c d" << "";
+        QTest::newRow("plain") << QByteArray("a\nb\n") << "a\nb\n"
+                               << "";
+        QTest::newRow("line ends") << QByteArray("a\r\nb\rc\xe2\x80\xa8"
+                                                 "d")
+                                   << "a\nb c d"
+                                   << "";
         QTest::newRow("UTF-8") << QByteArray("\xc3\xa4") << QString::fromUtf8("ä") << "";
         QTest::newRow("Latin-1") << QByteArray("\xe4\n") << QString::fromUtf8("ä\n") << "";
         QTest::newRow("long line") << QByteArray("x\n") + QByteArray(9000, 'y') + "\nz"
                                    << "x\n" + QString(4000, 'y') + "\nz"
                                    << "Lines are shown up to their first 4000 letters.";
-        QTest::newRow("binary") << QByteArray("a\0b", 3) << "" << "%1 is a binary file, which is not shown.";
+        QTest::newRow("binary") << QByteArray("a\0b", 3) << ""
+                                << "%1 is a binary file, which is not shown.";
     }
     void texts()
     {
@@ -72,7 +77,8 @@ private Q_SLOTS:
     void oneTabForAFile()
     {
         const Folder dir;
-        const QString a = dir.write("a.v", QByteArray("module m;\n").repeated(200)), b = dir.write("b.vhd", "");
+        const QString a = dir.write("a.v", QByteArray("module m;\n").repeated(200)),
+                      b = dir.write("b.vhd", "");
         SourceView::open({a, 150});
         SourceView::open({b, 0});
         SourceView::open({a, 20});
@@ -117,7 +123,8 @@ private Q_SLOTS:
         };
         QTest::keyClicks(text, "wire");
         note();
-        for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier}) {
+        for (const Qt::KeyboardModifiers keys :
+             {Qt::NoModifier, Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier}) {
             QTest::keyClick(text, Qt::Key_Return, keys);
             note();
         }
