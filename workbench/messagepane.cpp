@@ -1,9 +1,11 @@
 #include "workbench/messagepane.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QListView>
 #include <QMenu>
 #include <QPainter>
@@ -49,11 +51,19 @@ class MessageDelegate : public QStyledItemDelegate
 public:
     explicit MessageDelegate(QListView *list) : QStyledItemDelegate(list), m_list(list) {}
 
+    // Each new message has all of them laid out anew.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         QStyleOptionViewItem wide = option;
         wide.rect.setWidth(m_list->viewport()->width());
-        return QStyledItemDelegate::sizeHint(wide, index);
+        if (wide.rect.width() != m_width || option.font != m_font || m_sizes.size() > 10000)
+            m_sizes.clear();
+        m_width = wide.rect.width();
+        m_font = option.font;
+        QSize &size = m_sizes[index.data().toString()];
+        if (!size.isValid())
+            size = QStyledItemDelegate::sizeHint(wide, index);
+        return size;
     }
 
 protected:
@@ -69,11 +79,23 @@ protected:
 
 private:
     QListView *m_list;
+    mutable QHash<QString, QSize> m_sizes; // by text
+    mutable int m_width = 0;
+    mutable QFont m_font;
 };
 
 class MessageList : public QListView
 {
 protected:
+    // By its key, the menu is that of the current message.
+    void contextMenuEvent(QContextMenuEvent *event) override
+    {
+        const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+        if (isByKey)
+            scrollTo(currentIndex());
+        Q_EMIT customContextMenuRequested(isByKey ? visualRect(currentIndex()).center() : event->pos());
+    }
+
     void paintEvent(QPaintEvent *event) override
     {
         QListView::paintEvent(event);
@@ -114,7 +136,6 @@ MessagePane::MessagePane(QWidget *parent)
     m_list->setWordWrap(true);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     setFocusProxy(m_list);
     setUpButtons();
     connect(m_list, &QListView::activated, this,
@@ -221,11 +242,11 @@ void MessagePane::follow(int row)
 void MessagePane::showMenu(const QPoint &position)
 {
     QUtil::Modal<QMenu> menu(new QMenu(this));
-    const QModelIndex index =
-        m_list->indexAt(position).isValid() ? m_list->indexAt(position) : m_list->currentIndex();
+    const QModelIndex index = m_list->indexAt(position);
     const int row = m_filter->mapToSource(index).row();
     if (row >= 0) {
-        m_list->setCurrentIndex(index);
+        if (!m_list->selectionModel()->isSelected(index))
+            m_list->setCurrentIndex(index);
         const Message message = m_model->message(row);
         if (message.follow)
             menu->addAction("&Show", message.follow);

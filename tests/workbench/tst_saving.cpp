@@ -180,7 +180,8 @@ private Q_SLOTS:
         save()->trigger(); // and the next one asks nothing: nobody else changed the file
         QCOMPARE(fileState(), QString("edited"));
         const auto *messages = m_window->findChild<Workbench::MessagePane *>();
-        QCOMPARE(messageRow(messages, reason).data(Qt::AccessibleTextRole).toString(), "Error, past: " + reason);
+        QCOMPARE(messageRow(messages, reason).data(Qt::AccessibleTextRole).toString(),
+                 "Error, past: " + reason);
     }
 
     void oneFileOneEditor()
