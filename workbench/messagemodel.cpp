@@ -43,6 +43,8 @@ QVariant MessageModel::data(const QModelIndex &index, int role) const
         return QApplication::style()->standardIcon(look.icon);
     case Qt::AccessibleTextRole:
         return QString(look.word) + (entry.isPast ? ", past: " : ": ") + entry.message.text;
+    case Qt::ToolTipRole:
+        return entry.message.follow ? QVariant("A double click or Return shows where it is.") : QVariant();
     case KindRole:
         return entry.message.kind;
     case PastRole:
