@@ -6,7 +6,6 @@
 #include "model/jex/zubinput.h"
 #include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
-#include "views/configcheck.h"
 
 namespace RTLJEX {
 namespace {
@@ -21,6 +20,14 @@ AnyCore anyCore(Core *core)
     any.signalRows = &core->captureSignals;
     any.enabledRows = &core->enabledCaptureSignals;
     return any;
+}
+
+template <class Core>
+void takeSignals(const Core &from, Core *to)
+{
+    to->sampleClock = from.sampleClock;
+    to->captureSignals = from.captureSignals;
+    to->enabledCaptureSignals = from.enabledCaptureSignals;
 }
 
 } // namespace
@@ -44,6 +51,23 @@ void Configuration::swap(Configuration &other)
     qSwap(m_read, other.m_read);
     qSwap(m_standard, other.m_standard);
     qSwap(m_lite, other.m_lite);
+}
+
+void Configuration::takeSignalsOf(const Configuration &other)
+{
+    deleteCores();
+    m_mode = other.m_mode;
+    for (const JEX::AoCore *core : other.m_standard) {
+        m_standard << new JEX::AoCore(core->coreNumber);
+        takeSignals(*core, m_standard.last());
+        for (int i = 0; i < JEX::PortCount; ++i)
+            m_standard.last()->triggerPorts.at(i)->signalItems = core->triggerPorts.at(i)->signalItems;
+    }
+    for (const JEX::AOCore_Lite *core : other.m_lite) {
+        m_lite << new JEX::AOCore_Lite;
+        m_lite.last()->coreNumber = core->coreNumber;
+        takeSignals(*core, m_lite.last());
+    }
 }
 
 bool Configuration::accepts(const QString &path) const
@@ -131,6 +155,11 @@ bool Configuration::check(const QUARRY::RtlNetlist *netlist, QString *errors) co
 {
     return m_mode == JEX::StandardMode ? checkStandardCores(m_standard, netlist, errors)
                                        : checkLiteCores(m_lite, netlist, errors);
+}
+
+QList<CheckError> Configuration::errors(const QUARRY::RtlNetlist *netlist) const
+{
+    return m_mode == JEX::StandardMode ? standardErrors(m_standard, netlist) : liteErrors(m_lite, netlist);
 }
 
 QList<StaleSignal> Configuration::staleSignals(const QUARRY::RtlNetlist &netlist) const

@@ -8,6 +8,7 @@
 #include "check/stalereport.h"
 #include "host/filemark.h"
 #include "model/jex/core.h"
+#include "views/configcheck.h"
 
 namespace RTLJEX {
 
@@ -57,6 +58,9 @@ public:
     // Whether the file that was read held these bytes.
     bool wasReadFrom(const QByteArray &bytes) const { return m_read == QUtil::FileMark(bytes); }
 
+    // The cores of another one in place of its own, with no more than their clocks and signals.
+    void takeSignalsOf(const Configuration &other);
+
     JEX::JexMode mode() const { return m_mode; }
     QString modeName() const;
     QList<AnyCore> cores() const;
@@ -66,6 +70,7 @@ public:
 
     // The editor's check before it saves, see configcheck.h. Both pointers may be null.
     bool check(const QUARRY::RtlNetlist *netlist, QString *errors) const;
+    QList<CheckError> errors(const QUARRY::RtlNetlist *netlist) const;
     QList<StaleSignal> staleSignals(const QUARRY::RtlNetlist &netlist) const;
     FileFindings judge(const QUARRY::RtlNetlist &netlist) const; // by both
 

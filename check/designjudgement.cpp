@@ -23,6 +23,11 @@ DesignFault fault(const QString &title, const QString &text)
 
 } // namespace
 
+QString DesignFault::sentence() const
+{
+    return details.isEmpty() ? title + QLatin1String(": ") + text : title;
+}
+
 DesignFault judgeFiles(const QStringList &files)
 {
     return files.isEmpty()

@@ -10,12 +10,17 @@ struct ModuleList;
 
 namespace RTLJEX {
 
+// Posted before the user is told that an editor cannot work on a design, with the sentence as "text".
+constexpr char DesignRefusedTopic[] = "JEX.Design.Refused";
+
 // Why an editor cannot work on a design. Empty title: it can.
 struct DesignFault
 {
     QString title;
     QString text;
     QStringList details; // the parser's messages, shown in place of the text when there are any
+
+    QString sentence() const; // both, or what stands above the details
 
     bool isNull() const { return title.isEmpty(); }
 };

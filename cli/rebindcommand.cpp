@@ -1,9 +1,7 @@
-#include <QSet>
-
+#include "check/rebinding.h"
 #include "cli/arguments.h"
 #include "cli/design.h"
 #include "cli/findings.h"
-#include "cli/renaming.h"
 
 namespace Cli {
 namespace {
@@ -14,47 +12,17 @@ ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
     return code;
 }
 
-struct Outcome
+struct Outcome : RTLJEX::Rebinding
 {
-    QList<QPair<QString, QString>> changes;
-    RTLJEX::FileFindings findings; // with the new names
-    QString refusal;               // why they are not written; empty when they may be
     bool isWritten = false;
 };
 
-// New names that the design does not have as they are now stored.
-QStringList unbound(const Outcome &outcome)
-{
-    QSet<QString> renamed;
-    for (const auto &change : outcome.changes)
-        renamed.insert(change.second);
-    QStringList names;
-    for (const RTLJEX::StaleSignal &signal : outcome.findings.stale) {
-        if (renamed.contains(signal.name) || renamed.contains(signal.group))
-            names << signal.name;
-    }
-    names.removeDuplicates();
-    return names;
-}
-
-Outcome rename(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
+Outcome rename(const QString &file, const RTLJEX::Renaming &renaming, const QUARRY::RtlNetlist &netlist,
                RTLJEX::Configuration &configuration)
 {
-    Outcome outcome;
-    const QStringList brokenBefore = brokenRows(configuration);
-    outcome.changes = renaming.apply(configuration);
-    outcome.findings = configuration.judge(netlist);
-    const QStringList lost = unbound(outcome);
-    const QStringList broken = brokenRows(configuration);
-    QStringList added = broken;
-    for (const QString &sentence : brokenBefore)
-        added.removeOne(sentence);
+    Outcome outcome = {RTLJEX::rebind(renaming, netlist, configuration)};
     if (outcome.changes.isEmpty())
         outcome.refusal = "No signal of \"" + file + "\" has a name that begins so.";
-    else if (!lost.isEmpty())
-        outcome.refusal = "The design does not have " + lost.join(", ") + " so.";
-    else if (broken.size() > brokenBefore.size())
-        outcome.refusal = added.first();
     return outcome;
 }
 
@@ -76,7 +44,7 @@ Json outcomeJson(const QString &file, const RTLJEX::Configuration &configuration
     return json;
 }
 
-ExitCode rebindFile(const QString &file, const Renaming &renaming, const QUARRY::RtlNetlist &netlist,
+ExitCode rebindFile(const QString &file, const RTLJEX::Renaming &renaming, const QUARRY::RtlNetlist &netlist,
                     const Arguments &arguments, Output &out)
 {
     RTLJEX::Configuration configuration;
@@ -116,7 +84,7 @@ ExitCode rebind(const QStringList &words, Output &out)
     arguments.addDesign();
     arguments.addJson();
     CommandLine::DesignOptions options;
-    Renaming renaming;
+    RTLJEX::Renaming renaming;
     QString error;
     if (!arguments.read(words, out))
         return arguments.result();

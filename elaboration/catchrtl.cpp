@@ -8,6 +8,7 @@
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
 #include "host/designnews.h"
+#include "host/eventmanager.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -57,6 +58,16 @@ QString busyMessage()
     return CatchRtl::tr("ERROR: A design is being read already. Try again when that is done.");
 }
 
+void tellMessages(const ReadingJob &job)
+{
+    if (job.isCancelled())
+        return;
+    QMap<QString, QVariant> data;
+    data.insert(QLatin1String("messages"), job.modules().messages + job.netlistMessages());
+    data.insert(QLatin1String("topModules"), job.modules().topModules);
+    QUtil::EventManager::instance()->post(QLatin1String(DesignMessagesTopic), data);
+}
+
 void showFailure(const QStringList &messages, QWidget *parent)
 {
     const auto found = std::find_if(messages.begin(), messages.end(), isError);
@@ -83,6 +94,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
         messages.append(busyMessage());
         return false;
     }
+    tellMessages(job);
     messages += job.modules().messages + job.netlistMessages();
     *netlist = job.takeNetlist();
     if (!*netlist && !job.isCancelled())
@@ -99,6 +111,7 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
         messages.append(busyMessage());
         return false;
     }
+    tellMessages(job);
     const ModuleList &found = job.modules();
     topModules = found.topModules;
     modules = found.modules;

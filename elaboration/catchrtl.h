@@ -10,6 +10,10 @@ namespace QUARRY {
 
 class RtlNetlist;
 
+// Posted when one of the two below has read a design: "messages" and "topModules", lists of texts. For the
+// host, whatever becomes of the reading.
+constexpr char DesignMessagesTopic[] = "QUARRY.Design.Messages";
+
 // Builds the netlist of the project's whole design under a modal progress dialog. The sources come from
 // TE::DesignManager. On return *netlist is a new model that the caller owns, or null when elaboration
 // failed or was cancelled; the messages say why. A failure is shown to the user here.

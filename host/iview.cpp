@@ -23,6 +23,11 @@ void IView::showFinding(const Finding &)
 {
 }
 
+bool IView::replaceNet(const Finding &, const QString &, bool, QStringList *)
+{
+    return false;
+}
+
 EditedFile IView::editedFile() const
 {
     return EditedFile();
@@ -41,6 +46,11 @@ void IView::tellFindings()
 void IView::tellStateChange(StateChange change)
 {
     Q_EMIT stateChanged(change);
+}
+
+void IView::tellSaved()
+{
+    Q_EMIT fileSaved();
 }
 
 QString IView::shortTitle() const

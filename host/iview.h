@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QWidget>
 
@@ -12,8 +13,15 @@ namespace Core {
 // Something that a view finds at fault in what it shows, for the host to list.
 struct Finding
 {
-    QString text;   // one line
-    QVariant place; // the view knows what it means
+    enum Kind {
+        Refusal, // for which the last save was refused
+        Stale    // the design does not have it as it is stored, which can be saved all the same
+    };
+    Kind kind = Stale;
+    QString text;             // one line
+    QString net;              // full name of the net that it is about; empty: of none
+    QStringList replacements; // nets that may take the place of it, the best first
+    QVariant place;           // the view knows what it means
 };
 
 // The file that a view edits, for the host to look at before anything is written to it.
@@ -47,10 +55,15 @@ public:
     virtual void showFinding(const Finding &finding); // brings its place into view; does nothing here
     void tellFindings();
     void tellStateChange(StateChange change);
+    // Puts one of its replacements in the place of the finding's net, as an edit of the user; with `alike`,
+    // also where else nets of the design moved in the same way. `told` says what was changed, or why nothing
+    // was. False, and nothing told, here.
+    virtual bool replaceNet(const Finding &finding, const QString &name, bool alike, QStringList *told);
 
     // None here. An edit that is under way is ended before, so that it counts.
     virtual EditedFile editedFile() const;
     virtual bool reloadFile(); // drops all edits; false, here always, when nothing was changed
+    void tellSaved();
 
     QString shortTitle() const;
     void setShortTitle(const QString &title);
@@ -59,6 +72,7 @@ Q_SIGNALS:
     void shortTitleChanged(const QString &title);
     void findingsChanged();
     void stateChanged(Core::StateChange change); // maybe; several times for one edit
+    void fileSaved(); // what the view edits was written to its file
 
 private:
     QString m_shortTitle;

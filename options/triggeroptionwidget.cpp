@@ -206,6 +206,13 @@ void TriggerOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
     m_netlist = netlist;
 }
 
+void TriggerOptionWidget::showChangedPorts()
+{
+    updateTriggerTree();
+    redrawUnits();
+    Q_EMIT modified();
+}
+
 void TriggerOptionWidget::handleIEvent(const QUtil::IEvent *event)
 {
     if (!DeviceWatch::concerns(event))

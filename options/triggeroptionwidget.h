@@ -45,6 +45,7 @@ public:
     void collect(JEX::AoCore *core, JEX::LeftOut *leftOut) const;
     void showCore(const JEX::AoCore &core, const JEX::LeftOut &leftOut); // reports nothing
     void setNlsdata(QUARRY::RtlNetlist *netlist);
+    void showChangedPorts(); // after somebody else edited the signals of the core's ports
     void handleIEvent(const QUtil::IEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 

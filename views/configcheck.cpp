@@ -10,15 +10,29 @@ namespace RTLJEX {
 
 namespace {
 
-// The lines of one core, each behind its prefix. Numbers fill %1 and %2 of a text; user text is put in at
-// once with them, so that a "%1" in it stays as it is.
-class ErrorLines
+// The errors of one core, each line behind its prefix. Numbers fill %1 and %2 of a text; user text is put in
+// at once with them, so that a "%1" in it stays as it is.
+class CoreErrors
 {
 public:
-    explicit ErrorLines(QStringList *lines) : m_lines(lines) {}
+    explicit CoreErrors(QList<CheckError> *errors) : m_errors(errors) {}
 
-    void setCore(int number) { m_prefix = QString::fromLatin1("Core %1: ").arg(number); }
-    void add(const QString &text) { m_lines->append(m_prefix + text); }
+    void setCore(int position, int shown)
+    {
+        m_place.core = position;
+        m_prefix = QString::fromLatin1("Core %1: ").arg(shown);
+    }
+    void setPlace(CheckError::Place place, int unit = -1, const QString &expression = QString())
+    {
+        m_place.place = place;
+        m_place.unit = unit;
+        m_place.expression = expression;
+    }
+    void add(const QString &text)
+    {
+        m_errors->append(m_place);
+        m_errors->last().line = m_prefix + text;
+    }
     void add(const char *text) { add(QString::fromLatin1(text)); }
     void add(const char *text, int a) { add(QString::fromLatin1(text).arg(a)); }
     void add(const char *text, int a, int b) { add(QString::fromLatin1(text).arg(a).arg(b)); }
@@ -28,12 +42,14 @@ public:
     }
 
 private:
-    QStringList *m_lines;
+    QList<CheckError> *m_errors;
+    CheckError m_place; // of those that follow
     QString m_prefix;
 };
 
-void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, ErrorLines *found)
+void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, CoreErrors *found)
 {
+    found->setPlace(CheckError::Clock);
     if (clock.isEmpty()) {
         found->add("No sample clock specified");
     } else if (!netlist || !netlist->findNet(clock)) {
@@ -41,8 +57,9 @@ void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, ErrorLi
     }
 }
 
-void checkUnit(const JEX::MatchUnit &unit, ErrorLines *found)
+void checkUnit(const JEX::MatchUnit &unit, CoreErrors *found)
 {
+    found->setPlace(CheckError::Units, unit.unitNumber);
     const JEX::TriggerPort *port = unit.triggerPort;
     if (!port) {
         found->add("M%1 doesn't bind a trigger port", unit.unitNumber);
@@ -55,8 +72,9 @@ void checkUnit(const JEX::MatchUnit &unit, ErrorLines *found)
 
 // Any run of digits counts as a unit number, also one that names no unit; one too long for an integer is
 // passed over.
-void checkExpression(const JEX::AoCore &core, const QString &expression, ErrorLines *found)
+void checkExpression(const JEX::AoCore &core, const QString &expression, CoreErrors *found)
 {
+    found->setPlace(CheckError::Expressions, -1, expression);
     QRegExp digits(QLatin1String("\\d+"));
     for (int at = digits.indexIn(expression); at >= 0;
          at = digits.indexIn(expression, at + digits.matchedLength())) {
@@ -69,18 +87,21 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, ErrorLi
     }
 }
 
-void checkTrigger(const JEX::AoCore &core, ErrorLines *found)
+void checkTrigger(const JEX::AoCore &core, CoreErrors *found)
 {
+    found->setPlace(CheckError::Ports);
     if (core.availableTriggers().isEmpty()) {
         found->add("No available trigger ports");
     }
     const QList<JEX::MatchUnit *> units = core.enabledMatchUnits();
+    found->setPlace(CheckError::Units);
     if (units.isEmpty()) {
         found->add("No available match units");
     }
     for (const JEX::MatchUnit *unit : units) {
         checkUnit(*unit, found);
     }
+    found->setPlace(CheckError::Expressions);
     if (core.expressions.isEmpty()) {
         found->add("No expressions specified");
     }
@@ -99,8 +120,12 @@ bool anyEnabled(const QList<JEX::SignalItem> &items)
     return false;
 }
 
-bool report(const QStringList &lines, QString *errors)
+bool report(const QList<CheckError> &found, QString *errors)
 {
+    QStringList lines;
+    for (const CheckError &error : found) {
+        lines << error.line;
+    }
     if (errors) {
         *errors = lines.join(QLatin1String("\n"));
     }
@@ -109,35 +134,48 @@ bool report(const QStringList &lines, QString *errors)
 
 } // namespace
 
-bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
+QList<CheckError> standardErrors(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist)
 {
-    QStringList lines;
-    ErrorLines found(&lines);
-    for (const JEX::AoCore *core : cores) {
-        found.setCore(core->coreNumber);
-        checkTrigger(*core, &found);
-        checkClock(core->sampleClock, netlist, &found);
-        if (!anyEnabled(core->enabledCaptureSignals)) {
+    QList<CheckError> errors;
+    CoreErrors found(&errors);
+    for (int i = 0; i < cores.size(); ++i) {
+        const JEX::AoCore &core = *cores.at(i);
+        found.setCore(i, core.coreNumber);
+        checkTrigger(core, &found);
+        checkClock(core.sampleClock, netlist, &found);
+        if (!anyEnabled(core.enabledCaptureSignals)) {
+            found.setPlace(CheckError::Capture);
             found.add("No capture signals specified");
         }
     }
-    return report(lines, errors);
+    return errors;
 }
 
 // Lite cores are told by their position, not by their number, and their enabled signals are taken as such.
-bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,
-                    QString *errors)
+QList<CheckError> liteErrors(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist)
 {
-    QStringList lines;
-    ErrorLines found(&lines);
+    QList<CheckError> errors;
+    CoreErrors found(&errors);
     for (int i = 0; i < cores.size(); ++i) {
-        found.setCore(i);
+        found.setCore(i, i);
         checkClock(cores.at(i)->sampleClock, netlist, &found);
         if (cores.at(i)->enabledCaptureSignals.isEmpty()) {
+            found.setPlace(CheckError::Capture);
             found.add("No capture signals specified");
         }
     }
-    return report(lines, errors);
+    return errors;
+}
+
+bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
+{
+    return report(standardErrors(cores, netlist), errors);
+}
+
+bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,
+                    QString *errors)
+{
+    return report(liteErrors(cores, netlist), errors);
 }
 
 } // namespace RTLJEX

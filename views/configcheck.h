@@ -13,9 +13,24 @@ class RtlNetlist;
 
 namespace RTLJEX {
 
+// One error, and where the editor has what is to be mended.
+struct CheckError
+{
+    enum Place { Ports, Units, Expressions, Clock, Capture };
+
+    QString line;
+    int core = 0; // position in the list of cores
+    Place place = Clock;
+    int unit = -1;      // number, when one is at fault
+    QString expression; // likewise
+};
+
 // Judges a whole configuration against the design before it is written. Changes nothing. A null netlist
-// holds no clock. True when nothing was found; `errors`, when not null, gets one line for each error, joined
-// by newlines.
+// holds no clock.
+QList<CheckError> standardErrors(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist);
+QList<CheckError> liteErrors(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist);
+
+// The same as text. True when nothing was found; `errors`, when not null, gets the lines, joined by newlines.
 bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist,
                         QString *errors);
 bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,

@@ -7,6 +7,7 @@
 #include "elaboration/catchrtl.h"
 #include "elaboration/elaboration.h"
 #include "host/designmanager.h"
+#include "host/eventmanager.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 #include "views/editorview.h"
@@ -28,6 +29,9 @@ bool accept(const DesignFault &fault, QWidget *editor)
 {
     if (fault.isNull())
         return true;
+    QMap<QString, QVariant> data;
+    data.insert(QLatin1String("text"), fault.sentence());
+    QUtil::EventManager::instance()->post(QLatin1String(DesignRefusedTopic), data);
     if (fault.details.isEmpty()) {
         QUtil::messageBox(editor, QMessageBox::Critical, fault.title, fault.text);
     } else {

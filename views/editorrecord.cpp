@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QPointer>
 
+#include "check/rebinding.h"
 #include "elaboration/catchrtl.h"
 #include "elaboration/readingjob.h"
 #include "host/modal.h"
@@ -12,6 +13,7 @@
 #include "views/designevents.h"
 #include "views/editorview.h"
 #include "views/filewatch.h"
+#include "views/pagesignals.h"
 #include "views/saving.h"
 #include "views/viewwindow.h"
 
@@ -92,7 +94,7 @@ bool EditorRecord::reloadFile()
     // A page that is made does not judge its rows by the netlist; one that is given a netlist does.
     if (netlist)
         handNetlistToPages();
-    m_view->tellFindings();
+    refuseSave(QList<CheckError>());
     m_saved.clear();
     m_view->tellStateChange(Core::StateReloaded);
     return true;
@@ -118,6 +120,7 @@ bool EditorRecord::saveFile()
     noteChange(nullptr);
     m_view->tellStateChange(Core::StateStored);
     QString errors;
+    refuseSave(configuration.errors(netlist));
     if (!check(&errors)) {
         showErrors(m_view, errorsText(), errors);
         return false;
@@ -143,7 +146,14 @@ bool EditorRecord::saveFile()
     m_saved.clear();
     setModified(false);
     m_view->tellStateChange(Core::StateStored);
+    m_view->tellSaved();
     return true;
+}
+
+void EditorRecord::refuseSave(const QList<CheckError> &errors)
+{
+    m_refusals = errors;
+    m_view->tellFindings();
 }
 
 bool EditorRecord::writeCores(QString *error)
@@ -158,7 +168,74 @@ bool EditorRecord::check(QString *errors) const
 
 QList<StaleSignal> EditorRecord::staleSignals() const
 {
-    return netlist ? configuration.staleSignals(*netlist) : QList<StaleSignal>();
+    if (!netlist)
+        return QList<StaleSignal>();
+    Configuration shown;
+    collectSignals(&shown);
+    return shown.staleSignals(*netlist);
+}
+
+void EditorRecord::collectSignals(Configuration *copy) const
+{
+    copy->takeSignalsOf(configuration);
+    QList<AnyCore> cores = copy->cores();
+    for (int i = 0; i < cores.size(); ++i) {
+        if (const QWidget *page = pageOf(i))
+            takePageSignals(page, cores[i]);
+    }
+}
+
+void EditorRecord::showSignals(const Configuration &copy)
+{
+    QList<AnyCore> shown = copy.cores(), stored = configuration.cores();
+    for (int i = 0; i < qMin(shown.size(), stored.size()); ++i) {
+        if (QWidget *page = pageOf(i))
+            putPageSignals(page, shown[i], stored[i], netlist);
+    }
+}
+
+// Signals that moved in the same way are those that the design has under the other path.
+static QList<StaleSignal> movedAlike(const QList<StaleSignal> &stale, const Renaming &move,
+                                     const QUARRY::RtlNetlist &netlist)
+{
+    QList<StaleSignal> alike;
+    for (const StaleSignal &signal : stale) {
+        const QString now = move.renamed(signal.name);
+        if (now != signal.name && (netlist.findNet(now) || netlist.findBus(now)))
+            alike << signal;
+    }
+    return alike;
+}
+
+bool EditorRecord::replaceSignal(const StaleSignal &signal, const QString &name, bool alike,
+                                 QStringList *told)
+{
+    finishRenaming();
+    Renaming renaming;
+    QString error;
+    if (!netlist ||
+        !(alike ? renaming.setMove(signal.name, name, &error) : renaming.set(signal.name, name, &error))) {
+        told->append(error);
+        return false;
+    }
+    Configuration copy;
+    collectSignals(&copy);
+    QList<StaleSignal> places;
+    places << signal;
+    if (alike)
+        places = movedAlike(copy.staleSignals(*netlist), renaming, *netlist);
+    const Rebinding made = rebindAt(places, renaming, *netlist, copy);
+    if (made.changes.isEmpty())
+        told->append(signal.name + JexInserterView::tr(" does not stand there any more."));
+    else if (!made.refusal.isEmpty())
+        told->append(made.refusal + JexInserterView::tr(" Nothing was changed."));
+    if (!told->isEmpty())
+        return false;
+    showSignals(copy);
+    for (const auto &change : made.changes)
+        told->append(change.first + QLatin1String(" -> ") + change.second);
+    m_view->tellFindings();
+    return true;
 }
 
 void EditorRecord::closing(QCloseEvent *event)

@@ -47,6 +47,8 @@ public:
     bool reloadFile();     // drops all edits, keeps the netlist; nothing changes when it fails
     void finishRenaming(); // of a row; may be the first edit
     bool saveFile();       // collects from the pages, checks, writes; tells the user about every failure
+    void
+    refuseSave(const QList<CheckError> &errors); // keeps what the host is told of it; none: nothing refuses
     void closing(QCloseEvent *event);
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
@@ -56,11 +58,17 @@ public:
     void askAboutDesignFiles();
     void askAboutTopModule();
 
-    // What is wrong with the cores as they were read or saved last. Without a design no signal is stale.
+    // What is wrong with the cores as they were read or saved last.
     bool check(QString *errors) const;
+    const QList<CheckError> &refusals() const { return m_refusals; } // of the last save
+    // Of those that the pages show. Without a design none is stale.
     QList<StaleSignal> staleSignals() const;
-    virtual QWidget *showPage(int core) = 0;   // of that position; null when there is none
-    virtual SignalPage *shownPage() const = 0; // null when there is none
+    // Renames the signal, or with `alike` all that moved in the same way, by the rules of a rename; see
+    // IView.
+    bool replaceSignal(const StaleSignal &signal, const QString &name, bool alike, QStringList *told);
+    virtual QWidget *pageOf(int core) const = 0; // of that position; null when there is none
+    virtual QWidget *showPage(int core) = 0;     // the same, brought into view
+    virtual SignalPage *shownPage() const = 0;   // null when there is none
 
     // See host/isnapshot.h. Only pages that were edited since are collected anew.
     QByteArray snapshot();
@@ -106,6 +114,8 @@ private:
     virtual QString errorsText() const = 0; // above the errors of the check
 
     bool readCores(QString *errorMessage); // and shows them
+    void collectSignals(Configuration *copy) const;
+    void showSignals(const Configuration &copy);
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void closeView();
@@ -113,6 +123,7 @@ private:
     void rememberSaved(const QList<CoreSnapshot> &cores);
 
     EditorView *m_view;
+    QList<CheckError> m_refusals;
     bool m_isReading = false; // the design: who dies meanwhile stops the tools
     bool m_isRestoring = false;
     // What the pages showed while nothing was modified: the cores of the file, as the designs of this time

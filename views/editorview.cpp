@@ -1,11 +1,14 @@
 #include "views/editorview.h"
 
+#include "host/modal.h"
+#include "model/netlist/rtlnetlist.h"
 #include "options/signalpage.h"
 #include "signals/namedsignals.h"
 #include "views/designreading.h"
 #include "views/editorrecord.h"
+#include "views/findingplaces.h"
+#include "views/pagesignals.h"
 #include "views/saving.h"
-#include "views/staleplaces.h"
 
 namespace RTLJEX {
 
@@ -31,7 +34,15 @@ bool EditorView::open(const QString &fileName, const QString &, QString *errorMe
 
 bool EditorView::save()
 {
-    return !refusesSynthesisTool(this) && m_record->saveFile();
+    const QString fault = synthesisToolFault();
+    if (fault.isEmpty())
+        return m_record->saveFile();
+    CheckError error;
+    error.line = fault;
+    error.core = -1;
+    m_record->refuseSave(QList<CheckError>() << error);
+    QUtil::messageBox(this, QMessageBox::Critical, JexInserterView::tr("Error"), fault);
+    return false;
 }
 
 bool EditorView::isModified() const
@@ -53,14 +64,37 @@ void EditorView::handleIEvent(const QUtil::IEvent *event)
 
 QList<Core::Finding> EditorView::findings() const
 {
-    return listFindings(m_record->staleSignals());
+    return listFindings(m_record->refusals(), m_record->staleSignals());
 }
 
 void EditorView::showFinding(const Core::Finding &finding)
 {
-    const StaleSignal signal = staleSignalOf(finding);
-    if (QWidget *page = m_record->showPage(signal.core))
-        showSignalRow(page, signal);
+    if (QWidget *page = m_record->showPage(coreOf(finding)))
+        showPlace(page, finding);
+}
+
+bool EditorView::replaceNet(const Core::Finding &finding, const QString &name, bool alike, QStringList *told)
+{
+    return m_record->replaceSignal(staleSignalOf(finding), name, alike, told);
+}
+
+QString EditorView::focusedNet() const
+{
+    return focusedSignal(focusWidget());
+}
+
+Core::NetPlace EditorView::placeOf(const QString &net) const
+{
+    const QUARRY::RtlNet *found = m_record->netlist ? m_record->netlist->findNet(net) : nullptr;
+    const QUARRY::RtlNetBus *bus = m_record->netlist ? m_record->netlist->findBus(net) : nullptr;
+    const QUARRY::Declaration declaration = found ? found->declaration()
+                                            : bus ? bus->declaration()
+                                                  : QUARRY::Declaration();
+    Core::NetPlace place;
+    place.isInDesign = found || bus;
+    place.file = declaration.file;
+    place.line = declaration.line;
+    return place;
 }
 
 Core::EditedFile EditorView::editedFile() const

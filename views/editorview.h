@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include "host/eventmanager.h"
+#include "host/inetplaces.h"
 #include "host/isignaltarget.h"
 #include "host/isnapshot.h"
 #include "plugin/jexinserterview.h"
@@ -25,6 +26,7 @@ class EditorRecord;
 // hosts, forms and banners know them by name.
 class EditorView : public JexInserterView,
                    public QUtil::IEventHandler,
+                   public Core::INetPlaces,
                    public Core::ISignalTarget,
                    public Core::ISnapshot
 {
@@ -34,8 +36,13 @@ public:
     bool save() override;
     bool isModified() const override;
     void handleIEvent(const QUtil::IEvent *event) override;
-    QList<Core::Finding> findings() const override; // the signals of the file that the design does not have
+    // What refused the last save, and the signals that the design does not have.
+    QList<Core::Finding> findings() const override;
     void showFinding(const Core::Finding &finding) override;
+    bool replaceNet(const Core::Finding &finding, const QString &name, bool alike,
+                    QStringList *told) override;
+    QString focusedNet() const override; // of the capture list, the trigger ports, or the clock
+    Core::NetPlace placeOf(const QString &net) const override;
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
     // Of the core that is shown.

@@ -32,6 +32,7 @@ public:
     Core *getCoreByIndex(int index) const { return cores.value(index); }         // null when there is none
     Page *getAoWidgetByIndex(int index) const { return aoWidgets.value(index); } // null when there is none
     SignalPage *shownPage() const override;
+    QWidget *pageOf(int core) const override { return getAoWidgetByIndex(core); }
 
     typename Mode::View *q;
     QList<Core *> &cores;    // of the configuration

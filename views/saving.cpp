@@ -16,17 +16,14 @@ struct Saving
 
 } // namespace
 
-bool refusesSynthesisTool(QWidget *editor)
+QString synthesisToolFault()
 {
     const QVariant tool = TE::TaskEngine::instance()->designManager()->getOptionValue("Synthesize_tool");
     if (tool.toString() != QLatin1String("Synplify"))
-        return false;
-    QUtil::messageBox(
-        editor, QMessageBox::Critical, Saving::tr("Error"),
-        Saving::tr(
-            "For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
-            "TarselSynthesis in Configurations."));
-    return true;
+        return QString();
+    return Saving::tr(
+        "For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
+        "TarselSynthesis in Configurations.");
 }
 
 void showErrors(QWidget *editor, const QString &text, const QString &errors)

@@ -9,8 +9,8 @@ namespace RTLJEX {
 // What editors ask and say around saving. Each lives through the death of the editor while its box is
 // open; what is returned then is the answer that does nothing.
 
-// Tells the user, and returns true, when the project's synthesis tool is the one that cannot be used.
-bool refusesSynthesisTool(QWidget *editor);
+// Why nothing is saved with the project's synthesis tool; empty: it can be used.
+QString synthesisToolFault();
 
 // One box, with the errors as its details.
 void showErrors(QWidget *editor, const QString &text, const QString &errors);

@@ -11,7 +11,6 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
@@ -28,10 +27,12 @@
 #include "host/modal.h"
 #include "host/viewmanager.h"
 #include "workbench/designnetlist.h"
+#include "workbench/declarationcommand.h"
 #include "workbench/devicedialog.h"
 #include "workbench/editmenu.h"
 #include "workbench/messagepane.h"
 #include "workbench/netlistpane.h"
+#include "workbench/messenger.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projectbanner.h"
@@ -39,6 +40,7 @@
 #include "workbench/recentprojects.h"
 #include "workbench/runmenu.h"
 #include "workbench/signaltransfer.h"
+#include "workbench/sourceopener.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -80,6 +82,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
       m_design(new DesignNetlist(this)),
       m_netlist(new NetlistPane(m_design, settings)),
       m_transfer(new SignalTransfer(m_netlist, this)),
+      m_sources(new SourceOpener(settings, this)),
       m_topLabel(new QLabel),
       m_deviceLabel(new QLabel)
 {
@@ -109,9 +112,11 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::projectReplaced, this, &MainWindow::onProjectReplaced);
     connect(m_workspace, &Workspace::projectChanged, this, &MainWindow::updateProject);
     connect(m_workspace, &Workspace::message, this, &MainWindow::addMessage);
-    connect(m_workspace, &Workspace::findingTold, this, &MainWindow::addFinding);
     connect(m_workspace, &Workspace::projectReplaced, m_design, &DesignNetlist::forget);
     connect(m_transfer, &SignalTransfer::message, this, &MainWindow::addMessage);
+    new Messenger(m_workspace, m_messages); // the pane's
+    connect(m_messages, &MessagePane::sourceAsked, m_sources, &SourceOpener::open);
+    connect(m_sources, &SourceOpener::message, this, &MainWindow::addMessage);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     resize(1280, 800);
@@ -133,17 +138,6 @@ Workspace *MainWindow::workspace() const
 void MainWindow::addMessage(const QString &text, bool isError)
 {
     m_messages->addMessage(text, isError);
-}
-
-void MainWindow::addFinding(Core::IView *view, const Core::Finding &finding)
-{
-    m_messages->addMessage(view->shortTitle() + ": " + finding.text, true,
-                           [view = QPointer<Core::IView>(view), finding] {
-                               if (!view)
-                                   return;
-                               Core::ViewManager::instance()->showView(view);
-                               view->showFinding(finding);
-                           });
 }
 
 QAction *MainWindow::addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,
@@ -200,6 +194,7 @@ void MainWindow::createProjectMenu()
     QAction *device = addAction(menu, "&Device...", QKeySequence(), &MainWindow::onDevice);
     menu->addSeparator();
     addAction(menu, "&Tool Memory...", QKeySequence(), &MainWindow::onToolMemory);
+    connect(menu->addAction("Source Co&mmand..."), &QAction::triggered, m_sources, &SourceOpener::askCommand);
     m_projectActions = {save, saveAs, close, add, options, device};
 }
 
@@ -210,6 +205,8 @@ void MainWindow::createOtherMenus()
     QMenu *view = menuBar()->addMenu("&View");
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         view->addAction(dock->toggleViewAction());
+    view->addSeparator();
+    new DeclarationCommand(view, this, m_sources); // the window's
     addAction(menuBar()->addMenu("&Help"), "&About", QKeySequence(), &MainWindow::onAbout);
 }
 
@@ -224,7 +221,7 @@ void MainWindow::createDocks()
         int size;
     } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 250},
                        {"netlistDock", "Netlist", m_netlist, Qt::LeftDockWidgetArea, 250},
-                       {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
+                       {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 140}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);
@@ -252,6 +249,7 @@ void MainWindow::connectTree()
         for (const QString &path : paths)
             m_workspace->project()->setFileType(path, type);
     });
+    connect(m_tree, &ProjectTree::topRequested, m_workspace, &Workspace::setTop);
     connect(m_tree, &ProjectTree::libraryRequested, this, &MainWindow::askForLibrary);
 }
 

@@ -7,11 +7,6 @@ class QMenu;
 class QSettings;
 class QStackedWidget;
 
-namespace Core {
-class IView;
-struct Finding;
-} // namespace Core
-
 namespace Workbench {
 
 class DesignNetlist;
@@ -21,6 +16,7 @@ class ProjectBanner;
 class ProjectTree;
 class RunMenu;
 class SignalTransfer;
+class SourceOpener;
 class Workspace;
 
 // The window: project tree and message pane around the tabs of the views, menus and status bar.
@@ -36,7 +32,6 @@ public:
     Workspace *workspace() const;
     RunMenu *runMenu() const { return m_runMenu; }
     void addMessage(const QString &text, bool isError);
-    void addFinding(Core::IView *view, const Core::Finding &finding); // a double click on it shows its place
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -89,6 +84,7 @@ private:
     DesignNetlist *m_design;
     NetlistPane *m_netlist;
     SignalTransfer *m_transfer;
+    SourceOpener *m_sources;
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
     RunMenu *m_runMenu = nullptr; // the menu's

@@ -1,48 +1,303 @@
 #include "workbench/messagepane.h"
 
-#include <QMouseEvent>
-#include <QTextBlock>
-#include <QTime>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHash>
+#include <QListView>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSortFilterProxyModel>
+#include <QStyledItemDelegate>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "host/atomicfile.h"
+#include "host/modal.h"
+#include "workbench/messagemodel.h"
 
 namespace Workbench {
 
+class MessageFilter : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    void show(int kind, bool isShown)
+    {
+        m_isHidden[kind] = !isShown;
+        invalidateFilter();
+    }
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override
+    {
+        return !m_isHidden[sourceModel()->index(row, 0, parent).data(MessageModel::KindRole).toInt()];
+    }
+
+private:
+    bool m_isHidden[Message::Note + 1] = {};
+};
+
 namespace {
 
-struct Link : QTextBlockUserData
+// Lines are as wide as the list. Errors are red, on a dark ground in a light one; the past is grey.
+class MessageDelegate : public QStyledItemDelegate
 {
-    std::function<void()> follow;
+public:
+    explicit MessageDelegate(QListView *list) : QStyledItemDelegate(list), m_list(list) {}
+
+    // Each new message has all of them laid out anew.
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QStyleOptionViewItem wide = option;
+        wide.rect.setWidth(m_list->viewport()->width());
+        if (wide.rect.width() != m_width || option.font != m_font || m_sizes.size() > 10000)
+            m_sizes.clear();
+        m_width = wide.rect.width();
+        m_font = option.font;
+        QSize &size = m_sizes[index.data().toString()];
+        if (!size.isValid())
+            size = QStyledItemDelegate::sizeHint(wide, index);
+        return size;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const bool isDark = option->palette.color(QPalette::Base).lightness() < 128;
+        if (index.data(MessageModel::PastRole).toBool())
+            option->state &= ~QStyle::State_Enabled;
+        else if (index.data(MessageModel::KindRole).toInt() == Message::Error)
+            option->palette.setColor(QPalette::Text, isDark ? "#ff8a80" : "#b00020");
+    }
+
+private:
+    QListView *m_list;
+    mutable QHash<QString, QSize> m_sizes; // by text
+    mutable int m_width = 0;
+    mutable QFont m_font;
 };
+
+class MessageList : public QListView
+{
+protected:
+    // By its key, the menu is that of the current message.
+    void contextMenuEvent(QContextMenuEvent *event) override
+    {
+        const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+        if (isByKey)
+            scrollTo(currentIndex());
+        Q_EMIT customContextMenuRequested(isByKey ? visualRect(currentIndex()).center() : event->pos());
+    }
+
+    void paintEvent(QPaintEvent *event) override
+    {
+        QListView::paintEvent(event);
+        if (model()->rowCount() > 0)
+            return;
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+        painter.drawText(viewport()->rect().adjusted(4, 4, -4, -4), Qt::AlignTop | Qt::AlignLeft,
+                         "No messages.");
+    }
+};
+
+QToolButton *newButton(const QString &text, const QString &tip)
+{
+    auto *button = new QToolButton;
+    button->setText(text);
+    button->setToolTip(tip);
+    button->setAutoRaise(true);
+    return button;
+}
 
 } // namespace
 
-MessagePane::MessagePane(QWidget *parent) : QPlainTextEdit(parent)
+MessagePane::MessagePane(QWidget *parent)
+    : QWidget(parent),
+      m_model(new MessageModel(this)),
+      m_filter(new MessageFilter(this)),
+      m_list(new MessageList)
 {
-    setReadOnly(true);
-    setMaximumBlockCount(5000);
-    setPlaceholderText("No messages.");
+    m_filter->setSourceModel(m_model);
+    m_list->setModel(m_filter);
+    m_list->setItemDelegate(new MessageDelegate(m_list));
+    m_list->setObjectName("messages");
+    m_list->setAccessibleName("Messages");
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setWordWrap(true);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusProxy(m_list);
+    setUpButtons();
+    connect(m_list, &QListView::activated, this,
+            [this](const QModelIndex &index) { follow(m_filter->mapToSource(index).row()); });
+    connect(m_list, &QListView::customContextMenuRequested, this, &MessagePane::showMenu);
+    auto *copyKey = new QShortcut(QKeySequence::Copy, m_list, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(copyKey, &QShortcut::activated, this, &MessagePane::copy);
+    connect(m_model, &MessageModel::rowsAboutToBeInserted, this, &MessagePane::followEnd);
+    connect(m_model, &MessageModel::rowsInserted, this, &MessagePane::updateCounts);
+    connect(m_model, &MessageModel::rowsRemoved, this, &MessagePane::updateCounts);
+    connect(m_model, &MessageModel::modelReset, this, &MessagePane::updateCounts);
+    updateCounts();
 }
 
-void MessagePane::addMessage(const QString &text, bool isError, const std::function<void()> &onDoubleClick)
+void MessagePane::setUpButtons()
 {
-    const QString shown = text.toHtmlEscaped().replace('\n', "<br>");
-    const QString time = QTime::currentTime().toString("HH:mm:ss");
-    appendHtml(
-        QString(isError ? "%1 &nbsp;<font color=\"#b00020\">%2</font>" : "%1 &nbsp;%2").arg(time, shown));
-    if (onDoubleClick) {
-        auto *link = new Link; // the block's
-        link->follow = onDoubleClick;
-        document()->lastBlock().setUserData(link);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(0);
+    for (int kind = Message::Error; kind <= Message::Note; ++kind) {
+        QToolButton *button = newButton(QString(), "Show messages of this kind");
+        button->setCheckable(true);
+        button->setChecked(true);
+        connect(button, &QToolButton::toggled, this,
+                [this, kind](bool isShown) { m_filter->show(kind, isShown); });
+        row->addWidget(button);
+        m_kinds << button;
     }
-    ensureCursorVisible();
+    row->addStretch();
+    struct
+    {
+        const char *text;
+        const char *tip;
+        std::function<void()> press;
+    } const buttons[] = {{"Copy", "Copy the selected messages, or all that are shown", [this] { copy(); }},
+                         {"Save...", "Write the messages that are shown to a file", [this] { save(); }},
+                         {"Clear", "Forget all messages", [this] { m_model->clear(); }}};
+    for (const auto &entry : buttons) {
+        QToolButton *button = newButton(entry.text, entry.tip);
+        connect(button, &QToolButton::clicked, this, entry.press);
+        row->addWidget(button);
+    }
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(row);
+    layout->addWidget(m_list);
 }
 
-void MessagePane::mouseDoubleClickEvent(QMouseEvent *event)
+void MessagePane::updateCounts()
 {
-    const auto *link = static_cast<Link *>(cursorForPosition(event->pos()).block().userData());
-    if (!link)
-        return QPlainTextEdit::mouseDoubleClickEvent(event);
-    const std::function<void()> follow = link->follow; // which may end the message
-    follow();
+    const char *const words[] = {"Errors", "Warnings", "Notes"};
+    for (int kind = Message::Error; kind <= Message::Note; ++kind)
+        m_kinds.at(kind)->setText(
+            QString("%1 (%2)").arg(words[kind]).arg(m_model->count(Message::Kind(kind))));
+}
+
+void MessagePane::addMessage(const QString &text, bool isError)
+{
+    Message message;
+    message.kind = isError ? Message::Error : text.startsWith("WARNING:") ? Message::Warning : Message::Note;
+    message.text = text;
+    m_model->add(message);
+}
+
+// Once for all that come now. Who reads older messages is left there.
+void MessagePane::followEnd()
+{
+    const QScrollBar *bar = m_list->verticalScrollBar();
+    if (m_isFollowing || bar->value() < bar->maximum())
+        return;
+    m_isFollowing = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isFollowing = false;
+            m_list->scrollToBottom();
+        },
+        Qt::QueuedConnection);
+}
+
+QString MessagePane::toPlainText() const
+{
+    QStringList lines;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        lines << m_model->line(row);
+    return lines.join('\n');
+}
+
+int MessagePane::currentRow() const
+{
+    return m_filter->mapToSource(m_list->currentIndex()).row();
+}
+
+void MessagePane::follow(int row)
+{
+    const Message message = m_model->message(row); // which may go meanwhile
+    if (message.follow)
+        return message.follow();
+    const QList<SourcePlace> places = sourcePlaces(message.text);
+    if (!places.isEmpty())
+        Q_EMIT sourceAsked(places.first());
+}
+
+void MessagePane::showMenu(const QPoint &position)
+{
+    QUtil::Modal<QMenu> menu(new QMenu(this));
+    const QModelIndex index = m_list->indexAt(position);
+    const int row = m_filter->mapToSource(index).row();
+    if (row >= 0) {
+        if (!m_list->selectionModel()->isSelected(index))
+            m_list->setCurrentIndex(index);
+        const Message message = m_model->message(row);
+        if (message.follow)
+            menu->addAction("&Show", message.follow);
+        for (const SourcePlace &place : sourcePlaces(message.text))
+            menu->addAction("&Open " + place.text().replace('&', "&&"),
+                            [this, place] { Q_EMIT sourceAsked(place); });
+        for (const Message::Offer &offer : m_model->isPast(row) ? QList<Message::Offer>() : message.offers)
+            menu->addAction(QString(offer.text).replace('&', "&&"), offer.take);
+        menu->addSeparator();
+    }
+    menu->addAction("&Copy", [this] { copy(); })->setShortcut(QKeySequence::Copy);
+    menu->addAction("&Save...", [this] { save(); });
+    menu->addAction("C&lear", [this] { m_model->clear(); });
+    menu->exec(m_list->viewport()->mapToGlobal(position));
+}
+
+QString MessagePane::shownText(bool onlySelected) const
+{
+    QStringList lines;
+    for (int row = 0; row < m_filter->rowCount(); ++row) {
+        const QModelIndex index = m_filter->index(row, 0);
+        if (!onlySelected || m_list->selectionModel()->isSelected(index))
+            lines << index.data().toString();
+    }
+    return lines.join('\n') + '\n';
+}
+
+void MessagePane::copy() const
+{
+    QGuiApplication::clipboard()->setText(shownText(m_list->selectionModel()->hasSelection()));
+}
+
+void MessagePane::save()
+{
+    const QString path = QFileDialog::getSaveFileName(window(), "Save Messages", "messages.txt",
+                                                      "Text (*.txt);;All files (*)");
+    QString error;
+    if (!path.isEmpty() && !QUtil::writeFileAtomically(path, shownText(false).toUtf8(), &error))
+        addMessage(error, true);
+}
+
+QString MessagePane::focusedNet() const
+{
+    return currentRow() < 0 ? QString() : m_model->message(currentRow()).net;
+}
+
+Core::NetPlace MessagePane::placeOf(const QString &) const
+{
+    const int row = currentRow();
+    return row < 0 || !m_model->message(row).placeOfNet ? Core::NetPlace()
+                                                        : m_model->message(row).placeOfNet();
 }
 
 } // namespace Workbench

@@ -3,12 +3,12 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLineEdit>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "host/project.h"
 #include "workbench/stringlistedit.h"
+#include "workbench/topmodules.h"
 
 namespace Workbench {
 namespace {
@@ -30,7 +30,7 @@ QComboBox *newCombo(const char *objectName, const QStringList &entries, const QS
 OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     : QDialog(parent),
       m_project(project),
-      m_top(new QLineEdit(project->data().topModule)),
+      m_top(new TopModuleBox(project->data().topModule)),
       m_includePaths(addList("includePaths", project->data().includePaths)),
       m_libraryPaths(addList("libraryPaths", project->data().libraryPaths)),
       m_librarySuffixes(addList("librarySuffixes", project->data().librarySuffixes)),
@@ -42,7 +42,6 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     setWindowTitle("Project Options");
     resize(560, 420);
     m_top->setObjectName("topModule");
-    m_top->setPlaceholderText("Found from the sources");
     m_standard = newCombo("verilogStandard",
                           {byFileType, "1364-1995", "1364-2001", "1364-2005", "1800-2005", "1800-2009",
                            "1800-2012", "1800-2017"},
@@ -100,7 +99,7 @@ void OptionsDialog::accept()
     m_project->setOption("Parameters", m_parameters->values());
     m_project->setOption("Verilog_Standard", standard == byFileType ? QString() : standard);
     m_project->setOption("Synthesize_tool", m_tool->currentText().trimmed());
-    m_project->setOption("TopModule", m_top->text().trimmed());
+    m_project->setOption("TopModule", m_top->currentText().trimmed());
     QDialog::accept();
 }
 

@@ -3,7 +3,6 @@
 #include <QDialog>
 
 class QComboBox;
-class QLineEdit;
 namespace Core {
 class Project;
 }
@@ -11,6 +10,7 @@ class Project;
 namespace Workbench {
 
 class StringListEdit;
+class TopModuleBox;
 
 // The options of a project. Accepting sets those that differ, each as one change of the project.
 class OptionsDialog : public QDialog
@@ -26,7 +26,7 @@ private:
     StringListEdit *addList(const QString &objectName, const QStringList &values);
 
     Core::Project *m_project; // not owned; open as long as the dialog
-    QLineEdit *m_top;
+    TopModuleBox *m_top;
     QComboBox *m_standard;
     QComboBox *m_tool;
     StringListEdit *m_includePaths;

@@ -13,6 +13,7 @@
 #include "host/designmanager.h"
 #include "host/modal.h"
 #include "host/project.h"
+#include "workbench/topmodules.h"
 
 namespace Workbench {
 namespace {
@@ -149,6 +150,8 @@ QMenu *ProjectTree::createFileMenu()
     enabled->setChecked(first->data(0, EnabledRole).toBool());
     connect(enabled, &QAction::triggered, this,
             [this, paths](bool checked) { Q_EMIT enableRequested(paths, checked); });
+    if (paths.size() == 1)
+        addTopEntries(menu, first);
     QMenu *types = menu->addMenu("File &Type");
     const char *const names[] = {"Other", "Verilog", "SystemVerilog", "VHDL"};
     static_assert(sizeof names / sizeof *names == TE::VhdlFile - TE::ConfigFile + 1, "each type has a name");
@@ -170,6 +173,18 @@ QMenu *ProjectTree::createFileMenu()
     menu->addSeparator();
     menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
     return menu;
+}
+
+// One entry for one module, a menu of its own for several.
+void ProjectTree::addTopEntries(QMenu *menu, const QTreeWidgetItem *file)
+{
+    const QStringList modules =
+        modulesOfFile(file->data(0, PathRole).toString(), file->data(0, TypeRole).toInt());
+    QMenu *several = modules.size() > 1 ? menu->addMenu("Set as To&p") : nullptr;
+    for (const QString &module : modules) {
+        QAction *action = several ? several->addAction(module) : menu->addAction("Set as To&p: " + module);
+        connect(action, &QAction::triggered, this, [this, module] { Q_EMIT topRequested(module); });
+    }
 }
 
 void ProjectTree::keyPressEvent(QKeyEvent *event)

@@ -30,6 +30,7 @@ Q_SIGNALS:
     void enableRequested(const QStringList &paths, bool enabled);
     void typeRequested(const QStringList &paths, int type);
     void libraryRequested(const QStringList &paths, const QString &library); // which the first has
+    void topRequested(const QString &module);
     void removeRequested(const QStringList &paths);
 
 protected:
@@ -37,6 +38,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override; // Delete removes the selected files
 
 private:
+    void addTopEntries(QMenu *menu, const QTreeWidgetItem *file);
     void onActivated(const QTreeWidgetItem *item);
 };
 

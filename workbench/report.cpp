@@ -64,13 +64,6 @@ QUARRY::DesignInput currentDesign()
 
 } // namespace
 
-QStringList designMessages()
-{
-    QStringList messages = QUARRY::listModules(currentDesign()).messages;
-    messages.removeDuplicates();
-    return messages;
-}
-
 DesignReport designReport(const QStringList &configurations)
 {
     const Core::Project *project = Core::ProjectManager::currentProject();

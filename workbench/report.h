@@ -15,8 +15,4 @@ struct DesignReport
 // what the check says of them.
 DesignReport designReport(const QStringList &configurations);
 
-// What the tools said of the open project's design, black boxes for one. At once after an editor was opened,
-// since the design is elaborated then.
-QStringList designMessages();
-
 } // namespace Workbench

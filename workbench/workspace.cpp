@@ -8,8 +8,9 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
+
 #include "commandline/designoptions.h"
-#include "elaboration/elaboration.h"
 #include "host/actionmanager.h"
 #include "host/backupfile.h"
 #include "host/designmanager.h"
@@ -21,7 +22,6 @@
 #include "model/jex/jexfile.h"
 #include "workbench/projectwatch.h"
 #include "workbench/question.h"
-#include "workbench/report.h"
 
 namespace Workbench {
 
@@ -46,46 +46,47 @@ Workspace::Workspace(QWidget *window)
     : QObject(window), m_window(window), m_watch(new ProjectWatch(this)), m_guard(window)
 {
     Core::ViewManager *views = Core::ViewManager::instance();
-    connect(views, &Core::ViewManager::viewActiveted, this, &Workspace::followFindings);
+    connect(views, &Core::ViewManager::viewActiveted, this, &Workspace::followView);
     connect(m_watch, &ProjectWatch::stirred, this, &Workspace::lookAtProjectFile);
     connect(this, &Workspace::projectChanged, this, &Workspace::followProject);
     connect(this, &Workspace::projectReplaced, this, &Workspace::followProject);
     connect(this, &Workspace::projectReplaced, this, &Workspace::lookAtProjectFile);
     views->setCloseGate([this](Core::IView *view) { return mayCloseView(view); });
     Core::ActionManager::instance()->setGate(saveCommand, [this] { return maySaveView(); });
-    QUtil::EventManager::instance()->subscribe(this, JEX::NotWrittenTopic);
 }
 
 // A view is told of once it is there to be shown, and later when it says so; never in the middle of what it
 // does, and not after its end.
-void Workspace::followFindings(Core::IView *view)
+void Workspace::followView(Core::IView *view)
 {
-    const char *const isFollowed = "findingsFollowed";
+    const char *const isFollowed = "isFollowed";
     if (!view || view->property(isFollowed).toBool())
         return;
     view->setProperty(isFollowed, true);
     const auto tell = [workspace = QPointer<Workspace>(this), view] {
-        if (workspace)
+        if (workspace && Core::ViewManager::instance()->views().contains(view))
             workspace->tellFindings(view);
     };
     connect(view, &Core::IView::findingsChanged, view, tell, Qt::QueuedConnection);
+    connect(view, &Core::IView::fileSaved, this, [this, view] { Q_EMIT fileSaved(view->editedFile().path); });
     QMetaObject::invokeMethod(view, tell, Qt::QueuedConnection);
 }
 
 void Workspace::tellFindings(Core::IView *view)
 {
-    const char *const hasFindings = "hasFindings";
+    const char *const hadStale = "hadStale";
     const QList<Core::Finding> findings = view->findings();
-    for (const Core::Finding &finding : findings)
-        Q_EMIT findingTold(view, finding);
-    if (findings.isEmpty() && view->property(hasFindings).toBool())
+    const bool hasStale = std::any_of(findings.begin(), findings.end(), [](const Core::Finding &finding) {
+        return finding.kind == Core::Finding::Stale;
+    });
+    Q_EMIT findingsTold(view, findings);
+    if (!hasStale && view->property(hadStale).toBool())
         Q_EMIT message(view->shortTitle() + ": The design has all signals again.", false);
-    view->setProperty(hasFindings, !findings.isEmpty());
+    view->setProperty(hadStale, hasStale);
 }
 
 Workspace::~Workspace()
 {
-    QUtil::EventManager::instance()->unsubscribe(this, JEX::NotWrittenTopic);
     Core::ActionManager::instance()->setGate(saveCommand, {});
     Core::ViewManager::instance()->setCloseGate({});
     for (Core::IView *view : Core::ViewManager::instance()->views())
@@ -164,7 +165,7 @@ bool Workspace::saveProject()
             reloadProject();
         if (answer == SaveGuard::Otherwise || answer == SaveGuard::Cancel)
             return false;
-        return m_project->save(&error) || fail(error);
+        return m_project->save(&error) ? noteSaved() : fail(error);
     }
     return saveProjectAs();
 }
@@ -173,7 +174,14 @@ bool Workspace::saveProjectAs()
 {
     QString error;
     const QString path = m_project ? chooseProjectFile("Save Project", m_project->workingDir()) : QString();
-    return !path.isEmpty() && mayReplace(path) && (m_project->saveAs(path, &error) || fail(error));
+    return !path.isEmpty() && mayReplace(path) &&
+           (m_project->saveAs(path, &error) ? noteSaved() : fail(error));
+}
+
+bool Workspace::noteSaved()
+{
+    Q_EMIT message("Saved the project " + QDir::toNativeSeparators(m_project->filePath()) + '.', false);
+    return true;
 }
 
 // By what the user chose to replace; whether it changed is no question then.
@@ -313,11 +321,6 @@ bool Workspace::settleBackup(const QString &path)
     return answer == 1 || (answer == 0 && (QUtil::restoreBackup(path, &error) || fail(error)));
 }
 
-void Workspace::handleIEvent(const QUtil::IEvent *event)
-{
-    Q_EMIT message(event->data().value("error").toString(), true);
-}
-
 bool Workspace::canEdit(const QString &path) const
 {
     return Core::EditorRegistry::editorFor(path) != nullptr;
@@ -343,9 +346,8 @@ bool Workspace::openFile(const QString &path)
     const bool opened = Core::EditorRegistry::editorFor(path)(
         nameInUse(path), TE::TaskEngine::instance()->designManager()->currentDevice());
     Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
-    if (opened)
-        tellDesignMessages();
-    else
+    m_refusedFile = opened ? QString() : path;
+    if (!opened)
         tellFault(path);
     return opened;
 }
@@ -360,14 +362,14 @@ void Workspace::tellFault(const QString &path)
         Q_EMIT message(error, true);
 }
 
-void Workspace::tellDesignMessages()
+void Workspace::setTop(const QString &module)
 {
-    const QStringList messages = designMessages();
-    for (const QString &text : messages) {
-        if (!m_toldMessages.contains(text))
-            Q_EMIT message(text, QUARRY::isError(text));
-    }
-    m_toldMessages = messages.toSet();
+    if (!m_project)
+        return;
+    m_project->setOption("TopModule", module);
+    Q_EMIT message("The top module is " + module + '.', false);
+    if (!m_refusedFile.isEmpty())
+        openFile(m_refusedFile);
 }
 
 } // namespace Workbench

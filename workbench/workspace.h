@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <memory>
 
-#include "host/eventmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "workbench/projectbanner.h"
@@ -21,7 +19,7 @@ class ProjectWatch;
 // The project that is open, and the opening and closing of it and of files. Asks the user where something
 // would be lost, before the views save and close as well, and tells what went wrong in a box and as a
 // message.
-class Workspace : public QObject, public QUtil::IEventHandler
+class Workspace : public QObject
 {
     Q_OBJECT
 
@@ -51,19 +49,21 @@ public:
     // A project is opened as such, other files in the editor that a plug-in announced. Without a project,
     // the one that lies beside the file is opened first.
     bool openFile(const QString &path);
+    // Makes it the project's top module, and opens the file that could not be opened before.
+    void setTop(const QString &module);
     bool canEdit(const QString &path) const;
-
-    void handleIEvent(const QUtil::IEvent *event) override;
 
 Q_SIGNALS:
     void projectReplaced();                                // another one, or none
     void projectChanged();                                 // its contents, its file or its modified mark
     void projectFileChanged(Workbench::ProjectFile state); // on the disk
     void message(const QString &text, bool isError);
-    void findingTold(Core::IView *view, const Core::Finding &finding);
+    void fileSaved(const QString &path);                                        // that a view edits
+    void findingsTold(Core::IView *view, const QList<Core::Finding> &findings); // all that it has now
 
 private:
     bool fail(const QString &text);
+    bool noteSaved(); // the project
     bool mayCloseProject();
     bool mayReplace(const QString &path);
     bool maySaveView();
@@ -72,8 +72,7 @@ private:
     void lookAtProjectFile();
     void followProject();
     void tellFault(const QString &path);
-    void tellDesignMessages();
-    void followFindings(Core::IView *view);
+    void followView(Core::IView *view);
     void tellFindings(Core::IView *view);
 
     QWidget *m_window;
@@ -81,7 +80,7 @@ private:
     SaveGuard m_guard;
     QUtil::FileMark m_kept; // what the project file held when the user did not want it
     std::unique_ptr<Core::Project> m_project;
-    QSet<QString> m_toldMessages; // of the design, so that the next file does not repeat them
+    QString m_refusedFile; // that could not be opened last; empty: it could
 };
 
 } // namespace Workbench

@@ -1,4 +1,3 @@
-#include <QTextBlock>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -7,6 +6,7 @@
 #include "host/iview.h"
 #include "host/pluginmanager.h"
 #include "host/viewmanager.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(pane->toPlainText().count("signal top/"), findings.size());
         for (const QString &finding : findings) {
             const QString line = finding.section(" -> ", 0, 0);
-            doubleClick(pane, line);
+            doubleClickMessage(pane, line);
             QCOMPARE(line + " -> " + place(window), finding);
         }
 
@@ -96,16 +96,6 @@ private Q_SLOTS:
     }
 
 private:
-    static void doubleClick(Workbench::MessagePane *pane, const QString &line)
-    {
-        const QTextCursor found = pane->document()->find(line);
-        QTextCursor begin(found.block());
-        pane->setTextCursor(begin);
-        pane->ensureCursorVisible();
-        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, Qt::NoModifier,
-                           pane->cursorRect(begin).center() + QPoint(3, 0));
-    }
-
     static QString place(const Workbench::MainWindow &window)
     {
         const QWidget *focused = window.focusWidget();

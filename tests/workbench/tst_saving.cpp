@@ -15,6 +15,7 @@
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "plugin/jexviewmanager.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
@@ -178,6 +179,9 @@ private Q_SLOTS:
         QVERIFY(view()->editedFile().isModified);
         save()->trigger(); // and the next one asks nothing: nobody else changed the file
         QCOMPARE(fileState(), QString("edited"));
+        const auto *messages = m_window->findChild<Workbench::MessagePane *>();
+        QCOMPARE(messageRow(messages, reason).data(Qt::AccessibleTextRole).toString(),
+                 "Error, past: " + reason);
     }
 
     void oneFileOneEditor()

@@ -230,7 +230,7 @@ private Q_SLOTS:
         QVERIFY(m_window->workspace()->openProject(m_dir->filePath("demo.jexprj")));
         Core::Project *project = m_window->workspace()->project();
         OptionsDialog dialog(project, m_window.get());
-        dialog.findChild<QLineEdit *>("topModule")->setText(" soc ");
+        dialog.findChild<QComboBox *>("topModule")->setCurrentText(" soc ");
         dialog.findChild<QComboBox *>("verilogStandard")->setCurrentText("1364-2005");
         dialog.findChild<StringListEdit *>("defines")->setValues({"A=1", " ", "B"});
         dialog.findChild<StringListEdit *>("undefines")->setValues({"U"});

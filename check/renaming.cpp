@@ -1,19 +1,17 @@
-#include "cli/renaming.h"
+#include "check/renaming.h"
 
 #include <QSet>
 #include <algorithm>
 
 #include "check/netname.h"
 
-namespace Cli {
+namespace RTLJEX {
 namespace {
-
-using Pairs = QList<QPair<QString, QString>>;
 
 QString rangeOf(const QString &name)
 {
-    const RTLJEX::NetName parts(name);
-    return parts.form == RTLJEX::NetName::Plain ? QString() : name.mid(parts.fullBase().size());
+    const NetName parts(name);
+    return parts.form == NetName::Plain ? QString() : name.mid(parts.fullBase().size());
 }
 
 // Renames what one name after another, and notes each change once.
@@ -22,28 +20,53 @@ class Walk
 public:
     explicit Walk(const Renaming &renaming) : m_renaming(renaming) {}
 
-    Pairs changes;
+    Renaming::Changes changes;
 
     void rename(QString &name)
     {
         const QString now = m_renaming.renamed(name);
         if (now != name && !m_seen.contains(name)) {
             m_seen.insert(name);
-            changes.append({name, now});
+            changes.append(qMakePair(name, now));
         }
         name = now;
     }
 
+    void rename(JEX::SignalItem &item)
+    {
+        const QString old = item.name;
+        if (isOfDesign(item))
+            rename(item.name);
+        // The new name is looked up anew; what the old one was is of no use.
+        item.valid = item.valid || item.name != old;
+        renameMembers(item, item.name != old);
+    }
+
     void rename(QList<JEX::SignalItem> &items)
     {
+        for (JEX::SignalItem &item : items)
+            rename(item);
+    }
+
+    void renameRow(QList<JEX::SignalItem> &items, const QString &name)
+    {
         for (JEX::SignalItem &item : items) {
-            const QString old = item.name;
-            if (isOfDesign(item))
-                rename(item.name);
-            // The new name is looked up anew; what the old one was is of no use.
-            item.valid = item.valid || item.name != old;
-            renameMembers(item, item.name != old);
+            if (item.name == name)
+                return rename(item);
         }
+    }
+
+    void renameAt(const StaleSignal &signal, AnyCore &core)
+    {
+        const QString row = signal.group.isEmpty() ? signal.name : signal.group;
+        if (signal.place == StaleSignal::Clock)
+            return rename(*core.clock);
+        if (signal.place == StaleSignal::Capture) {
+            renameRow(*core.signalRows, row);
+            return renameRow(*core.enabledRows, row);
+        }
+        if (JEX::TriggerPort *port = core.standard ? core.standard->getTrigger(signal.port) : nullptr)
+            renameRow(port->signalItems, row);
     }
 
 private:
@@ -84,9 +107,9 @@ void addBroken(const QList<JEX::SignalItem> &rows, QStringList &broken)
             broken << "A list would hold " + item.name + " twice.";
         seen.insert(item.name);
         addBroken(item.members, broken);
-        const QString base = RTLJEX::NetName(item.name).fullBase();
+        const QString base = NetName(item.name).fullBase();
         for (const JEX::SignalItem &member : item.members) {
-            if (item.isOfBus() && RTLJEX::NetName(member.name).fullBase() != base)
+            if (item.isOfBus() && NetName(member.name).fullBase() != base)
                 broken << "The bus " + item.name + " would hold " + member.name + '.';
         }
     }
@@ -116,6 +139,16 @@ bool Renaming::set(const QString &from, const QString &to, QString *error)
     return false;
 }
 
+bool Renaming::setMove(const QString &name, const QString &now, QString *error)
+{
+    QStringList from = name.split(QLatin1Char('/')), to = now.split(QLatin1Char('/'));
+    while (from.size() > 1 && to.size() > 1 && from.last() == to.last()) {
+        from.removeLast();
+        to.removeLast();
+    }
+    return set(from.join(QLatin1String("/")), to.join(QLatin1String("/")), error);
+}
+
 QString Renaming::renamed(const QString &name) const
 {
     if (!name.startsWith(m_from))
@@ -127,10 +160,10 @@ QString Renaming::renamed(const QString &name) const
     return isWhole ? m_to + rest : name;
 }
 
-Pairs Renaming::apply(RTLJEX::Configuration &configuration) const
+Renaming::Changes Renaming::apply(Configuration &configuration) const
 {
     Walk walk(*this);
-    for (RTLJEX::AnyCore &core : configuration.cores()) {
+    for (AnyCore core : configuration.cores()) {
         walk.rename(*core.clock);
         if (*core.topModule == m_from)
             *core.topModule = m_to;
@@ -144,10 +177,21 @@ Pairs Renaming::apply(RTLJEX::Configuration &configuration) const
     return walk.changes;
 }
 
-QStringList brokenRows(const RTLJEX::Configuration &configuration)
+Renaming::Changes Renaming::applyTo(const QList<StaleSignal> &stale, Configuration &configuration) const
+{
+    Walk walk(*this);
+    QList<AnyCore> cores = configuration.cores();
+    for (const StaleSignal &signal : stale) {
+        if (signal.core < cores.size())
+            walk.renameAt(signal, cores[signal.core]);
+    }
+    return walk.changes;
+}
+
+QStringList brokenRows(const Configuration &configuration)
 {
     QStringList broken;
-    for (const RTLJEX::AnyCore &core : configuration.cores()) {
+    for (const AnyCore &core : configuration.cores()) {
         addBroken(*core.signalRows, broken);
         if (core.standard) {
             for (const JEX::TriggerPort *port : core.standard->triggerPorts)
@@ -157,4 +201,4 @@ QStringList brokenRows(const RTLJEX::Configuration &configuration)
     return broken;
 }
 
-} // namespace Cli
+} // namespace RTLJEX

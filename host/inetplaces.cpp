@@ -1,0 +1,9 @@
+#include "host/inetplaces.h"
+
+namespace Core {
+
+INetPlaces::~INetPlaces()
+{
+}
+
+} // namespace Core

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QListView>
+#include <QtTest>
+
+// The last row of the message list that has the text; invalid: none is shown.
+inline QModelIndex messageRow(const QWidget *pane, const QString &text)
+{
+    const QListView *list = pane->findChild<QListView *>("messages");
+    for (int row = list->model()->rowCount() - 1; row >= 0; --row) {
+        const QModelIndex index = list->model()->index(row, 0);
+        if (index.data().toString().contains(text))
+            return index;
+    }
+    return QModelIndex();
+}
+
+inline void doubleClickMessage(const QWidget *pane, const QString &text)
+{
+    QListView *list = pane->findChild<QListView *>("messages");
+    const QModelIndex index = messageRow(pane, text);
+    QVERIFY2(index.isValid(), qPrintable(text));
+    list->scrollTo(index);
+    const QPoint position = list->visualRect(index).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, position);
+}

@@ -1,0 +1,334 @@
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "host/actionmanager.h"
+#include "host/viewmanager.h"
+#include "plugin/jexviewmanager.h"
+#include "tests/support/menudriver.h"
+#include "tests/support/messagelist.h"
+#include "tests/support/modaldriver.h"
+#include "tests/support/tablerow.h"
+#include "tests/support/workspace.h"
+#include "workbench/mainwindow.h"
+#include "workbench/messagemodel.h"
+#include "workbench/messagepane.h"
+#include "workbench/optionsdialog.h"
+#include "workbench/projecttree.h"
+#include "workbench/sourceedit.h"
+#include "workbench/sourceview.h"
+#include "workbench/workspace.h"
+
+namespace {
+
+const char design[] = R"(module sub(input clk, output reg [1:0] k, output s);
+  assign s = clk;
+  always @(posedge clk) k <= k + 1;
+endmodule
+module top(input clk, output [1:0] a, b, output sa, sb);
+  sub now(.clk(clk), .k(a), .s(sa));
+  sub other(.clk(clk), .k(b), .s(sb));
+endmodule
+)";
+
+// A clock that is misspelled, signals of an instance that has another name now, and one that is gone.
+const char stale[] = R"(<jexconfig version="1" mode="Standard"><core number="0" clock="top/clok">
+<port number="1"><signal name="top/was/s"/><signal name="top/clk"/></port>
+<expression text="M7"/>
+<signals><signal name="top/clk"/>
+<signal name="top/was/k[1:0]" type="bus"><signal name="top/was/k[1]"/><signal name="top/was/k[0]"/></signal>
+<signal name="top/was/s"/><signal name="top/was/gone"/></signals></core></jexconfig>)";
+
+} // namespace
+
+// From messages to what they are about, in the real editor in the real window.
+class LeadsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
+    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
+
+    void init()
+    {
+        m_user.seen.clear();
+        m_dir.reset(new Folder);
+        m_source = m_dir->write("top.v", design);
+        m_window.reset(new Workbench::MainWindow(nullptr));
+        m_window->show();
+        m_pane = m_window->findChild<Workbench::MessagePane *>();
+    }
+    void cleanup()
+    {
+        m_window.reset();
+        QVERIFY(m_user.done());
+    }
+
+    void aRefusedSaveLeadsToItsRows()
+    {
+        open(stale);
+        edit();
+        m_user.press(QMessageBox::Ok);
+        save();
+        const struct
+        {
+            const char *line;
+            const char *place;
+        } leads[] = {{"E f.zub: Core 0: No available match units", "tableMu: "},
+                     {"E f.zub: Core 0: M7 in expression \"M7\" is not enable", "listExpression: M7"},
+                     {"E f.zub: Core 0: The specified sample clock does not exist", "editSampleClock: "}};
+        for (const auto &lead : leads) {
+            QTRY_VERIFY2(lines().contains(lead.line), qPrintable(lines().join('\n')));
+            doubleClickMessage(m_pane, QString(lead.line).mid(2));
+            QCOMPARE(focused(), QString(lead.place));
+        }
+        m_user.press(QMessageBox::Discard);
+        QVERIFY(Core::ViewManager::instance()->closeView(view()));
+        QVERIFY(lines().contains(QString("(%1)").arg(leads[0].line)));
+    }
+
+    void aSaveSaysSo()
+    {
+        {
+            const Workspace work;
+            m_config = contents(work.writeConfig(JEX::StandardMode, "f.zub", 1));
+        }
+        open(m_config);
+        auto *clock = view()->findChild<QLineEdit *>("editSampleClock");
+        clock->setText("top/clck");
+        m_user.press(QMessageBox::Ok);
+        save();
+        const QString fault = "E f.zub: Core 0: The specified sample clock does not exist";
+        const QString lost = "W f.zub: Core 0: clock signal top/clck is missing in the design";
+        QTRY_VERIFY2(!lines().filter(lost).isEmpty(), qPrintable(lines().join('\n')));
+        QVERIFY(lines().contains(fault));
+        clock->setText("top/clk");
+        save();
+        QTRY_VERIFY(!lines().filter('(' + lost).isEmpty());
+        QVERIFY(lines().contains('(' + fault + ')'));
+        QCOMPARE(lines().filter("Saved "), QStringList("N Saved " + m_dir->path("f.zub") + '.'));
+
+        m_window->workspace()->project()->setOption("Synthesize_tool", "Synplify");
+        edit();
+        m_user.press(QMessageBox::Ok);
+        save();
+        QTRY_VERIFY(!lines().filter("E f.zub: For RTL Design").isEmpty());
+        m_window->workspace()->project()->setOption("Synthesize_tool", "");
+        save();
+        QTRY_VERIFY(!lines().filter("(E f.zub: For RTL Design").isEmpty());
+    }
+
+    void replacesOne()
+    {
+        open(stale);
+        choose("top/clok is missing", "Replace by top/clk");
+        QCOMPARE(view()->findChild<QLineEdit *>("editSampleClock")->text(), QString("top/clk"));
+        QVERIFY(view()->editedFile().isModified);
+        choose("port 1 signal top/was/s", "Replace by top/now/s");
+        QCOMPARE(rows("treeTrigger"), QString("top/now/s top/clk"));
+        QCOMPARE(rows("treeWidgetCapSigs"), QString("top/clk top/was/k[1:0] top/was/s top/was/gone"));
+        QVERIFY(!lines().filter("(W f.zub: Core 0: trigger port 1 signal top/was/s").isEmpty());
+        QCOMPARE(lines().filter("Replaced"), QStringList({"N f.zub: Replaced top/clok -> top/clk",
+                                                          "N f.zub: Replaced top/was/s -> top/now/s"}));
+    }
+
+    void replacesAllAlike()
+    {
+        open(stale);
+        auto *tree = view()->findChild<QTreeWidget *>("treeWidgetCapSigs");
+        tree->topLevelItem(1)->setExpanded(true);
+        choose("capture signal top/was/k[1:0]", "Replace All Alike, as by top/now/k[1:0]");
+        QCOMPARE(rows("treeTrigger"), QString("top/now/s top/clk"));
+        QCOMPARE(rows("treeWidgetCapSigs"), QString("top/clk top/now/k[1:0] top/now/s top/was/gone"));
+        QCOMPARE(tree->topLevelItem(1)->child(0)->text(0), QString("top/now/k[1]"));
+        QVERIFY(tree->topLevelItem(1)->isExpanded());
+        QTRY_COMPARE(lines().filter(QRegularExpression("^W f.zub")).size(), 2); // the clock, and what is gone
+    }
+
+    // The rules of a rename: a list holds a name once.
+    void refusesToReplace()
+    {
+        open(R"(<jexconfig version="1" mode="Lite"><core number="0" clock="top/clk">
+<signals><signal name="top/clk"/><signal name="top/clck"/></signals></core></jexconfig>)");
+        choose("capture signal top/clck", "Replace by top/clk");
+        QCOMPARE(rows("treeWidgetSignal"), QString("top/clk top/clck"));
+        QVERIFY(!view()->editedFile().isModified);
+        QTRY_VERIFY(lines().contains("E f.zub: A list would hold top/clk twice. Nothing was changed."));
+    }
+
+    void goesToTheDeclaration_data()
+    {
+        textColumns("widget", "place"); // line of the source, or what the status bar says
+        row("top/clk", "treeWidgetCapSigs", "5");
+        row("top/was/s", "treeWidgetCapSigs", "The design does not have top/was/s.");
+        row("top/clk ", "treeTrigger", "5");
+        row("Trigger Port 0", "treeTrigger",
+            "Choose a signal first: in a capture list, a trigger port or a message.");
+        row("changed in width, it is now top/now/k[1:0]", "messages", "1");
+    }
+    void goesToTheDeclaration()
+    {
+        QFETCH(QString, widget);
+        open(QByteArray(stale).replace("top/was/gone", "top/now/k"));
+        const QString row = QString(QTest::currentDataTag()).trimmed();
+        if (auto *tree = view()->findChild<QTreeWidget *>(widget)) {
+            showTab(tree);
+            tree->setFocus();
+            tree->setCurrentItem(tree->findItems(row, Qt::MatchExactly | Qt::MatchRecursive).first());
+        } else {
+            QTRY_VERIFY(messageRow(m_pane, row).isValid());
+            auto *list = m_pane->findChild<QListView *>();
+            list->setFocus();
+            list->setCurrentIndex(messageRow(m_pane, row));
+        }
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTest::keyClick(m_window->focusWidget(), Qt::Key_F12);
+        const auto *source = qobject_cast<Workbench::SourceView *>(view());
+        QTEST(source ? QString::number(source->edit()->markedLine())
+                     : m_window->statusBar()->currentMessage(),
+              "place");
+    }
+
+    // Each is offered, and taking one opens the file that could not be opened.
+    void severalTops()
+    {
+        m_source = m_dir->write("more.v", "module second(input clk); endmodule");
+        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}, {"path": "more.v"}]})");
+        m_user.press(QMessageBox::Ok);
+        QVERIFY(!m_window->workspace()->openFile(m_dir->write("f.zub", stale)));
+        QVERIFY(lines().contains("E Multiple Top Module: Multiple top, please set top module."));
+        const QString offer = "Candidate for the top module: %1. A double click takes it.";
+        QVERIFY(lines().contains("N " + offer.arg("second")));
+        doubleClickMessage(m_pane, offer.arg("top"));
+        QTRY_VERIFY(view());
+        QCOMPARE(m_window->workspace()->project()->data().topModule, QString("top"));
+        QVERIFY(lines().contains("(N " + offer.arg("second") + ')'));
+
+        Workbench::OptionsDialog options(m_window->workspace()->project(), m_window.get());
+        auto *box = options.findChild<QComboBox *>("topModule");
+        QTRY_COMPARE(box->count(), 3);
+        QVERIFY(box->isEditable());
+        QCOMPARE(box->currentText(), QString("top"));
+        QStringList candidates = {box->itemText(0), box->itemText(1)};
+        candidates.sort();
+        QCOMPARE(candidates.join(' ') + " before " + box->itemText(2), QString("second top before sub"));
+
+        auto *files = m_window->findChild<Workbench::ProjectTree *>();
+        files->findItems("more.v", Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+        const std::unique_ptr<QMenu> menu(files->createFileMenu());
+        for (QAction *action : menu->actions()) {
+            if (action->text() == "Set as To&p: second")
+                action->trigger();
+        }
+        QCOMPARE(m_window->workspace()->project()->data().topModule, QString("second"));
+    }
+
+    // All that the tool said stays, leads to the source, and is past when the design reads again.
+    void aFailedReading()
+    {
+        m_dir->write("top.v", QByteArray(design) + "module broken(input a);\n  assign = 1;\nendmodule\n");
+        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        m_user.then([](QDialog *dialog) { dialog->accept(); });
+        QVERIFY(!m_window->workspace()->openFile(m_dir->write("f.zub", stale)));
+        const QString place = "E ERROR: " + m_source + ":10: ";
+        QVERIFY2(!lines().filter(place).isEmpty(), qPrintable(lines().join('\n')));
+        QVERIFY(lines().contains("E Design files contain some errors."));
+        doubleClickMessage(m_pane, place.mid(2));
+        const auto *source = qobject_cast<Workbench::SourceView *>(view());
+        QVERIFY(source);
+        QCOMPARE(source->edit()->markedLine(), 10);
+
+        m_dir->write("top.v", design);
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("f.zub")));
+        QVERIFY(!lines().filter('(' + place).isEmpty());
+        QVERIFY(lines().contains("(E Design files contain some errors.)"));
+    }
+
+private:
+    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
+
+    void open(const QByteArray &configuration)
+    {
+        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        QVERIFY(m_window->workspace()->openFile(m_dir->write("f.zub", configuration)));
+    }
+    static void edit()
+    {
+        auto *amount = view()->findChild<QComboBox *>("comboCapAmount");
+        amount->setCurrentIndex(amount->currentIndex() - 1);
+        QVERIFY(view()->editedFile().isModified);
+    }
+    static void save() { Core::ActionManager::instance()->command("Core.Action.Save")->trigger(); }
+
+    static void showTab(QWidget *widget)
+    {
+        for (QWidget *page = widget; page; page = page->parentWidget()) {
+            auto *tabs = page->parentWidget()
+                             ? qobject_cast<QTabWidget *>(page->parentWidget()->parentWidget())
+                             : nullptr;
+            if (tabs && tabs->indexOf(page) >= 0)
+                tabs->setCurrentWidget(page);
+        }
+    }
+
+    // "E error", "W warning", "N note", what is past in brackets.
+    QStringList lines() const
+    {
+        QStringList lines;
+        const Workbench::MessageModel *model = m_pane->model();
+        for (int row = 0; row < model->rowCount(); ++row) {
+            const QString line = QString("EWN").at(model->message(row).kind) + ' ' + model->message(row).text;
+            lines << (model->isPast(row) ? '(' + line + ')' : line);
+        }
+        return lines;
+    }
+
+    static QString rows(const char *name)
+    {
+        const auto *tree = view()->findChild<QTreeWidget *>(name);
+        const bool isTrigger = qstrcmp(name, "treeTrigger") == 0;
+        const QTreeWidgetItem *parent = isTrigger ? tree->topLevelItem(1) : tree->invisibleRootItem();
+        QStringList rows;
+        for (int i = 0; i < parent->childCount(); ++i)
+            rows << parent->child(i)->text(0);
+        return rows.join(' ');
+    }
+
+    QString focused() const
+    {
+        const QWidget *widget = m_window->focusWidget();
+        const auto *list = qobject_cast<const QListWidget *>(widget);
+        return widget->objectName() + ": " + (list && list->currentItem() ? list->currentItem()->text() : "");
+    }
+
+    // An entry of the context menu of a message, which its key brings up.
+    void choose(const QString &line, const QString &entry)
+    {
+        QTRY_VERIFY2(messageRow(m_pane, line).isValid(), qPrintable(lines().join('\n')));
+        auto *list = m_pane->findChild<QListView *>();
+        list->setCurrentIndex(messageRow(m_pane, line));
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint());
+        const QStringList offered =
+            useMenu([list, &key] { QCoreApplication::sendEvent(list->viewport(), &key); }, entry);
+        QVERIFY2(offered.contains(entry), qPrintable(offered.join('\n')));
+        QTest::qWait(0);
+    }
+
+    ModalDriver m_user;
+    QByteArray m_config;
+    QString m_source;
+    std::unique_ptr<Folder> m_dir;
+    std::unique_ptr<Workbench::MainWindow> m_window;
+    Workbench::MessagePane *m_pane = nullptr;
+};
+
+QTEST_MAIN(LeadsTest)
+#include "tst_leads.moc"

@@ -1,0 +1,69 @@
+#include "workbench/sourcetext.h"
+
+#include <QDir>
+
+#include "host/regularfile.h"
+
+namespace Workbench {
+namespace {
+
+const qint64 sizeLimit = 8 * QUtil::MiB;
+const int colourLimit = 1 << 20; // letters
+const int lineLimit = 4000;      // letters that are shown of a line
+
+// What the widget takes for a line's end and the tools do not, or for no letter at all.
+bool endsNoLine(QChar letter)
+{
+    const ushort code = letter.unicode();
+    return code == '\r' || code == 0x2028 || code == 0x2029 || code == 0xfdd0 || code == 0xfdd1;
+}
+
+bool cutLines(QString &text)
+{
+    QString cut;
+    bool isCut = false;
+    int from = 0;
+    while (from < text.size()) {
+        const int end = text.indexOf('\n', from) < 0 ? text.size() : text.indexOf('\n', from);
+        const bool isLong = end - from > lineLimit;
+        cut += text.midRef(from, isLong ? lineLimit : end - from);
+        isCut = isCut || isLong;
+        if (end < text.size())
+            cut += '\n';
+        from = end + 1;
+    }
+    text = cut;
+    return isCut;
+}
+
+} // namespace
+
+SourceText readSourceText(const QString &path)
+{
+    SourceText source;
+    QByteArray bytes;
+    QString reason;
+    const QString shown = QDir::toNativeSeparators(path);
+    if (!QUtil::readRegularFile(path, sizeLimit, &bytes, &reason)) {
+        source.notice = "Can not show " + shown + ": " + reason + '.';
+        return source;
+    }
+    if (bytes.contains('\0')) {
+        source.notice = shown + " is a binary file, which is not shown.";
+        return source;
+    }
+    source.text = QString::fromUtf8(bytes);
+    if (source.text.contains(QChar::ReplacementCharacter))
+        source.text = QString::fromLatin1(bytes);
+    source.text.replace("\r\n", "\n");
+    for (QChar &letter : source.text) {
+        if (endsNoLine(letter))
+            letter = ' ';
+    }
+    source.isLarge = source.text.size() > colourLimit;
+    if (cutLines(source.text))
+        source.notice = QString("Lines are shown up to their first %1 letters.").arg(lineLimit);
+    return source;
+}
+
+} // namespace Workbench
