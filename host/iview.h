@@ -34,9 +34,12 @@ struct EditedFile
 
 // What became of the state of a view that can hand it over (isnapshot.h).
 enum StateChange {
-    StateEdited,  // the user changed it, or what it shows was read anew
-    StateStored,  // it was collected for a save, which may drop what a file does not hold
-    StateReloaded // the file was read: another one, in which no earlier state has a place
+    StateEdited,   // the user changed it, or what it shows was read anew
+    StateStored,   // it was collected for a save, which may drop what a file does not hold
+    StateReloaded, // the file was read: another one, in which no earlier state has a place
+    StateAtRisk,   // the design is about to be read, which may drop edits: the present state can be had now
+    StateAbandoned // the view closes, since the design could not be read; of what was edited, that state is
+                   // left
 };
 
 // A view that the host shows in a tab. The window title is the tab's tool tip, the short title its text.
@@ -72,7 +75,7 @@ Q_SIGNALS:
     void shortTitleChanged(const QString &title);
     void findingsChanged();
     void stateChanged(Core::StateChange change); // maybe; several times for one edit
-    void fileSaved(); // what the view edits was written to its file
+    void fileSaved();                            // what the view edits was written to its file
 
 private:
     QString m_shortTitle;

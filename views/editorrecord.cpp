@@ -327,13 +327,15 @@ void EditorRecord::acceptDesignReload(QObject *banner)
     const QString question = bannerText(banner);
     dismissBanner(banner);
     const QPointer<QObject> alive(this);
+    finishRenaming();
+    m_view->tellStateChange(Core::StateAtRisk);
     const DesignReading reading = readNetlist();
     if (!alive)
         return;
     if (reading == DesignRead)
         designChangePending = false;
     else if (reading == DesignRefused)
-        closeView();
+        abandonView();
     else if (!question.isEmpty())
         askAboutDesign(question);
 }
@@ -435,6 +437,12 @@ void EditorRecord::endFileBanner(QObject *banner)
     dismissBanner(banner);
     reloadCheckPending = false;
     fileWatcher->await(fileName);
+}
+
+void EditorRecord::abandonView()
+{
+    m_view->tellStateChange(Core::StateAbandoned);
+    closeView();
 }
 
 // Without asking: unsaved edits are dropped.

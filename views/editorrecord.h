@@ -118,6 +118,7 @@ private:
     void showSignals(const Configuration &copy);
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
+    void abandonView();
     void closeView();
     void showModified(bool value);
     void rememberSaved(const QList<CoreSnapshot> &cores);

@@ -1,7 +1,7 @@
 #include "views/editorview.h"
 
+#include "check/netplace.h"
 #include "host/modal.h"
-#include "model/netlist/rtlnetlist.h"
 #include "options/signalpage.h"
 #include "signals/namedsignals.h"
 #include "views/designreading.h"
@@ -85,16 +85,7 @@ QString EditorView::focusedNet() const
 
 Core::NetPlace EditorView::placeOf(const QString &net) const
 {
-    const QUARRY::RtlNet *found = m_record->netlist ? m_record->netlist->findNet(net) : nullptr;
-    const QUARRY::RtlNetBus *bus = m_record->netlist ? m_record->netlist->findBus(net) : nullptr;
-    const QUARRY::Declaration declaration = found ? found->declaration()
-                                            : bus ? bus->declaration()
-                                                  : QUARRY::Declaration();
-    Core::NetPlace place;
-    place.isInDesign = found || bus;
-    place.file = declaration.file;
-    place.line = declaration.line;
-    return place;
+    return netPlace(m_record->netlist, net);
 }
 
 Core::EditedFile EditorView::editedFile() const

@@ -32,18 +32,22 @@ DesignNetlist::~DesignNetlist()
         QUtil::EventManager::instance()->unsubscribe(this, topic);
 }
 
-void DesignNetlist::setWanted(bool wanted)
+void DesignNetlist::setWanted(const QObject *who, bool wanted)
 {
-    m_isWanted = wanted;
-    if (wanted && m_isStale)
-        readAgain();
+    if (!wanted)
+        m_wanting.remove(who);
+    else if (!m_wanting.contains(who)) {
+        m_wanting.insert(who);
+        if (m_isStale && !m_delay.isActive())
+            readAgain();
+    }
 }
 
 void DesignNetlist::readAgain()
 {
     m_isStale = true;
     m_job.reset();
-    if (m_isWanted && Core::ProjectManager::currentProject())
+    if (!m_wanting.isEmpty() && Core::ProjectManager::currentProject())
         m_delay.start();
 }
 

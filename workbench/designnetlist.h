@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 #include <QTimer>
 #include <memory>
@@ -31,7 +32,8 @@ public:
     QUARRY::RtlNetlist *netlist() const { return m_netlist.get(); }
     QStringList messages() const { return m_messages; } // why the design is not readable
 
-    void setWanted(bool wanted);
+    bool isStale() const { return m_isStale; }       // the sources have changed since
+    void setWanted(const QObject *who, bool wanted); // by anybody is enough
     void readAgain();
     void forget(); // the project has gone, or another one came
 
@@ -51,7 +53,7 @@ private:
     std::unique_ptr<QUARRY::RtlNetlist> m_netlist;
     QStringList m_messages;
     State m_state = Nothing;
-    bool m_isWanted = false;
+    QSet<const QObject *> m_wanting;
     bool m_isStale = true;
 };
 

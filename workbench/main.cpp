@@ -2,7 +2,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSessionManager>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 
@@ -19,6 +21,7 @@
 #include "workbench/boxrecorder.h"
 #include "workbench/commandline.h"
 #include "workbench/mainwindow.h"
+#include "workbench/recovery.h"
 #include "workbench/report.h"
 #include "workbench/workspace.h"
 
@@ -135,6 +138,7 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
 // the box of a reading that is cancelled here, goes without an answer.
 void endProgram(MainWindow &window)
 {
+    window.recovery()->keepNow(); // who has asked may not wait for an answer
     QUARRY::ReadingJob::cancelAll();
     QTimer *timer = new QTimer(&window);
     QObject::connect(timer, &QTimer::timeout, [timer, &window] {
@@ -148,6 +152,17 @@ void endProgram(MainWindow &window)
             timer->deleteLater();
     });
     timer->start(50);
+}
+
+// The same where the desktop lets the user be asked; else what is edited is kept.
+void endSession(MainWindow &window, QSessionManager &manager)
+{
+    window.recovery()->keepNow();
+    if (!manager.allowsInteraction())
+        return window.recovery()->keepForNextStart();
+    if (!window.close())
+        manager.cancel();
+    manager.release();
 }
 
 int run(const StartOptions &options)
@@ -167,7 +182,14 @@ int run(const StartOptions &options)
             const CommandLine::EndSignals ends;
             QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &window,
                              [&window] { endProgram(window); });
-            QTimer::singleShot(0, &window, [&start] { start.openAll(); });
+            // The one folder of the user for all workbenches, which tell each other apart.
+            window.attend(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/recovery");
+            QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window,
+                             [&window](QSessionManager &manager) { endSession(window, manager); });
+            QTimer::singleShot(0, &window, [&start, &window] {
+                start.openAll();
+                window.recovery()->offer();
+            });
             result = QApplication::exec();
         }
     }

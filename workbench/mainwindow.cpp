@@ -26,18 +26,21 @@
 #include "host/iview.h"
 #include "host/modal.h"
 #include "host/viewmanager.h"
-#include "workbench/designnetlist.h"
 #include "workbench/declarationcommand.h"
+#include "workbench/designnetlist.h"
+#include "workbench/designtrial.h"
 #include "workbench/devicedialog.h"
 #include "workbench/editmenu.h"
 #include "workbench/messagepane.h"
-#include "workbench/netlistpane.h"
 #include "workbench/messenger.h"
+#include "workbench/netlistpane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentprojects.h"
+#include "workbench/recovery.h"
+#include "workbench/reopenbanner.h"
 #include "workbench/runmenu.h"
 #include "workbench/signaltransfer.h"
 #include "workbench/sourceopener.h"
@@ -135,6 +138,21 @@ Workspace *MainWindow::workspace() const
     return m_workspace;
 }
 
+void MainWindow::attend(const QString &recoveryFolder)
+{
+    m_recovery = new Recovery(recoveryFolder, m_workspace, this);
+    connect(m_recovery, &Recovery::message, this, &MainWindow::addMessage);
+    QList<QAction *> actions = m_fileMenu->actions();
+    m_fileMenu->insertAction(actions.value(actions.indexOf(m_closeAction) + 1), m_recovery->draftAction());
+    auto *trial = new DesignTrial(m_design, m_settings, this);
+    connect(trial, &DesignTrial::message, this, &MainWindow::addMessage);
+    connect(trial, &DesignTrial::status, statusBar(),
+            [this](const QString &text) { statusBar()->showMessage(text); });
+    m_projectMenu->addAction(trial->action());
+    auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
+    layout->insertWidget(layout->indexOf(m_banner) + 1, new ReopenBanner(m_recovery, m_design));
+}
+
 void MainWindow::addMessage(const QString &text, bool isError)
 {
     m_messages->addMessage(text, isError);
@@ -151,7 +169,7 @@ QAction *MainWindow::addAction(QMenu *menu, const QString &text, const QKeySeque
 
 void MainWindow::createFileMenu()
 {
-    QMenu *menu = menuBar()->addMenu("&File");
+    QMenu *menu = m_fileMenu = menuBar()->addMenu("&File");
     addAction(menu, "&New...", QKeySequence::New, &MainWindow::onNewFile);
     addAction(menu, "&Open...", QKeySequence::Open, &MainWindow::onOpen);
     menu->addSeparator();
@@ -179,7 +197,7 @@ void MainWindow::createEditMenu()
 
 void MainWindow::createProjectMenu()
 {
-    QMenu *menu = menuBar()->addMenu("&Project");
+    QMenu *menu = m_projectMenu = menuBar()->addMenu("&Project");
     addAction(menu, "&New Project...", QKeySequence("Ctrl+Shift+N"), &MainWindow::onNewProject);
     addAction(menu, "&Open Project...", QKeySequence("Ctrl+Shift+O"), &MainWindow::onOpenProject);
     QAction *save =

@@ -14,6 +14,7 @@ class MessagePane;
 class NetlistPane;
 class ProjectBanner;
 class ProjectTree;
+class Recovery;
 class RunMenu;
 class SignalTransfer;
 class SourceOpener;
@@ -30,6 +31,10 @@ public:
     ~MainWindow() override;
 
     Workspace *workspace() const;
+    // For a window with somebody at it: what is edited is kept in the folder for the case of a crash, and
+    // changed designs are tried in the background.
+    void attend(const QString &recoveryFolder);
+    Recovery *recovery() const { return m_recovery; } // null before
     RunMenu *runMenu() const { return m_runMenu; }
     void addMessage(const QString &text, bool isError);
 
@@ -87,8 +92,11 @@ private:
     SourceOpener *m_sources;
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
+    Recovery *m_recovery = nullptr;
     RunMenu *m_runMenu = nullptr; // the menu's
     QMenu *m_recentMenu = nullptr;
+    QMenu *m_fileMenu = nullptr;
+    QMenu *m_projectMenu = nullptr;
     QAction *m_closeAction = nullptr;
     QAction *m_removeAction = nullptr;
     QList<QAction *> m_projectActions; // enabled while a project is open

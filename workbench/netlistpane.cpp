@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include "check/netplace.h"
 #include "model/netlist/rtlnetlist.h"
 #include "workbench/designnetlist.h"
 #include "workbench/instancemodel.h"
@@ -123,13 +124,13 @@ void NetlistPane::createLists()
 void NetlistPane::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    m_design->setWanted(true);
+    m_design->setWanted(this, true);
 }
 
 void NetlistPane::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
-    m_design->setWanted(false);
+    m_design->setWanted(this, false);
 }
 
 // Return puts the nets in; Down leads from the filter into the list.
@@ -233,9 +234,14 @@ QMimeData *NetlistPane::chosenNets() const
     return chosen.isEmpty() ? nullptr : m_nets->mimeData(chosen);
 }
 
-QString NetlistPane::currentNet() const
+QString NetlistPane::focusedNet() const
 {
     return m_nets->fullName(m_list->currentIndex());
+}
+
+Core::NetPlace NetlistPane::placeOf(const QString &net) const
+{
+    return RTLJEX::netPlace(m_design->netlist(), net);
 }
 
 void NetlistPane::showNet(const QString &name)

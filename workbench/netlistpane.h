@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "host/inetplaces.h"
+
 class QComboBox;
 class QLabel;
 class QMimeData;
@@ -19,7 +21,7 @@ class NetModel;
 // The design as instances and nets, beside the editors: choose an instance, type a filter, put nets into the
 // list that the editor shows, by a drag, Return or a double click. Reads the design only while it can be
 // seen.
-class NetlistPane : public QWidget
+class NetlistPane : public QWidget, public Core::INetPlaces
 {
     Q_OBJECT
 
@@ -28,8 +30,9 @@ public:
     NetlistPane(DesignNetlist *design, QSettings *settings, QWidget *parent = nullptr);
     ~NetlistPane() override;
 
-    QMimeData *chosenNets() const;     // the caller's; null when none is chosen
-    QString currentNet() const;        // full name; empty for none
+    QMimeData *chosenNets() const; // the caller's; null when none is chosen
+    QString focusedNet() const override;
+    Core::NetPlace placeOf(const QString &net) const override;
     void showNet(const QString &name); // in its instance, without a filter
 
 Q_SIGNALS:

@@ -1,0 +1,89 @@
+#include "workbench/designtrial.h"
+
+#include <QAction>
+#include <QSettings>
+
+#include "elaboration/tools/designinput.h"
+#include "host/isnapshot.h"
+#include "host/iview.h"
+#include "host/viewmanager.h"
+#include "workbench/designnetlist.h"
+
+namespace Workbench {
+namespace {
+
+const char *const key = "tryDesigns";
+const char *const topics[] = {"TE.File.Add",           "TE.File.Remove",      "TE.File.Modified",
+                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change"};
+
+bool isAnyEditorOpen()
+{
+    for (Core::IView *view : Core::ViewManager::instance()->views()) {
+        if (dynamic_cast<Core::ISnapshot *>(view))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *parent)
+    : QObject(parent), m_design(design), m_action(new QAction("&Try Changed Designs", this))
+{
+    m_action->setCheckable(true);
+    m_action->setChecked(!settings || settings->value(key, true).toBool());
+    m_action->setStatusTip(
+        "Read a design that has changed in the background, and say whether it can be read");
+    connect(m_action, &QAction::toggled, this, [this, settings](bool on) {
+        if (settings)
+            settings->setValue(key, on);
+        want(on && m_isWanted);
+    });
+    connect(design, &DesignNetlist::stateChanged, this, &DesignTrial::tell);
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->subscribe(this, topic);
+}
+
+DesignTrial::~DesignTrial()
+{
+    for (const char *topic : topics)
+        QUtil::EventManager::instance()->unsubscribe(this, topic);
+}
+
+void DesignTrial::handleIEvent(const QUtil::IEvent *)
+{
+    if (m_action->isChecked() && isAnyEditorOpen())
+        want(true);
+}
+
+void DesignTrial::want(bool wanted)
+{
+    m_isWanted = wanted;
+    m_design->setWanted(this, wanted);
+    if (!wanted)
+        Q_EMIT status(QString());
+}
+
+void DesignTrial::tell()
+{
+    if (!m_isWanted || m_design->isStale() || m_design->state() == DesignNetlist::Reading)
+        return;
+    QString fault;
+    if (m_design->state() == DesignNetlist::Unreadable) {
+        const QStringList messages = m_design->messages();
+        const auto error = std::find_if(messages.begin(), messages.end(), QUARRY::isError);
+        fault = "The design is not readable yet: " +
+                (error != messages.end() ? *error : messages.value(0, "it has no sources."));
+    }
+    if (fault != m_told && !fault.isEmpty())
+        Q_EMIT message(fault, true);
+    else if (fault != m_told)
+        Q_EMIT message("The design can be read again.", false);
+    m_told = fault;
+    Q_EMIT status(fault.section('\n', 0, 0));
+    // Until it can be read, each change is another try.
+    if (fault.isEmpty())
+        want(false);
+}
+
+} // namespace Workbench
