@@ -30,6 +30,7 @@
 #include "workbench/designnetlist.h"
 #include "workbench/designtrial.h"
 #include "workbench/devicedialog.h"
+#include "workbench/duplicatecore.h"
 #include "workbench/editmenu.h"
 #include "workbench/messagepane.h"
 #include "workbench/messenger.h"
@@ -193,6 +194,8 @@ void MainWindow::createEditMenu()
     menu->addSeparator();
     menu->addAction(m_transfer->copyAction());
     menu->addAction(m_transfer->pasteAction());
+    menu->addSeparator();
+    new DuplicateCore(menu, this);
 }
 
 void MainWindow::createProjectMenu()

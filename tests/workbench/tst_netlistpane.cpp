@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QTabWidget>
 #include <QTreeView>
@@ -180,6 +181,37 @@ private Q_SLOTS:
         QApplication::clipboard()->setMimeData(data);
         m_window->findChild<QAction *>("pasteSignals")->trigger();
         QCOMPARE(to->topLevelItemCount(), 3);
+    }
+
+    // One step of undo, with what was not saved; at most 16 cores.
+    void duplicateCore()
+    {
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        view()->findChild<QTabWidget *>()->setCurrentIndex(1);
+        drop(view()->findChild<QTreeWidget *>("treeWidgetCapSigs")->viewport(), QPoint(5, 5), "top/done");
+        QMenu *menu = nullptr;
+        for (QMenu *found : m_window->findChildren<QMenu *>())
+            menu = found->title() == "&Duplicate Core" ? found : menu;
+        auto *edit = qobject_cast<QMenu *>(menu->menuAction()->associatedWidgets().first());
+        QTreeWidget *cores = view()->findChild<QTreeWidget *>("treeWidget");
+        for (int count = 2; count <= 16; ++count) {
+            Q_EMIT edit->aboutToShow();
+            QVERIFY(menu->isEnabled());
+            QCOMPARE(menu->actions().size(), count - 1);
+            menu->actions().first()->trigger();
+            QCOMPARE(cores->topLevelItemCount(), count);
+            QCoreApplication::processEvents();
+        }
+        Q_EMIT edit->aboutToShow();
+        QVERIFY(!menu->isEnabled());
+        QCOMPARE(cores->topLevelItem(15)->text(0), QString("Core 15"));
+        cores->setCurrentItem(cores->topLevelItem(15));
+        QTRY_VERIFY(view()->findChildren<QTreeWidget *>("treeWidgetCapSigs").size() == 16);
+        QTreeWidget *last = view()->findChildren<QTreeWidget *>("treeWidgetCapSigs").last();
+        QCOMPARE(last->topLevelItemCount(), 2);
+        QTRY_VERIFY(edit->actions().first()->isEnabled());
+        edit->actions().first()->trigger();
+        QCOMPARE(cores->topLevelItemCount(), 15);
     }
 
 private:
