@@ -2,27 +2,30 @@
 
 #include <QCloseEvent>
 #include <QPointer>
+#include <QTimer>
 
 #include "elaboration/catchrtl.h"
 #include "elaboration/readingjob.h"
+#include "host/filewatcher.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 #include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"
 #include "views/editorview.h"
-#include "views/filewatch.h"
 #include "views/saving.h"
 #include "views/viewwindow.h"
 
 namespace RTLJEX {
 namespace private_impl {
 
+static const int coalescingTime = 500; // ms
+
 EditorRecord::EditorRecord(EditorView *view, JEX::JexMode mode)
     : QObject(view),
       configuration(mode),
       netlist(nullptr),
-      fileWatcher(new FileWatcher(this)),
+      fileWatcher(new QUtil::FileWatcher(this)),
       modified(false),
       reloadCheckPending(false),
       designChangePending(false),
@@ -58,7 +61,7 @@ void EditorRecord::noteEdit()
 
 bool EditorRecord::openFile(const QString &path, QString *errorMessage)
 {
-    fileWatcher->stop(fileName);
+    fileWatcher->forget(fileName);
     fileName = path;
     fileWatcher->renew(fileName);
     if (!configuration.accepts(fileName)) {
@@ -112,7 +115,7 @@ bool EditorRecord::saveFile()
     bool written = false;
     QString reason;
     {
-        const WatchPause pause(fileWatcher, fileName);
+        const QUtil::WatchPause pause(fileWatcher, fileName);
         written = writeCores(&reason);
         // The last step of a save can fail when the file is written.
         QByteArray bytes;
@@ -252,10 +255,14 @@ void EditorRecord::cancelDesignReload(QObject *banner)
 
 // The file on disk
 
+// A burst of reports ends in one question.
 void EditorRecord::noteFileChange()
 {
     fileWatcher->renew(fileName);
-    scheduleReloadCheck(&reloadCheckPending, m_view);
+    if (reloadCheckPending)
+        return;
+    reloadCheckPending = true;
+    QTimer::singleShot(coalescingTime, m_view, SLOT(checkForReload()));
 }
 
 void EditorRecord::askAboutFile()
