@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
+#include "model/jex/resourcetable.h"
 #include "options/triggermath.h"
 #include "signals/signalrules.h"
 
 namespace Cli {
 namespace {
-
-// In the order in which they are listed.
-const JEX::Implementation implementations[] = {JEX::BsramImplementation, JEX::SsramImplementation,
-                                               JEX::RegImplementation};
 
 QString formulaText(const JEX_TOOL::MemoryShape &shape, const CaptureNeeds &capture)
 {
@@ -33,15 +30,15 @@ CaptureNeeds::CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &
     depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
     const JEX::Implementation chosen = JEX::implementationOf(
         core.standard ? core.standard->captureImplementation : core.lite->implementation);
-    for (JEX::Implementation implementation : implementations) {
+    for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
         const JEX_TOOL::StorageNeed need =
-            JEX_TOOL::storageNeed(*device.family, implementation, signalCount, depth, adjusted);
+            JEX_TOOL::storageNeed(*device.family, resource.code, signalCount, depth, adjusted);
         width = need.width;
         UsageRow row;
-        row.implementation = implementation;
-        row.isChosen = chosen == implementation;
+        row.implementation = resource.code;
+        row.isChosen = chosen == resource.code;
         row.required = need.required;
-        row.available = JEX_TOOL::amountOf(&device, implementation);
+        row.available = JEX_TOOL::amountOf(&device, resource.code);
         row.shape = need.shape;
         row.formula = formulaText(row.shape, *this);
         rows << row;
@@ -58,16 +55,16 @@ TriggerNeeds::TriggerNeeds(const JEX::AoCore &core, const JEX_TOOL::Device &devi
         std::count_if(have.begin(), have.end(), [](const JEX::MatchUnit *unit) { return unit->enabled; }));
     expressions =
         int(std::count_if(core.expressions.begin(), core.expressions.end(), RTLJEX::isStaticExpression));
-    const QList<JEX::Implementation> offered = RTLJEX::triggerImplementations(device.shadows != 0);
+    const QList<JEX::Implementation> offered = RTLJEX::triggerImplementations(&device);
     const JEX::Implementation chosen = JEX::implementationOf(core.triggerImplementation);
-    for (JEX::Implementation implementation : implementations) {
+    for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
         UsageRow row;
-        row.implementation = implementation;
-        row.isChosen = chosen == implementation;
-        row.isOffered = offered.contains(implementation);
-        row.required = RTLJEX::triggerRequired(implementation, expressions, units);
-        row.available = JEX_TOOL::amountOf(&device, implementation);
-        row.formula = RTLJEX::triggerFormula(implementation, expressions, units);
+        row.implementation = resource.code;
+        row.isChosen = chosen == resource.code;
+        row.isOffered = offered.contains(resource.code);
+        row.required = RTLJEX::triggerRequired(resource.code, expressions, units);
+        row.available = JEX_TOOL::amountOf(&device, resource.code);
+        row.formula = RTLJEX::triggerFormula(resource.code, expressions, units);
         if (row.isOffered || row.isChosen)
             rows << row;
     }

@@ -6,7 +6,7 @@
 #include "cli/json.h"
 #include "cli/table.h"
 #include "host/designmanager.h"
-#include "model/jex/devicetable.h"
+#include "model/jex/resourcetable.h"
 
 namespace Cli {
 namespace {
@@ -191,15 +191,19 @@ ExitCode devices(const QStringList &words, Output &out)
         return arguments.refuse("It takes no file.");
     Table table;
     Json list = Json::array();
-    table.add({"series", "device", "part number", "BSRAM", "SSRAM", "registers"});
+    QStringList titles = {"series", "device", "part number"};
+    for (const Resource &resource : resources)
+        titles << resource.amountName;
+    table.add(titles);
     for (const DEV::DeviceArg &known : knownDevices()) {
         const Device *row = findDevice(known.series, known.device);
-        table.add({known.series, known.device, known.partNumber, QString::number(row->blocks),
-                   QString::number(row->shadows), QString::number(row->registers)});
+        QStringList cells = {known.series, known.device, known.partNumber};
         Json json = deviceJson(known);
-        json["bsram"] = row->blocks;
-        json["ssram"] = row->shadows;
-        json["registers"] = row->registers;
+        for (const Resource &resource : resources) {
+            cells << QString::number(row->*resource.amount);
+            json[toStd(QString(resource.amountName).toLower())] = row->*resource.amount;
+        }
+        table.add(cells);
         json["source"] = row->family->source;
         list.push_back(json);
     }

@@ -1,5 +1,7 @@
 #include "gateware/verilogtext.h"
 
+#include "model/jex/resourcetable.h"
+
 namespace RTLJEX {
 
 namespace {
@@ -32,14 +34,7 @@ QByteArray binary(const QByteArray &digits)
 
 QByteArray style(qint32 implementation)
 {
-    switch (JEX::implementationOf(implementation)) {
-    case JEX::SsramImplementation:
-        return "\"distributed\"";
-    case JEX::RegImplementation:
-        return "\"registers\"";
-    default:
-        return "\"block\"";
-    }
+    return QByteArray("\"") + JEX_TOOL::resourceOf(JEX::implementationOf(implementation))->style + "\"";
 }
 
 void add(Connections *list, const QByteArray &name, const QByteArray &value)

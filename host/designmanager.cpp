@@ -2,18 +2,17 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QFileSystemWatcher>
 #include <QSet>
 #include <QTimer>
 
 #include "host/eventmanager.h"
+#include "host/filewatcher.h"
 #include "host/project.h"
 
 namespace TE {
 namespace {
 
-const int postDelay = 100;       // ms
-const int missingInterval = 300; // ms between two looks for a file that vanished
+const int postDelay = 100; // ms
 
 QStringList absolutePaths(const Core::Project &project, const QStringList &paths)
 {
@@ -48,17 +47,13 @@ FileType fileTypeFromName(const QString &path)
 }
 
 DesignManager::DesignManager(QObject *parent)
-    : QObject(parent),
-      m_watcher(new QFileSystemWatcher(this)),
-      m_postTimer(new QTimer(this)),
-      m_missingTimer(new QTimer(this))
+    : QObject(parent), m_watcher(new QUtil::FileWatcher(this)), m_postTimer(new QTimer(this))
 {
     m_postTimer->setSingleShot(true);
     m_postTimer->setInterval(postDelay);
-    m_missingTimer->setInterval(missingInterval);
     connect(m_watcher, SIGNAL(fileChanged(QString)), this, SLOT(onFileChanged(QString)));
+    connect(m_watcher, SIGNAL(fileReturned(QString)), this, SLOT(onFileChanged(QString)));
     connect(m_postTimer, SIGNAL(timeout()), this, SLOT(postModified()));
-    connect(m_missingTimer, SIGNAL(timeout()), this, SLOT(lookForMissingFiles()));
 }
 
 QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
@@ -135,58 +130,25 @@ void DesignManager::updateWatchedFiles()
         }
     }
     const QSet<QString> keep = wanted.toSet();
-    const QStringList watchedNow = m_watcher->files();
-    for (const QString &path : watchedNow) {
+    const QStringList followed = m_watcher->followed();
+    for (const QString &path : followed) {
         if (!keep.contains(path))
-            m_watcher->removePath(path);
+            m_watcher->forget(path);
     }
-    const QSet<QString> known = (m_watcher->files() + m_missing).toSet();
-    for (int i = m_missing.size() - 1; i >= 0; --i) {
-        if (!keep.contains(m_missing.at(i)))
-            m_missing.removeAt(i);
-    }
+    const QSet<QString> known = followed.toSet();
     for (const QString &path : wanted) {
         if (!known.contains(path))
-            watch(path);
+            m_watcher->await(path);
     }
-}
-
-// The watcher follows what the name stood for when it was added. A file that is replaced by renaming is
-// reported once, and then the old one is watched, which may live on, or none; one that is not there or can
-// not be read can not be watched at all.
-void DesignManager::watch(const QString &path)
-{
-    if (m_watcher->files().contains(path))
-        m_watcher->removePath(path);
-    if (QFileInfo(path).isReadable())
-        m_watcher->addPath(path);
-    else if (!m_missing.contains(path))
-        m_missing.append(path);
-    if (!m_missing.isEmpty() && !m_missingTimer->isActive())
-        m_missingTimer->start();
 }
 
 void DesignManager::onFileChanged(const QString &path)
 {
-    watch(path);
+    m_watcher->await(path);
     if (!m_changed.contains(path))
         m_changed.append(path);
     if (!m_postTimer->isActive())
         m_postTimer->start();
-}
-
-void DesignManager::lookForMissingFiles()
-{
-    const QStringList missing = m_missing;
-    m_missing.clear();
-    for (const QString &path : missing) {
-        if (QFileInfo(path).isReadable())
-            onFileChanged(path);
-        else
-            m_missing.append(path);
-    }
-    if (m_missing.isEmpty())
-        m_missingTimer->stop();
 }
 
 void DesignManager::postModified()

@@ -8,8 +8,10 @@
 
 #include "host/devicearg.h"
 
-class QFileSystemWatcher;
 class QTimer;
+namespace QUtil {
+class FileWatcher;
+}
 
 namespace TE {
 
@@ -71,17 +73,12 @@ public:
 
 private Q_SLOTS:
     void onFileChanged(const QString &path);
-    void lookForMissingFiles();
     void postModified();
 
 private:
-    void watch(const QString &path);
-
-    QFileSystemWatcher *m_watcher;
+    QUtil::FileWatcher *m_watcher;
     QTimer *m_postTimer;
-    QTimer *m_missingTimer; // runs while a design file can not be watched
-    QStringList m_changed;  // to be posted, in order of change
-    QStringList m_missing;
+    QStringList m_changed; // to be posted, in order of change
 };
 
 class TaskEngine

@@ -11,6 +11,7 @@
 #include "insertion/outputfolder.h"
 #include "insertion/tapping.h"
 #include "model/jex/devicetable.h"
+#include "model/jex/resourcetable.h"
 #include "model/jex/storageneed.h"
 
 namespace Insertion {
@@ -118,10 +119,9 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
         return line;
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
         *device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
-    return line + ", by estimate " + QString::number(need.required) +
-           (implementation == JEX::RegImplementation ? " registers"
-            : need.required == 1                     ? " memory"
-                                                     : " memories");
+    const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(implementation);
+    return line + ", by estimate " + QString::number(need.required) + ' ' +
+           (need.required == 1 ? resource.one : resource.many);
 }
 
 } // namespace

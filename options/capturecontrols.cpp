@@ -72,7 +72,7 @@ void refillTexts(QComboBox *box, const QStringList &texts)
 
 void offerImplementations(QComboBox *box, qint64 captureBits)
 {
-    const QList<JEX::Implementation> offered = offeredImplementations(currentDeviceHasSsram(), captureBits);
+    const QList<JEX::Implementation> offered = offeredImplementations(currentDevice(), captureBits);
     if (!keepsImplementations(offered, box->count(), shownImplementation(box)))
         refillTexts(box, implementationNames(offered));
 }

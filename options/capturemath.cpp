@@ -2,34 +2,19 @@
 
 #include <QCoreApplication>
 
+#include "model/jex/resourcetable.h"
 #include "model/jex/storageneed.h"
 
 namespace RTLJEX {
 
 namespace {
 
-const qint64 largestRegisterCapture = 512; // bits
-const int smallestCapture = 4;             // samples of a Standard core
+const int smallestCapture = 4; // samples of a Standard core
 
 struct CaptureTexts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::CaptureUsage)
 };
-
-QString usageName(JEX::Implementation implementation)
-{
-    switch (implementation) {
-    case JEX::BsramImplementation:
-        return CaptureTexts::tr("BSRAM Usage :");
-    case JEX::RegImplementation:
-        return CaptureTexts::tr("Register Usage :");
-    case JEX::SsramImplementation:
-        return CaptureTexts::tr("SSRAM Usage :");
-    case JEX::NoImplementation:
-        break;
-    }
-    return QString();
-}
 
 } // namespace
 
@@ -68,14 +53,14 @@ int lastTriggerPosition(int captureAmount)
     return captureAmount - smallestCapture;
 }
 
-QList<JEX::Implementation> offeredImplementations(bool deviceHasSsram, qint64 captureBits)
+QList<JEX::Implementation> offeredImplementations(const JEX_TOOL::Device *device, qint64 captureBits)
 {
     QList<JEX::Implementation> offered;
-    offered.append(JEX::BsramImplementation);
-    if (deviceHasSsram)
-        offered.append(JEX::SsramImplementation);
-    if (captureBits <= largestRegisterCapture)
-        offered.append(JEX::RegImplementation);
+    for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
+        const bool isThere = resource.isAlwaysOffered || JEX_TOOL::amountOf(device, resource.code) != 0;
+        if (isThere && captureBits <= resource.largestCapture)
+            offered.append(resource.code);
+    }
     return offered;
 }
 
@@ -102,8 +87,7 @@ JEX::Implementation liteImplementationFromText(const QString &text)
 
 QString liteImplementationText(int implementation)
 {
-    return implementation == JEX::RegImplementation ? QString(QLatin1String("Logic"))
-                                                    : implementationText(implementation);
+    return QLatin1String(JEX_TOOL::resourceOf(JEX::implementationOf(implementation))->liteText);
 }
 
 JEX::Implementation implementationFromText(const QString &text)
@@ -115,6 +99,12 @@ JEX::Implementation implementationFromText(const QString &text)
 QString implementationText(int implementation)
 {
     return JEX::implementationName(JEX::implementationOf(implementation));
+}
+
+QString usageName(JEX::Implementation implementation)
+{
+    const JEX_TOOL::Resource *resource = JEX_TOOL::resourceOf(implementation);
+    return resource ? CaptureTexts::tr(resource->usageText) : QString();
 }
 
 CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::Device *device, int signalCount,

@@ -31,9 +31,10 @@ QList<int> captureAmounts(int storage, int segments);
 // The last trigger position in a capture of that many samples. Negative when nothing is captured.
 int lastTriggerPosition(int captureAmount);
 
-// The implementations that suit a device and a capture of that many bits, block memory first. Registers
-// are worth offering for small captures only, shadow memory only where the device has it.
-QList<JEX::Implementation> offeredImplementations(bool deviceHasSsram, qint64 captureBits);
+// The implementations that suit a device, null when it is not known, and a capture of that many bits, block
+// memory first. Registers are worth offering for small captures only, shadow memory only where the device has
+// it.
+QList<JEX::Implementation> offeredImplementations(const JEX_TOOL::Device *device, qint64 captureBits);
 QStringList implementationNames(const QList<JEX::Implementation> &implementations);
 
 // True when a box with `count` items that shows `current` is left as it is rather than filled with `offered`
@@ -49,10 +50,13 @@ QString liteImplementationText(int implementation);
 JEX::Implementation implementationFromText(const QString &text);
 QString implementationText(int implementation);
 
+// "BSRAM Usage :"; empty for no implementation.
+QString usageName(JEX::Implementation implementation);
+
 // What a capture takes of a device.
 struct CaptureUsage
 {
-    QString name; // "BSRAM Usage :"; empty for no implementation
+    QString name; // as above
     int required = 0;
     int available = 0;
 };

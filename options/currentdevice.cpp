@@ -17,11 +17,6 @@ const JEX_TOOL::Device *currentDevice()
     return JEX_TOOL::findDevice(arg.series, arg.device);
 }
 
-bool currentDeviceHasSsram()
-{
-    return JEX_TOOL::amountOf(currentDevice(), JEX::SsramImplementation) != 0;
-}
-
 DeviceWatch::DeviceWatch(QUtil::IEventHandler *page) : m_page(page)
 {
     QUtil::EventManager::instance()->subscribe(m_page, QLatin1String(deviceChange));

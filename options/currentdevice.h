@@ -10,7 +10,6 @@ namespace RTLJEX {
 
 // The device of the current project; null when there is none that is known.
 const JEX_TOOL::Device *currentDevice();
-bool currentDeviceHasSsram();
 
 // Lets a page hear, as long as this lives, that the project has another device.
 class DeviceWatch

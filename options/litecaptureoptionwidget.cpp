@@ -1,6 +1,7 @@
 #include "options/litecaptureoptionwidget.h"
 
 #include "model/jex/core.h"
+#include "model/jex/resourcetable.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
@@ -193,9 +194,9 @@ void LiteCaptureOptionWidget::updateInputRegCheck()
 {
     const bool forced = m_ui->capIniDataCheckBox->isChecked();
     m_ui->enableInputRegCheckBox->setEnabled(!forced);
-    const JEX::Implementation shown = shownImplementation(m_ui->implementation);
-    if (forced && shown != JEX::NoImplementation)
-        m_ui->enableInputRegCheckBox->setChecked(shown == JEX::BsramImplementation);
+    const JEX_TOOL::Resource *shown = JEX_TOOL::resourceOf(shownImplementation(m_ui->implementation));
+    if (forced && shown)
+        m_ui->enableInputRegCheckBox->setChecked(shown->hasInputRegister);
 }
 
 void LiteCaptureOptionWidget::sortEnableSignal()

@@ -5,6 +5,10 @@
 
 #include "model/jex/codes.h"
 
+namespace JEX_TOOL {
+struct Device;
+}
+
 namespace RTLJEX {
 
 // The arithmetic of the trigger settings, on plain values.
@@ -16,7 +20,7 @@ enum { StaticUnitCount = 10 };
 bool isStaticExpression(const QString &expression);
 
 // The implementations that suit a device, block memory first. Registers are offered whatever the size.
-QList<JEX::Implementation> triggerImplementations(bool deviceHasSsram);
+QList<JEX::Implementation> triggerImplementations(const JEX_TOOL::Device *device);
 
 // What that many expressions over that many enabled match units take of an implementation, and how that is
 // worked out.

@@ -363,7 +363,7 @@ void TriggerOptionWidget::updateTriggerTree()
 
 void TriggerOptionWidget::updateImplType()
 {
-    refillTexts(m_ui->ImpleComboBox, implementationNames(triggerImplementations(currentDeviceHasSsram())));
+    refillTexts(m_ui->ImpleComboBox, implementationNames(triggerImplementations(currentDevice())));
 }
 
 void TriggerOptionWidget::updateExpressionType()

@@ -2,17 +2,18 @@
 
 #include <QCloseEvent>
 #include <QPointer>
+#include <QTimer>
 
 #include "check/rebinding.h"
 #include "elaboration/catchrtl.h"
 #include "elaboration/readingjob.h"
+#include "host/filewatcher.h"
 #include "host/modal.h"
 #include "model/netlist/rtlnetlist.h"
 #include "signals/signaltreewidget.h"
 #include "views/bannerhost.h"
 #include "views/designevents.h"
 #include "views/editorview.h"
-#include "views/filewatch.h"
 #include "views/pagesignals.h"
 #include "views/saving.h"
 #include "views/viewwindow.h"
@@ -20,11 +21,13 @@
 namespace RTLJEX {
 namespace private_impl {
 
+static const int coalescingTime = 500; // ms
+
 EditorRecord::EditorRecord(EditorView *view, JEX::JexMode mode)
     : QObject(view),
       configuration(mode),
       netlist(nullptr),
-      fileWatcher(new FileWatcher(this)),
+      fileWatcher(new QUtil::FileWatcher(this)),
       modified(false),
       reloadCheckPending(false),
       designChangePending(false),
@@ -69,7 +72,7 @@ void EditorRecord::showModified(bool value)
 
 bool EditorRecord::openFile(const QString &path, QString *errorMessage)
 {
-    fileWatcher->stop(fileName);
+    fileWatcher->forget(fileName);
     fileName = path;
     fileWatcher->renew(fileName);
     if (!configuration.accepts(fileName)) {
@@ -128,7 +131,7 @@ bool EditorRecord::saveFile()
     bool written = false;
     QString reason;
     {
-        const WatchPause pause(fileWatcher, fileName);
+        const QUtil::WatchPause pause(fileWatcher, fileName);
         written = writeCores(&reason);
         // The last step of a save can fail when the file is written.
         QByteArray bytes;
@@ -387,10 +390,14 @@ bool EditorRecord::restoreSnapshot(const QByteArray &bytes)
 
 // The file on disk
 
+// A burst of reports ends in one question.
 void EditorRecord::noteFileChange()
 {
     fileWatcher->renew(fileName);
-    scheduleReloadCheck(&reloadCheckPending, m_view);
+    if (reloadCheckPending)
+        return;
+    reloadCheckPending = true;
+    QTimer::singleShot(coalescingTime, m_view, SLOT(checkForReload()));
 }
 
 void EditorRecord::askAboutFile()

@@ -16,13 +16,13 @@ namespace QUARRY {
 class RtlNetlist;
 }
 namespace QUtil {
+class FileWatcher;
 class IEvent;
-}
+} // namespace QUtil
 
 namespace RTLJEX {
 
 class EditorView;
-class FileWatcher;
 class SignalPage;
 
 namespace private_impl {
@@ -87,9 +87,9 @@ public:
 
     QString fileName;
     Configuration configuration;
-    QUtil::FileMark fileMark;    // what the file held when it was read or saved last
-    QUARRY::RtlNetlist *netlist; // owned
-    FileWatcher *fileWatcher;    // child
+    QUtil::FileMark fileMark;        // what the file held when it was read or saved last
+    QUARRY::RtlNetlist *netlist;     // owned
+    QUtil::FileWatcher *fileWatcher; // child
     bool modified;
     bool reloadCheckPending;  // from a change of the file until its banner is answered
     bool designChangePending; // while a design banner is shown, further events are of no interest

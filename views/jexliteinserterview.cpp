@@ -1,7 +1,7 @@
 #include "views/jexliteinserterview.h"
 
+#include "host/filewatcher.h"
 #include "views/designevents.h"
-#include "views/filewatch.h"
 #include "views/jexliteinserterviewprivate.h"
 
 namespace RTLJEX {

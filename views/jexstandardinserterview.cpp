@@ -5,12 +5,12 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include "host/filewatcher.h"
 #include "host/modal.h"
 #include "ui_jexstandardinserterview.h"
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
 #include "views/designevents.h"
-#include "views/filewatch.h"
 #include "views/jexstandardinserterviewprivate.h"
 
 namespace RTLJEX {

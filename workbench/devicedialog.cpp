@@ -7,7 +7,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "model/jex/devicetable.h"
+#include "model/jex/resourcetable.h"
 
 namespace Workbench {
 namespace {
@@ -17,22 +17,29 @@ enum Column {
     SeriesColumn,
     DeviceColumn,
     PackageColumn,
-    BlockColumn,
-    ShadowColumn,
-    RegisterColumn
+    FirstAmountColumn // one for each resource
 };
 
 QTreeWidgetItem *deviceRow(const DEV::DeviceArg &device)
 {
     auto *row = new QTreeWidgetItem({device.partNumber, device.series, device.device, device.package});
     const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device.series, device.device);
-    const int amounts[] = {known ? known->blocks : 0, known ? known->shadows : 0,
-                           known ? known->registers : 0};
-    for (int i = 0; i < 3; ++i) {
-        row->setData(BlockColumn + i, Qt::DisplayRole, amounts[i]);
-        row->setTextAlignment(BlockColumn + i, Qt::AlignRight | Qt::AlignVCenter);
+    int column = FirstAmountColumn;
+    for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
+        row->setData(column, Qt::DisplayRole, JEX_TOOL::amountOf(known, resource.code));
+        row->setTextAlignment(column++, Qt::AlignRight | Qt::AlignVCenter);
     }
     return row;
+}
+
+QStringList columnTitles()
+{
+    QStringList titles = {"Part", "Series", "Device", "Package"};
+    for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
+        const QString name = resource.amountName;
+        titles << name.left(1).toUpper() + name.mid(1);
+    }
+    return titles;
 }
 
 } // namespace
@@ -48,7 +55,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
     resize(840, 460);
     m_filter->setPlaceholderText("Filter");
     m_filter->setClearButtonEnabled(true);
-    m_tree->setHeaderLabels({"Part", "Series", "Device", "Package", "BSRAM", "SSRAM", "Registers"});
+    m_tree->setHeaderLabels(columnTitles());
     m_tree->setRootIsDecorated(false);
     m_tree->setSortingEnabled(true);
     auto *layout = new QVBoxLayout(this);

@@ -63,8 +63,7 @@ void DuplicateCore::duplicate(int number)
     // Far from those that the editor counts up, also of cores that were removed.
     copy.identity = (quint64(1) << 48) + quint64(QDateTime::currentMSecsSinceEpoch());
     state.cores << copy;
-    if (dynamic_cast<Core::ISnapshot *>(view)->restoreSnapshot(state.toBytes()))
-        view->tellStateChange(Core::StateEdited);
+    dynamic_cast<Core::ISnapshot *>(view)->restoreSnapshot(state.toBytes());
 }
 
 } // namespace Workbench

@@ -1,12 +1,10 @@
 #include "workbench/projectwatch.h"
 
-#include <QFileInfo>
-
 namespace Workbench {
 
 static const int coalescingTime = 500; // ms
 
-ProjectWatch::ProjectWatch(QObject *parent) : QObject(parent)
+ProjectWatch::ProjectWatch(QObject *parent) : QObject(parent), m_watcher(nullptr)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(coalescingTime);
@@ -14,8 +12,8 @@ ProjectWatch::ProjectWatch(QObject *parent) : QObject(parent)
         if (!m_timer.isActive())
             m_timer.start();
     };
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, note);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, note);
+    connect(&m_watcher, &QUtil::FileWatcher::fileChanged, this, note);
+    connect(&m_watcher, &QUtil::FileWatcher::fileReturned, this, note);
     connect(&m_timer, &QTimer::timeout, this, &ProjectWatch::tell);
 }
 
@@ -23,30 +21,17 @@ void ProjectWatch::follow(const QString &path)
 {
     if (path == m_path)
         return;
-    const QStringList watched = m_watcher.files() + m_watcher.directories();
-    if (!watched.isEmpty())
-        m_watcher.removePaths(watched);
+    m_watcher.forget(m_path);
     m_timer.stop();
     m_path = path;
-    watch();
+    if (!m_path.isEmpty())
+        m_watcher.await(m_path);
 }
 
 void ProjectWatch::tell()
 {
-    watch();
+    m_watcher.await(m_path);
     Q_EMIT stirred();
-}
-
-// A file that was replaced or removed is not watched any more; its folder tells when there is one again.
-void ProjectWatch::watch()
-{
-    if (m_path.isEmpty())
-        return;
-    const QString folder = QFileInfo(m_path).absolutePath();
-    if (!m_watcher.files().contains(m_path) && QFileInfo::exists(m_path))
-        m_watcher.addPath(m_path);
-    if (!m_watcher.directories().contains(folder) && QFileInfo::exists(folder))
-        m_watcher.addPath(folder);
 }
 
 } // namespace Workbench

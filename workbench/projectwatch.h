@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QFileSystemWatcher>
 #include <QTimer>
+
+#include "host/filewatcher.h"
 
 namespace Workbench {
 
@@ -21,9 +22,8 @@ Q_SIGNALS:
 
 private:
     void tell();
-    void watch();
 
-    QFileSystemWatcher m_watcher;
+    QUtil::FileWatcher m_watcher;
     QTimer m_timer;
     QString m_path;
 };

@@ -1,20 +1,22 @@
 #include "model/jex/codes.h"
 
+#include "model/jex/resourcetable.h"
+
 namespace JEX {
 
-const char *const implementationWords[] = {"BSRAM", "REG", "SSRAM"};
+using JEX_TOOL::Resource;
 
 QString implementationName(Implementation implementation)
 {
-    return implementation == NoImplementation ? QString()
-                                              : QString::fromLatin1(implementationWords[implementation]);
+    const Resource *resource = JEX_TOOL::resourceOf(implementation);
+    return resource ? QString::fromLatin1(resource->name) : QString();
 }
 
 Implementation implementationNamed(const QString &name)
 {
-    for (Implementation known : {BsramImplementation, RegImplementation, SsramImplementation}) {
-        if (name == QLatin1String(implementationWords[known])) {
-            return known;
+    for (const Resource &resource : JEX_TOOL::resources) {
+        if (name == QLatin1String(resource.name)) {
+            return resource.code;
         }
     }
     return NoImplementation;
@@ -22,8 +24,12 @@ Implementation implementationNamed(const QString &name)
 
 Implementation implementationOf(qint32 number)
 {
-    return number == RegImplementation || number == SsramImplementation ? Implementation(number)
-                                                                        : BsramImplementation;
+    for (const Resource &resource : JEX_TOOL::resources) {
+        if (number == resource.code) {
+            return resource.code;
+        }
+    }
+    return BsramImplementation;
 }
 
 } // namespace JEX

@@ -18,7 +18,8 @@ enum SampleEdge { RisingEdge = 0, FallingEdge = 1 };
 
 enum TriggerMode { DynamicTrigger = 0, StaticTrigger = 1 };
 
-// Of what a trigger or a capture is made. No record holds NoImplementation: a text can fail to name one.
+// Of what a trigger or a capture is made, see resourcetable.h. No record holds NoImplementation: a text can
+// fail to name one.
 enum Implementation {
     NoImplementation = -1,
     BsramImplementation = 0, // block memory
@@ -37,7 +38,6 @@ enum MatchFunction {
 };
 
 // "BSRAM", "REG", "SSRAM", for people and in files.
-extern const char *const implementationWords[SsramImplementation + 1];
 QString implementationName(Implementation implementation); // empty for none
 Implementation implementationNamed(const QString &name);
 // What a number in a record is taken for; block memory when it stands for none.

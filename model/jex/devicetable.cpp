@@ -1,5 +1,7 @@
 #include "model/jex/devicetable.h"
 
+#include "model/jex/resourcetable.h"
+
 namespace JEX_TOOL {
 
 namespace {
@@ -104,20 +106,8 @@ const DeviceFamily &familyOf(const Device *device)
 
 int amountOf(const Device *device, JEX::Implementation implementation)
 {
-    if (!device) {
-        return 0;
-    }
-    switch (implementation) {
-    case JEX::BsramImplementation:
-        return device->blocks;
-    case JEX::RegImplementation:
-        return device->registers;
-    case JEX::SsramImplementation:
-        return device->shadows;
-    case JEX::NoImplementation:
-        break;
-    }
-    return 0;
+    const Resource *resource = resourceOf(implementation);
+    return device && resource ? device->*resource->amount : 0;
 }
 
 const Device *findDevice(const QString &series, const QString &device)

@@ -2,6 +2,8 @@
 
 #include <climits>
 
+#include "model/jex/resourcetable.h"
+
 namespace JEX_TOOL {
 
 namespace {
@@ -9,16 +11,12 @@ namespace {
 // Null for what is not made of memories.
 const MemoryShape *shapesOf(const DeviceFamily &family, JEX::Implementation implementation)
 {
-    switch (implementation) {
-    case JEX::BsramImplementation:
-        return family.blockShapes;
-    case JEX::SsramImplementation:
-        return family.shadowShapes ? family.shadowShapes : usualFamily().shadowShapes;
-    case JEX::RegImplementation:
-    case JEX::NoImplementation:
-        break;
+    const Resource *resource = resourceOf(implementation);
+    if (!resource || !resource->shapes) {
+        return nullptr;
     }
-    return nullptr;
+    const MemoryShape *shapes = family.*resource->shapes;
+    return shapes ? shapes : usualFamily().*resource->shapes;
 }
 
 // How many memories of this shape hold `depth` words of `width` bits, when all of them are used in it.

@@ -1,5 +1,7 @@
 #include "model/jex/zubfields.h"
 
+#include "model/jex/resourcetable.h"
+
 namespace JEX {
 
 namespace {
@@ -9,10 +11,23 @@ const char *const triggerModeWords[] = {"dynamic", "static"};
 const char *const functionWords[] = {"equal", "notEqual", "less", "greater", "inRange"};
 const char *const kindWords[] = {"group", "net", "bus"};
 
+// By their numbers.
+struct ResourceWords
+{
+    const char *words[JEX_TOOL::ResourceCount] = {};
+
+    constexpr ResourceWords()
+    {
+        for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
+            words[resource.code] = resource.name;
+        }
+    }
+};
+constexpr ResourceWords resourceWords;
+
 constexpr Rule edgeRule = Rule::wordsFor<RisingEdge, FallingEdge>(edgeWords);
 constexpr Rule triggerModeRule = Rule::wordsFor<DynamicTrigger, StaticTrigger>(triggerModeWords);
-constexpr Rule implementationRule =
-    Rule::wordsFor<BsramImplementation, SsramImplementation>(implementationWords);
+constexpr Rule implementationRule = Rule::wordsFor<0, JEX_TOOL::ResourceCount - 1>(resourceWords.words);
 constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchFunctionCount - 1>(functionWords);
 constexpr Rule kindRule = Rule::wordsFor<GroupKind, BusKind>(kindWords);
 constexpr Rule portNumberRule = {Rule::Range, 0, PortCount - 1};

@@ -142,6 +142,24 @@ private Q_SLOTS:
             QCOMPARE(hexFault(line.section(' ', 0, 0), 6, "It"), line.mid(line.indexOf("It")));
     }
 
+    // The largest number of a width, and the next one.
+    void decimal()
+    {
+        const struct
+        {
+            int width;
+            const char *largest, *next;
+        } cases[] = {{1, "1", "2"},
+                     {63, "9223372036854775807", "9223372036854775808"},
+                     {64, "18446744073709551615", "18446744073709551616"}};
+        for (const auto &c : cases) {
+            QCOMPARE(formFault(c.largest, DecimalForm, c.width, "It"), QString());
+            QCOMPARE(bitsFromForm(c.largest, DecimalForm, c.width), QString(c.width, '1'));
+            QVERIFY(formFault(c.next, DecimalForm, c.width, "It")
+                        .startsWith(QString("It is larger than ") + c.largest + ','));
+        }
+    }
+
     void model()
     {
         Desk desk;

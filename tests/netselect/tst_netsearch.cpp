@@ -197,9 +197,9 @@ private Q_SLOTS:
     void anchorsInside()
     {
         m_netlist.reset(netlistFromText("top\n  a^b\n  a$b\n  ab\n"));
-        const QString patterns[][2] = {{"top/a^b", ""},          {"top/a$b", ""},
-                                       {".*a$b.*", ""},          {"^top/ab$", "top/ab"},
-                                       {"top/a\\^b", "top/a^b"}, {".*\\$.*", "top/a$b"}};
+        const QString patterns[][2] = {
+            {"top/a^b", ""},          {"top/a$b", ""},        {".*a$b.*", ""}, {"^top/ab$", "top/ab"},
+            {"top/a\\^b", "top/a^b"}, {".*\\$.*", "top/a$b"}, {".*^ab", ""},   {".*(^|x)ab", ""}};
         for (const auto &row : patterns) {
             SearchOptions options = search(row[0], m_netlist->topHierarchy);
             setSyntax(options, QRegExp::RegExp, true);

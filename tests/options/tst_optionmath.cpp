@@ -61,8 +61,11 @@ private Q_SLOTS:
             {true, 512, "BSRAM SSRAM REG", 3, "BSRAM", true},
             {true, 0, "BSRAM SSRAM REG", 2, "REG", false},
         };
+        const JEX_TOOL::Device *without = JEX_TOOL::findDevice("iCE40", "iCE40HX8K");
+        const JEX_TOOL::Device *with = JEX_TOOL::findDevice("ECP5", "LFE5U-25F");
+        QCOMPARE(implementationNames(offeredImplementations(nullptr, 0)).join(' '), QString("BSRAM REG"));
         for (const auto &row : rows) {
-            const QList<JEX::Implementation> offered = offeredImplementations(row.ssram, row.bits);
+            const auto offered = offeredImplementations(row.ssram ? with : without, row.bits);
             QCOMPARE(implementationNames(offered).join(' '), QString(row.offered));
             const JEX::Implementation current = JEX::implementationNamed(row.current);
             QCOMPARE(keepsImplementations(offered, row.count, current), row.kept);

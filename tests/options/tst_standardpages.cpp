@@ -214,7 +214,10 @@ private Q_SLOTS:
     {
         TriggerPage page;
         page.aoCore.triggerPorts[1]->signalItems = signalsFromText("s:top/clk b:top/a[0:0]{top/a[0]}");
+        page.aoCore.triggerPorts[2]->signalItems = signalsFromText("~g:group_0[0:0]{s:top/clk}");
         QTreeWidgetItem *row = page.open().ports()->topLevelItem(1);
+        const QTreeWidgetItem *gone = page.ports()->topLevelItem(2)->child(0);
+        QVERIFY2(!(gone->child(0)->flags() & Qt::ItemIsEnabled), "a member of what is invalid");
         QCOMPARE(page.ports()->topLevelItemCount(), 16);
         QCOMPARE(row->text(0), QString("Trigger Port 1"));
         QCOMPARE(QString("%1 %2").arg(row->type()).arg(row->child(1)->type()), QString("1001 1002"));

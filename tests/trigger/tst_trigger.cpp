@@ -146,8 +146,8 @@ private Q_SLOTS:
         MuExpressionDialog dialog;
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        press(&dialog, "M7");
-        press(&dialog, "Clear"); // the button that was clicked last
+        press(&dialog, "Clear");
+        press(&dialog, "NOT"); // the button that was clicked last
         for (const QChar key : keys) {
             const int code = key == '_' ? Qt::Key_Space : key == '$' ? Qt::Key_Return : Qt::Key_Backspace;
             if (QString("_$<").contains(key))
@@ -155,8 +155,24 @@ private Q_SLOTS:
             else
                 QTest::keyClick(dialog.focusWidget(), key.toLatin1());
         }
-        QTEST(dialog.currentExpression(), "expression");
+        QTEST(dialog.currentExpression().mid(1), "expression");
         QTEST(QString(dialog.result() == QDialog::Accepted ? "accepted" : ""), "result");
+    }
+
+    // A button that Tab led to is left by typing, so that a blank presses it no more.
+    void typingLeavesTheButtonWithTheFocus()
+    {
+        for (const char *keys : {"M1 &", "! "}) {
+            MuExpressionDialog dialog;
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+            QCOMPARE(dialog.currentExpression(), QString()); // nor has any the focus at first
+            dialog.findChild<QPushButton *>("btnM5")->setFocus(Qt::TabFocusReason);
+            for (const char *key = keys; *key; ++key)
+                QTest::keyClick(dialog.focusWidget(), *key);
+            QCOMPARE(dialog.currentExpression(), QString(keys).remove(' '));
+        }
     }
 
     void keysOfUnitsThatTheModeLacks()

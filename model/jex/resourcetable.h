@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QtGlobal>
+#include <limits>
+
+#include "model/jex/codes.h"
+#include "model/jex/devicetable.h"
+
+namespace JEX_TOOL {
+
+// What a static trigger takes of a resource for each expression. A table is a look-up of four match units.
+enum TriggerNeed {
+    OneEach,       // whatever the number of units
+    TablesEach,    // as many as there are tables
+    TablesAndOneEach
+};
+
+// Of what a trigger or a capture can be made: all that differs between block memory, shadow memory and
+// registers. Everyone who asks for, counts, shows or builds one walks the table.
+struct Resource
+{
+    JEX::Implementation code;
+    const char *name;       // for people and in files
+    const char *amountName; // over what a device has of it
+    const char *usageText;  // before required and available; to be translated
+    const char *one, *many; // of what is counted
+    const char *liteText;   // what the Lite page looks for in its box
+    const char *style;      // of a memory in Verilog
+    int Device::*amount;
+    const MemoryShape *DeviceFamily::*shapes; // null: it is not made of memories, each bit takes one
+    qint64 largestCapture;                    // bits; a larger one is not offered
+    TriggerNeed triggerNeed;
+    bool isAlwaysOffered;  // also for a device that has none
+    bool hasInputRegister; // for the initial data of a Lite core
+};
+
+constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
+
+// In the order in which they are offered and listed.
+constexpr Resource resources[] = {
+    {JEX::BsramImplementation, "BSRAM", "BSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "BSRAM Usage :"),
+     "memory", "memories", "BSRAM", "block", &Device::blocks, &DeviceFamily::blockShapes, anyCapture, OneEach,
+     true, true},
+    {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
+     "memory", "memories", "SSRAM", "distributed", &Device::shadows, &DeviceFamily::shadowShapes, anyCapture,
+     TablesEach, false, false},
+    {JEX::RegImplementation, "REG", "registers", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"),
+     "registers", "registers", "Logic", "registers", &Device::registers, nullptr, 512, TablesAndOneEach, true,
+     false},
+};
+enum { ResourceCount = sizeof resources / sizeof *resources };
+
+// Null for NoImplementation.
+constexpr const Resource *resourceOf(JEX::Implementation implementation)
+{
+    for (const Resource &resource : resources) {
+        if (resource.code == implementation) {
+            return &resource;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace JEX_TOOL
