@@ -175,20 +175,12 @@ void Elaborator::readDesign()
 
 void Elaborator::proceed(Verdict verdict)
 {
-    const auto end = [this](bool isWhole) {
-        if (isWhole)
-            finish();
-        warnOfRights();
-        Q_EMIT finished();
-    };
     if (verdict == Again)
-        readDesign();
-    else if (verdict == Failed)
-        end(false);
-    else if (m_vhdl)
-        m_vhdl->finishTrees([end](bool) { end(true); });
-    else
-        end(true);
+        return readDesign();
+    if (verdict == Done)
+        finish();
+    warnOfRights();
+    Q_EMIT finished();
 }
 
 void Elaborator::judge(const ToolResult &result)
@@ -355,7 +347,8 @@ void Elaborator::finish()
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
-        options.vhdlTrees = m_vhdl->treeFiles();
+        options.vhdlSources = m_vhdl->sources();
+        options.vhdlRoots = m_vhdl->rootLibraries();
         options.choices = m_vhdl->choices();
         options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);

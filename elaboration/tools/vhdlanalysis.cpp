@@ -95,6 +95,8 @@ void VhdlAnalysis::scan()
         m_used += file.scan.instantiated;
         m_mentionsForeign = m_mentionsForeign || file.scan.mentionsForeign;
         m_mentionsComposites = m_mentionsComposites || file.scan.mentionsComposites;
+        m_mentionsLoops = m_mentionsLoops || file.scan.mentionsLoops;
+        m_instances += file.scan.instances;
     }
 }
 

@@ -50,6 +50,8 @@ public:
     const VhdlUnit *unitAt(const QString &file, int line) const;
     bool mentionsForeign() const { return m_mentionsForeign; }
     bool mentionsComposites() const { return m_mentionsComposites; }
+    bool mentionsLoops() const { return m_mentionsLoops; }
+    int instanceCount() const { return m_instances; } // in all sources, where there are no loops
 
     const QSet<QString> &hollow() const { return m_hollow; }     // entities of which only the ports are known
     const QSet<QString> &lost() const { return m_lost; }         // those, and others of which nothing is
@@ -102,6 +104,8 @@ private:
     QSet<QString> m_missing; // entities that were left out
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
+    bool m_mentionsLoops = false;
+    int m_instances = 0;
     QStringList m_assumed; // the tool's words about what was supplied
     QStringList m_messages;
 };

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+#include "elaboration/reading/vhdlplaces.h"
 #include "elaboration/tools/designdump.h"
 #include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolrunner.h"
@@ -47,9 +48,8 @@ public:
     QStringList refusals() const;                               // why
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
-    // Goes on when treeFiles() are complete; false when GHDL could not read all.
-    void finishTrees(const std::function<void(bool)> &then) const;
-    QStringList treeFiles() const { return m_trees; } // see ReadOptions::vhdlTrees
+    QList<VhdlSourceFile> sources() const;                           // see ReadOptions::vhdlSources
+    QMap<QString, QString> rootLibraries() const;                    // see ReadOptions::vhdlRoots
     QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
     const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices
@@ -65,7 +65,6 @@ private:
     };
     typedef std::function<void(bool)> Then;
 
-    void startTrees();
     void translateRoots(const Then &then);
     // One after the other; then false when one that is not optional was refused.
     void translate(QList<Wanted> wanted, bool areOptional, const Then &then);
@@ -82,8 +81,11 @@ private:
                           const Then &then);
     ToolCall synthesis(const Wanted &wanted) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
-    void simulate(const Wanted &wanted, const std::function<void()> &then);
-    void judgeForeign(bool areTreesWhole);
+    bool mayStart() const;
+    void startSimulation(const Wanted &wanted);
+    void takeSimulation(const Wanted &wanted, const std::function<void()> &then);
+    void judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then);
+    void forbidRun(const QString &place);
     QString realPlace(const QString &place) const;
     QStringList roots() const;
     bool isVhdl(const DesignDump &dump, const DumpCell &cell) const; // what instantiates it
@@ -103,12 +105,12 @@ private:
     VhdlAnalysis m_analysis;
     QHash<QString, QString> m_modules; // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
+    QString m_waveform; // that is being written; empty: none
     int m_simulations = 0;
     bool m_isStarted = false; // the last simulation reached its first moment
     bool m_didToolFail = false;
     bool m_mayRun = true;
     bool m_isForeignJudged = false;
-    QStringList m_trees; // files, one for each library
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;

@@ -33,8 +33,10 @@ struct VhdlScan
     QSet<QString> instantiated;               // entities and components
     QHash<QString, QSet<QString>> within;     // the same by the entity whose architecture has them
     QHash<QString, VhdlGenericList> generics; // of entities
-    bool mentionsForeign = false;
-    bool mentionsComposites = false; // types that a VCD cannot hold
+    int instances = 0;                        // statements
+    bool mentionsLoops = false;               // of instances
+    bool mentionsForeign = false;             // anywhere, and be it in a comment
+    bool mentionsComposites = false;          // types that a VCD cannot hold
 };
 
 VhdlScan scanVhdl(const QByteArray &text);
