@@ -31,8 +31,8 @@ struct ReadOptions
                                        // GHDL's waveform file of it (see readVhdlScopes); without one it is
                                        // shown as GHDL made it
     QList<VhdlSourceFile> vhdlSources; // all, in the order in which GHDL read them
-    QMap<QString, QString>
-        vhdlRoots; // entities in small letters that no VHDL instantiates -> their libraries
+    // A module that a tool made of VHDL -> the library of its entity, where the name does not tell it.
+    QMap<QString, QString> vhdlLibraries;
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it, in slices

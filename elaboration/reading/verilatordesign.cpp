@@ -178,7 +178,7 @@ const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
 
 const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module) const
 {
-    const QString library = m_options.vhdlRoots.value(module.name.toLower());
+    const QString library = m_options.vhdlLibraries.value(module.toolName);
     return isGenerated(module) ? m_vhdlPlaces.of(library, module.name, QString()) : nullptr;
 }
 

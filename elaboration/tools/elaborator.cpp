@@ -348,7 +348,7 @@ void Elaborator::finish()
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
         options.vhdlSources = m_vhdl->sources();
-        options.vhdlRoots = m_vhdl->rootLibraries();
+        options.vhdlLibraries = m_vhdl->libraries();
         options.choices = m_vhdl->choices();
         options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);

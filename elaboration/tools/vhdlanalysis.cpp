@@ -86,8 +86,13 @@ void VhdlAnalysis::scan()
     for (const VhdlFile &file : m_files) {
         for (const VhdlUnit &unit : file.scan.units) {
             const QString name = unit.name.toLower();
-            if (unit.kind != VhdlUnit::Entity || m_entities.contains(name))
+            if (unit.kind != VhdlUnit::Entity)
                 continue;
+            if (m_entities.contains(name)) {
+                if (!m_libraries.value(file.path).contains(m_libraryOf.value(name)))
+                    m_twins.insert(name);
+                continue;
+            }
             m_entityOrder.append(name);
             m_entities.insert(name, unit.name);
             m_libraryOf.insert(name, m_libraries.value(file.path).first());
@@ -362,6 +367,25 @@ ToolMessage VhdlAnalysis::placed(ToolMessage message) const
 {
     message.file = realFile(message, m_names, m_scratch.path());
     return message;
+}
+
+GhdlNames VhdlAnalysis::names() const
+{
+    GhdlNames names;
+    names.entities = m_entities;
+    names.hollow = m_hollow;
+    names.undriven = m_undriven;
+    names.twins = m_twins;
+    for (const VhdlFile &file : m_files) {
+        // GHDL names a file in the folder that it works in without the folder.
+        const QString path = handedOver(file.path);
+        const bool isInside = path.startsWith(m_scratch.path() + QLatin1Char('/'));
+        const QString given = isInside ? QFileInfo(path).fileName() : path;
+        names.libraries.insert(given, m_libraries.value(file.path).value(0));
+        for (auto target = file.scan.targets.begin(); target != file.scan.targets.end(); ++target)
+            names.targets.insert(given + QLatin1Char(':') + QString::number(target.key()), target.value());
+    }
+    return names;
 }
 
 VhdlGenericList VhdlAnalysis::genericsOf(const QString &entity) const

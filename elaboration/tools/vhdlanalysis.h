@@ -9,6 +9,7 @@
 
 #include <functional>
 
+#include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolmessages.h"
 #include "elaboration/tools/toolrunner.h"
 #include "elaboration/tools/vhdllibraries.h"
@@ -46,6 +47,7 @@ public:
     VhdlGenericList genericsOf(const QString &entity) const;
     QStringList
     below(const QString &entity) const; // entities it needs, each behind those that it needs itself
+    GhdlNames names() const;            // what the translation must know
     // The unit at that place; null when there is none.
     const VhdlUnit *unitAt(const QString &file, int line) const;
     bool mentionsForeign() const { return m_mentionsForeign; }
@@ -53,9 +55,10 @@ public:
     bool mentionsLoops() const { return m_mentionsLoops; }
     int instanceCount() const { return m_instances; } // in all sources, where there are no loops
 
-    const QSet<QString> &hollow() const { return m_hollow; }     // entities of which only the ports are known
-    const QSet<QString> &lost() const { return m_lost; }         // those, and others of which nothing is
-    const QSet<QString> &undriven() const { return m_undriven; } // signals that black boxes may drive
+    const QSet<QString> &lost() const
+    {
+        return m_lost;
+    } // entities of which nothing, or only the ports are known
 
     int fileCount() const { return m_files.size(); }
     QList<VhdlBatch> byLibrary() const;            // all files as GHDL gets them, each once and in its order
@@ -100,7 +103,10 @@ private:
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;
     QSet<QString> m_used;
-    QSet<QString> m_hollow, m_lost, m_undriven;
+    QSet<QString> m_hollow;   // entities of which only the ports are known
+    QSet<QString> m_undriven; // signals that black boxes may drive
+    QSet<QString> m_lost;
+    QSet<QString> m_twins;   // entities of several libraries
     QSet<QString> m_missing; // entities that were left out
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;

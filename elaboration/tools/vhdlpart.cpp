@@ -160,11 +160,9 @@ ToolCall VhdlPart::synthesis(const Wanted &wanted) const
 void VhdlPart::translateOne(const Wanted &wanted, bool isOptional, const Then &then)
 {
     m_runner.run(synthesis(wanted), [=](const ToolResult &result) {
-        GhdlNames names;
-        names.entities = m_analysis.entities();
+        GhdlNames names = m_analysis.names();
         names.components = unboundComponents(result.errors);
-        names.hollow = m_analysis.hollow() + m_hollow;
-        names.undriven = m_analysis.undriven();
+        names.hollow += m_hollow;
         QFile output(m_scratch.file(QLatin1String("entity.v")));
         const bool isRead = result.isGood() && output.open(QIODevice::ReadOnly);
         m_verilog.start(isRead ? output.readAll() : QByteArray(), names, wanted.module);
@@ -423,11 +421,11 @@ QList<VhdlSourceFile> VhdlPart::sources() const
     return result;
 }
 
-QMap<QString, QString> VhdlPart::rootLibraries() const
+QMap<QString, QString> VhdlPart::libraries() const
 {
-    QMap<QString, QString> libraries;
-    for (const QString &entity : m_modules.keys())
-        libraries.insert(entity, m_analysis.libraryOf(entity));
+    QMap<QString, QString> libraries = m_verilog.libraries();
+    for (auto root = m_modules.begin(); root != m_modules.end(); ++root)
+        libraries.insert(root.value(), m_analysis.libraryOf(root.key()));
     return libraries;
 }
 

@@ -49,7 +49,7 @@ public:
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
     QList<VhdlSourceFile> sources() const;                           // see ReadOptions::vhdlSources
-    QMap<QString, QString> rootLibraries() const;                    // see ReadOptions::vhdlRoots
+    QMap<QString, QString> libraries() const;                        // see ReadOptions::vhdlLibraries
     QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
     const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices

@@ -122,6 +122,8 @@ private:
             (at(target + 1).is("generic") || at(target + 1).is("port")) && at(target + 2).is("map");
         if (!at(target).isName() || !(isSure || isMapped))
             return;
+        if (at(i + 1).is("entity") && target > i + 2 && !at(i + 2).is("work"))
+            m_scan.targets.insert(at(i - 1).line, name(i + 2));
         ++m_scan.instances;
         m_scan.instantiated.insert(name(target));
         if (!m_scan.units.isEmpty())

@@ -33,6 +33,7 @@ struct VhdlScan
     QSet<QString> instantiated;               // entities and components
     QHash<QString, QSet<QString>> within;     // the same by the entity whose architecture has them
     QHash<QString, VhdlGenericList> generics; // of entities
+    QHash<int, QString> targets;              // libraries of "label : entity lib.unit", by line of the label
     int instances = 0;                        // statements
     bool mentionsLoops = false;               // of instances
     bool mentionsForeign = false;             // anywhere, and be it in a comment
