@@ -161,7 +161,10 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
         return module;
     const pugi::xml_node chosen =
         module->node.find_node([](const pugi::xml_node &node) { return is(node, "instance"); });
-    return chosen ? this->module(chosen.attribute("defName").value()) : module;
+    if (chosen)
+        return this->module(chosen.attribute("defName").value());
+    module->isBlackBox = true; // nothing could be made for these values
+    return module;
 }
 
 const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)

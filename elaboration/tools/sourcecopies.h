@@ -67,7 +67,7 @@ private:
     QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
     QHash<int, QSet<QString>> m_spared;
     QStringList m_encrypted;
-    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark;
+    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates;
 };
 
 } // namespace QUARRY

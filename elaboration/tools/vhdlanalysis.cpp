@@ -388,13 +388,22 @@ GhdlNames VhdlAnalysis::names() const
     return names;
 }
 
+// With types that are none of the project's own where these are subtypes of such.
 VhdlGenericList VhdlAnalysis::genericsOf(const QString &entity) const
 {
+    VhdlGenericList generics;
+    QHash<QString, QString> subtypes;
     for (const VhdlFile &file : m_files) {
-        if (file.scan.generics.contains(entity))
-            return file.scan.generics.value(entity);
+        if (generics.isEmpty())
+            generics = file.scan.generics.value(entity);
+        subtypes.unite(file.scan.subtypes);
     }
-    return VhdlGenericList();
+    const int mostSteps = 100; // one may be called like what it is a subtype of
+    for (QPair<QString, QString> &generic : generics) {
+        for (int i = 0; i < mostSteps && subtypes.contains(generic.second); ++i)
+            generic.second = subtypes.value(generic.second);
+    }
+    return generics;
 }
 
 QStringList VhdlAnalysis::below(const QString &entity) const

@@ -21,6 +21,7 @@ public:
         for (int i = 0; i < m_words.count(); ++i) {
             takeUnit(i);
             takeClause(i);
+            takeSubtype(i);
             takeInstance(i);
             const VhdlWord &word = at(i);
             if (word.is("end"))
@@ -84,7 +85,7 @@ private:
             if (depth == 0)
                 return;
             if (at(i).is(":")) {
-                const QString type = name(at(i + 1).is("in") ? i + 2 : i + 1);
+                const QString type = lastName(at(i + 1).is("in") ? i + 2 : i + 1);
                 for (const QString &known : names)
                     m_scan.generics[entity].append(qMakePair(known, type));
                 names.clear();
@@ -93,6 +94,20 @@ private:
                     names.append(name(at(i + 1).is("constant") ? i + 2 : i + 1));
             }
         }
+    }
+
+    // "type" of "lib.package.type"
+    QString lastName(int i) const
+    {
+        while (at(i + 1).is(".") && at(i + 2).isName())
+            i += 2;
+        return name(i);
+    }
+
+    void takeSubtype(int i)
+    {
+        if (at(i).is("subtype") && at(i + 2).is("is"))
+            m_scan.subtypes.insert(name(i + 1), lastName(i + 3));
     }
 
     void takeClause(int i)

@@ -21,7 +21,7 @@ struct VhdlUnit
     int line = 0; // of the name, from 1
 };
 
-// The generics of an entity in their order: names in lower case, each with the first word of its type.
+// The generics of an entity in their order: names in lower case, each with the last name of its type.
 typedef QList<QPair<QString, QString>> VhdlGenericList;
 
 // What the words of a VHDL file say, without its grammar. Names in lower case unless said otherwise.
@@ -33,6 +33,7 @@ struct VhdlScan
     QSet<QString> instantiated;               // entities and components
     QHash<QString, QSet<QString>> within;     // the same by the entity whose architecture has them
     QHash<QString, VhdlGenericList> generics; // of entities
+    QHash<QString, QString> subtypes;         // to the last name of what each is a subtype of
     QHash<int, QString> targets;              // libraries of "label : entity lib.unit", by line of the label
     int instances = 0;                        // statements
     bool mentionsLoops = false;               // of instances
