@@ -141,13 +141,33 @@ void VhdlAnalysis::repeat(const QString &folder, const ToolRunner::Then &then)
     runBatches(0, folder, then);
 }
 
+void VhdlAnalysis::repeatWith(const QString &entity, const QMap<QString, QByteArray> &defaults,
+                              const QString &folder, const ToolRunner::Then &then)
+{
+    for (const VhdlFile &file : m_files) {
+        if (!file.scan.generics.contains(entity))
+            continue;
+        QByteArray text = textOf(file.path);
+        for (auto value = defaults.begin(); value != defaults.end(); ++value)
+            setVhdlDefault(text, entity, value.key(), value.value());
+        const QString name = QString::fromLatin1("defaults%1.vhd").arg(++m_repairs);
+        m_scratch.write(name, text);
+        m_replaced.insert(file.path, m_scratch.file(name));
+        break;
+    }
+    repeat(folder, [=](const ToolResult &result) {
+        m_replaced.clear();
+        then(result);
+    });
+}
+
 void VhdlAnalysis::runBatches(int first, const QString &folder, const ToolRunner::Then &then)
 {
     if (first == m_batches.size())
         return then(ToolResult());
     QStringList arguments(QLatin1String("-a"));
     for (const QString &file : m_batches.at(first).files)
-        arguments << handedOver(file);
+        arguments << m_replaced.value(file, handedOver(file));
     m_runner.run(call(arguments, m_batches.at(first).library, folder), [=](const ToolResult &result) {
         if (!result.isGood())
             return then(result);

@@ -33,6 +33,9 @@ public:
     void run(const ToolRunner::Then &then);
     // Reads the sources once more, into that folder.
     void repeat(const QString &folder, const ToolRunner::Then &then);
+    // The same with other default values of that entity's generics: by name, as expressions.
+    void repeatWith(const QString &entity, const QMap<QString, QByteArray> &defaults, const QString &folder,
+                    const ToolRunner::Then &then);
     // Gives those entities architectures without anything in them, in that folder only.
     void hollowOut(const QSet<QString> &entities, const QString &folder, const ToolRunner::Then &then);
 
@@ -96,9 +99,10 @@ private:
     int m_batch = 0; // the next one
     bool m_isOrdered = false;
     int m_repairs = 0;
-    QStringList m_made;       // files of empty packages and black boxes
-    QSet<QString> m_supplied; // "library.package" that they hold
-    QSet<QString> m_edited;   // files that GHDL reads as copies
+    QStringList m_made;                 // files of empty packages and black boxes
+    QSet<QString> m_supplied;           // "library.package" that they hold
+    QHash<QString, QString> m_replaced; // files by others in what is repeated
+    QSet<QString> m_edited;             // files that GHDL reads as copies
     QHash<QString, QString> m_entities;
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;

@@ -11,8 +11,7 @@ namespace {
 class CaseGenerates
 {
 public:
-    explicit CaseGenerates(const QByteArray &text)
-        : m_text(withoutComments(text, VhdlSource)), m_words(text)
+    explicit CaseGenerates(const QByteArray &text) : m_text(withoutComments(text, VhdlSource)), m_words(text)
     {
     }
 
@@ -78,10 +77,10 @@ private:
         m_at = last;
     }
 
-    // The text of the words from `first` to before `end`.
+    // The text of the words from `first` to before `end`, with strings, which are none.
     QByteArray textOf(int first, int end) const
     {
-        const int begin = m_words.at(first).at;
+        const int begin = m_words.at(first - 1).end();
         return m_text.mid(begin, m_words.at(end).at - begin).simplified();
     }
 
@@ -116,7 +115,8 @@ private:
         const QByteArray word = isElse ? "else " : statement.anyAlternative ? "elsif " : "if ";
         statement.anyAlternative = true;
         condition = isElse ? QByteArray() : condition + ' ';
-        m_edits.push_back({m_words.at(first).at, m_words.at(++m_at).end(), word + label + condition + "generate"});
+        m_edits.push_back(
+            {m_words.at(first).at, m_words.at(++m_at).end(), word + label + condition + "generate"});
     }
 
     QByteArray test(const Statement &statement, int first, int direction, int end) const

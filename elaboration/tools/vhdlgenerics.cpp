@@ -80,13 +80,18 @@ QString argumentOf(const QString &constant, const QString &type)
         return bits.isEmpty() ? QString() : QLatin1Char('\'') + bits.right(1) + QLatin1Char('\'');
     if (type == QLatin1String("bit_vector"))
         return isTwoValued(bits) ? bits : QString();
-    if (type.endsWith(QLatin1String("vector")) || type.endsWith(QLatin1String("signed")) ||
-        type.endsWith(QLatin1String("fixed")))
+    if (isVhdlVector(type))
         return bits;
     return integerOf(constant);
 }
 
 } // namespace
+
+bool isVhdlVector(const QString &type)
+{
+    return type.endsWith(QLatin1String("vector")) || type.endsWith(QLatin1String("signed")) ||
+           type.endsWith(QLatin1String("fixed"));
+}
 
 QString VhdlGenericSet::condition(const QStringList &parameters) const
 {

@@ -124,8 +124,9 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
     const Wanted next = wanted.takeFirst();
     m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_analysis.entities().value(next.entity));
     // What it is to write is known at once where the sources say how much there is.
-    if (mayStart() && (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
-        startSimulation(next);
+    if (mayStart() && vectorsOf(next).isEmpty() &&
+        (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
+        startSimulation(next, m_scratch.path());
     translateOne(next, areOptional, [=](bool isUsable) {
         const auto others = [=] { translate(wanted, areOptional, then); };
         if (!isUsable || m_verilog.lastModule().isEmpty()) {
@@ -315,11 +316,7 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
 // moment of a simulation has them all. Without it, for whatever reason, the translation is shown as it is.
 void VhdlPart::recordScopes(const Wanted &wanted, const std::function<void()> &then)
 {
-    const auto record = [=] {
-        if (m_waveform.isEmpty() && mayStart())
-            startSimulation(wanted);
-        takeSimulation(wanted, then);
-    };
+    const auto record = [=] { simulate(wanted, then); };
     if (!m_analysis.mentionsForeign() || m_isForeignJudged)
         return record();
     m_isForeignJudged = true;
@@ -372,7 +369,39 @@ QString VhdlPart::realPlace(const QString &place) const
            place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
 }
 
-void VhdlPart::startSimulation(const Wanted &wanted)
+// What GHDL takes for a generic when it translates, but not when it runs: bits, as VHDL writes them.
+QMap<QString, QByteArray> VhdlPart::vectorsOf(const Wanted &wanted) const
+{
+    const QRegExp bits(QLatin1String("[01UXZWLH-]+"));
+    QMap<QString, QByteArray> vectors;
+    for (const QPair<QString, QString> &generic : m_analysis.genericsOf(wanted.entity)) {
+        for (const QString &given : wanted.generics) {
+            const QString value = given.section(QLatin1Char('='), 1);
+            if (isVhdlVector(generic.second) && bits.exactMatch(value) &&
+                given.section(QLatin1Char('='), 0, 0).toLower() == generic.first)
+                vectors.insert(generic.first, '"' + value.toLatin1() + '"');
+        }
+    }
+    return vectors;
+}
+
+void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
+{
+    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
+    if (!m_waveform.isEmpty() || !mayStart() || vectors.isEmpty()) {
+        if (m_waveform.isEmpty() && mayStart())
+            startSimulation(wanted, m_scratch.path());
+        return takeSimulation(wanted, then);
+    }
+    const QString folder = m_scratch.file(QLatin1String("simulation") + QString::number(m_simulations));
+    m_analysis.repeatWith(wanted.entity, vectors, folder, [=](const ToolResult &result) {
+        if (result.isGood())
+            startSimulation(wanted, folder);
+        takeSimulation(wanted, then);
+    });
+}
+
+void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
 {
     // The wave file knows all types, and takes time that grows with the square of the instances.
     const int instances = m_analysis.mentionsLoops() ? m_verilog.instanceCount() : m_analysis.instanceCount();
@@ -380,11 +409,14 @@ void VhdlPart::startSimulation(const Wanted &wanted)
     m_waveform = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
                                 QLatin1String(isWave ? ".ghw" : ".vcd"));
     QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
-    for (const QString &generic : wanted.generics)
-        arguments << QLatin1String("-g") + generic;
+    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
+    for (const QString &generic : wanted.generics) {
+        if (!vectors.contains(generic.section(QLatin1Char('='), 0, 0).toLower()))
+            arguments << QLatin1String("-g") + generic;
+    }
     arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
               << QLatin1String(isWave ? "--wave=" : "--vcd=") + m_waveform;
-    ToolCall simulation = m_analysis.call(arguments, wanted.entity);
+    ToolCall simulation = m_analysis.call(arguments, m_analysis.libraryOf(wanted.entity), folder);
     simulation.subject =
         QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));

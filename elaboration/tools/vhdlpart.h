@@ -82,7 +82,9 @@ private:
     ToolCall synthesis(const Wanted &wanted) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
     bool mayStart() const;
-    void startSimulation(const Wanted &wanted);
+    QMap<QString, QByteArray> vectorsOf(const Wanted &wanted) const;
+    void startSimulation(const Wanted &wanted, const QString &folder);
+    void simulate(const Wanted &wanted, const std::function<void()> &then);
     void takeSimulation(const Wanted &wanted, const std::function<void()> &then);
     void judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then);
     void forbidRun(const QString &place);

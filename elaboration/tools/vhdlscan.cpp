@@ -186,6 +186,36 @@ bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance)
     return true;
 }
 
+bool setVhdlDefault(QByteArray &text, const QString &entity, const QString &generic, const QByteArray &value)
+{
+    const VhdlWords words(text);
+    int i = 0;
+    while (i < words.count() && !(words.at(i).is("entity") && words.name(i + 1) == entity &&
+                                  words.at(i + 2).is("is") && words.at(i + 3).is("generic")))
+        ++i;
+    // Behind "(" or ";", and in front of ":".
+    for (i += 4; i < words.count() && !words.at(i).is("port") && !words.at(i).is("end"); ++i) {
+        const int name = words.at(i + 1).is("constant") ? i + 2 : i + 1;
+        if ((words.at(i).is("(") || words.at(i).is(";")) && words.name(name) == generic &&
+            words.at(name + 1).is(":"))
+            break;
+    }
+    if (i >= words.count() || !(words.at(i).is("(") || words.at(i).is(";")))
+        return false;
+    int begin = 0;
+    int depth = 0;
+    for (++i; i < words.count() && depth >= 0 && !(depth == 0 && words.at(i).is(";")); ++i) {
+        depth += words.at(i).is("(") ? 1 : words.at(i).is(")") ? -1 : 0;
+        if (words.at(i).is(":") && words.at(i + 1).is("="))
+            begin = words.at(i).at;
+    }
+    const int last = depth < 0 ? i - 1 : i; // the parenthesis that closes the list, or the semicolon
+    if (last >= words.count())
+        return false;
+    replaceKeepingLines(text, begin ? begin : words.at(last).at, words.at(last).at, ":= " + value);
+    return true;
+}
+
 void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by)
 {
     const QByteArray lines(text.mid(begin, end - begin).count('\n'), '\n');

@@ -54,6 +54,10 @@ struct VhdlInstance
 };
 bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
 
+// Gives a generic of that entity another default value, an expression, as far as it is declared by itself;
+// false when it is not. Names in lower case. Lines stay what they are.
+bool setVhdlDefault(QByteArray &text, const QString &entity, const QString &generic, const QByteArray &value);
+
 // Puts other words in the place of those from `begin` to `end`; lines stay what they are.
 void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by);
 

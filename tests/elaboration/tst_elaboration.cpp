@@ -342,6 +342,17 @@ void mixedRows()
         "v:v x\nv/a:m x\nv/a/u:L a q[2:0] s[1:3]\nv/a/w:L a! q[1:0] s[1:2]\nv/a/w/g:g t\n"
         "v/b:m x\nv/b/u:L a q[1:0] s[1:3]\nv/b/w:L a! q[0:0] s[1:2]\nv/b/w/g:g t\n"
         "v/p:L a q[3:0] s[1:2]\nv/r:L a q[1:0] s[1:2]");
+    row("generics of Verilog that VHDL spells its own way", "",
+        "== p.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
+        "package p is subtype word is std_logic_vector(2 downto 0); subtype small is natural range 0 to 9; "
+        "end;\n"
+        "== l.vhd\nlibrary ieee; use ieee.std_logic_1164.all; use work.p.all;\n"
+        "entity l is generic (V : work.p.word; N : small; S : string := \"ab\");\n"
+        "port (a : in std_logic); end;\narchitecture r of l is begin\n"
+        "g : if V(2) = '0' and V(1) = 'X' generate signal s : std_logic_vector(N downto 0); begin "
+        "s <= (others => a); end generate; end;\n"
+        "== v.v\nmodule v(input x); l #(.V(3'b0x1), .N(4)) u(x); l #(.V(3'b111), .N(2)) w(x); endmodule\n",
+        "top v\nmodules l v", "v:v x\nv/u:l a\nv/u/g:g s[4:0]\nv/w:l a");
     row("VHDL in Verilog in VHDL, in a library", "",
         "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
         "architecture a of top is component mid is port (a : in w_t); end component; begin "
@@ -419,6 +430,37 @@ private Q_SLOTS:
         const QString found = listed(input);
         QVERIFY2(fits(found, lists), qPrintable("\nfound:\n" + found + "\nexpected:\n" + lists));
         QCOMPARE(built(input), design);
+    }
+
+    // GHDL gives both the same name.
+    void tellsEntitiesOfLibrariesApart()
+    {
+        m_sources->write("a.vhd", "entity Sub is port (c : in bit; q : out bit_vector(3 downto 0)); end;\n"
+                                  "architecture r of Sub is signal Alpha : bit; begin Alpha <= c;\n"
+                                  "q <= (others => Alpha); end;\n");
+        m_sources->write("b.vhd", "\nentity Sub is port (c : in bit; q : out bit_vector(4 downto 0)); end;\n"
+                                  "architecture r of Sub is\nsignal Beta : bit; begin Beta <= c;\n"
+                                  "q <= (others => Beta); end;\n");
+        m_sources->write("mid.vhd",
+                         "entity mid is port (c : in bit; q : out bit_vector(4 downto 0)); end;\n"
+                         "architecture r of mid is begin\nu : entity work.sub port map (c, q); end;\n");
+        m_sources->write("top.vhd",
+                         "library la, lb;\nentity top is port (c : in bit;\n"
+                         "  q, r : out bit_vector(4 downto 0)); end;\narchitecture r of top is begin\n"
+                         "m : entity lb.mid port map (c, r);\n"
+                         "u : entity la.sub port map (c, q(3 downto 0)); q(4) <= c; end;\n");
+        DesignInput input = m_sources->input({"a.vhd", "b.vhd", "mid.vhd", "top.vhd"});
+        const char *const names[] = {"la", "lb", "lb", "work"};
+        for (int i = 0; i < input.files.size(); ++i)
+            input.files[i].library = names[i];
+        QStringList messages;
+        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
+        QCOMPARE(messages, QStringList());
+        QCOMPARE(drawn(netlist.get()).join('\n'),
+                 QString("top:top c q[4:0] r[4:0]\ntop/m:mid c q[4:0]\ntop/m/u:Sub c Beta q[4:0]\n"
+                         "top/u:Sub c Alpha q[3:0]"));
+        QCOMPARE(netlist->findNet("top/u/Alpha")->declaration().file, path("a.vhd"));
+        QCOMPARE(netlist->findNet("top/m/u/Beta")->declaration().line, 4);
     }
 
     void refusesUtf16()
