@@ -145,7 +145,7 @@ void Elaborator::readVhdl()
         anyVhdl = anyVhdl || source.type == TE::VhdlFile;
     if (!anyVhdl)
         return readDesign();
-    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_runner));
+    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_copies, m_runner));
     m_vhdl->prepare([this](bool isUsable) {
         m_result->lists.messages += m_vhdl->takeMessages();
         const QString top = m_vhdl->moduleOf(m_input.top);

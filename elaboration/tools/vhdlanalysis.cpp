@@ -9,23 +9,15 @@
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourcecopies.h"
 #include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
-#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
 
 const char followUp[] = "entity '(\\w+)' was not analysed";
 const int maxRepairs = 200; // each changes something
-
-QByteArray contentOf(const QString &path)
-{
-    QByteArray text;
-    QString reason;
-    QUtil::readRegularFile(path, 512 * QUtil::MiB, &text, &reason);
-    return text;
-}
 
 // Of 'cannot find resource library "unisim"' and the like.
 QString quoted(const QString &text, const char *pattern, int which = 1)
@@ -37,8 +29,8 @@ QString quoted(const QString &text, const char *pattern, int which = 1)
 } // namespace
 
 VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
-                           ToolRunner &runner)
-    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
+                           SourceCopies &copies, ToolRunner &runner)
+    : m_input(input), m_scratch(scratch), m_names(names), m_copies(copies), m_runner(runner)
 {
 }
 
@@ -79,7 +71,7 @@ void VhdlAnalysis::scan()
     for (const DesignSource &source : m_input.files) {
         if (source.type != TE::VhdlFile)
             continue;
-        m_files.append({source.path, source.library, scanVhdl(textOf(source.path))});
+        m_files.append({source.path, source.library, scanVhdl(m_copies.textOf(source.path))});
         m_order.append(source.path);
     }
     m_libraries = vhdlLibraries(m_files);
@@ -147,7 +139,7 @@ void VhdlAnalysis::repeatWith(const QString &entity, const QMap<QString, QByteAr
     for (const VhdlFile &file : m_files) {
         if (!file.scan.generics.contains(entity))
             continue;
-        QByteArray text = textOf(file.path);
+        QByteArray text = m_copies.textOf(file.path);
         for (auto value = defaults.begin(); value != defaults.end(); ++value)
             setVhdlDefault(text, entity, value.key(), value.value());
         const QString name = QString::fromLatin1("defaults%1.vhd").arg(++m_repairs);
@@ -248,7 +240,7 @@ bool VhdlAnalysis::supplyPackage(const QString &library, const QString &name, co
 // By an instance of a component without ports, whose types nobody knows.
 bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &message)
 {
-    QByteArray text = textOf(message.file);
+    QByteArray text = m_copies.textOf(message.file);
     VhdlInstance instance;
     if (!findVhdlInstance(text, ghdlOffset(text, message.line, message.column), instance) ||
         instance.name.startsWith(QLatin1Char('\\')))
@@ -257,7 +249,7 @@ bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &me
     const QByteArray package = "jex_box_" + name;
     supplyPackage(library, QString::fromLatin1(package), "component " + name + " is end component;");
     replaceKeepingLines(text, instance.begin, instance.end, ": component work." + package + '.' + name + ' ');
-    write(message.file, text);
+    m_copies.replace(message.file, text);
     m_undriven += instance.words;
     return true;
 }
@@ -280,7 +272,7 @@ bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
 
 bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
 {
-    QByteArray text = textOf(file);
+    QByteArray text = m_copies.textOf(file);
     const QList<VhdlUnit> units = scanVhdl(text).units;
     QMap<int, QPair<int, QByteArray>> edits; // from where, to where and by what
     for (const ToolMessage &error : errors) {
@@ -303,7 +295,7 @@ bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &err
         replaceKeepingLines(text, edit.key(), edit->first, edit->second);
     }
     if (!edits.isEmpty())
-        write(file, text);
+        m_copies.replace(file, text);
     return !edits.isEmpty();
 }
 
@@ -363,24 +355,6 @@ QMap<QString, QString> VhdlAnalysis::fileNames() const
             names.insert(handedOver(file), file);
     }
     return names;
-}
-
-// As GHDL gets it.
-QByteArray VhdlAnalysis::textOf(const QString &file) const
-{
-    return contentOf(handedOver(file));
-}
-
-void VhdlAnalysis::write(const QString &file, const QByteArray &text)
-{
-    const QString target = QFileInfo(handedOver(file)).symLinkTarget();
-    QString copy = target;
-    if (!target.startsWith(m_scratch.path())) {
-        copy = m_scratch.file(QString::fromLatin1("repaired%1.vhd").arg(m_edited.size()));
-        m_names.setCopy(file, copy);
-    }
-    m_edited.insert(file);
-    m_scratch.write(QFileInfo(copy).fileName(), text);
 }
 
 ToolMessage VhdlAnalysis::placed(ToolMessage message) const

@@ -19,6 +19,7 @@ namespace QUARRY {
 struct DesignInput;
 class SafeNames;
 class ScratchDir;
+class SourceCopies;
 
 // Lets GHDL read all VHDL sources into their libraries. What it refuses is repaired and read again: files are
 // put behind what they use; libraries and packages that no file has become empty ones; instances of what is
@@ -27,7 +28,8 @@ class ScratchDir;
 class VhdlAnalysis
 {
 public:
-    VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
+    VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, SourceCopies &copies,
+                 ToolRunner &runner);
 
     // Then the last result of the tool: a good one when the libraries can be used.
     void run(const ToolRunner::Then &then);
@@ -85,12 +87,11 @@ private:
     void note(const QList<ToolMessage> &errors, QStringList &messages) const;
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
-    QByteArray textOf(const QString &file) const;
-    void write(const QString &file, const QByteArray &text);
 
     const DesignInput &m_input;
     const ScratchDir &m_scratch;
     SafeNames &m_names;
+    SourceCopies &m_copies;
     ToolRunner &m_runner;
     QList<VhdlFile> m_files;
     QStringList m_order; // of their paths
@@ -102,7 +103,6 @@ private:
     QStringList m_made;                 // files of empty packages and black boxes
     QSet<QString> m_supplied;           // "library.package" that they hold
     QHash<QString, QString> m_replaced; // files by others in what is repeated
-    QSet<QString> m_edited;             // files that GHDL reads as copies
     QHash<QString, QString> m_entities;
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;

@@ -40,12 +40,13 @@ QByteArray firstError(const QByteArray &messages)
 
 } // namespace
 
-VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner)
+VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
+                   SourceCopies &copies, ToolRunner &runner)
     : m_input(input),
       m_scratch(scratch),
       m_names(names),
       m_runner(runner),
-      m_analysis(input, scratch, names, runner),
+      m_analysis(input, scratch, names, copies, runner),
       m_synthesisFolder(scratch.path())
 {
 }

@@ -20,13 +20,15 @@ namespace QUARRY {
 struct DesignInput;
 class SafeNames;
 class ScratchDir;
+class SourceCopies;
 
 // The VHDL sources of a design. GHDL reads them and turns entities into Verilog, which Verilator then
 // reads together with the user's own.
 class VhdlPart
 {
 public:
-    VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
+    VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, SourceCopies &copies,
+             ToolRunner &runner);
 
     // Reads all sources and translates the top entity, or without a top module every entity that no other
     // instantiates. Then false when the design cannot be used: the messages say why.
