@@ -8,6 +8,8 @@
 
 #include <memory>
 
+#include "elaboration/reading/vhdlplaces.h"
+
 namespace QUARRY {
 
 class RtlNetlist;
@@ -28,7 +30,9 @@ struct ReadOptions
     QMap<QString, QString> vhdlScopes; // a module that a tool named, or a VHDL entity in small letters ->
                                        // GHDL's waveform file of it (see readVhdlScopes); without one it is
                                        // shown as GHDL made it
-    QStringList vhdlTrees;             // where VHDL declares its signals (see VhdlPlaceTable); may be empty
+    QList<VhdlSourceFile> vhdlSources; // all, in the order in which GHDL read them
+    // A module that a tool made of VHDL -> the library of its entity, where the name does not tell it.
+    QMap<QString, QString> vhdlLibraries;
 };
 
 // Reads one XML file that Verilator wrote (--xml-only) and builds the netlist of the design in it, in slices

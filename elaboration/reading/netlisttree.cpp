@@ -126,8 +126,7 @@ void NetlistTree::enter(Hierachy *parent, const QString &name, VerilatorModule &
                         const TiedNets &tiedPorts)
 {
     if (const VhdlScope *scope = m_design.vhdlScope(module))
-        return enterEntity(parent, name, {scope, m_design.vhdlPlaces(module, QString()), QString()}, module,
-                           tiedPorts);
+        return enterEntity(parent, name, {scope, m_design.vhdlPlaces(module), QString()}, module, tiedPorts);
     std::unique_ptr<Instance> instance = open(module, tiedPorts);
     if (!instance)
         return;
@@ -266,9 +265,9 @@ bool NetlistTree::addBlockChild(Level &level)
         enter(level.node, name, module, tied);
         return true;
     }
-    const QString architecture =
-        block.places ? block.places->architectures.value(child.label().toLower()) : QString();
-    const Block whole = {&child, m_design.vhdlPlaces(module, architecture), QString()};
+    const VhdlPlaces *places =
+        block.places ? m_design.vhdlPlaceTable().ofInstance(*block.places, child.label().toLower()) : nullptr;
+    const Block whole = {&child, places ? places : m_design.vhdlPlaces(module), QString()};
     enterEntity(level.node, name, whole, module, tied);
     return true;
 }
@@ -279,13 +278,13 @@ void NetlistTree::addUntranslated(Level &level, const VhdlScope &child, const QS
 {
     const VhdlPlaces *places = level.block.places;
     const QString label = child.label().toLower();
-    const QString entity = places ? places->entities.value(label) : QString();
+    const QString entity = places ? places->instances.value(label).entity : QString();
     if (child.isEmpty() && entity.isEmpty())
         return;
     Block inner = {&child, places ? places->below(label) : nullptr, prefix};
     QString module = places ? places->spelled(label) : child.label();
     if (!entity.isEmpty()) {
-        inner.places = m_design.vhdlPlaceTable().of(entity, places->architectures.value(label));
+        inner.places = m_design.vhdlPlaceTable().ofInstance(*places, label);
         module = inner.places ? inner.places->name : entity;
     }
     enterBlock(*level.entity, inner, makeVhdlNode(*level.entity, inner, level.node, name, module));

@@ -1,5 +1,7 @@
 #include "elaboration/reading/verilatordesign.h"
 
+#include "elaboration/reading/vhdldeclarations.h"
+
 #include "elaboration/reading/verilatorloops.h"
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
@@ -86,7 +88,7 @@ bool VerilatorDesign::load(const QString &xmlFile, QString &error)
     }
     addFiles(m_document.child("verilator_xml").child("files"));
     m_types.reset(new VerilatorTypes(netlist.child("typetable")));
-    m_vhdlPlaces.open(m_options.vhdlTrees, m_options.fileNames);
+    m_vhdlPlaces.open(m_options.vhdlSources, m_options.fileNames);
     for (const pugi::xml_node &node : netlist.children()) {
         if (is(node, "module") || is(node, "iface") || is(node, "primitive"))
             addModule(node);
@@ -159,7 +161,10 @@ VerilatorModule *VerilatorDesign::module(const char *defName)
         return module;
     const pugi::xml_node chosen =
         module->node.find_node([](const pugi::xml_node &node) { return is(node, "instance"); });
-    return chosen ? this->module(chosen.attribute("defName").value()) : module;
+    if (chosen)
+        return this->module(chosen.attribute("defName").value());
+    module->isBlackBox = true; // nothing could be made for these values
+    return module;
 }
 
 const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
@@ -174,10 +179,10 @@ const VhdlScope *VerilatorDesign::vhdlScope(const VerilatorModule &module)
     return m_vhdlScopes.emplace(&module, readVhdlScopes(file, module.name)).first->second.get();
 }
 
-const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module,
-                                              const QString &architecture) const
+const VhdlPlaces *VerilatorDesign::vhdlPlaces(const VerilatorModule &module) const
 {
-    return isGenerated(module) ? m_vhdlPlaces.of(module.name, architecture) : nullptr;
+    const QString library = m_options.vhdlLibraries.value(module.toolName);
+    return isGenerated(module) ? m_vhdlPlaces.of(library, module.name, QString()) : nullptr;
 }
 
 bool VerilatorDesign::readPlaces()
@@ -370,8 +375,9 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     decl.right = type.right;
     const File &file = fileOf(var);
     if (file.isGenerated) {
-        if (const VhdlPlaces *places = vhdlPlaces(module, QString())) {
+        if (const VhdlPlaces *places = vhdlPlaces(module)) {
             decl.info = places->place(decl.name);
+            decl.info.type = knownType(decl.info.type);
             decl.name = places->spelled(decl.name);
         }
         if (decl.isBus && !m_options.vhdlScopes.contains(module.name.toLower()))
@@ -442,7 +448,7 @@ void VerilatorDesign::readInstance(const pugi::xml_node &instance, VerilatorModu
 {
     VerilatorChild child;
     child.name = nameOf(instance);
-    if (const VhdlPlaces *places = vhdlPlaces(module, QString()))
+    if (const VhdlPlaces *places = vhdlPlaces(module))
         child.name = places->spelled(child.name);
     child.node = instance;
     child.isArray = verilatorRange(instance, child.left, child.right);

@@ -37,7 +37,7 @@ public:
     // What the VHDL of the entity declares that the module was made of; null when that is not known.
     const VhdlScope *vhdlScope(const VerilatorModule &module);
     // Where the entity's sources declare all that; null when that is not known.
-    const VhdlPlaces *vhdlPlaces(const VerilatorModule &module, const QString &architecture) const;
+    const VhdlPlaces *vhdlPlaces(const VerilatorModule &module) const;
     const VhdlPlaceTable &vhdlPlaceTable() const { return m_vhdlPlaces; }
     bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
     const VerilatorTypes &types() const { return *m_types; }

@@ -1,5 +1,7 @@
 #include "elaboration/reading/vhdlbody.h"
 
+#include "elaboration/reading/vhdldeclarations.h"
+
 #include "host/utf8.h"
 
 namespace QUARRY {
@@ -89,6 +91,9 @@ VhdlBody::Signals VhdlBody::declared(const VhdlScope &scope, const VhdlPlaces *p
                 result.decl.nets.append(declaration(shown, net.isBus, net.left, net.right));
             }
             result.decl.nets.last().info = place;
+            result.decl.nets.last().info.type = isKnown && signal.isBus
+                                                    ? knownType(place.type, signal.left, signal.right)
+                                                    : knownType(place.type);
             result.nets.push_back({number, 0});
         }
     }

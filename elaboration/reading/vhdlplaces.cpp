@@ -1,329 +1,10 @@
 #include "elaboration/reading/vhdlplaces.h"
 
-#include "elaboration/reading/ghdltree.h"
+#include "elaboration/reading/vhdldeclarations.h"
 #include "elaboration/reading/vhdlscopes.h"
 #include "host/regularfile.h"
-#include "host/utf8.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <string>
-#include <vector>
 
 namespace QUARRY {
-
-using QUtil::fromUtf8;
-
-namespace {
-
-QString key(std::string_view name)
-{
-    return plainVhdlName(fromUtf8(name)).toLower();
-}
-
-} // namespace
-
-class VhdlTreeReader
-{
-public:
-    VhdlTreeReader(VhdlPlaceTable &table, const QString &treeFile, const QMap<QString, QString> &fileNames)
-        : m_table(table), m_tree(treeFile), m_fileNames(fileNames)
-    {
-        m_tree.open(QIODevice::ReadOnly);
-    }
-
-    bool readSome()
-    {
-        const int linesAtOnce = 4096;
-        for (int i = 0; i < linesAtOnce; ++i) {
-            if (m_tree.atEnd()) {
-                take(GhdlTreeLine(std::string_view()));
-                return false;
-            }
-            const QByteArray line = m_tree.readLine();
-            const int end = line.endsWith('\n') ? line.size() - 1 : line.size();
-            take(GhdlTreeLine(std::string_view(line.constData(), size_t(end))));
-        }
-        return true;
-    }
-
-private:
-    void take(const GhdlTreeLine &line)
-    {
-        while (!m_open.empty() && m_open.back().depth >= line.depth)
-            close();
-        if (!m_open.empty())
-            takeMember(m_open.back(), line);
-        const Kind kind = kindOf(line);
-        if (kind == Other)
-            return;
-        m_open.emplace_back();
-        Node &node = m_open.back();
-        node.kind = kind;
-        node.depth = line.depth;
-        node.id = line.id;
-        node.name = key(line.name);
-        node.isArray = line.kind == "array_subtype_definition";
-        if (kind == Entity) {
-            if (m_table.m_entities.count(node.name) && !m_entities.contains(node.name))
-                m_table.m_ambiguous.insert(node.name);
-            m_entities.insert(node.name);
-            VhdlPlaces &places = m_table.m_entities[node.name];
-            clear(places);
-            m_scopes.insert(line.id, &places);
-        }
-    }
-
-    enum Kind {
-        Other,
-        Entity,
-        Architecture,
-        Statement,
-        Body,
-        Instance,
-        Configuration, // "for u1 : sub use entity work.sub(rtl);"
-        Signal,
-        Subtype,
-        Range,
-        Enumeration,
-        Member
-    };
-
-    struct Node
-    {
-        Kind kind = Other;
-        size_t depth = 0;
-        int id = 0;
-        QString name;
-        QString spelling;
-        VhdlPlaces *parent = nullptr;
-        Declaration info;
-        QString architecture; // of an instance or configuration
-        QString entity;       // of an instance
-        int type = 0;
-        bool isArray = false;
-        int ranges = 0;
-        QString direction, left, right; // of a range; of a subtype, all in the first
-    };
-
-    Kind kindOf(const GhdlTreeLine &line) const
-    {
-        if (line.kind == "generate_statement_body")
-            return Body;
-        if (line.role == "library_unit")
-            return line.kind == "entity_declaration"  ? Entity
-                   : line.kind == "architecture_body" ? Architecture
-                                                      : Other;
-        if (line.role == "type_definition")
-            return line.kind == "enumeration_type_definition" ? Enumeration : Other;
-        if (line.role == "subtype_indication")
-            return line.isOf("_subtype_definition") ? Subtype : Other;
-        if (line.role == "range_constraint")
-            return Range;
-        if (!line.role.empty())
-            return Other;
-        if (line.kind == "signal_declaration" || line.kind == "interface_signal_declaration")
-            return Signal;
-        if (line.kind == "element_declaration")
-            return Member;
-        if (line.kind == "block_statement" || line.isOf("_generate_statement"))
-            return Statement;
-        return line.kind == "component_instantiation_statement" ? Instance
-               : line.kind == "configuration_specification"     ? Configuration
-                                                                : Other;
-    }
-
-    void takeMember(Node &node, const GhdlTreeLine &line)
-    {
-        if (node.kind == Enumeration && line.kind == "enumeration_literal" && line.role.empty())
-            node.info.enumLabels += plainVhdlName(fromUtf8(line.name)) + QLatin1Char('=') +
-                                    QString::number(node.info.enumLabels.size());
-        else if (line.role == "architecture" && (node.kind == Instance || node.kind == Configuration))
-            node.architecture = key(line.name);
-        else if (node.kind == Instance && (line.role == "entity_name" || line.role == "instantiated_unit") &&
-                 line.isOf("_name"))
-            node.entity = key(line.name);
-        if (line.depth != node.depth + 2)
-            return;
-        if (line.role == "location" &&
-            (node.kind == Entity || node.kind == Signal || node.kind == Statement || node.kind == Instance ||
-             node.kind == Member))
-            setPlace(node, line.value);
-        if (line.role == "parent")
-            setParent(node, m_scopes.value(line.id));
-        else if (line.role == "block_header")
-            m_scopes.insert(line.id, m_scopes.value(node.id));
-        else if (line.role == "configuration_specification" && m_configured.contains(line.id))
-            node.architecture = m_configured.value(line.id);
-        else if (line.role == "entity_name" && node.kind == Architecture)
-            addArchitecture(node, key(line.name));
-        else if (node.kind == Signal || node.kind == Subtype)
-            takeType(node, line);
-        else if (node.kind == Range)
-            takeLimit(node, line);
-    }
-
-    // Components and subprograms have parameters that look like ports: they are no scopes.
-    void setParent(Node &node, VhdlPlaces *parent)
-    {
-        node.parent = parent;
-        if (!parent || (node.kind != Statement && node.kind != Body))
-            return;
-        VhdlPlaces *scope = parent;
-        if (node.kind == Statement) {
-            std::unique_ptr<VhdlPlaces> &inner = parent->inner[node.name];
-            if (!inner)
-                inner.reset(new VhdlPlaces);
-            scope = inner.get();
-        }
-        m_scopes.insert(node.id, scope);
-    }
-
-    // A unit may come again. What was in the first stays until all is read: nodes refer to it.
-    void clear(VhdlPlaces &places)
-    {
-        m_replaced.push_back(std::move(places));
-        places = VhdlPlaces();
-    }
-
-    void addArchitecture(Node &node, const QString &entity)
-    {
-        VhdlPlaces &places = m_table.m_architectures[entity][node.name];
-        clear(places);
-        places.declarations = m_table.m_entities[entity].declarations;
-        places.name = m_table.m_entities[entity].name;
-        places.spellings = m_table.m_entities[entity].spellings;
-        m_table.m_last.insert(entity, node.name);
-        m_scopes.insert(node.id, &places);
-    }
-
-    void takeType(Node &node, const GhdlTreeLine &line)
-    {
-        if (line.role == "subtype_type_mark" || (line.role == "subtype_indication" && line.isOf("_name")))
-            node.info.type = plainVhdlName(fromUtf8(line.name));
-        else if (line.role == "type" || line.role == "parent_type")
-            node.type = line.id;
-    }
-
-    void setPlace(Node &node, std::string_view place)
-    {
-        const size_t column = place.rfind(':');
-        const size_t line = place.rfind(':', column - 1);
-        if (column == place.npos || line == place.npos)
-            return;
-        if (place.substr(0, line) != m_fileSeen) {
-            m_fileSeen = place.substr(0, line);
-            const QString name = fromUtf8(m_fileSeen);
-            m_file = m_fileNames.value(name, QDir::cleanPath(name));
-            QString reason;
-            m_source.clear();
-            m_lineStarts.assign(1, 0);
-            QUtil::readRegularFile(name, 64 * QUtil::MiB, &m_source, &reason);
-            for (int end = m_source.indexOf('\n'); end >= 0; end = m_source.indexOf('\n', end + 1))
-                m_lineStarts.push_back(end + 1);
-        }
-        node.info.file = m_file;
-        node.info.line = ghdlNumber(place.substr(line + 1, column - line - 1));
-        node.spelling = wordAt(node.info.line, ghdlNumber(place.substr(column + 1)), node.name);
-    }
-
-    // GHDL itself writes all in small letters.
-    QString wordAt(int line, int column, const QString &name) const
-    {
-        if (line < 1 || size_t(line) > m_lineStarts.size())
-            return name;
-        const int start = m_lineStarts[size_t(line) - 1];
-        const QByteArray words =
-            QByteArray::fromRawData(m_source.constData() + start, m_source.size() - start);
-        int at = ghdlOffset(words, 1, column);
-        at += words.mid(at, 1) == "\\" ? 1 : 0;
-        const QString word = QString::fromLatin1(words.mid(at, name.size()));
-        return word.toLower() == name ? word : name;
-    }
-
-    static void takeLimit(Node &node, const GhdlTreeLine &line)
-    {
-        if (line.role == "direction")
-            node.direction = fromUtf8(line.value);
-        else if (line.role == "left_limit_expr" && line.kind == "integer_literal")
-            node.left = fromUtf8(line.rest);
-        else if (line.role == "right_limit_expr" && line.kind == "integer_literal")
-            node.right = fromUtf8(line.rest);
-    }
-
-    void close()
-    {
-        Node node = m_open.back();
-        m_open.pop_back();
-        Node *owner = m_open.empty() ? nullptr : &m_open.back();
-        if (node.kind == Entity)
-            m_table.m_entities[node.name].name = node.spelling;
-        if (node.kind == Member)
-            m_table.m_members.addSpelling(node.name, node.spelling);
-        if (node.parent && (node.kind == Signal || node.kind == Instance || node.kind == Statement))
-            node.parent->addSpelling(node.name, node.spelling);
-        if (node.kind == Signal)
-            addSignal(node);
-        else if (node.kind == Instance && node.parent)
-            addInstance(node);
-        else if (node.kind == Configuration)
-            m_configured.insert(node.id, node.architecture);
-        else if (node.kind == Enumeration)
-            m_labels.insert(node.id, node.info.enumLabels);
-        else if (node.kind == Subtype)
-            addSubtype(node, owner);
-        else if (node.kind == Range && owner && owner->kind == Subtype && owner->ranges++ == 0 &&
-                 !node.left.isEmpty() && !node.right.isEmpty())
-            owner->direction = node.left + QLatin1Char(' ') + node.direction + QLatin1Char(' ') + node.right;
-    }
-
-    static void addInstance(const Node &node)
-    {
-        node.parent->architectures.insert(node.name, node.architecture);
-        node.parent->entities.insert(node.name, node.entity);
-    }
-
-    void addSubtype(const Node &node, Node *owner)
-    {
-        QString words = node.info.type;
-        if (node.ranges == 1 && !node.direction.isEmpty())
-            words += node.isArray ? QLatin1Char('(') + node.direction + QLatin1Char(')')
-                                  : QLatin1String(" range ") + node.direction;
-        if (!words.isEmpty())
-            m_subtypes.insert(node.id, words);
-        if (m_labels.contains(node.type))
-            m_labels.insert(node.id, m_labels.value(node.type));
-        if (owner && owner->kind == Signal)
-            owner->info.type = m_subtypes.value(node.id);
-    }
-
-    // The alternatives of a generate statement may declare the same name, and nothing says which was
-    // chosen.
-    void addSignal(Node &node)
-    {
-        if (!node.parent || node.info.line == 0)
-            return;
-        node.info.enumLabels = m_labels.value(node.type);
-        const bool isNew = !node.parent->declarations.contains(node.name);
-        node.parent->declarations.insert(node.name, isNew ? node.info : Declaration());
-    }
-
-    VhdlPlaceTable &m_table;
-    QFile m_tree;
-    std::vector<VhdlPlaces> m_replaced;
-    const QMap<QString, QString> &m_fileNames;
-    std::vector<Node> m_open;          // from the outside in
-    QSet<QString> m_entities;          // of this tree
-    QHash<int, VhdlPlaces *> m_scopes; // by number of the node, as the next ones
-    QHash<int, QString> m_configured;  // architectures
-    QHash<int, QStringList> m_labels;
-    QHash<int, QString> m_subtypes;
-    std::string m_fileSeen;
-    QByteArray m_source; // that file
-    std::vector<int> m_lineStarts;
-    QString m_file;
-};
 
 // The alternatives of a generate statement may spell it differently.
 void VhdlPlaces::addSpelling(const QString &name, const QString &spelling)
@@ -341,25 +22,102 @@ const VhdlPlaces *VhdlPlaces::below(const QString &label) const
 VhdlPlaceTable::VhdlPlaceTable() = default;
 VhdlPlaceTable::~VhdlPlaceTable() = default;
 
-void VhdlPlaceTable::open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames)
+void VhdlPlaceTable::open(const QList<VhdlSourceFile> &sources, const QMap<QString, QString> &fileNames)
 {
-    m_trees = treeFiles;
+    m_sources = sources;
     m_fileNames = &fileNames;
-    openNext();
-}
-
-// Each with a reader of its own: the numbers in a tree mean nothing in another one.
-void VhdlPlaceTable::openNext()
-{
-    m_reader.reset(m_trees.isEmpty() ? nullptr
-                                     : new VhdlTreeReader(*this, m_trees.takeFirst(), *m_fileNames));
 }
 
 bool VhdlPlaceTable::readSome()
 {
-    if (m_reader && !m_reader->readSome())
-        openNext();
-    return m_reader != nullptr;
+    if (!m_sources.isEmpty()) {
+        const VhdlSourceFile source = m_sources.takeFirst();
+        QByteArray text;
+        QString reason;
+        QUtil::readRegularFile(source.path, 64 * QUtil::MiB, &text, &reason);
+        VhdlDeclarations(*this, source.library, m_fileNames->value(source.path, source.path), text).read();
+        if (m_sources.isEmpty())
+            seeEntities();
+        return true;
+    }
+    const size_t end = qMin(m_typed.size(), m_resolved + 4096);
+    for (; m_resolved < end; ++m_resolved) {
+        const Typed &typed = m_typed[m_resolved];
+        const auto place = typed.places->declarations.find(typed.name);
+        if (place != typed.places->declarations.end() && place->line > 0)
+            place->enumLabels = labelsOf(typed.type, typed.places, *typed.packages, 0);
+    }
+    if (m_resolved < m_typed.size())
+        return true;
+    takePorts();
+    return false;
+}
+
+VhdlPlaces *VhdlPlaceTable::add(const QString &library)
+{
+    m_all.emplace_back(new VhdlPlaces);
+    m_all.back()->library = library;
+    return m_all.back().get();
+}
+
+template <typename Function>
+void VhdlPlaceTable::forEachArchitecture(const Function &function)
+{
+    for (auto &libraries : m_units) {
+        for (auto &unit : libraries.second) {
+            for (auto &architecture : unit.second.architectures) {
+                if (unit.second.entity)
+                    function(*architecture.second, *unit.second.entity);
+            }
+        }
+    }
+}
+
+// The files may have come in any order.
+void VhdlPlaceTable::seeEntities()
+{
+    forEachArchitecture([](VhdlPlaces &places, const VhdlPlaces &entity) { places.outer = &entity; });
+}
+
+void VhdlPlaceTable::takePorts()
+{
+    forEachArchitecture([](VhdlPlaces &places, const VhdlPlaces &entity) {
+        places.name = entity.name;
+        for (auto port = entity.declarations.begin(); port != entity.declarations.end(); ++port) {
+            places.declarations.insert(port.key(), port.value());
+            places.addSpelling(port.key(), entity.spellings.value(port.key()));
+        }
+    });
+}
+
+// As the scopes see it from the inside out, and then the packages: the named one, or those that are used.
+QStringList VhdlPlaceTable::labelsOf(const QString &type, const VhdlPlaces *seen,
+                                     const QSet<QString> &packages, int depth) const
+{
+    const QString name = type.section(QLatin1Char('.'), -1);
+    const QString package = type.section(QLatin1Char('.'), -2, -2);
+    const int mostSteps = 100;
+    if (depth == mostSteps)
+        return QStringList();
+    for (int i = 0; seen && package.isEmpty() && i < mostSteps; ++i, seen = seen->outer) {
+        const auto found = seen->types.find(name);
+        if (found == seen->types.end())
+            continue;
+        // "subtype t is package.t"
+        const VhdlPlaces *from = found->base == name ? seen->outer : seen;
+        return found->base.isEmpty() ? found->labels : labelsOf(found->base, from, packages, depth + 1);
+    }
+    QList<QStringList> found;
+    for (const VhdlPlaces *owner : m_typeOwners.value(name)) {
+        if (package.isEmpty() ? !packages.contains(owner->name) : owner->name != package)
+            continue;
+        const VhdlType known = owner->types.value(name);
+        const QStringList labels =
+            known.base.isEmpty() ? known.labels : labelsOf(known.base, owner, packages, depth + 1);
+        if (!found.contains(labels))
+            found.append(labels);
+    }
+    return found.size() == 1 ? found.first() : QStringList();
 }
 
 QString VhdlPlaceTable::spelledPath(const QString &path) const
@@ -372,13 +130,26 @@ QString VhdlPlaceTable::spelledPath(const QString &path) const
     return parts.join(QLatin1String("."));
 }
 
-const VhdlPlaces *VhdlPlaceTable::of(const QString &entity, const QString &architecture) const
+const VhdlPlaces *VhdlPlaceTable::of(const QString &library, const QString &entity,
+                                     const QString &architecture) const
 {
-    const auto known = m_architectures.find(entity.toLower());
-    if (known == m_architectures.end() || m_ambiguous.contains(known->first))
+    const auto libraries = m_units.find(entity.toLower());
+    if (libraries == m_units.end())
         return nullptr;
-    const auto found = known->second.find(architecture.isEmpty() ? m_last.value(known->first) : architecture);
-    return found == known->second.end() ? nullptr : &found->second;
+    auto unit = libraries->second.find(library);
+    if (unit == libraries->second.end() && libraries->second.size() == 1)
+        unit = libraries->second.begin();
+    if (unit == libraries->second.end())
+        return nullptr;
+    const auto &architectures = unit->second.architectures;
+    const auto found = architectures.find(architecture.isEmpty() ? unit->second.last : architecture);
+    return found == architectures.end() ? nullptr : found->second;
+}
+
+const VhdlPlaces *VhdlPlaceTable::ofInstance(const VhdlPlaces &owner, const QString &label) const
+{
+    const VhdlTarget target = owner.instances.value(label);
+    return of(target.library.isEmpty() ? owner.library : target.library, target.entity, target.architecture);
 }
 
 } // namespace QUARRY

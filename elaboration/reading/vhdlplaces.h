@@ -3,35 +3,49 @@
 #include "model/netlist/rtlnetlist.h"
 
 #include <QHash>
+#include <QList>
 #include <QMap>
 #include <QSet>
 #include <QStringList>
 
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace QUARRY {
 
-class VhdlTreeReader;
+struct VhdlSourceFile
+{
+    QString library; // that it belongs to, in small letters
+    QString path;    // as GHDL saw it
+};
+
+// What an instance is of: a component where only `entity` is known.
+struct VhdlTarget
+{
+    QString library; // empty: that of the owner
+    QString entity;
+    QString architecture;
+};
+
+struct VhdlType
+{
+    QStringList labels; // of an enumeration
+    QString base;       // of a subtype: "lib.package.type" or less
+};
 
 // What an architecture with its entity, or a block or generate statement in it, declares. Names are in
 // small letters, extended ones without their backslashes.
 struct VhdlPlaces
 {
-    VhdlPlaces() = default;
-    // Declared, since containers of Qt 4 may throw when they move: a copy, which there can not be, would be
-    // taken in place of a move.
-    VhdlPlaces(VhdlPlaces &&) = default;
-    VhdlPlaces &operator=(VhdlPlaces &&) = default;
-    VhdlPlaces(const VhdlPlaces &) = delete;
-    VhdlPlaces &operator=(const VhdlPlaces &) = delete;
-
     QString name;                                         // of the entity, as it is spelled
+    QString library;                                      // that it is in
     QHash<QString, Declaration> declarations;             // of signals and ports
     QHash<QString, QString> spellings;                    // of those and of labels, as declared
-    QHash<QString, QString> architectures;                // that instances name, by label of the instance
-    QHash<QString, QString> entities;                     // or components, likewise
+    QHash<QString, VhdlTarget> instances;                 // by label
+    QHash<QString, VhdlType> types;                       // enumerations and subtypes
     std::map<QString, std::unique_ptr<VhdlPlaces>> inner; // by label
+    const VhdlPlaces *outer = nullptr;                    // whose types are seen here, too
 
     Declaration place(const QString &name) const { return declarations.value(name.toLower()); }
     QString spelled(const QString &name) const { return spellings.value(name.toLower(), name); }
@@ -39,9 +53,9 @@ struct VhdlPlaces
     const VhdlPlaces *below(const QString &label) const; // null: no such statement
 };
 
-// The declarations of all VHDL sources, from the trees that "ghdl -s -ds FILES" writes on its standard
-// error, one for each library. (Its XML says the same, and the standard library with it in many times the
-// time.) A source that GHDL cannot read leaves gaps; nothing else can fail.
+// The declarations of all VHDL sources, as the words of the sources have them (see VhdlDeclarations): neither
+// the translation nor a waveform says where anything is declared, and the syntax tree that GHDL prints takes
+// it a system call for every few letters. What cannot be understood leaves gaps; nothing else can fail.
 class VhdlPlaceTable
 {
 public:
@@ -49,27 +63,48 @@ public:
     ~VhdlPlaceTable();
 
     // `fileNames`: a file as GHDL saw it -> the user's own, absolute; to live as long as this.
-    void open(const QStringList &treeFiles, const QMap<QString, QString> &fileNames);
-    bool readSome(); // a few thousand lines; false when there are no more
+    void open(const QList<VhdlSourceFile> &sources, const QMap<QString, QString> &fileNames);
+    bool readSome(); // a file, or some thousand signals; false when there are no more
 
-    // Null when unknown, and when two libraries have such an entity. Without a name the architecture that was
-    // read last, as GHDL chooses.
-    const VhdlPlaces *of(const QString &entity, const QString &architecture) const;
+    // Null when unknown, and when only other libraries have such an entity and they are several. Without a
+    // name the architecture that was read last, as GHDL chooses.
+    const VhdlPlaces *of(const QString &library, const QString &entity, const QString &architecture) const;
+    // Of what the instance of that label in small letters is made of.
+    const VhdlPlaces *ofInstance(const VhdlPlaces &owner, const QString &label) const;
     // ".alu_op[2].x" as the record types of the design spell it.
     QString spelledPath(const QString &path) const;
 
 private:
-    friend class VhdlTreeReader;
-    void openNext();
+    friend class VhdlDeclarations;
+    struct Unit
+    {
+        VhdlPlaces *entity = nullptr;
+        std::map<QString, VhdlPlaces *> architectures;
+        QString last;
+    };
+    struct Typed // a signal whose type may have labels
+    {
+        VhdlPlaces *places;
+        QString name, type;
+        std::shared_ptr<const QSet<QString>> packages; // that its file uses
+    };
 
-    QStringList m_trees; // to be read
+    VhdlPlaces *add(const QString &library);
+    template <typename Function>
+    void forEachArchitecture(const Function &function); // that has an entity
+    void seeEntities();
+    void takePorts();
+    QStringList labelsOf(const QString &type, const VhdlPlaces *seen, const QSet<QString> &packages,
+                         int depth) const;
+
+    QList<VhdlSourceFile> m_sources; // to be read
     const QMap<QString, QString> *m_fileNames = nullptr;
-    std::unique_ptr<VhdlTreeReader> m_reader; // null while there is nothing to read
-    std::map<QString, VhdlPlaces> m_entities;
-    std::map<QString, std::map<QString, VhdlPlaces>> m_architectures; // by entity
-    VhdlPlaces m_members;                                             // of all record types
-    QHash<QString, QString> m_last;                                   // architecture of the entity
-    QSet<QString> m_ambiguous;                                        // entities of several libraries
+    std::vector<std::unique_ptr<VhdlPlaces>> m_all;         // a unit that comes again takes nothing away
+    std::map<QString, std::map<QString, Unit>> m_units;     // by entity and library
+    QHash<QString, QList<const VhdlPlaces *>> m_typeOwners; // packages, by type
+    std::vector<Typed> m_typed;
+    size_t m_resolved = 0; // of those
+    VhdlPlaces m_members;  // of all record types
 };
 
 } // namespace QUARRY

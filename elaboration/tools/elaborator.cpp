@@ -145,7 +145,7 @@ void Elaborator::readVhdl()
         anyVhdl = anyVhdl || source.type == TE::VhdlFile;
     if (!anyVhdl)
         return readDesign();
-    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_runner));
+    m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_copies, m_runner));
     m_vhdl->prepare([this](bool isUsable) {
         m_result->lists.messages += m_vhdl->takeMessages();
         const QString top = m_vhdl->moduleOf(m_input.top);
@@ -175,20 +175,12 @@ void Elaborator::readDesign()
 
 void Elaborator::proceed(Verdict verdict)
 {
-    const auto end = [this](bool isWhole) {
-        if (isWhole)
-            finish();
-        warnOfRights();
-        Q_EMIT finished();
-    };
     if (verdict == Again)
-        readDesign();
-    else if (verdict == Failed)
-        end(false);
-    else if (m_vhdl)
-        m_vhdl->finishTrees([end](bool) { end(true); });
-    else
-        end(true);
+        return readDesign();
+    if (verdict == Done)
+        finish();
+    warnOfRights();
+    Q_EMIT finished();
 }
 
 void Elaborator::judge(const ToolResult &result)
@@ -355,7 +347,8 @@ void Elaborator::finish()
     if (m_vhdl) {
         options.moduleNames = m_vhdl->verilog().moduleNames();
         options.vhdlScopes = m_vhdl->waveforms();
-        options.vhdlTrees = m_vhdl->treeFiles();
+        options.vhdlSources = m_vhdl->sources();
+        options.vhdlLibraries = m_vhdl->libraries();
         options.choices = m_vhdl->choices();
         options.fileNames = m_vhdl->fileNames();
         const QString top = m_vhdl->moduleOf(m_input.top);

@@ -196,6 +196,13 @@ std::string headOf(const QString &name, const QStringList &parameters, const QSt
                  QLatin1String(");"));
 }
 
+// "/home/me/top.vhd:6" of "  /* /home/me/top.vhd:6:3  */"
+std::string placeIn(std::string_view comment)
+{
+    const size_t end = comment.rfind(':');
+    return end == comment.npos || end < 5 ? std::string() : std::string(comment.substr(5, end - 5));
+}
+
 // "7" of "output [7:0] q,"; "0" for a single bit.
 std::string highOf(const std::string &line)
 {
@@ -259,6 +266,8 @@ bool GhdlVerilog::takeSome()
             module = Module();
             module.name = text(line.substr(7)).trimmed();
         }
+        if (startsWith(line, "  /*") && !m_given.twins.isEmpty())
+            module.places[module.lines.size()] = placeIn(line);
         if (module.name.isEmpty() || startsWith(line, "  /*"))
             continue;
         module.lines.push_back(readableGhdlLine(line));
@@ -271,16 +280,40 @@ bool GhdlVerilog::takeSome()
     return false;
 }
 
-// Short, and the same whenever GHDL writes it.
-QString GhdlVerilog::moduleName(const QString &written)
+bool GhdlVerilog::hasTwin(const QString &written) const
 {
-    if (written == m_top && !m_asName.isEmpty())
+    return !m_given.twins.isEmpty() && m_given.twins.contains(entityOf(written, m_given.entities).toLower());
+}
+
+// That of most of its statements: those of functions of packages may be from anywhere.
+QString GhdlVerilog::libraryOf(const Module &module) const
+{
+    QHash<QString, int> votes;
+    QString most;
+    for (const std::string &place : module.places) {
+        const QString library = m_given.libraries.value(text(place).section(QLatin1Char(':'), 0, -2));
+        if (++votes[library] > votes.value(most) || most.isEmpty())
+            most = library;
+    }
+    return most;
+}
+
+QString GhdlVerilog::targetOf(const QString &written, const std::string &place, const QString &library) const
+{
+    return hasTwin(written) ? m_given.targets.value(text(place), library) : QString();
+}
+
+// Short, and the same whenever GHDL writes it.
+QString GhdlVerilog::moduleName(const QString &given, const QString &library)
+{
+    if (given == m_top && !m_asName.isEmpty())
         return m_asName;
+    const QString written = library.isEmpty() ? given : given + QLatin1String("__") + library;
     if (written.size() <= longestName)
         return written;
     QString &name = m_short[written];
     if (name.isEmpty()) {
-        const QString entity = entityOf(written, m_given.entities);
+        const QString entity = entityOf(given, m_given.entities);
         name = entity.left(longestName / 2) + QLatin1String("__g") + QString::number(m_short.size());
     }
     return name;
@@ -293,13 +326,15 @@ void GhdlVerilog::take(Module &module)
     Scan scan(module.lines);
     const bool isHollow = m_given.hollow.contains(entity.toLower());
     const bool isBlackBox = m_given.components.contains(written.toLower());
-    module.name = moduleName(written);
+    const QString library = m_given.twins.isEmpty() ? QString() : libraryOf(module);
+    module.name = moduleName(written, hasTwin(written) ? library : QString());
     module.ports = scan.ports;
     dropSecondDeclarations(module.lines, std::move(scan.declaredTwice));
     Lines kinds;
     std::vector<std::string> lines;
     bool anyBody = false;
-    for (const std::string &line : module.lines) {
+    for (size_t i = 0; i < module.lines.size(); ++i) {
+        const std::string &line = module.lines[i];
         const bool isFirst = lines.empty();
         const Lines::Kind kind = kinds.kindOf(line);
         anyBody = anyBody || (kind != Lines::Head && !line.empty() && line != "endmodule");
@@ -319,9 +354,10 @@ void GhdlVerilog::take(Module &module)
         } else if (kind == Lines::Start) {
             ++m_instances;
             const GhdlWord &word = kinds.module();
-            const QString target = moduleName(text(word.name));
+            const QString given = text(word.name);
+            const QString target = moduleName(given, targetOf(given, module.places.value(i), library));
             module.instantiated.insert(target);
-            if (target.size() != int(word.name.size()))
+            if (target != given)
                 out.replace(word.begin, word.end - word.begin, bytes(target));
         }
     }
@@ -331,6 +367,8 @@ void GhdlVerilog::take(Module &module)
     if (contains(module.name) || (isBlackBox && !anyBody))
         return;
     m_names.insert(module.name, entity);
+    if (hasTwin(written))
+        m_libraries.insert(module.name, library);
     put(module);
 }
 

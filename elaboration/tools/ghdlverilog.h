@@ -21,6 +21,11 @@ struct GhdlNames
     QSet<QString> components;         // without an entity, in lower case: their empty modules are left out
     QSet<QString> hollow;             // entities of which only the ports count, in lower case
     QSet<QString> undriven;           // signals whose drivers were left out, in lower case
+    // Entities that several libraries have, which GHDL translates under one name; all in lower case but for
+    // files, which are as GHDL names them.
+    QSet<QString> twins;
+    QHash<QString, QString> libraries; // of files
+    QHash<QString, QString> targets;   // "file:line" of an instance to the library that it names
 };
 
 // The Verilog that GHDL makes of VHDL entities, and the small changes that let Verilator read it together
@@ -59,7 +64,8 @@ public:
     QSet<QString> instantiated() const; // all modules that any of these instantiates
 
     QByteArray sources() const;
-    QMap<QString, QString> moduleNames() const { return m_names; } // as in the sources() to entities
+    QMap<QString, QString> moduleNames() const { return m_names; }   // as in the sources() to entities
+    QMap<QString, QString> libraries() const { return m_libraries; } // of modules whose entity has a twin
 
 private:
     struct Module
@@ -68,10 +74,14 @@ private:
         std::vector<std::string> lines;
         std::vector<std::string> ports;
         QSet<QString> instantiated;
+        QHash<size_t, std::string> places; // "file:line" of the statement that the line begins
     };
     void take(Module &module);
+    QString libraryOf(const Module &module) const;
+    QString targetOf(const QString &written, const std::string &place, const QString &library) const;
     static std::string headLine(const Module &module, const std::string &port);
-    QString moduleName(const QString &written);
+    QString moduleName(const QString &written, const QString &library);
+    bool hasTwin(const QString &written) const;
     const Module *find(const QString &module) const;
     void put(const Module &module);
 
@@ -84,7 +94,7 @@ private:
     int m_instances = 0;
     QHash<QString, int> m_index;
     QHash<QString, QString> m_short; // long names of modules
-    QMap<QString, QString> m_names;
+    QMap<QString, QString> m_names, m_libraries;
 };
 
 } // namespace QUARRY

@@ -32,7 +32,7 @@ TextRange includedName(const QByteArray &text, int at)
     return {from + 1, int(end - text.constData())};
 }
 
-QString textOf(const QByteArray &text, TextRange range)
+QString nameIn(const QByteArray &text, TextRange range)
 {
     return QString::fromUtf8(text.mid(range.start, range.end - range.start));
 }
@@ -95,7 +95,7 @@ void SourceCopies::noteIncludes(const QString &path, const QByteArray &text, Sou
 {
     const QByteArrayMatcher matcher(directive);
     for (int at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, at + 1)) {
-        const QString name = textOf(text, includedName(text, at));
+        const QString name = nameIn(text, includedName(text, at));
         const QString file = include(name, path);
         if (file.isEmpty())
             continue;
@@ -170,15 +170,30 @@ bool SourceCopies::update()
             texts.insert(path, sourceOf(path));
     }
     // All must have their names before an include is led to one.
-    for (const QString &path : texts.keys()) {
-        QString &copy = m_copies[path];
-        if (copy.isEmpty())
-            copy = m_scratch.file(QLatin1String("copy") + QString::number(m_copies.size()));
-        m_names.setCopy(path, copy);
-    }
+    for (const QString &path : texts.keys())
+        addCopy(path);
     for (auto text = texts.begin(); text != texts.end(); ++text)
         write(text.key(), text.value());
     return true;
+}
+
+void SourceCopies::addCopy(const QString &path)
+{
+    QString &copy = m_copies[path];
+    if (copy.isEmpty())
+        copy = m_scratch.file(QLatin1String("copy") + QString::number(m_copies.size()));
+    m_names.setCopy(path, copy);
+}
+
+QByteArray SourceCopies::textOf(const QString &path) const
+{
+    return sourceOf(m_copies.value(path, path));
+}
+
+void SourceCopies::replace(const QString &path, const QByteArray &text)
+{
+    addCopy(path);
+    write(path, text);
 }
 
 QSet<QString> SourceCopies::includersOf(QSet<QString> files) const
@@ -210,7 +225,7 @@ QByteArray SourceCopies::withPlacedIncludes(const QString &path, const QByteArra
     const QByteArrayMatcher matcher(directive);
     for (int at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, at + 1)) {
         const TextRange name = includedName(text, at);
-        const QString file = include(textOf(text, name), path);
+        const QString file = include(nameIn(text, name), path);
         if (file.isEmpty() || !QFileInfo(file).isFile())
             continue;
         placed += text.mid(done, name.start - done);

@@ -35,6 +35,10 @@ public:
     // That repair is not made in these files.
     void spare(SourceRepair repair, const QSet<QString> &files) { m_spared[repair] = files; }
 
+    // A source as the tools get it, and another text for it from now on.
+    QByteArray textOf(const QString &path) const;
+    void replace(const QString &path, const QByteArray &text);
+
     // Makes the copies that are needed by now. False when no tool will see anything new.
     bool update();
 
@@ -56,6 +60,7 @@ private:
     void read(const QString &path, Source &source, QStringList &faults);
     void noteIncludes(const QString &path, const QByteArray &text, Source &source, QStringList &faults);
     int wantedIn(const QString &path) const;
+    void addCopy(const QString &path);
     void write(const QString &path, QByteArray text);
     QByteArray withPlacedIncludes(const QString &path, const QByteArray &text);
 
@@ -67,7 +72,7 @@ private:
     QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
     QHash<int, QSet<QString>> m_spared;
     QStringList m_encrypted;
-    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark;
+    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates;
 };
 
 } // namespace QUARRY

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "elaboration/tools/verilogassertions.h"
+#include "elaboration/tools/vhdlgenerates.h"
 
 namespace QUARRY {
 namespace {
@@ -136,6 +137,11 @@ bool hideAssertions(QByteArray &text, SourceLanguage)
     return blankAssertions(text);
 }
 
+bool replaceCases(QByteArray &text, SourceLanguage)
+{
+    return replaceCaseGenerates(text);
+}
+
 struct RepairRow
 {
     SourceRepair repair;
@@ -157,6 +163,7 @@ const RepairRow repairs[] = {
      nullptr,
      {"property", "sequence", "cover", "checker", "disable", "let", "expect"},
      hideAssertions},
+    {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases},
 };
 
 bool isNeeded(const RepairRow &row, const QByteArray &text, const QByteArray &searched)

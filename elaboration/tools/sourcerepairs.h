@@ -12,7 +12,8 @@ enum SourceRepair {
     HideSimulation = 1, // what "translate_off" hides from synthesis
     HideEncrypted = 2,  // what stands in envelopes that no tool here can open
     DropByteOrderMark = 4,
-    HideAssertions = 8 // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
+    HideAssertions = 8,       // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
+    ReplaceCaseGenerates = 16 // see vhdlgenerates.h
 };
 
 // Of the wanted repairs those that the text may need, found by words that it holds.

@@ -27,34 +27,28 @@ void ToolRunner::goOn()
     then(result);
 }
 
-void ToolRunner::startBeside(const QList<ToolCall> &calls)
+void ToolRunner::startBeside(const ToolCall &call)
 {
-    m_waiting = calls;
-    goOnBeside();
+    m_besideThen = Then();
+    m_beside = startOf(call, "goOnBeside");
 }
 
 void ToolRunner::awaitBeside(const Then &then)
 {
     m_besideThen = then;
-    if (!m_beside)
-        QMetaObject::invokeMethod(this, "goOnBeside", Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "goOnBeside", Qt::QueuedConnection);
 }
 
+// When the tool is over, and when it is awaited: whichever comes last.
 void ToolRunner::goOnBeside()
 {
-    if (m_beside && m_besideResult.isGood())
-        m_besideResult = m_beside->result();
-    m_beside.reset();
-    if (m_besideResult.outcome != ToolResult::Finished)
-        m_waiting.clear();
-    if (!m_waiting.isEmpty()) {
-        m_beside = startOf(m_waiting.takeFirst(), "goOnBeside");
+    if (!m_beside || !m_beside->isOver() || !m_besideThen)
         return;
-    }
     const Then then = m_besideThen;
+    const ToolResult result = m_beside->result();
+    m_beside.reset();
     m_besideThen = Then();
-    if (then)
-        then(m_besideResult);
+    then(result);
 }
 
 void ToolRunner::work(const std::function<bool()> &piece, const std::function<void()> &then)

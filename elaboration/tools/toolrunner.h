@@ -19,10 +19,10 @@ public:
 
     void run(const ToolCall &call, const Then &then);
 
-    // Tools that run beside the others, one after the other, until they are awaited: then with the first
-    // result that is not good, or the last one.
-    void startBeside(const QList<ToolCall> &calls);
+    // One tool at a time may run beside those of run(), until it is awaited or stopped.
+    void startBeside(const ToolCall &call);
     void awaitBeside(const Then &then);
+    void stopBeside() { m_beside.reset(); }
 
     // Does a piece of the work after the other, with events handled in between, until one gives false.
     void work(const std::function<bool()> &piece, const std::function<void()> &then);
@@ -43,8 +43,6 @@ private:
     std::unique_ptr<ToolRun> m_current; // the tool of run()
     Then m_then;
     std::unique_ptr<ToolRun> m_beside;
-    QList<ToolCall> m_waiting; // to run beside the others
-    ToolResult m_besideResult;
     Then m_besideThen;
     std::function<bool()> m_piece;
     std::function<void()> m_afterwards;

@@ -9,23 +9,15 @@
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/sourcecopies.h"
 #include "elaboration/tools/sourceorder.h"
 #include "host/designmanager.h"
-#include "host/regularfile.h"
 
 namespace QUARRY {
 namespace {
 
 const char followUp[] = "entity '(\\w+)' was not analysed";
 const int maxRepairs = 200; // each changes something
-
-QByteArray contentOf(const QString &path)
-{
-    QByteArray text;
-    QString reason;
-    QUtil::readRegularFile(path, 512 * QUtil::MiB, &text, &reason);
-    return text;
-}
 
 // Of 'cannot find resource library "unisim"' and the like.
 QString quoted(const QString &text, const char *pattern, int which = 1)
@@ -37,8 +29,8 @@ QString quoted(const QString &text, const char *pattern, int which = 1)
 } // namespace
 
 VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
-                           ToolRunner &runner)
-    : m_input(input), m_scratch(scratch), m_names(names), m_runner(runner)
+                           SourceCopies &copies, ToolRunner &runner)
+    : m_input(input), m_scratch(scratch), m_names(names), m_copies(copies), m_runner(runner)
 {
 }
 
@@ -79,15 +71,20 @@ void VhdlAnalysis::scan()
     for (const DesignSource &source : m_input.files) {
         if (source.type != TE::VhdlFile)
             continue;
-        m_files.append({source.path, source.library, scanVhdl(textOf(source.path))});
+        m_files.append({source.path, source.library, scanVhdl(m_copies.textOf(source.path))});
         m_order.append(source.path);
     }
     m_libraries = vhdlLibraries(m_files);
     for (const VhdlFile &file : m_files) {
         for (const VhdlUnit &unit : file.scan.units) {
             const QString name = unit.name.toLower();
-            if (unit.kind != VhdlUnit::Entity || m_entities.contains(name))
+            if (unit.kind != VhdlUnit::Entity)
                 continue;
+            if (m_entities.contains(name)) {
+                if (!m_libraries.value(file.path).contains(m_libraryOf.value(name)))
+                    m_twins.insert(name);
+                continue;
+            }
             m_entityOrder.append(name);
             m_entities.insert(name, unit.name);
             m_libraryOf.insert(name, m_libraries.value(file.path).first());
@@ -95,6 +92,8 @@ void VhdlAnalysis::scan()
         m_used += file.scan.instantiated;
         m_mentionsForeign = m_mentionsForeign || file.scan.mentionsForeign;
         m_mentionsComposites = m_mentionsComposites || file.scan.mentionsComposites;
+        m_mentionsLoops = m_mentionsLoops || file.scan.mentionsLoops;
+        m_instances += file.scan.instances;
     }
 }
 
@@ -134,13 +133,33 @@ void VhdlAnalysis::repeat(const QString &folder, const ToolRunner::Then &then)
     runBatches(0, folder, then);
 }
 
+void VhdlAnalysis::repeatWith(const QString &entity, const QMap<QString, QByteArray> &defaults,
+                              const QString &folder, const ToolRunner::Then &then)
+{
+    for (const VhdlFile &file : m_files) {
+        if (!file.scan.generics.contains(entity))
+            continue;
+        QByteArray text = m_copies.textOf(file.path);
+        for (auto value = defaults.begin(); value != defaults.end(); ++value)
+            setVhdlDefault(text, entity, value.key(), value.value());
+        const QString name = QString::fromLatin1("defaults%1.vhd").arg(++m_repairs);
+        m_scratch.write(name, text);
+        m_replaced.insert(file.path, m_scratch.file(name));
+        break;
+    }
+    repeat(folder, [=](const ToolResult &result) {
+        m_replaced.clear();
+        then(result);
+    });
+}
+
 void VhdlAnalysis::runBatches(int first, const QString &folder, const ToolRunner::Then &then)
 {
     if (first == m_batches.size())
         return then(ToolResult());
     QStringList arguments(QLatin1String("-a"));
     for (const QString &file : m_batches.at(first).files)
-        arguments << handedOver(file);
+        arguments << m_replaced.value(file, handedOver(file));
     m_runner.run(call(arguments, m_batches.at(first).library, folder), [=](const ToolResult &result) {
         if (!result.isGood())
             return then(result);
@@ -221,7 +240,7 @@ bool VhdlAnalysis::supplyPackage(const QString &library, const QString &name, co
 // By an instance of a component without ports, whose types nobody knows.
 bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &message)
 {
-    QByteArray text = textOf(message.file);
+    QByteArray text = m_copies.textOf(message.file);
     VhdlInstance instance;
     if (!findVhdlInstance(text, ghdlOffset(text, message.line, message.column), instance) ||
         instance.name.startsWith(QLatin1Char('\\')))
@@ -230,7 +249,7 @@ bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &me
     const QByteArray package = "jex_box_" + name;
     supplyPackage(library, QString::fromLatin1(package), "component " + name + " is end component;");
     replaceKeepingLines(text, instance.begin, instance.end, ": component work." + package + '.' + name + ' ');
-    write(message.file, text);
+    m_copies.replace(message.file, text);
     m_undriven += instance.words;
     return true;
 }
@@ -253,7 +272,7 @@ bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
 
 bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
 {
-    QByteArray text = textOf(file);
+    QByteArray text = m_copies.textOf(file);
     const QList<VhdlUnit> units = scanVhdl(text).units;
     QMap<int, QPair<int, QByteArray>> edits; // from where, to where and by what
     for (const ToolMessage &error : errors) {
@@ -276,7 +295,7 @@ bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &err
         replaceKeepingLines(text, edit.key(), edit->first, edit->second);
     }
     if (!edits.isEmpty())
-        write(file, text);
+        m_copies.replace(file, text);
     return !edits.isEmpty();
 }
 
@@ -338,37 +357,47 @@ QMap<QString, QString> VhdlAnalysis::fileNames() const
     return names;
 }
 
-// As GHDL gets it.
-QByteArray VhdlAnalysis::textOf(const QString &file) const
-{
-    return contentOf(handedOver(file));
-}
-
-void VhdlAnalysis::write(const QString &file, const QByteArray &text)
-{
-    const QString target = QFileInfo(handedOver(file)).symLinkTarget();
-    QString copy = target;
-    if (!target.startsWith(m_scratch.path())) {
-        copy = m_scratch.file(QString::fromLatin1("repaired%1.vhd").arg(m_edited.size()));
-        m_names.setCopy(file, copy);
-    }
-    m_edited.insert(file);
-    m_scratch.write(QFileInfo(copy).fileName(), text);
-}
-
 ToolMessage VhdlAnalysis::placed(ToolMessage message) const
 {
     message.file = realFile(message, m_names, m_scratch.path());
     return message;
 }
 
+GhdlNames VhdlAnalysis::names() const
+{
+    GhdlNames names;
+    names.entities = m_entities;
+    names.hollow = m_hollow;
+    names.undriven = m_undriven;
+    names.twins = m_twins;
+    for (const VhdlFile &file : m_files) {
+        // GHDL names a file in the folder that it works in without the folder.
+        const QString path = handedOver(file.path);
+        const bool isInside = path.startsWith(m_scratch.path() + QLatin1Char('/'));
+        const QString given = isInside ? QFileInfo(path).fileName() : path;
+        names.libraries.insert(given, m_libraries.value(file.path).value(0));
+        for (auto target = file.scan.targets.begin(); target != file.scan.targets.end(); ++target)
+            names.targets.insert(given + QLatin1Char(':') + QString::number(target.key()), target.value());
+    }
+    return names;
+}
+
+// With types that are none of the project's own where these are subtypes of such.
 VhdlGenericList VhdlAnalysis::genericsOf(const QString &entity) const
 {
+    VhdlGenericList generics;
+    QHash<QString, QString> subtypes;
     for (const VhdlFile &file : m_files) {
-        if (file.scan.generics.contains(entity))
-            return file.scan.generics.value(entity);
+        if (generics.isEmpty())
+            generics = file.scan.generics.value(entity);
+        subtypes.unite(file.scan.subtypes);
     }
-    return VhdlGenericList();
+    const int mostSteps = 100; // one may be called like what it is a subtype of
+    for (QPair<QString, QString> &generic : generics) {
+        for (int i = 0; i < mostSteps && subtypes.contains(generic.second); ++i)
+            generic.second = subtypes.value(generic.second);
+    }
+    return generics;
 }
 
 QStringList VhdlAnalysis::below(const QString &entity) const

@@ -9,6 +9,7 @@
 
 #include <functional>
 
+#include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolmessages.h"
 #include "elaboration/tools/toolrunner.h"
 #include "elaboration/tools/vhdllibraries.h"
@@ -18,6 +19,7 @@ namespace QUARRY {
 struct DesignInput;
 class SafeNames;
 class ScratchDir;
+class SourceCopies;
 
 // Lets GHDL read all VHDL sources into their libraries. What it refuses is repaired and read again: files are
 // put behind what they use; libraries and packages that no file has become empty ones; instances of what is
@@ -26,12 +28,16 @@ class ScratchDir;
 class VhdlAnalysis
 {
 public:
-    VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
+    VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, SourceCopies &copies,
+                 ToolRunner &runner);
 
     // Then the last result of the tool: a good one when the libraries can be used.
     void run(const ToolRunner::Then &then);
     // Reads the sources once more, into that folder.
     void repeat(const QString &folder, const ToolRunner::Then &then);
+    // The same with other default values of that entity's generics: by name, as expressions.
+    void repeatWith(const QString &entity, const QMap<QString, QByteArray> &defaults, const QString &folder,
+                    const ToolRunner::Then &then);
     // Gives those entities architectures without anything in them, in that folder only.
     void hollowOut(const QSet<QString> &entities, const QString &folder, const ToolRunner::Then &then);
 
@@ -46,14 +52,18 @@ public:
     VhdlGenericList genericsOf(const QString &entity) const;
     QStringList
     below(const QString &entity) const; // entities it needs, each behind those that it needs itself
+    GhdlNames names() const;            // what the translation must know
     // The unit at that place; null when there is none.
     const VhdlUnit *unitAt(const QString &file, int line) const;
     bool mentionsForeign() const { return m_mentionsForeign; }
     bool mentionsComposites() const { return m_mentionsComposites; }
+    bool mentionsLoops() const { return m_mentionsLoops; }
+    int instanceCount() const { return m_instances; } // in all sources, where there are no loops
 
-    const QSet<QString> &hollow() const { return m_hollow; }     // entities of which only the ports are known
-    const QSet<QString> &lost() const { return m_lost; }         // those, and others of which nothing is
-    const QSet<QString> &undriven() const { return m_undriven; } // signals that black boxes may drive
+    const QSet<QString> &lost() const
+    {
+        return m_lost;
+    } // entities of which nothing, or only the ports are known
 
     int fileCount() const { return m_files.size(); }
     QList<VhdlBatch> byLibrary() const;            // all files as GHDL gets them, each once and in its order
@@ -77,12 +87,11 @@ private:
     void note(const QList<ToolMessage> &errors, QStringList &messages) const;
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
-    QByteArray textOf(const QString &file) const;
-    void write(const QString &file, const QByteArray &text);
 
     const DesignInput &m_input;
     const ScratchDir &m_scratch;
     SafeNames &m_names;
+    SourceCopies &m_copies;
     ToolRunner &m_runner;
     QList<VhdlFile> m_files;
     QStringList m_order; // of their paths
@@ -91,17 +100,22 @@ private:
     int m_batch = 0; // the next one
     bool m_isOrdered = false;
     int m_repairs = 0;
-    QStringList m_made;       // files of empty packages and black boxes
-    QSet<QString> m_supplied; // "library.package" that they hold
-    QSet<QString> m_edited;   // files that GHDL reads as copies
+    QStringList m_made;                 // files of empty packages and black boxes
+    QSet<QString> m_supplied;           // "library.package" that they hold
+    QHash<QString, QString> m_replaced; // files by others in what is repeated
     QHash<QString, QString> m_entities;
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;
     QSet<QString> m_used;
-    QSet<QString> m_hollow, m_lost, m_undriven;
+    QSet<QString> m_hollow;   // entities of which only the ports are known
+    QSet<QString> m_undriven; // signals that black boxes may drive
+    QSet<QString> m_lost;
+    QSet<QString> m_twins;   // entities of several libraries
     QSet<QString> m_missing; // entities that were left out
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
+    bool m_mentionsLoops = false;
+    int m_instances = 0;
     QStringList m_assumed; // the tool's words about what was supplied
     QStringList m_messages;
 };

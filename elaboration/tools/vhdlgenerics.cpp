@@ -12,16 +12,37 @@ const char unsetGeneric[] = "64'hfeedfacecafef00d";
 
 namespace {
 
-// "101" of "3'h5", most significant bit first; empty for what is no such number.
+// "101" of "3'h5" and "1X" of "2'b1x", most significant bit first; empty for what is no such number.
 QString bitsOf(const QString &constant)
 {
-    const QRegExp number(QLatin1String("(\\d+)'s?h([0-9a-f]+)"));
+    const QRegExp number(QLatin1String("(\\d+)'s?([hb])([0-9a-fxz?_]+)"));
     if (!number.exactMatch(constant))
         return QString();
+    const int each = number.cap(2) == QLatin1String("h") ? 4 : 1;
     QString bits;
-    for (const QChar digit : number.cap(2))
-        bits += QString::number(QString(digit).toInt(nullptr, 16), 2).rightJustified(4, QLatin1Char('0'));
+    for (const QChar digit : number.cap(3)) {
+        bool isNumber = false;
+        const int value = QString(digit).toInt(&isNumber, 16);
+        if (isNumber)
+            bits += QString::number(value, 2).rightJustified(each, QLatin1Char('0'));
+        else if (digit != QLatin1Char('_'))
+            bits += QString(each, QLatin1Char(digit == QLatin1Char('x') ? 'X' : 'Z'));
+    }
     return bits.rightJustified(number.cap(1).toInt(), QLatin1Char('0')).right(number.cap(1).toInt());
+}
+
+bool isTwoValued(const QString &bits)
+{
+    return !bits.isEmpty() && !bits.contains(QLatin1Char('X')) && !bits.contains(QLatin1Char('Z'));
+}
+
+// Verilator leaves leading zeros out, also before an unknown bit, which Verilog would then repeat.
+QString exact(const QString &constant)
+{
+    const QString bits = bitsOf(constant);
+    return bits.isEmpty() || isTwoValued(bits)
+               ? constant
+               : QString::number(bits.size()) + QLatin1String("'b") + bits.toLower();
 }
 
 // Numbers without a width have 32 bits, and may be negative.
@@ -41,7 +62,7 @@ QString textOf(const QString &constant)
     QString text;
     for (int i = 0; i + 8 <= bits.size(); i += 8)
         text += QChar(bits.mid(i, 8).toInt(nullptr, 2));
-    return text;
+    return text.remove(QChar(0)); // what Verilog fills up with, and all of its empty text
 }
 
 // Empty for a value that GHDL does not take.
@@ -51,26 +72,33 @@ QString argumentOf(const QString &constant, const QString &type)
     if (type == QLatin1String("string"))
         return textOf(constant);
     if (type == QLatin1String("boolean") || type == QLatin1String("bit"))
-        return bits.isEmpty() ? QString()
+        return !isTwoValued(bits) ? QString()
                : type == QLatin1String("bit")
                    ? QLatin1Char('\'') + bits.right(1) + QLatin1Char('\'')
                    : QString::fromLatin1(bits.contains(QLatin1Char('1')) ? "true" : "false");
     if (type == QLatin1String("std_logic") || type == QLatin1String("std_ulogic"))
         return bits.isEmpty() ? QString() : QLatin1Char('\'') + bits.right(1) + QLatin1Char('\'');
-    if (type.endsWith(QLatin1String("vector")) || type == QLatin1String("unsigned") ||
-        type == QLatin1String("signed"))
+    if (type == QLatin1String("bit_vector"))
+        return isTwoValued(bits) ? bits : QString();
+    if (isVhdlVector(type))
         return bits;
     return integerOf(constant);
 }
 
 } // namespace
 
+bool isVhdlVector(const QString &type)
+{
+    return type.endsWith(QLatin1String("vector")) || type.endsWith(QLatin1String("signed")) ||
+           type.endsWith(QLatin1String("fixed"));
+}
+
 QString VhdlGenericSet::condition(const QStringList &parameters) const
 {
     QStringList terms;
-    for (const QString &parameter : parameters)
-        terms.append(QLatin1Char('\\') + parameter + QLatin1String(" == ") +
-                     values.value(parameter, QLatin1String(unsetGeneric)));
+    for (const QString &parameter : parameters) // as they are, unknown bits and all
+        terms.append(QLatin1Char('\\') + parameter + QLatin1String(" === ") +
+                     exact(values.value(parameter, QLatin1String(unsetGeneric))));
     return terms.join(QLatin1String(" && "));
 }
 

@@ -24,6 +24,8 @@ struct VhdlGenericSet
     QStringList arguments(const VhdlGenericList &generics, QStringList &unknown) const;
 };
 
+bool isVhdlVector(const QString &type);
+
 // The sets of these stand-ins, each by its name, in the XML of the whole design.
 QMap<QString, QList<VhdlGenericSet>> readVhdlGenerics(const QString &xmlFile, const QStringList &standIns);
 

@@ -40,12 +40,13 @@ QByteArray firstError(const QByteArray &messages)
 
 } // namespace
 
-VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner)
+VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
+                   SourceCopies &copies, ToolRunner &runner)
     : m_input(input),
       m_scratch(scratch),
       m_names(names),
       m_runner(runner),
-      m_analysis(input, scratch, names, runner),
+      m_analysis(input, scratch, names, copies, runner),
       m_synthesisFolder(scratch.path())
 {
 }
@@ -87,7 +88,6 @@ bool VhdlPart::isAnythingLeft()
 
 void VhdlPart::translateRoots(const Then &then)
 {
-    startTrees();
     const QHash<QString, QString> &entities = m_analysis.entities();
     QStringList names = roots();
     bool areOptional = names.size() > 1 || m_analysis.fileCount() != m_input.files.size();
@@ -124,12 +124,17 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
         return then(true);
     const Wanted next = wanted.takeFirst();
     m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_analysis.entities().value(next.entity));
+    // What it is to write is known at once where the sources say how much there is.
+    if (mayStart() && vectorsOf(next).isEmpty() &&
+        (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
+        startSimulation(next, m_scratch.path());
     translateOne(next, areOptional, [=](bool isUsable) {
-        if (!isUsable)
-            return then(false);
         const auto others = [=] { translate(wanted, areOptional, then); };
-        if (m_verilog.lastModule().isEmpty())
-            return others();
+        if (!isUsable || m_verilog.lastModule().isEmpty()) {
+            m_runner.stopBeside();
+            m_waveform.clear();
+            return isUsable ? others() : then(false);
+        }
         recordScopes(next, [=] {
             if (areOptional || !m_hollow.contains(next.entity) || m_isStarted)
                 return others();
@@ -157,11 +162,9 @@ ToolCall VhdlPart::synthesis(const Wanted &wanted) const
 void VhdlPart::translateOne(const Wanted &wanted, bool isOptional, const Then &then)
 {
     m_runner.run(synthesis(wanted), [=](const ToolResult &result) {
-        GhdlNames names;
-        names.entities = m_analysis.entities();
+        GhdlNames names = m_analysis.names();
         names.components = unboundComponents(result.errors);
-        names.hollow = m_analysis.hollow() + m_hollow;
-        names.undriven = m_analysis.undriven();
+        names.hollow += m_hollow;
         QFile output(m_scratch.file(QLatin1String("entity.v")));
         const bool isRead = result.isGood() && output.open(QIODevice::ReadOnly);
         m_verilog.start(isRead ? output.readAll() : QByteArray(), names, wanted.module);
@@ -310,55 +313,48 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
     });
 }
 
-// Neither the translation nor a waveform says where anything is declared. Without the tree, for whatever
-// reason, the nets have no place. GHDL writes it slowly, and nothing but the end of the work needs it. What
-// it reads at once is all in one library, so that what uses another one goes wrong: each has a run of its
-// own.
-void VhdlPart::startTrees()
-{
-    QList<ToolCall> calls;
-    for (const VhdlBatch &batch : m_analysis.byLibrary()) {
-        m_trees << m_scratch.file(QString::fromLatin1("vhdl%1.tree").arg(m_trees.size()));
-        ToolCall reading =
-            m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds") << batch.files,
-                            batch.library, m_scratch.path());
-        reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
-        reading.errorFile = m_trees.last();
-        reading.seconds = 30;
-        calls << reading;
-    }
-    m_runner.startBeside(calls);
-}
-
-void VhdlPart::finishTrees(const std::function<void(bool)> &then) const
-{
-    m_runner.awaitBeside([=](const ToolResult &result) { then(result.isGood()); });
-}
-
 // The translation has lost declared ranges, generate scopes, members of records and unused signals; the first
 // moment of a simulation has them all. Without it, for whatever reason, the translation is shown as it is.
 void VhdlPart::recordScopes(const Wanted &wanted, const std::function<void()> &then)
 {
+    const auto record = [=] { simulate(wanted, then); };
     if (!m_analysis.mentionsForeign() || m_isForeignJudged)
-        return simulate(wanted, then);
-    finishTrees([=](bool areWhole) {
-        judgeForeign(areWhole);
-        simulate(wanted, then);
-    });
+        return record();
+    m_isForeignJudged = true;
+    judgeForeign(m_analysis.byLibrary(), record);
+}
+
+bool VhdlPart::mayStart() const
+{
+    return m_mayRun && (!m_analysis.mentionsForeign() || m_isForeignJudged) && confinementFault().isEmpty();
 }
 
 // A foreign subprogram or architecture is code from a library of the system, which a simulator calls with
-// whatever the source says. The word in the text may be any; the tree tells where it is a name.
-void VhdlPart::judgeForeign(bool areTreesWhole)
+// whatever the source says. The word in the text may be any; the syntax tree tells where it is a name. What
+// GHDL reads at once is all in one library, so that what uses another one goes wrong: each has its own run.
+void VhdlPart::judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then)
 {
-    m_isForeignJudged = true;
-    QString place;
-    m_mayRun = areTreesWhole;
-    for (int i = 0; i < m_trees.size() && m_mayRun; ++i)
-        m_mayRun = !findGhdlName("foreign", m_trees.at(i), place);
-    if (m_mayRun)
-        return;
-    place = place.isEmpty() ? QString() : realPlace(place);
+    if (batches.isEmpty())
+        return then();
+    const VhdlBatch batch = batches.takeFirst();
+    ToolCall reading =
+        m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds") << batch.files,
+                        batch.library, m_scratch.path());
+    reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
+    reading.errorFile = m_scratch.file(QLatin1String("vhdl.tree"));
+    reading.seconds = 30;
+    m_runner.run(reading, [=](const ToolResult &result) {
+        QString place;
+        if (result.isGood() && !findGhdlName("foreign", reading.errorFile, place))
+            return judgeForeign(batches, then);
+        forbidRun(place.isEmpty() ? QString() : realPlace(place));
+        then();
+    });
+}
+
+void VhdlPart::forbidRun(const QString &place)
+{
+    m_mayRun = false;
     m_messages.append(QLatin1String("WARNING: ") + place +
                       QLatin1String("The attribute foreign can run code from outside the design. The VHDL is "
                                     "therefore not started, and its signals are shown as GHDL translates "
@@ -374,35 +370,96 @@ QString VhdlPart::realPlace(const QString &place) const
            place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
 }
 
+// What GHDL takes for a generic when it translates, but not when it runs: bits, as VHDL writes them.
+QMap<QString, QByteArray> VhdlPart::vectorsOf(const Wanted &wanted) const
+{
+    const QRegExp bits(QLatin1String("[01UXZWLH-]+"));
+    QMap<QString, QByteArray> vectors;
+    for (const QPair<QString, QString> &generic : m_analysis.genericsOf(wanted.entity)) {
+        for (const QString &given : wanted.generics) {
+            const QString value = given.section(QLatin1Char('='), 1);
+            if (isVhdlVector(generic.second) && bits.exactMatch(value) &&
+                given.section(QLatin1Char('='), 0, 0).toLower() == generic.first)
+                vectors.insert(generic.first, '"' + value.toLatin1() + '"');
+        }
+    }
+    return vectors;
+}
+
 void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
 {
-    m_isStarted = false;
-    if (!m_mayRun || !confinementFault().isEmpty())
-        return then();
+    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
+    if (!m_waveform.isEmpty() || !mayStart() || vectors.isEmpty()) {
+        if (m_waveform.isEmpty() && mayStart())
+            startSimulation(wanted, m_scratch.path());
+        return takeSimulation(wanted, then);
+    }
+    const QString folder = m_scratch.file(QLatin1String("simulation") + QString::number(m_simulations));
+    m_analysis.repeatWith(wanted.entity, vectors, folder, [=](const ToolResult &result) {
+        if (result.isGood())
+            startSimulation(wanted, folder);
+        takeSimulation(wanted, then);
+    });
+}
+
+void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
+{
     // The wave file knows all types, and takes time that grows with the square of the instances.
-    const bool isWave = m_analysis.mentionsComposites() || m_verilog.instanceCount() < manyInstances;
-    const QString file = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
-                                        QLatin1String(isWave ? ".ghw" : ".vcd"));
+    const int instances = m_analysis.mentionsLoops() ? m_verilog.instanceCount() : m_analysis.instanceCount();
+    const bool isWave = m_analysis.mentionsComposites() || instances < manyInstances;
+    m_waveform = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
+                                QLatin1String(isWave ? ".ghw" : ".vcd"));
     QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
-    for (const QString &generic : wanted.generics)
-        arguments << QLatin1String("-g") + generic;
+    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
+    for (const QString &generic : wanted.generics) {
+        if (!vectors.contains(generic.section(QLatin1Char('='), 0, 0).toLower()))
+            arguments << QLatin1String("-g") + generic;
+    }
     arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
-              << QLatin1String(isWave ? "--wave=" : "--vcd=") + file;
-    ToolCall simulation = m_analysis.call(arguments, wanted.entity);
+              << QLatin1String(isWave ? "--wave=" : "--vcd=") + m_waveform;
+    ToolCall simulation = m_analysis.call(arguments, m_analysis.libraryOf(wanted.entity), folder);
     simulation.subject =
         QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
     simulation.seconds = 30;
     simulation.runsSources = true;
-    m_runner.run(simulation, [=](const ToolResult &result) {
+    m_runner.startBeside(simulation);
+}
+
+void VhdlPart::takeSimulation(const Wanted &wanted, const std::function<void()> &then)
+{
+    const QString waveform = m_waveform;
+    m_waveform.clear();
+    m_isStarted = false;
+    if (waveform.isEmpty())
+        return then();
+    m_runner.awaitBeside([=](const ToolResult &result) {
         m_isStarted = result.isGood();
         if (result.outcome == ToolResult::Finished)
-            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, file);
+            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, waveform);
         else if (result.outcome == ToolResult::Stopped)
             m_messages.append(
                 QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
         then();
     });
+}
+
+QList<VhdlSourceFile> VhdlPart::sources() const
+{
+    QList<VhdlSourceFile> result;
+    for (const VhdlBatch &batch : m_analysis.byLibrary()) {
+        for (const QString &file : batch.files)
+            result.append({batch.library, file});
+    }
+    return result;
+}
+
+QMap<QString, QString> VhdlPart::libraries() const
+{
+    QMap<QString, QString> libraries = m_verilog.libraries();
+    for (auto root = m_modules.begin(); root != m_modules.end(); ++root)
+        libraries.insert(root.value(), m_analysis.libraryOf(root.key()));
+    return libraries;
 }
 
 void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings, QStringList &messages) const

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+#include "elaboration/reading/vhdlplaces.h"
 #include "elaboration/tools/designdump.h"
 #include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolrunner.h"
@@ -19,13 +20,15 @@ namespace QUARRY {
 struct DesignInput;
 class SafeNames;
 class ScratchDir;
+class SourceCopies;
 
 // The VHDL sources of a design. GHDL reads them and turns entities into Verilog, which Verilator then
 // reads together with the user's own.
 class VhdlPart
 {
 public:
-    VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, ToolRunner &runner);
+    VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeNames &names, SourceCopies &copies,
+             ToolRunner &runner);
 
     // Reads all sources and translates the top entity, or without a top module every entity that no other
     // instantiates. Then false when the design cannot be used: the messages say why.
@@ -47,9 +50,8 @@ public:
     QStringList refusals() const;                               // why
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
     QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
-    // Goes on when treeFiles() are complete; false when GHDL could not read all.
-    void finishTrees(const std::function<void(bool)> &then) const;
-    QStringList treeFiles() const { return m_trees; } // see ReadOptions::vhdlTrees
+    QList<VhdlSourceFile> sources() const;                           // see ReadOptions::vhdlSources
+    QMap<QString, QString> libraries() const;                        // see ReadOptions::vhdlLibraries
     QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
     const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices
@@ -65,7 +67,6 @@ private:
     };
     typedef std::function<void(bool)> Then;
 
-    void startTrees();
     void translateRoots(const Then &then);
     // One after the other; then false when one that is not optional was refused.
     void translate(QList<Wanted> wanted, bool areOptional, const Then &then);
@@ -82,8 +83,13 @@ private:
                           const Then &then);
     ToolCall synthesis(const Wanted &wanted) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
+    bool mayStart() const;
+    QMap<QString, QByteArray> vectorsOf(const Wanted &wanted) const;
+    void startSimulation(const Wanted &wanted, const QString &folder);
     void simulate(const Wanted &wanted, const std::function<void()> &then);
-    void judgeForeign(bool areTreesWhole);
+    void takeSimulation(const Wanted &wanted, const std::function<void()> &then);
+    void judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then);
+    void forbidRun(const QString &place);
     QString realPlace(const QString &place) const;
     QStringList roots() const;
     bool isVhdl(const DesignDump &dump, const DumpCell &cell) const; // what instantiates it
@@ -103,12 +109,12 @@ private:
     VhdlAnalysis m_analysis;
     QHash<QString, QString> m_modules; // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
+    QString m_waveform; // that is being written; empty: none
     int m_simulations = 0;
     bool m_isStarted = false; // the last simulation reached its first moment
     bool m_didToolFail = false;
     bool m_mayRun = true;
     bool m_isForeignJudged = false;
-    QStringList m_trees; // files, one for each library
     QSet<QString> m_refused;
     QSet<QString> m_boxed; // refused ones that Verilog instantiates
     QStringList m_untranslated;

@@ -21,7 +21,7 @@ struct VhdlUnit
     int line = 0; // of the name, from 1
 };
 
-// The generics of an entity in their order: names in lower case, each with the first word of its type.
+// The generics of an entity in their order: names in lower case, each with the last name of its type.
 typedef QList<QPair<QString, QString>> VhdlGenericList;
 
 // What the words of a VHDL file say, without its grammar. Names in lower case unless said otherwise.
@@ -33,8 +33,12 @@ struct VhdlScan
     QSet<QString> instantiated;               // entities and components
     QHash<QString, QSet<QString>> within;     // the same by the entity whose architecture has them
     QHash<QString, VhdlGenericList> generics; // of entities
-    bool mentionsForeign = false;
-    bool mentionsComposites = false; // types that a VCD cannot hold
+    QHash<QString, QString> subtypes;         // to the last name of what each is a subtype of
+    QHash<int, QString> targets;              // libraries of "label : entity lib.unit", by line of the label
+    int instances = 0;                        // statements
+    bool mentionsLoops = false;               // of instances
+    bool mentionsForeign = false;             // anywhere, and be it in a comment
+    bool mentionsComposites = false;          // types that a VCD cannot hold
 };
 
 VhdlScan scanVhdl(const QByteArray &text);
@@ -49,6 +53,10 @@ struct VhdlInstance
     QSet<QString> words; // of its port map
 };
 bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
+
+// Gives a generic of that entity another default value, an expression, as far as it is declared by itself;
+// false when it is not. Names in lower case. Lines stay what they are.
+bool setVhdlDefault(QByteArray &text, const QString &entity, const QString &generic, const QByteArray &value);
 
 // Puts other words in the place of those from `begin` to `end`; lines stay what they are.
 void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by);

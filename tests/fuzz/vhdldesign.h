@@ -9,14 +9,14 @@
 namespace Fuzz {
 
 // Reads the design of tests/fuzz/corpus/netlist/blocks.xml, whose Verilog GHDL made of VHDL, with the
-// waveform and the tree that the files hold.
-inline void readVhdlDesign(const QString &waveform, const QString &tree)
+// waveform and the VHDL that the files hold.
+inline void readVhdlDesign(const QString &waveform, const QString &vhdl)
 {
     QUARRY::ReadOptions options;
     options.generated.insert(QStringLiteral("made.v"));
     options.vhdlScopes.insert(QStringLiteral("blocks"), waveform);
     options.vhdlScopes.insert(QStringLiteral("leaf"), waveform);
-    options.vhdlTrees << tree;
+    options.vhdlSources.append({QStringLiteral("work"), vhdl});
     QUARRY::NetlistReader reader(QStringLiteral(CORPUS "/netlist/blocks.xml"), options);
     while (reader.readSlice())
         ;

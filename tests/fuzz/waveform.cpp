@@ -18,6 +18,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString file = Fuzz::file(Fuzz::bytes(data, size));
     if (const std::unique_ptr<QUARRY::VhdlScope> scope = QUARRY::readVhdlScopes(file, QStringLiteral("crc8")))
         look(*scope);
-    Fuzz::readVhdlDesign(file, QStringLiteral(CORPUS "/tree/blocks.tree"));
+    Fuzz::readVhdlDesign(file, QStringLiteral(CORPUS "/places/blocks.vhd"));
     return 0;
 }

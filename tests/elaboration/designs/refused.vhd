@@ -20,10 +20,10 @@ begin
 end architecture;
 entity Inner is port (a : in bit); end entity;
 architecture rtl of Inner is signal deep : bit; begin deep <= a; end architecture;
-entity Cases is generic (M : natural := 1); port (a : in bit; q : out bit); end entity;
-architecture rtl of Cases is signal s : bit; begin
+entity Waits is port (a : in bit; q : out bit); end entity;
+architecture rtl of Waits is signal s : bit; begin
 	U_In : entity work.Inner port map (s);
-	g : case M generate when 0 => q <= a; when others => q <= not a; end generate;
+	process begin wait for 5 ns; q <= not a; end process;
 end architecture;
 entity Wrong is port (a : in bit; q : out bit); end entity;
 architecture rtl of Wrong is signal s : bit; begin
@@ -48,7 +48,7 @@ begin
   FF : unisim.vcomponents.FDRE generic map (INIT => '0') port map (D => locked, Q => hold);
 	Gone : entity work.Missing port map (a, z);
   Ram : entity work.TwoPorts port map (c, c, locked, d(3 downto 0), d, q, open);
-  Cs : entity work.Cases port map (a, y);
+  Wt : entity work.Waits port map (a, y);
   Bad : entity work.Wrong port map (a, open);
   Good : entity work.Right port map (z, open);
   T : entity work.Typed port map (a);
@@ -61,8 +61,8 @@ end architecture;
 --= top/Gone:Missing
 --= top/Ram:TwoPorts ca cb we Touched a[3:0] d[7:0] qa[7:0] qb[7:0]
 --= top/Ram/inside[1]:inside s
---= top/Cs:Cases a q s
---= top/Cs/U_In:Inner a deep
+--= top/Wt:Waits a q s
+--= top/Wt/U_In:Inner a deep
 --= top/Bad:Wrong a q
 --= top/Good:Right a q s
 --= top/T:Typed
