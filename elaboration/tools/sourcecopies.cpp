@@ -141,6 +141,34 @@ int SourceCopies::wantedIn(const QString &path) const
     return wanted;
 }
 
+void SourceCopies::hideModule(const QString &file, const QByteArray &name)
+{
+    m_blanked.modules.insert(name);
+    m_wanted |= HideModules;
+    m_sources[file].made = 0;
+}
+
+// What one source declares and another one uses.
+void SourceCopies::learnBlanked()
+{
+    if (!(m_wanted & HideAssertions))
+        return;
+    QStringList paths = m_sources.keys();
+    paths.sort();
+    for (const QString &path : paths) {
+        if (!(wantedIn(path) & HideAssertions) || m_learnt.contains(path))
+            continue;
+        QByteArray text = sourceOf(path);
+        repairSource(text, VerilogSource, HideAssertions, m_blanked);
+        m_learnt.insert(path);
+    }
+    for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
+        if (source->language == VerilogSource && !(source->needed & HideAssertions) &&
+            m_blanked.areIn(sourceOf(source.key())))
+            source->needed |= HideAssertions;
+    }
+}
+
 bool SourceCopies::update()
 {
     QHash<QString, QByteArray> texts;
@@ -149,12 +177,15 @@ bool SourceCopies::update()
             source->needed |=
                 neededRepairs(sourceOf(source.key()), source->language, m_wanted & ~source->judged);
         source->judged = m_wanted;
+    }
+    learnBlanked();
+    for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
         const int wanted = wantedIn(source.key());
         if (!wanted || wanted == source->made)
             continue;
         QByteArray text = sourceOf(source.key());
         const QByteArray before = text;
-        const int made = repairSource(text, source->language, wanted);
+        const int made = repairSource(text, source->language, wanted, m_blanked);
         source->made = wanted;
         source->isEmpty = holdsNothing(text, source->language);
         if ((made & HideEncrypted) && !m_encrypted.contains(source.key()))

@@ -35,6 +35,9 @@ public:
     // That repair is not made in these files.
     void spare(SourceRepair repair, const QSet<QString> &files) { m_spared[repair] = files; }
 
+    void hideModule(const QString &file, const QByteArray &name); // that the file declares
+    const BlankedNames &blanked() const { return m_blanked; }
+
     // Makes the copies that are needed by now. False when no tool will see anything new.
     bool update();
 
@@ -56,6 +59,7 @@ private:
     void read(const QString &path, Source &source, QStringList &faults);
     void noteIncludes(const QString &path, const QByteArray &text, Source &source, QStringList &faults);
     int wantedIn(const QString &path) const;
+    void learnBlanked();
     void write(const QString &path, QByteArray text);
     QByteArray withPlacedIncludes(const QString &path, const QByteArray &text);
 
@@ -66,6 +70,8 @@ private:
     QStringList m_waiting;            // to be read by look()
     QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
     QHash<int, QSet<QString>> m_spared;
+    BlankedNames m_blanked;
+    QSet<QString> m_learnt; // files of which it knows all of them
     QStringList m_encrypted;
     int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark;
 };

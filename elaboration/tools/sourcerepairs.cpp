@@ -6,6 +6,8 @@
 #include <cstring>
 
 #include "elaboration/tools/verilogassertions.h"
+#include "elaboration/tools/veriloglets.h"
+#include "elaboration/tools/verilogmodules.h"
 
 namespace QUARRY {
 namespace {
@@ -28,7 +30,7 @@ int switchIn(const QByteArray &comment)
     return (words.cap(1) + words.cap(2)).compare(QLatin1String("ff"), Qt::CaseInsensitive) == 0 ? 1 : -1;
 }
 
-bool hideSimulation(QByteArray &text, SourceLanguage language)
+bool hideSimulation(QByteArray &text, SourceLanguage language, BlankedNames &)
 {
     std::vector<TextRange> hidden;
     int from = -1;
@@ -92,7 +94,7 @@ void closeConstruct(QByteArray &text, TextRange envelope, SourceLanguage languag
         text.replace(envelope.start, end.size(), end);
 }
 
-bool hideEncrypted(QByteArray &text, SourceLanguage language)
+bool hideEncrypted(QByteArray &text, SourceLanguage language, BlankedNames &)
 {
     if (text.startsWith(xilinxMark)) {
         blank(text, {0, text.size()});
@@ -123,7 +125,7 @@ bool hideEncrypted(QByteArray &text, SourceLanguage language)
     return !envelopes.empty() || !others.empty();
 }
 
-bool dropByteOrderMark(QByteArray &text, SourceLanguage)
+bool dropByteOrderMark(QByteArray &text, SourceLanguage, BlankedNames &)
 {
     if (!text.startsWith(byteOrderMark))
         return false;
@@ -131,9 +133,15 @@ bool dropByteOrderMark(QByteArray &text, SourceLanguage)
     return true;
 }
 
-bool hideAssertions(QByteArray &text, SourceLanguage)
+bool hideAssertions(QByteArray &text, SourceLanguage, BlankedNames &names)
 {
-    return blankAssertions(text);
+    const bool isExpanded = expandLets(text, names);
+    return blankAssertions(text, names) || isExpanded;
+}
+
+bool hideModules(QByteArray &text, SourceLanguage, BlankedNames &names)
+{
+    return blankModules(text, names.modules);
 }
 
 struct RepairRow
@@ -141,9 +149,9 @@ struct RepairRow
     SourceRepair repair;
     bool forVerilog;
     bool forVhdl;
-    const char *beginning;                                    // a text that needs the repair begins with it,
-    const char *marks[8];                                     // or holds one of these
-    bool (*apply)(QByteArray &text, SourceLanguage language); // false when there was nothing to do
+    const char *beginning; // a text that needs the repair begins with it,
+    const char *marks[8];  // or holds one of these
+    bool (*apply)(QByteArray &text, SourceLanguage language, BlankedNames &names); // false: nothing to do
 };
 
 // In the order in which they are made.
@@ -157,6 +165,7 @@ const RepairRow repairs[] = {
      nullptr,
      {"property", "sequence", "cover", "checker", "disable", "let", "expect"},
      hideAssertions},
+    {HideModules, true, false, nullptr, {"module"}, hideModules},
 };
 
 bool isNeeded(const RepairRow &row, const QByteArray &text, const QByteArray &searched)
@@ -184,11 +193,11 @@ int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted)
     return needed;
 }
 
-int repairSource(QByteArray &text, SourceLanguage language, int wanted)
+int repairSource(QByteArray &text, SourceLanguage language, int wanted, BlankedNames &names)
 {
     int made = 0;
     for (const RepairRow &row : repairs) {
-        if ((wanted & row.repair) && !(made & row.repair) && row.apply(text, language))
+        if ((wanted & row.repair) && !(made & row.repair) && row.apply(text, language, names))
             made |= row.repair;
     }
     return made;
