@@ -290,6 +290,7 @@ bool ReadingRepairs::leaveOutRefused()
     }
     for (auto module = modules.begin(); module != modules.end(); ++module) {
         m_copies.hideModule(module->file, module.key());
+        m_verilator.hideModule(QString::fromUtf8(module.key())); // or it is found by the name of its file
         m_notes.append(QLatin1String("WARNING: ") + module->file + QLatin1Char(':') +
                        QString::number(module->line) + QLatin1String(": ") + module->text +
                        QLatin1String(". The tool cannot take this, so module ") +

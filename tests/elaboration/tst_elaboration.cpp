@@ -140,7 +140,7 @@ void repairRows()
         "== a.sv\nmodule t import p::both; (input [1:0] x, output y);\nfar f(x[0]); assign y = both(x); sub "
         "u(x);\n"
         "endmodule\n== sub.sv\nmodule sub(input [1:0] x);\nimport p::both; wire z = "
-        "both(x[1:0]);\nendmodule\n"
+        "both(x + 1);\nendmodule\n"
         "== p.sv\npackage p; let both(v) = v[0] & v[1]; endpackage\nchecker far(logic c); endchecker\n",
         "top t\nmodules t\nWARNING: @/sub.sv:2: syntax error* The tool cannot take this, so module sub is "
         "left "
