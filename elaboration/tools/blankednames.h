@@ -27,10 +27,10 @@ using VerilogLets = QHash<QByteArray, VerilogLet>;
 struct BlankedNames
 {
     QSet<QByteArray> checkers;
-    QSet<QByteArray> groups; // covergroups
-    QSet<QByteArray> others; // sequences, properties and every `let`
+    QSet<QByteArray> groups;             // covergroups
+    QSet<QByteArray> others;             // sequences, properties and every `let`
     QHash<QByteArray, VerilogLets> lets; // of packages
-    QSet<QByteArray> modules; // that are to be blanked
+    QSet<QByteArray> modules;            // that are to be blanked
 
     bool haveUses() const { return !checkers.isEmpty() || !groups.isEmpty(); }
     bool contains(const QByteArray &name) const

@@ -77,8 +77,7 @@ private:
             return declare(i);
         if (m_tokens.is(i, "import"))
             return takeImport(i);
-        const Use use =
-            m_lets.isEmpty() && m_names.lets.isEmpty() ? Use() : useAt(i, QList<QByteArray>(), 0);
+        const Use use = m_lets.isEmpty() && m_names.lets.isEmpty() ? Use() : useAt(i, QList<QByteArray>(), 0);
         if (use.end)
             replace({i, use.end}, use.text.texts.first());
         return use.end;
@@ -196,15 +195,16 @@ private:
         const bool isQualified =
             isScope(i + 1) && m_names.lets.value(m_tokens.word(i)).contains(m_tokens.word(i + 3));
         const int name = isQualified ? i + 3 : i;
-        if (level > mostLevels || m_lookedAt > mostLookedAt || !isPlainName(i) || (!isQualified && !m_lets.contains(m_tokens.word(i))))
+        if (level > mostLevels || m_lookedAt > mostLookedAt || !isPlainName(i) ||
+            (!isQualified && !m_lets.contains(m_tokens.word(i))))
             return use;
         const QList<Declared> known = m_lets.value(m_tokens.word(name));
         if (!isQualified && known.isEmpty())
             return use;
         const VerilogLet let =
             isQualified ? m_names.lets.value(m_tokens.word(i)).value(m_tokens.word(name)) : known.last().let;
-        const bool hasArguments = m_tokens.is(name + 1, "(") &&
-                                  (!let.formals.isEmpty() || m_tokens.is(name + 2, ")"));
+        const bool hasArguments =
+            m_tokens.is(name + 1, "(") && (!let.formals.isEmpty() || m_tokens.is(name + 2, ")"));
         const int end = hasArguments ? behindParentheses(name + 1) : name + 1;
         if (!let.isKnown || (hasArguments && !m_tokens.is(end - 1, ")")))
             return use;

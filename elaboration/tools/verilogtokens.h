@@ -7,7 +7,8 @@
 
 namespace QUARRY {
 
-// The words of a Verilog source, its `directives and single signs; strings and comments are none of them. Places are those of the text, which is kept without its comments.
+// The words of a Verilog source, its `directives and single signs; strings and comments are none of them.
+// Places are those of the text, which is kept without its comments.
 class VerilogTokens
 {
 public:
@@ -29,8 +30,8 @@ public:
     bool isAny(int i, std::initializer_list<const char *> words) const;
     // Whether both stand in the same macro, or in none: no construct goes on behind its end.
     bool areTogether(int i, int j) const { return j < size() && at(i).define == at(j).define; }
-    // Behind the parenthesis that closes the one at `i`; when none does, the end of the text or macro, or of as
-    // many tokens as are looked at.
+    // Behind the parenthesis that closes the one at `i`; when none does, the end of the text or macro, or of
+    // as many tokens as are looked at.
     int behindParentheses(int i, int most = std::numeric_limits<int>::max()) const;
 
 private:
