@@ -83,7 +83,7 @@ void InterfaceMembers::addMember(const std::string &path, const VerilatorNet &sh
 
 // ".data" and the like of that interface, with the numbers of their nets.
 std::vector<std::pair<std::string, int>> InterfaceMembers::membersOf(const VerilatorModule &module,
-                                                                  const std::string &interface)
+                                                                     const std::string &interface)
 {
     std::vector<std::pair<std::string, int>> members;
     const std::string start = interface + '.';
@@ -110,7 +110,7 @@ std::string InterfaceMembers::interfaceNamed(const std::string &name, const Veri
 }
 
 std::vector<InterfaceMembers::Shared> InterfaceMembers::sharedWith(const VerilatorChild &child,
-                                                             const VerilatorScope &scope) const
+                                                                   const VerilatorScope &scope) const
 {
     std::vector<Shared> shared;
     if (m_module.members.empty() || !child.module || child.isArray)

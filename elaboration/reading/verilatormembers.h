@@ -4,8 +4,8 @@
 
 namespace QUARRY {
 
-// The members of the interfaces that a module has or is given. What is said of them in the module is kept like
-// what is said of its own nets: VerilatorModule::members. Refers to both, owns neither.
+// The members of the interfaces that a module has or is given. What is said of them in the module is kept
+// like what is said of its own nets: VerilatorModule::members. Refers to both, owns neither.
 class InterfaceMembers
 {
 public:

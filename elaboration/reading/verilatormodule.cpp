@@ -48,4 +48,10 @@ VerilatorModule::Span VerilatorModule::netsNamed(std::string_view name, const Ve
     return {};
 }
 
+VerilatorElements VerilatorModule::elementsOfPort(std::string_view connection) const
+{
+    const auto array = body->arrays.find(portName(connection));
+    return array == body->arrays.end() ? VerilatorElements() : array->second;
+}
+
 } // namespace QUARRY

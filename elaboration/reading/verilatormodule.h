@@ -125,6 +125,8 @@ struct VerilatorModule
     // The name of the port that a connection names, by its own name or as "__pinNumber3".
     std::string_view portName(std::string_view connection) const;
     static Span netsNamed(std::string_view name, const VerilatorScope &scope); // in it or around it
+    VerilatorElements
+    elementsOfPort(std::string_view connection) const; // without dimensions when it is no array
     template <typename Visit>
     void eachScope(Visit visit) const
     {

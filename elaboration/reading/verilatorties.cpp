@@ -72,15 +72,15 @@ TiedNets VerilatorTies::portsOf(const VerilatorChild &child, const VerilatorScop
     TiedNets result;
     const VerilatorModule &module = *child.module;
     for (const pugi::xml_node &port : child.node.children("port")) {
-        const VerilatorModule::Span nets = module.netsOfPort(port.attribute("name").value());
+        const char *const name = port.attribute("name").value();
+        const VerilatorModule::Span nets = module.netsOfPort(name);
         if (nets.count == 0 || std::strcmp(port.attribute("direction").value(), "in") != 0)
             continue;
         const pugi::xml_node value = port.first_child();
         const int elementWidth = module.nets[size_t(nets.first)].width();
-        const auto array = module.body->arrays.find(module.portName(port.attribute("name").value()));
-        const TiedBits all = is(value, "initarray") && array != module.body->arrays.end()
-                                 ? m_values.listed(value, array->second, elementWidth, scope, tied)
-                                 : m_values.bits(value, scope, tied);
+        const TiedBits all = is(value, "initarray") ? m_values.listed(value, module.elementsOfPort(name),
+                                                                      elementWidth, scope, tied)
+                                                    : m_values.bits(value, scope, tied);
         const size_t whole = size_t(nets.count) * size_t(elementWidth);
         const size_t width = size_t(elementWidth);
         size_t first = all.size() == whole * size_t(count) ? whole * size_t(fromRight) : 0;

@@ -70,7 +70,7 @@ int VerilatorValues::width(const pugi::xml_node &expression) const
 }
 
 VerilatorModule::Span VerilatorValues::netsOf(const pugi::xml_node &reference,
-                                            const VerilatorScope &scope) const
+                                              const VerilatorScope &scope) const
 {
     if (is(reference, "varref"))
         return VerilatorModule::netsNamed(reference.attribute("name").value(), scope);
@@ -115,7 +115,7 @@ int VerilatorValues::elementNumber(pugi::xml_node select, const VerilatorScope &
 }
 
 TiedBits VerilatorValues::bits(const pugi::xml_node &expression, const VerilatorScope &scope,
-                             const TiedNets &tied) const
+                               const TiedNets &tied) const
 {
     if (is(expression, "const"))
         return constantBits(expression);
@@ -134,7 +134,7 @@ TiedBits VerilatorValues::bits(const pugi::xml_node &expression, const Verilator
 
 // <sel> of value, lowest bit and width, both counted from the least significant bit
 TiedBits VerilatorValues::selected(const pugi::xml_node &select, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
+                                   const TiedNets &tied) const
 {
     const pugi::xml_node value = select.first_child();
     const pugi::xml_node lowest = value.next_sibling();
@@ -148,7 +148,7 @@ TiedBits VerilatorValues::selected(const pugi::xml_node &select, const Verilator
 }
 
 TiedBits VerilatorValues::joined(const pugi::xml_node &concat, const VerilatorScope &scope,
-                               const TiedNets &tied) const
+                                 const TiedNets &tied) const
 {
     const pugi::xml_node high = concat.first_child();
     const pugi::xml_node low = high.next_sibling();
@@ -164,7 +164,7 @@ TiedBits VerilatorValues::joined(const pugi::xml_node &concat, const VerilatorSc
 
 // '{a, b}: <inititem index="1">, which counts from the lowest index. Lists of lists are left alone.
 TiedBits VerilatorValues::listed(const pugi::xml_node &list, const VerilatorElements &elements, int width,
-                               const VerilatorScope &scope, const TiedNets &tied) const
+                                 const VerilatorScope &scope, const TiedNets &tied) const
 {
     TiedBits all;
     if (elements.dimensions.size() != 1)
@@ -184,7 +184,7 @@ TiedBits VerilatorValues::listed(const pugi::xml_node &list, const VerilatorElem
 }
 
 TiedBits VerilatorValues::repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
+                                   const TiedNets &tied) const
 {
     TiedBits once = bits(replicate.first_child(), scope, tied);
     if (once.empty())
@@ -197,7 +197,7 @@ TiedBits VerilatorValues::repeated(const pugi::xml_node &replicate, const Verila
 }
 
 TiedBits VerilatorValues::extended(const pugi::xml_node &extend, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
+                                   const TiedNets &tied) const
 {
     TiedBits all = bits(extend.first_child(), scope, tied);
     all.resize(size_t(width(extend.first_child())));
@@ -215,7 +215,7 @@ void VerilatorValues::addNets(VerilatorModule::Span nets, int width, std::vector
 }
 
 void VerilatorValues::addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
-                               std::vector<Target> &targets) const
+                                 std::vector<Target> &targets) const
 {
     if (isReference(left)) {
         addNets(netsOf(left, scope), width(left), targets);
@@ -233,7 +233,7 @@ void VerilatorValues::addTargets(const pugi::xml_node &left, const VerilatorScop
 }
 
 TiedBits VerilatorValues::assigned(const pugi::xml_node &assignment, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
+                                   const TiedNets &tied) const
 {
     const pugi::xml_node value = assignment.first_child();
     if (!is(value, "initarray"))

@@ -22,12 +22,14 @@ public:
     // Of an expression that stands in `scope`.
     TiedBits bits(const pugi::xml_node &expression, const VerilatorScope &scope, const TiedNets &tied) const;
     // Of what a <contassign> assigns.
-    TiedBits assigned(const pugi::xml_node &assignment, const VerilatorScope &scope, const TiedNets &tied) const;
+    TiedBits assigned(const pugi::xml_node &assignment, const VerilatorScope &scope,
+                      const TiedNets &tied) const;
     // Of the list of an array's elements, each that wide.
     TiedBits listed(const pugi::xml_node &list, const VerilatorElements &elements, int width,
                     const VerilatorScope &scope, const TiedNets &tied) const;
     // What the left side names. Appended with the least significant first.
-    void addTargets(const pugi::xml_node &left, const VerilatorScope &scope, std::vector<Target> &targets) const;
+    void addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
+                    std::vector<Target> &targets) const;
 
 private:
     VerilatorModule::Span netsOf(const pugi::xml_node &reference, const VerilatorScope &scope) const;
@@ -35,7 +37,8 @@ private:
     int elementNumber(pugi::xml_node select, const VerilatorScope &scope) const;
     TiedBits selected(const pugi::xml_node &select, const VerilatorScope &scope, const TiedNets &tied) const;
     TiedBits joined(const pugi::xml_node &concat, const VerilatorScope &scope, const TiedNets &tied) const;
-    TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope, const TiedNets &tied) const;
+    TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
+                      const TiedNets &tied) const;
     TiedBits extended(const pugi::xml_node &extend, const VerilatorScope &scope, const TiedNets &tied) const;
 
     const VerilatorTypes &m_types;
