@@ -150,7 +150,7 @@ void repairRows()
     row("a top that uses what is left out", "",
         "== t.sv\nmodule t(input x);\nlet a(v) = v[0][0]; wire y = a(x + 1);\nendmodule\n",
         "top \nmodules \nERROR: @/t.sv:2: *", "");
-    row("no module", "", "== a.v\n// nothing\n== b.v\n\n", "top \nmodules ", "");
+    row("no module", "", "== a.v\n// nothing\n== b.v\n\n", "top \nmodules", "");
     row("neither language", "",
         "== a.v\nmodule a(input x); wire do;\nwire = 1;\nendmodule\n== b.v\nmodule b; logic y; endmodule\n",
         "top \nmodules \nERROR: @/a.v:2: *", "");
