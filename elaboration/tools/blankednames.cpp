@@ -6,6 +6,10 @@ namespace QUARRY {
 
 bool BlankedNames::areIn(const QByteArray &text) const
 {
+    for (const QByteArray &header : includables.keys()) {
+        if (text.contains(header))
+            return true;
+    }
     if (!haveUses() && lets.isEmpty())
         return false;
     const VerilogTokens tokens(text);

@@ -30,7 +30,10 @@ struct BlankedNames
     QSet<QByteArray> groups;             // covergroups
     QSet<QByteArray> others;             // sequences, properties and every `let`
     QHash<QByteArray, VerilogLets> lets; // of packages
-    QSet<QByteArray> modules;            // that are to be blanked
+    QHash<QByteArray, VerilogLets>
+        includables;          // by the name of a file: those outside of all that it declares
+    QByteArray file;          // that is being looked at, without its folders
+    QSet<QByteArray> modules; // that are to be blanked
 
     bool haveUses() const { return !checkers.isEmpty() || !groups.isEmpty(); }
     bool contains(const QByteArray &name) const

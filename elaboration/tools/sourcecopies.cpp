@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstring>
 
 #include "elaboration/tools/safenames.h"
@@ -154,14 +155,20 @@ void SourceCopies::learnBlanked()
     if (!(m_wanted & HideAssertions))
         return;
     QStringList paths = m_sources.keys();
-    paths.sort();
+    std::sort(paths.begin(), paths.end(), [this](const QString &one, const QString &other) {
+        const bool isIncluded = m_sources.value(one).isIncluded; // which are to be known first
+        return isIncluded == m_sources.value(other).isIncluded ? one < other : isIncluded;
+    });
     for (const QString &path : paths) {
         if (!(wantedIn(path) & HideAssertions) || m_learnt.contains(path))
             continue;
         QByteArray text = sourceOf(path);
+        const bool isIncluded = m_sources.value(path).isIncluded;
+        m_blanked.file = isIncluded ? QFile::encodeName(QFileInfo(path).fileName()) : QByteArray();
         repairSource(text, VerilogSource, HideAssertions, m_blanked);
         m_learnt.insert(path);
     }
+    m_blanked.file.clear();
     for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
         if (source->language == VerilogSource && !(source->needed & HideAssertions) &&
             m_blanked.areIn(sourceOf(source.key())))

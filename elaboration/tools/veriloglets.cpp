@@ -11,7 +11,8 @@ const int longestExpansion = 64 * 1024;
 const int mostExpanded = 16 * 1024 * 1024; // of one source
 const int mostLevels = 64;                 // of uses in the arguments of uses
 const int mostTokens = 1000;               // of a use
-const int mostImported = 1000 * 1000;      // lets of one source
+const int longestLine = 4096;              // that names a file
+const int mostImported = 100 * 1000;       // lets of one source
 const int mostLookedAt = 1000 * 1000;      // tokens of uses in one source, each time they are
 
 struct Range
@@ -77,6 +78,8 @@ private:
             return declare(i);
         if (m_tokens.is(i, "import"))
             return takeImport(i);
+        if (m_tokens.is(i, "`include"))
+            takeInclude(i);
         const Use use = m_lets.isEmpty() && m_names.lets.isEmpty() ? Use() : useAt(i, QList<QByteArray>(), 0);
         if (use.end)
             replace({i, use.end}, use.text.texts.first());
@@ -119,12 +122,19 @@ private:
         let.expression = rendered({equals + 1, end}, let.formals, 1);
         let.isKnown = let.isKnown && sizeOf(let.expression) < longestExpansion;
         add(m_tokens.word(i + 1), let);
-        if (m_depth == 1 && !m_package.isEmpty())
-            m_names.lets[m_package].insert(m_tokens.word(i + 1), let);
         return end;
     }
 
     void add(const QByteArray &name, VerilogLet let)
+    {
+        addHere(name, let);
+        if (m_depth == 1 && !m_package.isEmpty())
+            m_names.lets[m_package].insert(name, let);
+        else if (m_depth == 0 && !m_names.file.isEmpty())
+            m_names.includables[m_names.file].insert(name, let);
+    }
+
+    void addHere(const QByteArray &name, VerilogLet let)
     {
         QList<Declared> &lets = m_lets[name];
         if (lets.isEmpty() || lets.last().depth != m_depth) {
@@ -170,6 +180,18 @@ private:
         return false;
     }
 
+    // A name in quotes is no token.
+    void takeInclude(int i)
+    {
+        const int end = m_text.indexOf('\n', m_tokens.at(i).end);
+        const QByteArray line =
+            m_text.mid(m_tokens.at(i).end, qBound(0, end - m_tokens.at(i).end, longestLine));
+        const QByteArray name = line.trimmed().split('"').value(1);
+        const VerilogLets lets = m_names.includables.value(name.mid(name.lastIndexOf('/') + 1));
+        for (auto let = lets.begin(); let != lets.end() && ++m_imported < mostImported; ++let)
+            add(let.key(), let.value());
+    }
+
     // "import p::*, q::either;": what is a `let` cannot be imported by its name any more.
     int takeImport(int i)
     {
@@ -179,7 +201,7 @@ private:
             const bool isNamed = lets.contains(name);
             for (auto let = lets.begin(); let != lets.end(); ++let) {
                 if ((name == "*" || name == let.key()) && ++m_imported < mostImported)
-                    add(let.key(), let.value());
+                    addHere(let.key(), let.value());
             }
             if (isNamed)
                 replace({i + 3, i + 4}, "*");

@@ -147,6 +147,13 @@ void repairRows()
         "out.\nWARNING: These modules have no definition and are shown as black boxes, with nothing inside: "
         "sub",
         "t:t y x[1:0]\nt/u:sub");
+    row("lets of an included file", "",
+        "== t.sv\nmodule t(input x);\n`include \"sub/lets.svh\"\nassign y = no(x); sub u(x);\nendmodule\n"
+        "== sub/lets.svh\nlet no(v) = !v; wire y;\n"
+        "== sub.sv\nmodule sub import p::*; (input x); wire z = no(x); endmodule\n"
+        "== p.sv\npackage p;\nlet other = 1;\n`include \"only.svh\"\nendpackage\n== only.svh\nlet no(v) = "
+        "~v;\n",
+        "top t\nmodules sub t", "t:t x y\nt/u:sub x z");
     row("a top that uses what is left out", "",
         "== t.sv\nmodule t(input x);\nlet a(v) = v[0][0]; wire y = a(x + 1);\nendmodule\n",
         "top \nmodules \nERROR: @/t.sv:2: *", "");
