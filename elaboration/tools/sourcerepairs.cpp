@@ -163,7 +163,7 @@ const RepairRow repairs[] = {
      true,
      false,
      nullptr,
-     {"property", "sequence", "cover", "checker", "disable", "let", "expect"},
+     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff"},
      hideAssertions},
     {HideModules, true, false, nullptr, {"module"}, hideModules},
 };

@@ -40,6 +40,8 @@ private:
             return hideStatement(i, behindAction(m_tokens.behindParentheses(i + 1)));
         if (m_tokens.is(i, "default") && m_tokens.is(i + 1, "disable"))
             return hideStatement(i, behindSemicolon(i));
+        if (m_tokens.is(i, "iff") && !m_tokens.is(i - 1, "disable"))
+            return hideCondition(i);
         if (m_tokens.is(i, "let") && m_tokens.areTogether(i, i + 2) && m_tokens.isAny(i + 2, {"(", "="})) {
             m_names.others.insert(m_tokens.word(i + 1));
             return hideStatement(i, behindSemicolon(i));
@@ -49,6 +51,16 @@ private:
                 return hideBlock(i, block.close, m_unclosed[&block - blocks]);
         }
         return i;
+    }
+
+    // "@(posedge clk iff enable or negedge reset)": which nets there are does not depend on it.
+    int hideCondition(int i)
+    {
+        int end = i + 1;
+        while (m_tokens.areTogether(i, end) && !m_tokens.isAny(end, {")", ",", "or", ";"}))
+            end = m_tokens.is(end, "(") ? m_tokens.behindParentheses(end) : end + 1;
+        hide(i, end);
+        return end;
     }
 
     int takeUse(int i)

@@ -121,13 +121,14 @@ private:
         let.isKnown = (equals == i + 2 || readFormals({i + 3, equals - 1}, let)) && !holdsDirective(i, end);
         let.expression = rendered({equals + 1, end}, let.formals, 1);
         let.isKnown = let.isKnown && sizeOf(let.expression) < longestExpansion;
-        add(m_tokens.word(i + 1), let);
+        addHere(m_tokens.word(i + 1), let);
+        publish(m_tokens.word(i + 1), let);
         return end;
     }
 
-    void add(const QByteArray &name, VerilogLet let)
+    // For other sources.
+    void publish(const QByteArray &name, const VerilogLet &let)
     {
-        addHere(name, let);
         if (m_depth == 1 && !m_package.isEmpty())
             m_names.lets[m_package].insert(name, let);
         else if (m_depth == 0 && !m_names.file.isEmpty())
@@ -188,8 +189,15 @@ private:
             m_text.mid(m_tokens.at(i).end, qBound(0, end - m_tokens.at(i).end, longestLine));
         const QByteArray name = line.trimmed().split('"').value(1);
         const VerilogLets lets = m_names.includables.value(name.mid(name.lastIndexOf('/') + 1));
+        addAll(lets);
+        for (auto let = lets.begin(); let != lets.end() && m_imported < mostImported; ++let)
+            publish(let.key(), let.value());
+    }
+
+    void addAll(const VerilogLets &lets)
+    {
         for (auto let = lets.begin(); let != lets.end() && ++m_imported < mostImported; ++let)
-            add(let.key(), let.value());
+            addHere(let.key(), let.value());
     }
 
     // "import p::*, q::either;": what is a `let` cannot be imported by its name any more.
@@ -198,13 +206,12 @@ private:
         for (++i; m_tokens.isName(i) && isScope(i + 1); i += m_tokens.is(i, ",") ? 1 : 0) {
             const VerilogLets lets = m_names.lets.value(m_tokens.word(i));
             const QByteArray name = m_tokens.word(i + 3);
-            const bool isNamed = lets.contains(name);
-            for (auto let = lets.begin(); let != lets.end(); ++let) {
-                if ((name == "*" || name == let.key()) && ++m_imported < mostImported)
-                    addHere(let.key(), let.value());
-            }
-            if (isNamed)
+            if (name == "*")
+                addAll(lets);
+            if (lets.contains(name)) {
+                addHere(name, lets.value(name));
                 replace({i + 3, i + 4}, "*");
+            }
             i += 4;
         }
         return i;
