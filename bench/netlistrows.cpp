@@ -42,7 +42,7 @@ void measureNetlist(Context &context)
     const double before = allocatedBytes();
     context.netlist = context.design.netlist();
     const double bytes = allocatedBytes() - before;
-    print({"Memory of the netlist, bytes a bit net", bytes / 1e6, 0, 64, "B"});
+    print({"Memory of the netlist, bytes a bit net", bytes / 1e6, 0, 48, "B"});
 
     const Hierachy *top = context.netlist->topHierarchy;
     const QList<RtlNet *> nets = top->singleNetsIncludeSub();

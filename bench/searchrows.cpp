@@ -142,15 +142,15 @@ void measureSearch(Context &context)
 {
     SearchRows rows(context, context.netlist.get(), QString());
     for (const char *pattern : {"fifo_ready", "u_core_0123/valid", "cluster_07", "not_there"}) {
-        rows.substring(pattern, Qt::CaseSensitive, 1.0);
-        rows.substring(QString(pattern).toUpper(), Qt::CaseInsensitive, 1.5);
+        rows.substring(pattern, Qt::CaseSensitive, 0.7);
+        rows.substring(QString(pattern).toUpper(), Qt::CaseInsensitive, 0.7);
     }
     for (const char *pattern : {"top/", "fifo_ready"})
         rows.listing(pattern);
     for (const char *pattern : {"*ready*", "top/u_cluster_0?/*grant*", "*addr*\\[7:0\\]", "*_0[12]/*flag_*"})
-        rows.syntax(pattern, QRegExp::WildcardUnix, 0.1);
+        rows.syntax(pattern, QRegExp::WildcardUnix, 0.02);
     for (const char *pattern : {".*ready_0*[1-5]\\d*", ".*(irq|se.)_\\d+", ".*(irq|sel)_\\d+", ".*[13579]"})
-        rows.syntax(pattern, QRegExp::RegExp, 1.0);
+        rows.syntax(pattern, QRegExp::RegExp, 0.3);
     const std::unique_ptr<RtlNetlist> wide = WideDesign().netlist();
     SearchRows wideRows(context, wide.get(), QStringLiteral("Wide: "));
     wideRows.substring(QStringLiteral("cell_01234"), Qt::CaseSensitive, 1.0);

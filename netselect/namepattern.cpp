@@ -70,6 +70,18 @@ NamePattern::NamePattern(const SearchOptions &options)
         m_usable = readRegExp(options.pattern);
     if (m_gapBefore)
         m_anchoredEnd = false;
+    for (const Piece &piece : m_pieces) {
+        QString text;
+        bool mayStraddle = false;
+        for (int unit : piece) {
+            text += QChar(ushort(unit));
+            mayStraddle = mayStraddle || mayBe(unit, '/');
+        }
+        const bool isText = std::all_of(piece.begin(), piece.end(), [](int unit) { return unit >= 0; });
+        m_texts.push_back(QStringMatcher(isText ? text : QString()));
+        m_isText.push_back(isText);
+        m_mayStraddle.push_back(mayStraddle);
+    }
     // QRegExp compares letters by their lower and upper forms and not by their folded ones: both agree on
     // ASCII only. Sets are only known there, too.
     m_onlyAscii = (options.usePatternSyntax && !m_caseSensitive) || !m_sets.empty();
@@ -221,6 +233,11 @@ bool NamePattern::readRegExp(const QString &pattern)
     return !pattern.isEmpty();
 }
 
+bool NamePattern::mayBe(int unit, char c) const
+{
+    return unit <= firstSet ? m_sets[size_t(firstSet - unit)][size_t(c)] : unit == anyUnit || unit == c;
+}
+
 bool NamePattern::fitsAt(const Piece &piece, const QChar *name, int count) const
 {
     for (int i = 0; i < count; ++i) {
@@ -233,8 +250,11 @@ bool NamePattern::fitsAt(const Piece &piece, const QChar *name, int count) const
     return true;
 }
 
-int NamePattern::find(const Piece &piece, const QChar *name, int length, int from) const
+int NamePattern::find(size_t number, const QChar *name, int length, int from) const
 {
+    const Piece &piece = m_pieces[number];
+    if (m_isText[number])
+        return m_texts[number].indexIn(name, length, from);
     const int first = piece.front();
     const int size = int(piece.size());
     for (int at = from; at + size <= length; ++at) {
@@ -246,8 +266,11 @@ int NamePattern::find(const Piece &piece, const QChar *name, int length, int fro
 
 // Whether a piece that is not in `beginning` can begin in it and end in what follows. What must stand at the
 // end of a name may be in the beginning as a whole: a short name may be empty.
-bool NamePattern::mayStraddle(const Piece &piece, const QString &beginning, int from) const
+bool NamePattern::mayStraddle(size_t number, const QString &beginning, int from) const
 {
+    const Piece &piece = m_pieces[number];
+    if (!m_mayStraddle[number])
+        return false;
     const int most = qMin(int(piece.size()), beginning.size() - from);
     for (int count = 1; count <= most; ++count) {
         if (fitsAt(piece, beginning.constData() + beginning.size() - count, count))
@@ -270,11 +293,11 @@ NamePattern::Lead NamePattern::lead(const QString &beginning, State &state) cons
         state.from = size;
     }
     for (; state.piece < m_pieces.size(); ++state.piece) {
-        const Piece &piece = m_pieces[state.piece];
-        const int at = endsAnchored(state.piece) ? -1 : find(piece, name, beginning.size(), state.from);
+        const size_t piece = state.piece;
+        const int at = endsAnchored(piece) ? -1 : find(piece, name, beginning.size(), state.from);
         if (at < 0)
             return mayStraddle(piece, beginning, state.from) ? Open : Closed;
-        state.from = at + int(piece.size());
+        state.from = at + int(m_pieces[piece].size());
     }
     return Closed;
 }
@@ -285,7 +308,7 @@ int NamePattern::place(size_t number, const QChar *name, int length, int from) c
     const Piece &piece = m_pieces[number];
     const int last = length - int(piece.size());
     if (!beginsAnchored(number) && !endsAnchored(number))
-        return find(piece, name, length, from);
+        return find(number, name, length, from);
     const int at = beginsAnchored(number) ? 0 : last;
     const bool isThere = from <= at && at <= last && (at == last || !endsAnchored(number));
     return isThere && fitsAt(piece, name + at, int(piece.size())) ? at : -1;

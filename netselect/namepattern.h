@@ -2,6 +2,8 @@
 
 #include "netselect/netsearch.h"
 
+#include <QStringMatcher>
+
 #include <bitset>
 #include <vector>
 
@@ -60,13 +62,17 @@ private:
     int atomEnd(const QString &pattern, int from, int &unit);
 
     bool fitsAt(const Piece &piece, const QChar *name, int count) const;
-    int find(const Piece &piece, const QChar *name, int length, int from) const;
+    int find(size_t piece, const QChar *name, int length, int from) const;
     int place(size_t number, const QChar *name, int length, int from) const;
-    bool mayStraddle(const Piece &piece, const QString &beginning, int from) const;
+    bool mayStraddle(size_t piece, const QString &beginning, int from) const;
+    bool mayBe(int unit, char c) const;
     bool beginsAnchored(size_t piece) const { return m_anchoredStart && piece == 0; }
     bool endsAnchored(size_t piece) const { return m_anchoredEnd && piece + 1 == m_pieces.size(); }
 
     std::vector<Piece> m_pieces;
+    std::vector<QStringMatcher> m_texts;      // of the pieces that are nothing but text, whether they
+    std::vector<unsigned char> m_isText;      // are that, and whether
+    std::vector<unsigned char> m_mayStraddle; // they may fit the separator at the end of a path
     std::vector<Set> m_sets;
     bool m_gapBefore = false; // while reading: the next unit begins a new piece
     bool m_anchoredStart = true;

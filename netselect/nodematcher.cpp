@@ -57,6 +57,7 @@ NodeMatcher::NodeMatcher(const SearchOptions &options) : m_options(options), m_p
     if (m_pattern.usable() && beginsAnywhere(options))
         m_rest = QRegExp(options.pattern.mid(2), options.caseSensitivity);
     m_crosses = mayFitSeparator(m_rest.pattern());
+    m_beginsAtSeparator = m_rest.exactMatch(QLatin1String("/")) || m_rest.matchedLength() == 1;
     m_pairs.resize(m_crosses ? letters * letters : 0, NotAsked);
     // Paths are then put into the room that is there.
     m_beginning.reserve(pathRoom);
@@ -88,8 +89,10 @@ void NodeMatcher::addMatches(const QUARRY::Hierachy *node, QList<QUARRY::RtlNet 
 const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &mustAsk)
 {
     mustAsk = true;
-    const bool isPlain = module.isAscii() && isAscii(m_beginning.constData(), m_beginning.size());
-    if (!m_pattern.usable() || (m_pattern.onlyAscii() && !isPlain))
+    const auto isPlain = [&] {
+        return module.isAscii() && isAscii(m_beginning.constData(), m_beginning.size());
+    };
+    if (!m_pattern.usable() || (m_pattern.onlyAscii() && !isPlain()))
         return fitsAlone(module, m_pattern.pieceCount());
     mustAsk = !m_pattern.exact();
     if (mustAsk && !m_rest.isEmpty() && !mayStraddle()) {
@@ -109,7 +112,7 @@ const NodeMatcher::Fits &NodeMatcher::candidates(const RtlModule &module, bool &
 bool NodeMatcher::mayStraddle()
 {
     for (int from = 0; m_crosses && from < m_beginning.size(); ++from) {
-        if (from + 1 < m_beginning.size() && !mayBeginRest(from))
+        if (from + 1 < m_beginning.size() ? !mayBeginRest(from) : !m_beginsAtSeparator)
             continue;
         const QString end = m_beginning.mid(from);
         if (m_rest.exactMatch(end) || m_rest.matchedLength() == end.size())
@@ -225,13 +228,15 @@ NodeMatcher::Fits NodeMatcher::fitsBehindPath(const RtlModule &module, NamePatte
 void NodeMatcher::setPath(const QString &path)
 {
     const int length = path.size();
-    m_beginning.resize(length + 1);
-    memcpy(m_beginning.data(), path.constData(), size_t(length) * sizeof(QChar));
-    m_beginning[length] = QLatin1Char('/');
+    if (m_beginning.size() != length + 1) // of most instances it is that of the last one
+        m_beginning.resize(length + 1);
+    QChar *const beginning = m_beginning.data();
+    memcpy(beginning, path.constData(), size_t(length) * sizeof(QChar));
+    beginning[length] = QLatin1Char('/');
     if (!m_pattern.folds())
         return;
     m_folded.resize(length + 1);
-    memcpy(m_folded.data(), m_beginning.constData(), size_t(length + 1) * sizeof(QChar));
+    memcpy(m_folded.data(), beginning, size_t(length + 1) * sizeof(QChar));
     NamePattern::fold(m_folded.data(), m_folded.size());
 }
 

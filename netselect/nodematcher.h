@@ -63,6 +63,7 @@ private:
     QRegExp m_regExp;
     QRegExp m_rest;                         // the pattern behind a leading ".*"; empty when that says nothing
     bool m_crosses = true;                  // whether it may fit a separator
+    bool m_beginsAtSeparator = true;        // whether it may begin with one
     std::vector<PairState> m_pairs;         // of ASCII, by first and second letter
     std::vector<QStringMatcher> m_literals; // by the piece that matching goes on with
     std::map<const QUARRY::RtlModule *, ModuleFits> m_fits;

@@ -21,11 +21,6 @@ namespace QUARRY {
 
 namespace {
 
-bool is(const pugi::xml_node &node, const char *name)
-{
-    return std::strcmp(node.name(), name) == 0;
-}
-
 // The loop variables of generate loops stand among the variables; the user's own are marked public.
 bool isGenvar(const pugi::xml_node &var)
 {
@@ -228,6 +223,7 @@ void VerilatorDesign::openModule(VerilatorModule &module)
         findOutputWires(module.node);
     if (!module.isBlackBox)
         readBody(module.node, module, *module.body);
+    module.numberInterfacePorts();
 }
 
 void VerilatorDesign::closeModule(VerilatorModule &module)
@@ -299,6 +295,10 @@ bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
 void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
 {
     const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
+    if (var.attribute("pinIndex"))
+        module.pins[var.attribute("pinIndex").as_int()] = var.attribute("name").value();
+    if (std::strcmp(var.attribute("vartype").value(), "ifaceref") == 0)
+        return readInterfacePort(var, module);
     if (!isNet(var, module))
         return;
     if (!type.isNet)
@@ -310,12 +310,19 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
         show(net, declaration(var, type, module), scope);
     else if (type.width() > NetlistBuilder::maxNets)
         return; // of what is shown, the builder says so
-    const int number = int(module.nets.size());
-    if (var.attribute("pinIndex"))
-        module.pins[var.attribute("pinIndex").as_int()] = number;
-    scope.names.emplace(net.name, number);
+    scope.names.emplace(net.name, int(module.nets.size()));
     net.scope = &scope;
     module.nets.push_back(net);
+}
+
+// An instance of an interface has such a variable, too.
+void VerilatorDesign::readInterfacePort(const pugi::xml_node &var, VerilatorModule &module)
+{
+    const std::string_view name = var.attribute("name").value();
+    const std::string_view ofInstance = interfaceReference;
+    if (name.size() > ofInstance.size() && name.substr(name.size() - ofInstance.size()) == ofInstance)
+        return;
+    module.interfacePorts.push_back(name);
 }
 
 // An unpacked array is a memory unless it is small or a port; then each element is a net of its own.
@@ -334,7 +341,7 @@ void VerilatorDesign::readArray(const pugi::xml_node &var, VerilatorModule &modu
         decl.left = std::numeric_limits<int>::max();
         return show(net, decl, scope);
     }
-    scope.arrays[net.name] = {int(module.nets.size()), array.dimensions};
+    scope.arrays[net.name] = {int(module.nets.size()), int(count), array.dimensions};
     net.scope = &scope;
     const QString name = decl.name;
     for (qint64 i = 0; i < count; ++i) {
@@ -432,6 +439,7 @@ void VerilatorDesign::readGenerate(const pugi::xml_node &begin, VerilatorModule 
     module.generates.emplace_back(new VerilatorScope);
     VerilatorScope *inner = module.generates.back().get();
     inner->outer = &scope;
+    inner->path = scope.path + verilatorPathPart(begin.attribute("name").value()) + '.';
     inner->decl.name = scopeBaseName(child.name);
     inner->decl.isScope = true;
     readBody(begin, module, *inner);

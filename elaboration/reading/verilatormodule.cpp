@@ -15,15 +15,43 @@ VerilatorNet::VerilatorNet(const pugi::xml_node &var, const VerilatorType &type)
 {
 }
 
-int VerilatorModule::netOfPort(std::string_view port) const
+// The tool does not number the ports that are interfaces: they are the ones that no other port is.
+void VerilatorModule::numberInterfacePorts()
+{
+    int number = 1;
+    for (const std::string_view &port : interfacePorts) {
+        while (pins.count(number))
+            ++number;
+        pins[number] = port;
+    }
+}
+
+std::string_view VerilatorModule::portName(std::string_view connection) const
 {
     const std::string_view numbered = "__pinNumber";
-    if (port.substr(0, numbered.size()) == numbered) {
-        const auto pin = pins.find(std::atoi(port.data() + numbered.size()));
-        return pin == pins.end() ? -1 : pin->second;
+    if (connection.substr(0, numbered.size()) != numbered)
+        return connection;
+    const auto pin = pins.find(std::atoi(connection.data() + numbered.size()));
+    return pin == pins.end() ? std::string_view() : pin->second;
+}
+
+VerilatorModule::Span VerilatorModule::netsNamed(std::string_view name, const VerilatorScope &scope)
+{
+    for (const VerilatorScope *at = &scope; at; at = at->outer) {
+        const auto net = at->names.find(name);
+        if (net != at->names.end())
+            return {net->second, 1};
+        const auto array = at->arrays.find(name);
+        if (array != at->arrays.end())
+            return {array->second.first, array->second.count};
     }
-    const auto net = body->names.find(port);
-    return net == body->names.end() ? -1 : net->second;
+    return {};
+}
+
+VerilatorElements VerilatorModule::elementsOfPort(std::string_view connection) const
+{
+    const auto array = body->arrays.find(portName(connection));
+    return array == body->arrays.end() ? VerilatorElements() : array->second;
 }
 
 } // namespace QUARRY

@@ -5,8 +5,11 @@
 
 #include <pugixml.hpp>
 
+#include <cstring>
 #include <map>
 #include <memory>
+#include <set>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -16,6 +19,14 @@ namespace QUARRY {
 
 struct VerilatorModule;
 struct VerilatorScope;
+
+inline bool is(const pugi::xml_node &node, const char *name)
+{
+    return std::strcmp(node.name(), name) == 0;
+}
+
+const char interfaceReference[] =
+    "__Viftop"; // behind the name of an interface's instance, where it is connected
 
 // A node below a scope: an instance, an array of instances, or a generate scope.
 struct VerilatorChild
@@ -33,6 +44,7 @@ struct VerilatorChild
 struct VerilatorElements
 {
     int first = 0; // number in VerilatorModule::nets; the others follow in declared order
+    int count = 0;
     std::vector<VerilatorArray::Dimension> dimensions;
 };
 
@@ -40,6 +52,7 @@ struct VerilatorElements
 struct VerilatorScope
 {
     const VerilatorScope *outer = nullptr;
+    std::string path; // in the module, as Verilator writes it in front of names: "g." or empty
     int firstNet = 0; // number in VerilatorModule::nets of the scope's first declaration
     int builderModule = -1;
     ModuleDecl decl;                                 // emptied once the builder has it
@@ -87,16 +100,41 @@ struct VerilatorModule
     std::unique_ptr<VerilatorScope> body; // null until it is first needed
     std::vector<std::unique_ptr<VerilatorScope>> generates;
     std::vector<VerilatorNet> nets;
-    std::unordered_map<int, int> pins; // numbers of nets, by position in the port list, from 1
-    bool hasContested = false;         // the next member is filled
-    TiedNets contested;                // bits with more than one driver, which no constant decides
-    TiedNets tied;                     // in every instance
-    bool passesConstants = false;      // one at an input may come out of an output
+    std::unordered_map<int, std::string_view> pins; // names of ports, by position in the port list, from 1
+    // Members of interfaces that the module has or is given, as far as anyone speaks of them: "g.bus.data" to
+    // the number in `nets` of what stands for it.
+    std::map<std::string, int> members;
+    std::set<std::string> interfaces; // "g.bus"
+    std::vector<std::string_view> interfacePorts;
+    TiedNets driven;              // bits of these, and of an interface's own nets, that have a driver in here
+    bool hasContested = false;    // the next member is filled
+    TiedNets contested;           // bits with more than one driver, which no constant decides
+    TiedNets tied;                // in every instance
+    bool passesConstants = false; // one at an input may come out of an output
     // What is tied in instances of which these ports are; filled by VerilatorTies as it is asked for.
     std::map<std::vector<std::pair<int, TiedBits>>, TiedNets> tiedWith;
 
-    // The net that a connection names, by its own name or as "__pinNumber3"; -1 when it is no net.
-    int netOfPort(std::string_view port) const;
+    void numberInterfacePorts(); // among `pins`, when all others are there
+
+    // Numbers of nets: that of a scalar, or those of an array in declared order.
+    struct Span
+    {
+        int first = -1; // it is no net
+        int count = 0;
+    };
+    // The name of the port that a connection names, by its own name or as "__pinNumber3".
+    std::string_view portName(std::string_view connection) const;
+    static Span netsNamed(std::string_view name, const VerilatorScope &scope); // in it or around it
+    VerilatorElements
+    elementsOfPort(std::string_view connection) const; // without dimensions when it is no array
+    template <typename Visit>
+    void eachScope(Visit visit) const
+    {
+        visit(*body);
+        for (const auto &scope : generates)
+            visit(*scope);
+    }
+    Span netsOfPort(std::string_view connection) const { return netsNamed(portName(connection), *body); }
 };
 
 } // namespace QUARRY

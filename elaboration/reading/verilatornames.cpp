@@ -87,4 +87,9 @@ QString scopeBaseName(const QString &scope)
     return bracket > 0 ? scope.left(bracket) : scope;
 }
 
+std::string verilatorPathPart(QByteArray name)
+{
+    return name.replace("[", "__BRA__").replace("]", "__KET__").toStdString();
+}
+
 } // namespace QUARRY

@@ -23,4 +23,7 @@ bool isHashedVerilatorName(const char *name);
 // "g" of "g[3]".
 QString scopeBaseName(const QString &scope);
 
+// The scope "g[1]" as Verilator writes it in front of the names of what it holds: "g__BRA__1__KET__".
+std::string verilatorPathPart(QByteArray name);
+
 } // namespace QUARRY

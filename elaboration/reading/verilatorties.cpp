@@ -9,41 +9,6 @@ namespace QUARRY {
 
 namespace {
 
-bool is(const pugi::xml_node &node, const char *name)
-{
-    return std::strcmp(node.name(), name) == 0;
-}
-
-// No design has more bits, and what a damaged text says of one expression must not take the memory.
-int boundedWidth(int width)
-{
-    return int(qBound<qint64>(0, width, NetlistBuilder::maxNets));
-}
-
-// To a net, or to an element of an array.
-bool isReference(const pugi::xml_node &expression)
-{
-    return is(expression, "varref") || is(expression, "arraysel");
-}
-
-int number(const pugi::xml_node &constant)
-{
-    return int(VerilatorConstant(constant.attribute("name").value()).number());
-}
-
-// A bit that is left floating ("1'bz") is tied to nothing.
-TiedBits constantBits(const pugi::xml_node &constant)
-{
-    const VerilatorConstant value(constant.attribute("name").value());
-    TiedBits bits(size_t(boundedWidth(value.width)), true);
-    if (value.base != 'b')
-        return bits;
-    const size_t digits = std::strlen(value.digits);
-    for (size_t i = 0; i < bits.size() && i < digits; ++i)
-        bits[i] = value.digits[digits - 1 - i] != 'z';
-    return bits;
-}
-
 bool hasTie(const TiedBits &bits)
 {
     return std::find(bits.begin(), bits.end(), true) != bits.end();
@@ -52,17 +17,28 @@ bool hasTie(const TiedBits &bits)
 } // namespace
 
 VerilatorTies::VerilatorTies(const VerilatorTypes &types, VerilatorModule &module, int depth)
-    : m_types(types), m_module(module), m_depth(depth)
+    : m_types(types), m_module(module), m_values(types, module), m_members(types, module), m_depth(depth)
 {
 }
 
 void VerilatorTies::findOwn() const
 {
+    m_members.find();
+    if (!m_module.members.empty() || is(m_module.node, "iface"))
+        findDriven();
     m_module.passesConstants = passesConstants();
     if (!anyConstant())
         return;
     findContested();
     m_module.tied = inEveryInstance();
+}
+
+void VerilatorTies::findDriven() const
+{
+    Drivers drivers;
+    m_module.eachScope([this, &drivers](const VerilatorScope &scope) { countScope(scope, drivers); });
+    for (const auto &net : drivers)
+        m_module.driven.emplace(net.first, TiedBits(net.second.begin(), net.second.end()));
 }
 
 void VerilatorTies::findContested() const
@@ -96,175 +72,39 @@ TiedNets VerilatorTies::portsOf(const VerilatorChild &child, const VerilatorScop
     TiedNets result;
     const VerilatorModule &module = *child.module;
     for (const pugi::xml_node &port : child.node.children("port")) {
-        const int net = module.netOfPort(port.attribute("name").value());
-        if (net < 0 || std::strcmp(port.attribute("direction").value(), "in") != 0)
+        const char *const name = port.attribute("name").value();
+        const VerilatorModule::Span nets = module.netsOfPort(name);
+        if (nets.count == 0 || std::strcmp(port.attribute("direction").value(), "in") != 0)
             continue;
-        const TiedBits all = bits(port.first_child(), scope, tied);
-        const size_t width = size_t(module.nets[size_t(net)].width());
-        const size_t first = all.size() == width * size_t(count) ? width * size_t(fromRight) : 0;
-        TiedBits part(width);
-        for (size_t i = 0; i < width && first + i < all.size(); ++i)
-            part[i] = all[first + i];
-        if (hasTie(part))
-            result.emplace(net, part);
+        const pugi::xml_node value = port.first_child();
+        const int elementWidth = module.nets[size_t(nets.first)].width();
+        const TiedBits all = is(value, "initarray") ? m_values.listed(value, module.elementsOfPort(name),
+                                                                      elementWidth, scope, tied)
+                                                    : m_values.bits(value, scope, tied);
+        const size_t whole = size_t(nets.count) * size_t(elementWidth);
+        const size_t width = size_t(elementWidth);
+        size_t first = all.size() == whole * size_t(count) ? whole * size_t(fromRight) : 0;
+        for (int net = nets.first + nets.count - 1; net >= nets.first; --net, first += width) {
+            TiedBits part(width);
+            for (size_t i = 0; i < width && first + i < all.size(); ++i)
+                part[i] = all[first + i];
+            if (hasTie(part))
+                result.emplace(net, part);
+        }
+    }
+    for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
+        const auto known = tied.find(shared.outside);
+        if (known != tied.end())
+            result.emplace(shared.inside, known->second);
     }
     return result;
 }
 
-template <typename Visit>
-void VerilatorTies::eachScope(Visit visit) const
-{
-    visit(*m_module.body);
-    for (const auto &scope : m_module.generates)
-        visit(*scope);
-}
-
-int VerilatorTies::width(const pugi::xml_node &expression) const
-{
-    return boundedWidth(m_types.type(expression.attribute("dtype_id").value()).width());
-}
-
-int VerilatorTies::netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const
-{
-    if (is(varref, "arraysel"))
-        return elementNumber(varref, scope);
-    const std::string_view name = varref.attribute("name").value();
-    for (const VerilatorScope *at = &scope; at; at = at->outer) {
-        const auto found = at->names.find(name);
-        if (found != at->names.end())
-            return found->second;
-    }
-    return -1;
-}
-
-// <arraysel> of an array, or of another one, and a number that counts from the lowest index.
-int VerilatorTies::elementNumber(pugi::xml_node select, const VerilatorScope &scope) const
-{
-    std::vector<int> indices; // from the innermost dimension
-    for (; is(select, "arraysel"); select = select.first_child()) {
-        const pugi::xml_node index = select.first_child().next_sibling();
-        if (!is(index, "const"))
-            return -1;
-        indices.push_back(number(index));
-    }
-    const std::string_view name = select.attribute("name").value();
-    for (const VerilatorScope *at = &scope; at; at = at->outer) {
-        const auto found = at->arrays.find(name);
-        if (found == at->arrays.end())
-            continue;
-        const auto &dimensions = found->second.dimensions;
-        if (dimensions.size() != indices.size())
-            return -1;
-        qint64 position = 0;
-        for (size_t i = 0; i < dimensions.size(); ++i) {
-            const int width = rangeWidth(dimensions[i].left, dimensions[i].right);
-            const int index = indices[indices.size() - 1 - i];
-            if (index < 0 || index >= width)
-                return -1;
-            position =
-                position * width + (dimensions[i].left < dimensions[i].right ? index : width - 1 - index);
-        }
-        const qint64 number = found->second.first + position;
-        return number < qint64(m_module.nets.size()) ? int(number) : -1;
-    }
-    return -1;
-}
-
-TiedBits VerilatorTies::bits(const pugi::xml_node &expression, const VerilatorScope &scope,
-                             const TiedNets &tied) const
-{
-    if (is(expression, "const"))
-        return constantBits(expression);
-    if (isReference(expression)) {
-        const auto known = tied.find(netNumber(expression, scope));
-        return known == tied.end() ? TiedBits() : known->second;
-    }
-    if (is(expression, "sel"))
-        return selected(expression, scope, tied);
-    if (is(expression, "concat"))
-        return joined(expression, scope, tied);
-    if (is(expression, "replicate"))
-        return repeated(expression, scope, tied);
-    if (is(expression, "extend") || is(expression, "extends"))
-        return extended(expression, scope, tied);
-    return TiedBits();
-}
-
-// <sel> of value, lowest bit and width, both counted from the least significant bit
-TiedBits VerilatorTies::selected(const pugi::xml_node &select, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
-{
-    const pugi::xml_node value = select.first_child();
-    const pugi::xml_node lowest = value.next_sibling();
-    const TiedBits whole = bits(value, scope, tied);
-    const size_t from = size_t(qMax(0, number(lowest)));
-    if (!is(lowest, "const") || from >= whole.size())
-        return TiedBits();
-    TiedBits part(whole.begin() + std::ptrdiff_t(from), whole.end());
-    part.resize(size_t(width(select)));
-    return part;
-}
-
-TiedBits VerilatorTies::joined(const pugi::xml_node &concat, const VerilatorScope &scope,
-                               const TiedNets &tied) const
-{
-    const pugi::xml_node high = concat.first_child();
-    const pugi::xml_node low = high.next_sibling();
-    TiedBits all = bits(low, scope, tied);
-    const TiedBits upper = bits(high, scope, tied);
-    if (all.empty() && upper.empty())
-        return TiedBits();
-    all.resize(size_t(width(low)));
-    all.insert(all.end(), upper.begin(), upper.end());
-    all.resize(size_t(width(concat)));
-    return all;
-}
-
-TiedBits VerilatorTies::repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
-{
-    TiedBits once = bits(replicate.first_child(), scope, tied);
-    if (once.empty())
-        return once;
-    once.resize(size_t(width(replicate.first_child())));
-    TiedBits all(size_t(width(replicate)));
-    for (size_t i = 0; i < all.size(); ++i)
-        all[i] = once[i % once.size()];
-    return all;
-}
-
-TiedBits VerilatorTies::extended(const pugi::xml_node &extend, const VerilatorScope &scope,
-                                 const TiedNets &tied) const
-{
-    TiedBits all = bits(extend.first_child(), scope, tied);
-    all.resize(size_t(width(extend.first_child())));
-    const bool sign = is(extend, "extends");
-    all.resize(size_t(width(extend)), sign ? all.back() : true);
-    return all;
-}
-
-void VerilatorTies::addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
-                               std::vector<Target> &targets) const
-{
-    if (isReference(left)) {
-        targets.push_back({netNumber(left, scope), 0, width(left)});
-    } else if (is(left, "concat")) {
-        addTargets(left.last_child(), scope, targets);
-        addTargets(left.first_child(), scope, targets);
-    } else if (is(left, "sel") && is(left.first_child().next_sibling(), "const") &&
-               isReference(left.first_child())) {
-        targets.push_back(
-            {netNumber(left.first_child(), scope), number(left.first_child().next_sibling()), width(left)});
-    } else {
-        targets.push_back({-1, 0, width(left)});
-    }
-}
-
 void VerilatorTies::count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const
 {
-    std::vector<Target> targets;
-    addTargets(left, scope, targets);
-    for (const Target &target : targets) {
+    std::vector<VerilatorValues::Target> targets;
+    m_values.addTargets(left, scope, targets);
+    for (const VerilatorValues::Target &target : targets) {
         if (target.net < 0)
             continue;
         std::vector<int> &counts = drivers[target.net];
@@ -284,7 +124,20 @@ void VerilatorTies::countScope(const VerilatorScope &scope, Drivers &drivers) co
             if (std::strcmp(port.attribute("direction").value(), "in") != 0)
                 count(port.first_child(), scope, drivers);
         }
+        for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
+            const auto driven = child.module->driven.find(shared.inside);
+            if (driven != child.module->driven.end())
+                addDrivers(shared.outside, driven->second, drivers);
+        }
     }
+}
+
+void VerilatorTies::addDrivers(int net, const TiedBits &driven, Drivers &drivers) const
+{
+    std::vector<int> &counts = drivers[net];
+    counts.resize(driven.size());
+    for (size_t bit = 0; bit < driven.size(); ++bit)
+        counts[bit] += driven[bit] ? 1 : 0;
 }
 
 bool VerilatorTies::anyConstant() const
@@ -294,11 +147,11 @@ bool VerilatorTies::anyConstant() const
             return true;
     }
     bool found = false;
-    eachScope([this, &found](const VerilatorScope &scope) {
+    m_module.eachScope([this, &found](const VerilatorScope &scope) {
         for (const VerilatorChild &child : scope.children)
             found = found || (child.module && !tiedIn(child, scope, TiedNets()).empty());
         for (const pugi::xml_node &assignment : scope.assigns)
-            found = found || hasTie(bits(assignment.first_child(), scope, TiedNets()));
+            found = found || hasTie(m_values.assigned(assignment, scope, TiedNets()));
     });
     return found;
 }
@@ -306,7 +159,7 @@ bool VerilatorTies::anyConstant() const
 TiedNets VerilatorTies::contested() const
 {
     Drivers drivers;
-    eachScope([this, &drivers](const VerilatorScope &scope) { countScope(scope, drivers); });
+    m_module.eachScope([this, &drivers](const VerilatorScope &scope) { countScope(scope, drivers); });
     TiedNets result;
     for (const auto &driven : drivers) {
         const bool declared = m_module.nets[size_t(driven.first)].isTied;
@@ -339,7 +192,7 @@ void VerilatorTies::follow(TiedNets &tied) const
     bool grown = true;
     for (int round = 0; grown && round < 16; ++round) {
         grown = false;
-        eachScope([this, &tied, &grown](const VerilatorScope &scope) {
+        m_module.eachScope([this, &tied, &grown](const VerilatorScope &scope) {
             grown = takeOutputs(scope, tied) || grown;
             grown = assignAll(scope, tied) || grown;
         });
@@ -357,18 +210,18 @@ bool VerilatorTies::assignAll(const VerilatorScope &scope, TiedNets &tied) const
 bool VerilatorTies::assign(const pugi::xml_node &assignment, const VerilatorScope &scope,
                            TiedNets &tied) const
 {
-    const TiedBits value = bits(assignment.first_child(), scope, tied);
+    const TiedBits value = m_values.assigned(assignment, scope, tied);
     return hasTie(value) && drive(assignment.first_child().next_sibling(), value, scope, tied);
 }
 
 bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
                           TiedNets &tied) const
 {
-    std::vector<Target> targets;
-    addTargets(left, scope, targets);
+    std::vector<VerilatorValues::Target> targets;
+    m_values.addTargets(left, scope, targets);
     bool grown = false;
     size_t at = 0;
-    for (const Target &target : targets) {
+    for (const VerilatorValues::Target &target : targets) {
         for (int i = 0; i < target.width; ++i, ++at) {
             if (target.net >= 0 && at < value.size() && value[at])
                 grown = set(target.net, target.lowest + i, tied) || grown;
@@ -381,10 +234,11 @@ bool VerilatorTies::drive(const pugi::xml_node &left, const TiedBits &value, con
 bool VerilatorTies::passesConstants() const
 {
     bool found = false;
-    eachScope([&found](const VerilatorScope &scope) {
+    m_module.eachScope([&found](const VerilatorScope &scope) {
         for (const pugi::xml_node &assignment : scope.assigns) {
             const pugi::xml_node value = assignment.first_child();
-            for (const char *kind : {"varref", "sel", "concat", "replicate", "extend", "extends", "arraysel"})
+            for (const char *kind : {"varref", "varxref", "sel", "concat", "replicate", "extend", "extends",
+                                     "arraysel", "initarray"})
                 found = found || is(value, kind);
         }
         for (const VerilatorChild &child : scope.children)
@@ -413,13 +267,21 @@ bool VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) con
         if (inside.empty())
             continue;
         for (const pugi::xml_node &port : child.node.children("port")) {
-            const auto net = inside.find(child.module->netOfPort(port.attribute("name").value()));
-            if (net == inside.end() || std::strcmp(port.attribute("direction").value(), "out") != 0)
+            if (std::strcmp(port.attribute("direction").value(), "out") != 0)
                 continue;
-            TiedBits value(size_t(width(port.first_child())));
+            const VerilatorModule &module = *child.module;
+            const TiedBits net = tiedOf(module.netsOfPort(port.attribute("name").value()), inside, module);
+            if (net.empty())
+                continue;
+            TiedBits value(size_t(m_values.width(port.first_child())));
             for (size_t i = 0; i < value.size(); ++i) // an array of instances repeats it
-                value[i] = (child.isArray || i < net->second.size()) && net->second[i % net->second.size()];
+                value[i] = (child.isArray || i < net.size()) && net[i % net.size()];
             grown = drive(port.first_child(), value, scope, tied) || grown;
+        }
+        for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
+            const auto net = inside.find(shared.inside);
+            for (size_t i = 0; net != inside.end() && i < net->second.size(); ++i)
+                grown = (net->second[i] && set(shared.outside, qint64(i), tied)) || grown;
         }
     }
     return grown;

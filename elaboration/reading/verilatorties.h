@@ -1,10 +1,9 @@
 #pragma once
 
-#include "elaboration/reading/verilatormodule.h"
+#include "elaboration/reading/verilatormembers.h"
+#include "elaboration/reading/verilatorvalues.h"
 
 namespace QUARRY {
-
-class VerilatorTypes;
 
 // Finds the nets of a module that are tied to a constant: by their declaration, by a continuous
 // assignment, through another tied net, or by what a port is connected to, outside or inside an instance.
@@ -34,45 +33,27 @@ private:
     TiedNets inEveryInstance() const;
     // Adds what follows from ties that are known already, such as those of an instance's ports.
     void follow(TiedNets &tied) const;
-    // The bits of an expression that stands in `scope`.
-    TiedBits bits(const pugi::xml_node &expression, const VerilatorScope &scope, const TiedNets &tied) const;
     bool passesConstants() const;
     const TiedNets &tiedIn(const VerilatorChild &child, const VerilatorScope &scope,
                            const TiedNets &tied) const;
-    void findContested() const;
-    // Bits of a net that an assignment or an output port drives.
-    struct Target
-    {
-        int net;
-        qint64 lowest;
-        int width;
-    };
     using Drivers = std::unordered_map<int, std::vector<int>>; // drivers of each bit, by number of the net
 
-    int width(const pugi::xml_node &expression) const;
-    int netNumber(const pugi::xml_node &varref, const VerilatorScope &scope) const;
-    // Appended with the least significant first.
-    void addTargets(const pugi::xml_node &left, const VerilatorScope &scope,
-                    std::vector<Target> &targets) const;
+    void findContested() const;
+    void findDriven() const; // of the members of interfaces
     void count(const pugi::xml_node &left, const VerilatorScope &scope, Drivers &drivers) const;
+    void addDrivers(int net, const TiedBits &driven, Drivers &drivers) const;
     void countScope(const VerilatorScope &scope, Drivers &drivers) const;
-    int elementNumber(pugi::xml_node select, const VerilatorScope &scope) const;
-    TiedBits selected(const pugi::xml_node &select, const VerilatorScope &scope, const TiedNets &tied) const;
-    TiedBits joined(const pugi::xml_node &concat, const VerilatorScope &scope, const TiedNets &tied) const;
-    TiedBits repeated(const pugi::xml_node &replicate, const VerilatorScope &scope,
-                      const TiedNets &tied) const;
-    TiedBits extended(const pugi::xml_node &extend, const VerilatorScope &scope, const TiedNets &tied) const;
     bool assign(const pugi::xml_node &assignment, const VerilatorScope &scope, TiedNets &tied) const;
     bool drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
                TiedNets &tied) const;
     bool takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;
     bool set(int net, qint64 bit, TiedNets &tied) const;
-    template <typename Visit>
-    void eachScope(Visit visit) const;
 
     const VerilatorTypes &m_types;
     VerilatorModule &m_module;
+    const VerilatorValues m_values;
+    const InterfaceMembers m_members;
     const int m_depth;
 };
 

@@ -237,6 +237,10 @@ void Elaborator::repair(const QList<ToolMessage> &errors)
 {
     QStringList missing;
     QList<ToolMessage> others;
+    if (isEmptyDesign(errors)) {
+        m_summary = XmlSummary();
+        return proceed(Done);
+    }
     for (ToolMessage error : errors) {
         QString name = missingModule(error);
         if (isTypeName(name)) { // "logic y;" as plain Verilog has it

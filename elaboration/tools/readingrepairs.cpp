@@ -11,6 +11,8 @@
 #include "elaboration/tools/sourcecopies.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorrun.h"
+#include "elaboration/tools/verilogmodules.h"
+#include "elaboration/tools/verilogtokens.h"
 
 #include <algorithm>
 
@@ -31,6 +33,17 @@ QMap<QString, qint64> firstPlaces(const QList<ToolMessage> &errors)
     for (const ToolMessage &error : errors)
         places.insert(error.file, qMin(placeOf(error), places.value(error.file, nowhere)));
     return places;
+}
+
+// What is no fault of the source: the tool does not know it, or something was blanked that this line uses.
+bool isToolsFault(const ToolMessage &error, const QByteArray &source, const BlankedNames &blanked)
+{
+    const VerilogTokens words(source.split('\n').value(error.line - 1));
+    for (int i = 0; i < words.size(); ++i) {
+        if (blanked.contains(words.word(i)))
+            return true;
+    }
+    return error.code == QLatin1String("UNSUPPORTED");
 }
 
 int firstLine(const QString &file, const QList<ToolMessage> &errors)
@@ -188,7 +201,8 @@ bool ReadingRepairs::judgeGuess(const QList<ToolMessage> &errors)
 
 bool ReadingRepairs::guessNext()
 {
-    return guessLanguage() || guessAssertions() || leaveOutUnneeded() || guessToolMacro();
+    return guessLanguage() || guessAssertions() || leaveOutUnneeded() || leaveOutRefused() ||
+           guessToolMacro();
 }
 
 // Strict reading comes first: it keeps nets that are called "do" or "logic".
@@ -255,6 +269,43 @@ bool ReadingRepairs::leaveOutUnneeded()
         changed = true;
     }
     return changed;
+}
+
+// One construct costs its module, which becomes a black box, and not the design.
+bool ReadingRepairs::leaveOutRefused()
+{
+    QMap<QByteArray, ToolMessage> modules;
+    for (const ToolMessage &error : m_errors) {
+        const QByteArray source = sourceOf(error.file);
+        const QByteArray module = moduleAt(source, error.line);
+        if (module.isEmpty() || !isToolsFault(error, source, m_copies.blanked()))
+            return false;
+        if (!modules.contains(module))
+            modules.insert(module, error);
+    }
+    for (const QByteArray &module : modules.keys()) {
+        if (m_copies.blanked().modules.contains(module) || module == m_verilator.top().toUtf8() ||
+            !isInstantiated(module))
+            return false;
+    }
+    for (auto module = modules.begin(); module != modules.end(); ++module) {
+        m_copies.hideModule(module->file, module.key());
+        m_verilator.hideModule(QString::fromUtf8(module.key())); // or it is found by the name of its file
+        m_notes.append(QLatin1String("WARNING: ") + module->file + QLatin1Char(':') +
+                       QString::number(module->line) + QLatin1String(": ") + module->text +
+                       QLatin1String(". The tool cannot take this, so module ") +
+                       QString::fromUtf8(module.key()) + QLatin1String(" is left out."));
+    }
+    return m_copies.update();
+}
+
+bool ReadingRepairs::isInstantiated(const QByteArray &module) const
+{
+    for (const QString &file : m_verilator.files() + m_copies.includedFiles()) {
+        if (hasInstanceOf(sourceOf(file), module))
+            return true;
+    }
+    return false;
 }
 
 QStringList ReadingRepairs::hints() const

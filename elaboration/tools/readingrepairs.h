@@ -49,6 +49,8 @@ private:
     bool isNamedInSources(const QString &file) const;
     bool addPackages();
     bool leaveOutUnneeded();
+    bool leaveOutRefused();
+    bool isInstantiated(const QByteArray &module) const;
 
     const SafeNames &m_names;
     VerilatorRun &m_verilator;

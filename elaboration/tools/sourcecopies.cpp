@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstring>
 
 #include "elaboration/tools/safenames.h"
@@ -141,6 +142,40 @@ int SourceCopies::wantedIn(const QString &path) const
     return wanted;
 }
 
+void SourceCopies::hideModule(const QString &file, const QByteArray &name)
+{
+    m_blanked.modules.insert(name);
+    m_wanted |= HideModules;
+    m_sources[file].made = 0;
+}
+
+// What one source declares and another one uses.
+void SourceCopies::learnBlanked()
+{
+    if (!(m_wanted & HideAssertions))
+        return;
+    QStringList paths = m_sources.keys();
+    std::sort(paths.begin(), paths.end(), [this](const QString &one, const QString &other) {
+        const bool isIncluded = m_sources.value(one).isIncluded; // which are to be known first
+        return isIncluded == m_sources.value(other).isIncluded ? one < other : isIncluded;
+    });
+    for (const QString &path : paths) {
+        if (!(wantedIn(path) & HideAssertions) || m_learnt.contains(path))
+            continue;
+        QByteArray text = sourceOf(path);
+        const bool isIncluded = m_sources.value(path).isIncluded;
+        m_blanked.file = isIncluded ? QFile::encodeName(QFileInfo(path).fileName()) : QByteArray();
+        repairSource(text, VerilogSource, HideAssertions, m_blanked);
+        m_learnt.insert(path);
+    }
+    m_blanked.file.clear();
+    for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
+        if (source->language == VerilogSource && !(source->needed & HideAssertions) &&
+            m_blanked.areIn(sourceOf(source.key())))
+            source->needed |= HideAssertions;
+    }
+}
+
 bool SourceCopies::update()
 {
     QHash<QString, QByteArray> texts;
@@ -149,12 +184,15 @@ bool SourceCopies::update()
             source->needed |=
                 neededRepairs(sourceOf(source.key()), source->language, m_wanted & ~source->judged);
         source->judged = m_wanted;
+    }
+    learnBlanked();
+    for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
         const int wanted = wantedIn(source.key());
         if (!wanted || wanted == source->made)
             continue;
         QByteArray text = sourceOf(source.key());
         const QByteArray before = text;
-        const int made = repairSource(text, source->language, wanted);
+        const int made = repairSource(text, source->language, wanted, m_blanked);
         source->made = wanted;
         source->isEmpty = holdsNothing(text, source->language);
         if ((made & HideEncrypted) && !m_encrypted.contains(source.key()))

@@ -38,6 +38,8 @@ public:
     // A source as the tools get it, and another text for it from now on.
     QByteArray textOf(const QString &path) const;
     void replace(const QString &path, const QByteArray &text);
+    void hideModule(const QString &file, const QByteArray &name); // that the file declares
+    const BlankedNames &blanked() const { return m_blanked; }
 
     // Makes the copies that are needed by now. False when no tool will see anything new.
     bool update();
@@ -61,6 +63,7 @@ private:
     void noteIncludes(const QString &path, const QByteArray &text, Source &source, QStringList &faults);
     int wantedIn(const QString &path) const;
     void addCopy(const QString &path);
+    void learnBlanked();
     void write(const QString &path, QByteArray text);
     QByteArray withPlacedIncludes(const QString &path, const QByteArray &text);
 
@@ -71,6 +74,8 @@ private:
     QStringList m_waiting;            // to be read by look()
     QHash<QString, QString> m_copies; // of paths, to files in the scratch folder
     QHash<int, QSet<QString>> m_spared;
+    BlankedNames m_blanked;
+    QSet<QString> m_learnt; // files of which it knows all of them
     QStringList m_encrypted;
     int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates;
 };

@@ -6,6 +6,8 @@
 #include <cstring>
 
 #include "elaboration/tools/verilogassertions.h"
+#include "elaboration/tools/veriloglets.h"
+#include "elaboration/tools/verilogmodules.h"
 #include "elaboration/tools/vhdlgenerates.h"
 
 namespace QUARRY {
@@ -29,7 +31,7 @@ int switchIn(const QByteArray &comment)
     return (words.cap(1) + words.cap(2)).compare(QLatin1String("ff"), Qt::CaseInsensitive) == 0 ? 1 : -1;
 }
 
-bool hideSimulation(QByteArray &text, SourceLanguage language)
+bool hideSimulation(QByteArray &text, SourceLanguage language, BlankedNames &)
 {
     std::vector<TextRange> hidden;
     int from = -1;
@@ -93,7 +95,7 @@ void closeConstruct(QByteArray &text, TextRange envelope, SourceLanguage languag
         text.replace(envelope.start, end.size(), end);
 }
 
-bool hideEncrypted(QByteArray &text, SourceLanguage language)
+bool hideEncrypted(QByteArray &text, SourceLanguage language, BlankedNames &)
 {
     if (text.startsWith(xilinxMark)) {
         blank(text, {0, text.size()});
@@ -124,7 +126,7 @@ bool hideEncrypted(QByteArray &text, SourceLanguage language)
     return !envelopes.empty() || !others.empty();
 }
 
-bool dropByteOrderMark(QByteArray &text, SourceLanguage)
+bool dropByteOrderMark(QByteArray &text, SourceLanguage, BlankedNames &)
 {
     if (!text.startsWith(byteOrderMark))
         return false;
@@ -132,12 +134,18 @@ bool dropByteOrderMark(QByteArray &text, SourceLanguage)
     return true;
 }
 
-bool hideAssertions(QByteArray &text, SourceLanguage)
+bool hideAssertions(QByteArray &text, SourceLanguage, BlankedNames &names)
 {
-    return blankAssertions(text);
+    const bool isExpanded = expandLets(text, names);
+    return blankAssertions(text, names) || isExpanded;
 }
 
-bool replaceCases(QByteArray &text, SourceLanguage)
+bool hideModules(QByteArray &text, SourceLanguage, BlankedNames &names)
+{
+    return blankModules(text, names.modules);
+}
+
+bool replaceCases(QByteArray &text, SourceLanguage, BlankedNames &)
 {
     return replaceCaseGenerates(text);
 }
@@ -147,9 +155,9 @@ struct RepairRow
     SourceRepair repair;
     bool forVerilog;
     bool forVhdl;
-    const char *beginning;                                    // a text that needs the repair begins with it,
-    const char *marks[8];                                     // or holds one of these
-    bool (*apply)(QByteArray &text, SourceLanguage language); // false when there was nothing to do
+    const char *beginning; // a text that needs the repair begins with it,
+    const char *marks[8];  // or holds one of these
+    bool (*apply)(QByteArray &text, SourceLanguage language, BlankedNames &names); // false: nothing to do
 };
 
 // In the order in which they are made.
@@ -161,9 +169,10 @@ const RepairRow repairs[] = {
      true,
      false,
      nullptr,
-     {"property", "sequence", "cover", "checker", "disable", "let", "expect"},
+     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff"},
      hideAssertions},
     {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases},
+    {HideModules, true, false, nullptr, {"module"}, hideModules},
 };
 
 bool isNeeded(const RepairRow &row, const QByteArray &text, const QByteArray &searched)
@@ -191,11 +200,11 @@ int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted)
     return needed;
 }
 
-int repairSource(QByteArray &text, SourceLanguage language, int wanted)
+int repairSource(QByteArray &text, SourceLanguage language, int wanted, BlankedNames &names)
 {
     int made = 0;
     for (const RepairRow &row : repairs) {
-        if ((wanted & row.repair) && !(made & row.repair) && row.apply(text, language))
+        if ((wanted & row.repair) && !(made & row.repair) && row.apply(text, language, names))
             made |= row.repair;
     }
     return made;

@@ -35,4 +35,9 @@ QList<ToolMessage> ofSeverity(const QList<ToolMessage> &messages, ToolMessage::S
     return chosen;
 }
 
+bool isEmptyDesign(const QList<ToolMessage> &errors)
+{
+    return errors.size() == 1 && errors.first().text == QLatin1String("No top level module found");
+}
+
 } // namespace QUARRY

@@ -16,4 +16,7 @@ bool isUnknownTop(const ToolMessage &message);
 
 QList<ToolMessage> ofSeverity(const QList<ToolMessage> &messages, ToolMessage::Severity severity);
 
+// The sources have no module at all.
+bool isEmptyDesign(const QList<ToolMessage> &errors);
+
 } // namespace QUARRY

@@ -1,95 +1,9 @@
 #include "elaboration/tools/verilogassertions.h"
 
-#include <QSet>
-
-#include <cctype>
-#include <cstring>
-
-#include "elaboration/tools/sourcetext.h"
+#include "elaboration/tools/verilogtokens.h"
 
 namespace QUARRY {
 namespace {
-
-// A word, `directive or single sign; strings, numbers and comments are none of them.
-struct Token
-{
-    int start;
-    int end;
-    int define; // number of the macro in whose text it stands; 0: in none
-};
-
-bool isLetter(char c)
-{
-    return std::isalnum(uchar(c)) || c == '_' || c == '$';
-}
-
-class Tokens
-{
-public:
-    explicit Tokens(const QByteArray &text) : m_text(withoutComments(text, VerilogSource))
-    {
-        for (int at = 0; at < m_text.size();)
-            at = take(at);
-    }
-
-    int size() const { return int(m_tokens.size()); }
-    const Token &at(int i) const { return m_tokens[size_t(i)]; }
-    QByteArray word(int i) const
-    {
-        return i < 0 || i >= size() ? QByteArray() : m_text.mid(at(i).start, at(i).end - at(i).start);
-    }
-    bool is(int i, const char *text) const
-    {
-        if (i < 0 || i >= size())
-            return *text == 0;
-        const size_t length = size_t(at(i).end - at(i).start);
-        return std::strncmp(m_text.constData() + at(i).start, text, length) == 0 && text[length] == 0;
-    }
-    // Whether both stand in the same macro, or in none: no construct goes on behind its end.
-    bool areTogether(int i, int j) const { return j < size() && at(i).define == at(j).define; }
-
-private:
-    int take(int at)
-    {
-        const char c = m_text.at(at);
-        if (c == '\n' && (at == 0 || m_text.at(at - 1) != '\\'))
-            m_define = 0;
-        if (c == '"')
-            return behindString(at);
-        if (!isLetter(c) && c != '`' && c != '\\')
-            return std::isspace(uchar(c)) ? at + 1 : add(at, at + 1);
-        int end = at + 1;
-        if (c == '\\') // an escaped name ends at a blank; in front of a line end it is no name
-            while (end < m_text.size() && !std::isspace(uchar(m_text.at(end))))
-                ++end;
-        else
-            while (end < m_text.size() && isLetter(m_text.at(end)))
-                ++end;
-        if (c == '\\' && end == at + 1)
-            return end;
-        if (c == '`' && m_text.mid(at, end - at) == "`define")
-            m_define = ++m_defines;
-        return add(at, end);
-    }
-
-    int add(int start, int end)
-    {
-        m_tokens.push_back({start, end, m_define});
-        return end;
-    }
-
-    int behindString(int at) const
-    {
-        for (++at; at < m_text.size() && m_text.at(at) != '"' && m_text.at(at) != '\n'; ++at)
-            at += m_text.at(at) == '\\' ? 1 : 0;
-        return at < m_text.size() && m_text.at(at) == '"' ? at + 1 : at;
-    }
-
-    QByteArray m_text;
-    std::vector<Token> m_tokens;
-    int m_define = 0;
-    int m_defines = 0;
-};
 
 // A construct that lasts until a closing word.
 const struct
@@ -104,13 +18,13 @@ const struct
 class AssertionBlanker
 {
 public:
-    explicit AssertionBlanker(QByteArray &text) : m_text(text), m_tokens(text) {}
+    AssertionBlanker(QByteArray &text, BlankedNames &names) : m_text(text), m_tokens(text), m_names(names) {}
 
     bool run()
     {
         for (int i = 0; i < m_tokens.size();)
             i = qMax(i + 1, takeConstruct(i));
-        for (int i = 0; !m_groups.isEmpty() && i < m_tokens.size();)
+        for (int i = 0; m_names.haveUses() && i < m_tokens.size();)
             i = qMax(i + 1, takeUse(i));
         return m_changed;
     }
@@ -119,14 +33,19 @@ private:
     // The token behind what was blanked; `i` when nothing was.
     int takeConstruct(int i)
     {
-        if (isWord(i, {"assert", "assume", "cover", "restrict"}) && isWord(i + 1, {"property", "sequence"}))
-            return hideStatement(i, behindAction(behindParentheses(i + 2)));
+        if (m_tokens.isAny(i, {"assert", "assume", "cover", "restrict"}) &&
+            m_tokens.isAny(i + 1, {"property", "sequence"}))
+            return hideStatement(i, behindAction(m_tokens.behindParentheses(i + 2)));
         if (m_tokens.is(i, "expect") && m_tokens.is(i + 1, "("))
-            return hideStatement(i, behindAction(behindParentheses(i + 1)));
+            return hideStatement(i, behindAction(m_tokens.behindParentheses(i + 1)));
         if (m_tokens.is(i, "default") && m_tokens.is(i + 1, "disable"))
             return hideStatement(i, behindSemicolon(i));
-        if (m_tokens.is(i, "let") && m_tokens.areTogether(i, i + 2) && isWord(i + 2, {"(", "="}))
+        if (m_tokens.is(i, "iff") && !m_tokens.is(i - 1, "disable"))
+            return hideCondition(i);
+        if (m_tokens.is(i, "let") && m_tokens.areTogether(i, i + 2) && m_tokens.isAny(i + 2, {"(", "="})) {
+            m_names.others.insert(m_tokens.word(i + 1));
             return hideStatement(i, behindSemicolon(i));
+        }
         for (const auto &block : blocks) {
             if (m_tokens.is(i, block.open))
                 return hideBlock(i, block.close, m_unclosed[&block - blocks]);
@@ -134,16 +53,57 @@ private:
         return i;
     }
 
-    // What uses a covergroup: "cg cg0 = new();", "cg0 = new;", "cg0.sample();"
+    // "@(posedge clk iff enable or negedge reset)": which nets there are does not depend on it.
+    int hideCondition(int i)
+    {
+        int end = i + 1;
+        while (m_tokens.areTogether(i, end) && !m_tokens.isAny(end, {")", ",", "or", ";"}))
+            end = m_tokens.is(end, "(") ? m_tokens.behindParentheses(end) : end + 1;
+        hide(i, end);
+        return end;
+    }
+
     int takeUse(int i)
     {
-        const bool declares = m_groups.contains(m_tokens.word(i)) && isWord(i + 2, {"=", ";", "["});
-        if (declares)
+        if (m_tokens.is(i, "bind"))
+            return takeBind(i);
+        if (isCheckerInstance(i))
+            return hideStatement(isQualified(i) ? i - 3 : i, behindSemicolon(i));
+        return usesGroup(i) ? hideStatement(i, behindSemicolon(i)) : i;
+    }
+
+    // "cg cg0 = new();", "cg0 = new;", "cg0.sample();"
+    bool usesGroup(int i)
+    {
+        if (m_names.groups.contains(m_tokens.word(i)) && m_tokens.isAny(i + 2, {"=", ";", "["})) {
             m_objects.insert(m_tokens.word(i + 1));
-        else if (!m_objects.contains(m_tokens.word(i)) ||
-                 !((m_tokens.is(i + 1, "=") && m_tokens.is(i + 2, "new")) || m_tokens.is(i + 1, ".")))
-            return i;
-        return hideStatement(i, behindSemicolon(i));
+            return true;
+        }
+        return m_objects.contains(m_tokens.word(i)) &&
+               ((m_tokens.is(i + 1, "=") && m_tokens.is(i + 2, "new")) || m_tokens.is(i + 1, "."));
+    }
+
+    // "once c0(clk, a);", "checks::once c0[3:0](.*);"
+    bool isCheckerInstance(int i) const
+    {
+        return m_names.checkers.contains(m_tokens.word(i)) && m_tokens.isName(i + 1) &&
+               m_tokens.isAny(i + 2, {"(", "["});
+    }
+
+    bool isQualified(int i) const
+    {
+        return i > 2 && m_tokens.is(i - 1, ":") && m_tokens.is(i - 2, ":") && m_tokens.isName(i - 3);
+    }
+
+    // "bind top once c0(clk, a);", "bind top : u0, u1 once c0(clk, a);"
+    int takeBind(int i)
+    {
+        const int end = behindSemicolon(i);
+        for (int at = i + 1; at < end; ++at) {
+            if (isCheckerInstance(at))
+                return hideStatement(i, end);
+        }
+        return end;
     }
 
     // There is no closing word in front of `unclosed`.
@@ -158,8 +118,10 @@ private:
             unclosed = end;
             return i; // a name, in a file that is no SystemVerilog
         }
-        if (m_tokens.is(i, "covergroup"))
-            m_groups.insert(m_tokens.word(i + 1));
+        QSet<QByteArray> &names = m_tokens.is(i, "covergroup") ? m_names.groups
+                                  : m_tokens.is(i, "checker")  ? m_names.checkers
+                                                               : m_names.others;
+        names.insert(m_tokens.word(i + 1));
         end += m_tokens.is(end + 1, ":") ? 3 : 1;
         hide(i, end);
         return end;
@@ -172,8 +134,8 @@ private:
         if (end <= i)
             return i;
         const bool isLabelled = i > 1 && m_tokens.is(i - 1, ":") && m_tokens.areTogether(i - 2, i) &&
-                                isLetter(m_tokens.word(i - 2).at(0)) && !m_tokens.is(i - 2, "default");
-        const bool isWhole = isWord(end - 1, {";", "end"}) || m_tokens.at(i).define == 0;
+                                m_tokens.isName(i - 2) && !m_tokens.is(i - 2, "default");
+        const bool isWhole = m_tokens.isAny(end - 1, {";", "end"}) || m_tokens.at(i).define == 0;
         hide(isLabelled ? i - 2 : i, end);
         if (isWhole)
             m_text[m_tokens.at(end - 1).start] = ';';
@@ -187,34 +149,12 @@ private:
         m_changed = true;
     }
 
-    bool isWord(int i, std::initializer_list<const char *> words) const
-    {
-        for (const char *word : words) {
-            if (m_tokens.is(i, word))
-                return true;
-        }
-        return false;
-    }
-
     int behindSemicolon(int i) const
     {
         int end = i;
         while (m_tokens.areTogether(i, end) && !m_tokens.is(end, ";"))
             ++end;
         return m_tokens.areTogether(i, end) ? end + 1 : end;
-    }
-
-    // Behind the parenthesis that closes the one at `i`; the end of the text or macro when none does.
-    int behindParentheses(int i) const
-    {
-        int depth = 0;
-        int at = i;
-        for (; m_tokens.areTogether(i, at); ++at) {
-            depth += isWord(at, {"(", "[", "{"}) ? 1 : isWord(at, {")", "]", "}"}) ? -1 : 0;
-            if (depth <= 0)
-                return at + 1;
-        }
-        return at;
     }
 
     // "else $error;", "begin ... end else begin ... end" or a lone semicolon
@@ -231,7 +171,7 @@ private:
     {
         for (int ifs = 0;; ++i) {
             for (; m_tokens.is(i, "if") && m_tokens.areTogether(i - 1, i); ++ifs)
-                i = behindParentheses(i + 1);
+                i = m_tokens.behindParentheses(i + 1);
             i = behindPlainStatement(i);
             if (ifs-- == 0 || !m_tokens.is(i, "else"))
                 return i;
@@ -242,10 +182,10 @@ private:
     {
         if (i >= m_tokens.size() || !m_tokens.areTogether(i - 1, i))
             return i;
-        if (isWord(i, {"begin", "fork"}))
+        if (m_tokens.isAny(i, {"begin", "fork"}))
             return behindBlock(i);
         if (m_tokens.word(i).startsWith('`')) { // a macro call, which may hold its own semicolon
-            const int end = m_tokens.is(i + 1, "(") ? behindParentheses(i + 1) : i + 1;
+            const int end = m_tokens.is(i + 1, "(") ? m_tokens.behindParentheses(i + 1) : i + 1;
             return m_tokens.is(end, ";") && m_tokens.areTogether(i, end) ? end + 1 : end;
         }
         return behindSemicolon(i);
@@ -256,8 +196,8 @@ private:
         int depth = 0;
         int at = i;
         for (; m_tokens.areTogether(i, at); ++at) {
-            depth += isWord(at, {"begin", "fork", "case", "casez", "casex"}) ? 1 : 0;
-            depth -= isWord(at, {"end", "join", "join_any", "join_none", "endcase"}) ? 1 : 0;
+            depth += m_tokens.isAny(at, {"begin", "fork", "case", "casez", "casex"}) ? 1 : 0;
+            depth -= m_tokens.isAny(at, {"end", "join", "join_any", "join_none", "endcase"}) ? 1 : 0;
             if (depth == 0)
                 return m_tokens.is(at + 1, ":") ? at + 3 : at + 1;
         }
@@ -265,18 +205,18 @@ private:
     }
 
     QByteArray &m_text;
-    const Tokens m_tokens;
-    QSet<QByteArray> m_groups;  // names of covergroups
-    QSet<QByteArray> m_objects; // and of what is made of them
+    const VerilogTokens m_tokens;
+    BlankedNames &m_names;
+    QSet<QByteArray> m_objects; // made of covergroups
     int m_unclosed[sizeof blocks / sizeof *blocks] = {};
     bool m_changed = false;
 };
 
 } // namespace
 
-bool blankAssertions(QByteArray &systemVerilog)
+bool blankAssertions(QByteArray &systemVerilog, BlankedNames &names)
 {
-    return AssertionBlanker(systemVerilog).run();
+    return AssertionBlanker(systemVerilog, names).run();
 }
 
 } // namespace QUARRY

@@ -136,6 +136,28 @@ void repairRows()
         "== a.v\nmodule a(input x);\nassert property (@(posedge x) x ##1 x); wire y;\nendmodule\n",
         "top a\nmodules a\nWARNING: @/a.v:2: This is no Verilog, so the file is read as SystemVerilog.",
         "a:a x y");
+    row("checkers and lets of other files", "",
+        "== a.sv\nmodule t import p::both; (input [1:0] x, output y);\nfar f(x[0]); assign y = both(x); sub "
+        "u(x);\n"
+        "endmodule\n== sub.sv\nmodule sub(input [1:0] x);\nimport p::both; wire z = "
+        "both(x + 1);\nendmodule\n"
+        "== p.sv\npackage p; let both(v) = v[0] & v[1]; endpackage\nchecker far(logic c); endchecker\n",
+        "top t\nmodules t\nWARNING: @/sub.sv:2: syntax error* The tool cannot take this, so module sub is "
+        "left "
+        "out.\nWARNING: These modules have no definition and are shown as black boxes, with nothing inside: "
+        "sub",
+        "t:t y x[1:0]\nt/u:sub");
+    row("lets of an included file", "",
+        "== t.sv\nmodule t(input x);\n`include \"sub/lets.svh\"\nassign y = no(x); sub u(x);\nendmodule\n"
+        "== sub/lets.svh\nlet no(v) = !v; wire y;\n"
+        "== sub.sv\nmodule sub import p::*; (input x); wire z = no(x); endmodule\n"
+        "== p.sv\npackage p;\nlet other = 1;\n`include \"only.svh\"\nendpackage\n== only.svh\nlet no(v) = "
+        "~v;\n",
+        "top t\nmodules sub t", "t:t x y\nt/u:sub x z");
+    row("a top that uses what is left out", "",
+        "== t.sv\nmodule t(input x);\nlet a(v) = v[0][0]; wire y = a(x + 1);\nendmodule\n",
+        "top \nmodules \nERROR: @/t.sv:2: *", "");
+    row("no module", "", "== a.v\n// nothing\n== b.v\n\n", "top \nmodules", "");
     row("neither language", "",
         "== a.v\nmodule a(input x); wire do;\nwire = 1;\nendmodule\n== b.v\nmodule b; logic y; endmodule\n",
         "top \nmodules \nERROR: @/a.v:2: *", "");

@@ -105,6 +105,14 @@ void HostileTextsTest::repairs_data()
     QTest::newRow("nested elses") << "assert property (a) " + times(100000, "if (a) b; else ");
     QTest::newRow("no closing words") << times(20000, "property sequence checker covergroup ");
     QTest::newRow("in a macro") << "`define m " + times(60000, "property ");
+    QTest::newRow("lets of lets") << numbered(60, "let l#(a) = a + a;") + "let k0 = 1;" +
+                                         times(30, "let k1 = k0 + k0; let k0 = k1 + k1;");
+    QTest::newRow("uses in uses") << "let l(a) = a + a; assign x = " + times(60, "l(") + "1" + times(60, ")");
+    QTest::newRow("uses without end") << "let l(a) = a;" + times(60000, "l( l[ ");
+    QTest::newRow("lets without end") << times(30000, "let l(a = (b = ");
+    QTest::newRow("many imports") << "package p;" + numbered(2000, "let l# = 1;") + "endpackage " +
+                                         times(20000, "import p::*;");
+    QTest::newRow("instances of checkers") << "checker c; endchecker " + times(30000, "bind a c c [");
 }
 
 void HostileTextsTest::repairs()
@@ -112,7 +120,8 @@ void HostileTextsTest::repairs()
     QFETCH(QByteArray, text);
     QElapsedTimer timer;
     timer.start();
-    repairSource(text, VerilogSource, HideAssertions);
+    BlankedNames names;
+    repairSource(text, VerilogSource, HideAssertions, names);
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
 }
 

@@ -29,7 +29,8 @@ module top (input clk, input rst, input [1:0] req, output logic [1:0] ack);
     if (req[0]) restrict property (s1); else ack <= 2'd1;
     g0.sample();
   end
+  logic seen; always_ff @(posedge clk iff (req[0] or rst) or negedge rst) seen <= !rst;
   logic last; assign last = g.kept;
 endmodule
 
-//= top:top clk rst last req[1:0] ack[1:0] top/g:g kept
+//= top:top clk rst seen last req[1:0] ack[1:0] top/g:g kept

@@ -46,4 +46,4 @@ endmodule
 //= most[18][7:0] most[19][7:0] most[20][7:0] most[21][7:0] most[22][7:0] most[23][7:0] most[24][7:0]
 //= most[25][7:0] most[26][7:0] most[27][7:0] most[28][7:0] most[29][7:0] most[30][7:0] most[31][7:0]
 //= down[4][7:0]!7!6!5!4 down[3][7:0]!3!2!1!0 states[0][1:0] states[1][1:0] top/u:sub in[0][7:0]
-//= in[1][7:0] in[2][7:0] one[7:0]! bit0[1:0]! top/g:g x[1] x[0]
+//= in[1][7:0]! in[2][7:0] one[7:0]! bit0[1:0]! top/g:g x[1] x[0]

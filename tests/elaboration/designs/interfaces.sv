@@ -26,7 +26,7 @@ module top (input clk);
 endmodule
 
 //= top:top clk
-//= top/b:bus clk data[7:0]
+//= top/b:bus clk data[7:0]!
 //= top/bs[1]:bus clk data[3:0]
 //= top/bs[0]:bus clk data[3:0]
 //= top/f:from

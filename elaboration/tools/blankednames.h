@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QSet>
+
+namespace QUARRY {
+
+// Text in which numbers of formal arguments stand: a text, a number, a text, ... , a text.
+struct LetText
+{
+    QList<QByteArray> texts = QList<QByteArray>() << QByteArray();
+    QList<int> formals;
+};
+
+struct VerilogLet
+{
+    QList<QByteArray> formals;
+    QList<QByteArray> defaults; // of the formals; empty where there is none
+    LetText expression;
+    bool isKnown = true; // false: of several it is not known which one counts
+};
+using VerilogLets = QHash<QByteArray, VerilogLet>;
+
+// What is declared in one source, blanked there, and may be used in others.
+struct BlankedNames
+{
+    QSet<QByteArray> checkers;
+    QSet<QByteArray> groups;             // covergroups
+    QSet<QByteArray> others;             // sequences, properties and every `let`
+    QHash<QByteArray, VerilogLets> lets; // of packages
+    QHash<QByteArray, VerilogLets>
+        includables;          // by the name of a file: those outside of all that it declares
+    QByteArray file;          // that is being looked at, without its folders
+    QSet<QByteArray> modules; // that are to be blanked
+
+    bool haveUses() const { return !checkers.isEmpty() || !groups.isEmpty(); }
+    bool contains(const QByteArray &name) const
+    {
+        return checkers.contains(name) || groups.contains(name) || others.contains(name);
+    }
+    // Whether the text may use one of them.
+    bool areIn(const QByteArray &text) const;
+};
+
+} // namespace QUARRY
