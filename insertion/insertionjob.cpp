@@ -232,6 +232,7 @@ bool InsertionJob::compare()
     m_report->nets = proof.netCount();
     m_report->memories = original.memories().size();
     m_report->noteTaps(*m_analyzer, original);
+    m_report->noteFamily(*m_analyzer, m_options.family);
     QByteArray before, after;
     if (!take(m_yosys->checkFile(true), &before) || !take(m_yosys->checkFile(false), &after))
         return false;

@@ -105,11 +105,16 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
     return list;
 }
 
+JEX::Implementation implementationOf(const RTLJEX::AnyCore &core)
+{
+    return JEX::implementationOf(core.standard ? core.standard->captureImplementation
+                                               : core.lite->implementation);
+}
+
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
                      const JEX_TOOL::Device *device)
 {
-    const JEX::Implementation implementation = JEX::implementationOf(
-        core.standard ? core.standard->captureImplementation : core.lite->implementation);
+    const JEX::Implementation implementation = implementationOf(core);
     const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
     QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
                    " bits, " + QString::number(depth) + " samples in " +
@@ -159,6 +164,16 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
         else if (open > 0)
             warnings << "WARNING: Nothing drives " + tap.net + tap.range() +
                             (open < wire->width ? " as a whole." : ".");
+    }
+}
+
+void InsertionReport::noteFamily(const Analyzer &analyzer, const QString &family)
+{
+    for (const Analyzer::Core &core : analyzer.cores()) {
+        if (family == "ice40" && implementationOf(core.core) == JEX::SsramImplementation)
+            warnings << "WARNING: Core " + QString::number(core.core.number) +
+                            " keeps its samples in SSRAM, which an iCE40 does not have, so it cannot be "
+                            "synthesized for one. Choose BSRAM or REG.";
     }
 }
 

@@ -87,14 +87,6 @@ int endOfType(const QByteArray &line)
     return line.startsWith("  cell ") ? line.indexOf(' ', 7) : 0;
 }
 
-// Where the text in quotes ends that begins there.
-int endOfQuotes(const QByteArray &line, int at)
-{
-    for (++at; at < line.size() && line.at(at) != '"'; ++at)
-        at += line.at(at) == '\\';
-    return at;
-}
-
 // The names that Yosys makes: "$add$rtl/fifo.v:35$232_Y" becomes "\_add$fifo.v:35$232_Y"; the number at
 // its end keeps it apart from others. Simulators take a name that begins with "$" for a function of their
 // own.
@@ -102,7 +94,7 @@ void renameMade(QByteArray &line)
 {
     for (int at = line.indexOf(' ', endOfType(line)); at >= 0; at = line.indexOf(' ', at + 1)) {
         if (startsAt(line, at, " \"")) {
-            at = endOfQuotes(line, at + 1);
+            at = endOfQuotes(line, at + 1) - 1;
         } else if (startsAt(line, at, " $")) {
             line.replace(at + 1, 1, "\\_");
             shortenPaths(line, at + 1);
@@ -117,7 +109,7 @@ void renameMadeInVerilog(QByteArray &line)
 {
     for (int at = 0; at < line.size(); ++at) {
         if (line.at(at) == '"') {
-            at = endOfQuotes(line, at);
+            at = endOfQuotes(line, at) - 1;
         } else if (line.at(at) == '\\') {
             if (startsAt(line, at, "\\$")) {
                 line.replace(at, 2, "\\_");
@@ -305,6 +297,14 @@ private:
 };
 
 } // namespace
+
+int endOfQuotes(const QByteArray &text, int begin)
+{
+    int end = begin + 1;
+    while (end < text.size() && text.at(end) != '"')
+        end += text.at(end) == '\\' ? 2 : 1;
+    return end + 1;
+}
 
 bool RtlilDesign::open(const QString &path, QString *error)
 {

@@ -8,7 +8,6 @@
 #include "insertion/flatnetlist.h"
 #include "insertion/insertionjob.h"
 #include "insertion/insertiontexts.h"
-#include "insertion/outputfolder.h"
 #include "insertion/rtlildesign.h"
 #include "tests/elaboration/sources.h"
 
@@ -61,9 +60,8 @@ void addRows(const Hierachy &node, QList<JEX::SignalItem> &rows)
 }
 
 // A Lite core that captures these nets.
-class Capture
+struct Capture
 {
-public:
     Capture(const QString &clock, const QList<JEX::SignalItem> &rows) : configuration(JEX::LiteMode)
     {
         JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
@@ -182,10 +180,9 @@ private Q_SLOTS:
         // Such a comparison does see a net that is read the wrong way round.
         QByteArray wrong = whole.left(whole.size() - cores.size());
         const QByteArray clock = "    .tap_0(";
-        QVERIFY(wrong.contains(clock));
         folder.write("netlist.v", "`timescale 1ns / 1ps\n" + wrong.replace(clock, clock + '~'));
         const QByteArray fromWrong = simulate(folder, {"netlist.v", "monitor.v"}, bench(design), {});
-        QVERIFY(firstDifference(fromWrong, fromSources, job) != QString());
+        QVERIFY(wrong.contains(clock) && firstDifference(fromWrong, fromSources, job) != QString());
     }
 
     // One small design each, all of whose nets are captured.
@@ -352,6 +349,25 @@ private Q_SLOTS:
         QCOMPARE(report.warnings, QStringList("WARNING: What drives top/clk is not known."));
     }
 
+    // A family without the memory that a core asks for.
+    void noSuchMemory()
+    {
+        Folder folder;
+        folder.write("a.v", "module top(input clk); endmodule");
+        const std::unique_ptr<RtlNetlist> netlist(build(inputOf(folder.path(), {"a.v"})));
+        for (int implementation : {JEX::BsramImplementation, JEX::SsramImplementation}) {
+            const Capture capture("top/clk", {rowOf("top/clk", JEX::NetKind)});
+            capture.configuration.cores().first().lite->implementation = implementation;
+            const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+            Insertion::InsertionReport report;
+            report.noteFamily(analyzer, "ecp5");
+            QCOMPARE(report.warnings, QStringList());
+            report.noteFamily(analyzer, "ice40");
+            const bool isNamed = report.warnings.join(' ').contains("SSRAM, which an iCE40 does not have");
+            QCOMPARE(isNamed, implementation == JEX::SsramImplementation);
+        }
+    }
+
     // What is looked up for one module takes no look at all others, which took sixteen seconds here.
     void manyModules()
     {
@@ -374,72 +390,6 @@ private Q_SLOTS:
         const qint64 taken = timer.elapsed();
         QVERIFY2(taken < 6000, QByteArray::number(taken));
         QCOMPARE(folder.read("written.il").count("  connect \\o 1'z\n"), modules / 2);
-    }
-
-    // Whole or not at all.
-    void outputFolder()
-    {
-        Folder folder;
-        QString error;
-        const Insertion::OutputFolder output(folder.path("made"), {});
-        const QByteArray map = "{\"top\": \"top\", \"madeBy\": \"jex insert\"}";
-        const QMap<QString, QByteArray> files{{"map.json", map}, {"design.v", "1"}}, less{{"map.json", map}};
-        QVERIFY2(output.write(files, &error), qPrintable(error));
-        QVERIFY2(output.write(less, &error), qPrintable(error));
-        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
-        const QMap<QString, QByteArray> bad{{"design.v", "4"}, {"no/folder", "5"}};
-        QVERIFY(!output.write(bad, &error));
-        QVERIFY2(fits(error, "* cannot be written: *. Nothing was changed."), qPrintable(error));
-        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList("made"));
-    }
-
-    // What somebody else wrote is neither replaced nor removed, when it came before the work and when it came
-    // while that was done.
-    void foreignFolders_data()
-    {
-        QTest::addColumn<QString>("file"); // in the folder "made", to which "link" leads
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("named");
-        QTest::addColumn<QString>("message");
-        const QByteArray ours = "{\"madeBy\": \"jex insert\"}";
-        QTest::newRow("other name") << "mine.txt" << ours << "made"
-                                    << "*/made holds other files (mine.txt), which would be lost. *";
-        QTest::newRow("our name") << "design.v" << ours << "made"
-                                  << "*/made holds files that were not made here (design.v), *";
-        QTest::newRow("map of another program")
-            << "map.json" << QByteArray("{\"top\": \"jex insert\"}") << "made"
-            << "*/made holds files that were not made here (map.json), *";
-        QTest::newRow("folder") << "design.v/mine" << ours << "made"
-                                << "*/made holds other files (design.v), *";
-        QTest::newRow("link") << "map.json" << ours << "link"
-                              << "*/link is not a folder. *";
-        QTest::newRow("link with a slash") << "map.json" << ours << "link/"
-                                           << "*/link/ is not a folder. *";
-        QTest::newRow("source") << "map.json" << ours << "made"
-                                << "*/made is a folder of the sources: map.json is in it. *";
-    }
-    void foreignFolders()
-    {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, text);
-        QFETCH(QString, named);
-        QFETCH(QString, message);
-        Folder folder;
-        folder.write("made/" + file, text);
-        QFile::link(folder.path("made"), folder.path("link"));
-        const bool isSource = QByteArray(QTest::currentDataTag()) == "source";
-        const Insertion::OutputFolder output(folder.path() + '/' + named,
-                                             isSource ? QStringList(folder.path("made/map.json"))
-                                                      : QStringList());
-        QString error;
-        QVERIFY(!output.write({{"map.json", "new"}, {"design.v", "new"}}, &error));
-        QVERIFY2(fits(error, message), qPrintable(error));
-        QCOMPARE(output.fault(), error);
-        QCOMPARE(folder.read("made/" + file), text);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList({"link", "made"}));
     }
 
 private:
