@@ -139,7 +139,7 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
         const Tap &tap = taps.at(core.clock.tap);
         const auto wire = original.wires().constFind(flatName(tap));
         if (wire != original.wires().constEnd() &&
-            registered.contains(original.netOf(wire->firstBit + core.clock.place)))
+            registered.contains(original.netOf(wire->firstBit + tap.low + core.clock.place)))
             warnings
                 << "WARNING: The sample clock " + bitName(tap, core.clock) + " of core " +
                        QString::number(core.core.number) +
@@ -149,21 +149,22 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
     const QSet<int> driven = drivenNets(original);
     for (const Tap &tap : taps) {
         const auto wire = original.wires().constFind(flatName(tap));
-        if (wire == original.wires().constEnd()) {
+        const int width = tap.width();
+        if (wire == original.wires().constEnd() || tap.low + width > wire->width) {
             warnings << "WARNING: What drives " + tap.net + tap.range() + " is not known.";
             continue;
         }
         int constants = 0, open = 0;
-        for (int bit = 0; bit < wire->width; ++bit) {
-            const int net = original.netOf(wire->firstBit + bit);
+        for (int bit = 0; bit < width; ++bit) {
+            const int net = original.netOf(wire->firstBit + tap.low + bit);
             constants += original.constantsOf(net) != 0;
             open += original.constantsOf(net) == 0 && !driven.contains(net);
         }
-        if (wire->width > 0 && constants == wire->width)
+        if (constants == width)
             warnings << "WARNING: " + tap.net + tap.range() + " never changes: it is a constant.";
         else if (open > 0)
             warnings << "WARNING: Nothing drives " + tap.net + tap.range() +
-                            (open < wire->width ? " as a whole." : ".");
+                            (open < width ? " as a whole." : ".");
     }
 }
 
