@@ -194,7 +194,9 @@ bool FlatNetlist::read(const QString &path, QString *error)
     }
     isGood = isGood && reader.isDone && reader.isFlat();
     if (!isGood)
-        *error = "What Yosys read back of the design could not be understood, so nothing is proven.";
+        *error = "What Yosys read back of the design could not be understood, so nothing is proven. If the "
+                 "disk is "
+                 "full, make room on it.";
     return isGood;
 }
 

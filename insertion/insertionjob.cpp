@@ -189,8 +189,10 @@ void InsertionJob::tap()
         !design.writeVerilog(m_yosys->writtenFile(), &error))
         return fail(Failed, {error});
     insertTaps(design, m_analyzer->taps().taps(), *m_surgery);
-    if (!design.write(m_yosys->tappedFile(), &error) || !put(m_yosys->coresFile(), m_analyzer->coresText()))
+    if (!design.write(m_yosys->tappedFile(), &error))
         return fail(Failed, {error});
+    if (!put(m_yosys->coresFile(), m_analyzer->coresText()))
+        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
     m_runner->tellStage("Putting the analyzer into the design");
     m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
         if (!result.isGood())
