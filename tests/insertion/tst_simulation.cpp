@@ -168,7 +168,10 @@ private Q_SLOTS:
             const char *value;
         } rows[] = {{"top/clk", 0, 64, -1, 1, ""},         {"top/clk", 1, 64, 10, 4, "00010110"},
                     {"top/clk2", 0, 32, 0, 2, "XXXX01XX"}, {"top/clk", 0, 16, 12, 8, "XXX00000"},
-                    {"top/clk2", 1, 128, -1, 1, ""},       {"top/clk", 0, 256, 252, 1, "1XXXXXXX"}};
+                    {"top/clk2", 1, 128, -1, 1, ""},       {"top/clk", 0, 256, 252, 1, "1XXXXXXX"},
+                    {"top/clk2", 0, 16, -1, 1, ""},        {"top/clk", 1, 512, -1, 1, ""},
+                    {"top/clk", 0, 32, 28, 4, "XXXXXX11"}, {"top/clk2", 1, 64, 31, 4, "XXXXX00X"},
+                    {"top/clk", 1, 4, 0, 16, "XXXX1111"},  {"top/clk2", 1, 256, 1, 1, "0XXXXXX1"}};
         for (int i = 0; i < int(std::size(rows)); ++i) {
             for (bool byNetlist : {false, true}) {
                 const Row &row = rows[i];
