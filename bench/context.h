@@ -21,6 +21,9 @@ struct Context
 QList<JEX::SignalItem> signalRecords(const QList<QUARRY::RtlNet *> &nets,
                                      const QList<QUARRY::RtlNetBus *> &buses, int first, int count);
 
+// With a script in place of bubblewrap that only starts the tool: for the front of PATH.
+QString unconfiningFolder(const Context &context);
+
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
@@ -34,3 +37,4 @@ void measureVhdl(Context &context);
 void measureConfinement(Context &context);
 void measureEditor(Context &context);
 void measureUndo(RTLJEX::EditorView &view);
+void measureInsertion(Context &context);

@@ -67,6 +67,10 @@ int main(int argc, char **argv)
         measureEditor(context);
         return 0;
     }
+    // First, while no larger tool has run.
+    measureInsertion(context);
+    if (application.arguments().contains(QStringLiteral("--insertion")))
+        return 0;
     const bool onlyOpening = application.arguments().contains(QStringLiteral("--opening"));
     if (!onlyOpening) {
         measureNetlist(context);

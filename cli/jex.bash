@@ -11,6 +11,7 @@ _jex() {
   case $before in
     --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
     --trigger) COMPREPLY=($(compgen -W $'levels\nany' -- "$word")) ;;
+    --tool) COMPREPLY=($(compgen -W $'icarus\nverilator' -- "$word")) ;;
     --synth) COMPREPLY=($(compgen -W $'ice40\necp5\nxilinx\ngeneric' -- "$word")) ;;
     --bench) COMPREPLY=($(shopt -s extglob; compgen -f -X '!*.@(v|sv)' -- "$word") $(compgen -d -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;

@@ -13,6 +13,7 @@ _jex() {
   case $words[CURRENT-1] in
     --mode) _values mode standard lite; return ;;
     --trigger) _values trigger levels any; return ;;
+    --tool) _values simulator icarus verilator; return ;;
     --synth) _values family ice40 ecp5 xilinx generic; return ;;
     --bench) _files -g '*.(v|sv)(-.)'; return ;;
     --device) found=(${(f)"$(jex devices | awk 'NR > 1 { print $2 }')"}); _describe device found; return ;;

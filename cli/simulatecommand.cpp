@@ -45,24 +45,26 @@ int windowCount(const Job &job)
 
 ExitCode simulate(const QStringList &words, Output &out)
 {
-    Arguments arguments("simulate", "FILE DESIGN --bench BENCH --output VCD",
-                        "Runs a test bench of the design by Icarus Verilog, with the analyzer of a "
-                        "configuration (.zub) looking\n"
-                        "on, and writes the captured windows as a waveform: the rows of the capture list, "
-                        "with the names that\n"
-                        "they are shown by. The analyzer is attached to the sources as they are; with "
-                        "--netlist, and always when\n"
-                        "there is VHDL in the design, it is inserted as jex insert does. What the bench "
-                        "writes is dropped: it can\n"
-                        "reach nothing but a temporary folder. 1 when a core did not trigger: then it is "
-                        "said what each match\n"
-                        "unit and each expression saw.");
+    Arguments arguments(
+        "simulate", "FILE DESIGN --bench BENCH --output VCD",
+        "Runs a test bench of the design by Icarus Verilog or Verilator, with the analyzer of a "
+        "configuration (.zub) looking\n"
+        "on, and writes the captured windows as a waveform: the rows of the capture list, "
+        "with the names that\n"
+        "they are shown by. The analyzer is attached to the sources as they are; with "
+        "--netlist, and always when\n"
+        "there is VHDL in the design, it is inserted as jex insert does. What the bench "
+        "writes is dropped: it can\n"
+        "reach nothing but a temporary folder. 1 when a core did not trigger: then it is "
+        "said what each match\n"
+        "unit and each expression saw.");
     arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
     arguments.parser.addOptions({
         {"bench", "A file of the test bench; may be given several times.", "BENCH"},
         {{"o", "output"}, "The file for the captured windows.", "VCD"},
         {"netlist", "Simulate the netlist with the analyzer inserted in place of the sources."},
         {"instance", "Where the test bench has the design, when it has several: \"tb.dut\".", "PATH"},
+        {"tool", "The simulator: icarus, unless you say verilator, which knows no unknown values.", "TOOL"},
         {"raw", "The file for all values of the tapped nets, at all times.", "VCD"},
     });
     addTrigger(arguments);
@@ -72,14 +74,20 @@ ExitCode simulate(const QStringList &words, Output &out)
     if (!arguments.read(words, out) || !arguments.readDesign(arguments.files(), options))
         return arguments.result();
     const QString output = arguments.parser.value("output"), raw = arguments.parser.value("raw");
+    const QString tool = arguments.parser.value("tool");
     if (!readTrigger(arguments, &how.triggerByAny))
         return WrongUse;
+    if (!tool.isEmpty() && tool != "icarus" && tool != "verilator")
+        return arguments.refuse("Simulations are done by \"icarus\" or by \"verilator\", not by \"" + tool +
+                                "\".");
     if (output.isEmpty() || !arguments.parser.isSet("bench"))
         return arguments.refuse(
             "Name the test bench with --bench, and the file for the waveform with --output.");
     for (const QString &file : arguments.parser.values("bench"))
         how.bench << QFileInfo(file).absoluteFilePath();
     how.instance = arguments.parser.value("instance");
+    if (tool == "verilator")
+        how.simulator = Insertion::Simulator::Verilator;
     how.byNetlist = arguments.parser.isSet("netlist");
     how.records = !raw.isEmpty();
     JudgedInput input;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "elaboration/tools/scratchdir.h"
+#include "insertion/rtlildesign.h"
 
 namespace Insertion {
 namespace {
@@ -46,14 +47,6 @@ bool appendConstant(const QByteArray &word, std::vector<int> &bits)
         bits.push_back(isWritten || constant != FlatNetlist::One ? constant : FlatNetlist::Zero);
     }
     return true;
-}
-
-int endOfQuotes(const QByteArray &text, int begin)
-{
-    int end = begin + 1;
-    while (end < text.size() && text.at(end) != '"')
-        end += text.at(end) == '\\' ? 2 : 1;
-    return end + 1;
 }
 
 bool isNumberStart(char c)
@@ -201,7 +194,9 @@ bool FlatNetlist::read(const QString &path, QString *error)
     }
     isGood = isGood && reader.isDone && reader.isFlat();
     if (!isGood)
-        *error = "What Yosys read back of the design could not be understood, so nothing is proven.";
+        *error = "What Yosys read back of the design could not be understood, so nothing is proven. If the "
+                 "disk is "
+                 "full, make room on it.";
     return isGood;
 }
 

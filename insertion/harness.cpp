@@ -1,5 +1,6 @@
 #include "insertion/harness.h"
 
+#include "gateware/verilogtext.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
 
@@ -23,25 +24,33 @@ public:
 
     QByteArray text()
     {
-        add("`timescale 1ns / 1ps\nmodule jex_harness;");
-        for (const Analyzer::Core &core : m_analyzer.cores())
-            addReader(core);
-        for (const char *control : sharedControls)
-            addShared(control);
+        add("`timescale 1ps / 1ps\nmodule jex_harness;");
+        if (isAbove())
+            add(m_place.benchTop.toUtf8() + ' ' + m_place.benchTop.toUtf8() + "();");
         if (m_place.prefix.isEmpty())
             attach();
-        else
-            connectPorts();
-        addReading();
+        if (!isAbove())
+            addControls();
         addEnd();
         if (m_place.records)
             addRecord();
         add("endmodule");
-        return m_text + RTLJEX::readerSource();
+        return isAbove() ? m_text : m_text + RTLJEX::readerSource();
     }
 
 private:
+    bool isAbove() const { return m_place.simulator == Simulator::Verilator; }
     void add(const QByteArray &line) { m_text += line + '\n'; }
+
+    void addControls()
+    {
+        for (const Analyzer::Core &core : m_analyzer.cores())
+            addReader(core);
+        for (const char *control : sharedControls)
+            addShared(control);
+        connectPorts();
+        addReading();
+    }
 
     // As the simulator sees the module with all cores.
     QByteArray cores() const
@@ -89,21 +98,16 @@ private:
                 verilogPath(taps.at(i)) + ';');
             ports += ".tap_" + number(i) + "(tap_" + number(i) + "),\n    ";
         }
-        for (const char *control : sharedControls)
-            ports += QByteArray(".ctl_") + control + "(all_" + control + "),\n    ";
-        for (const Analyzer::Core &core : m_analyzer.cores()) {
-            const QByteArray own = number(core.core.number);
-            ports += ".ctl_select_" + own + "(select_" + own + "),\n    .ctl_tdo_" + own + "(tdo_" + own +
-                     "),\n    ";
-        }
         ports.chop(6);
         add("jex_cores cores (\n    " + ports + ");");
     }
 
-    // The test bench leaves these ports of the design open.
+    // They are left open where the cores are, and in the netlist by the test bench.
     void connectPorts()
     {
-        const QByteArray port = m_place.instance.toUtf8() + '.' + m_place.prefix + "_ctl_";
+        const QByteArray port = m_place.prefix.isEmpty()
+                                    ? QByteArray("cores.ctl_")
+                                    : m_place.instance.toUtf8() + '.' + m_place.prefix + "_ctl_";
         add("initial begin");
         for (const char *control : sharedControls)
             add("    force " + port + control + " = all_" + control + ';');
@@ -134,20 +138,47 @@ private:
 
     void addEnd()
     {
-        add("integer ends;\nfinal begin\n    ends = $fopen(" + file("end.txt") + ", \"w\");");
+        add("integer file;\ninteger at;\nfinal begin\n    file = $fopen(" + this->file("end.txt") +
+            ", \"w\");");
         for (const Analyzer::Core &core : m_analyzer.cores()) {
             const QByteArray own = number(core.core.number), name = cores() + ".core_" + own;
-            add("    $fwrite(ends, \"" + own + " %b %b\\n\", " + name + ".windows, " + name + ".seen);");
+            add("    $fwrite(file, \"" + own + " %b %b\\n\", " + name + ".windows, " + name + ".seen);");
         }
-        add("    $fclose(ends);\nend");
+        add("    $fclose(file);");
+        for (const Analyzer::Core &core : m_analyzer.cores()) {
+            if (isAbove())
+                addLook(core);
+        }
+        add("end");
+    }
+
+    // What the reader would write of the core.
+    void addLook(const Analyzer::Core &core)
+    {
+        const QByteArray own = number(core.core.number), name = cores() + ".core_" + own;
+        const RTLJEX::CoreLayout &layout = core.module.layout;
+        QByteArray style = RTLJEX::style(core.core.standard ? core.core.standard->captureImplementation
+                                                            : core.core.lite->implementation);
+        add("    file = $fopen(" + file("core_" + own + ".txt") +
+            ", \"w\");\n    $fwrite(file, \"status %b%b " + "%b %b\\n\", " + name + ".windows, {14'd0, " +
+            name + ".done, 1'b0}, " + name + ".seen, 32'd" + number(layout.sampleWidth()) +
+            ");\n    for (at = 0; at < " + number(layout.storedSamples()) +
+            "; at = at + 1)\n        $fwrite(file, \"%b\\n\", " + name + ".core.memory." +
+            style.replace('"', "") + ".words[at]);\n    $fclose(file);");
     }
 
     void addRecord()
     {
-        add("initial begin\n    $dumpfile(" + file("raw.vcd") + ");");
-        for (int i = 0; i < m_analyzer.taps().taps().size(); ++i)
-            add("    $dumpvars(0, " + cores() + ".tap_" + number(i) + ");");
-        add("end");
+        add("integer raw = 0;\nreg [63:0] noted = {64{1'b1}};\ntask note_time;\nbegin\n"
+            "    if (raw == 0) raw = $fopen(" +
+            file("raw.txt") +
+            ", \"w\");\n    if (noted != $time) begin noted = $time; $fwrite(raw, \"#%0d\\n\", noted); end\n"
+            "end\nendtask");
+        for (int i = 0; i < m_analyzer.taps().taps().size(); ++i) {
+            const QByteArray name = "tap_" + number(i), tap = cores() + '.' + name;
+            add("always begin\n    note_time;\n    $fwrite(raw, \"b%b " + name + "\\n\", " + tap +
+                ");\n    @(" + tap + ");\nend");
+        }
     }
 
     const Analyzer &m_analyzer;
@@ -161,6 +192,19 @@ private:
 QByteArray harnessText(const Analyzer &analyzer, const HarnessPlace &place, const QMap<int, int> &windows)
 {
     return Harness(analyzer, place, windows).text();
+}
+
+QByteArray recordHead(const Analyzer &analyzer)
+{
+    QByteArray text = "$timescale 1ps $end\n$scope module taps $end\n";
+    const QList<Tap> &taps = analyzer.taps().taps();
+    for (int i = 0; i < taps.size(); ++i) {
+        const QByteArray name = "tap_" + number(i), width = number(taps.at(i).width());
+        text += "$var wire " + width + ' ' + name + ' ' + name +
+                (taps.at(i).width() > 1 ? " [" + number(taps.at(i).width() - 1) + ":0]" : QByteArray()) +
+                " $end\n";
+    }
+    return text + "$upscope $end\n$enddefinitions $end\n";
 }
 
 QByteArray withWindows(const QByteArray &text, int windows)

@@ -189,8 +189,10 @@ void InsertionJob::tap()
         !design.writeVerilog(m_yosys->writtenFile(), &error))
         return fail(Failed, {error});
     insertTaps(design, m_analyzer->taps().taps(), *m_surgery);
-    if (!design.write(m_yosys->tappedFile(), &error) || !put(m_yosys->coresFile(), m_analyzer->coresText()))
+    if (!design.write(m_yosys->tappedFile(), &error))
         return fail(Failed, {error});
+    if (!put(m_yosys->coresFile(), m_analyzer->coresText()))
+        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
     m_runner->tellStage("Putting the analyzer into the design");
     m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
         if (!result.isGood())
@@ -232,6 +234,7 @@ bool InsertionJob::compare()
     m_report->nets = proof.netCount();
     m_report->memories = original.memories().size();
     m_report->noteTaps(*m_analyzer, original);
+    m_report->noteFamily(*m_analyzer, m_options.family);
     QByteArray before, after;
     if (!take(m_yosys->checkFile(true), &before) || !take(m_yosys->checkFile(false), &after))
         return false;

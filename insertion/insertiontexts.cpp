@@ -106,11 +106,16 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
     return list;
 }
 
+JEX::Implementation implementationOf(const RTLJEX::AnyCore &core)
+{
+    return JEX::implementationOf(core.standard ? core.standard->captureImplementation
+                                               : core.lite->implementation);
+}
+
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
                      const JEX_TOOL::Device *device)
 {
-    const JEX::Implementation implementation = JEX::implementationOf(
-        core.standard ? core.standard->captureImplementation : core.lite->implementation);
+    const JEX::Implementation implementation = implementationOf(core);
     const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
     QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
                    " bits, " + QString::number(depth) + " samples in " +
@@ -134,7 +139,7 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
         const Tap &tap = taps.at(core.clock.tap);
         const auto wire = original.wires().constFind(flatName(tap));
         if (wire != original.wires().constEnd() &&
-            registered.contains(original.netOf(wire->firstBit + core.clock.place)))
+            registered.contains(original.netOf(wire->firstBit + tap.low + core.clock.place)))
             warnings
                 << "WARNING: The sample clock " + bitName(tap, core.clock) + " of core " +
                        QString::number(core.core.number) +
@@ -144,21 +149,32 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
     const QSet<int> driven = drivenNets(original);
     for (const Tap &tap : taps) {
         const auto wire = original.wires().constFind(flatName(tap));
-        if (wire == original.wires().constEnd()) {
+        const int width = tap.width();
+        if (wire == original.wires().constEnd() || tap.low + width > wire->width) {
             warnings << "WARNING: What drives " + tap.net + tap.range() + " is not known.";
             continue;
         }
         int constants = 0, open = 0;
-        for (int bit = 0; bit < wire->width; ++bit) {
-            const int net = original.netOf(wire->firstBit + bit);
+        for (int bit = 0; bit < width; ++bit) {
+            const int net = original.netOf(wire->firstBit + tap.low + bit);
             constants += original.constantsOf(net) != 0;
             open += original.constantsOf(net) == 0 && !driven.contains(net);
         }
-        if (wire->width > 0 && constants == wire->width)
+        if (constants == width)
             warnings << "WARNING: " + tap.net + tap.range() + " never changes: it is a constant.";
         else if (open > 0)
             warnings << "WARNING: Nothing drives " + tap.net + tap.range() +
-                            (open < wire->width ? " as a whole." : ".");
+                            (open < width ? " as a whole." : ".");
+    }
+}
+
+void InsertionReport::noteFamily(const Analyzer &analyzer, const QString &family)
+{
+    for (const Analyzer::Core &core : analyzer.cores()) {
+        if (family == "ice40" && implementationOf(core.core) == JEX::SsramImplementation)
+            warnings << "WARNING: Core " + QString::number(core.core.number) +
+                            " keeps its samples in SSRAM, which an iCE40 does not have, so it cannot be "
+                            "synthesized for one. Choose BSRAM or REG.";
     }
 }
 

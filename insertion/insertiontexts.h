@@ -31,6 +31,8 @@ struct InsertionReport
     // Warns of clocks that a register makes, of taps that never change and of those that nothing drives or of
     // which that is not known.
     void noteTaps(const Analyzer &analyzer, const FlatNetlist &original);
+    // Warns of cores whose memories the family that resources are counted for does not have.
+    void noteFamily(const Analyzer &analyzer, const QString &family);
     // What the check finds now: all that is new, but nets that nothing drives, is a difference.
     void noteProblems(const QStringList &problems);
     void noteEquivalence(const QUARRY::ToolResult &result, int seconds);

@@ -18,6 +18,9 @@ struct RtlilCell
     qint64 end = 0; // where its last line begins
 };
 
+// Behind the text in quotes that begins there, in which a backslash stands before what means only itself.
+int endOfQuotes(const QByteArray &text, int begin);
+
 // One module of the text, as far as a tap needs it.
 struct RtlilModule
 {

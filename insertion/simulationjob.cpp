@@ -27,7 +27,7 @@ namespace {
 const int maxLinks = 2000;
 const int maxShownLines = 20;
 
-// By which Icarus Verilog tells the language.
+// By which the simulators tell the language.
 QString suffixOf(const QString &file)
 {
     return file.endsWith(".sv") ? ".sv" : ".v";
@@ -101,6 +101,9 @@ void SimulationJob::begin()
         return;
     if (!m_analyzer->faults().isEmpty())
         return fail(Refused, m_analyzer->faults());
+    const QString missing = missingFor(m_options.simulator);
+    if (!missing.isEmpty())
+        return fail(Failed, {missing});
     readBench(QString());
 }
 
@@ -215,40 +218,30 @@ void SimulationJob::takeNetlist()
     end(m_insertion->outcome() == InsertionJob::Failed ? Failed : Refused);
 }
 
-ToolCall SimulationJob::call(const char *name, const char *variable, const QStringList &arguments) const
+// Relative names in sources start at the project, or at the bench.
+QStringList SimulationJob::includeFolders()
 {
-    ToolCall call;
-    call.name = "Icarus Verilog";
-    call.variable = variable;
-    call.program = findTool(variable, {name});
-    call.workingDir = m_scratch->file("run");
-    call.writableFolder = m_scratch->path();
-    call.subject = "the test bench";
-    call.arguments = arguments;
-    call.runsSources = true;
-    return call;
+    QStringList folders;
+    for (const QString &path : m_input.includePaths + QStringList("."))
+        folders << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
+    for (const QString &bench : m_options.bench)
+        folders << m_names->folder(QFileInfo(bench).absolutePath());
+    return folders;
 }
 
-QStringList SimulationJob::sourceArguments()
+void SimulationJob::addSources(SimulatedSources &sources)
 {
-    QStringList arguments, files, libraries;
-    QStringList includePaths = m_input.includePaths;
-    for (const QString &bench : m_options.bench)
-        includePaths << QFileInfo(bench).absolutePath();
-    for (const QString &path : includePaths << ".")
-        arguments << "-I"
-                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
     for (const QString &define : m_input.defines) {
         if (!m_input.undefines.contains(define.section('=', 0, 0)))
-            arguments << "-D" + define;
+            sources.defines << define;
     }
     for (const QString &folder : m_input.libraryPaths)
-        arguments << "-y"
-                  << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
+        sources.libraryFolders << m_names->folder(
+            QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
     const QStringList usual{".v", ".sv"};
-    for (const QString &suffix : m_input.librarySuffixes.isEmpty() ? usual : m_input.librarySuffixes)
-        arguments << "-Y" + suffix;
+    sources.librarySuffixes = m_input.librarySuffixes.isEmpty() ? usual : m_input.librarySuffixes;
     // Icarus Verilog takes no second definition of a module, so of the libraries only what is used is read.
+    QStringList files, libraries;
     for (const DesignSource &source : m_input.files)
         (source.onlyWhenUsed ? libraries : files) << source.path;
     const QSet<QString> used = SourceNeeds(m_options.bench + files + libraries).filesFor(m_benchTop);
@@ -260,48 +253,68 @@ QStringList SimulationJob::sourceArguments()
     const QRegularExpression header("\\.s?vh$");
     for (const QString &file : orderedByUse(files, VerilogSource)) {
         if (!included.contains(QFileInfo(file).fileName()) || !header.match(file).hasMatch())
-            arguments << m_names->file(file, suffixOf(file));
+            sources.files << m_names->file(file, suffixOf(file));
     }
-    return arguments;
+}
+
+// The bench sets parameters that the netlist was made with and does not have any more.
+QByteArray SimulationJob::simulatedDesign() const
+{
+    QByteArray text = m_insertion->files().value("design.v");
+    if (!m_instance.parameters.isEmpty())
+        text.replace("\nmodule " + m_top.toUtf8() + '(',
+                     "\nmodule " + m_top.toUtf8() + " #(parameter " +
+                         m_instance.parameters.join(", parameter ").toUtf8() + ") (");
+    return "`timescale 1ns / 1ps\n" + text;
 }
 
 void SimulationJob::compile()
 {
+    const bool isByNetlist = m_insertion != nullptr;
     HarnessPlace place;
+    place.simulator = m_options.simulator;
+    place.benchTop = m_benchTop;
     place.instance = m_instance.path;
     place.folder = m_scratch->path();
     place.records = m_options.records;
-    QStringList arguments{"-g2012", "-o",         m_scratch->file("simulation.vvp"), "-s", m_benchTop,
-                          "-s",     "jex_harness"};
-    const bool isByNetlist = m_insertion != nullptr;
+    SimulatedSources sources;
+    sources.benchTop = m_benchTop;
+    sources.folder = m_scratch->path();
+    sources.workingDir = m_scratch->file("run");
+    sources.includeFolders = includeFolders();
     if (isByNetlist) {
         place.prefix = m_insertion->prefix();
-        arguments << m_scratch->file("design.v");
+        sources.files << m_scratch->file("design.v");
     } else {
-        arguments << sourceArguments() << m_scratch->file("cores.v");
+        addSources(sources);
+        sources.files << m_scratch->file("cores.v");
     }
-    for (const QString &bench : m_options.bench) {
-        if (isByNetlist)
-            arguments << "-I" << m_names->folder(QFileInfo(bench).absolutePath());
-        arguments << m_names->file(bench, suffixOf(bench));
-    }
-    arguments << m_scratch->file("harness.v");
-    const QByteArray scale = "`timescale 1ns / 1ps\n";
+    for (const QString &bench : m_options.bench)
+        sources.files << m_names->file(bench, suffixOf(bench));
+    sources.files << m_scratch->file("harness.sv");
     const bool isWritten = QDir().mkpath(m_scratch->file("run")) &&
-                           put("harness.v", harnessText(analyzer(), place, m_windows)) &&
-                           (isByNetlist ? put("design.v", scale + m_insertion->files().value("design.v"))
-                                        : put("cores.v", scale + m_analyzer->coresText()));
+                           put("harness.sv", harnessText(analyzer(), place, m_windows)) &&
+                           (isByNetlist ? put("design.v", simulatedDesign())
+                                        : put("cores.v", "`timescale 1ns / 1ps\n" + m_analyzer->coresText()));
     if (!isWritten)
         return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
     linkProject();
-    m_runner->tellStage("Compiling the test bench");
-    m_runner->run(call("iverilog", "JEX_IVERILOG", arguments), [this](const ToolResult &result) {
+    m_steps = simulationSteps(m_options.simulator, sources);
+    runNext();
+}
+
+void SimulationJob::runNext()
+{
+    const SimulationStep step = m_steps.takeFirst();
+    m_runner->tellStage(step.stage);
+    m_runner->run(step.call, [this, step](const ToolResult &result) {
+        if (m_steps.isEmpty())
+            return judge(result);
         if (result.isGood())
-            return simulate();
-        fail(Failed,
-             result.outcome == ToolResult::Finished
-                 ? QStringList("Icarus Verilog does not take the test bench.") + lastLines(result.errors)
-                 : QStringList(result.message));
+            return runNext();
+        fail(Failed, result.outcome == ToolResult::Finished
+                         ? QStringList(step.refusal) + lastLines(result.errors)
+                         : QStringList(result.message));
     });
 }
 
@@ -314,16 +327,11 @@ void SimulationJob::linkProject() const
         QFile::link(project.filePath(entry), m_scratch->file("run/" + entry));
 }
 
-void SimulationJob::simulate()
-{
-    m_runner->tellStage("Simulating");
-    m_runner->run(call("vvp", "JEX_VVP", {"-n", m_scratch->file("simulation.vvp")}),
-                  [this](const ToolResult &result) { judge(result); });
-}
-
 void SimulationJob::judge(const ToolResult &result)
 {
     m_words = result.output + result.errors;
+    if (result.outcome == ToolResult::Died && m_options.simulator == Simulator::Verilator)
+        return fail(Failed, {"The test bench failed: it said $stop or $fatal, or met a fault of its own."});
     if (!result.isGood())
         return fail(Failed, result.outcome == ToolResult::Finished
                                 ? QStringList("The test bench failed with code " +
@@ -331,8 +339,11 @@ void SimulationJob::judge(const ToolResult &result)
                                 : QStringList(result.message));
     if (!collect())
         return;
-    if (m_options.records && !take("raw.vcd", &m_record))
-        return;
+    if (m_options.records) {
+        if (!take("raw.txt", &m_record))
+            return;
+        m_record.prepend(recordHead(analyzer()));
+    }
     bool anyWindow = false, anySilent = false;
     for (const RTLJEX::CapturedCore &core : m_captured) {
         anyWindow = anyWindow || !core.windows.isEmpty();
@@ -364,7 +375,9 @@ bool SimulationJob::collect()
     for (const Analyzer::Core &core : analyzer().cores()) {
         const int number = core.core.number;
         const CoreEnd end = ends.value(number);
-        if (!isSecond && end.windows > 0 && end.windows < core.module.layout.windows)
+        // By Verilator all are read at the end.
+        if (!isSecond && m_options.simulator == Simulator::Icarus && end.windows > 0 &&
+            end.windows < core.module.layout.windows)
             m_windows.insert(number, end.windows);
     }
     if (!isSecond && !m_windows.isEmpty()) {

@@ -11,6 +11,7 @@
 #include "gateware/coretext.h"
 #include "gateware/windowtext.h"
 #include "insertion/benchinstance.h"
+#include "insertion/simulators.h"
 
 namespace QUARRY {
 class Elaborator;
@@ -26,8 +27,9 @@ class InsertionJob;
 
 struct SimulationOptions
 {
-    QStringList bench;      // files, absolute
-    QString instance;       // of the design in the bench; empty: the only one
+    QStringList bench; // files, absolute
+    QString instance;  // of the design in the bench; empty: the only one
+    Simulator simulator = Simulator::Icarus;
     bool byNetlist = false; // simulates the written netlist in place of the sources; always so with VHDL
     bool triggerByAny = false;
     bool records = false; // keeps the whole waveform of all taps
@@ -90,9 +92,10 @@ private:
     void prepare();
     bool needsNetlist() const;
     void compile();
-    QUARRY::ToolCall call(const char *name, const char *variable, const QStringList &arguments) const;
-    QStringList sourceArguments();
-    void simulate();
+    QStringList includeFolders();
+    void addSources(SimulatedSources &sources);
+    QByteArray simulatedDesign() const;
+    void runNext();
     void judge(const QUARRY::ToolResult &result);
     bool collect();
     void tellSilence(const Analyzer &analyzer, int core, quint32 seen);
@@ -116,7 +119,8 @@ private:
     QString m_top;      // of the design
     QString m_benchTop; // empty: not told yet
     BenchInstance m_instance;
-    QMap<int, int> m_windows; // of a core that is read before all of its windows are finished
+    QList<SimulationStep> m_steps; // that are to be done
+    QMap<int, int> m_windows;      // of a core that is read before all of its windows are finished
     QList<RTLJEX::CapturedCore> m_captured;
     QStringList m_messages;
     QByteArray m_words, m_waveform, m_record;

@@ -37,10 +37,10 @@ public:
             module = cell.type;
         }
         if (tap.cells.isEmpty())
-            return tap.wire;
+            return tap.signal();
         const RtlilModule &body = *m_design.module(module);
         m_design.insert(body.begin, wire(name, tap.width(), outputPort(module)));
-        m_design.insert(body.end, "  " + connection(name, tap.wire));
+        m_design.insert(body.end, "  " + connection(name, tap.signal()));
         return '\\' + name;
     }
 

@@ -67,7 +67,13 @@ public:
                 m_tap.cells.removeLast();
             }
         }
-        return findWire(*body, path.mid(from) << m_tap.shortName, from);
+        for (const WholeWire &whole : m_tap.wholes) {
+            if (findWire(*body, path.mid(from) << whole.name, from, whole.width)) {
+                m_tap.low = whole.low;
+                return m_tap.isPart = true;
+            }
+        }
+        return findWire(*body, path.mid(from) << m_tap.shortName, from, m_tap.width());
     }
 
     int deepest() const { return m_deepest; } // how much of the path was found
@@ -95,7 +101,7 @@ private:
         return found;
     }
 
-    bool findWire(const RtlilModule &body, const QStringList &words, int from)
+    bool findWire(const RtlilModule &body, const QStringList &words, int from, int width)
     {
         const QList<QByteArray> found = namesIn(body.widths, words, from);
         m_isMemory = m_isMemory || body.memories.contains(
@@ -105,7 +111,7 @@ private:
             return false;
         m_foundWidth = body.widths.value(found.first());
         m_tap.wire = found.first();
-        return m_foundWidth == m_tap.width();
+        return m_foundWidth == width;
     }
 
     RtlilDesign &m_design;
@@ -141,6 +147,12 @@ int Tap::width() const
     return isBus ? QUARRY::rangeWidth(left, right) : 1;
 }
 
+QByteArray Tap::signal() const
+{
+    return isPart ? wire + " [" + QByteArray::number(low + width() - 1) + ':' + QByteArray::number(low) + ']'
+                  : wire;
+}
+
 QString Tap::range() const
 {
     return isBus ? '[' + QString::number(left) + ':' + QString::number(right) + ']' : QString();
@@ -168,6 +180,8 @@ TapBit TapList::add(const QString &bit)
             tap.path.prepend(node->instanceName);
         }
         tap.module = net->module()->moduleName;
+        if (tap.isVhdl)
+            tap.wholes = wholeWires(declarations, declarations.entryNumber(net->slot()));
         tap.file = net->declaration().file;
         m_numbers.insert(full, m_taps.size());
         m_taps << tap;

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "insertion/vhdlelements.h"
+
 namespace QUARRY {
 class Hierachy;
 class RtlNetlist;
@@ -29,12 +31,16 @@ struct Tap
     QString module;                        // that declares it, as the user knows it
     QString file;                          // in which it does
     QList<const QUARRY::Hierachy *> nodes; // of the path
+    QList<WholeWire> wholes;               // of VHDL: wires that may hold it among others
 
     // Where Yosys has it, once resolved: cells from the top down, then a wire.
     QList<QByteArray> cells;
     QByteArray wire;
+    int low = 0; // its lowest bit there
+    bool isPart = false;
 
     int width() const;
+    QByteArray signal() const; // what of the wire it is, as the text has it: "\\list [7:4]"
     // The declared range as it stands behind a name, "[7:0]"; empty for a single net.
     QString range() const;
     // The place of a declared bit counted from the right end, as Verilog numbers count.
