@@ -118,6 +118,9 @@ void TriggerOptionWidget::updateExpressionCheck()
         QListWidgetItem *row = m_ui->listExpression->item(i);
         const bool usable = !isStatic() || isStaticExpression(row->text());
         row->setForeground(QColor(usable ? Qt::black : Qt::gray));
+        const QString state = usable ? QString() : tr("Not part of Static mode, which has M0 to M9");
+        row->setToolTip(state);
+        row->setData(Qt::AccessibleTextRole, usable ? QVariant() : row->text() + QLatin1String(", ") + state);
     }
 }
 

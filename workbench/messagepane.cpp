@@ -18,6 +18,7 @@ struct Link : QTextBlockUserData
 MessagePane::MessagePane(QWidget *parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
+    setAccessibleName("Messages");
     setMaximumBlockCount(5000);
     setPlaceholderText("No messages.");
 }

@@ -26,6 +26,7 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
         auto *item = new QListWidgetItem(factory->displayName() + "\n" + factory->description(), m_list);
         item->setIcon(QIcon(":/netlist/image/magnifier.png"));
     }
+    m_list->setAccessibleName("Kind of file");
     m_list->setCurrentRow(0);
     auto *folderRow = new QHBoxLayout;
     auto *label = new QLabel("&Folder:");

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -72,6 +73,8 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
         "Parameters or generics of the top module, NAME=VALUE"};
     for (int tab = 0; tab < lists->count(); ++tab)
         lists->setTabToolTip(tab, hints[tab]);
+    for (int tab = 0; tab < lists->count(); ++tab)
+        lists->widget(tab)->findChild<QListWidget *>()->setAccessibleName(lists->tabText(tab));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &OptionsDialog::reject);

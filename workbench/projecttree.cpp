@@ -69,6 +69,7 @@ QString topText(const QString &top)
 ProjectTree::ProjectTree(QWidget *parent) : QTreeWidget(parent)
 {
     setHeaderHidden(true);
+    setAccessibleName("Project");
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideMiddle);
