@@ -84,6 +84,8 @@ void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, 
     if (!usage.name.isEmpty())
         name->setText(usage.name);
     value->setText(usageText(usage.required, usage.available));
+    name->setToolTip(usageNote());
+    value->setToolTip(usageNote());
 }
 
 void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,

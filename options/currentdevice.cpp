@@ -1,5 +1,7 @@
 #include "options/currentdevice.h"
 
+#include <QCoreApplication>
+
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
 
@@ -20,6 +22,15 @@ const JEX_TOOL::Device *currentDevice()
 bool currentDeviceHasSsram()
 {
     return JEX_TOOL::amountOf(currentDevice(), JEX::SsramImplementation) != 0;
+}
+
+QString usageNote()
+{
+    return currentDevice()
+               ? QString()
+               : QCoreApplication::translate("RTLJEX::CurrentDevice",
+                                             "The project has no device that is known, so there is "
+                                             "nothing to measure the usage against.");
 }
 
 DeviceWatch::DeviceWatch(QUtil::IEventHandler *page) : m_page(page)

@@ -304,6 +304,7 @@ void TriggerOptionWidget::updateBsramNumber()
     m_ui->UsageValue->setText(triggerUsageText(implementation,
                                                JEX_TOOL::amountOf(currentDevice(), implementation),
                                                validExpressions().size(), checkedUnits()));
+    m_ui->UsageValue->setToolTip(usageNote());
 }
 
 int TriggerOptionWidget::checkedUnits() const

@@ -12,6 +12,7 @@
 #include "elaboration/elaboration.h"
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
+#include "host/filewizard.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
@@ -177,8 +178,10 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
             window.workspace()->openFile(file.path);
     }
     show(visit, &window, "workbench");
+    Core::FileWizardRegistry::createFactories();
     Workbench::NewFileDialog newFile(window.workspace()->project()->workingDir(), &window);
     show(visit, &newFile, "new-file");
+    Core::FileWizardRegistry::clear();
     Workbench::OptionsDialog options(window.workspace()->project(), &window);
     show(visit, &options, "options");
     Workbench::DeviceDialog device(window.workspace()->project()->data().device, &window);

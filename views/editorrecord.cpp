@@ -131,6 +131,21 @@ bool EditorRecord::saveFile()
     return true;
 }
 
+bool EditorRecord::saveFileAs(const QString &path)
+{
+    const QString before = fileName;
+    const QPointer<QObject> alive(this);
+    fileName = path;
+    const bool saved = saveFile();
+    if (!alive)
+        return false;
+    if (saved)
+        fileWatcher->stop(before);
+    else
+        fileName = before;
+    return saved;
+}
+
 bool EditorRecord::writeCores(QString *error)
 {
     return configuration.write(fileName, error);

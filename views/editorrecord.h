@@ -43,6 +43,7 @@ public:
     bool reloadFile();     // drops all edits, keeps the netlist; nothing changes when it fails
     void finishRenaming(); // of a row; may be the first edit
     bool saveFile();       // collects from the pages, checks, writes; tells the user about every failure
+    bool saveFileAs(const QString &path); // which is the editor's file then; as before when it fails
     void closing(QCloseEvent *event);
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.

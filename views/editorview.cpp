@@ -1,6 +1,9 @@
 #include "views/editorview.h"
 
+#include <QTabWidget>
+
 #include "views/designreading.h"
+#include "views/editorplace.h"
 #include "views/editorrecord.h"
 #include "views/saving.h"
 #include "views/staleplaces.h"
@@ -74,6 +77,25 @@ Core::EditedFile EditorView::editedFile() const
 bool EditorView::reloadFile()
 {
     return m_record->reloadFile();
+}
+
+bool EditorView::saveFileAs(const QString &path)
+{
+    return !refusesSynthesisTool(this) && m_record->saveFileAs(path);
+}
+
+QString EditorView::shownPlace() const
+{
+    return shownPlaceOf(this);
+}
+
+void EditorView::showPlace(const QString &place)
+{
+    int core = 0, tab = 0;
+    QTabWidget *page =
+        readPlace(place, &core, &tab) ? qobject_cast<QTabWidget *>(m_record->showPage(core)) : nullptr;
+    if (page && tab < page->count())
+        page->setCurrentIndex(tab);
 }
 
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()

@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include "host/eventmanager.h"
+#include "host/ifileeditor.h"
 #include "plugin/jexinserterview.h"
 
 class QCloseEvent;
@@ -21,7 +22,7 @@ class EditorRecord;
 // The operations that editors of both modes have. Watches file and design, and asks in banners before it
 // reads either again. Opens only with a design that can be parsed. The slots are each editor's own, since
 // hosts, forms and banners know them by name.
-class EditorView : public JexInserterView, public QUtil::IEventHandler
+class EditorView : public JexInserterView, public QUtil::IEventHandler, public Core::IFileEditor
 {
 public:
     QString file() const override;
@@ -33,6 +34,9 @@ public:
     void showFinding(const Core::Finding &finding) override;
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
+    bool saveFileAs(const QString &path) override;
+    QString shownPlace() const override; // core and tab
+    void showPlace(const QString &place) override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     bool getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,

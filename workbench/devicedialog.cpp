@@ -10,6 +10,7 @@
 
 #include "commandline/devicename.h"
 #include "model/jex/devicetable.h"
+#include "workbench/windowmemory.h"
 
 namespace Workbench {
 namespace {
@@ -68,6 +69,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &DeviceDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &DeviceDialog::reject);
     fill();
+    WindowMemory::keep(this, "device");
 }
 
 void DeviceDialog::fill()

@@ -20,6 +20,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "elaboration/tools/toollimits.h"
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
@@ -28,13 +30,17 @@
 #include "host/modal.h"
 #include "host/viewmanager.h"
 #include "workbench/devicedialog.h"
+#include "workbench/filedrop.h"
+#include "workbench/filemenu.h"
 #include "workbench/messagepane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
-#include "workbench/recentprojects.h"
+#include "workbench/recentlist.h"
 #include "workbench/runmenu.h"
+#include "workbench/session.h"
+#include "workbench/windowmemory.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -50,9 +56,29 @@ const char *const aboutText =
     "choose the "
     "nets to record, say how much is recorded, and save it for the implementation flow.";
 
-const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open).";
+const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open),\n"
+                              "or drop one here. Project > New Project starts with nothing.";
+const char *const sourcesHint = "The project has no sources of a design yet:\n"
+                                "Project > Add Files takes them, or drop them here.";
 const char *const projectHint = "Double-click a configuration in the project tree to edit it.\n"
                                 "File > New makes one, Project > Add Files adds sources of the design.";
+
+QString hintFor(const Core::Project *project)
+{
+    if (!project)
+        return emptyHint;
+    const QList<Core::SourceFile> files = project->data().files;
+    const bool hasDesign = std::any_of(files.begin(), files.end(), [](const Core::SourceFile &file) {
+        return TE::isDesignFileType(file.type);
+    });
+    return hasDesign ? projectHint : sourcesHint;
+}
+
+QString deviceText(const DEV::DeviceArg &device)
+{
+    return device.partNumber.isEmpty() ? "Device: none, so usages are measured against 0"
+                                       : "Device: " + device.partNumber;
+}
 
 QLabel *newHint()
 {
@@ -104,6 +130,10 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_workspace, &Workspace::findingTold, this, &MainWindow::addFinding);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
+    connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
+    new Session(m_settings, m_workspace);
+    new FileDrop(this, m_workspace);
+    WindowMemory::use(m_settings);
     resize(1280, 800);
     updateProject();
     restoreLayout();
@@ -112,6 +142,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
 // The views report their end to this window, so they go first.
 MainWindow::~MainWindow()
 {
+    WindowMemory::use(nullptr);
     delete m_workspace;
 }
 
@@ -154,10 +185,15 @@ void MainWindow::createFileMenu()
     QAction *save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
     save->setShortcut(QKeySequence::Save);
     menu->addAction(save);
-    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    auto *files = new FileMenu(menu, m_workspace, m_settings);
+    files->addSaving();
     menu->addSeparator();
-    m_recentMenu = menu->addMenu("&Recent Projects");
-    connect(m_recentMenu, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    files->addReloading();
+    menu->addSeparator();
+    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    files->addClosing();
+    menu->addSeparator();
+    files->addRecent();
     menu->addSeparator();
     QAction *quit = menu->addAction("&Quit");
     quit->setShortcut(QKeySequence::Quit);
@@ -203,7 +239,7 @@ void MainWindow::createDocks()
         QWidget *widget;
         Qt::DockWidgetArea area;
         int size;
-    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 250},
+    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 280},
                        {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 110}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
@@ -329,13 +365,13 @@ void MainWindow::onOpenProject()
 void MainWindow::onSaveProject()
 {
     if (m_workspace->saveProject())
-        addRecentProject(m_settings, m_workspace->project()->filePath());
+        recentProjects(m_settings).add(m_workspace->project()->filePath());
 }
 
 void MainWindow::onSaveProjectAs()
 {
     if (m_workspace->saveProjectAs())
-        addRecentProject(m_settings, m_workspace->project()->filePath());
+        recentProjects(m_settings).add(m_workspace->project()->filePath());
 }
 
 void MainWindow::onCloseProject()
@@ -425,7 +461,7 @@ void MainWindow::onProjectReplaced()
                          : project->filePath().isEmpty() ? project->foreignPath()
                                                          : project->filePath();
     if (!path.isEmpty())
-        addRecentProject(m_settings, path);
+        recentProjects(m_settings).add(path);
     updateProject();
 }
 
@@ -441,8 +477,7 @@ void MainWindow::updateProject()
     const QString top = project ? project->data().topModule : QString();
     const DEV::DeviceArg device = project ? project->data().device : DEV::DeviceArg();
     m_topLabel->setText(project ? "Top: " + (top.isEmpty() ? "from the sources" : top) : QString());
-    m_deviceLabel->setText(project ? "Device: " + (device.partNumber.isEmpty() ? "none" : device.partNumber)
-                                   : "");
+    m_deviceLabel->setText(project ? deviceText(device) : QString());
     updateState();
 }
 
@@ -450,27 +485,12 @@ void MainWindow::updateState()
 {
     const bool viewOpen = Core::ViewManager::instance()->currentView() != nullptr;
     m_center->setCurrentIndex(viewOpen ? 1 : 0);
-    m_hint->setText(m_workspace->project() ? projectHint : emptyHint);
+    m_hint->setText(hintFor(m_workspace->project()));
     m_closeAction->setEnabled(viewOpen);
     for (QAction *action : qAsConst(m_projectActions))
         action->setEnabled(m_workspace->project() != nullptr);
     m_removeAction->setEnabled(!m_tree->selectedFiles().isEmpty());
     m_runMenu->setEnabled(m_workspace->project() != nullptr);
-}
-
-void MainWindow::fillRecentMenu()
-{
-    m_recentMenu->clear();
-    for (const QString &path : recentProjects(m_settings)) {
-        QString text = QDir::toNativeSeparators(path);
-        QAction *action = m_recentMenu->addAction(text.replace('&', "&&"));
-        connect(action, &QAction::triggered, this, [this, path] {
-            if (!m_workspace->openProject(path) && !QFileInfo::exists(path))
-                removeRecentProject(m_settings, path);
-        });
-    }
-    if (m_recentMenu->isEmpty())
-        m_recentMenu->addAction("(none)")->setEnabled(false);
 }
 
 } // namespace Workbench

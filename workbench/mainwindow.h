@@ -71,7 +71,6 @@ private:
     void updateProject();
     void onProjectReplaced();
     void updateState();
-    void fillRecentMenu();
     QStringList projectFiles() const;
     QString startFolder() const;
 
@@ -85,7 +84,6 @@ private:
     QLabel *m_topLabel;
     QLabel *m_deviceLabel;
     RunMenu *m_runMenu = nullptr; // the menu's
-    QMenu *m_recentMenu = nullptr;
     QAction *m_closeAction = nullptr;
     QAction *m_removeAction = nullptr;
     QList<QAction *> m_projectActions; // enabled while a project is open

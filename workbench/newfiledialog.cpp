@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "host/filewizard.h"
+#include "workbench/windowmemory.h"
 
 namespace Workbench {
 
@@ -48,6 +49,7 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &NewFileDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &NewFileDialog::reject);
     updateState();
+    WindowMemory::keep(this, "newFile");
 }
 
 Core::IFileWizardFactory *NewFileDialog::factory() const

@@ -10,6 +10,7 @@
 
 #include "host/project.h"
 #include "workbench/stringlistedit.h"
+#include "workbench/windowmemory.h"
 
 namespace Workbench {
 namespace {
@@ -82,6 +83,7 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     layout->addLayout(form);
     layout->addWidget(lists);
     layout->addWidget(buttons);
+    WindowMemory::keep(this, "options");
 }
 
 StringListEdit *OptionsDialog::addList(const QString &objectName, const QStringList &values)
