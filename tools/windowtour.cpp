@@ -28,6 +28,8 @@
 #include "views/messagedlg.h"
 #include "views/reloadbanner.h"
 #include "workbench/devicedialog.h"
+#include "workbench/guidewindow.h"
+#include "workbench/icons.h"
 #include "workbench/mainwindow.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
@@ -169,6 +171,7 @@ void visitEditors(const Visitor &visit, const Core::Project &project)
 // Without a project, and with this one and its configurations.
 void visitWorkbench(const Visitor &visit, const QString &projectFile)
 {
+    Workbench::chooseIcons();
     Workbench::MainWindow window(nullptr);
     show(visit, &window, "workbench-empty");
     if (!window.workspace()->openProject(projectFile))
@@ -186,6 +189,10 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
     show(visit, &options, "options");
     Workbench::DeviceDialog device(window.workspace()->project()->data().device, &window);
     show(visit, &device, "device");
+    Workbench::GuideWindow guide(&window);
+    guide.setAttribute(Qt::WA_DeleteOnClose, false);
+    guide.showTopic("capture");
+    show(visit, &guide, "guide");
 }
 
 } // namespace

@@ -18,6 +18,7 @@
 #include "host/pluginmanager.h"
 #include "workbench/boxrecorder.h"
 #include "workbench/commandline.h"
+#include "workbench/icons.h"
 #include "workbench/mainwindow.h"
 #include "workbench/report.h"
 #include "workbench/workspace.h"
@@ -157,6 +158,7 @@ int run(const StartOptions &options)
     ExtSys::PluginManager plugins;
     int result = 0;
     {
+        chooseIcons();
         MainWindow window(unattended ? nullptr : &settings);
         Start start(options, window);
         const bool good = start.loadPlugins(plugins);

@@ -19,6 +19,7 @@
 #include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWhatsThis>
 
 #include <algorithm>
 
@@ -32,6 +33,8 @@
 #include "workbench/devicedialog.h"
 #include "workbench/filedrop.h"
 #include "workbench/filemenu.h"
+#include "workbench/guidewindow.h"
+#include "workbench/icons.h"
 #include "workbench/messagepane.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
@@ -227,7 +230,14 @@ void MainWindow::createOtherMenus()
     QMenu *view = menuBar()->addMenu("&View");
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         view->addAction(dock->toggleViewAction());
-    addAction(menuBar()->addMenu("&Help"), "&About", QKeySequence(), &MainWindow::onAbout);
+    QMenu *help = menuBar()->addMenu("&Help");
+    QAction *guide = addAction(help, "&Guide", QKeySequence(), &MainWindow::onGuide);
+    guide->setText("&Guide\tF1"); // which the guide hears itself, in every window
+    help->addAction(QWhatsThis::createAction(this));
+    help->addSeparator();
+    addAction(help, "&About", QKeySequence(), &MainWindow::onAbout);
+    new GuideKey(this);
+    setIcons(this, menuBar());
 }
 
 void MainWindow::createDocks()
@@ -437,6 +447,11 @@ void MainWindow::onToolMemory()
     QUARRY::setToolMemoryLimit(qint64(chosen) << 20);
     if (m_settings)
         m_settings->setValue(toolMemoryKey, chosen);
+}
+
+void MainWindow::onGuide()
+{
+    GuideKey::openFor(focusWidget() ? focusWidget() : this);
 }
 
 void MainWindow::onAbout()

@@ -62,6 +62,7 @@ private:
     void onOptions();
     void onDevice();
     void onToolMemory();
+    void onGuide();
     void onAbout();
 
     void openFromTree(const QString &path);
