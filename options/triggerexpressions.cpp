@@ -65,6 +65,8 @@ void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
     QUtil::Modal<QMenu> menu(new QMenu(this));
     const QAction *add = menu->addAction(tr("Add"));
     QAction *remove = menu->addAction(tr("Remove"));
+    remove->setShortcut(QKeySequence::Delete); // for the eye: the list hears it itself
+    remove->setShortcutContext(Qt::WidgetShortcut);
     remove->setEnabled(!list->selectedItems().isEmpty());
     const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
     if (!alive)

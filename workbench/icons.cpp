@@ -37,6 +37,8 @@ const struct
     {"Find Previous", "go-up-search"},
     {"Guide", "help-contents"},
     {"Insert into Design", "run-build"},
+    {"Move Rows Down", "go-down"},
+    {"Move Rows Up", "go-up"},
     {"New", "document-new"},
     {"New Project", "project-development-new-template"},
     {"Open", "document-open"},

@@ -41,6 +41,8 @@
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentlist.h"
+#include "workbench/rowfinder.h"
+#include "workbench/rowmenu.h"
 #include "workbench/runmenu.h"
 #include "workbench/session.h"
 #include "workbench/windowmemory.h"
@@ -114,6 +116,8 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_banner);
     layout->addWidget(m_center);
+    auto *finder = new RowFinder;
+    layout->addWidget(finder);
     setCentralWidget(center);
     views->setDialogParent(this);
     for (QLabel *label : {m_topLabel, m_deviceLabel}) {
@@ -123,6 +127,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     }
     createDocks();
     createFileMenu();
+    new RowMenu(menuBar()->addMenu("&Edit"), finder);
     createProjectMenu();
     createOtherMenus();
     connectTree();

@@ -238,7 +238,7 @@ QMenu *ProjectTree::createFileMenu()
         return nullptr;
     const QTreeWidgetItem *first = selectedItems().first();
     auto *menu = new QMenu(this);
-    menu->addAction("&Open", this, [this, paths] {
+    QAction *open = menu->addAction("&Open", this, [this, paths] {
         for (const QString &path : paths)
             Q_EMIT fileActivated(path);
     });
@@ -267,7 +267,13 @@ QMenu *ProjectTree::createFileMenu()
         Q_EMIT libraryRequested(paths, name);
     });
     menu->addSeparator();
-    menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
+    QAction *remove =
+        menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
+    // For the eye: the tree hears the keys itself.
+    remove->setShortcut(QKeySequence::Delete);
+    open->setShortcut(Qt::Key_Return);
+    for (QAction *action : {open, remove})
+        action->setShortcutContext(Qt::WidgetShortcut);
     return menu;
 }
 
