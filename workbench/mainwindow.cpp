@@ -45,6 +45,7 @@
 #include "workbench/rowmenu.h"
 #include "workbench/runmenu.h"
 #include "workbench/session.h"
+#include "workbench/taborder.h"
 #include "workbench/windowmemory.h"
 #include "workbench/workspace.h"
 
@@ -139,6 +140,8 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
+    // A new view would come after everything else.
+    connect(views, &Core::ViewManager::viewActiveted, this, [this] { putTabOrder(m_center, m_messages); });
     new Session(m_settings, m_workspace);
     new FileDrop(this, m_workspace);
     WindowMemory::use(m_settings);

@@ -1,16 +1,14 @@
 #include <QDialog>
+#include <QDir>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <QtTest>
 
 #include "model/jex/core.h"
 #include "options/captureoptionwidget.h"
 #include "options/litecaptureoptionwidget.h"
-#include "tests/support/files.h"
-#include "tools/windowtour.h"
 #include "workbench/guidewindow.h"
 #include "workbench/helptopics.h"
 #include "workbench/mainwindow.h"
@@ -123,20 +121,6 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(silent, QStringList());
-    }
-
-    void everyWindowHasATopic()
-    {
-        const Folder folder;
-        QStringList lost;
-        QString error;
-        const auto look = [&lost](QWidget *window, const QString &name) {
-            const bool isPart = name.startsWith("editor-") || name.startsWith("banner-") || name == "guide";
-            if (!isPart && helpTopic(window) == "index")
-                lost << name;
-        };
-        QVERIFY2(tourWindows(SOC "/soc.jexprj", folder.path(), look, &error), qPrintable(error));
-        QCOMPARE(lost, QStringList());
     }
 };
 
