@@ -18,9 +18,12 @@
 #include "host/pluginmanager.h"
 #include "workbench/boxrecorder.h"
 #include "workbench/commandline.h"
+#include "workbench/crashnote.h"
 #include "workbench/icons.h"
+#include "workbench/logfile.h"
 #include "workbench/mainwindow.h"
 #include "workbench/report.h"
+#include "workbench/runmenu.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -97,6 +100,7 @@ private:
     {
         m_window.addMessage(message, true);
         QTextStream(stderr) << message << '\n';
+        LogFile::note(message);
         m_told << message;
         return false;
     }
@@ -160,6 +164,9 @@ int run(const StartOptions &options)
     {
         chooseIcons();
         MainWindow window(unattended ? nullptr : &settings);
+        const auto note = [](const QString &text) { LogFile::note(text); };
+        QObject::connect(window.workspace(), &Workspace::message, note);
+        QObject::connect(window.runMenu(), &RunMenu::message, note);
         Start start(options, window);
         const bool good = start.loadPlugins(plugins);
         window.show();
@@ -188,7 +195,10 @@ bool isVerbose = false;
 // nothing can keep it from being resized.
 void showMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if ((type != QtDebugMsg || isVerbose) && !text.contains("propagateSizeHints"))
+    if (text.contains("propagateSizeHints"))
+        return;
+    LogFile::note(text);
+    if (type != QtDebugMsg || isVerbose)
         defaultHandler(type, context, text);
 }
 
@@ -237,6 +247,22 @@ QStringList takePluginOption(int &argc, char *argv[])
     return taken;
 }
 
+// False, with a sentence, when there can be no log.
+bool startLog(const QString &path)
+{
+    QString reason;
+    tellOfCrashes();
+    if (path.isEmpty())
+        return true;
+    if (!LogFile::open(path, &reason)) {
+        QTextStream(stderr) << "jexworkbench: Can not log to " << path << ": " << reason << ".\n";
+        return false;
+    }
+    LogFile::note("Started jexworkbench " WORKBENCH_VERSION ": " +
+                  QCoreApplication::arguments().mid(1).join(' '));
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -261,5 +287,9 @@ int main(int argc, char *argv[])
         return 0;
     }
     isVerbose = options.verbose;
-    return run(options);
+    if (!startLog(options.log))
+        return 2;
+    const int result = run(options);
+    LogFile::note(QString("Ended with %1.").arg(result));
+    return result;
 }
