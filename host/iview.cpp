@@ -38,6 +38,11 @@ void IView::tellFindings()
     Q_EMIT findingsChanged();
 }
 
+void IView::tellStateChange(StateChange change)
+{
+    Q_EMIT stateChanged(change);
+}
+
 QString IView::shortTitle() const
 {
     return m_shortTitle;

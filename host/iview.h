@@ -24,6 +24,13 @@ struct EditedFile
     QUtil::FileMark mark; // what the file held when the view read or saved it last
 };
 
+// What became of the state of a view that can hand it over (isnapshot.h).
+enum StateChange {
+    StateEdited,  // the user changed it, or what it shows was read anew
+    StateStored,  // it was collected for a save, which may drop what a file does not hold
+    StateReloaded // the file was read: another one, in which no earlier state has a place
+};
+
 // A view that the host shows in a tab. The window title is the tab's tool tip, the short title its text.
 class IView : public QWidget
 {
@@ -39,6 +46,7 @@ public:
     virtual QList<Finding> findings() const;
     virtual void showFinding(const Finding &finding); // brings its place into view; does nothing here
     void tellFindings();
+    void tellStateChange(StateChange change);
 
     // None here. An edit that is under way is ended before, so that it counts.
     virtual EditedFile editedFile() const;
@@ -50,6 +58,7 @@ public:
 Q_SIGNALS:
     void shortTitleChanged(const QString &title);
     void findingsChanged();
+    void stateChanged(Core::StateChange change); // maybe; several times for one edit
 
 private:
     QString m_shortTitle;

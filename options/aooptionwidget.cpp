@@ -23,6 +23,18 @@ void AoOptionWidget::save()
     m_capture->save();
 }
 
+void AoOptionWidget::collect(JEX::AoCore *core, JEX::LeftOut *leftOut) const
+{
+    m_trigger->collect(core, leftOut);
+    m_capture->collect(core);
+}
+
+void AoOptionWidget::showCore(const JEX::AoCore &core, const JEX::LeftOut &leftOut)
+{
+    m_trigger->showCore(core, leftOut);
+    m_capture->showCore(core);
+}
+
 void AoOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
 {
     m_netlist = netlist;

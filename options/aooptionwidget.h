@@ -4,7 +4,8 @@
 
 namespace JEX {
 class AoCore;
-}
+struct LeftOut;
+} // namespace JEX
 namespace QUARRY {
 class RtlNetlist;
 }
@@ -24,6 +25,10 @@ public:
     AoOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent = nullptr);
 
     void save();
+    // Writes what the page shows into a core that has all of the page's own.
+    void collect(JEX::AoCore *core, JEX::LeftOut *leftOut) const;
+    // Shows that, without writing more into the page's core than its dialogs do.
+    void showCore(const JEX::AoCore &core, const JEX::LeftOut &leftOut);
     // Also rebuilds the capture rows against the new netlist.
     void setNlsdata(QUARRY::RtlNetlist *netlist);
 

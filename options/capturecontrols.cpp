@@ -77,6 +77,22 @@ void offerImplementations(QComboBox *box, qint64 captureBits)
         refillTexts(box, implementationNames(offered));
 }
 
+void chooseImplementation(QComboBox *box, qint64 captureBits, JEX::Implementation chosen)
+{
+    const bool hasSsram = currentDeviceHasSsram();
+    QList<JEX::Implementation> offered = offeredImplementations(hasSsram, captureBits);
+    const QList<JEX::Implementation> all = offeredImplementations(hasSsram, 0);
+    if (!offered.contains(chosen) && all.contains(chosen))
+        offered = all;
+    const QStringList names = implementationNames(offered);
+    QStringList shown;
+    for (int i = 0; i < box->count(); ++i)
+        shown << box->itemText(i);
+    if (shown != names)
+        refillTexts(box, names);
+    box->setCurrentIndex(qMax(0, offered.indexOf(chosen)));
+}
+
 void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, int signalCount, int depth,
                bool adjusted)
 {

@@ -40,6 +40,10 @@ void refillTexts(QComboBox *box, const QStringList &texts);
 // it is still offered.
 void offerImplementations(QComboBox *box, qint64 captureBits);
 
+// Offers the same, and chooses. What the device has is offered as long as it is chosen, also where it would
+// not be any more; otherwise the first one is chosen.
+void chooseImplementation(QComboBox *box, qint64 captureBits, JEX::Implementation chosen);
+
 // Shows what the capture takes of the current device: `name` says of what, `value` how much. No
 // implementation leaves the name as it is.
 void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, int signalCount, int depth,
@@ -53,7 +57,8 @@ void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const sig
 template <class Form, class Core>
 void showClock(const Form &form, const Core &core)
 {
-    form.editSampleClock->setText(core.sampleClock);
+    if (form.editSampleClock->text() != core.sampleClock) // the field keeps its cursor, and what it can undo
+        form.editSampleClock->setText(core.sampleClock);
     (core.sampleEdge == JEX::FallingEdge ? form.radioButtonFalling : form.radioButtonRising)
         ->setChecked(true);
 }

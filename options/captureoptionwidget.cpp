@@ -55,20 +55,35 @@ void CaptureOptionWidget::connectControls()
     connect(m_ui->treeWidgetCapSigs, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
 }
 
-// Each size fills the boxes of those that depend on it.
 void CaptureOptionWidget::loadCore()
 {
-    showClock(*m_ui, *m_core);
-    selectNumber(m_ui->comboStorageSize, m_core->storageSize);
-    selectNumber(m_ui->comboWindowNum, m_core->windowNumber);
-    selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
-    m_ui->spinBoxTrigPos->setValue(m_core->triggerPosition);
-    m_ui->chkBoxForceTrigFalling->setChecked(m_core->forceTriggerByFallingEdge);
-    m_ui->chkBoxCaptureInitial->setChecked(m_core->captureInitialData);
+    showBoxes(*m_core);
     selectText(m_ui->comboImpl, implementationText(m_core->captureImplementation));
     insertCaptureRows(m_ui->treeWidgetCapSigs, m_core->captureSignals, 0);
     updateImplType();
     updateBsramCount();
+}
+
+// Each size fills the boxes of those that depend on it.
+void CaptureOptionWidget::showBoxes(const JEX::AoCore &core)
+{
+    showClock(*m_ui, core);
+    selectNumber(m_ui->comboStorageSize, core.storageSize);
+    selectNumber(m_ui->comboWindowNum, core.windowNumber);
+    selectNumber(m_ui->comboCapAmount, core.captureAmount);
+    m_ui->spinBoxTrigPos->setValue(core.triggerPosition);
+    m_ui->chkBoxForceTrigFalling->setChecked(core.forceTriggerByFallingEdge);
+    m_ui->chkBoxCaptureInitial->setChecked(core.captureInitialData);
+}
+
+void CaptureOptionWidget::showCore(const JEX::AoCore &core)
+{
+    const bool blocked = blockSignals(true);
+    showCaptureRows(m_ui->treeWidgetCapSigs, core.captureSignals);
+    showBoxes(core);
+    chooseImplementation(m_ui->comboImpl, captureBits(), JEX::implementationOf(core.captureImplementation));
+    updateBsramCount();
+    blockSignals(blocked);
 }
 
 void CaptureOptionWidget::reportSizes()
@@ -82,15 +97,21 @@ void CaptureOptionWidget::reportSizes()
 
 void CaptureOptionWidget::save()
 {
-    storeClock(*m_ui, m_core);
-    m_core->storageSize = shownNumber(m_ui->comboStorageSize);
-    m_core->windowNumber = shownNumber(m_ui->comboWindowNum);
-    m_core->captureAmount = shownNumber(m_ui->comboCapAmount);
-    m_core->triggerPosition = m_ui->spinBoxTrigPos->value();
-    m_core->forceTriggerByFallingEdge = m_ui->chkBoxForceTrigFalling->isChecked();
-    m_core->captureInitialData = m_ui->chkBoxCaptureInitial->isChecked();
-    m_core->captureImplementation = implementationFromText(m_ui->comboImpl->currentText());
-    collectCaptureRows(m_ui->treeWidgetCapSigs, m_core->enabledCaptureSignals, m_core->captureSignals);
+    m_ui->treeWidgetCapSigs->finishEdit();
+    collect(m_core);
+}
+
+void CaptureOptionWidget::collect(JEX::AoCore *core) const
+{
+    storeClock(*m_ui, core);
+    core->storageSize = shownNumber(m_ui->comboStorageSize);
+    core->windowNumber = shownNumber(m_ui->comboWindowNum);
+    core->captureAmount = shownNumber(m_ui->comboCapAmount);
+    core->triggerPosition = m_ui->spinBoxTrigPos->value();
+    core->forceTriggerByFallingEdge = m_ui->chkBoxForceTrigFalling->isChecked();
+    core->captureInitialData = m_ui->chkBoxCaptureInitial->isChecked();
+    core->captureImplementation = implementationFromText(m_ui->comboImpl->currentText());
+    collectCaptureRows(m_ui->treeWidgetCapSigs, core->enabledCaptureSignals, core->captureSignals);
 }
 
 void CaptureOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
@@ -211,9 +232,13 @@ void CaptureOptionWidget::updateBsramCount()
 
 void CaptureOptionWidget::updateImplType()
 {
-    // One bit more than the signals have is stored for each sample.
-    offerImplementations(m_ui->comboImpl, (qint64(m_ui->treeWidgetCapSigs->signalCount()) + 1) *
-                                              shownNumber(m_ui->comboStorageSize));
+    offerImplementations(m_ui->comboImpl, captureBits());
+}
+
+// One bit more than the signals have is stored for each sample.
+qint64 CaptureOptionWidget::captureBits() const
+{
+    return (qint64(m_ui->treeWidgetCapSigs->signalCount()) + 1) * shownNumber(m_ui->comboStorageSize);
 }
 
 void CaptureOptionWidget::sortEnableSignal()

@@ -27,6 +27,9 @@ public:
     ~CaptureOptionWidget() override;
 
     void save();
+    void
+    collect(JEX::AoCore *core) const; // what the page shows; a row that is being renamed has its old name
+    void showCore(const JEX::AoCore &core); // reports nothing
     void setNlsdata(QUARRY::RtlNetlist *netlist);
     // Rebuilds the rows from the core's stored signals, so edits that were not saved are gone. The signals
     // of the trigger ports are classified, too.
@@ -52,6 +55,8 @@ private:
     void connectControls();
     void loadCore();
     void reportSizes();
+    void showBoxes(const JEX::AoCore &core);
+    qint64 captureBits() const;
     void showAddedRows();
     void updateBsramCount();
     void updateImplType();

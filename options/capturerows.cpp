@@ -1,15 +1,48 @@
 #include "options/capturerows.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QSet>
+#include <QTreeWidgetItem>
+
+#include <algorithm>
 
 #include "netselect/jexsignalselectdialog.h"
 #include "signals/checkrepeat.h"
+#include "signals/rowedit.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
 #include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
+
+namespace {
+
+const int captureRowType = 0;
+
+bool areAlike(const JEX::SignalItem &a, const JEX::SignalItem &b)
+{
+    return a.valid == b.valid;
+}
+
+// Of the same name. False for a row that is better made anew: what is not valid is made to look so.
+bool becomesRecord(QTreeWidgetItem *row, const JEX::SignalItem &item)
+{
+    const JEX::SignalItem old = recordOf(row);
+    if (old == item)
+        return true;
+    if (!areAlike(old, item) || old.members.size() != item.members.size() ||
+        !std::equal(old.members.begin(), old.members.end(), item.members.begin(), areAlike))
+        return false;
+    setRecord(row, item);
+    showName(row, item);
+    for (int i = 0; i < row->childCount(); ++i)
+        showName(row->child(i), item.members.at(i));
+    row->setFlags(QTreeWidgetItem().flags());
+    return true;
+}
+
+} // namespace
 
 bool addSearchedRows(QTreeWidget *tree, QUARRY::RtlNetlist *netlist, QWidget *page)
 {
@@ -54,9 +87,34 @@ void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QL
     insertCaptureRows(tree, stored, 0);
 }
 
-void collectCaptureRows(signalTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all)
+void showCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &records)
 {
-    tree->finishEdit();
+    if (topLevelRecords(tree) == records)
+        return;
+    RowEdit edit(tree);
+    QHash<QString, QList<QTreeWidgetItem *>> known;
+    for (QTreeWidgetItem *row : edit.rows)
+        known[recordOf(row).name].append(row);
+    QList<QTreeWidgetItem *> rows;
+    for (const JEX::SignalItem &item : records) {
+        QList<QTreeWidgetItem *> &sameName = known[item.name];
+        QTreeWidgetItem *row = sameName.isEmpty() ? nullptr : sameName.first();
+        if (row && becomesRecord(row, item))
+            sameName.removeFirst();
+        else
+            row = makeSignalRow(item, captureRowType);
+        updateCapEnable(row);
+        rows.append(row);
+    }
+    QList<QTreeWidgetItem *> leaving;
+    for (const QList<QTreeWidgetItem *> &left : known)
+        leaving += left;
+    edit.remove(leaving);
+    edit.rows = rows;
+}
+
+void collectCaptureRows(const QTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all)
+{
     enabled.clear();
     all.clear();
     for (int i = 0; i < tree->topLevelItemCount(); ++i) {

@@ -12,8 +12,6 @@ class RtlNetlist;
 
 namespace RTLJEX {
 
-class signalTreeWidget;
-
 // The capture rows of a page's signal tree. Nothing here tells anyone about a change; the page does.
 
 // Lets the user search the design for signals, and adds them. False when there is nothing to do any more:
@@ -30,8 +28,12 @@ QList<JEX::SignalItem> uniqueByName(const QList<JEX::SignalItem> &items);
 // Makes all rows anew from `stored`, which is classified against the netlist (may be null) first.
 void rebuildCaptureRows(QTreeWidget *tree, const QUARRY::RtlNetlist *netlist, QList<JEX::SignalItem> &stored);
 
-// The records of the rows, in row order: all of them, and those that are enabled. A row that is being renamed
-// has its new name.
-void collectCaptureRows(signalTreeWidget *tree, QList<JEX::SignalItem> &enabled, QList<JEX::SignalItem> &all);
+// Shows these records, as they are. Rows of a signal that is among them stay, expanded and selected as they
+// were.
+void showCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &records);
+
+// The records of the rows, in row order: all of them, and those that are enabled.
+void collectCaptureRows(const QTreeWidget *tree, QList<JEX::SignalItem> &enabled,
+                        QList<JEX::SignalItem> &all);
 
 } // namespace RTLJEX

@@ -16,6 +16,16 @@ void LiteAoOptionWidget::save()
     m_capture->save();
 }
 
+void LiteAoOptionWidget::collect(JEX::AOCore_Lite *core, JEX::LeftOut *) const
+{
+    m_capture->collect(core);
+}
+
+void LiteAoOptionWidget::showCore(const JEX::AOCore_Lite &core, const JEX::LeftOut &)
+{
+    m_capture->showCore(core);
+}
+
 void LiteAoOptionWidget::setNlsData(QUARRY::RtlNetlist *netlist)
 {
     m_capture->setNlsdata(netlist);

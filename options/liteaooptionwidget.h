@@ -4,7 +4,8 @@
 
 namespace JEX {
 struct AOCore_Lite;
-}
+struct LeftOut;
+} // namespace JEX
 namespace QUARRY {
 class RtlNetlist;
 }
@@ -22,6 +23,9 @@ public:
     LiteAoOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist, QWidget *parent = nullptr);
 
     void save();
+    // Writes what the page shows into a core that has all of the page's own.
+    void collect(JEX::AOCore_Lite *core, JEX::LeftOut *leftOut) const;
+    void showCore(const JEX::AOCore_Lite &core, const JEX::LeftOut &leftOut);
     // Also rebuilds the rows against the new netlist.
     void setNlsData(QUARRY::RtlNetlist *netlist);
 

@@ -61,14 +61,34 @@ void LiteCaptureOptionWidget::loadCore()
     updateBsramCount();
 }
 
+// The box of the input register comes last: others set it, too.
+void LiteCaptureOptionWidget::showCore(const JEX::AOCore_Lite &core)
+{
+    const bool blocked = blockSignals(true);
+    showCaptureRows(m_ui->treeWidgetSignal, core.captureSignals);
+    showClock(*m_ui, core);
+    selectNumber(m_ui->comboCapAmount, core.captureAmount);
+    m_ui->capIniDataCheckBox->setChecked(core.captureInitialData);
+    chooseImplementation(m_ui->implementation, captureBits(), JEX::implementationOf(core.implementation));
+    m_ui->enableInputRegCheckBox->setChecked(core.enableCaptureDataInputRegister);
+    updateBsramCount();
+    blockSignals(blocked);
+}
+
 void LiteCaptureOptionWidget::save()
 {
-    storeClock(*m_ui, m_core);
-    m_core->implementation = liteImplementationFromText(m_ui->implementation->currentText());
-    m_core->captureAmount = captureAmount();
-    m_core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
-    m_core->captureInitialData = m_ui->capIniDataCheckBox->isChecked();
-    collectCaptureRows(m_ui->treeWidgetSignal, m_core->enabledCaptureSignals, m_core->captureSignals);
+    m_ui->treeWidgetSignal->finishEdit();
+    collect(m_core);
+}
+
+void LiteCaptureOptionWidget::collect(JEX::AOCore_Lite *core) const
+{
+    storeClock(*m_ui, core);
+    core->implementation = liteImplementationFromText(m_ui->implementation->currentText());
+    core->captureAmount = captureAmount();
+    core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
+    core->captureInitialData = m_ui->capIniDataCheckBox->isChecked();
+    collectCaptureRows(m_ui->treeWidgetSignal, core->enabledCaptureSignals, core->captureSignals);
 }
 
 void LiteCaptureOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
@@ -150,8 +170,12 @@ void LiteCaptureOptionWidget::updateBsramCount()
 
 void LiteCaptureOptionWidget::updateImplType()
 {
-    offerImplementations(m_ui->implementation,
-                         qint64(m_ui->treeWidgetSignal->signalCount()) * captureAmount());
+    offerImplementations(m_ui->implementation, captureBits());
+}
+
+qint64 LiteCaptureOptionWidget::captureBits() const
+{
+    return qint64(m_ui->treeWidgetSignal->signalCount()) * captureAmount();
 }
 
 // Initial data can be captured only through the input register of a block memory, so the user has no say

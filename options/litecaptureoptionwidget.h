@@ -27,6 +27,9 @@ public:
     ~LiteCaptureOptionWidget() override;
 
     void save();
+    void collect(
+        JEX::AOCore_Lite *core) const; // what the page shows; a row that is being renamed has its old name
+    void showCore(const JEX::AOCore_Lite &core); // reports nothing
     void setNlsdata(QUARRY::RtlNetlist *netlist);
     // Rebuilds the rows from the core's stored signals, so edits that were not saved are gone.
     void updateTree();
@@ -53,6 +56,7 @@ private:
     void updateInputRegCheck();
     void sortEnableSignal();
     int captureAmount() const;
+    qint64 captureBits() const;
 
     std::unique_ptr<Ui_LiteCaptureOptionWidget> m_ui;
     JEX::AOCore_Lite *m_core;

@@ -136,4 +136,41 @@ QStringList TriggerOptionWidget::validExpressions() const
     return texts;
 }
 
+QMap<int, QString> TriggerOptionWidget::greyExpressions() const
+{
+    QMap<int, QString> texts;
+    for (int i = 0; i < m_ui->listExpression->count(); ++i) {
+        if (!isValid(m_ui->listExpression->item(i)))
+            texts.insert(i, m_ui->listExpression->item(i)->text());
+    }
+    return texts;
+}
+
+// Rows that are right already stay, selected as they were.
+void TriggerOptionWidget::showExpressions(const QStringList &valid, const QMap<int, QString> &grey)
+{
+    QListWidget *list = m_ui->listExpression;
+    const int count = valid.size() + grey.size();
+    QStringList texts = valid;
+    for (QMap<int, QString>::const_iterator it = grey.constBegin(); it != grey.constEnd(); ++it)
+        texts.insert(it.key(), it.value());
+    const auto isRight = [&](int row, int wanted) {
+        return list->item(row)->text() == texts.at(wanted) &&
+               isValid(list->item(row)) != grey.contains(wanted);
+    };
+    int first = 0;
+    while (first < qMin(list->count(), count) && isRight(first, first))
+        ++first;
+    int after = 0; // rows at the end that stay
+    while (after < qMin(list->count(), count) - first &&
+           isRight(list->count() - 1 - after, count - 1 - after))
+        ++after;
+    while (list->count() > first + after)
+        delete list->takeItem(first);
+    for (int row = first; row < count - after; ++row) {
+        list->insertItem(row, texts.at(row));
+        list->item(row)->setForeground(QColor(grey.contains(row) ? Qt::gray : Qt::black));
+    }
+}
+
 } // namespace RTLJEX

@@ -6,6 +6,7 @@
 #include "host/modal.h"
 #include "host/rowdelegate.h"
 #include "model/jex/core.h"
+#include "model/jex/corestate.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/matchunitdialog.h"
 #include "model/jex/matchunitmodel.h"
@@ -160,13 +161,45 @@ void TriggerOptionWidget::editAsked()
 
 void TriggerOptionWidget::save()
 {
-    m_core->expressions = validExpressions();
-    m_core->triggerMode = isStatic() ? JEX::StaticTrigger : JEX::DynamicTrigger;
-    if (!isStatic())
-        return; // nobody sees the implementation, so nobody changed it
-    for (int i = StaticUnitCount; i < m_core->matchUnits.size(); ++i)
-        m_core->matchUnits.at(i)->enabled = false;
-    m_core->triggerImplementation = implementationFromText(m_ui->ImpleComboBox->currentText());
+    JEX::LeftOut leftOut;
+    collect(m_core, &leftOut);
+}
+
+void TriggerOptionWidget::collect(JEX::AoCore *core, JEX::LeftOut *leftOut) const
+{
+    const JEX::Implementation shown = implementationFromText(m_ui->ImpleComboBox->currentText());
+    core->expressions = validExpressions();
+    leftOut->expressions = greyExpressions();
+    core->triggerMode = isStatic() ? JEX::StaticTrigger : JEX::DynamicTrigger;
+    if (!isStatic()) { // nobody sees the implementation, so nobody changed it
+        leftOut->triggerImplementation = shown;
+        return;
+    }
+    for (JEX::MatchUnit *unit : core->matchUnits.mid(StaticUnitCount)) {
+        if (unit->enabled)
+            leftOut->units.append(unit->unitNumber);
+        unit->enabled = false;
+    }
+    core->triggerImplementation = shown;
+}
+
+void TriggerOptionWidget::showCore(const JEX::AoCore &core, const JEX::LeftOut &leftOut)
+{
+    const bool blocked = blockSignals(true);
+    bool hasPorts = true;
+    for (int i = 0; i < core.triggerPorts.size(); ++i)
+        hasPorts = hasPorts && core.getTrigger(i)->signalItems == m_core->getTrigger(i)->signalItems;
+    JEX::copyTrigger(core, m_core);
+    if (!hasPorts)
+        updateTriggerTree();
+    m_ui->ModeComboBox->setCurrentIndex(core.triggerMode);
+    chooseImplementation(
+        m_ui->ImpleComboBox, 0,
+        JEX::implementationOf(isStatic() ? core.triggerImplementation : leftOut.triggerImplementation));
+    showExpressions(core.expressions, leftOut.expressions);
+    redrawUnits();
+    updateBsramNumber();
+    blockSignals(blocked);
 }
 
 void TriggerOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QWidget>
@@ -14,6 +15,7 @@ class QTreeWidgetItem;
 namespace JEX {
 class AoCore;
 class MatchUnitModel;
+struct LeftOut;
 } // namespace JEX
 namespace QUARRY {
 class RtlNetlist;
@@ -38,6 +40,9 @@ public:
     ~TriggerOptionWidget() override;
 
     void save();
+    // What the page shows; the core has ports and units of the page's core.
+    void collect(JEX::AoCore *core, JEX::LeftOut *leftOut) const;
+    void showCore(const JEX::AoCore &core, const JEX::LeftOut &leftOut); // reports nothing
     void setNlsdata(QUARRY::RtlNetlist *netlist);
     void handleIEvent(const QUtil::IEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
@@ -91,6 +96,8 @@ private:
     QString askExpression();
     bool addExpression(const QString &limitTitle);
     QStringList validExpressions() const;
+    QMap<int, QString> greyExpressions() const; // by row
+    void showExpressions(const QStringList &valid, const QMap<int, QString> &grey);
     int checkedUnits() const;
     bool isStatic() const;
     void showStatic(bool on);

@@ -47,13 +47,22 @@ void EditorRecord::setModified(bool value)
         modificationCallback(value);
 }
 
-void EditorRecord::noteEdit()
+void EditorRecord::noteEdit(const QObject *page)
 {
-    if (modified)
+    if (page)
+        noteChange(page);
+    if (m_isRestoring)
         return;
-    // The titles first: who hears of the modification reads them.
-    showTitles(m_view, fileName, true);
-    setModified(true);
+    showModified(true);
+    m_view->tellStateChange(Core::StateEdited);
+}
+
+// The titles first: who hears of the modification reads them.
+void EditorRecord::showModified(bool value)
+{
+    if (modified != value)
+        showTitles(m_view, fileName, value);
+    setModified(value);
 }
 
 bool EditorRecord::openFile(const QString &path, QString *errorMessage)
@@ -84,6 +93,8 @@ bool EditorRecord::reloadFile()
     if (netlist)
         handNetlistToPages();
     m_view->tellFindings();
+    m_saved.clear();
+    m_view->tellStateChange(Core::StateReloaded);
     return true;
 }
 
@@ -104,6 +115,8 @@ bool EditorRecord::saveFile()
     qDebug("save jex");
     finishRenaming();
     savePages();
+    noteChange(nullptr);
+    m_view->tellStateChange(Core::StateStored);
     QString errors;
     if (!check(&errors)) {
         showErrors(m_view, errorsText(), errors);
@@ -127,7 +140,9 @@ bool EditorRecord::saveFile()
         return false;
     }
     showTitles(m_view, fileName, false);
+    m_saved.clear();
     setModified(false);
+    m_view->tellStateChange(Core::StateStored);
     return true;
 }
 
@@ -202,6 +217,7 @@ DesignReading EditorRecord::readNetlist()
         setNlsData(fresh);
     if (reading == DesignRead)
         m_view->tellFindings();
+    m_view->tellStateChange(Core::StateEdited); // also where it failed: edits that were not saved are gone
     return reading;
 }
 
@@ -213,6 +229,7 @@ void EditorRecord::installNetlist(QUARRY::RtlNetlist *fresh)
     const QUARRY::RtlNetlist *old = netlist;
     netlist = fresh;
     handNetlistToPages();
+    noteChange(nullptr);
     delete old;
 }
 
@@ -263,6 +280,45 @@ void EditorRecord::cancelDesignReload(QObject *banner)
 {
     dismissBanner(banner);
     designChangePending = false;
+}
+
+// The state as bytes
+
+QByteArray EditorRecord::snapshot()
+{
+    Snapshot whole;
+    whole.mode = configuration.mode();
+    whole.file = fileName;
+    whole.cores = packPages();
+    if (!modified)
+        rememberSaved(whole.cores);
+    return whole.cores.isEmpty() ? QByteArray() : whole.toBytes();
+}
+
+// A design that is read while nothing is modified makes another state of the same file.
+void EditorRecord::rememberSaved(const QList<CoreSnapshot> &cores)
+{
+    const int most = 4;
+    m_saved.removeAll(cores);
+    m_saved.append(cores);
+    if (m_saved.size() > most)
+        m_saved.removeFirst();
+}
+
+bool EditorRecord::restoreSnapshot(const QByteArray &bytes)
+{
+    Snapshot wanted;
+    if (m_isReading || m_isRestoring || !Snapshot::fromBytes(bytes, &wanted) ||
+        wanted.mode != configuration.mode())
+        return false;
+    m_isRestoring = true;
+    const bool isShown = showPacked(wanted.cores);
+    m_isRestoring = false;
+    if (!isShown)
+        return false;
+    showModified(!m_saved.contains(packPages()));
+    m_view->tellStateChange(Core::StateEdited);
+    return true;
 }
 
 // The file on disk

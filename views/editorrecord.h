@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "check/configuration.h"
+#include "check/snapshot.h"
 #include "host/filemark.h"
 #include "views/designreading.h"
 
@@ -36,7 +37,9 @@ public:
     ~EditorRecord() override;
 
     void setModified(bool value); // calls the callback on a change
-    void noteEdit();              // the first edit marks the editor as modified, titles included
+    // The first edit marks the editor as modified, titles included. `page`: whose it is; others are none of a
+    // page.
+    void noteEdit(const QObject *page = nullptr);
 
     // Loads cores and design. The message stays empty when the user has been told.
     bool openFile(const QString &path, QString *errorMessage);
@@ -57,6 +60,10 @@ public:
     bool check(QString *errors) const;
     QList<StaleSignal> staleSignals() const;
     virtual QWidget *showPage(int core) = 0; // of that position; null when there is none
+
+    // See host/isnapshot.h. Only pages that were edited since are collected anew.
+    QByteArray snapshot();
+    bool restoreSnapshot(const QByteArray &bytes);
 
     void noteFileChange();
     void askAboutFile();
@@ -90,6 +97,10 @@ protected:
 
 private:
     virtual void savePages() = 0;
+    virtual void noteChange(const QObject *page) = 0; // null: all of them
+    virtual QList<CoreSnapshot> packPages() = 0;      // none when a page shows what no file can hold
+    // Makes the pages show these cores. False, with nothing changed, when one is damaged.
+    virtual bool showPacked(const QList<CoreSnapshot> &packed) = 0;
     virtual void handNetlistToPages() = 0;
     virtual QString errorsText() const = 0; // above the errors of the check
 
@@ -97,9 +108,15 @@ private:
     void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void closeView();
+    void showModified(bool value);
+    void rememberSaved(const QList<CoreSnapshot> &cores);
 
     EditorView *m_view;
     bool m_isReading = false; // the design: who dies meanwhile stops the tools
+    bool m_isRestoring = false;
+    // What the pages showed while nothing was modified: the cores of the file, as the designs of this time
+    // made them.
+    QList<QList<CoreSnapshot>> m_saved;
 };
 
 } // namespace private_impl

@@ -98,6 +98,21 @@ void EditorView::showPlace(const QString &place)
         page->setCurrentIndex(tab);
 }
 
+QByteArray EditorView::snapshot() const
+{
+    return m_record->snapshot();
+}
+
+bool EditorView::restoreSnapshot(const QByteArray &bytes)
+{
+    return m_record->restoreSnapshot(bytes);
+}
+
+bool EditorView::isSnapshotSaved() const
+{
+    return !m_record->modified;
+}
+
 QUARRY::RtlNetlist *EditorView::updateRtlNetlist()
 {
     return catchDesignNetlist();

@@ -6,6 +6,7 @@
 
 #include "host/eventmanager.h"
 #include "host/ifileeditor.h"
+#include "host/isnapshot.h"
 #include "plugin/jexinserterview.h"
 
 class QCloseEvent;
@@ -22,7 +23,10 @@ class EditorRecord;
 // The operations that editors of both modes have. Watches file and design, and asks in banners before it
 // reads either again. Opens only with a design that can be parsed. The slots are each editor's own, since
 // hosts, forms and banners know them by name.
-class EditorView : public JexInserterView, public QUtil::IEventHandler, public Core::IFileEditor
+class EditorView : public JexInserterView,
+                   public QUtil::IEventHandler,
+                   public Core::IFileEditor,
+                   public Core::ISnapshot
 {
 public:
     QString file() const override;
@@ -37,6 +41,9 @@ public:
     bool saveFileAs(const QString &path) override;
     QString shownPlace() const override; // core and tab
     void showPlace(const QString &place) override;
+    QByteArray snapshot() const override;
+    bool restoreSnapshot(const QByteArray &bytes) override;
+    bool isSnapshotSaved() const override;
 
     QUARRY::RtlNetlist *updateRtlNetlist(); // a new netlist for the caller; null: there is none
     bool getRtlModules(QMap<QString, QVariant> &info, QStringList &topModules, QStringList &modules,

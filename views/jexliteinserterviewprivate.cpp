@@ -82,7 +82,7 @@ bool JexLiteInserterViewPrivate::save()
 
 void JexLiteInserterViewPrivate::onModified()
 {
-    noteEdit();
+    noteEdit(sender());
 }
 
 void JexLiteInserterViewPrivate::showChangedBanner()
@@ -109,6 +109,11 @@ void JexLiteInserterViewPrivate::addPage(JEX::AOCore_Lite *core, QWidget *parent
 {
     LiteAoOptionWidget *page = new LiteAoOptionWidget(core, netlist, parent);
     aoWidgets << page;
+    insertPage(page, number);
+}
+
+void JexLiteInserterViewPrivate::insertPage(LiteAoOptionWidget *page, int number)
+{
     ui.stackedWidget->addWidget(page);
     connect(page, SIGNAL(modified()), SLOT(onModified()));
     ui.comboBoxAo->addItem(JexLiteInserterView::tr("AO %1").arg(number));
@@ -118,6 +123,7 @@ void JexLiteInserterViewPrivate::removePage(LiteAoOptionWidget *page)
 {
     ui.comboBoxAo->removeItem(ui.stackedWidget->indexOf(page));
     ui.stackedWidget->removeWidget(page);
+    disconnect(page, nullptr, this, nullptr);
 }
 
 } // namespace private_impl

@@ -47,6 +47,7 @@ public Q_SLOTS:
 
 private:
     void showCores() override;
+    void insertPage(LiteAoOptionWidget *page, int number) override;
     void removePage(LiteAoOptionWidget *page) override;
     QString errorsText() const override;
     void addPage(JEX::AOCore_Lite *core, QWidget *parent, int number);

@@ -76,6 +76,12 @@ void JexStandardInserterView::changeAoWidget(int index)
     ui->dockWidget_2->setWindowTitle(coreTitle(index));
 }
 
+void JexStandardInserterView::showCoreTitles()
+{
+    for (int i = 0; i < ui->treeWidget->topLevelItemCount(); ++i)
+        ui->treeWidget->topLevelItem(i)->setText(0, coreTitle(i));
+}
+
 // With the number that the core carries.
 QString JexStandardInserterView::coreTitle(int index) const
 {
@@ -134,7 +140,7 @@ bool JexStandardInserterView::eventFilter(QObject *object, QEvent *event)
 
 void JexStandardInserterView::onModified()
 {
-    d->noteEdit();
+    d->noteEdit(sender());
 }
 
 void JexStandardInserterView::onOKBtn()

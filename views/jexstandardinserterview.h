@@ -33,6 +33,7 @@ public:
     int addAoOptionWidget(AoOptionWidget *page);
     void removeAoOptionWidget(AoOptionWidget *page); // deletes nothing
     void changeAoWidget(int index);                  // shows the page of that position, if there is one
+    void showCoreTitles();                           // in the list, by the numbers of the cores
 
 public Q_SLOTS:
     void onModified();

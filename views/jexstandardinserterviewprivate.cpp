@@ -85,10 +85,7 @@ void JexStandardInserterViewPrivate::removeOneAo(int index)
 {
     if (!confirmsRemoval(index))
         return;
-    AoOptionWidget *page = aoWidgets.takeAt(index);
-    removePage(page);
-    delete page;
-    delete cores.takeAt(index);
+    deletePage(index);
     for (int i = 0; i < cores.size(); ++i)
         cores.at(i)->coreNumber = i;
     q->onModified();
@@ -131,12 +128,22 @@ QString JexStandardInserterViewPrivate::errorsText() const
 void JexStandardInserterViewPrivate::addPage(JEX::AoCore *core, QWidget *parent)
 {
     aoWidgets << new AoOptionWidget(core, netlist, parent);
-    q->addAoOptionWidget(aoWidgets.last());
+    insertPage(aoWidgets.last(), aoWidgets.size() - 1);
+}
+
+void JexStandardInserterViewPrivate::insertPage(AoOptionWidget *page, int)
+{
+    q->addAoOptionWidget(page);
 }
 
 void JexStandardInserterViewPrivate::removePage(AoOptionWidget *page)
 {
     q->removeAoOptionWidget(page);
+}
+
+void JexStandardInserterViewPrivate::renumberCores()
+{
+    q->showCoreTitles();
 }
 
 } // namespace private_impl

@@ -43,7 +43,9 @@ public:
 
 private:
     void showCores() override;
+    void insertPage(AoOptionWidget *page, int position) override;
     void removePage(AoOptionWidget *page) override;
+    void renumberCores() override;
     bool writeCores(QString *error) override;
     QString errorsText() const override;
     void addPage(JEX::AoCore *core, QWidget *parent);

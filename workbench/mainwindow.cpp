@@ -31,6 +31,7 @@
 #include "host/modal.h"
 #include "host/viewmanager.h"
 #include "workbench/devicedialog.h"
+#include "workbench/editmenu.h"
 #include "workbench/filedrop.h"
 #include "workbench/filemenu.h"
 #include "workbench/guidewindow.h"
@@ -128,7 +129,9 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     }
     createDocks();
     createFileMenu();
-    new RowMenu(menuBar()->addMenu("&Edit"), finder);
+    QMenu *edit = menuBar()->addMenu("&Edit");
+    new EditMenu(edit, this);
+    new RowMenu(edit, finder);
     createProjectMenu();
     createOtherMenus();
     connectTree();

@@ -124,7 +124,15 @@ private:
     const char *m_end;
 };
 
-bool keepsBounds(const QByteArray &bytes, const QString &name, QString *error)
+bool fail(const QString &name, const QString &reason, QString *error)
+{
+    *error = latin("The file \"") + name + latin("\" cannot be read: ") + reason + latin(".");
+    return false;
+}
+
+} // namespace
+
+bool keepsZubBounds(const QByteArray &bytes, const QString &name, QString *error)
 {
     BoundsCheck check(bytes);
     check.run();
@@ -134,21 +142,13 @@ bool keepsBounds(const QByteArray &bytes, const QString &name, QString *error)
     return check.fault.isEmpty();
 }
 
-bool fail(const QString &name, const QString &reason, QString *error)
-{
-    *error = latin("The file \"") + name + latin("\" cannot be read: ") + reason + latin(".");
-    return false;
-}
-
-} // namespace
-
 bool readZubFile(const QString &path, QByteArray *bytes, QString *error)
 {
     QString reason = QUtil::pendingBackupFault(path);
     if (!reason.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, bytes, &reason)) {
         return fail(path, reason, error);
     }
-    return keepsBounds(*bytes, path, error);
+    return keepsZubBounds(*bytes, path, error);
 }
 
 bool readZubInput(const QString &word, QByteArray *bytes, QString *error)
@@ -160,7 +160,7 @@ bool readZubInput(const QString &word, QByteArray *bytes, QString *error)
     if (!QUtil::readFileOrStream(word, sizeLimit, bytes, &reason)) {
         return fail(word, reason, error);
     }
-    return keepsBounds(*bytes, word, error);
+    return keepsZubBounds(*bytes, word, error);
 }
 
 } // namespace JEX

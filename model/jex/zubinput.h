@@ -13,4 +13,8 @@ bool readZubFile(const QString &path, QByteArray *bytes, QString *error);
 // The same for a word of a command line, which may name a stream (see regularfile.h). That can be read once.
 bool readZubInput(const QString &word, QByteArray *bytes, QString *error);
 
+// Whether bytes that are in memory already keep to the last of these bounds and are in UTF-8; `name` is for
+// the sentence.
+bool keepsZubBounds(const QByteArray &bytes, const QString &name, QString *error);
+
 } // namespace JEX

@@ -1,0 +1,9 @@
+#include "host/isnapshot.h"
+
+namespace Core {
+
+ISnapshot::~ISnapshot()
+{
+}
+
+} // namespace Core

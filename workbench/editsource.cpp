@@ -1,0 +1,157 @@
+#include "workbench/editsource.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+
+namespace Workbench {
+namespace {
+
+bool hasLetters(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+}
+
+QString groupTitle(const QWidget *widget)
+{
+    for (; widget && !widget->isWindow(); widget = widget->parentWidget()) {
+        if (const auto *group = qobject_cast<const QGroupBox *>(widget))
+            return group->title();
+    }
+    return QString();
+}
+
+// The nearest label on its left.
+QString labelOf(const QWidget *box)
+{
+    const QRect place(box->mapTo(box->window(), QPoint()), box->size());
+    const QWidget *group = box->parentWidget();
+    QString text;
+    int nearest = place.left();
+    for (const QLabel *label : group->findChildren<QLabel *>()) {
+        const QRect other(label->mapTo(label->window(), QPoint()), label->size());
+        const int distance = place.left() - other.right();
+        const bool isBeside = other.top() <= place.center().y() && place.center().y() <= other.bottom();
+        if (label->isVisible() && isBeside && distance >= -1 && distance < nearest &&
+            hasLetters(label->text())) {
+            nearest = distance;
+            text = label->text();
+        }
+    }
+    return text.isEmpty() ? groupTitle(box) : text;
+}
+
+bool isPartOfBox(const QWidget *widget)
+{
+    const QWidget *parent = widget->parentWidget();
+    return qobject_cast<const QAbstractSpinBox *>(parent) || qobject_cast<const QComboBox *>(parent);
+}
+
+bool isInItemView(const QWidget *widget)
+{
+    const QWidget *parent = widget->parentWidget();
+    return parent && qobject_cast<const QAbstractItemView *>(parent->parentWidget());
+}
+
+QString useOfItems(const QWidget *view, const QEvent *event)
+{
+    if (event->type() == QEvent::Drop)
+        return "Move";
+    const bool removes = event->type() == QEvent::ShortcutOverride &&
+                         static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Delete;
+    return removes ? "Remove" : groupTitle(view);
+}
+
+} // namespace
+
+QLineEdit *lineOf(QObject *box)
+{
+    if (qobject_cast<QAbstractSpinBox *>(box))
+        return box->findChild<QLineEdit *>();
+    return qobject_cast<QLineEdit *>(box);
+}
+
+EditSource::EditSource(QObject *parent) : QObject(parent)
+{
+    qApp->installEventFilter(this);
+}
+
+QString EditSource::name() const
+{
+    return m_name.isEmpty() ? "Edit" : m_name;
+}
+
+const QWidget *EditSource::typedInto() const
+{
+    return m_typedInto;
+}
+
+void EditSource::forget()
+{
+    m_name.clear();
+    m_typedInto = nullptr;
+}
+
+bool EditSource::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::ShortcutOverride: // all keys, also those that end as a shortcut
+    case QEvent::Wheel:
+    case QEvent::Drop:
+        if (watched->isWidgetType()) {
+            Q_EMIT aboutToUse();
+            noteUse(static_cast<QWidget *>(watched), event);
+        }
+        break;
+    case QEvent::Show:
+        if (auto *menu = qobject_cast<QMenu *>(watched))
+            connect(menu, &QMenu::triggered, this,
+                    [this](const QAction *action) { noteName(action->text()); });
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+// What is used is the innermost thing that has a name; keys and wheels wander on to what is around it.
+void EditSource::noteUse(QWidget *widget, const QEvent *event)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (const auto *button = qobject_cast<QAbstractButton *>(widget))
+            return noteName(hasLetters(button->text()) ? button->text() : labelOf(button));
+        const bool isBox = lineOf(widget) || qobject_cast<QComboBox *>(widget);
+        if (isBox && isInItemView(widget))
+            return noteName("Rename");
+        if (isBox && !isPartOfBox(widget)) {
+            noteName(labelOf(widget));
+            m_typedInto = lineOf(widget) ? widget : nullptr;
+            return;
+        }
+        if (const auto *view = qobject_cast<QAbstractItemView *>(widget);
+            view && !isPartOfBox(view->window()))
+            return noteName(useOfItems(view, event));
+    }
+}
+
+void EditSource::noteName(const QString &text)
+{
+    m_typedInto = nullptr;
+    m_name = text;
+    m_name.remove('&').remove("...");
+    if (m_name.endsWith(':'))
+        m_name.chop(1);
+}
+
+} // namespace Workbench

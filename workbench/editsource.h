@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QLineEdit;
+
+namespace Workbench {
+
+// Follows what the user uses in this program, to tell of an edit where it came from: the menu entry, the
+// button, the box by its label, the dialog. Knows no editor.
+class EditSource : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EditSource(QObject *parent);
+
+    QString name() const;             // "Group", "Storage Size", "Trigger Port"; "Edit" for want of better
+    const QWidget *typedInto() const; // the text or number box that was used last; null when it was none
+    void forget();                    // what comes is by nobody that is known
+
+Q_SIGNALS:
+    void aboutToUse(); // a key or button is pressed; nobody has reacted yet
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void noteUse(QWidget *widget, const QEvent *event);
+    void noteName(const QString &text);
+
+    QString m_name;
+    QPointer<QWidget> m_typedInto;
+};
+
+// The line into which a text or number box types; null for others.
+QLineEdit *lineOf(QObject *box);
+
+} // namespace Workbench
