@@ -171,6 +171,18 @@ bool EditorRecord::check(QString *errors) const
     return configuration.check(netlist, errors);
 }
 
+// Of a copy: the stored records are what a design that is read again is compared with.
+QStringList EditorRecord::checkShown()
+{
+    Snapshot shown;
+    Configuration copy(configuration.mode());
+    finishRenaming();
+    if (!Snapshot::fromBytes(snapshot(), &shown) || !readSnapshot(shown, &copy))
+        return QStringList(JexInserterView::tr("What is shown can not be put into a file."));
+    QString errors;
+    return copy.check(netlist, &errors) ? QStringList() : errors.split(QLatin1Char('\n'));
+}
+
 QList<StaleSignal> EditorRecord::staleSignals() const
 {
     return netlist ? configuration.staleSignals(*netlist) : QList<StaleSignal>();

@@ -58,6 +58,7 @@ public:
 
     // What is wrong with the cores as they were read or saved last. Without a design no signal is stale.
     bool check(QString *errors) const;
+    QStringList checkShown(); // of the pages as they are now
     QList<StaleSignal> staleSignals() const;
     virtual QWidget *showPage(int core) = 0; // of that position; null when there is none
 

@@ -84,6 +84,11 @@ bool EditorView::saveFileAs(const QString &path)
     return !refusesSynthesisTool(this) && m_record->saveFileAs(path);
 }
 
+QStringList EditorView::checkShown() const
+{
+    return m_record->checkShown();
+}
+
 QString EditorView::shownPlace() const
 {
     return shownPlaceOf(this);

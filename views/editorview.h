@@ -39,6 +39,7 @@ public:
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
     bool saveFileAs(const QString &path) override;
+    QStringList checkShown() const override;
     QString shownPlace() const override; // core and tab
     void showPlace(const QString &place) override;
     QByteArray snapshot() const override;

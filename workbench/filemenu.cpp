@@ -45,25 +45,24 @@ QAction *FileMenu::addAction(const QString &text, const QKeySequence &key, const
     action->setShortcut(key);
     action->setEnabled(false);
     connect(action, &QAction::triggered, this, slot);
-    m_viewActions << action;
     return action;
 }
 
 void FileMenu::addSaving()
 {
-    m_saveAs = addAction("Save &As...", QKeySequence(), "saveAs", &FileMenu::onSaveAs);
-    m_viewActions.removeAll(m_saveAs);
-    addAction("Save A&ll", QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
+    m_fileActions << addAction("Save &As...", QKeySequence(), "saveAs", &FileMenu::onSaveAs);
+    m_viewActions << addAction("Save A&ll", QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
 }
 
-void FileMenu::addReloading()
+void FileMenu::addChecking()
 {
-    addAction("Re&load", QKeySequence::Refresh, "reload", &FileMenu::onReload);
+    m_fileActions << addAction("Chec&k", QKeySequence("F7"), "check", &FileMenu::onCheck);
+    m_viewActions << addAction("Re&load", QKeySequence::Refresh, "reload", &FileMenu::onReload);
 }
 
 void FileMenu::addClosing()
 {
-    addAction("Clos&e All", QKeySequence("Ctrl+Shift+W"), "closeAll", &FileMenu::onCloseAll);
+    m_viewActions << addAction("Clos&e All", QKeySequence("Ctrl+Shift+W"), "closeAll", &FileMenu::onCloseAll);
 }
 
 void FileMenu::addRecent()
@@ -85,6 +84,12 @@ void FileMenu::onSaveAll()
     m_workspace->saveAll();
 }
 
+void FileMenu::onCheck()
+{
+    if (Core::IView *view = Core::ViewManager::instance()->currentView())
+        m_workspace->checkView(view);
+}
+
 void FileMenu::onReload()
 {
     if (Core::IView *view = Core::ViewManager::instance()->currentView())
@@ -100,8 +105,8 @@ void FileMenu::noteView(Core::IView *view)
 {
     for (QAction *action : qAsConst(m_viewActions))
         action->setEnabled(view);
-    if (m_saveAs)
-        m_saveAs->setEnabled(dynamic_cast<Core::IFileEditor *>(view));
+    for (QAction *action : qAsConst(m_fileActions))
+        action->setEnabled(dynamic_cast<Core::IFileEditor *>(view));
     const QString path = view ? view->editedFile().path : QString();
     if (!path.isEmpty())
         recentFiles(m_settings).add(path);

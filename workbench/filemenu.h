@@ -24,7 +24,7 @@ public:
 
     // Each at the end of the menu as it is then.
     void addSaving();
-    void addReloading();
+    void addChecking();
     void addClosing();
     void addRecent();
 
@@ -33,6 +33,7 @@ private:
                        void (FileMenu::*slot)());
     void onSaveAs();
     void onSaveAll();
+    void onCheck();
     void onReload();
     void onCloseAll();
     void noteView(Core::IView *view);
@@ -43,7 +44,7 @@ private:
     Workspace *m_workspace;
     QSettings *m_settings;
     QList<QAction *> m_viewActions; // enabled while a view is open
-    QAction *m_saveAs = nullptr;
+    QList<QAction *> m_fileActions; // while one is that is a Core::IFileEditor
 };
 
 } // namespace Workbench

@@ -64,8 +64,8 @@ const struct
 
 QString plainText(const QAction *action)
 {
-    const QString text = action->text();
-    return text.section('\t', 0, 0).remove('&').remove("...");
+    QString text = action->text();
+    return text.remove('&').remove("...");
 }
 
 void setIconOf(QAction *action)

@@ -202,7 +202,7 @@ void MainWindow::createFileMenu()
     auto *files = new FileMenu(menu, m_workspace, m_settings);
     files->addSaving();
     menu->addSeparator();
-    files->addReloading();
+    files->addChecking();
     menu->addSeparator();
     m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
     files->addClosing();
@@ -242,8 +242,8 @@ void MainWindow::createOtherMenus()
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         view->addAction(dock->toggleViewAction());
     QMenu *help = menuBar()->addMenu("&Help");
-    QAction *guide = addAction(help, "&Guide", QKeySequence(), &MainWindow::onGuide);
-    guide->setText("&Guide\tF1"); // which the guide hears itself, in every window
+    QAction *guide = addAction(help, "&Guide", Qt::Key_F1, &MainWindow::onGuide);
+    guide->setShortcutContext(Qt::WidgetShortcut); // for the eye: the guide hears the key in every window
     help->addAction(QWhatsThis::createAction(this));
     help->addSeparator();
     addAction(help, "&About", QKeySequence(), &MainWindow::onAbout);

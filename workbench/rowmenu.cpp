@@ -37,8 +37,12 @@ RowMenu::RowMenu(QMenu *menu, RowFinder *finder) : QObject(menu)
     addFinding("Find &Next", QKeySequence::FindNext, &RowFinder::next);
     addFinding("Find &Previous", QKeySequence::FindPrevious, &RowFinder::previous);
     menu->addSeparator();
-    QAction *up = menu->addAction("Move Rows &Up\tAlt+Up", this, [] { press(Qt::Key_Up); });
-    QAction *down = menu->addAction("Move Rows &Down\tAlt+Down", this, [] { press(Qt::Key_Down); });
+    QAction *up = menu->addAction("Move Rows &Up", this, [] { press(Qt::Key_Up); });
+    QAction *down = menu->addAction("Move Rows &Down", this, [] { press(Qt::Key_Down); });
+    up->setShortcut(Qt::ALT + Qt::Key_Up);
+    down->setShortcut(Qt::ALT + Qt::Key_Down);
+    for (QAction *action : {up, down})
+        action->setShortcutContext(Qt::WidgetShortcut); // for the eye
     connect(menu, &QMenu::aboutToShow, this, [up, down] {
         const QWidget *list = QApplication::focusWidget();
         for (QAction *action : {up, down})

@@ -73,6 +73,22 @@ bool Workspace::saveViewAs(Core::IView *view)
     return true;
 }
 
+bool Workspace::checkView(Core::IView *view)
+{
+    const auto *editor = dynamic_cast<Core::IFileEditor *>(view);
+    if (!editor)
+        return false;
+    const QString name = QFileInfo(view->editedFile().path).fileName();
+    const QStringList errors = editor->checkShown();
+    for (const QString &error : errors)
+        Q_EMIT message(name + ": " + error, true);
+    Q_EMIT message(name + ": " +
+                       (errors.isEmpty() ? QString("The check found nothing.")
+                                         : QString("The check found this, in all: %1").arg(errors.size())),
+                   !errors.isEmpty());
+    return errors.isEmpty();
+}
+
 bool Workspace::reloadViewNow(Core::IView *view)
 {
     const QPointer<Core::IView> alive = view;

@@ -50,6 +50,7 @@ public:
     bool saveViewAs(Core::IView *view); // asks where to; only for a view that is a Core::IFileEditor
     bool saveAll();                     // and the project
     bool reloadViewNow(Core::IView *view);
+    bool checkView(Core::IView *view); // and tells what was found
 
     // Asks what is to be done about a save of this file that did not end. False: it is to be left alone.
     bool settleBackup(const QString &path);

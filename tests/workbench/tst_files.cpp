@@ -174,6 +174,27 @@ private Q_SLOTS:
         QVERIFY(Core::ViewManager::instance()->views().isEmpty());
     }
 
+    // What is shown counts, and nothing of it is written or stored.
+    void checkSavesNothing()
+    {
+        const QByteArray before = m_dir->read("a.zub");
+        m_workspace->openFile(m_dir->path("a.zub"));
+        trigger("check");
+        QVERIFY(said("a.zub: The check found nothing."));
+        view()->findChild<QLineEdit *>("editSampleClock")->setText("top/gone");
+        m_messages.clear();
+        trigger("check");
+        QCOMPARE(m_messages.size(), 2);
+        QCOMPARE(m_messages.last(), QString("a.zub: The check found this, in all: 1"));
+        QCOMPARE(m_dir->read("a.zub"), before);
+        QVERIFY(view()->editedFile().isModified);
+        m_user.press(QMessageBox::Ok); // a save finds the same
+        m_workspace->saveView(view());
+        const QString told = m_messages.first().mid(QString("a.zub: ").size());
+        QVERIFY(told.size() > 10);
+        QVERIFY2(m_user.seen.first().contains(told), qPrintable(m_user.seen.first()));
+    }
+
     void reloadAsksForEdits()
     {
         m_workspace->openFile(m_dir->path("a.zub"));
@@ -278,6 +299,9 @@ private:
         m_window.reset(new Workbench::MainWindow(m_settings.get()));
         m_window->show();
         m_workspace = m_window->workspace();
+        m_messages.clear();
+        connect(m_workspace, &Workbench::Workspace::message, this,
+                [this](const QString &text) { m_messages << text; });
         QVERIFY(m_workspace->openProject(m_project));
     }
 
@@ -298,7 +322,10 @@ private:
         action->trigger();
     }
 
+    bool said(const QString &text) const { return !m_messages.filter(text).isEmpty(); }
+
     ModalDriver m_user;
+    QStringList m_messages;
     std::unique_ptr<Folder> m_dir;
     std::unique_ptr<QSettings> m_settings;
     std::unique_ptr<Workbench::MainWindow> m_window;

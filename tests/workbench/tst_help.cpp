@@ -54,10 +54,9 @@ private Q_SLOTS:
         QStringList entries;
         for (const QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
             for (QAction *action : menu->actions())
-                entries << menu->title().remove('&') + " > " +
-                               action->text().section('\t', 0, 0).remove('&').remove("...");
+                entries << menu->title().remove('&') + " > " + action->text().remove('&').remove("...");
         }
-        const QRegularExpression path("\\*\\*((?:File|Project|Run|View|Help) > [^*]+)\\*\\*");
+        const QRegularExpression path("\\*\\*((?:File|Edit|Project|Run|View|Help) > [^*]+)\\*\\*");
         int found = 0;
         for (const QString &topic : helpTopics()) {
             const QString text = guidePage(topic).replace('\n', ' ');
