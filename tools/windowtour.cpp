@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -181,6 +183,10 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
             window.workspace()->openFile(file.path);
     }
     show(visit, &window, "workbench");
+    for (const QAction *entry : window.menuBar()->actions()) {
+        show(visit, entry->menu(), "menu-" + entry->text().remove('&').toLower());
+        entry->menu()->hide();
+    }
     Core::FileWizardRegistry::createFactories();
     Workbench::NewFileDialog newFile(window.workspace()->project()->workingDir(), &window);
     show(visit, &newFile, "new-file");

@@ -54,6 +54,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
     m_filter->setAccessibleName("Filter");
     m_tree->setAccessibleName("Devices");
     m_note->setTextFormat(Qt::PlainText);
+    m_note->hide();
     m_filter->setClearButtonEnabled(true);
     m_tree->setHeaderLabels({"Part", "Series", "Device", "Package", "BSRAM", "SSRAM", "Registers"});
     m_tree->setRootIsDecorated(false);
@@ -69,6 +70,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &DeviceDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &DeviceDialog::reject);
     fill();
+    resize(qMax(width(), m_tree->header()->length() + 60), height());
     WindowMemory::keep(this, "device");
 }
 
@@ -129,6 +131,7 @@ void DeviceDialog::filter(const QString &text)
     // is only near has to be picked.
     if (!m_tree->currentItem() || m_tree->currentItem()->isHidden() || !first)
         m_tree->setCurrentItem(first);
+    m_note->setVisible(!m_note->text().isEmpty());
     updateButtons();
 }
 

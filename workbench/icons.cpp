@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPalette>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <iterator>
@@ -73,7 +74,7 @@ void setIconOf(QAction *action)
     const QString text = plainText(action);
     const auto *found = std::find_if(std::begin(icons), std::end(icons),
                                      [&text](const auto &entry) { return text == entry.text; });
-    if (found != std::end(icons) && action->icon().isNull())
+    if (found != std::end(icons))
         action->setIcon(QIcon::fromTheme(found->icon));
 }
 
@@ -81,6 +82,15 @@ void setIconOf(QAction *action)
 
 void chooseIcons()
 {
+    // Not all displays come with a desktop that says where icons are.
+    const QStringList folders = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, "icons",
+                                                          QStandardPaths::LocateDirectory);
+    QStringList known = QIcon::themeSearchPaths();
+    for (const QString &folder : folders) {
+        if (!known.contains(folder))
+            known << folder;
+    }
+    QIcon::setThemeSearchPaths(known);
     const bool isWhole = std::all_of(std::begin(icons), std::end(icons),
                                      [](const auto &entry) { return QIcon::hasThemeIcon(entry.icon); });
     const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < 128;

@@ -11,6 +11,7 @@
 #include "options/litecaptureoptionwidget.h"
 #include "workbench/guidewindow.h"
 #include "workbench/helptopics.h"
+#include "workbench/icons.h"
 #include "workbench/mainwindow.h"
 
 using namespace Workbench;
@@ -66,6 +67,23 @@ private Q_SLOTS:
             }
         }
         QVERIFY(found > 5);
+    }
+
+    // Whatever the desktop has, the set has them all.
+    void entriesHaveIcons()
+    {
+        chooseIcons();
+        MainWindow window(nullptr);
+        QVERIFY(!window.windowIcon().isNull());
+        QStringList plain;
+        for (const QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
+            for (const QAction *action : menu->actions()) {
+                if (!action->isSeparator() && !action->isCheckable() &&
+                    action->icon().availableSizes().isEmpty())
+                    plain << action->text().remove('&');
+            }
+        }
+        QCOMPARE(plain, QStringList("Tool Memory..."));
     }
 
     void topicOfAWidget()
