@@ -21,8 +21,6 @@
 #include <QVBoxLayout>
 #include <QWhatsThis>
 
-#include <algorithm>
-
 #include "elaboration/tools/toollimits.h"
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
@@ -46,6 +44,7 @@
 #include "workbench/rowmenu.h"
 #include "workbench/runmenu.h"
 #include "workbench/session.h"
+#include "workbench/statetexts.h"
 #include "workbench/taborder.h"
 #include "workbench/windowmemory.h"
 #include "workbench/workspace.h"
@@ -62,30 +61,6 @@ const char *const aboutText =
     "JEX Workbench %1\n\nEdits the configuration of logic analyzers that are built into an FPGA design: "
     "choose the "
     "nets to record, say how much is recorded, and save it for the implementation flow.";
-
-const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open),\n"
-                              "or drop one here. Project > New Project starts with nothing.";
-const char *const sourcesHint = "The project has no sources of a design yet:\n"
-                                "Project > Add Files takes them, or drop them here.";
-const char *const projectHint = "Double-click a configuration in the project tree to edit it.\n"
-                                "File > New makes one, Project > Add Files adds sources of the design.";
-
-QString hintFor(const Core::Project *project)
-{
-    if (!project)
-        return emptyHint;
-    const QList<Core::SourceFile> files = project->data().files;
-    const bool hasDesign = std::any_of(files.begin(), files.end(), [](const Core::SourceFile &file) {
-        return TE::isDesignFileType(file.type);
-    });
-    return hasDesign ? projectHint : sourcesHint;
-}
-
-QString deviceText(const DEV::DeviceArg &device)
-{
-    return device.partNumber.isEmpty() ? "Device: none, so usages are measured against 0"
-                                       : "Device: " + device.partNumber;
-}
 
 QLabel *newHint()
 {
@@ -511,7 +486,7 @@ void MainWindow::updateState()
 {
     const bool viewOpen = Core::ViewManager::instance()->currentView() != nullptr;
     m_center->setCurrentIndex(viewOpen ? 1 : 0);
-    m_hint->setText(hintFor(m_workspace->project()));
+    m_hint->setText(hintText(m_workspace->project()));
     m_closeAction->setEnabled(viewOpen);
     for (QAction *action : qAsConst(m_projectActions))
         action->setEnabled(m_workspace->project() != nullptr);

@@ -3,6 +3,8 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <algorithm>
+
 #include "host/actionmanager.h"
 #include "host/ifileeditor.h"
 #include "host/regularfile.h"
@@ -19,6 +21,13 @@ namespace {
 bool isSamePath(const QString &a, const QString &b)
 {
     return QFileInfo(a).absoluteFilePath() == QFileInfo(b).absoluteFilePath() || QUtil::isSameFile(a, b);
+}
+
+bool holds(const Core::Project *project, const QString &path)
+{
+    const QList<Core::SourceFile> files = project ? project->data().files : QList<Core::SourceFile>();
+    return std::any_of(files.begin(), files.end(),
+                       [&path](const Core::SourceFile &file) { return isSamePath(file.path, path); });
 }
 
 } // namespace
@@ -67,7 +76,7 @@ bool Workspace::saveViewAs(Core::IView *view)
         return !view->editedFile().isModified || saveView(view);
     if (!settleBackup(path) || !mayReplace(path) || !alive || !editor->saveFileAs(path))
         return false;
-    if (m_project && !m_project->data().files.isEmpty())
+    if (holds(m_project.get(), old))
         m_project->addFile(path);
     Q_EMIT message("Saved as " + shown + ".", false);
     return true;
