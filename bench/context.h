@@ -5,6 +5,10 @@
 #include "bench/largedesign.h"
 #include "model/jex/signalitem.h"
 
+namespace RTLJEX {
+class EditorView;
+}
+
 // What the rows share. The files live in a folder that is gone when the program ends.
 struct Context
 {
@@ -29,3 +33,4 @@ void measureOpening(Context &context);
 void measureVhdl(Context &context);
 void measureConfinement(Context &context);
 void measureEditor(Context &context);
+void measureUndo(RTLJEX::EditorView &view);

@@ -109,4 +109,5 @@ void measureEditor(Context &context)
     printWait("  save", saving, 500);
     printWait("  reload the file", file, 500);
     printWait("  reload the design", design, 1000);
+    measureUndo(view);
 }

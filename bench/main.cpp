@@ -63,6 +63,10 @@ int main(int argc, char **argv)
         useProcessorTime();
     Context context;
     printf("%-84s %9s %9s %-3s %8s %7s\n", "work | limit", "figure", "limit", "", "ratio", "goal");
+    if (application.arguments().contains(QStringLiteral("--editor"))) {
+        measureEditor(context);
+        return 0;
+    }
     const bool onlyOpening = application.arguments().contains(QStringLiteral("--opening"));
     if (!onlyOpening) {
         measureNetlist(context);

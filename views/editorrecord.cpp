@@ -302,7 +302,7 @@ QByteArray EditorRecord::snapshot()
     whole.mode = configuration.mode();
     whole.file = fileName;
     whole.cores = packPages();
-    if (!modified)
+    if (!modified && !whole.cores.isEmpty())
         rememberSaved(whole.cores);
     return whole.cores.isEmpty() ? QByteArray() : whole.toBytes();
 }

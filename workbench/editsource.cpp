@@ -62,6 +62,13 @@ bool isInItemView(const QWidget *widget)
     return parent && qobject_cast<const QAbstractItemView *>(parent->parentWidget());
 }
 
+const QDialog *dialogAround(const QWidget *widget)
+{
+    while (widget && !qobject_cast<const QDialog *>(widget))
+        widget = widget->parentWidget();
+    return static_cast<const QDialog *>(widget);
+}
+
 QString useOfItems(const QWidget *view, const QEvent *event)
 {
     if (event->type() == QEvent::Drop)
@@ -99,12 +106,6 @@ const QWidget *EditSource::typedInto() const
     return m_typedInto;
 }
 
-void EditSource::forget()
-{
-    m_name.clear();
-    m_typedInto = nullptr;
-}
-
 bool EditSource::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -120,8 +121,7 @@ bool EditSource::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::Show:
         if (auto *menu = qobject_cast<QMenu *>(watched))
-            connect(menu, &QMenu::triggered, this,
-                    [this](const QAction *action) { noteName(action->text()); });
+            connect(menu, &QMenu::triggered, this, &EditSource::noteAction, Qt::UniqueConnection);
         break;
     default:
         break;
@@ -129,9 +129,16 @@ bool EditSource::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-// What is used is the innermost thing that has a name; keys and wheels wander on to what is around it.
+// What is used is the innermost thing that has a name; keys and wheels wander on to what is around it. What a
+// dialog is used for is known from what opened it, unless that was a list.
 void EditSource::noteUse(QWidget *widget, const QEvent *event)
 {
+    if (const QDialog *dialog = dialogAround(widget)) {
+        if (m_isVague && !qobject_cast<const QMessageBox *>(dialog))
+            noteName(dialog->windowTitle());
+        m_typedInto = nullptr;
+        return;
+    }
     for (; widget; widget = widget->parentWidget()) {
         if (const auto *button = qobject_cast<QAbstractButton *>(widget))
             return noteName(hasLetters(button->text()) ? button->text() : labelOf(button));
@@ -143,14 +150,23 @@ void EditSource::noteUse(QWidget *widget, const QEvent *event)
             m_typedInto = lineOf(widget) ? widget : nullptr;
             return;
         }
-        if (const auto *view = qobject_cast<QAbstractItemView *>(widget);
-            view && !isPartOfBox(view->window()))
-            return noteName(useOfItems(view, event));
+        const auto *view = qobject_cast<QAbstractItemView *>(widget);
+        if (view && !isPartOfBox(view->window())) {
+            noteName(useOfItems(view, event));
+            m_isVague = true;
+            return;
+        }
     }
+}
+
+void EditSource::noteAction(const QAction *action)
+{
+    noteName(action->text());
 }
 
 void EditSource::noteName(const QString &text)
 {
+    m_isVague = false;
     m_typedInto = nullptr;
     m_name = text;
     m_name.remove('&').remove("...");

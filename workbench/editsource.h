@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QString>
 
+class QAction;
 class QLineEdit;
 
 namespace Workbench {
@@ -19,7 +20,6 @@ public:
 
     QString name() const;             // "Group", "Storage Size", "Trigger Port"; "Edit" for want of better
     const QWidget *typedInto() const; // the text or number box that was used last; null when it was none
-    void forget();                    // what comes is by nobody that is known
 
 Q_SIGNALS:
     void aboutToUse(); // a key or button is pressed; nobody has reacted yet
@@ -27,9 +27,11 @@ Q_SIGNALS:
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void noteUse(QWidget *widget, const QEvent *event);
+    void noteAction(const QAction *action);
     void noteName(const QString &text);
 
     QString m_name;
+    bool m_isVague = false; // of a list: a dialog that it opens says more
     QPointer<QWidget> m_typedInto;
 };
 

@@ -38,6 +38,7 @@ public:
     void noteShown(const QByteArray &state) { m_shown = state; }
 
     const QByteArray &present() const { return m_present; }
+    int doneCount() const { return m_done; } // of the steps, those that are not undone
     int stepCount() const { return m_steps.size(); }
     qint64 stepBytes() const { return m_bytes; }
 

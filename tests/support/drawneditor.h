@@ -76,8 +76,10 @@ inline QStringList drawn(const QWidget *view, bool all = false)
         std::stable_sort(widgets.begin(), widgets.end(), [](const QWidget *left, const QWidget *right) {
             return left->objectName() < right->objectName();
         });
-        for (QWidget *widget : widgets)
-            drawWidget(widget, all, lines);
+        for (QWidget *widget : widgets) {
+            if (widget->window() == view->window()) // no dialog that is going
+                drawWidget(widget, all, lines);
+        }
     }
     return lines;
 }

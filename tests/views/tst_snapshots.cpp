@@ -88,6 +88,27 @@ private Q_SLOTS:
         QCOMPARE(m_work->read("a.zub"), file);
     }
 
+    // The same expression, before and after the page looked at what its mode offers.
+    void tellsGreyFromBlack()
+    {
+        if (m_mode == JEX::LiteMode)
+            return;
+        const Shown shown(m_mode, withRows());
+        auto *mode = shown.find<QComboBox>("ModeComboBox");
+        mode->setCurrentIndex(1);
+        shown.find<QListWidget>("listExpression")->addItem("M12");
+        shown.edit();
+        const QByteArray black = stateOf(shown)->snapshot();
+        mode->setCurrentIndex(0);
+        mode->setCurrentIndex(1);
+        const QByteArray grey = stateOf(shown)->snapshot();
+        QVERIFY(black != grey);
+        for (const QByteArray &state : {black, grey, black}) {
+            QVERIFY(stateOf(shown)->restoreSnapshot(state));
+            QCOMPARE(stateOf(shown)->snapshot(), state);
+        }
+    }
+
     // Whatever the user does meanwhile is neither ended nor part of it.
     void leavesEverythingAlone()
     {

@@ -127,6 +127,35 @@ private Q_SLOTS:
         QVERIFY(!m_menu->redoAction()->isEnabled());
     }
 
+    // By what opened it, or by itself.
+    void namesDialogs()
+    {
+        ModalDriver driver;
+        driver.then([](QDialog *dialog) {
+            QTest::mouseClick(dialog->findChild<QPushButton *>("pushButtonSearch"), Qt::LeftButton);
+            dialog->findChild<QTreeWidget *>()->selectAll();
+            leave(dialog);
+        });
+        click(find<QWidget>("btnAdd"));
+        QCOMPARE(texts() + driver.seen.filter("unexpected").join(""), QString("Undo Add | Redo"));
+        if (!m_isStandard)
+            return;
+        auto *units = find<QTableView>("tableMu");
+        qobject_cast<QTabWidget *>(pages()->currentWidget())->setCurrentIndex(0);
+        driver.then([](QDialog *dialog) {
+            QTest::keyClicks(dialog->findChild<QLineEdit *>("editValue"), "0");
+            leave(dialog);
+        });
+        const QPoint at = units->visualRect(units->model()->index(0, 2)).center();
+        QTest::mouseClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        QTest::mouseDClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        QTRY_VERIFY(driver.done());
+        QTRY_COMPARE(texts(), QString("Undo Match Unit M0 | Redo"));
+        const QPoint box = units->visualRect(units->model()->index(0, 0)).topLeft() + QPoint(8, 8);
+        QTest::mouseClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, box);
+        QTRY_COMPARE(texts(), QString("Undo Match Units | Redo"));
+    }
+
     // Until the box has nothing to take back by itself.
     void leavesTypingToItsBox()
     {
