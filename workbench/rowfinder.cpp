@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -15,16 +16,26 @@
 namespace Workbench {
 namespace {
 
-// The one with the focus, or else the largest that can be seen.
+bool isOnPage(const QWidget *list, const QWidget *view)
+{
+    const QWidget *around = list->parentWidget();
+    while (around != view && !qobject_cast<const QTabWidget *>(around))
+        around = around->parentWidget();
+    return around != view;
+}
+
+// Of those on the page of a core, not the list of cores: the one with the focus, or else the largest.
 QTreeView *shownList()
 {
     const QWidget *view = Core::ViewManager::instance()->currentView();
     QTreeView *best = nullptr;
     for (QTreeView *list : view ? view->findChildren<QTreeView *>() : QList<QTreeView *>()) {
         const auto area = [](const QWidget *widget) { return widget->width() * widget->height(); };
+        if (!list->isVisible() || !isOnPage(list, view))
+            continue;
         if (list->hasFocus())
             return list;
-        if (list->isVisible() && (!best || area(list) > area(best)))
+        if (!best || area(list) > area(best))
             best = list;
     }
     return best;

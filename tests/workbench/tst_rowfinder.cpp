@@ -73,6 +73,20 @@ private Q_SLOTS:
         QVERIFY(!m_view->editedFile().isModified);
     }
 
+    // Not the list of cores, which is the larger one beside the trigger ports.
+    void findsOnThePageInFront()
+    {
+        dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 0");
+        m_view->findChild<QTreeWidget *>("treeWidget")->setFocus();
+        action("Find...")->trigger();
+        auto *text = m_window->findChild<QLineEdit *>("findRow");
+        text->clear();
+        QTest::keyClicks(text, "port 11");
+        QCOMPARE(m_view->findChild<QTreeWidget *>("treeTrigger")->currentItem()->text(0),
+                 QString("Trigger Port 11"));
+        dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 1");
+    }
+
     void theListMayGo()
     {
         action("Find...")->trigger();
