@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "check/nearestnames.h"
+#include "commandline/devicename.h"
 #include "host/designmanager.h"
 #include "host/foreignproject.h"
 
@@ -93,7 +94,8 @@ bool Arguments::accept(const CommandLine::DesignOptions &options)
     QStringList projects = parser.values("project");
     if (!options.device.isEmpty() && !CommandLine::findDevice(options.device, device)) {
         m_result =
-            refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are.");
+            refuse("The device \"" + options.device + "\" is not known; jex devices lists those that are." +
+                   CommandLine::deviceHint(options.device));
         return false;
     }
     if (!options.toolMemory.isEmpty() && options.toolMemory.toUInt() == 0) {

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include "commandline/devicename.h"
 #include "elaboration/tools/toollimits.h"
 #include "host/designmanager.h"
 #include "host/filelist.h"
@@ -13,7 +14,6 @@
 #include "host/regularfile.h"
 #include "host/sourcefolder.h"
 #include "host/sourceoption.h"
-#include "model/jex/devicetable.h"
 
 namespace CommandLine {
 namespace {
@@ -236,18 +236,6 @@ bool addFiles(const QStringList &files, DesignOptions &options, QStringList &mes
     return messages.size() == before;
 }
 
-bool findDevice(const QString &name, DEV::DeviceArg &device)
-{
-    for (const DEV::DeviceArg &known : JEX_TOOL::knownDevices()) {
-        if (known.partNumber.compare(name, Qt::CaseInsensitive) == 0 ||
-            known.device.compare(name, Qt::CaseInsensitive) == 0) {
-            device = known;
-            return true;
-        }
-    }
-    return false;
-}
-
 bool namesProject(const DesignOptions &options)
 {
     return !options.projectFile.isEmpty() || !options.sources.isEmpty() || !options.fileLists.isEmpty() ||
@@ -279,7 +267,8 @@ bool fillProject(const DesignOptions &options, Core::Project &project, QStringLi
         data.topModule = options.top;
     if (!options.device.isEmpty() && !findDevice(options.device, data.device)) {
         messages << "The device \"" + options.device +
-                        "\" is not known. Project > Device shows those that are.";
+                        "\" is not known. Project > Device shows those that are." +
+                        deviceHint(options.device);
         good = false;
     }
     if (!options.toolMemory.isEmpty()) {

@@ -3,8 +3,6 @@
 #include <QString>
 #include <QStringList>
 
-#include "host/devicearg.h"
-
 class QCommandLineParser;
 namespace Core {
 class Project;
@@ -52,9 +50,6 @@ bool addFiles(const QStringList &files, DesignOptions &options, QStringList &mes
 
 // Whether the options name anything that needs a project.
 bool namesProject(const DesignOptions &options);
-
-// By part number or name, in any case of letters. False when the device table does not hold it.
-bool findDevice(const QString &name, DEV::DeviceArg &device);
 
 // Fills a project from its file and from everything else that the options name; what only the options
 // name does not count as a change to be saved. False, with sentences, when something is not there.

@@ -5,6 +5,7 @@
 #include <QtDebug>
 
 #include "host/modal.h"
+#include "host/rowdelegate.h"
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/netsearch.h"
 #include "netselect/resultrows.h"
@@ -66,6 +67,7 @@ JexSignalSelectDialog::JexSignalSelectDialog(QUARRY::RtlNetlist *netlist, QWidge
     m_ui->checkBoxAdvancedFilter->setChecked(false);
     m_ui->frameAdvanced->hide();
     m_ui->treeWidget->setHeaderHidden(true);
+    QUtil::useRowDelegate(m_ui->treeWidget);
     setUpModuleBox();
     m_ui->treeWidget->setSelectionMode(QAbstractItemView::ExtendedSelection);
     for (QRadioButton *mode : findChildren<QRadioButton *>())

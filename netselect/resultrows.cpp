@@ -1,6 +1,7 @@
 #include "netselect/resultrows.h"
 
 #include <QBrush>
+#include <QCoreApplication>
 #include <QHash>
 #include <QIcon>
 #include <QTreeWidget>
@@ -32,7 +33,10 @@ public:
             if (role == Qt::ForegroundRole)
                 return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
             if (role == Qt::ToolTipRole)
-                return toolTip();
+                return flags() & Qt::ItemIsSelectable ? toolTip()
+                                                      : toolTip() + QLatin1Char('\n') + excluded();
+            if (role == Qt::AccessibleTextRole && !(flags() & Qt::ItemIsSelectable))
+                return QString(text() + QLatin1String(", ") + excluded());
         }
         return QTreeWidgetItem::data(column, role);
     }
@@ -40,6 +44,11 @@ public:
     virtual JEX::SignalItem record() const = 0;
     virtual QString text() const = 0;
     virtual QString toolTip() const { return record().name; }
+    static QString excluded()
+    {
+        return QCoreApplication::translate("ResultRow",
+                                           "Excluded: tied to a constant, or a bidirectional pin");
+    }
 
 protected:
     // At the end of construction: it holds for the rows below, too.

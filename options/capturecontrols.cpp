@@ -79,9 +79,8 @@ void offerImplementations(QComboBox *box, qint64 captureBits)
 
 void chooseImplementation(QComboBox *box, qint64 captureBits, JEX::Implementation chosen)
 {
-    const bool hasSsram = currentDeviceHasSsram();
-    QList<JEX::Implementation> offered = offeredImplementations(hasSsram, captureBits);
-    const QList<JEX::Implementation> all = offeredImplementations(hasSsram, 0);
+    QList<JEX::Implementation> offered = offeredImplementations(currentDevice(), captureBits);
+    const QList<JEX::Implementation> all = offeredImplementations(currentDevice(), 0);
     if (!offered.contains(chosen) && all.contains(chosen))
         offered = all;
     const QStringList names = implementationNames(offered);
@@ -100,6 +99,8 @@ void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, 
     if (!usage.name.isEmpty())
         name->setText(usage.name);
     value->setText(usageText(usage.required, usage.available));
+    name->setToolTip(usageNote());
+    value->setToolTip(usageNote());
 }
 
 void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,

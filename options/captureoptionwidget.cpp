@@ -6,6 +6,7 @@
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
+#include "options/fieldhelp.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
 #include "signals/signaltreesetup.h"
@@ -28,6 +29,7 @@ CaptureOptionWidget::CaptureOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
     : QWidget(parent), m_ui(new Ui_CaptureOptionWidget), m_core(core), m_netlist(netlist), m_device(this)
 {
     m_ui->setupUi(this);
+    explainFields(this);
     setUpSignalTree(m_ui->treeWidgetCapSigs, m_ui->btnRemove);
     fillNumbers(m_ui->comboStorageSize, doublingNumbers(smallestStorage, largestStorage));
     connectControls();

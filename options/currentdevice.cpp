@@ -1,5 +1,7 @@
 #include "options/currentdevice.h"
 
+#include <QCoreApplication>
+
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
 
@@ -15,6 +17,15 @@ const JEX_TOOL::Device *currentDevice()
 {
     const DEV::DeviceArg arg = TE::TaskEngine::instance()->designManager()->currentDevice();
     return JEX_TOOL::findDevice(arg.series, arg.device);
+}
+
+QString usageNote()
+{
+    return currentDevice()
+               ? QString()
+               : QCoreApplication::translate("RTLJEX::CurrentDevice",
+                                             "The project has no device that is known, so there is "
+                                             "nothing to measure the usage against.");
 }
 
 DeviceWatch::DeviceWatch(QUtil::IEventHandler *page) : m_page(page)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include "host/eventmanager.h"
 
 namespace JEX_TOOL {
@@ -10,6 +12,7 @@ namespace RTLJEX {
 
 // The device of the current project; null when there is none that is known.
 const JEX_TOOL::Device *currentDevice();
+QString usageNote(); // for the user, why usages have nothing to be measured against; empty when they have
 
 // Lets a page hear, as long as this lives, that the project has another device.
 class DeviceWatch

@@ -5,6 +5,7 @@
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
+#include "options/fieldhelp.h"
 #include "signals/signalrows.h"
 #include "signals/signaltreesetup.h"
 #include "ui_litecaptureoptionwidget.h"
@@ -26,6 +27,7 @@ LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY:
     : QWidget(parent), m_ui(new Ui_LiteCaptureOptionWidget), m_core(core), m_netlist(netlist), m_device(this)
 {
     m_ui->setupUi(this);
+    explainFields(this);
     setUpSignalTree(m_ui->treeWidgetSignal, m_ui->btnRemove);
     fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
     connectControls();

@@ -65,6 +65,8 @@ void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
     QUtil::Modal<QMenu> menu(new QMenu(this));
     const QAction *add = menu->addAction(tr("Add"));
     QAction *remove = menu->addAction(tr("Remove"));
+    remove->setShortcut(QKeySequence::Delete); // for the eye: the list hears it itself
+    remove->setShortcutContext(Qt::WidgetShortcut);
     remove->setEnabled(!list->selectedItems().isEmpty());
     const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
     if (!alive)
@@ -118,6 +120,9 @@ void TriggerOptionWidget::updateExpressionCheck()
         QListWidgetItem *row = m_ui->listExpression->item(i);
         const bool usable = !isStatic() || isStaticExpression(row->text());
         row->setForeground(QColor(usable ? Qt::black : Qt::gray));
+        const QString state = usable ? QString() : tr("Not part of Static mode, which has M0 to M9");
+        row->setToolTip(state);
+        row->setData(Qt::AccessibleTextRole, usable ? QVariant() : row->text() + QLatin1String(", ") + state);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QShortcut>
 
 #include "host/modal.h"
+#include "host/rowdelegate.h"
 #include "model/jex/core.h"
 #include "model/jex/corestate.h"
 #include "model/jex/devicetable.h"
@@ -78,6 +79,7 @@ void TriggerOptionWidget::setUpMatchUnits()
 {
     m_ui->tableMu->setModel(m_units);
     m_ui->tableMu->hideColumn(1);
+    QUtil::useRowDelegate(m_ui->tableMu);
     m_ui->tableMu->verticalHeader()->hide();
     m_ui->tableMu->horizontalHeader()->setHighlightSections(false);
     m_ui->tableMu->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -386,6 +388,7 @@ void TriggerOptionWidget::updateBsramNumber()
     m_ui->UsageValue->setText(triggerUsageText(implementation,
                                                JEX_TOOL::amountOf(currentDevice(), implementation),
                                                validExpressions().size(), checkedUnits()));
+    m_ui->UsageValue->setToolTip(usageNote());
 }
 
 int TriggerOptionWidget::checkedUnits() const

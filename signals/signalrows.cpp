@@ -6,6 +6,7 @@
 
 #include "signals/rowedit.h"
 #include "signals/roworder.h"
+#include "signals/signalrow.h"
 
 namespace RTLJEX {
 
@@ -98,12 +99,12 @@ void showName(QTreeWidgetItem *row, const JEX::SignalItem &item)
 
 QTreeWidgetItem *makeSignalRow(const JEX::SignalItem &item, int type)
 {
-    QTreeWidgetItem *row = new QTreeWidgetItem(type);
+    QTreeWidgetItem *row = new SignalRow(type);
     setRecord(row, item);
     showName(row, item);
     QList<QTreeWidgetItem *> members;
     for (const JEX::SignalItem &member : item.members) {
-        members.append(new QTreeWidgetItem(type));
+        members.append(new SignalRow(type));
         showName(members.last(), member);
         if (!member.valid)
             showInvalid(members.last());

@@ -1,4 +1,4 @@
-// The mouse in a signal tree: buttons, and rows dragged to another place in it.
+// The mouse in a signal tree: buttons, and rows dragged to another place in it; and the same by keys.
 
 #include <QApplication>
 #include <QDrag>
@@ -129,6 +129,28 @@ Qt::DropAction signalTreeWidget::dropAt(const QPoint &position)
     }
     RowEdit(this).reorder(orderAfterMove(count, moved, before));
     return over ? Qt::CopyAction : Qt::MoveAction;
+}
+
+// By one place, all together behind the first or in front of the last of them; rows that are not captured
+// stay at the end.
+void signalTreeWidget::moveRows(int step)
+{
+    const QList<int> moved = movableRows();
+    if (moved.isEmpty())
+        return;
+    const int captured = firstDisabledRow(this);
+    const int before = step < 0 ? qMax(0, moved.first() - 1) : qMin(captured, moved.last() + 2);
+    const QList<int> order = orderAfterMove(topLevelItemCount(), moved, before);
+    bool isSame = true;
+    for (int i = 0; i < order.size(); ++i)
+        isSame = isSame && order.at(i) == i;
+    if (isSame)
+        return;
+    finishEdit();
+    RowEdit(this).reorder(order);
+    updateCapEnable(this);
+    scrollToItem(currentItem());
+    Q_EMIT itemDragged();
 }
 
 } // namespace RTLJEX

@@ -2,31 +2,16 @@
 
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyledItemDelegate>
 
+#include "host/rowdelegate.h"
 #include "signals/signaltreewidget.h"
 
 namespace RTLJEX {
 
-namespace {
-
-class ReadableRows : public QStyledItemDelegate
-{
-public:
-    explicit ReadableRows(QObject *parent) : QStyledItemDelegate(parent) {}
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, option.fontMetrics.height()));
-    }
-};
-
-} // namespace
-
 void setRowStyle(QAbstractItemView *view, const char *styleSheet)
 {
     view->setStyleSheet(QLatin1String(styleSheet));
-    view->setItemDelegate(new ReadableRows(view));
+    QUtil::useRowDelegate(view);
 }
 
 void setUpSignalTree(signalTreeWidget *tree, QPushButton *remove)

@@ -101,6 +101,8 @@ signalTreeWidget::signalTreeWidget(QWidget *parent)
       m_enable(addMenuAction(tr("Enable"), SLOT(onEnable()))),
       m_disable(addMenuAction(tr("Disable"), SLOT(onDisable())))
 {
+    m_changeName->setShortcut(Qt::Key_F2); // for the eye: the key is heard below
+    m_changeName->setShortcutContext(Qt::WidgetShortcut);
     setSelectionMode(ExtendedSelection);
     setDragDropMode(InternalMove);
     setUniformRowHeights(true);
@@ -366,7 +368,10 @@ void signalTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 
 void signalTreeWidget::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_F2 && contextMenuEnabled && selectedItems().size() == 1)
+    const bool isMove = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (isMove && event->modifiers() == Qt::AltModifier)
+        moveRows(event->key() == Qt::Key_Up ? -1 : 1);
+    else if (event->key() == Qt::Key_F2 && contextMenuEnabled && selectedItems().size() == 1)
         onChangeName();
     else
         QTreeWidget::keyPressEvent(event);

@@ -13,8 +13,9 @@ class QLineEdit;
 namespace RTLJEX {
 
 // The list of capture or trigger port signals: one top-level row a record, with a row for each bit of a bus
-// or group below it. Rows are dragged into another order and grouped, split, renamed, reversed, enabled and
-// disabled from a menu. A member's name and flags are those in its parent row's record.
+// or group below it. Rows are dragged, or moved by Alt+Up and Alt+Down, into another order and grouped,
+// split, renamed, reversed, enabled and disabled from a menu. A member's name and flags are those in its
+// parent row's record.
 class signalTreeWidget : public QTreeWidget
 {
     Q_OBJECT
@@ -63,6 +64,7 @@ private:
     QTreeWidgetItem *menuRow();
     void setCaptured(bool captured);
     QList<int> movableRows() const;
+    void moveRows(int step);
     Qt::DropAction dropAt(const QPoint &position);
 
     QAction *m_split;

@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 
 #include "host/modal.h"
+#include "host/rowdelegate.h"
 #include "model/jex/core.h"
 #include "signals/signalrows.h"
 
@@ -26,6 +27,8 @@ TriggerSingalSelectDialog::TriggerSingalSelectDialog(QList<JEX::TriggerPort *> p
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setSizeGripEnabled(true);
     m_preview->setHeaderHidden(true);
+    m_preview->setAccessibleName(tr("Signals of the ticked ports"));
+    QUtil::useRowDelegate(m_preview);
     m_preview->setUniformRowHeights(true);
     m_preview->setTextElideMode(Qt::ElideLeft);
     QDialogButtonBox *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

@@ -159,6 +159,21 @@ void EditorRecord::refuseSave(const QList<CheckError> &errors)
     m_view->tellFindings();
 }
 
+bool EditorRecord::saveFileAs(const QString &path)
+{
+    const QString before = fileName;
+    const QPointer<QObject> alive(this);
+    fileName = path;
+    const bool saved = saveFile();
+    if (!alive)
+        return false;
+    if (saved)
+        fileWatcher->stop(before);
+    else
+        fileName = before;
+    return saved;
+}
+
 bool EditorRecord::writeCores(QString *error)
 {
     return configuration.write(fileName, error);
@@ -167,6 +182,18 @@ bool EditorRecord::writeCores(QString *error)
 bool EditorRecord::check(QString *errors) const
 {
     return configuration.check(netlist, errors);
+}
+
+// Of a copy: the stored records are what a design that is read again is compared with.
+QStringList EditorRecord::checkShown()
+{
+    Snapshot shown;
+    Configuration copy(configuration.mode());
+    finishRenaming();
+    if (!Snapshot::fromBytes(snapshot(), &shown) || !readSnapshot(shown, &copy))
+        return QStringList(JexInserterView::tr("What is shown can not be put into a file."));
+    QString errors;
+    return copy.check(netlist, &errors) ? QStringList() : errors.split(QLatin1Char('\n'));
 }
 
 QList<StaleSignal> EditorRecord::staleSignals() const

@@ -47,8 +47,8 @@ public:
     bool reloadFile();     // drops all edits, keeps the netlist; nothing changes when it fails
     void finishRenaming(); // of a row; may be the first edit
     bool saveFile();       // collects from the pages, checks, writes; tells the user about every failure
-    void
-    refuseSave(const QList<CheckError> &errors); // keeps what the host is told of it; none: nothing refuses
+    void refuseSave(const QList<CheckError> &errors); // what the host is told of it; none: nothing refuses
+    bool saveFileAs(const QString &path); // which is the editor's file then; as before when it fails
     void closing(QCloseEvent *event);
 
     // Takes the netlist over, shows it in every page and deletes the old one; null: no design.
@@ -60,6 +60,7 @@ public:
 
     // What is wrong with the cores as they were read or saved last.
     bool check(QString *errors) const;
+    QStringList checkShown(); // of the pages as they are now
     const QList<CheckError> &refusals() const { return m_refusals; } // of the last save
     // Of those that the pages show. Without a design none is stale.
     QList<StaleSignal> staleSignals() const;

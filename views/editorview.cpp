@@ -1,10 +1,13 @@
 #include "views/editorview.h"
 
+#include <QTabWidget>
+
 #include "check/netplace.h"
 #include "host/modal.h"
 #include "options/signalpage.h"
 #include "signals/namedsignals.h"
 #include "views/designreading.h"
+#include "views/editorplace.h"
 #include "views/editorrecord.h"
 #include "views/findingplaces.h"
 #include "views/pagesignals.h"
@@ -34,9 +37,15 @@ bool EditorView::open(const QString &fileName, const QString &, QString *errorMe
 
 bool EditorView::save()
 {
+    return maySave() && m_record->saveFile();
+}
+
+// Tells the user where not.
+bool EditorView::maySave()
+{
     const QString fault = synthesisToolFault();
     if (fault.isEmpty())
-        return m_record->saveFile();
+        return true;
     CheckError error;
     error.line = fault;
     error.core = -1;
@@ -70,7 +79,7 @@ QList<Core::Finding> EditorView::findings() const
 void EditorView::showFinding(const Core::Finding &finding)
 {
     if (QWidget *page = m_record->showPage(coreOf(finding)))
-        showPlace(page, finding);
+        RTLJEX::showPlace(page, finding);
 }
 
 bool EditorView::replaceNet(const Core::Finding &finding, const QString &name, bool alike, QStringList *told)
@@ -123,6 +132,30 @@ QMimeData *EditorView::chosenSignals() const
     const SignalPage *page = m_record->shownPage();
     const QList<JEX::SignalItem> chosen = page ? page->chosenSignals() : QList<JEX::SignalItem>();
     return chosen.isEmpty() ? nullptr : dataOfSignals(chosen);
+}
+
+bool EditorView::saveFileAs(const QString &path)
+{
+    return maySave() && m_record->saveFileAs(path);
+}
+
+QStringList EditorView::checkShown() const
+{
+    return m_record->checkShown();
+}
+
+QString EditorView::shownPlace() const
+{
+    return shownPlaceOf(this);
+}
+
+void EditorView::showPlace(const QString &place)
+{
+    int core = 0, tab = 0;
+    QTabWidget *page =
+        readPlace(place, &core, &tab) ? qobject_cast<QTabWidget *>(m_record->showPage(core)) : nullptr;
+    if (page && tab < page->count())
+        page->setCurrentIndex(tab);
 }
 
 QByteArray EditorView::snapshot() const

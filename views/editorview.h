@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include "host/eventmanager.h"
+#include "host/ifileeditor.h"
 #include "host/inetplaces.h"
 #include "host/isignaltarget.h"
 #include "host/isnapshot.h"
@@ -26,6 +27,7 @@ class EditorRecord;
 // hosts, forms and banners know them by name.
 class EditorView : public JexInserterView,
                    public QUtil::IEventHandler,
+                   public Core::IFileEditor,
                    public Core::INetPlaces,
                    public Core::ISignalTarget,
                    public Core::ISnapshot
@@ -45,6 +47,10 @@ public:
     Core::NetPlace placeOf(const QString &net) const override;
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
+    bool saveFileAs(const QString &path) override;
+    QStringList checkShown() const override;
+    QString shownPlace() const override; // core and tab
+    void showPlace(const QString &place) override;
     // Of the core that is shown.
     QString signalPlace(const QWidget *widget, const QPoint &position) const override;
     bool addSignals(const QMimeData &data, const QWidget *widget, const QPoint &position,
@@ -73,6 +79,8 @@ protected:
     void setRecord(private_impl::EditorRecord *record); // which the editor owns; calls back into it
 
 private:
+    bool maySave();
+
     private_impl::EditorRecord *m_record;
 };
 

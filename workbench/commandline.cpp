@@ -15,6 +15,7 @@ void declareOptions(QCommandLineParser &parser)
     parser.addPositionalArgument("FILE", "Project, configurations and design sources.", "[FILE...]");
     CommandLine::declareDesignOptions(parser);
     parser.addOptions({
+        {"log", "Write down in this file what is done, for when something goes wrong.", "FILE"},
         {"plugin", "The editor's library, in place of the one beside this program.", "PATH"},
         {"report", "Open everything, print what was found and end: with 0 when nothing went wrong."},
         {"shot", "Write a picture of the window and end.", "PNG"},
@@ -38,6 +39,7 @@ bool parseCommandLine(const QStringList &arguments, StartOptions &options, QStri
     options.help = parser.isSet("help");
     options.version = parser.isSet("version");
     options.plugin = parser.value("plugin");
+    options.log = parser.value("log");
     options.shot = parser.value("shot");
     options.report = parser.isSet("report");
     options.verbose = parser.isSet("verbose");

@@ -11,6 +11,7 @@ namespace Workbench {
 struct StartOptions : CommandLine::DesignOptions
 {
     QString plugin;
+    QString log;         // file for what was done; empty: none
     QString shot;        // where a picture of the window goes
     bool report = false; // print what was found and end
     bool verbose = false;

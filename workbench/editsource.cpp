@@ -73,9 +73,13 @@ QString useOfItems(const QWidget *view, const QEvent *event)
 {
     if (event->type() == QEvent::Drop)
         return "Move";
-    const bool removes = event->type() == QEvent::ShortcutOverride &&
-                         static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Delete;
-    return removes ? "Remove" : groupTitle(view);
+    if (event->type() != QEvent::ShortcutOverride)
+        return groupTitle(view);
+    const auto *key = static_cast<const QKeyEvent *>(event);
+    const bool isArrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    if (isArrow && key->modifiers() == Qt::AltModifier)
+        return "Move";
+    return key->key() == Qt::Key_Delete ? "Remove" : groupTitle(view);
 }
 
 } // namespace

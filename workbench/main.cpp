@@ -20,9 +20,13 @@
 #include "host/pluginmanager.h"
 #include "workbench/boxrecorder.h"
 #include "workbench/commandline.h"
+#include "workbench/crashnote.h"
+#include "workbench/icons.h"
+#include "workbench/logfile.h"
 #include "workbench/mainwindow.h"
 #include "workbench/recovery.h"
 #include "workbench/report.h"
+#include "workbench/runmenu.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -99,6 +103,7 @@ private:
     {
         m_window.addMessage(message, true);
         QTextStream(stderr) << message << '\n';
+        LogFile::note(message);
         m_told << message;
         return false;
     }
@@ -172,7 +177,11 @@ int run(const StartOptions &options)
     ExtSys::PluginManager plugins;
     int result = 0;
     {
+        chooseIcons();
         MainWindow window(unattended ? nullptr : &settings);
+        const auto note = [](const QString &text) { LogFile::note(text); };
+        QObject::connect(window.workspace(), &Workspace::message, note);
+        QObject::connect(window.runMenu(), &RunMenu::message, note);
         Start start(options, window);
         const bool good = start.loadPlugins(plugins);
         window.show();
@@ -208,7 +217,10 @@ bool isVerbose = false;
 // nothing can keep it from being resized.
 void showMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if ((type != QtDebugMsg || isVerbose) && !text.contains("propagateSizeHints"))
+    if (text.contains("propagateSizeHints"))
+        return;
+    LogFile::note(text);
+    if (type != QtDebugMsg || isVerbose)
         defaultHandler(type, context, text);
 }
 
@@ -257,6 +269,22 @@ QStringList takePluginOption(int &argc, char *argv[])
     return taken;
 }
 
+// False, with a sentence, when there can be no log.
+bool startLog(const QString &path)
+{
+    QString reason;
+    tellOfCrashes();
+    if (path.isEmpty())
+        return true;
+    if (!LogFile::open(path, &reason)) {
+        QTextStream(stderr) << "jexworkbench: Can not log to " << path << ": " << reason << ".\n";
+        return false;
+    }
+    LogFile::note("Started jexworkbench " WORKBENCH_VERSION ": " +
+                  QCoreApplication::arguments().mid(1).join(' '));
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -281,5 +309,9 @@ int main(int argc, char *argv[])
         return 0;
     }
     isVerbose = options.verbose;
-    return run(options);
+    if (!startLog(options.log))
+        return 2;
+    const int result = run(options);
+    LogFile::note(QString("Ended with %1.").arg(result));
+    return result;
 }

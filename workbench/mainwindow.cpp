@@ -18,6 +18,7 @@
 #include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWhatsThis>
 
 #include "elaboration/tools/toollimits.h"
 #include "host/actionmanager.h"
@@ -32,6 +33,10 @@
 #include "workbench/devicedialog.h"
 #include "workbench/duplicatecore.h"
 #include "workbench/editmenu.h"
+#include "workbench/filedrop.h"
+#include "workbench/filemenu.h"
+#include "workbench/guidewindow.h"
+#include "workbench/icons.h"
 #include "workbench/messagepane.h"
 #include "workbench/messenger.h"
 #include "workbench/netlistpane.h"
@@ -39,12 +44,18 @@
 #include "workbench/optionsdialog.h"
 #include "workbench/projectbanner.h"
 #include "workbench/projecttree.h"
-#include "workbench/recentprojects.h"
+#include "workbench/recentlist.h"
 #include "workbench/recovery.h"
 #include "workbench/reopenbanner.h"
+#include "workbench/rowfinder.h"
+#include "workbench/rowmenu.h"
 #include "workbench/runmenu.h"
+#include "workbench/session.h"
 #include "workbench/signaltransfer.h"
 #include "workbench/sourceopener.h"
+#include "workbench/statetexts.h"
+#include "workbench/taborder.h"
+#include "workbench/windowmemory.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -59,10 +70,6 @@ const char *const aboutText =
     "JEX Workbench %1\n\nEdits the configuration of logic analyzers that are built into an FPGA design: "
     "choose the "
     "nets to record, say how much is recorded, and save it for the implementation flow.";
-
-const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open).";
-const char *const projectHint = "Double-click a configuration in the project tree to edit it.\n"
-                                "File > New makes one, Project > Add Files adds sources of the design.";
 
 QLabel *newHint()
 {
@@ -99,6 +106,8 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_banner);
     layout->addWidget(m_center);
+    auto *finder = new RowFinder;
+    layout->addWidget(finder);
     setCentralWidget(center);
     views->setDialogParent(this);
     for (QLabel *label : {m_topLabel, m_deviceLabel}) {
@@ -108,7 +117,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     }
     createDocks();
     createFileMenu();
-    createEditMenu();
+    createEditMenu(finder);
     createProjectMenu();
     createOtherMenus();
     connectTree();
@@ -123,6 +132,12 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_sources, &SourceOpener::message, this, &MainWindow::addMessage);
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
+    connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
+    // A new view would come after everything else.
+    connect(views, &Core::ViewManager::viewActiveted, this, [this] { putTabOrder(m_center, m_messages); });
+    new Session(m_settings, m_workspace);
+    new FileDrop(this, m_workspace);
+    WindowMemory::use(m_settings);
     resize(1280, 800);
     updateProject();
     restoreLayout();
@@ -131,6 +146,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
 // The views report their end to this window, so they go first.
 MainWindow::~MainWindow()
 {
+    WindowMemory::use(nullptr);
     delete m_workspace;
 }
 
@@ -177,17 +193,22 @@ void MainWindow::createFileMenu()
     QAction *save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
     save->setShortcut(QKeySequence::Save);
     menu->addAction(save);
-    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    auto *files = new FileMenu(menu, m_workspace, m_settings);
+    files->addSaving();
     menu->addSeparator();
-    m_recentMenu = menu->addMenu("&Recent Projects");
-    connect(m_recentMenu, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    files->addChecking();
+    menu->addSeparator();
+    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    files->addClosing();
+    menu->addSeparator();
+    files->addRecent();
     menu->addSeparator();
     QAction *quit = menu->addAction("&Quit");
     quit->setShortcut(QKeySequence::Quit);
     connect(quit, &QAction::triggered, this, &QWidget::close);
 }
 
-void MainWindow::createEditMenu()
+void MainWindow::createEditMenu(RowFinder *finder)
 {
     QMenu *menu = menuBar()->addMenu("&Edit");
     new EditMenu(menu, this);
@@ -196,6 +217,8 @@ void MainWindow::createEditMenu()
     menu->addAction(m_transfer->pasteAction());
     menu->addSeparator();
     new DuplicateCore(menu, this);
+    menu->addSeparator();
+    new RowMenu(menu, finder);
 }
 
 void MainWindow::createProjectMenu()
@@ -228,7 +251,14 @@ void MainWindow::createOtherMenus()
         view->addAction(dock->toggleViewAction());
     view->addSeparator();
     new DeclarationCommand(view, this, m_sources); // the window's
-    addAction(menuBar()->addMenu("&Help"), "&About", QKeySequence(), &MainWindow::onAbout);
+    QMenu *help = menuBar()->addMenu("&Help");
+    QAction *guide = addAction(help, "&Guide", Qt::Key_F1, &MainWindow::onGuide);
+    guide->setShortcutContext(Qt::WidgetShortcut); // for the eye: the guide hears the key in every window
+    help->addAction(QWhatsThis::createAction(this));
+    help->addSeparator();
+    addAction(help, "&About", QKeySequence(), &MainWindow::onAbout);
+    new GuideKey(this);
+    setIcons(this, menuBar());
 }
 
 void MainWindow::createDocks()
@@ -240,8 +270,8 @@ void MainWindow::createDocks()
         QWidget *widget;
         Qt::DockWidgetArea area;
         int size;
-    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 250},
-                       {"netlistDock", "Netlist", m_netlist, Qt::LeftDockWidgetArea, 250},
+    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 280},
+                       {"netlistDock", "Netlist", m_netlist, Qt::LeftDockWidgetArea, 280},
                        {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 140}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
@@ -370,13 +400,13 @@ void MainWindow::onOpenProject()
 void MainWindow::onSaveProject()
 {
     if (m_workspace->saveProject())
-        addRecentProject(m_settings, m_workspace->project()->filePath());
+        recentProjects(m_settings).add(m_workspace->project()->filePath());
 }
 
 void MainWindow::onSaveProjectAs()
 {
     if (m_workspace->saveProjectAs())
-        addRecentProject(m_settings, m_workspace->project()->filePath());
+        recentProjects(m_settings).add(m_workspace->project()->filePath());
 }
 
 void MainWindow::onCloseProject()
@@ -444,6 +474,11 @@ void MainWindow::onToolMemory()
         m_settings->setValue(toolMemoryKey, chosen);
 }
 
+void MainWindow::onGuide()
+{
+    GuideKey::openFor(focusWidget() ? focusWidget() : this);
+}
+
 void MainWindow::onAbout()
 {
     QUtil::messageBox(this, QMessageBox::Information, "About",
@@ -466,7 +501,7 @@ void MainWindow::onProjectReplaced()
                          : project->filePath().isEmpty() ? project->foreignPath()
                                                          : project->filePath();
     if (!path.isEmpty())
-        addRecentProject(m_settings, path);
+        recentProjects(m_settings).add(path);
     updateProject();
 }
 
@@ -482,8 +517,7 @@ void MainWindow::updateProject()
     const QString top = project ? project->data().topModule : QString();
     const DEV::DeviceArg device = project ? project->data().device : DEV::DeviceArg();
     m_topLabel->setText(project ? "Top: " + (top.isEmpty() ? "from the sources" : top) : QString());
-    m_deviceLabel->setText(project ? "Device: " + (device.partNumber.isEmpty() ? "none" : device.partNumber)
-                                   : "");
+    m_deviceLabel->setText(project ? deviceText(device) : QString());
     updateState();
 }
 
@@ -491,27 +525,12 @@ void MainWindow::updateState()
 {
     const bool viewOpen = Core::ViewManager::instance()->currentView() != nullptr;
     m_center->setCurrentIndex(viewOpen ? 1 : 0);
-    m_hint->setText(m_workspace->project() ? projectHint : emptyHint);
+    m_hint->setText(hintText(m_workspace->project()));
     m_closeAction->setEnabled(viewOpen);
     for (QAction *action : qAsConst(m_projectActions))
         action->setEnabled(m_workspace->project() != nullptr);
     m_removeAction->setEnabled(!m_tree->selectedFiles().isEmpty());
     m_runMenu->setEnabled(m_workspace->project() != nullptr);
-}
-
-void MainWindow::fillRecentMenu()
-{
-    m_recentMenu->clear();
-    for (const QString &path : recentProjects(m_settings)) {
-        QString text = QDir::toNativeSeparators(path);
-        QAction *action = m_recentMenu->addAction(text.replace('&', "&&"));
-        connect(action, &QAction::triggered, this, [this, path] {
-            if (!m_workspace->openProject(path) && !QFileInfo::exists(path))
-                removeRecentProject(m_settings, path);
-        });
-    }
-    if (m_recentMenu->isEmpty())
-        m_recentMenu->addAction("(none)")->setEnabled(false);
 }
 
 } // namespace Workbench

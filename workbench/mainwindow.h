@@ -15,6 +15,7 @@ class NetlistPane;
 class ProjectBanner;
 class ProjectTree;
 class Recovery;
+class RowFinder;
 class RunMenu;
 class SignalTransfer;
 class SourceOpener;
@@ -45,7 +46,7 @@ private:
     QAction *addAction(QMenu *menu, const QString &text, const QKeySequence &shortcut,
                        void (MainWindow::*slot)());
     void createFileMenu();
-    void createEditMenu();
+    void createEditMenu(RowFinder *finder);
     void createProjectMenu();
     void createOtherMenus();
     void createDocks();
@@ -66,6 +67,7 @@ private:
     void onOptions();
     void onDevice();
     void onToolMemory();
+    void onGuide();
     void onAbout();
 
     void openFromTree(const QString &path);
@@ -75,7 +77,6 @@ private:
     void updateProject();
     void onProjectReplaced();
     void updateState();
-    void fillRecentMenu();
     QStringList projectFiles() const;
     QString startFolder() const;
 
@@ -94,7 +95,6 @@ private:
     QLabel *m_deviceLabel;
     Recovery *m_recovery = nullptr;
     RunMenu *m_runMenu = nullptr; // the menu's
-    QMenu *m_recentMenu = nullptr;
     QMenu *m_fileMenu = nullptr;
     QMenu *m_projectMenu = nullptr;
     QAction *m_closeAction = nullptr;

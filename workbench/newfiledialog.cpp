@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "host/filewizard.h"
+#include "workbench/windowmemory.h"
 
 namespace Workbench {
 
@@ -26,6 +27,7 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
         auto *item = new QListWidgetItem(factory->displayName() + "\n" + factory->description(), m_list);
         item->setIcon(QIcon(":/netlist/image/magnifier.png"));
     }
+    m_list->setAccessibleName("Kind of file");
     m_list->setCurrentRow(0);
     auto *folderRow = new QHBoxLayout;
     auto *label = new QLabel("&Folder:");
@@ -47,6 +49,7 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &NewFileDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &NewFileDialog::reject);
     updateState();
+    WindowMemory::keep(this, "newFile");
 }
 
 Core::IFileWizardFactory *NewFileDialog::factory() const

@@ -3,12 +3,15 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "host/project.h"
 #include "workbench/stringlistedit.h"
 #include "workbench/topmodules.h"
+#include "workbench/windowmemory.h"
 
 namespace Workbench {
 namespace {
@@ -71,6 +74,8 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
         "Parameters or generics of the top module, NAME=VALUE"};
     for (int tab = 0; tab < lists->count(); ++tab)
         lists->setTabToolTip(tab, hints[tab]);
+    for (int tab = 0; tab < lists->count(); ++tab)
+        lists->widget(tab)->findChild<QListWidget *>()->setAccessibleName(lists->tabText(tab));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &OptionsDialog::reject);
@@ -78,6 +83,7 @@ OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
     layout->addLayout(form);
     layout->addWidget(lists);
     layout->addWidget(buttons);
+    WindowMemory::keep(this, "options");
 }
 
 StringListEdit *OptionsDialog::addList(const QString &objectName, const QStringList &values)

@@ -6,20 +6,24 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QStyle>
+#include <QTreeWidgetItemIterator>
 
 #include <algorithm>
 
 #include "host/designmanager.h"
+#include "host/iview.h"
 #include "host/modal.h"
 #include "host/project.h"
+#include "host/regularfile.h"
 #include "workbench/topmodules.h"
 
 namespace Workbench {
 namespace {
 
 enum Kind { GroupItem, FileItem, TopItem, DeviceItem };
-enum Role { PathRole = Qt::UserRole, KindRole, TypeRole, EnabledRole, LibraryRole };
+enum Role { PathRole = Qt::UserRole, KindRole, TypeRole, EnabledRole, LibraryRole, MissingRole };
 
 QTreeWidgetItem *newItem(const QString &text, Kind kind)
 {
@@ -34,11 +38,22 @@ QIcon fileIcon(const Core::SourceFile &file)
     return QIcon(design ? ":/netlist/image/module.png" : ":/netlist/image/magnifier.png");
 }
 
+QString folderText(const QString &path, const QDir &folder)
+{
+    const QString relative = QFileInfo(folder.relativeFilePath(path)).path();
+    return relative == "." ? QString() : QDir::toNativeSeparators(relative);
+}
+
 QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, const QPalette &palette)
 {
     const bool missing = !QFileInfo::exists(file.path);
-    QTreeWidgetItem *item = newItem(folder.relativeFilePath(file.path), FileItem);
+    const QColor faint = palette.color(QPalette::Disabled, QPalette::Text);
+    QTreeWidgetItem *item = newItem(QFileInfo(file.path).fileName(), FileItem);
+    item->setText(1, folderText(file.path, folder));
+    item->setForeground(1, faint);
+    item->setToolTip(1, QDir::toNativeSeparators(file.path).toHtmlEscaped());
     item->setIcon(0, missing ? QIcon(":/fpgaprj/image/warning.png") : fileIcon(file));
+    item->setData(0, MissingRole, missing);
     item->setToolTip(0, QDir::toNativeSeparators(file.path).toHtmlEscaped());
     item->setData(0, PathRole, file.path);
     item->setData(0, TypeRole, file.type);
@@ -51,7 +66,7 @@ QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, cons
     else if (!file.enabled)
         item->setText(0, item->text(0) + " (disabled)");
     if (missing || !file.enabled)
-        item->setForeground(0, palette.color(QPalette::Disabled, QPalette::Text));
+        item->setForeground(0, faint);
     return item;
 }
 
@@ -70,6 +85,10 @@ QString topText(const QString &top)
 ProjectTree::ProjectTree(QWidget *parent) : QTreeWidget(parent)
 {
     setHeaderHidden(true);
+    setColumnCount(2);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(0);
+    setAccessibleName("Project");
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideMiddle);
@@ -79,6 +98,8 @@ ProjectTree::ProjectTree(QWidget *parent) : QTreeWidget(parent)
 void ProjectTree::showProject(const Core::Project *project)
 {
     const QStringList selected = selectedFiles();
+    const QString current = currentItem() ? currentItem()->data(0, PathRole).toString() : QString();
+    m_project = project;
     clear();
     if (!project)
         return;
@@ -102,8 +123,86 @@ void ProjectTree::showProject(const Core::Project *project)
                        newItem(deviceText(data.device), DeviceItem), design, others});
     addTopLevelItem(root);
     expandAll();
+    spanOtherRows();
+    settleColumns();
+    for (QTreeWidgetItem *item : fileRows()) {
+        if (item->data(0, PathRole).toString() == current && !current.isEmpty())
+            setCurrentItem(item, 0, QItemSelectionModel::NoUpdate);
+    }
     for (QTreeWidgetItem *item : marked)
         item->setSelected(true);
+}
+
+// Only files have a folder; the texts of the other rows go over both columns.
+void ProjectTree::spanOtherRows()
+{
+    for (QTreeWidgetItemIterator row(this); *row; ++row) {
+        if ((*row)->data(0, KindRole).toInt() != FileItem)
+            (*row)->setFirstColumnSpanned(true);
+    }
+}
+
+// The names get what they need, and the folders a third where both have no room.
+void ProjectTree::settleColumns()
+{
+    int names = 0, folders = 0;
+    for (const QTreeWidgetItem *row : fileRows()) {
+        names = qMax(names, visualItemRect(row).left() + sizeHintForIndex(indexFromItem(row, 0)).width());
+        folders = qMax(folders, sizeHintForIndex(indexFromItem(row, 1)).width());
+    }
+    const int whole = viewport()->width();
+    const int first = qMin(names + fontMetrics().averageCharWidth(), whole - qMin(folders, whole / 3));
+    setColumnWidth(0, first);
+    setColumnWidth(1, whole - first);
+}
+
+void ProjectTree::resizeEvent(QResizeEvent *event)
+{
+    QTreeWidget::resizeEvent(event);
+    settleColumns();
+}
+
+QList<QTreeWidgetItem *> ProjectTree::fileRows() const
+{
+    QList<QTreeWidgetItem *> rows;
+    for (QTreeWidgetItemIterator row(const_cast<ProjectTree *>(this)); *row; ++row) {
+        if ((*row)->data(0, KindRole).toInt() == FileItem)
+            rows << *row;
+    }
+    return rows;
+}
+
+void ProjectTree::showView(Core::IView *view)
+{
+    const QString path = view ? view->editedFile().path : QString();
+    for (QTreeWidgetItem *row : path.isEmpty() ? QList<QTreeWidgetItem *>() : fileRows()) {
+        if (QUtil::isSameFile(row->data(0, PathRole).toString(), path))
+            setCurrentItem(row);
+    }
+}
+
+bool ProjectTree::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate && m_project) {
+        const QList<QTreeWidgetItem *> rows = fileRows();
+        const bool isOld = std::any_of(rows.begin(), rows.end(), [](const QTreeWidgetItem *row) {
+            return row->data(0, MissingRole).toBool() == QFileInfo::exists(row->data(0, PathRole).toString());
+        });
+        if (isOld)
+            showProject(m_project);
+    }
+    return QTreeWidget::event(event);
+}
+
+void ProjectTree::paintEvent(QPaintEvent *event)
+{
+    QTreeWidget::paintEvent(event);
+    if (m_project)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
+                     "No project is open.");
 }
 
 QStringList ProjectTree::selectedFiles() const
@@ -140,7 +239,7 @@ QMenu *ProjectTree::createFileMenu()
         return nullptr;
     const QTreeWidgetItem *first = selectedItems().first();
     auto *menu = new QMenu(this);
-    menu->addAction("&Open", this, [this, paths] {
+    QAction *open = menu->addAction("&Open", this, [this, paths] {
         for (const QString &path : paths)
             Q_EMIT fileActivated(path);
     });
@@ -171,7 +270,13 @@ QMenu *ProjectTree::createFileMenu()
         Q_EMIT libraryRequested(paths, name);
     });
     menu->addSeparator();
-    menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
+    QAction *remove =
+        menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
+    // For the eye: the tree hears the keys itself.
+    remove->setShortcut(QKeySequence::Delete);
+    open->setShortcut(Qt::Key_Return);
+    for (QAction *action : {open, remove})
+        action->setShortcutContext(Qt::WidgetShortcut);
     return menu;
 }
 

@@ -150,6 +150,7 @@ bool Workspace::useProject(std::unique_ptr<Core::Project> project)
             Q_EMIT message("The project's file " + QDir::toNativeSeparators(file.path) + " is missing.",
                            true);
     }
+    Q_EMIT projectOpened();
     return true;
 }
 
@@ -227,8 +228,13 @@ void Workspace::lookAtProjectFile()
 
 QString Workspace::chooseProjectFile(const QString &title, const QString &folder) const
 {
-    const QString suffix = QString(".") + Core::projectFileSuffix();
-    QString path = QFileDialog::getSaveFileName(m_window, title, folder, "Projects (*" + suffix + ")");
+    return chooseFile(title, folder, QString(".") + Core::projectFileSuffix(), "Projects");
+}
+
+QString Workspace::chooseFile(const QString &title, const QString &start, const QString &suffix,
+                              const QString &kind) const
+{
+    QString path = QFileDialog::getSaveFileName(m_window, title, start, kind + " (*" + suffix + ")");
     if (path.isEmpty() || path.endsWith(suffix))
         return path;
     // The dialog asked about the name that was typed.
@@ -257,8 +263,11 @@ bool Workspace::mayCloseProject()
 
 bool Workspace::closeProject()
 {
+    if (!mayCloseProject())
+        return false;
+    Q_EMIT closingProject();
     // The views go last: one who stays after all still has them.
-    if (!mayCloseProject() || !Core::ViewManager::instance()->closeAllViews())
+    if (!Core::ViewManager::instance()->closeAllViews())
         return false;
     if (!m_project)
         return true;
@@ -294,11 +303,8 @@ bool Workspace::mayCloseView(Core::IView *view)
     const Core::EditedFile file = view->editedFile();
     const SaveGuard::Answer answer =
         file.isModified ? m_guard.ask(file, SaveGuard::Closing) : SaveGuard::NothingToAsk;
-    if (answer == SaveGuard::Write && alive) {
-        Core::ViewManager::instance()->showView(view);
-        Core::ActionManager::instance()->command(saveCommand)->trigger();
-        return alive && !view->editedFile().isModified;
-    }
+    if (answer == SaveGuard::Write && alive)
+        return saveView(view);
     if (answer == SaveGuard::Otherwise && alive)
         view->parentWidget()->close();
     return answer == SaveGuard::NothingToAsk;

@@ -43,6 +43,13 @@ public:
     // A file for a project that the user chooses, with its suffix; empty when he does not.
     QString chooseProjectFile(const QString &title, const QString &folder) const;
 
+    // Of views. Each asks where something would be lost, and shows the view that it is about.
+    bool saveView(Core::IView *view);
+    bool saveViewAs(Core::IView *view); // asks where to; only for a view that is a Core::IFileEditor
+    bool saveAll();                     // and the project
+    bool reloadViewNow(Core::IView *view);
+    bool checkView(Core::IView *view); // and tells what was found
+
     // Asks what is to be done about a save of this file that did not end. False: it is to be left alone.
     bool settleBackup(const QString &path);
 
@@ -55,6 +62,8 @@ public:
 
 Q_SIGNALS:
     void projectReplaced();                                // another one, or none
+    void projectOpened();                                  // and all is told about it
+    void closingProject();                                 // its views are still there
     void projectChanged();                                 // its contents, its file or its modified mark
     void projectFileChanged(Workbench::ProjectFile state); // on the disk
     void message(const QString &text, bool isError);
@@ -64,6 +73,8 @@ Q_SIGNALS:
 private:
     bool fail(const QString &text);
     bool noteSaved(); // the project
+    QString chooseFile(const QString &title, const QString &start, const QString &suffix,
+                       const QString &kind) const;
     bool mayCloseProject();
     bool mayReplace(const QString &path);
     bool maySaveView();

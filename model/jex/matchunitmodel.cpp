@@ -35,12 +35,15 @@ QVariant valueLook(const MatchUnit &unit, int role)
     if (role == Qt::FontRole) {
         return bitFont();
     }
-    if (role != Qt::ToolTipRole && role != Qt::ForegroundRole) {
+    if (role != Qt::ToolTipRole && role != Qt::ForegroundRole && role != Qt::AccessibleTextRole) {
         return QVariant();
     }
     const QString fault = matchUnitFault(unit);
     if (fault.isEmpty()) {
         return QVariant();
+    }
+    if (role == Qt::AccessibleTextRole) {
+        return matchValueText(unit) + QLatin1String(", ") + fault;
     }
     return role == Qt::ToolTipRole ? QVariant(fault) : QVariant(QBrush(Qt::red));
 }

@@ -1,7 +1,9 @@
 #include <QDir>
 #include <QtTest>
 
+#include "commandline/devicename.h"
 #include "host/designmanager.h"
+#include "model/jex/devicetable.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/commandline.h"
@@ -83,6 +85,46 @@ private Q_SLOTS:
             files.join(' ') + '|' + data.topModule + '|' + data.device.device + '|' + rest.join(' ');
         QCOMPARE(faults.isEmpty() ? found : faults.join('\n'), expected.replace("%1", here.path()));
         QVERIFY(!project.isModified());
+    }
+
+    // A part whose package nobody knows has the figures of its die.
+    void devicesByName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("found"); // device, part number and package
+        QTest::addColumn<QString>("hint");
+        const auto row = [](const char *name, const char *found, const char *hint) {
+            QTest::newRow(name) << QString(name) << QString(found) << QString(hint);
+        };
+        row("LFE5U-25F-6BG256C", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
+        row("lfe5u-25f", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
+        row("LFE5U-25F-7BG381I", "LFE5U-25F LFE5U-25F-7BG381I ", "");
+        row("iCE40HX8K-CB132", "iCE40HX8K iCE40HX8K-CB132 ", "");
+        row("EP4CE115F23", "EP4CE115 EP4CE115F23 ", "");
+        row("EP4CE1", "", "EP4CE15"); // of no die, though one begins like it
+        row("EP4CE159", "", "EP4CE15");
+        row("LFE5U-26F", "", "LFE5U-25F");
+        row("ICE40HX8", "", "iCE40HX8K");
+        row("a pear", "", "-");
+        row("", "", "-");
+    }
+
+    void devicesByName()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, found);
+        QFETCH(QString, hint);
+        DEV::DeviceArg device;
+        const bool isKnown = CommandLine::findDevice(name, device);
+        QCOMPARE(isKnown, !found.isEmpty());
+        if (isKnown)
+            QCOMPARE(device.device + ' ' + device.partNumber + ' ' + device.package, found);
+        else if (hint == "-")
+            QCOMPARE(CommandLine::deviceHint(name), QString());
+        else
+            QVERIFY2(CommandLine::deviceHint(name).contains(hint), qPrintable(CommandLine::deviceHint(name)));
+        if (isKnown)
+            QVERIFY(JEX_TOOL::findDevice(device.series, device.device));
     }
 
 private:

@@ -23,7 +23,7 @@
 #include "workbench/messagepane.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projecttree.h"
-#include "workbench/recentprojects.h"
+#include "workbench/recentlist.h"
 #include "workbench/stringlistedit.h"
 #include "workbench/workspace.h"
 
@@ -127,7 +127,7 @@ private Q_SLOTS:
         const QString messages = m_window->findChild<MessagePane *>()->toPlainText();
         QVERIFY(messages.contains("Opened the project " + m_dir->filePath("demo.jexprj")));
         QVERIFY(messages.contains("The project's file " + m_dir->filePath("gone.sv") + " is missing."));
-        QCOMPARE(recentProjects(m_settings.get()), QStringList(m_dir->filePath("demo.jexprj")));
+        QCOMPARE(recentProjects(m_settings.get()).paths(), QStringList(m_dir->filePath("demo.jexprj")));
     }
 
     void filesOfTheTree()
@@ -282,7 +282,7 @@ private Q_SLOTS:
         const QString messages = m_window->findChild<MessagePane *>()->toPlainText();
         QVERIFY(messages.contains("Read the project " + path + ". Save Project As"));
         QVERIFY(messages.contains("Not understood, and left out: \"hooks\"."));
-        QCOMPARE(recentProjects(m_settings.get()), QStringList(path));
+        QCOMPARE(recentProjects(m_settings.get()).paths(), QStringList(path));
         const QString own = m_dir->filePath("own");
         ModalDriver driver;
         driver.then([own](QDialog *dialog) {
@@ -317,11 +317,11 @@ private Q_SLOTS:
     void recentProjectsAreTheLatestTen()
     {
         for (int i = 0; i < 12; ++i)
-            addRecentProject(m_settings.get(), QString::number(i));
-        addRecentProject(m_settings.get(), "5");
-        removeRecentProject(m_settings.get(), "4");
-        QCOMPARE(recentProjects(m_settings.get()).join(' '), QString("5 11 10 9 8 7 6 3 2"));
-        QVERIFY(recentProjects(nullptr).isEmpty());
+            recentProjects(m_settings.get()).add(QString::number(i));
+        recentProjects(m_settings.get()).add("5");
+        recentProjects(m_settings.get()).remove("4");
+        QCOMPARE(recentProjects(m_settings.get()).paths().join(' '), QString("5 11 10 9 8 7 6 3 2"));
+        QVERIFY(recentProjects(nullptr).paths().isEmpty());
     }
 
 private:

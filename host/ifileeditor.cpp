@@ -1,0 +1,7 @@
+#include "host/ifileeditor.h"
+
+namespace Core {
+
+IFileEditor::~IFileEditor() = default;
+
+} // namespace Core

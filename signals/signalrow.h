@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QTreeWidgetItem>
+
+namespace RTLJEX {
+
+// A row that says in words, by tool tip and to screen readers, what its colour means.
+class SignalRow : public QTreeWidgetItem
+{
+public:
+    explicit SignalRow(int type) : QTreeWidgetItem(type) {}
+
+    QVariant data(int column, int role) const override;
+};
+
+} // namespace RTLJEX

@@ -1,0 +1,337 @@
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "host/ifileeditor.h"
+#include "host/viewmanager.h"
+#include "plugin/jexviewmanager.h"
+#include "tests/support/modaldriver.h"
+#include "tests/support/workspace.h"
+#include "workbench/devicedialog.h"
+#include "workbench/mainwindow.h"
+#include "workbench/projecttree.h"
+#include "workbench/windowmemory.h"
+#include "workbench/workspace.h"
+
+namespace {
+
+ModalDriver::Step choosing(const QString &path)
+{
+    return [path](QDialog *dialog) {
+        qobject_cast<QFileDialog *>(dialog)->selectFile(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+    };
+}
+
+ModalDriver::Step pressing(const QString &text)
+{
+    return [text](QDialog *dialog) {
+        for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
+            if (button->text().remove('&') == text)
+                return button->click();
+        }
+        dialog->reject();
+    };
+}
+
+} // namespace
+
+// What the File menu does with the real editors, and what is there again at the next start.
+class FilesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        RTLJEX::JexViewManager::instance()->initialize();
+    }
+    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
+
+    void init()
+    {
+        m_user.seen.clear();
+        m_dir.reset(new Folder);
+        m_dir->write("rtl/top.v", counterDesign);
+        {
+            const Workspace work;
+            for (const char *name : {"a.zub", "b.zub"})
+                m_dir->write(name, contents(work.writeConfig(JEX::StandardMode, name, 2)));
+        }
+        m_project = m_dir->write("p.jexprj", R"({"version": 1, "name": "p", "topModule": "top", "files": [
+            {"path": "rtl/top.v"}, {"path": "a.zub"}, {"path": "b.zub"}]})");
+        m_settings.reset(new QSettings(m_dir->path("settings"), QSettings::IniFormat));
+        start();
+    }
+    void cleanup() { m_window.reset(); }
+
+    void saveAsMovesTheEditor()
+    {
+        const QByteArray before = m_dir->read("a.zub");
+        m_workspace->openFile(m_dir->path("a.zub"));
+        edit();
+        m_user.then(choosing(m_dir->path("new.zub")));
+        trigger("saveAs");
+        QCOMPARE(m_dir->read("a.zub"), before);
+        QVERIFY(m_dir->read("new.zub") != before);
+        QCOMPARE(view()->editedFile().path, m_dir->path("new.zub"));
+        QVERIFY(!view()->editedFile().isModified);
+        QVERIFY(m_workspace->project()->data().files.last().path == m_dir->path("new.zub"));
+        // The editor listens to the new file and no longer to the old one.
+        m_dir->write("a.zub", "");
+        QTest::qWait(900);
+        QVERIFY(!banner());
+        m_dir->write("new.zub", before);
+        QTRY_VERIFY(banner());
+    }
+
+    void saveAsThatFailsLeavesTheFile_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("open elsewhere") << "b.zub"
+                                        << "b.zub is open in another tab. Close that first.";
+        QTest::newRow("no file") << "pipe.zub"
+                                 << "it is a named pipe, not a regular file.";
+        QTest::newRow("no such folder") << "none/c.zub"
+                                        << "Can not save to";
+    }
+
+    void saveAsThatFailsLeavesTheFile()
+    {
+        QFETCH(QString, target);
+        QFETCH(QString, told);
+        const QByteArray before = m_dir->read("b.zub");
+        QCOMPARE(mkfifo(m_dir->path("pipe.zub").toLocal8Bit().constData(), 0600), 0);
+        m_workspace->openFile(m_dir->path("b.zub"));
+        m_workspace->openFile(m_dir->path("a.zub"));
+        edit();
+        if (target == "none/c.zub") {
+            // The folder goes while the dialog is open.
+            QDir(m_dir->path()).mkdir("none");
+            m_user.then([this](QDialog *dialog) {
+                qobject_cast<QFileDialog *>(dialog)->selectFile(m_dir->path("none/c.zub"));
+                QDir(m_dir->path()).rmdir("none");
+                QMetaObject::invokeMethod(dialog, "accept");
+            });
+        } else {
+            m_user.then(choosing(m_dir->path(target)));
+            m_user.press(QMessageBox::Yes);
+        }
+        m_user.press(QMessageBox::Ok);
+        trigger("saveAs");
+        QVERIFY2(m_user.seen.join('\n').contains(told), qPrintable(m_user.seen.join('\n')));
+        QCOMPARE(view()->editedFile().path, m_dir->path("a.zub"));
+        QVERIFY(view()->editedFile().isModified);
+        QCOMPARE(m_dir->read("b.zub"), before);
+    }
+
+    // A file with two names would lose one of them.
+    void saveAsAsksBeforeALoss()
+    {
+        QCOMPARE(link(m_dir->path("b.zub").toLocal8Bit().constData(),
+                      m_dir->path("c.zub").toLocal8Bit().constData()),
+                 0);
+        const QByteArray before = m_dir->read("c.zub");
+        m_workspace->openFile(m_dir->path("a.zub"));
+        edit();
+        m_user.then(choosing(m_dir->path("c.zub")));
+        m_user.press(QMessageBox::Yes);
+        m_user.then(pressing("Cancel"));
+        trigger("saveAs");
+        QVERIFY2(m_user.seen.last().contains("it has 2 names (hard links)"),
+                 qPrintable(m_user.seen.join('\n')));
+        QCOMPARE(m_dir->read("c.zub"), before);
+        QCOMPARE(view()->editedFile().path, m_dir->path("a.zub"));
+    }
+
+    void saveAllAndCloseAll()
+    {
+        for (const char *name : {"a.zub", "b.zub"}) {
+            m_workspace->openFile(m_dir->path(name));
+            edit();
+        }
+        const QByteArray before = m_dir->read("a.zub");
+        m_workspace->project()->setOption("Defines", QStringList("X"));
+        trigger("saveAll");
+        for (const Core::IView *open : Core::ViewManager::instance()->views())
+            QVERIFY(!open->editedFile().isModified);
+        QVERIFY(m_dir->read("a.zub") != before);
+        QVERIFY(m_dir->read("p.jexprj").contains("\"X\""));
+        QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
+        trigger("closeAll");
+        QVERIFY(Core::ViewManager::instance()->views().isEmpty());
+    }
+
+    // What is shown counts, and nothing of it is written or stored.
+    void checkSavesNothing()
+    {
+        const QByteArray before = m_dir->read("a.zub");
+        m_workspace->openFile(m_dir->path("a.zub"));
+        trigger("check");
+        QVERIFY(said("a.zub: The check found nothing."));
+        view()->findChild<QLineEdit *>("editSampleClock")->setText("top/gone");
+        m_messages.clear();
+        trigger("check");
+        QCOMPARE(m_messages.size(), 2);
+        QCOMPARE(m_messages.last(), QString("a.zub: The check found this, in all: 1"));
+        QCOMPARE(m_dir->read("a.zub"), before);
+        QVERIFY(view()->editedFile().isModified);
+        m_user.press(QMessageBox::Ok); // a save finds the same
+        m_workspace->saveView(view());
+        const QString told = m_messages.first().mid(QString("a.zub: ").size());
+        QVERIFY(told.size() > 10);
+        QVERIFY2(m_user.seen.first().contains(told), qPrintable(m_user.seen.first()));
+    }
+
+    void reloadAsksForEdits()
+    {
+        m_workspace->openFile(m_dir->path("a.zub"));
+        edit();
+        m_user.then(pressing("Cancel"));
+        trigger("reload");
+        QCOMPARE(view()->findChild<QLineEdit *>("editSampleClock")->text(), QString("top/d[0]"));
+        m_user.then(pressing("Reload"));
+        trigger("reload");
+        QCOMPARE(view()->findChild<QLineEdit *>("editSampleClock")->text(), QString("top/clk"));
+    }
+
+    void sessionComesBack()
+    {
+        for (const char *name : {"b.zub", "a.zub"})
+            m_workspace->openFile(m_dir->path(name));
+        view()->findChild<QStackedWidget *>("stackedWidget")->setCurrentIndex(0);
+        dynamic_cast<Core::IFileEditor *>(view())->showPlace("core 1 tab 1");
+        m_workspace->openFile(m_dir->path("b.zub"));
+        QVERIFY(m_window->close());
+        start();
+        QCOMPARE(Core::ViewManager::instance()->views().size(), 2);
+        QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
+        const auto *other = dynamic_cast<Core::IFileEditor *>(Core::ViewManager::instance()->views().last());
+        QCOMPARE(other->shownPlace(), QString("core 1 tab 1"));
+        // What is gone is left out without a word.
+        QVERIFY(m_window->close());
+        QFile::remove(m_dir->path("b.zub"));
+        start();
+        QCOMPARE(Core::ViewManager::instance()->views().size(), 1);
+        QCOMPARE(m_user.seen, QStringList());
+    }
+
+    void placesOfStrangersAreLeftAlone()
+    {
+        m_workspace->openFile(m_dir->path("a.zub"));
+        auto *editor = dynamic_cast<Core::IFileEditor *>(view());
+        editor->showPlace("core 1 tab 1");
+        for (const char *place :
+             {"", "core 7 tab 0", "core 99999999999 tab 1", "core -1 tab 0", "core 1 tab 2"})
+            editor->showPlace(place);
+        QCOMPARE(editor->shownPlace(), QString("core 1 tab 1"));
+    }
+
+    void treeFollowsTheTabAndTheDisk()
+    {
+        auto *tree = m_window->findChild<Workbench::ProjectTree *>();
+        m_workspace->openFile(m_dir->path("a.zub"));
+        QCOMPARE(tree->currentItem()->text(0), QString("a.zub"));
+        m_workspace->openFile(m_dir->path("b.zub"));
+        QCOMPARE(tree->currentItem()->text(0), QString("b.zub"));
+        QTreeWidgetItem *source = tree->findItems("top.v", Qt::MatchRecursive).value(0);
+        QVERIFY(source);
+        QCOMPARE(source->text(1), QString("rtl"));
+        QFile::remove(m_dir->path("rtl/top.v"));
+        QEvent activation(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(tree, &activation);
+        QCOMPARE(tree->findItems("top.v (missing)", Qt::MatchRecursive).size(), 1);
+        QCOMPARE(tree->currentItem()->text(0), QString("b.zub"));
+    }
+
+    void droppedFiles()
+    {
+        m_dir->write("more.v", "module more; endmodule");
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(m_dir->path("more.v")), QUrl::fromLocalFile(m_dir->path("a.zub")),
+                      QUrl("http://example.org/b.zub")});
+        QDragEnterEvent entry(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_window.get(), &entry);
+        QVERIFY(entry.isAccepted());
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_window.get(), &drop);
+        QVERIFY(drop.isAccepted());
+        QTRY_COMPARE(Core::ViewManager::instance()->views().size(), 1);
+        QCOMPARE(m_workspace->project()->data().files.last().path, m_dir->path("more.v"));
+        QMimeData text;
+        text.setText("a.zub");
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(m_window.get(), &enter);
+        QVERIFY(!enter.isAccepted());
+    }
+
+    void windowsKeepTheirSize()
+    {
+        const DEV::DeviceArg none;
+        {
+            Workbench::DeviceDialog dialog(none, m_window.get());
+            dialog.show();
+            dialog.resize(611, 333);
+            dialog.findChild<QTreeWidget *>()->setColumnWidth(1, 171);
+        }
+        Workbench::DeviceDialog again(none, m_window.get());
+        QCOMPARE(again.size(), QSize(611, 333));
+        QCOMPARE(again.findChild<QTreeWidget *>()->columnWidth(1), 171);
+    }
+
+private:
+    void start()
+    {
+        m_window.reset(); // before the next one takes the tabs
+        m_window.reset(new Workbench::MainWindow(m_settings.get()));
+        m_window->show();
+        m_workspace = m_window->workspace();
+        m_messages.clear();
+        connect(m_workspace, &Workbench::Workspace::message, this,
+                [this](const QString &text) { m_messages << text; });
+        QVERIFY(m_workspace->openProject(m_project));
+    }
+
+    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
+    static QWidget *banner() { return view()->findChild<QWidget *>("RTLJEX__ReloadBanner"); }
+
+    void edit()
+    {
+        QLineEdit *clock = view()->findChild<QLineEdit *>("editSampleClock");
+        clock->setText(clock->text() == "top/clk" ? "top/d[0]" : "top/clk");
+        QVERIFY(view()->editedFile().isModified);
+    }
+
+    void trigger(const char *name)
+    {
+        auto *action = m_window->menuBar()->findChild<QAction *>(name);
+        QVERIFY2(action && action->isEnabled(), name);
+        action->trigger();
+    }
+
+    bool said(const QString &text) const { return !m_messages.filter(text).isEmpty(); }
+
+    ModalDriver m_user;
+    QStringList m_messages;
+    std::unique_ptr<Folder> m_dir;
+    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<Workbench::MainWindow> m_window;
+    Workbench::Workspace *m_workspace = nullptr;
+    QString m_project;
+};
+
+QTEST_MAIN(FilesTest)
+#include "tst_files.moc"

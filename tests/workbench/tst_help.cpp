@@ -1,0 +1,145 @@
+#include <QDialog>
+#include <QDir>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QTimer>
+#include <QtTest>
+
+#include "model/jex/core.h"
+#include "options/captureoptionwidget.h"
+#include "options/litecaptureoptionwidget.h"
+#include "workbench/guidewindow.h"
+#include "workbench/helptopics.h"
+#include "workbench/icons.h"
+#include "workbench/mainwindow.h"
+
+using namespace Workbench;
+
+class HelpTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // No page is there that nothing leads to, and no link leads nowhere.
+    void pagesHangTogether()
+    {
+        const QRegularExpression link("\\]\\(([^)]+)\\)");
+        QStringList open = helpTopics(), seen;
+        while (!open.isEmpty()) {
+            const QString topic = open.takeFirst();
+            if (seen.contains(topic))
+                continue;
+            seen << topic;
+            const QString text = guidePage(topic);
+            QVERIFY2(text.startsWith("# "), qPrintable(topic));
+            for (auto links = link.globalMatch(text); links.hasNext();) {
+                const QString target = links.next().captured(1);
+                QVERIFY2(target.endsWith(".md"), qPrintable(topic + ": " + target));
+                open << target.chopped(3);
+            }
+        }
+        QStringList files = QDir(GUIDE).entryList({"*.md"});
+        for (QString &file : files)
+            file.chop(3);
+        seen.sort();
+        QCOMPARE(seen, files);
+        for (const char *name : {"", "../index", "nothing", "Index"})
+            QVERIFY(guidePage(name).isEmpty());
+    }
+
+    // The menus that the pages send the user to are there.
+    void pagesNameRealMenus()
+    {
+        MainWindow window(nullptr);
+        QStringList entries;
+        for (const QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
+            for (QAction *action : menu->actions())
+                entries << menu->title().remove('&') + " > " + action->text().remove('&').remove("...");
+        }
+        const QRegularExpression path("\\*\\*((?:File|Edit|Project|Run|View|Help) > [^*]+)\\*\\*");
+        int found = 0;
+        for (const QString &topic : helpTopics()) {
+            const QString text = guidePage(topic).replace('\n', ' ');
+            for (auto paths = path.globalMatch(text); paths.hasNext(); ++found) {
+                const QString entry = paths.next().captured(1);
+                QVERIFY2(entries.contains(entry), qPrintable(topic + ": " + entry));
+            }
+        }
+        QVERIFY(found > 5);
+    }
+
+    // Whatever the desktop has, the set has them all.
+    void entriesHaveIcons()
+    {
+        chooseIcons();
+        MainWindow window(nullptr);
+        QVERIFY(!window.windowIcon().isNull());
+        QStringList plain;
+        for (const QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
+            for (const QAction *action : menu->actions()) {
+                if (!action->isSeparator() && !action->isCheckable() &&
+                    action->icon().availableSizes().isEmpty())
+                    plain << action->text().remove('&');
+            }
+        }
+        QCOMPARE(plain, QStringList("Tool Memory..."));
+    }
+
+    void topicOfAWidget()
+    {
+        JEX::AoCore core(0);
+        RTLJEX::CaptureOptionWidget page(&core, nullptr, nullptr);
+        auto *clock = page.findChild<QLineEdit *>("editSampleClock");
+        QCOMPARE(helpTopic(clock), QString("capture"));
+        QCOMPARE(helpTopic(nullptr), QString("index"));
+        clock->setProperty("helpTopic", "search");
+        QCOMPARE(helpTopic(clock), QString("search"));
+    }
+
+    // A dialog that waits blocks all windows that are not its own.
+    void f1BesideADialog()
+    {
+        MainWindow window(nullptr);
+        window.show();
+        QDialog dialog(&window);
+        dialog.setProperty("helpTopic", "project");
+        auto *field = new QLineEdit(&dialog);
+        QString topic;
+        QTimer::singleShot(0, &dialog, [&] {
+            QTest::keyClick(field, Qt::Key_F1);
+            if (auto *guide = dialog.findChild<GuideWindow *>()) {
+                topic = guide->topic();
+                QTest::keyClick(guide, Qt::Key_F1);
+                topic += ' ' + guide->topic();
+            }
+            dialog.reject();
+        });
+        dialog.exec();
+        QCOMPARE(topic, QString("project index"));
+    }
+
+    // Every option of the pages on which a capture is set up.
+    void fieldsAreExplained()
+    {
+        JEX::AoCore core(0);
+        JEX::AOCore_Lite lite;
+        RTLJEX::CaptureOptionWidget standardPage(&core, nullptr, nullptr);
+        RTLJEX::LiteCaptureOptionWidget litePage(&lite, nullptr, nullptr);
+        QStringList silent;
+        for (const QWidget *page :
+             {static_cast<QWidget *>(&standardPage), static_cast<QWidget *>(&litePage)}) {
+            for (const char *kind :
+                 {"QComboBox", "QAbstractSpinBox", "QCheckBox", "QRadioButton", "QTreeWidget"}) {
+                for (const QWidget *field : page->findChildren<QWidget *>()) {
+                    if (field->inherits(kind) && field->whatsThis().isEmpty())
+                        silent << field->objectName();
+                }
+            }
+        }
+        QCOMPARE(silent, QStringList());
+    }
+};
+
+QTEST_MAIN(HelpTest)
+#include "tst_help.moc"

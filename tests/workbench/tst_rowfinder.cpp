@@ -1,0 +1,120 @@
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "host/ifileeditor.h"
+#include "host/viewmanager.h"
+#include "plugin/jexviewmanager.h"
+#include "tests/support/workspace.h"
+#include "workbench/mainwindow.h"
+#include "workbench/rowfinder.h"
+#include "workbench/workspace.h"
+
+// Ctrl+F over the capture list of a real editor.
+class RowFinderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        RTLJEX::JexViewManager::instance()->initialize();
+        m_dir.write("top.v", counterDesign);
+        JEX::AoCore core(0);
+        core.captureSignals << signalFromText("s:top/clk=Takt")
+                            << signalFromText("b:top/q[1:0]{top/q[1],top/q[0]}")
+                            << signalFromText("b:top/d[0]");
+        QList<JEX::AoCore *> cores = {&core};
+        QVERIFY(JEX::writeJEXConfigToXml(cores, m_dir.path("a.zub")));
+        const QString project = m_dir.write(
+            "p.jexprj", R"({"version": 1, "name": "p", "files": [{"path": "top.v"}, {"path": "a.zub"}]})");
+        m_window.reset(new Workbench::MainWindow(nullptr));
+        m_window->show();
+        QVERIFY(m_window->workspace()->openProject(project));
+        QVERIFY(!action("Find...")->isEnabled());
+        QVERIFY(m_window->workspace()->openFile(m_dir.path("a.zub")));
+        m_view = Core::ViewManager::instance()->currentView();
+        dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 1");
+        m_list = m_view->findChild<QTreeWidget *>("treeWidgetCapSigs");
+    }
+    void cleanupTestCase()
+    {
+        m_window.reset();
+        RTLJEX::JexViewManager::instance()->deinit();
+    }
+
+    void findsRows()
+    {
+        action("Find...")->trigger();
+        auto *finder = m_window->findChild<Workbench::RowFinder *>();
+        auto *text = finder->findChild<QLineEdit *>("findRow");
+        auto *result = finder->findChild<QLabel *>("findRowResult");
+        QVERIFY(finder->isVisible());
+        QTest::keyClicks(text, "TOP/Q");
+        QCOMPARE(m_list->currentItem()->text(0) + ' ' + result->text(), QString("top/q[1:0] 1 of 3"));
+        QTest::keyClick(text, Qt::Key_Return);
+        QCOMPARE(m_list->currentItem()->text(0), QString("top/q[1]"));
+        QVERIFY(m_list->topLevelItem(1)->isExpanded());
+        action("Find Previous")->trigger();
+        action("Find Previous")->trigger(); // around the end
+        QCOMPARE(m_list->currentItem()->text(0) + ' ' + result->text(), QString("top/q[0] 3 of 3"));
+        text->clear();
+        QTest::keyClicks(text, "clk"); // of the row that is shown as Takt
+        QCOMPARE(m_list->currentItem()->text(0), QString("Takt"));
+        QTest::keyClicks(text, "nowhere");
+        QCOMPARE(result->text(), QString("Not found"));
+        QCOMPARE(m_list->currentItem()->text(0), QString("Takt"));
+        QTest::keyClick(text, Qt::Key_Escape);
+        QVERIFY(!finder->isVisible());
+        QVERIFY(!m_view->editedFile().isModified);
+    }
+
+    // Not the list of cores, which is the larger one beside the trigger ports.
+    void findsOnThePageInFront()
+    {
+        dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 0");
+        m_view->findChild<QTreeWidget *>("treeWidget")->setFocus();
+        action("Find...")->trigger();
+        auto *text = m_window->findChild<QLineEdit *>("findRow");
+        text->clear();
+        QTest::keyClicks(text, "port 11");
+        QCOMPARE(m_view->findChild<QTreeWidget *>("treeTrigger")->currentItem()->text(0),
+                 QString("Trigger Port 11"));
+        dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 1");
+    }
+
+    void theListMayGo()
+    {
+        action("Find...")->trigger();
+        auto *text = m_window->findChild<QLineEdit *>("findRow");
+        text->clear();
+        QTest::keyClicks(text, "top");
+        QVERIFY(m_view->reloadFile()); // makes its pages anew
+        QTest::keyClick(text, Qt::Key_Return);
+        Core::ViewManager::instance()->closeAllViews();
+        QTest::keyClick(text, Qt::Key_Return);
+        QVERIFY(!action("Find...")->isEnabled());
+    }
+
+private:
+    QAction *action(const QString &text)
+    {
+        for (QAction *action : m_window->menuBar()->findChildren<QAction *>()) {
+            if (action->text().remove('&') == text)
+                return action;
+        }
+        qFatal("no action %s", qPrintable(text));
+    }
+
+    Folder m_dir;
+    std::unique_ptr<Workbench::MainWindow> m_window;
+    Core::IView *m_view = nullptr;
+    QTreeWidget *m_list = nullptr;
+};
+
+QTEST_MAIN(RowFinderTest)
+#include "tst_rowfinder.moc"

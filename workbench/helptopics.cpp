@@ -1,0 +1,75 @@
+#include "workbench/helptopics.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QWidget>
+
+static void initializeResources()
+{
+    Q_INIT_RESOURCE(workbench);
+}
+
+namespace Workbench {
+namespace {
+
+const char *const noTopic = "index";
+
+// Windows and pages of the editor, which knows of no guide, and of the workbench.
+const struct
+{
+    const char *className;
+    const char *topic;
+} topics[] = {
+    {"JEX::MatchUnitDialog", "trigger"},         {"RTLJEX::CaptureOptionWidget", "capture"},
+    {"RTLJEX::JexSignalSelectDialog", "search"}, {"RTLJEX::JexWizard", "new"},
+    {"RTLJEX::LiteCaptureOptionWidget", "lite"}, {"RTLJEX::MessageDlg", "messages"},
+    {"RTLJEX::MuExpressionDialog", "trigger"},   {"RTLJEX::TriggerOptionWidget", "trigger"},
+    {"RTLJEX::TriggerPortDialog", "trigger"},    {"RTLJEX::TriggerSingalSelectDialog", "capture"},
+    {"Workbench::DeviceDialog", "project"},      {"Workbench::MainWindow", "window"},
+    {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
+    {"Workbench::OptionsDialog", "project"},     {"Workbench::ProjectTree", "project"},
+};
+
+QString ownTopic(const QWidget *widget)
+{
+    const QString said = widget->property("helpTopic").toString();
+    if (!said.isEmpty())
+        return said;
+    for (const auto &entry : topics) {
+        if (widget->inherits(entry.className))
+            return entry.topic;
+    }
+    return QString();
+}
+
+} // namespace
+
+QString helpTopic(const QWidget *widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        const QString topic = ownTopic(widget);
+        if (!topic.isEmpty())
+            return topic;
+    }
+    return noTopic;
+}
+
+QStringList helpTopics()
+{
+    QStringList all = {noTopic};
+    for (const auto &entry : topics)
+        all << entry.topic;
+    all.removeDuplicates();
+    return all;
+}
+
+QString guidePage(const QString &topic)
+{
+    initializeResources();
+    if (!QRegularExpression("^[a-z]+$").match(topic).hasMatch())
+        return QString();
+    QFile file(":/workbench/guide/" + topic + ".md");
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+} // namespace Workbench

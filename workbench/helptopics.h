@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace Workbench {
+
+// The page of the guide that is about this widget, "trigger": what the nearest widget around it says of
+// itself by its property "helpTopic", or else by its class. "index" where none does.
+QString helpTopic(const QWidget *widget);
+
+// All that the above can give of itself.
+QStringList helpTopics();
+
+// The page's text in Markdown; empty for one that there is not.
+QString guidePage(const QString &topic);
+
+} // namespace Workbench
