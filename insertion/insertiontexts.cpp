@@ -109,17 +109,13 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
                      const JEX_TOOL::Device *device)
 {
-    const JEX::Implementation implementation = JEX::implementationOf(
-        core.standard ? core.standard->captureImplementation : core.lite->implementation);
-    const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
+    const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(core.implementation);
     QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
-                   " bits, " + QString::number(depth) + " samples in " +
-                   JEX::implementationName(implementation);
+                   " bits, " + QString::number(core.depth) + " samples in " + resource.name;
     if (!device)
         return line;
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
-        *device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
-    const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(implementation);
+        *device->family, core.implementation, layout.dataWidth, core.depth, core.standard != nullptr);
     return line + ", by estimate " + QString::number(need.required) + ' ' +
            (need.required == 1 ? resource.one : resource.many);
 }
@@ -239,7 +235,7 @@ QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer,
     QStringList lines;
     for (const Analyzer::Core &core : analyzer.cores()) {
         const Tap &clock = analyzer.taps().taps().at(core.clock.tap);
-        const qint32 edge = core.core.standard ? core.core.standard->sampleEdge : core.core.lite->sampleEdge;
+        const qint32 edge = core.core.edge;
         lines << resourceLine(core.core, core.module.layout, options.device)
               << "    samples at the " + QString(edge == JEX::FallingEdge ? "falling" : "rising") +
                      " edge of " + bitName(clock, core.clock);
