@@ -4,13 +4,12 @@
 
 class QComboBox;
 class QLineEdit;
+class QTabWidget;
 namespace Core {
 class Project;
 }
 
 namespace Workbench {
-
-class StringListEdit;
 
 // The options of a project. Accepting sets those that differ, each as one change of the project.
 class OptionsDialog : public QDialog
@@ -23,18 +22,11 @@ public:
     void accept() override;
 
 private:
-    StringListEdit *addList(const QString &objectName, const QStringList &values);
-
     Core::Project *m_project; // not owned; open as long as the dialog
     QLineEdit *m_top;
     QComboBox *m_standard;
     QComboBox *m_tool;
-    StringListEdit *m_includePaths;
-    StringListEdit *m_libraryPaths;
-    StringListEdit *m_librarySuffixes;
-    StringListEdit *m_defines;
-    StringListEdit *m_undefines;
-    StringListEdit *m_parameters;
+    QTabWidget *m_lists; // a StringListEdit for each option that is a list, under its key
 };
 
 } // namespace Workbench
