@@ -19,6 +19,26 @@ AnyCore anyCore(Core *core)
     any.topModule = &core->topModuleName;
     any.signalRows = &core->captureSignals;
     any.enabledRows = &core->enabledCaptureSignals;
+    any.edge = core->sampleEdge;
+    return any;
+}
+
+AnyCore anyCoreOf(JEX::AoCore *core)
+{
+    AnyCore any = anyCore(core);
+    any.ports = core->triggerPorts;
+    any.depth = core->storageSize;
+    any.implementation = JEX::implementationOf(core->captureImplementation);
+    any.standard = core;
+    return any;
+}
+
+AnyCore anyCoreOf(JEX::AOCore_Lite *core)
+{
+    AnyCore any = anyCore(core);
+    any.depth = core->captureAmount;
+    any.implementation = JEX::implementationOf(core->implementation);
+    any.lite = core;
     return any;
 }
 
@@ -140,14 +160,10 @@ QString Configuration::modeName() const
 QList<AnyCore> Configuration::cores() const
 {
     QList<AnyCore> cores;
-    for (JEX::AoCore *core : m_standard) {
-        cores << anyCore(core);
-        cores.last().standard = core;
-    }
-    for (JEX::AOCore_Lite *core : m_lite) {
-        cores << anyCore(core);
-        cores.last().lite = core;
-    }
+    for (JEX::AoCore *core : m_standard)
+        cores << anyCoreOf(core);
+    for (JEX::AOCore_Lite *core : m_lite)
+        cores << anyCoreOf(core);
     return cores;
 }
 

@@ -12,14 +12,26 @@
 
 namespace RTLJEX {
 
-// A core of either mode: what both have. Points into the configuration.
+// A core of either mode: what both have, and the core itself for who visits it. Points into the
+// configuration.
 struct AnyCore
 {
+    // Calls visitor(core), which has an overload for each mode or is a template.
+    template <class Visitor>
+    auto visit(Visitor visitor) const
+    {
+        return standard ? visitor(*standard) : visitor(*lite);
+    }
+
     int number = 0;
     QString *clock = nullptr;
     QString *topModule = nullptr;
     QList<JEX::SignalItem> *signalRows = nullptr;
     QList<JEX::SignalItem> *enabledRows = nullptr;
+    QList<JEX::TriggerPort *> ports;                            // none in a Lite file
+    int depth = 0;                                              // samples that are stored
+    JEX::Implementation implementation = JEX::NoImplementation; // of what the samples are stored in
+    qint32 edge = JEX::RisingEdge;
     JEX::AoCore *standard = nullptr;  // null in a Lite file
     JEX::AOCore_Lite *lite = nullptr; // null in a Standard file
 };

@@ -167,10 +167,8 @@ Renaming::Changes Renaming::apply(Configuration &configuration) const
         walk.rename(*core.clock);
         if (*core.topModule == m_from)
             *core.topModule = m_to;
-        if (core.standard) {
-            for (JEX::TriggerPort *port : core.standard->triggerPorts)
-                walk.rename(port->signalItems);
-        }
+        for (JEX::TriggerPort *port : core.ports)
+            walk.rename(port->signalItems);
         walk.rename(*core.signalRows);
         walk.rename(*core.enabledRows);
     }
@@ -193,10 +191,8 @@ QStringList brokenRows(const Configuration &configuration)
     QStringList broken;
     for (const AnyCore &core : configuration.cores()) {
         addBroken(*core.signalRows, broken);
-        if (core.standard) {
-            for (const JEX::TriggerPort *port : core.standard->triggerPorts)
-                addBroken(port->signalItems, broken);
-        }
+        for (const JEX::TriggerPort *port : core.ports)
+            addBroken(port->signalItems, broken);
     }
     return broken;
 }

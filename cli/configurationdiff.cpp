@@ -105,25 +105,15 @@ private:
 
     void compareCores(const RTLJEX::AnyCore &a, const RTLJEX::AnyCore &b)
     {
-        compareCoreFields(a, b);
+        a.visit([&](const auto &older) {
+            b.visit([&](const auto &newer) { compareFields(QString(), older, newer); });
+        });
         if (a.standard && b.standard)
             compareTriggers(*a.standard, *b.standard);
         compareRows("capture", *a.signalRows, *b.signalRows);
         // What is captured follows from the rows, in every file that an editor wrote.
         if (!areCapturedRows(a) || !areCapturedRows(b))
             compareRows("captured", *a.enabledRows, *b.enabledRows);
-    }
-
-    void compareCoreFields(const RTLJEX::AnyCore &a, const RTLJEX::AnyCore &b)
-    {
-        if (a.standard && b.standard)
-            compareFields(QString(), *a.standard, *b.standard);
-        else if (a.standard)
-            compareFields(QString(), *a.standard, *b.lite);
-        else if (b.standard)
-            compareFields(QString(), *a.lite, *b.standard);
-        else
-            compareFields(QString(), *a.lite, *b.lite);
     }
 
     // What a user set comes first. What only one of two modes has is not worth a line beside the mode.

@@ -27,16 +27,14 @@ CaptureNeeds::CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &
     for (const JEX::SignalItem &item : *core.signalRows)
         signalCount += RTLJEX::captureBits(item);
     adjusted = core.standard;
-    depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
-    const JEX::Implementation chosen = JEX::implementationOf(
-        core.standard ? core.standard->captureImplementation : core.lite->implementation);
+    depth = core.depth;
     for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
         const JEX_TOOL::StorageNeed need =
             JEX_TOOL::storageNeed(*device.family, resource.code, signalCount, depth, adjusted);
         width = need.width;
         UsageRow row;
         row.implementation = resource.code;
-        row.isChosen = chosen == resource.code;
+        row.isChosen = core.implementation == resource.code;
         row.required = need.required;
         row.available = JEX_TOOL::amountOf(&device, resource.code);
         row.shape = need.shape;

@@ -82,12 +82,17 @@ QString fieldsText(const Core &core)
     return table.text("  ");
 }
 
+void printTrigger(const JEX::AOCore_Lite &, Output &)
+{
+}
+
 void printCore(const RTLJEX::AnyCore &core, Output &out)
 {
     out.line("\nCore " + QString::number(core.number));
-    out.line(core.standard ? fieldsText(*core.standard) : fieldsText(*core.lite));
-    if (core.standard)
-        printTrigger(*core.standard, out);
+    core.visit([&out](const auto &record) {
+        out.line(fieldsText(record));
+        printTrigger(record, out);
+    });
     int captured = 0;
     for (const JEX::SignalItem &item : *core.signalRows)
         captured += RTLJEX::captureBits(item);
@@ -117,11 +122,17 @@ void addTrigger(const JEX::AoCore &core, Json &json)
     json["expressions"] = toJson(core.expressions);
 }
 
+void addTrigger(const JEX::AOCore_Lite &, Json &)
+{
+}
+
 Json coreJson(const RTLJEX::AnyCore &core)
 {
-    Json json = core.standard ? fieldsJson(*core.standard) : fieldsJson(*core.lite);
-    if (core.standard)
-        addTrigger(*core.standard, json);
+    Json json = core.visit([](const auto &record) {
+        Json fields = fieldsJson(record);
+        addTrigger(record, fields);
+        return fields;
+    });
     json["signals"] = signalsJson(*core.signalRows);
     json["enabled"] = signalsJson(*core.enabledRows);
     return json;

@@ -7,7 +7,7 @@
 
 #include "host/eventmanager.h"
 #include "host/filewatcher.h"
-#include "host/project.h"
+#include "host/projectoptions.h"
 
 namespace TE {
 namespace {
@@ -74,12 +74,11 @@ QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
     info.insert(QLatin1String("Top"), data.topModule);
     info.insert(QLatin1String("Files"), files);
     info.insert(QLatin1String("DisabledFiles"), disabled);
-    info.insert(QLatin1String("IncludePath"), absolutePaths(*project, data.includePaths));
-    info.insert(QLatin1String("LibraryPath"), absolutePaths(*project, data.libraryPaths));
-    info.insert(QLatin1String("LibrarySuffix"), data.librarySuffixes);
-    info.insert(QLatin1String("Defines"), data.defines);
-    info.insert(QLatin1String("Undefines"), data.undefines);
-    info.insert(QLatin1String("Parameters"), data.parameters);
+    for (const Core::ProjectOption &option : Core::projectOptions) {
+        if (option.list)
+            info.insert(QLatin1String(option.name),
+                        option.isFolders ? absolutePaths(*project, data.*option.list) : data.*option.list);
+    }
     info.insert(QLatin1String("Verilog_Standard"), data.verilogStandard);
     info.insert(QLatin1String("WorkingDir"), project->workingDir());
     return info;

@@ -13,6 +13,7 @@
 #include "host/eventmanager.h"
 #include "host/foreignproject.h"
 #include "host/projectfile.h"
+#include "host/projectoptions.h"
 #include "host/regularfile.h"
 
 namespace Core {
@@ -42,34 +43,16 @@ EventData fileData(const SourceFile &file)
     return data;
 }
 
-// Where an option lives in the record: exactly one of the two is set.
-struct Option
+const ProjectOption *findOption(const QString &name)
 {
-    const char *name;
-    QString ProjectData::*text;
-    QStringList ProjectData::*list;
-};
-
-const Option options[] = {{"TopModule", &ProjectData::topModule, nullptr},
-                          {"Verilog_Standard", &ProjectData::verilogStandard, nullptr},
-                          {"Synthesize_tool", &ProjectData::synthesisTool, nullptr},
-                          {"IncludePath", nullptr, &ProjectData::includePaths},
-                          {"LibraryPath", nullptr, &ProjectData::libraryPaths},
-                          {"LibrarySuffix", nullptr, &ProjectData::librarySuffixes},
-                          {"Defines", nullptr, &ProjectData::defines},
-                          {"Undefines", nullptr, &ProjectData::undefines},
-                          {"Parameters", nullptr, &ProjectData::parameters}};
-
-const Option *findOption(const QString &name)
-{
-    for (const Option &option : options) {
+    for (const ProjectOption &option : projectOptions) {
         if (name == QLatin1String(option.name))
             return &option;
     }
     return nullptr;
 }
 
-QVariant valueOf(const ProjectData &data, const Option &option)
+QVariant valueOf(const ProjectData &data, const ProjectOption &option)
 {
     return option.text ? QVariant(data.*option.text) : QVariant(data.*option.list);
 }
@@ -221,7 +204,7 @@ bool Project::reload(QString *errorMessage)
     const ProjectData before = m_data;
     setData(read);
     postFileChanges(before.files, m_data.files);
-    for (const Option &option : options) {
+    for (const ProjectOption &option : projectOptions) {
         if (valueOf(before, option) != valueOf(m_data, option))
             postOptionChange(QLatin1String(option.name));
     }
@@ -263,8 +246,10 @@ bool Project::saveAs(const QString &filePath, QString *errorMessage)
     const ProjectData oldData = m_data;
     const QString oldFolder = workingDir();
     m_filePath = QFileInfo(filePath).absoluteFilePath();
-    moveRelativePaths(m_data.includePaths, oldFolder, workingDir());
-    moveRelativePaths(m_data.libraryPaths, oldFolder, workingDir());
+    for (const ProjectOption &option : projectOptions) {
+        if (option.isFolders)
+            moveRelativePaths(m_data.*option.list, oldFolder, workingDir());
+    }
     if (save(errorMessage))
         return true;
     m_filePath = oldPath;
@@ -357,13 +342,13 @@ void Project::setFileLibrary(const QString &path, const QString &library)
 
 QVariant Project::option(const QString &name) const
 {
-    const Option *option = findOption(name);
+    const ProjectOption *option = findOption(name);
     return option ? valueOf(m_data, *option) : QVariant();
 }
 
 void Project::setOption(const QString &name, const QVariant &value)
 {
-    const Option *option = findOption(name);
+    const ProjectOption *option = findOption(name);
     if (!option)
         return;
     const QVariant before = valueOf(m_data, *option);

@@ -9,6 +9,7 @@
 
 #include "host/designmanager.h"
 #include "host/jsonfault.h"
+#include "host/projectoptions.h"
 
 namespace Core {
 namespace {
@@ -209,15 +210,12 @@ QString readProject(const Json &document, const QString &folder, ProjectData &da
             reader.setFault(fault);
         data.files.append(file);
     }
-    data.topModule = reader.text("topModule");
-    data.includePaths = reader.texts("includePaths");
-    data.libraryPaths = reader.texts("libraryPaths");
-    data.librarySuffixes = reader.texts("librarySuffixes");
-    data.defines = reader.texts("defines");
-    data.undefines = reader.texts("undefines");
-    data.parameters = reader.texts("parameters");
-    data.verilogStandard = reader.text("verilogStandard");
-    data.synthesisTool = reader.text("synthesisTool");
+    for (const ProjectOption &option : projectOptions) {
+        if (option.text)
+            data.*option.text = reader.text(option.key);
+        else
+            data.*option.list = reader.texts(option.key);
+    }
     const QString fault = readDevice(reader.find("device"), data.device);
     if (!fault.isEmpty())
         reader.setFault(fault);
@@ -230,13 +228,6 @@ Json textList(const QStringList &texts)
     for (const QString &text : texts)
         list.push_back(toStd(text));
     return list;
-}
-
-// Keys that came later stand only where they say something, so that older files stay as they are.
-void putUnlessEmpty(Json &document, const char *key, const QStringList &texts)
-{
-    if (!texts.isEmpty())
-        document[key] = textList(texts);
 }
 
 // Everything but the path is left out where it is what a reader assumes anyway.
@@ -289,15 +280,12 @@ QByteArray projectToJson(const ProjectData &data, const QString &folder)
     document["files"] = Json::array();
     for (const SourceFile &file : data.files)
         document["files"].push_back(fileObject(file, folder));
-    document["topModule"] = toStd(data.topModule);
-    document["includePaths"] = textList(data.includePaths);
-    document["libraryPaths"] = textList(data.libraryPaths);
-    putUnlessEmpty(document, "librarySuffixes", data.librarySuffixes);
-    document["defines"] = textList(data.defines);
-    putUnlessEmpty(document, "undefines", data.undefines);
-    putUnlessEmpty(document, "parameters", data.parameters);
-    document["verilogStandard"] = toStd(data.verilogStandard);
-    document["synthesisTool"] = toStd(data.synthesisTool);
+    for (const ProjectOption &option : projectOptions) {
+        if (option.text)
+            document[option.key] = toStd(data.*option.text);
+        else if (!option.isOptional || !(data.*option.list).isEmpty())
+            document[option.key] = textList(data.*option.list);
+    }
     document["device"] = deviceObject(data.device);
     const std::string text = document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
     return QByteArray(text.data(), int(text.size()));

@@ -106,25 +106,16 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
     return list;
 }
 
-JEX::Implementation implementationOf(const RTLJEX::AnyCore &core)
-{
-    return JEX::implementationOf(core.standard ? core.standard->captureImplementation
-                                               : core.lite->implementation);
-}
-
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
                      const JEX_TOOL::Device *device)
 {
-    const JEX::Implementation implementation = implementationOf(core);
-    const int depth = core.standard ? core.standard->storageSize : core.lite->captureAmount;
+    const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(core.implementation);
     QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
-                   " bits, " + QString::number(depth) + " samples in " +
-                   JEX::implementationName(implementation);
+                   " bits, " + QString::number(core.depth) + " samples in " + resource.name;
     if (!device)
         return line;
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
-        *device->family, implementation, layout.dataWidth, depth, core.standard != nullptr);
-    const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(implementation);
+        *device->family, core.implementation, layout.dataWidth, core.depth, core.standard != nullptr);
     return line + ", by estimate " + QString::number(need.required) + ' ' +
            (need.required == 1 ? resource.one : resource.many);
 }
@@ -171,7 +162,7 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
 void InsertionReport::noteFamily(const Analyzer &analyzer, const QString &family)
 {
     for (const Analyzer::Core &core : analyzer.cores()) {
-        if (family == "ice40" && implementationOf(core.core) == JEX::SsramImplementation)
+        if (family == "ice40" && core.core.implementation == JEX::SsramImplementation)
             warnings << "WARNING: Core " + QString::number(core.core.number) +
                             " keeps its samples in SSRAM, which an iCE40 does not have, so it cannot be "
                             "synthesized for one. Choose BSRAM or REG.";
@@ -255,7 +246,7 @@ QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer,
     QStringList lines;
     for (const Analyzer::Core &core : analyzer.cores()) {
         const Tap &clock = analyzer.taps().taps().at(core.clock.tap);
-        const qint32 edge = core.core.standard ? core.core.standard->sampleEdge : core.core.lite->sampleEdge;
+        const qint32 edge = core.core.edge;
         lines << resourceLine(core.core, core.module.layout, options.device)
               << "    samples at the " + QString(edge == JEX::FallingEdge ? "falling" : "rising") +
                      " edge of " + bitName(clock, core.clock);

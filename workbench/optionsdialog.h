@@ -3,13 +3,13 @@
 #include <QDialog>
 
 class QComboBox;
+class QTabWidget;
 namespace Core {
 class Project;
 }
 
 namespace Workbench {
 
-class StringListEdit;
 class TopModuleBox;
 
 // The options of a project. Accepting sets those that differ, each as one change of the project.
@@ -23,18 +23,11 @@ public:
     void accept() override;
 
 private:
-    StringListEdit *addList(const QString &objectName, const QStringList &values);
-
     Core::Project *m_project; // not owned; open as long as the dialog
     TopModuleBox *m_top;
     QComboBox *m_standard;
     QComboBox *m_tool;
-    StringListEdit *m_includePaths;
-    StringListEdit *m_libraryPaths;
-    StringListEdit *m_librarySuffixes;
-    StringListEdit *m_defines;
-    StringListEdit *m_undefines;
-    StringListEdit *m_parameters;
+    QTabWidget *m_lists; // a StringListEdit for each option that is a list, under its key
 };
 
 } // namespace Workbench

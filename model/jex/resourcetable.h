@@ -10,8 +10,8 @@ namespace JEX_TOOL {
 
 // What a static trigger takes of a resource for each expression. A table is a look-up of four match units.
 enum TriggerNeed {
-    OneEach,       // whatever the number of units
-    TablesEach,    // as many as there are tables
+    OneEach,    // whatever the number of units
+    TablesEach, // as many as there are tables
     TablesAndOneEach
 };
 
@@ -44,9 +44,9 @@ constexpr Resource resources[] = {
     {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
      "memory", "memories", "SSRAM", "distributed", &Device::shadows, &DeviceFamily::shadowShapes, anyCapture,
      TablesEach, false, false},
-    {JEX::RegImplementation, "REG", "registers", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"),
-     "registers", "registers", "Logic", "registers", &Device::registers, nullptr, 512, TablesAndOneEach, true,
-     false},
+    {JEX::RegImplementation, "REG", "registers",
+     QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
+     "registers", &Device::registers, nullptr, 512, TablesAndOneEach, true, false},
 };
 enum { ResourceCount = sizeof resources / sizeof *resources };
 
