@@ -2,8 +2,6 @@
 
 #include <unordered_set>
 
-#include "elaboration/tools/vhdlgenerics.h"
-
 namespace QUARRY {
 namespace {
 
@@ -27,17 +25,6 @@ bool startsWith(std::string_view line, std::string_view start)
 bool isEnd(std::string_view line)
 {
     return !line.empty() && line.back() == ';';
-}
-
-QString spelledAs(const QString &word, const QStringList &spellings)
-{
-    if (spellings.contains(word))
-        return word;
-    for (const QString &spelling : spellings) {
-        if (spelling.compare(word, Qt::CaseInsensitive) == 0)
-            return spelling;
-    }
-    return word;
 }
 
 // The entity behind "sub_8" or "leaf_2_11f6ad8e...": name, generics and a hash.
@@ -183,19 +170,6 @@ void dropSecondDeclarations(std::vector<std::string> &lines, std::unordered_set<
     }
 }
 
-std::string headOf(const QString &name, const QStringList &parameters, const QStringList &ports)
-{
-    QStringList declared, names;
-    for (const QString &parameter : parameters)
-        declared.append(QLatin1String("parameter \\") + parameter + QLatin1String(" = ") +
-                        QLatin1String(unsetGeneric));
-    for (const QString &port : ports)
-        names.append(QLatin1Char('\\') + port + QLatin1Char(' '));
-    return bytes(QLatin1String("module \\") + name + QLatin1String(" #(") +
-                 declared.join(QLatin1String(", ")) + QLatin1String(") (") + names.join(QLatin1String(", ")) +
-                 QLatin1String(");"));
-}
-
 // "/home/me/top.vhd:6" of "  /* /home/me/top.vhd:6:3  */"
 std::string placeIn(std::string_view comment)
 {
@@ -203,14 +177,18 @@ std::string placeIn(std::string_view comment)
     return end == comment.npos || end < 5 ? std::string() : std::string(comment.substr(5, end - 5));
 }
 
-// "7" of "output [7:0] q,"; "0" for a single bit.
-std::string highOf(const std::string &line)
-{
-    const size_t open = line.find('[');
-    return open == std::string::npos ? "0" : line.substr(open + 1, line.find(':') - open - 1);
-}
-
 } // namespace
+
+QString GhdlVerilog::spelledAs(const QString &word, const QStringList &spellings)
+{
+    if (spellings.contains(word))
+        return word;
+    for (const QString &spelling : spellings) {
+        if (spelling.compare(word, Qt::CaseInsensitive) == 0)
+            return spelling;
+    }
+    return word;
+}
 
 const GhdlVerilog::Module *GhdlVerilog::find(const QString &module) const
 {
@@ -428,67 +406,6 @@ bool GhdlVerilog::renameInstances(const QString &component, const QString &modul
         owner.instantiated.insert(module);
     }
     return changed;
-}
-
-void GhdlVerilog::addStandIn(const QString &name, const QStringList &parameters, const QStringList &ports)
-{
-    Module module;
-    module.name = name;
-    module.lines.push_back(headOf(name, parameters, ports));
-    for (const QString &port : ports)
-        module.lines.push_back("input " + escapedGhdlName(bytes(port)) + ";");
-    module.lines.push_back("endmodule");
-    put(module);
-}
-
-void GhdlVerilog::addChoice(const QString &name, const QStringList &parameters, const QStringList &ports,
-                            const QList<Variant> &variants)
-{
-    QList<const Module *> made;
-    for (const Variant &variant : variants)
-        made.append(find(variant.module));
-    const Module *shape = nullptr;
-    for (const Module *module : made)
-        shape = shape ? shape : module;
-    if (!shape)
-        return;
-    Module choice;
-    choice.name = name;
-    std::vector<std::string> declarations;
-    std::string pins;
-    QStringList names;
-    for (const std::string &port : shape->ports) {
-        const std::string spelled = escapedGhdlName(bytes(spelledAs(text(port), ports)));
-        std::string direction, high;
-        for (int i = 0; i < made.size(); ++i) {
-            const std::string line = made.at(i) ? headLine(*made.at(i), port) : std::string();
-            if (!line.empty())
-                direction = line.substr(0, line.find(' '));
-            high += "(" + bytes(variants.at(i).condition) + ") ? " + highOf(line) + " : ";
-        }
-        declarations.push_back(direction + " [" + high + "0:0] " + spelled + ";");
-        pins += (pins.empty() ? "." : ", .") + escapedGhdlName(port) + "(" + spelled + ")";
-        names.append(text(spelled).mid(1).trimmed());
-    }
-    std::vector<std::string> &lines = choice.lines;
-    lines.push_back(headOf(name, parameters, names));
-    lines.insert(lines.end(), declarations.begin(), declarations.end());
-    lines.push_back("generate");
-    for (int i = 0; i < made.size(); ++i) {
-        lines.push_back((i > 0 ? "else if (" : "if (") + bytes(variants.at(i).condition) +
-                        ") begin : choice");
-        if (made.at(i)) {
-            lines.push_back(bytes(variants.at(i).module) + " u (" + pins + ");");
-            choice.instantiated.insert(variants.at(i).module);
-        }
-        lines.push_back("end");
-    }
-    lines.push_back("endgenerate");
-    lines.push_back("endmodule");
-    for (const QString &port : names)
-        choice.ports.push_back(bytes(port));
-    m_names.insert(name, m_names.value(shape->name));
-    put(choice);
 }
 
 void GhdlVerilog::remove(const QString &module)

@@ -79,6 +79,7 @@ private:
     void take(Module &module);
     QString libraryOf(const Module &module) const;
     QString targetOf(const QString &written, const std::string &place, const QString &library) const;
+    static QString spelledAs(const QString &word, const QStringList &spellings);
     static std::string headLine(const Module &module, const std::string &port);
     QString moduleName(const QString &written, const QString &library);
     bool hasTwin(const QString &written) const;

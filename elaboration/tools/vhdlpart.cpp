@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QRegExp>
 
-#include "elaboration/reading/ghdltree.h"
-#include "elaboration/tools/confinement.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/toolmessages.h"
@@ -13,7 +11,6 @@
 namespace QUARRY {
 namespace {
 
-const int manyInstances = 500;
 const char crashed[] = "GHDL Bug occurred";
 
 // "instance "u2" of component "vmod" is not bound"
@@ -310,137 +307,6 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
             m_analysis.hollowOut(entities, folder, retry);
         else
             retry(result);
-    });
-}
-
-// The translation has lost declared ranges, generate scopes, members of records and unused signals; the first
-// moment of a simulation has them all. Without it, for whatever reason, the translation is shown as it is.
-void VhdlPart::recordScopes(const Wanted &wanted, const std::function<void()> &then)
-{
-    const auto record = [=] { simulate(wanted, then); };
-    if (!m_analysis.mentionsForeign() || m_isForeignJudged)
-        return record();
-    m_isForeignJudged = true;
-    judgeForeign(m_analysis.byLibrary(), record);
-}
-
-bool VhdlPart::mayStart() const
-{
-    return m_mayRun && (!m_analysis.mentionsForeign() || m_isForeignJudged) && confinementFault().isEmpty();
-}
-
-// A foreign subprogram or architecture is code from a library of the system, which a simulator calls with
-// whatever the source says. The word in the text may be any; the syntax tree tells where it is a name. What
-// GHDL reads at once is all in one library, so that what uses another one goes wrong: each has its own run.
-void VhdlPart::judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then)
-{
-    if (batches.isEmpty())
-        return then();
-    const VhdlBatch batch = batches.takeFirst();
-    ToolCall reading =
-        m_analysis.call(QStringList() << QLatin1String("-s") << QLatin1String("-ds") << batch.files,
-                        batch.library, m_scratch.path());
-    reading.outputFile = m_scratch.file(QLatin1String("vhdl.log"));
-    reading.errorFile = m_scratch.file(QLatin1String("vhdl.tree"));
-    reading.seconds = 30;
-    m_runner.run(reading, [=](const ToolResult &result) {
-        QString place;
-        if (result.isGood() && !findGhdlName("foreign", reading.errorFile, place))
-            return judgeForeign(batches, then);
-        forbidRun(place.isEmpty() ? QString() : realPlace(place));
-        then();
-    });
-}
-
-void VhdlPart::forbidRun(const QString &place)
-{
-    m_mayRun = false;
-    m_messages.append(QLatin1String("WARNING: ") + place +
-                      QLatin1String("The attribute foreign can run code from outside the design. The VHDL is "
-                                    "therefore not started, and its signals are shown as GHDL translates "
-                                    "them."));
-}
-
-// "/path/a.vhd:12: " of GHDL's "link3.vhd:12:5"
-QString VhdlPart::realPlace(const QString &place) const
-{
-    ToolMessage message;
-    message.file = place.section(QLatin1Char(':'), 0, -3);
-    return realFile(message, m_names, m_scratch.path()) + QLatin1Char(':') +
-           place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
-}
-
-// What GHDL takes for a generic when it translates, but not when it runs: bits, as VHDL writes them.
-QMap<QString, QByteArray> VhdlPart::vectorsOf(const Wanted &wanted) const
-{
-    const QRegExp bits(QLatin1String("[01UXZWLH-]+"));
-    QMap<QString, QByteArray> vectors;
-    for (const QPair<QString, QString> &generic : m_analysis.genericsOf(wanted.entity)) {
-        for (const QString &given : wanted.generics) {
-            const QString value = given.section(QLatin1Char('='), 1);
-            if (isVhdlVector(generic.second) && bits.exactMatch(value) &&
-                given.section(QLatin1Char('='), 0, 0).toLower() == generic.first)
-                vectors.insert(generic.first, '"' + value.toLatin1() + '"');
-        }
-    }
-    return vectors;
-}
-
-void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
-{
-    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
-    if (!m_waveform.isEmpty() || !mayStart() || vectors.isEmpty()) {
-        if (m_waveform.isEmpty() && mayStart())
-            startSimulation(wanted, m_scratch.path());
-        return takeSimulation(wanted, then);
-    }
-    const QString folder = m_scratch.file(QLatin1String("simulation") + QString::number(m_simulations));
-    m_analysis.repeatWith(wanted.entity, vectors, folder, [=](const ToolResult &result) {
-        if (result.isGood())
-            startSimulation(wanted, folder);
-        takeSimulation(wanted, then);
-    });
-}
-
-void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
-{
-    // The wave file knows all types, and takes time that grows with the square of the instances.
-    const int instances = m_analysis.mentionsLoops() ? m_verilog.instanceCount() : m_analysis.instanceCount();
-    const bool isWave = m_analysis.mentionsComposites() || instances < manyInstances;
-    m_waveform = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
-                                QLatin1String(isWave ? ".ghw" : ".vcd"));
-    QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
-    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
-    for (const QString &generic : wanted.generics) {
-        if (!vectors.contains(generic.section(QLatin1Char('='), 0, 0).toLower()))
-            arguments << QLatin1String("-g") + generic;
-    }
-    arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
-              << QLatin1String(isWave ? "--wave=" : "--vcd=") + m_waveform;
-    ToolCall simulation = m_analysis.call(arguments, m_analysis.libraryOf(wanted.entity), folder);
-    simulation.subject =
-        QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
-    simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
-    simulation.seconds = 30;
-    simulation.runsSources = true;
-    m_runner.startBeside(simulation);
-}
-
-void VhdlPart::takeSimulation(const Wanted &wanted, const std::function<void()> &then)
-{
-    const QString waveform = m_waveform;
-    m_waveform.clear();
-    m_isStarted = false;
-    if (waveform.isEmpty())
-        return then();
-    m_runner.awaitBeside([=](const ToolResult &result) {
-        m_isStarted = result.isGood();
-        if (result.outcome == ToolResult::Finished)
-            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, waveform);
-        else if (result.outcome == ToolResult::Stopped)
-            m_messages.append(
-                QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
-        then();
     });
 }
 
