@@ -57,7 +57,7 @@ private:
     {
         CoreSnapshot packed;
         int present = -1;
-        std::unique_ptr<Core> core;
+        std::unique_ptr<Core> contents;
         JEX::LeftOut leftOut;
     };
     typedef std::vector<Wanted> WantedCores;
@@ -177,17 +177,17 @@ bool ModeRecord<Mode>::showPacked(const QList<CoreSnapshot> &packed)
             core.present = stateOf(aoWidgets.at(j)).identity == core.packed.identity ? j : core.present;
         if (core.present >= 0 && present.value(core.present).showsSame(core.packed))
             continue;
-        core.core.reset(unpackCore<Core>(core.packed, &core.leftOut));
-        if (!core.core)
+        core.contents.reset(unpackCore<Core>(core.packed, &core.leftOut));
+        if (!core.contents)
             return false;
     }
     if (!isArranged(wanted))
         arrange(wanted);
     for (int i = 0; i < aoWidgets.size(); ++i) {
         const Wanted &core = wanted[size_t(i)];
-        if (!core.core)
+        if (!core.contents)
             continue;
-        aoWidgets.at(i)->showCore(*core.core, core.leftOut);
+        aoWidgets.at(i)->showCore(*core.contents, core.leftOut);
         stateOf(aoWidgets.at(i)).isStale = true; // a device may not offer what was chosen
     }
     return true;
@@ -224,7 +224,7 @@ void ModeRecord<Mode>::arrange(const WantedCores &wanted)
     aoWidgets.clear();
     for (const Wanted &core : wanted) {
         const bool isNew = core.present < 0;
-        cores << (isNew ? JEX::copyOf(*core.core) : oldCores.at(core.present));
+        cores << (isNew ? JEX::copyOf(*core.contents) : oldCores.at(core.present));
         aoWidgets << (isNew ? new Page(cores.last(), netlist, q) : oldPages.at(core.present));
         stateOf(aoWidgets.last()).identity = core.packed.identity;
         m_nextIdentity = qMax(m_nextIdentity, core.packed.identity + 1);

@@ -64,7 +64,7 @@ private:
     struct Place
     {
         QByteArray state;
-        QStringList picture;
+        QByteArray picture; // packed, since there are many
     };
 
     static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
@@ -110,15 +110,17 @@ private:
         while (m_places.size() <= history().doneCount())
             m_places.append(Place());
         Place &place = m_places[history().doneCount()];
-        const QStringList picture = drawn(view(), true);
+        const QByteArray picture = qCompress(drawn(view(), true).join('\n').toUtf8());
         if (place.state == history().present())
             compare(place.picture, picture);
         place.state = history().present();
         place.picture = picture;
     }
 
-    void compare(const QStringList &before, const QStringList &now)
+    void compare(const QByteArray &packedBefore, const QByteArray &packedNow)
     {
+        const QStringList before = QString::fromUtf8(qUncompress(packedBefore)).split('\n');
+        const QStringList now = QString::fromUtf8(qUncompress(packedNow)).split('\n');
         for (int i = 0; i < qMax(before.size(), now.size()) && m_fault.isEmpty(); ++i) {
             if (before.value(i) != now.value(i))
                 m_fault = "It showed '" + before.value(i) + "', and shows '" + now.value(i) +
