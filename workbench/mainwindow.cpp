@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -168,6 +169,7 @@ void MainWindow::attend(const QString &recoveryFolder)
     m_projectMenu->addAction(trial->action());
     auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
     layout->insertWidget(layout->indexOf(m_banner) + 1, new ReopenBanner(m_recovery, m_design));
+    setIcons(this, menuBar());
 }
 
 void MainWindow::addMessage(const QString &text, bool isError)
@@ -277,6 +279,13 @@ void MainWindow::createDocks()
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);
         dock->setWidget(entry.widget);
+        // One behind another's tab counts as visible for the toolkit, whose Tab key would go into it.
+        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setVisible);
+        connect(dock, &QDockWidget::visibilityChanged, this, [this] {
+            for (QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
+                bar->setFocusPolicy(
+                    Qt::NoFocus); // it comes last, wherever it stands; the View menu has the docks
+        });
         addDockWidget(entry.area, dock);
         const bool left = entry.area == Qt::LeftDockWidgetArea;
         resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
