@@ -1,7 +1,7 @@
 #pragma once
 
 #include "elaboration/reading/vhdlplaces.h"
-#include "elaboration/tools/vhdlwords.h"
+#include "elaboration/reading/vhdlwords.h"
 
 namespace QUARRY {
 

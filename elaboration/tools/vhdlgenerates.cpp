@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "elaboration/reading/vhdlwords.h"
 #include "elaboration/tools/sourcetext.h"
-#include "elaboration/tools/vhdlwords.h"
 
 namespace QUARRY {
 namespace {

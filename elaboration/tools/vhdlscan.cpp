@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "elaboration/tools/vhdlwords.h"
+#include "elaboration/reading/vhdlwords.h"
 
 namespace QUARRY {
 namespace {

@@ -1,4 +1,4 @@
-#include "elaboration/tools/vhdlwords.h"
+#include "elaboration/reading/vhdlwords.h"
 
 namespace QUARRY {
 namespace {
