@@ -27,7 +27,9 @@ const struct
     {"RTLJEX::TriggerPortDialog", "trigger"},    {"RTLJEX::TriggerSingalSelectDialog", "capture"},
     {"Workbench::DeviceDialog", "project"},      {"Workbench::MainWindow", "window"},
     {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
-    {"Workbench::OptionsDialog", "project"},     {"Workbench::ProjectTree", "project"},
+    {"Workbench::NetlistPane", "netlist"},       {"Workbench::OptionsDialog", "project"},
+    {"Workbench::ProjectTree", "project"},       {"Workbench::RecoveryDialog", "recovery"},
+    {"Workbench::ReopenBanner", "recovery"},
 };
 
 QString ownTopic(const QWidget *widget)
