@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "check/configuration.h"
+#include "model/jex/resourcetable.h"
 #include "model/jex/zubfields.h"
 #include "model/jex/zubinput.h"
 #include "model/jex/zubreader.h"
@@ -56,7 +57,7 @@ bool readLine(const QList<QByteArray> &words, JEX::LeftOut *leftOut)
 {
     int number = 0;
     if (words.size() == 2 && words.first() == "implementation")
-        return toNumber(words.at(1), JEX::SsramImplementation, &leftOut->triggerImplementation);
+        return toNumber(words.at(1), JEX_TOOL::ResourceCount - 1, &leftOut->triggerImplementation);
     if (words.size() == 2 && words.first() == "unit") {
         leftOut->units.append(0);
         return toNumber(words.at(1), JEX::UnitCount - 1, &leftOut->units.last());

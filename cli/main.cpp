@@ -13,23 +13,6 @@ namespace {
 
 using namespace Cli;
 
-const Command commands[] = {
-    {"check", "check configurations against the design, and find stale signals", check},
-    {"nets", "search the nets of a design", nets},
-    {"show", "print a configuration", show},
-    {"new", "make an empty configuration", makeNew},
-    {"fmt", "bring a configuration into the form in which the editor writes it", format},
-    {"usage", "what each core needs of the device", usage},
-    {"devices", "list the known devices", devices},
-    {"add", "add signals to a core", add},
-    {"set", "set fields of a configuration", set},
-    {"diff", "what changed between two configurations", diff},
-    {"rebind", "rename stored signals after the design was changed", rebind},
-    {"merge", "bring two changes of a configuration together", merge},
-    {"insert", "make the analyzer and put it into the design", insert},
-    {"simulate", "run a test bench with the analyzer, and get the captured windows", simulate},
-};
-
 void printHelp(Output &out)
 {
     out.line("Usage: jex COMMAND [ARGUMENTS]");

@@ -34,14 +34,9 @@ DesignInput designInputFromInfo(const QMap<QString, QVariant> &info)
         source.onlyWhenUsed = file.value(QLatin1String("OnlyWhenUsed")).toBool();
         input.files.append(source);
     }
-    input.disabledFiles = info.value(QLatin1String("DisabledFiles")).toStringList();
+    for (const DesignList &known : designLists)
+        input.*known.list = info.value(QLatin1String(known.name)).toStringList();
     input.top = info.value(QLatin1String("Top")).toString();
-    input.includePaths = info.value(QLatin1String("IncludePath")).toStringList();
-    input.libraryPaths = info.value(QLatin1String("LibraryPath")).toStringList();
-    input.librarySuffixes = info.value(QLatin1String("LibrarySuffix")).toStringList();
-    input.defines = info.value(QLatin1String("Defines")).toStringList();
-    input.undefines = info.value(QLatin1String("Undefines")).toStringList();
-    input.parameters = info.value(QLatin1String("Parameters")).toStringList();
     input.verilogStandard = info.value(QLatin1String("Verilog_Standard")).toString();
     input.workingDir = info.value(QLatin1String("WorkingDir")).toString();
     return input;

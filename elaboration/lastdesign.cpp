@@ -26,9 +26,9 @@ QStringList keyOf(const DesignInput &input)
     QStringList key;
     for (const DesignSource &file : input.files)
         key << file.path << QString::number(file.type) << file.library << QString::number(file.onlyWhenUsed);
-    key << gap << input.disabledFiles << gap << input.includePaths << gap << input.libraryPaths;
-    key << gap << input.librarySuffixes << gap << input.defines << gap << input.undefines;
-    key << gap << input.parameters << gap << input.top << input.verilogStandard << input.workingDir;
+    for (const DesignList &known : designLists)
+        key << gap << input.*known.list;
+    key << gap << input.top << input.verilogStandard << input.workingDir;
     return key;
 }
 

@@ -3,16 +3,10 @@
 #include <QTimer>
 
 namespace TE {
-namespace {
-
-const char *const topics[] = {"TE.File.Add",         "TE.File.Remove",   "TE.File.Change.Enable",
-                              "TE.File.Change.Type", "TE.File.Modified", "TE.Option.Change"};
-
-} // namespace
 
 DesignNews::DesignNews()
 {
-    for (const char *topic : topics)
+    for (const char *topic : designTopics)
         QUtil::EventManager::instance()->subscribe(this, QLatin1String(topic));
 }
 
@@ -29,7 +23,7 @@ void DesignNews::handleIEvent(const QUtil::IEvent *event)
 
 void DesignNews::end()
 {
-    for (const char *topic : topics)
+    for (const char *topic : designTopics)
         QUtil::EventManager::instance()->unsubscribe(this, QLatin1String(topic));
     QTimer::singleShot(0, this, SLOT(post()));
 }

@@ -157,8 +157,7 @@ private:
     {
         const QByteArray own = number(core.core.number), name = cores() + ".core_" + own;
         const RTLJEX::CoreLayout &layout = core.module.layout;
-        QByteArray style = RTLJEX::style(core.core.standard ? core.core.standard->captureImplementation
-                                                            : core.core.lite->implementation);
+        QByteArray style = RTLJEX::style(core.core.implementation);
         add("    file = $fopen(" + file("core_" + own + ".txt") +
             ", \"w\");\n    $fwrite(file, \"status %b%b " + "%b %b\\n\", " + name + ".windows, {14'd0, " +
             name + ".done, 1'b0}, " + name + ".seen, 32'd" + number(layout.sampleWidth()) +

@@ -1,13 +1,11 @@
 #include "views/designevents.h"
 
 #include "host/designmanager.h"
+#include "host/designnews.h"
 #include "host/eventmanager.h"
 
 namespace RTLJEX {
 namespace {
-
-const char *const topics[] = {"TE.File.Add",         "TE.File.Remove",   "TE.File.Change.Enable",
-                              "TE.File.Change.Type", "TE.File.Modified", "TE.Option.Change"};
 
 bool isDesignType(const QVariant &type)
 {
@@ -46,13 +44,13 @@ bool designFilesChanged(const QString &topic, const QMap<QString, QVariant> &dat
 
 void subscribeDesignEvents(QUtil::IEventHandler *handler)
 {
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->subscribe(handler, QLatin1String(topic));
 }
 
 void unsubscribeDesignEvents(QUtil::IEventHandler *handler)
 {
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->unsubscribe(handler, QLatin1String(topic));
 }
 

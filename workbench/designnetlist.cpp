@@ -3,6 +3,7 @@
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
+#include "host/designnews.h"
 #include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -11,9 +12,6 @@ namespace {
 
 const int quietTime = 400; // ms
 
-const char *const topics[] = {"TE.File.Add",           "TE.File.Remove",      "TE.File.Modified",
-                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change"};
-
 } // namespace
 
 DesignNetlist::DesignNetlist(QObject *parent) : QObject(parent)
@@ -21,14 +19,14 @@ DesignNetlist::DesignNetlist(QObject *parent) : QObject(parent)
     m_delay.setSingleShot(true);
     m_delay.setInterval(quietTime);
     connect(&m_delay, &QTimer::timeout, this, &DesignNetlist::start);
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->subscribe(this, topic);
 }
 
 DesignNetlist::~DesignNetlist()
 {
     Q_EMIT netlistAboutToGo();
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->unsubscribe(this, topic);
 }
 

@@ -4,6 +4,7 @@
 #include <QSettings>
 
 #include "elaboration/tools/designinput.h"
+#include "host/designnews.h"
 #include "host/isnapshot.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
@@ -13,8 +14,6 @@ namespace Workbench {
 namespace {
 
 const char *const key = "tryDesigns";
-const char *const topics[] = {"TE.File.Add",           "TE.File.Remove",      "TE.File.Modified",
-                              "TE.File.Change.Enable", "TE.File.Change.Type", "TE.Option.Change"};
 
 bool isAnyEditorOpen()
 {
@@ -40,13 +39,13 @@ DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *pa
         want(on && m_isWanted);
     });
     connect(design, &DesignNetlist::stateChanged, this, &DesignTrial::tell);
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->subscribe(this, topic);
 }
 
 DesignTrial::~DesignTrial()
 {
-    for (const char *topic : topics)
+    for (const char *topic : TE::designTopics)
         QUtil::EventManager::instance()->unsubscribe(this, topic);
 }
 

@@ -32,6 +32,23 @@ struct DesignInput
     QString workingDir;
 };
 
+// The lists of words in it, by the names under which the host hands them over. Taking them from the host and
+// telling whether two designs are read in the same way walk the table.
+struct DesignList
+{
+    const char *name;
+    QStringList DesignInput::*list;
+};
+inline constexpr DesignList designLists[] = {
+    {"DisabledFiles", &DesignInput::disabledFiles},
+    {"IncludePath", &DesignInput::includePaths},
+    {"LibraryPath", &DesignInput::libraryPaths},
+    {"LibrarySuffix", &DesignInput::librarySuffixes},
+    {"Defines", &DesignInput::defines},
+    {"Undefines", &DesignInput::undefines},
+    {"Parameters", &DesignInput::parameters},
+};
+
 // A message that means that the design cannot be used.
 inline bool isError(const QString &message)
 {

@@ -37,6 +37,20 @@ enum MatchFunction {
     MatchFunctionCount
 };
 
+// By their numbers. Everyone who names, reads, writes or offers a function walks the table.
+struct FunctionText
+{
+    const char *word; // in files
+    const char *name; // for people
+    bool comparesNumbers;
+};
+inline constexpr FunctionText matchFunctions[] = {
+    {"equal", "Equal", false},    {"notEqual", "Not equal", false}, {"less", "Less", true},
+    {"greater", "Greater", true}, {"inRange", "In range", true},
+};
+static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
+              "each function has a row");
+
 // "BSRAM", "REG", "SSRAM", for people and in files.
 QString implementationName(Implementation implementation); // empty for none
 Implementation implementationNamed(const QString &name);

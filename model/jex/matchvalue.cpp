@@ -4,8 +4,6 @@ namespace JEX {
 
 namespace {
 
-const char *const functionNames[] = {"Equal", "Not equal", "Less", "Greater", "In range"};
-static_assert(sizeof functionNames / sizeof *functionNames == MatchFunctionCount, "each function has a name");
 const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };
@@ -13,6 +11,11 @@ enum { DigitBits = 4 };
 QString latin(const char *text)
 {
     return QString::fromLatin1(text);
+}
+
+bool isFunction(int number)
+{
+    return number >= MatchEqual && number < MatchFunctionCount;
 }
 
 QString counted(int count, const char *thing)
@@ -99,13 +102,12 @@ bool isBitText(const QString &text)
 
 bool comparesNumbers(int function)
 {
-    return function == MatchLess || function == MatchGreater || function == MatchInRange;
+    return isFunction(function) && matchFunctions[function].comparesNumbers;
 }
 
 QString matchFunctionName(int function)
 {
-    const bool isKnown = function >= MatchEqual && function < MatchFunctionCount;
-    return isKnown ? QString(latin(functionNames[function])) : QString();
+    return isFunction(function) ? latin(matchFunctions[function].name) : QString();
 }
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name)

@@ -8,7 +8,6 @@ namespace {
 
 const char *const edgeWords[] = {"rising", "falling"};
 const char *const triggerModeWords[] = {"dynamic", "static"};
-const char *const functionWords[] = {"equal", "notEqual", "less", "greater", "inRange"};
 const char *const kindWords[] = {"group", "net", "bus"};
 
 // By their numbers.
@@ -25,10 +24,23 @@ struct ResourceWords
 };
 constexpr ResourceWords resourceWords;
 
+struct FunctionWords
+{
+    const char *words[MatchFunctionCount] = {};
+
+    constexpr FunctionWords()
+    {
+        for (int i = 0; i < MatchFunctionCount; ++i) {
+            words[i] = matchFunctions[i].word;
+        }
+    }
+};
+constexpr FunctionWords functionWords;
+
 constexpr Rule edgeRule = Rule::wordsFor<RisingEdge, FallingEdge>(edgeWords);
 constexpr Rule triggerModeRule = Rule::wordsFor<DynamicTrigger, StaticTrigger>(triggerModeWords);
 constexpr Rule implementationRule = Rule::wordsFor<0, JEX_TOOL::ResourceCount - 1>(resourceWords.words);
-constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchFunctionCount - 1>(functionWords);
+constexpr Rule functionRule = Rule::wordsFor<MatchEqual, MatchFunctionCount - 1>(functionWords.words);
 constexpr Rule kindRule = Rule::wordsFor<GroupKind, BusKind>(kindWords);
 constexpr Rule portNumberRule = {Rule::Range, 0, PortCount - 1};
 constexpr Rule bitsRule = {Rule::Bits};
