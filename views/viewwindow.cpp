@@ -24,7 +24,7 @@ void rejectDialogsBelow(QWidget *editor)
     // The innermost first; rejecting one may delete others.
     while (!dialogs.isEmpty()) {
         const QPointer<QDialog> dialog = dialogs.takeLast();
-        if (dialog && dialog->isVisible())
+        if (dialog)
             dialog->reject();
     }
 }

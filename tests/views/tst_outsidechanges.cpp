@@ -322,6 +322,37 @@ private Q_SLOTS:
         QTRY_COMPARE(shown.banners(), QStringList(designText));
     }
 
+    void dialogsThatHaveNotReturned_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *way : {"OK", "Cancel", "hidden", "open"})
+            QTest::newRow(way) << way;
+    }
+
+    // Their rows point into the design that goes, as long as something that runs above them keeps them alive.
+    void dialogsThatHaveNotReturned()
+    {
+        QFETCH(QString, way);
+        const Shown shown(m_mode, config("a.zub"));
+        ModalDriver driver;
+        driver.then([&](QDialog *dialog) {
+            QTreeWidget *found = dialog->findChild<QTreeWidget *>("treeWidget");
+            dialog->findChild<QPushButton *>("pushButtonSearch")->click();
+            found->selectAll();
+            QVERIFY(!found->selectedItems().isEmpty());
+            if (way == "hidden")
+                dialog->hide();
+            else if (way != "open")
+                leave(dialog, way == "OK" ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+            QVERIFY(QMetaObject::invokeMethod(shown.view, "readRtlNetlist"));
+            QCOMPARE(found->topLevelItemCount(), 0);
+        });
+        const int rows = shown.captureRows()->topLevelItemCount();
+        shown.find<QPushButton>("btnAdd")->click();
+        QVERIFY(driver.done());
+        QCOMPARE(shown.captureRows()->topLevelItemCount(), rows);
+    }
+
     // The tool would go on until this test is given up.
     void stopsTheToolWhenItDies()
     {
