@@ -6,6 +6,9 @@
 
 namespace QUARRY {
 
+// Looks at scopes and packages for the type of one signal. Each may lead to several others.
+static const int mostSteps = 300;
+
 // The alternatives of a generate statement may spell it differently.
 void VhdlPlaces::addSpelling(const QString &name, const QString &spelling)
 {
@@ -44,8 +47,9 @@ bool VhdlPlaceTable::readSome()
     for (; m_resolved < end; ++m_resolved) {
         const Typed &typed = m_typed[m_resolved];
         const auto place = typed.places->declarations.find(typed.name);
+        int steps = mostSteps;
         if (place != typed.places->declarations.end() && place->line > 0)
-            place->enumLabels = labelsOf(typed.type, typed.places, *typed.packages, 0);
+            place->enumLabels = labelsOf(typed.type, typed.places, *typed.packages, steps);
     }
     if (m_resolved < m_typed.size())
         return true;
@@ -92,28 +96,29 @@ void VhdlPlaceTable::takePorts()
 
 // As the scopes see it from the inside out, and then the packages: the named one, or those that are used.
 QStringList VhdlPlaceTable::labelsOf(const QString &type, const VhdlPlaces *seen,
-                                     const QSet<QString> &packages, int depth) const
+                                     const QSet<QString> &packages, int &steps) const
 {
     const QString name = type.section(QLatin1Char('.'), -1);
     const QString package = type.section(QLatin1Char('.'), -2, -2);
-    const int mostSteps = 100;
-    if (depth == mostSteps)
-        return QStringList();
-    for (int i = 0; seen && package.isEmpty() && i < mostSteps; ++i, seen = seen->outer) {
+    for (; seen && package.isEmpty(); seen = seen->outer) {
+        if (--steps < 0)
+            return QStringList();
         const auto found = seen->types.find(name);
         if (found == seen->types.end())
             continue;
         // "subtype t is package.t"
         const VhdlPlaces *from = found->base == name ? seen->outer : seen;
-        return found->base.isEmpty() ? found->labels : labelsOf(found->base, from, packages, depth + 1);
+        return found->base.isEmpty() ? found->labels : labelsOf(found->base, from, packages, steps);
     }
     QList<QStringList> found;
     for (const VhdlPlaces *owner : m_typeOwners.value(name)) {
+        if (--steps < 0)
+            return QStringList();
         if (package.isEmpty() ? !packages.contains(owner->name) : owner->name != package)
             continue;
         const VhdlType known = owner->types.value(name);
         const QStringList labels =
-            known.base.isEmpty() ? known.labels : labelsOf(known.base, owner, packages, depth + 1);
+            known.base.isEmpty() ? known.labels : labelsOf(known.base, owner, packages, steps);
         if (!found.contains(labels))
             found.append(labels);
     }

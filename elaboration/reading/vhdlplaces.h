@@ -95,7 +95,7 @@ private:
     void seeEntities();
     void takePorts();
     QStringList labelsOf(const QString &type, const VhdlPlaces *seen, const QSet<QString> &packages,
-                         int depth) const;
+                         int &steps) const;
 
     QList<VhdlSourceFile> m_sources; // to be read
     const QMap<QString, QString> *m_fileNames = nullptr;

@@ -12,6 +12,7 @@ struct LetText
 {
     QList<QByteArray> texts = QList<QByteArray>() << QByteArray();
     QList<int> formals;
+    int size = 1; // of all texts, and one for each
 };
 
 struct VerilogLet

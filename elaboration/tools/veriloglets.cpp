@@ -13,6 +13,7 @@ const int mostLevels = 64;                 // of uses in the arguments of uses
 const int mostTokens = 1000;               // of a use
 const int longestLine = 4096;              // that names a file
 const int mostImported = 100 * 1000;       // lets of one source
+const int lettersPerToken = 64;            // of an expansion, which takes as long to write
 const int mostLookedAt = 1000 * 1000;      // tokens of uses in one source, each time they are
 
 struct Range
@@ -26,19 +27,13 @@ void append(LetText &text, const LetText &more)
     text.texts.last() += more.texts.first();
     text.texts += more.texts.mid(1);
     text.formals += more.formals;
+    text.size += more.size - 1;
 }
 
 void append(LetText &text, const QByteArray &more)
 {
     text.texts.last() += more;
-}
-
-int sizeOf(const LetText &text)
-{
-    int size = 0;
-    for (const QByteArray &part : text.texts)
-        size += part.size() + 1;
-    return size;
+    text.size += more.size();
 }
 
 class LetExpander
@@ -120,7 +115,7 @@ private:
             return i;
         let.isKnown = (equals == i + 2 || readFormals({i + 3, equals - 1}, let)) && !holdsDirective(i, end);
         let.expression = rendered({equals + 1, end}, let.formals, 1);
-        let.isKnown = let.isKnown && sizeOf(let.expression) < longestExpansion;
+        let.isKnown = let.isKnown && let.expression.size < longestExpansion;
         addHere(m_tokens.word(i + 1), let);
         publish(m_tokens.word(i + 1), let);
         return end;
@@ -184,9 +179,8 @@ private:
     // A name in quotes is no token.
     void takeInclude(int i)
     {
-        const int end = m_text.indexOf('\n', m_tokens.at(i).end);
-        const QByteArray line =
-            m_text.mid(m_tokens.at(i).end, qBound(0, end - m_tokens.at(i).end, longestLine));
+        QByteArray line = m_text.mid(m_tokens.at(i).end, longestLine);
+        line.truncate(qMax(0, line.indexOf('\n')));
         const QByteArray name = line.trimmed().split('"').value(1);
         const VerilogLets lets = m_names.includables.value(name.mid(name.lastIndexOf('/') + 1));
         addAll(lets);
@@ -241,7 +235,8 @@ private:
         const Range between = {name + 2, hasArguments ? end - 1 : name + 2};
         if (readArguments(between, let, formals, level, given)) {
             use.text = substituted(let.expression, given);
-            use.end = sizeOf(use.text) < longestExpansion ? end : 0;
+            m_lookedAt += use.text.size / lettersPerToken + let.expression.formals.size();
+            use.end = use.text.size < longestExpansion ? end : 0;
         }
         return use;
     }
@@ -271,7 +266,7 @@ private:
             append(given[formal], isOperand(part) ? "" : ")");
         }
         for (const LetText &value : given) {
-            if (sizeOf(value) < 2)
+            if (value.size < 2)
                 return false;
         }
         return true;
@@ -281,7 +276,7 @@ private:
     {
         LetText text;
         append(text, "(" + expression.texts.first());
-        for (int i = 0; i < expression.formals.size() && sizeOf(text) < longestExpansion; ++i) {
+        for (int i = 0; i < expression.formals.size() && text.size < longestExpansion; ++i) {
             append(text, given.at(expression.formals.at(i)));
             append(text, expression.texts.at(i + 1));
         }
@@ -293,7 +288,7 @@ private:
     LetText rendered(Range range, const QList<QByteArray> &formals, int level) const
     {
         LetText text;
-        for (int i = range.from; i < range.end && sizeOf(text) < longestExpansion;) {
+        for (int i = range.from; i < range.end && text.size < longestExpansion;) {
             ++m_lookedAt;
             if (i > range.from)
                 append(text, gapBefore(i));
@@ -302,6 +297,7 @@ private:
             if (formal >= 0) {
                 text.formals.append(formal);
                 text.texts.append(QByteArray());
+                ++text.size;
             } else if (use.end) {
                 append(text, use.text);
             } else {

@@ -36,8 +36,11 @@ std::vector<Module> modulesOf(const QByteArray &verilog)
 QByteArray moduleAt(const QByteArray &verilog, int line)
 {
     int start = 0; // of the line
-    for (int i = 1; i < line && start >= 0; ++i)
+    for (int i = 1; i < line; ++i) {
         start = verilog.indexOf('\n', start) + 1;
+        if (start == 0)
+            return QByteArray(); // a source can say of itself that it is anywhere
+    }
     int end = verilog.indexOf('\n', start);
     end = end < 0 ? verilog.size() : end;
     for (const Module &module : modulesOf(verilog)) {

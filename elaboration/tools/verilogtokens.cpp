@@ -29,7 +29,7 @@ bool VerilogTokens::is(int i, const char *word) const
     if (i < 0 || i >= size())
         return *word == 0;
     const size_t length = size_t(at(i).end - at(i).start);
-    return std::strncmp(m_text.constData() + at(i).start, word, length) == 0 && word[length] == 0;
+    return std::strlen(word) == length && std::memcmp(m_text.constData() + at(i).start, word, length) == 0;
 }
 
 bool VerilogTokens::isName(int i) const

@@ -8,6 +8,9 @@
 namespace QUARRY {
 namespace {
 
+// Of what takes the place of the statements. A selector and its choices are short.
+const int mostWritten = 16 * 1024 * 1024;
+
 class CaseGenerates
 {
 public:
@@ -23,7 +26,7 @@ public:
 
     std::vector<Edit> find()
     {
-        for (m_at = 0; m_at < m_words.count(); ++m_at) {
+        for (m_at = 0; m_at < m_words.count() && m_written < mostWritten; ++m_at) {
             const bool isEnd = is("end", -1);
             if (isEnd && is("generate"))
                 pop(false);
@@ -37,6 +40,8 @@ public:
                      (is(";", -1) || is("generate", -1) || is(">", -1)))
                 replaceAlternative();
         }
+        if (m_written >= mostWritten)
+            m_edits.clear();
         return m_edits;
     }
 
@@ -98,14 +103,16 @@ private:
         QByteArray condition;
         int depth = 0;
         int direction = 0;
-        for (m_at = choice; m_at < m_words.count() && !is(";"); ++m_at) {
+        for (m_at = choice; m_at < m_words.count() && m_written < mostWritten && !is(";"); ++m_at) {
             depth += is("(") ? 1 : is(")") ? -1 : 0;
             const bool isLast = depth == 0 && is("=") && is(">", 1);
             if (depth == 0 && (is("to") || is("downto")))
                 direction = m_at;
             if (!isLast && !(depth == 0 && is("|")))
                 continue;
-            condition += (condition.isEmpty() ? "" : " or ") + test(statement, choice, direction, m_at);
+            const QByteArray tested = test(statement, choice, direction, m_at);
+            m_written += tested.size();
+            condition += (condition.isEmpty() ? "" : " or ") + tested;
             choice = m_at + 1;
             direction = 0;
             if (isLast)
@@ -136,6 +143,7 @@ private:
     std::vector<Statement> m_open;
     std::vector<Edit> m_edits;
     int m_at = 0;
+    int m_written = 0;
 };
 
 } // namespace

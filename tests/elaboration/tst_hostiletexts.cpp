@@ -1,9 +1,12 @@
 #include "elaboration/reading/ghwfile.h"
+#include "elaboration/reading/vhdlplaces.h"
 #include "elaboration/tools/missingpackages.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourcecopies.h"
 #include "elaboration/tools/sourceorder.h"
+#include "elaboration/tools/verilogmodules.h"
+#include "elaboration/tools/vhdlgenerates.h"
 #include "elaboration/tools/vhdllibraries.h"
 #include "tests/elaboration/sources.h"
 
@@ -86,6 +89,9 @@ class HostileTextsTest : public QObject
 private Q_SLOTS:
     void repairs_data();
     void repairs();
+    void caseGenerates();
+    void lineFarAway();
+    void typesOfPackages();
     void includes_data();
     void includes();
     void libraries_data();
@@ -112,6 +118,10 @@ void HostileTextsTest::repairs_data()
     QTest::newRow("lets without end") << times(30000, "let l(a = (b = ");
     QTest::newRow("many imports") << "package p;" + numbered(2000, "let l# = 1;") + "endpackage " +
                                          times(20000, "import p::*;");
+    QTest::newRow("includes on one line") << times(300000, "`include ");
+    QTest::newRow("uses that grow too long")
+        << "let a(x) = x" + times(400, "+x") + ";let b(x) = a(x)" + times(15, "+a(x)") + ";" +
+               numbered(200, "let c#(x) = 1" + times(99, "+b(x+x)+b(x+x+x+x+x+x+x)") + ";");
     QTest::newRow("instances of checkers") << "checker c; endchecker " + times(30000, "bind a c c [");
 }
 
@@ -123,6 +133,49 @@ void HostileTextsTest::repairs()
     BlankedNames names;
     repairSource(text, VerilogSource, HideAssertions, names);
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+// The selector stands once in the source, and in the condition of each choice.
+void HostileTextsTest::caseGenerates()
+{
+    QByteArray text =
+        "g: case " + times(50000, "a") + " generate when 0" + times(50000, "|1") + " => end generate;";
+    const qint64 before = memoryUsed();
+    replaceCaseGenerates(text);
+    QVERIFY(memoryUsed() - before < mostMemory);
+}
+
+// "`line" lets a source say where it is.
+void HostileTextsTest::lineFarAway()
+{
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(moduleAt("module a;\nendmodule\n", 2000000000), QByteArray());
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+// Each type is known to two packages, which see two others.
+void HostileTextsTest::typesOfPackages()
+{
+    Sources sources;
+    QByteArray text = "package a40 is type t40 is (x, y); end; package b40 is type t40 is (x, y); end;\n";
+    for (int i = 39; i >= 0; --i) {
+        for (const char *name : {"a", "b"})
+            text += QByteArray("use work.#.t$; package @ is subtype t% is t$; end;\n")
+                        .replace("#", name + QByteArray::number(i + 1))
+                        .replace("@", name + QByteArray::number(i))
+                        .replace("%", QByteArray::number(i))
+                        .replace("$", QByteArray::number(i + 1));
+    }
+    text += "entity e is end; architecture r of e is signal s : work.a0.t0; begin end;\n";
+    const QMap<QString, QString> names;
+    VhdlPlaceTable table;
+    table.open({{"work", sources.write("a.vhd", text)}}, names);
+    QElapsedTimer timer;
+    timer.start();
+    while (table.readSome())
+        QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(table.of("work", "e", "")->declarations.value("s").enumLabels.isEmpty());
 }
 
 void HostileTextsTest::includes_data()
