@@ -60,7 +60,7 @@ public:
 
     // What is wrong with the cores as they were read or saved last.
     bool check(QString *errors) const;
-    QStringList checkShown(); // of the pages as they are now
+    QStringList checkShown();                                        // of the pages as they are now
     const QList<CheckError> &refusals() const { return m_refusals; } // of the last save
     // Of those that the pages show. Without a design none is stale.
     QList<StaleSignal> staleSignals() const;

@@ -27,7 +27,8 @@ const struct
     {"RTLJEX::TriggerPortDialog", "trigger"},    {"RTLJEX::TriggerSingalSelectDialog", "capture"},
     {"Workbench::DeviceDialog", "project"},      {"Workbench::MainWindow", "window"},
     {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
-    {"Workbench::OptionsDialog", "project"},     {"Workbench::ProjectTree", "project"},
+    {"Workbench::NetlistPane", "search"},        {"Workbench::OptionsDialog", "project"},
+    {"Workbench::ProjectTree", "project"},       {"Workbench::RecoveryDialog", "window"},
 };
 
 QString ownTopic(const QWidget *widget)

@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -166,6 +167,7 @@ void MainWindow::attend(const QString &recoveryFolder)
     connect(trial, &DesignTrial::status, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
     m_projectMenu->addAction(trial->action());
+    setIcons(this, menuBar());
     auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
     layout->insertWidget(layout->indexOf(m_banner) + 1, new ReopenBanner(m_recovery, m_design));
 }
@@ -277,6 +279,8 @@ void MainWindow::createDocks()
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);
         dock->setWidget(entry.widget);
+        // Behind another tab it would be out of the window, where Tab leads all the same.
+        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setVisible);
         addDockWidget(entry.area, dock);
         const bool left = entry.area == Qt::LeftDockWidgetArea;
         resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
@@ -284,6 +288,12 @@ void MainWindow::createDocks()
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     tabifyDockWidget(findChild<QDockWidget *>("projectDock"), findChild<QDockWidget *>("netlistDock"));
     findChild<QDockWidget *>("projectDock")->raise();
+    // The bar of their tabs is there when the window is laid out.
+    const auto putBar = [this] {
+        for (const QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
+            putTabOrder(m_tree, bar);
+    };
+    QMetaObject::invokeMethod(this, putBar, Qt::QueuedConnection);
 }
 
 void MainWindow::connectTree()
