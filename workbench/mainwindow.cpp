@@ -279,8 +279,8 @@ void MainWindow::createDocks()
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);
         dock->setWidget(entry.widget);
-        // Behind another tab it would be out of the window, where Tab leads all the same.
-        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setVisible);
+        // Behind another tab it is out of the window, where Tab would lead all the same.
+        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setEnabled);
         addDockWidget(entry.area, dock);
         const bool left = entry.area == Qt::LeftDockWidgetArea;
         resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
