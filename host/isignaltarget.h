@@ -16,7 +16,7 @@ public:
     virtual ~ISignalTarget();
 
     // Where signals would go that are dropped at a position of the widget, which is one below the view; null:
-    // where the user is at work. "capture list of core 0"; empty: nowhere.
+    // where the user is at work. "the capture list"; empty: nowhere.
     virtual QString signalPlace(const QWidget *widget, const QPoint &position) const = 0;
 
     // Puts them there, by the view's own rules, and tells whether anything was put. The data are signals of

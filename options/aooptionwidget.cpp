@@ -46,7 +46,7 @@ void AoOptionWidget::setNlsdata(QUARRY::RtlNetlist *netlist)
 QString AoOptionWidget::signalPlace(const QWidget *widget, const QPoint &position) const
 {
     if (currentWidget() == m_capture)
-        return tr("capture list");
+        return tr("the capture list");
     const int port = m_trigger->portAt(widget, position);
     return port < 0 ? QString() : tr("trigger port %1").arg(port);
 }

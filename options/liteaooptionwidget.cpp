@@ -34,7 +34,7 @@ void LiteAoOptionWidget::setNlsData(QUARRY::RtlNetlist *netlist)
 
 QString LiteAoOptionWidget::signalPlace(const QWidget *, const QPoint &) const
 {
-    return tr("capture list");
+    return tr("the capture list");
 }
 
 bool LiteAoOptionWidget::addSignals(const QList<JEX::SignalItem> &chosen, const QWidget *, const QPoint &,

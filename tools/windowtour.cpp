@@ -15,6 +15,7 @@
 #include "host/designmanager.h"
 #include "host/editorregistry.h"
 #include "host/filewizard.h"
+#include "host/isnapshot.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
@@ -35,6 +36,7 @@
 #include "workbench/mainwindow.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
+#include "workbench/recoverydialog.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -170,6 +172,21 @@ void visitEditors(const Visitor &visit, const Core::Project &project)
     delete window;
 }
 
+// The editor that is open, as it would be after a crash.
+void visitRecovery(const Visitor &visit, QWidget *window)
+{
+    Core::IView *view = Core::ViewManager::instance()->currentView();
+    const auto *source = dynamic_cast<Core::ISnapshot *>(view);
+    if (!source)
+        return;
+    Workbench::KeptState state;
+    state.file = view->editedFile().path;
+    state.time = QDateTime::currentDateTime();
+    state.snapshot = source->snapshot();
+    Workbench::RecoveryDialog dialog({state}, window);
+    show(visit, &dialog, "recovery");
+}
+
 // Without a project, and with this one and its configurations.
 void visitWorkbench(const Visitor &visit, const QString &projectFile)
 {
@@ -195,6 +212,7 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
     show(visit, &options, "options");
     Workbench::DeviceDialog device(window.workspace()->project()->data().device, &window);
     show(visit, &device, "device");
+    visitRecovery(visit, &window);
     Workbench::GuideWindow guide(&window);
     guide.setAttribute(Qt::WA_DeleteOnClose, false);
     guide.showTopic("capture");

@@ -27,6 +27,7 @@ RTLJEX::Snapshot presentState()
 DuplicateCore::DuplicateCore(QMenu *editMenu, QObject *parent)
     : QObject(parent), m_menu(editMenu->addMenu("&Duplicate Core"))
 {
+    m_menu->menuAction()->setStatusTip("Add a core that is set up as the chosen one");
     connect(editMenu, &QMenu::aboutToShow, this, &DuplicateCore::fill);
     fill();
 }

@@ -14,7 +14,7 @@ FindBar::FindBar(QPlainTextEdit *edit, QWidget *owner)
     : QWidget(owner),
       m_edit(edit),
       m_text(new QLineEdit),
-      m_case(new QCheckBox("Match &case")),
+      m_case(new QCheckBox("M&atch case")),
       m_result(new QLabel)
 {
     m_text->setObjectName("findText");

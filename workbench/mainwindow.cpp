@@ -167,9 +167,9 @@ void MainWindow::attend(const QString &recoveryFolder)
     connect(trial, &DesignTrial::status, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
     m_projectMenu->addAction(trial->action());
+    setIcons(this, menuBar());
     auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
     layout->insertWidget(layout->indexOf(m_banner) + 1, new ReopenBanner(m_recovery, m_design));
-    setIcons(this, menuBar());
 }
 
 void MainWindow::addMessage(const QString &text, bool isError)
@@ -279,20 +279,23 @@ void MainWindow::createDocks()
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);
         dock->setWidget(entry.widget);
-        // One behind another's tab counts as visible for the toolkit, whose Tab key would go into it.
-        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setVisible);
-        connect(dock, &QDockWidget::visibilityChanged, this, [this] {
-            for (QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
-                bar->setFocusPolicy(
-                    Qt::NoFocus); // it comes last, wherever it stands; the View menu has the docks
-        });
+        // Behind another tab it is out of the window, where Tab would lead all the same.
+        connect(dock, &QDockWidget::visibilityChanged, entry.widget, &QWidget::setEnabled);
         addDockWidget(entry.area, dock);
         const bool left = entry.area == Qt::LeftDockWidgetArea;
         resizeDocks({dock}, {entry.size}, left ? Qt::Horizontal : Qt::Vertical);
     }
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    tabifyDockWidget(findChild<QDockWidget *>("projectDock"), findChild<QDockWidget *>("netlistDock"));
+    auto *netlist = findChild<QDockWidget *>("netlistDock");
+    connect(netlist, &QDockWidget::visibilityChanged, m_netlist, &NetlistPane::setShown);
+    tabifyDockWidget(findChild<QDockWidget *>("projectDock"), netlist);
     findChild<QDockWidget *>("projectDock")->raise();
+    // The bar of their tabs is there when the window is laid out.
+    const auto putBar = [this] {
+        for (const QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
+            putTabOrder(m_tree, bar);
+    };
+    QMetaObject::invokeMethod(this, putBar, Qt::QueuedConnection);
 }
 
 void MainWindow::connectTree()

@@ -6,11 +6,11 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHash>
+#include <QKeyEvent>
 #include <QListView>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QToolButton>
@@ -18,6 +18,7 @@
 
 #include "host/atomicfile.h"
 #include "host/modal.h"
+#include "host/rowdelegate.h"
 #include "workbench/messagemodel.h"
 
 namespace Workbench {
@@ -45,7 +46,7 @@ private:
 
 namespace {
 
-// Lines are as wide as the list. Errors are red, on a dark ground in a light one; the past is grey.
+// Lines are as wide as the list. Errors are red; the past is grey.
 class MessageDelegate : public QStyledItemDelegate
 {
 public:
@@ -70,11 +71,10 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const bool isDark = option->palette.color(QPalette::Base).lightness() < 128;
         if (index.data(MessageModel::PastRole).toBool())
             option->state &= ~QStyle::State_Enabled;
         else if (index.data(MessageModel::KindRole).toInt() == Message::Error)
-            option->palette.setColor(QPalette::Text, isDark ? "#ff8a80" : "#b00020");
+            option->palette.setColor(QPalette::Text, QUtil::errorColour(option->palette));
     }
 
 private:
@@ -86,7 +86,27 @@ private:
 
 class MessageList : public QListView
 {
+public:
+    explicit MessageList(const std::function<void()> &copy) : m_copy(copy) {}
+
 protected:
+    // The key of the window's own Copy, which takes signals, is the list's while that has the focus.
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::ShortcutOverride &&
+            static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy))
+            event->accept();
+        return QListView::event(event);
+    }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Copy))
+            m_copy();
+        else
+            QListView::keyPressEvent(event);
+    }
+
     // By its key, the menu is that of the current message.
     void contextMenuEvent(QContextMenuEvent *event) override
     {
@@ -106,6 +126,9 @@ protected:
         painter.drawText(viewport()->rect().adjusted(4, 4, -4, -4), Qt::AlignTop | Qt::AlignLeft,
                          "No messages.");
     }
+
+private:
+    const std::function<void()> m_copy;
 };
 
 QToolButton *newButton(const QString &text, const QString &tip)
@@ -123,7 +146,7 @@ MessagePane::MessagePane(QWidget *parent)
     : QWidget(parent),
       m_model(new MessageModel(this)),
       m_filter(new MessageFilter(this)),
-      m_list(new MessageList)
+      m_list(new MessageList([this] { copy(); }))
 {
     m_filter->setSourceModel(m_model);
     m_list->setModel(m_filter);
@@ -141,8 +164,6 @@ MessagePane::MessagePane(QWidget *parent)
     connect(m_list, &QListView::activated, this,
             [this](const QModelIndex &index) { follow(m_filter->mapToSource(index).row()); });
     connect(m_list, &QListView::customContextMenuRequested, this, &MessagePane::showMenu);
-    auto *copyKey = new QShortcut(QKeySequence::Copy, m_list, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(copyKey, &QShortcut::activated, this, &MessagePane::copy);
     connect(m_model, &MessageModel::rowsAboutToBeInserted, this, &MessagePane::followEnd);
     connect(m_model, &MessageModel::rowsInserted, this, &MessagePane::updateCounts);
     connect(m_model, &MessageModel::rowsRemoved, this, &MessagePane::updateCounts);

@@ -121,16 +121,9 @@ void NetlistPane::createLists()
     connect(m_list, &QTreeView::doubleClicked, this, &NetlistPane::addRequested);
 }
 
-void NetlistPane::showEvent(QShowEvent *event)
+void NetlistPane::setShown(bool isShown)
 {
-    QWidget::showEvent(event);
-    m_design->setWanted(this, true);
-}
-
-void NetlistPane::hideEvent(QHideEvent *event)
-{
-    QWidget::hideEvent(event);
-    m_design->setWanted(this, false);
+    m_design->setWanted(this, isShown);
 }
 
 // Return puts the nets in; Down leads from the filter into the list.

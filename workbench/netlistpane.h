@@ -38,9 +38,10 @@ public:
 Q_SIGNALS:
     void addRequested(); // of the nets that are chosen
 
+public Q_SLOTS:
+    void setShown(bool isShown); // a dock behind another's tab is visible for the toolkit
+
 protected:
-    void showEvent(QShowEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:

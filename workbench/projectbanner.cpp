@@ -10,7 +10,7 @@ namespace Workbench {
 ProjectBanner::ProjectBanner(QWidget *parent)
     : QWidget(parent),
       m_text(new QLabel),
-      m_reload(new QPushButton("&Reload")),
+      m_reload(new QPushButton("Re&load")),
       m_keep(new QPushButton("&Keep It")),
       m_close(new QPushButton("&Close"))
 {

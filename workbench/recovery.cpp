@@ -50,6 +50,7 @@ Recovery::Recovery(const QString &folder, Workspace *workspace, QWidget *window)
     Core::ViewManager *views = Core::ViewManager::instance();
     connect(views, &Core::ViewManager::viewActiveted, this, &Recovery::follow);
     connect(views, &Core::ViewManager::viewClosed, this, &Recovery::noteEnd);
+    connect(workspace, &Workspace::savedAs, this, &Recovery::noteFile);
     updateAction();
 }
 
@@ -77,6 +78,15 @@ void Recovery::noteChange(Core::IView *view, Core::StateChange change)
     if (!m_edited.isEmpty() && !m_soon.isActive())
         m_soon.start();
     QTimer::singleShot(0, this, &Recovery::updateAction);
+}
+
+// What is kept under the old name was saved, to another file.
+void Recovery::noteFile(Core::IView *view)
+{
+    if (!m_files.contains(view))
+        return;
+    m_store.drop(m_files.value(view));
+    m_files.insert(view, view->editedFile().path);
 }
 
 void Recovery::noteEnd(Core::IView *view)

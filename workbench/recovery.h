@@ -42,6 +42,7 @@ Q_SIGNALS:
 private:
     void follow(Core::IView *view);
     void noteChange(Core::IView *view, Core::StateChange change);
+    void noteFile(Core::IView *view);
     void noteEnd(Core::IView *view);
     void keepEdited();
     void keep(Core::IView *view);

@@ -64,7 +64,7 @@ void collect(const QAbstractItemModel *model, const QModelIndex &parent, const Q
 
 RowFinder::RowFinder(QWidget *parent) : QWidget(parent), m_text(new QLineEdit), m_result(new QLabel)
 {
-    auto *label = new QLabel("&Find row:");
+    auto *label = new QLabel("Fi&nd row:");
     label->setBuddy(m_text);
     m_text->setObjectName("findRow");
     m_result->setObjectName("findRowResult");

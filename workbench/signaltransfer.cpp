@@ -56,6 +56,9 @@ SignalTransfer::SignalTransfer(NetlistPane *pane, QWidget *window)
 {
     m_copy->setObjectName("copySignals");
     m_paste->setObjectName("pasteSignals");
+    m_copy->setStatusTip("Copy the chosen rows, or the chosen nets of the netlist");
+    m_paste->setStatusTip(
+        "Put the copied signals where the user is at work: a capture list or a trigger port");
     m_copy->setShortcut(QKeySequence::Copy);
     m_paste->setShortcut(QKeySequence::Paste);
     connect(m_copy, &QAction::triggered, this, &SignalTransfer::copy);
@@ -108,7 +111,7 @@ void SignalTransfer::add(const QMimeData &data, QWidget *view, const QWidget *wi
     for (const QString &fault : qAsConst(faults))
         Q_EMIT message(fault, true);
     if (isAdded)
-        Q_EMIT message("Added to the " + place + '.', false);
+        Q_EMIT message("Added to " + place + '.', false);
 }
 
 void SignalTransfer::addChosenNets()

@@ -78,6 +78,7 @@ bool Workspace::saveViewAs(Core::IView *view)
         return false;
     if (holds(m_project.get(), old))
         m_project->addFile(path);
+    Q_EMIT savedAs(view);
     Q_EMIT message("Saved as " + shown + ".", false);
     return true;
 }

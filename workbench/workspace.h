@@ -68,6 +68,7 @@ Q_SIGNALS:
     void projectFileChanged(Workbench::ProjectFile state); // on the disk
     void message(const QString &text, bool isError);
     void fileSaved(const QString &path);                                        // that a view edits
+    void savedAs(Core::IView *view);                                            // which edits that file now
     void findingsTold(Core::IView *view, const QList<Core::Finding> &findings); // all that it has now
 
 private:

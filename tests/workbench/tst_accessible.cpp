@@ -1,5 +1,10 @@
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
+#include <QLabel>
+#include <QMenuBar>
 #include <QRegularExpression>
+#include <QShortcut>
 #include <QWidget>
 #include <QtTest>
 
@@ -82,6 +87,7 @@ private Q_SLOTS:
         const auto look = [this](QWidget *window, const QString &name) {
             lookForNames(window, name);
             lookAtOrder(window, name);
+            lookAtKeys(window, name);
             const bool isPart = name.startsWith("editor-") || name.startsWith("banner-") || name == "guide";
             if (!isPart && Workbench::helpTopic(window) == "index")
                 m_withoutTopic << name;
@@ -99,6 +105,13 @@ private Q_SLOTS:
     {
         QVERIFY2(m_jumps.isEmpty(), qPrintable(m_jumps.join('\n')));
         QVERIFY(m_steps > 50);
+    }
+
+    // Neither of two with the same key would do anything.
+    void everyKeyIsOfOne()
+    {
+        QVERIFY2(m_ambiguous.isEmpty(), qPrintable(m_ambiguous.join('\n')));
+        QVERIFY2(m_keys > 30, qPrintable(QString::number(m_keys)));
     }
 
     void everyWindowHasAPageOfTheGuide() { QCOMPARE(m_withoutTopic, QStringList()); }
@@ -133,8 +146,48 @@ private:
             m_jumps += back;
     }
 
-    QStringList m_unnamed, m_jumps, m_withoutTopic;
+    // A key of the window is nobody's else. Parts may have keys in common; those of actions that belong to
+    // one widget are there for the eye alone.
+    void lookAtKeys(QWidget *window, const QString &name)
+    {
+        QMultiMap<QString, QString> owners, parts;
+        const auto add = [&](const QKeySequence &key, const QString &owner) {
+            if (!key.isEmpty())
+                owners.insert(key.toString(), owner);
+        };
+        for (const QAction *action : window->findChildren<QAction *>()) {
+            if (action->shortcutContext() != Qt::WidgetShortcut) {
+                for (const QKeySequence &key : action->shortcuts())
+                    add(key, action->text());
+            }
+        }
+        for (const QShortcut *shortcut : window->findChildren<QShortcut *>()) {
+            if (shortcut->context() == Qt::WindowShortcut || shortcut->context() == Qt::ApplicationShortcut)
+                add(shortcut->key(), "a shortcut");
+            else
+                parts.insert(shortcut->key().toString(), "a shortcut of a part");
+        }
+        for (const QLabel *label : window->findChildren<QLabel *>()) {
+            if (label->buddy())
+                add(QKeySequence::mnemonic(label->text()), label->text());
+        }
+        for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
+            add(button->shortcut(), button->text());
+        for (const QMenuBar *bar : window->findChildren<QMenuBar *>()) {
+            for (const QAction *menu : bar->actions())
+                add(QKeySequence::mnemonic(menu->text()), menu->text());
+        }
+        for (const QString &key : owners.uniqueKeys()) {
+            ++m_keys;
+            const QStringList all = owners.values(key) + parts.values(key);
+            if (all.size() > 1)
+                m_ambiguous << name + ": " + key + ": " + all.join(", ");
+        }
+    }
+
+    QStringList m_unnamed, m_jumps, m_withoutTopic, m_ambiguous;
     int m_named = 0;
+    int m_keys = 0;
     int m_steps = 0;
 };
 

@@ -132,7 +132,7 @@ private Q_SLOTS:
         QTreeWidget *ports = view()->findChild<QTreeWidget *>("treeTrigger");
         ports->setCurrentItem(ports->topLevelItem(0));
         QTest::keyClick(m_nets, Qt::Key_Return);
-        QVERIFY(lastMessage().endsWith("Added to the trigger port 0."));
+        QVERIFY(lastMessage().endsWith("Added to trigger port 0."));
         QCOMPARE(chosen(), QString("top/clk top/d[3:0]"));
         // By a drag, to where it is dropped. The tree of ports takes none itself, so the editor gets it.
         const QPoint port = ports->visualItemRect(ports->topLevelItem(2)).center();

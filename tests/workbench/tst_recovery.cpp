@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QFileDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
@@ -114,6 +115,34 @@ private Q_SLOTS:
         save();
         QVERIFY(contents(m_path).contains("edge=\"falling\""));
         m_window->recovery()->offer(); // nothing is left
+    }
+
+    // It would come back in the file that the user has left as it was.
+    void afterSavingAs()
+    {
+        const QByteArray before = contents(m_path);
+        setFalling(true);
+        m_window->recovery()->keepNow();
+        m_user->then([this](QDialog *dialog) {
+            static_cast<QFileDialog *>(dialog)->selectFile(m_dir->path("b.zub"));
+            dialog->accept();
+        });
+        m_window->findChild<QAction *>("saveAs")->trigger();
+        QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
+        QCOMPARE(kept(), 0);
+        setFalling(false);
+        m_window->recovery()->keepNow();
+        QCOMPARE(kept(), 1);
+        die();
+        start();
+        QString list;
+        m_user->then(pressing("Recover", &list));
+        m_window->recovery()->offer();
+        QCOMPARE(list, QString("b.zub: Core 0: edge changed from falling to rising|"));
+        QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
+        QVERIFY(!isFalling());
+        QCOMPARE(contents(m_path), before);
+        save();
     }
 
     void damaged_data()
