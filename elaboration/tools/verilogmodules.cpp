@@ -1,5 +1,7 @@
 #include "elaboration/tools/verilogmodules.h"
 
+#include <cctype>
+
 #include "elaboration/tools/verilogtokens.h"
 
 namespace QUARRY {
@@ -31,7 +33,62 @@ std::vector<Module> modulesOf(const QByteArray &verilog)
     return modules;
 }
 
+// Whether "](" stands in it, which is rare; blanks may stand in between.
+bool mayHaveInstanceArray(const QByteArray &verilog)
+{
+    for (int at = verilog.indexOf(']'); at >= 0; at = verilog.indexOf(']', at + 1)) {
+        int next = at + 1;
+        while (next < verilog.size() && std::isspace(uchar(verilog.at(next))))
+            ++next;
+        if (next < verilog.size() && (verilog.at(next) == '(' || verilog.at(next) == '/'))
+            return true;
+    }
+    return false;
+}
+
+// The bracket that opens what the one at `i` closes; -1 when none does.
+int opening(const VerilogTokens &tokens, int i)
+{
+    int depth = 0;
+    for (int at = i; at >= 0; --at) {
+        depth += tokens.isAny(at, {")", "]"}) ? 1 : tokens.isAny(at, {"(", "["}) ? -1 : 0;
+        if (depth == 0)
+            return at;
+    }
+    return -1;
+}
+
 } // namespace
+
+QStringList droppedDimensions(const QByteArray &verilog)
+{
+    QStringList sentences;
+    if (!mayHaveInstanceArray(verilog))
+        return sentences;
+    const VerilogTokens tokens(verilog);
+    int line = 1, counted = 0;
+    for (int i = 1; i < tokens.size(); ++i) {
+        if (!tokens.is(i, "(") || !tokens.is(i - 1, "]"))
+            continue;
+        int dimensions = 0;
+        int name = i - 1;
+        for (; tokens.is(name, "]"); ++dimensions)
+            name = opening(tokens, name) - 1;
+        int module = name - 1;
+        if (tokens.is(module, ")")) // "leaf #(4) u [1:0] [1:0] ("
+            module = opening(tokens, module) - 2;
+        if (dimensions < 2 || !tokens.isName(name) || !tokens.isName(module))
+            continue;
+        line += tokens.text().mid(counted, tokens.at(name).start - counted).count('\n');
+        counted = tokens.at(name).start;
+        sentences.append(QString::number(line) +
+                         QLatin1String(": Only the first dimension of this array of instances of module ") +
+                         QString::fromUtf8(tokens.word(module)) +
+                         QLatin1String(" is read, so that the others are not shown and connections may seem "
+                                       "to be too wide. Write it as generate loops."));
+    }
+    return sentences;
+}
 
 QByteArray moduleAt(const QByteArray &verilog, int line)
 {
