@@ -46,11 +46,11 @@ bool mayHaveInstanceArray(const QByteArray &verilog)
     return false;
 }
 
-// The bracket that opens what the one at `i` closes; -1 when none does.
-int opening(const VerilogTokens &tokens, int i)
+// The bracket that opens what the one at `i` closes; -1 when none of as many tokens does.
+int opening(const VerilogTokens &tokens, int i, int most)
 {
     int depth = 0;
-    for (int at = i; at >= 0; --at) {
+    for (int at = i; at >= 0 && i - at < most; --at) {
         depth += tokens.isAny(at, {")", "]"}) ? 1 : tokens.isAny(at, {"(", "["}) ? -1 : 0;
         if (depth == 0)
             return at;
@@ -62,22 +62,25 @@ int opening(const VerilogTokens &tokens, int i)
 
 QStringList droppedDimensions(const QByteArray &verilog)
 {
+    const int mostInBrackets = 64, mostParameters = 500, mostSentences = 100;
     QStringList sentences;
     if (!mayHaveInstanceArray(verilog))
         return sentences;
     const VerilogTokens tokens(verilog);
     int line = 1, counted = 0;
-    for (int i = 1; i < tokens.size(); ++i) {
+    for (int i = 1; i < tokens.size() && sentences.size() < mostSentences; ++i) {
         if (!tokens.is(i, "(") || !tokens.is(i - 1, "]"))
             continue;
         int dimensions = 0;
         int name = i - 1;
-        for (; tokens.is(name, "]"); ++dimensions)
-            name = opening(tokens, name) - 1;
+        for (; dimensions < mostInBrackets && tokens.is(name, "]"); ++dimensions)
+            name = opening(tokens, name, mostInBrackets) - 1;
         int module = name - 1;
+        if (dimensions < 2 || !tokens.isName(name))
+            continue;
         if (tokens.is(module, ")")) // "leaf #(4) u [1:0] [1:0] ("
-            module = opening(tokens, module) - 2;
-        if (dimensions < 2 || !tokens.isName(name) || !tokens.isName(module))
+            module = opening(tokens, module, mostParameters) - 2;
+        if (!tokens.isName(module))
             continue;
         line += tokens.text().mid(counted, tokens.at(name).start - counted).count('\n');
         counted = tokens.at(name).start;

@@ -138,6 +138,7 @@ void VhdlAnalysis::dropRepeated(VhdlFile &file)
 // An entity whose architecture is encrypted, or in no file, is a black box with ports.
 void VhdlAnalysis::addBodies()
 {
+    const int longestEnding = 4096;
     const QRegExp ending(QLatin1String("\\bend\\b[^;]*;\\s*$")); // what is not closed takes nothing behind it
     QSet<QString> known;
     for (const VhdlFile &file : m_files) {
@@ -151,9 +152,10 @@ void VhdlAnalysis::addBodies()
         QByteArray bodies;
         for (const VhdlUnit &unit : file.scan.units) {
             const QString name = unit.name.toLower();
-            const QByteArray own = text.mid(unit.begin, unit.end - unit.begin).toLower();
-            if (unit.kind != VhdlUnit::Entity || known.contains(name) || name.startsWith(QLatin1Char('\\')) ||
-                ending.indexIn(QString::fromLatin1(own)) < 0)
+            if (unit.kind != VhdlUnit::Entity || known.contains(name) || name.startsWith(QLatin1Char('\\')))
+                continue;
+            const int begin = qMax(unit.begin, unit.end - longestEnding);
+            if (ending.indexIn(QString::fromLatin1(text.mid(begin, unit.end - begin)).toLower()) < 0)
                 continue;
             bodies += "\narchitecture jex_empty of " + name.toLatin1() + " is begin end;";
             m_bodiless.insert(name, QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +

@@ -208,7 +208,7 @@ bool splitVhdlGenerics(QByteArray &text)
             colon = i;
         if (depth > 1 || !(word.is(";") || depth == 0))
             continue;
-        const int begin = words.at(colon).at;
+        const int begin = colon > 0 && !commas.isEmpty() ? words.at(colon).at : word.at;
         const QByteArray type = withoutComments(text.mid(begin, word.at - begin), VhdlSource).simplified();
         const bool isSplit = type.contains('(') && qint64(type.size()) * commas.size() <= mostAdded;
         for (const int comma : isSplit ? commas : QList<int>()) {
