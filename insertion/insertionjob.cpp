@@ -105,7 +105,8 @@ void InsertionJob::end(Outcome outcome)
 
 void InsertionJob::fail(Outcome outcome, const QStringList &sentences)
 {
-    for (const QString &sentence : sentences)
+    const QString full = m_elaboration ? fullDiskMessage(m_elaboration->scratch->path()) : QString();
+    for (const QString &sentence : full.isEmpty() ? sentences : QStringList(full))
         m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
     m_files.clear();
     end(outcome);

@@ -184,6 +184,8 @@ void InsertionReport::noteEquivalence(const QUARRY::ToolResult &result, int seco
     if (result.outcome == QUARRY::ToolResult::Stopped)
         equivalence =
             "not known: it took more than " + QString::number(seconds) + " seconds or too much memory";
+    else if (result.outcome == QUARRY::ToolResult::NoRoom)
+        equivalence = "not known: " + result.message.section(": ", 1);
     else if (result.isGood())
         equivalence = "proven";
     else if (words.contains("unproven $equiv"))

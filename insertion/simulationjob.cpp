@@ -90,7 +90,8 @@ void SimulationJob::end(Outcome outcome)
 
 void SimulationJob::fail(Outcome outcome, const QStringList &sentences)
 {
-    for (const QString &sentence : sentences)
+    const QString full = m_scratch ? fullDiskMessage(m_scratch->path()) : QString();
+    for (const QString &sentence : full.isEmpty() ? sentences : QStringList(full))
         m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
     end(outcome);
 }

@@ -60,7 +60,22 @@ void Elaborator::begin()
     if (checkSources() && prepareSources())
         readVhdl();
     else
-        Q_EMIT finished();
+        end();
+}
+
+// What follows from a full disk, through tools that did not notice, is nothing to be told beside it.
+void Elaborator::end()
+{
+    const ScratchDir &scratch = *m_result->scratch;
+    const QString fault = m_runner.fullDisk().isEmpty()
+                              ? fullDiskMessage(scratch.isValid() ? scratch.path() : QDir::tempPath())
+                              : m_runner.fullDisk();
+    if (!fault.isEmpty()) {
+        m_result->lists = ModuleList();
+        m_result->lists.messages.append(fault);
+        m_result->usable = false;
+    }
+    Q_EMIT finished();
 }
 
 // The tools have run by now, so that nothing has to be tried to know.
@@ -180,7 +195,7 @@ void Elaborator::proceed(Verdict verdict)
     if (verdict == Done)
         finish();
     warnOfRights();
-    Q_EMIT finished();
+    end();
 }
 
 void Elaborator::judge(const ToolResult &result)

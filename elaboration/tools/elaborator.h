@@ -63,6 +63,7 @@ private:
     void readDesign();
     void warnOfRights();
     void proceed(Verdict verdict);
+    void end();
     void judge(const ToolResult &result);
     void repair(const QList<ToolMessage> &errors);
     void tryRepairs(const QList<ToolMessage> &errors);

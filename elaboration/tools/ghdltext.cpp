@@ -108,16 +108,22 @@ std::string readableGhdlLine(std::string_view line)
         std::string name; // may be made of several, plain and extended: \my u\_q
         bool isExtended = false;
         const size_t start = at;
-        while (at < line.size() && (isNameLetter(line[at]) || line[at] == '\\')) {
+        // VHDL has names of Latin letters, too, and Verilog none.
+        const auto isForeign = [&] { return (line[at] & 0x80) != 0; };
+        while (at < line.size() && (isNameLetter(line[at]) || line[at] == '\\' || isForeign())) {
             const size_t end = line[at] == '\\' ? line.find('\\', at + 1) : at;
             if (end == std::string_view::npos)
                 break;
             for (const char letter : end > at ? line.substr(at + 1, end - at - 1) : line.substr(at, 1))
                 name += letter == ' ' ? '_' : letter;
-            isExtended = isExtended || end > at;
+            isExtended = isExtended || end > at || isForeign();
             at = end + 1;
         }
-        if (name == "0" && line.substr(at, 2) == "'b") {
+        if (at == start && line[at] == '"') {
+            const size_t end = std::min(line.find('"', at + 1), line.size() - 1) + 1;
+            result += line.substr(at, end - at);
+            at = end;
+        } else if (name == "0" && line.substr(at, 2) == "'b") {
             result += "1'bX";
             at = endOfLetters(line, at + 2);
         } else if (isExtended) {

@@ -10,6 +10,7 @@
 #include <stdlib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace QUARRY {
@@ -68,6 +69,19 @@ void sweep(const QString &root)
 }
 
 } // namespace
+
+QString fullDiskMessage(const QString &path)
+{
+    const quint64 least = 16 << 10; // what some file systems keep for themselves
+    struct statvfs disk;
+    if (path.isEmpty() || statvfs(QFile::encodeName(path).constData(), &disk) != 0)
+        return QString();
+    const bool hasRoom = quint64(disk.f_bavail) * disk.f_frsize >= least;
+    if (hasRoom && (disk.f_files == 0 || disk.f_favail > 0))
+        return QString();
+    return QLatin1String("ERROR: The temporary folder ") + temporaryRoot() +
+           QLatin1String(" is full. Make room on its disk, or let the variable TMPDIR name another folder.");
+}
 
 bool isPlainFile(const QString &path)
 {

@@ -9,6 +9,10 @@ namespace QUARRY {
 // should write. To be asked before such a file is opened.
 bool isPlainFile(const QString &path);
 
+// "The temporary folder /tmp is full. ..." when the disk that `path` lies on has no room; else empty. Most
+// tools do not look whether they could write, so this is asked when one is over.
+QString fullDiskMessage(const QString &path);
+
 // A folder for temporary files, removed with everything in it when the object dies. Links in it are
 // removed, never followed. The first one of a program removes what others, that were killed, left behind.
 class ScratchDir

@@ -9,6 +9,7 @@
 
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/verilogmodules.h"
 
 namespace QUARRY {
 namespace {
@@ -87,8 +88,11 @@ void SourceCopies::read(const QString &path, Source &source, QStringList &faults
     source.needed = neededRepairs(text, source.language, m_wanted);
     source.judged = m_wanted;
     source.isEmpty = holdsNothing(text, source.language);
-    if (source.language == VerilogSource)
-        noteIncludes(path, text, source, faults);
+    if (source.language == VhdlSource)
+        return;
+    noteIncludes(path, text, source, faults);
+    for (const QString &sentence : droppedDimensions(text))
+        faults.append(QLatin1String("WARNING: ") + path + QLatin1Char(':') + sentence);
 }
 
 void SourceCopies::noteIncludes(const QString &path, const QByteArray &text, Source &source,

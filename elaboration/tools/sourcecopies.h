@@ -77,7 +77,7 @@ private:
     BlankedNames m_blanked;
     QSet<QString> m_learnt; // files of which it knows all of them
     QStringList m_encrypted;
-    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates;
+    int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates | SplitGenerics;
 };
 
 } // namespace QUARRY

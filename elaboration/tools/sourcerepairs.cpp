@@ -9,6 +9,7 @@
 #include "elaboration/tools/veriloglets.h"
 #include "elaboration/tools/verilogmodules.h"
 #include "elaboration/tools/vhdlgenerates.h"
+#include "elaboration/tools/vhdlscan.h"
 
 namespace QUARRY {
 namespace {
@@ -150,6 +151,11 @@ bool replaceCases(QByteArray &text, SourceLanguage, BlankedNames &)
     return replaceCaseGenerates(text);
 }
 
+bool splitGenerics(QByteArray &text, SourceLanguage, BlankedNames &)
+{
+    return splitVhdlGenerics(text);
+}
+
 struct RepairRow
 {
     SourceRepair repair;
@@ -172,6 +178,7 @@ const RepairRow repairs[] = {
      {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff"},
      hideAssertions},
     {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases},
+    {SplitGenerics, false, true, nullptr, {"generic"}, splitGenerics},
     {HideModules, true, false, nullptr, {"module"}, hideModules},
 };
 
@@ -212,7 +219,10 @@ int repairSource(QByteArray &text, SourceLanguage language, int wanted, BlankedN
 
 QString unreadableReason(const QByteArray &text)
 {
-    if (text.startsWith("\xff\xfe") || text.startsWith("\xfe\xff"))
+    // "en" without a byte order mark
+    const bool isWide = text.size() >= 4 && (text.at(0) == 0) != (text.at(1) == 0) &&
+                        (text.at(0) == 0) == (text.at(2) == 0) && (text.at(1) == 0) == (text.at(3) == 0);
+    if (isWide || text.startsWith("\xff\xfe") || text.startsWith("\xfe\xff"))
         return QLatin1String("it is written in UTF-16, which no tool reads. Save it as UTF-8");
     return QString();
 }

@@ -15,7 +15,8 @@ enum SourceRepair {
     DropByteOrderMark = 4,
     HideAssertions = 8,        // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
     ReplaceCaseGenerates = 16, // see vhdlgenerates.h
-    HideModules = 32           // BlankedNames::modules
+    HideModules = 32,          // BlankedNames::modules
+    SplitGenerics = 64         // see splitVhdlGenerics()
 };
 
 // Of the wanted repairs those that the text may need, found by words that it holds.

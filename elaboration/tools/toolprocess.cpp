@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "elaboration/tools/confinement.h"
+#include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/toollimits.h"
 
 #include <signal.h>
@@ -287,6 +288,10 @@ void ToolRun::noteEnd()
         return startAgain();
     if (m_isConfined && !isRefused)
         noteConfinedRun();
+    const QString fullDisk = fullDiskMessage(
+        m_call.outputFile.isEmpty() ? m_call.writableFolder : QFileInfo(m_call.outputFile).path());
+    if (!fullDisk.isEmpty())
+        return end(ToolResult::NoRoom, fullDisk);
     const bool isGood = m_process->exitStatus() == QProcess::NormalExit;
     // Bubblewrap, and a shell, tell of a tool that a signal ended by 128 and its number.
     const int signalNumber = isGood ? m_result.exitCode - 128 : 0;

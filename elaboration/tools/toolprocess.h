@@ -31,7 +31,7 @@ struct ToolCall
 
 struct ToolResult
 {
-    enum Outcome { Finished, Missing, Died, Stopped };
+    enum Outcome { Finished, Missing, Died, Stopped, NoRoom };
     Outcome outcome = Finished;
     int exitCode = 0; // some tools report findings through it: their callers judge it
     QByteArray output;

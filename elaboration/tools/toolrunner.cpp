@@ -19,11 +19,19 @@ std::unique_ptr<ToolRun> ToolRunner::startOf(const ToolCall &call, const char *s
     return tool;
 }
 
+ToolResult ToolRunner::resultOf(std::unique_ptr<ToolRun> &tool)
+{
+    const ToolResult result = tool->result();
+    tool.reset();
+    if (result.outcome == ToolResult::NoRoom && m_fullDisk.isEmpty())
+        m_fullDisk = result.message;
+    return result;
+}
+
 void ToolRunner::goOn()
 {
     const Then then = m_then;
-    const ToolResult result = m_current->result();
-    m_current.reset();
+    const ToolResult result = resultOf(m_current);
     then(result);
 }
 
@@ -45,8 +53,7 @@ void ToolRunner::goOnBeside()
     if (!m_beside || !m_beside->isOver() || !m_besideThen)
         return;
     const Then then = m_besideThen;
-    const ToolResult result = m_beside->result();
-    m_beside.reset();
+    const ToolResult result = resultOf(m_beside);
     m_besideThen = Then();
     then(result);
 }

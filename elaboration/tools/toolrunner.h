@@ -27,6 +27,8 @@ public:
     // Does a piece of the work after the other, with events handled in between, until one gives false.
     void work(const std::function<bool()> &piece, const std::function<void()> &then);
 
+    QString fullDisk() const { return m_fullDisk; } // the message of the first tool that had no room
+
     void tellStage(const QString &text) { Q_EMIT stageChanged(text); }
 
 Q_SIGNALS:
@@ -39,11 +41,13 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<ToolRun> startOf(const ToolCall &call, const char *slot);
+    ToolResult resultOf(std::unique_ptr<ToolRun> &tool);
 
     std::unique_ptr<ToolRun> m_current; // the tool of run()
     Then m_then;
     std::unique_ptr<ToolRun> m_beside;
     Then m_besideThen;
+    QString m_fullDisk;
     std::function<bool()> m_piece;
     std::function<void()> m_afterwards;
 };

@@ -1,5 +1,7 @@
 #include "elaboration/tools/verilogmodules.h"
 
+#include <cctype>
+
 #include "elaboration/tools/verilogtokens.h"
 
 namespace QUARRY {
@@ -31,7 +33,65 @@ std::vector<Module> modulesOf(const QByteArray &verilog)
     return modules;
 }
 
+// Whether "](" stands in it, which is rare; blanks may stand in between.
+bool mayHaveInstanceArray(const QByteArray &verilog)
+{
+    for (int at = verilog.indexOf(']'); at >= 0; at = verilog.indexOf(']', at + 1)) {
+        int next = at + 1;
+        while (next < verilog.size() && std::isspace(uchar(verilog.at(next))))
+            ++next;
+        if (next < verilog.size() && (verilog.at(next) == '(' || verilog.at(next) == '/'))
+            return true;
+    }
+    return false;
+}
+
+// The bracket that opens what the one at `i` closes; -1 when none of as many tokens does.
+int opening(const VerilogTokens &tokens, int i, int most)
+{
+    int depth = 0;
+    for (int at = i; at >= 0 && i - at < most; --at) {
+        depth += tokens.isAny(at, {")", "]"}) ? 1 : tokens.isAny(at, {"(", "["}) ? -1 : 0;
+        if (depth == 0)
+            return at;
+    }
+    return -1;
+}
+
 } // namespace
+
+QStringList droppedDimensions(const QByteArray &verilog)
+{
+    const int mostInBrackets = 64, mostParameters = 500, mostSentences = 100;
+    QStringList sentences;
+    if (!mayHaveInstanceArray(verilog))
+        return sentences;
+    const VerilogTokens tokens(verilog);
+    int line = 1, counted = 0;
+    for (int i = 1; i < tokens.size() && sentences.size() < mostSentences; ++i) {
+        if (!tokens.is(i, "(") || !tokens.is(i - 1, "]"))
+            continue;
+        int dimensions = 0;
+        int name = i - 1;
+        for (; dimensions < mostInBrackets && tokens.is(name, "]"); ++dimensions)
+            name = opening(tokens, name, mostInBrackets) - 1;
+        int module = name - 1;
+        if (dimensions < 2 || !tokens.isName(name))
+            continue;
+        if (tokens.is(module, ")")) // "leaf #(4) u [1:0] [1:0] ("
+            module = opening(tokens, module, mostParameters) - 2;
+        if (!tokens.isName(module))
+            continue;
+        line += tokens.text().mid(counted, tokens.at(name).start - counted).count('\n');
+        counted = tokens.at(name).start;
+        sentences.append(QString::number(line) +
+                         QLatin1String(": Only the first dimension of this array of instances of module ") +
+                         QString::fromUtf8(tokens.word(module)) +
+                         QLatin1String(" is read, so that the others are not shown and connections may seem "
+                                       "to be too wide. Write it as generate loops."));
+    }
+    return sentences;
+}
 
 QByteArray moduleAt(const QByteArray &verilog, int line)
 {

@@ -72,8 +72,10 @@ void VhdlAnalysis::scan()
         if (source.type != TE::VhdlFile)
             continue;
         m_files.append({source.path, source.library, scanVhdl(m_copies.textOf(source.path))});
+        dropRepeated(m_files.last());
         m_order.append(source.path);
     }
+    addBodies();
     m_libraries = vhdlLibraries(m_files);
     for (const VhdlFile &file : m_files) {
         for (const VhdlUnit &unit : file.scan.units) {
@@ -97,6 +99,76 @@ void VhdlAnalysis::scan()
     }
 }
 
+void VhdlAnalysis::forgetMissing()
+{
+    for (const QString &entity : m_missing) {
+        m_entities.remove(entity);
+        m_entityOrder.removeAll(entity);
+    }
+}
+
+// GHDL would use what is declared last, and Verilator uses what is declared first.
+void VhdlAnalysis::dropRepeated(VhdlFile &file)
+{
+    Edits edits;
+    QSet<QString> repeated;
+    for (const VhdlUnit &unit : file.scan.units) {
+        const bool isDeclared = unit.kind == VhdlUnit::Entity || unit.kind == VhdlUnit::Package;
+        const QString name = isDeclared ? unit.name.toLower() : unit.entity;
+        if (isDeclared) {
+            QString &owner = m_owners[file.library + QLatin1Char('.') + name];
+            if (owner.isEmpty())
+                owner = file.path;
+            if (owner != file.path) {
+                repeated.insert(name);
+                m_messages.append(QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
+                                  unit.name + QLatin1String(" is declared a second time. What ") + owner +
+                                  QLatin1String(" declares is used."));
+            }
+        }
+        if (repeated.contains(name))
+            edits.insert(unit.begin, qMakePair(unit.end, QByteArray()));
+    }
+    if (edits.isEmpty())
+        return;
+    edit(file.path, m_copies.textOf(file.path), edits);
+    file.scan = scanVhdl(m_copies.textOf(file.path));
+}
+
+// An entity whose architecture is encrypted, or in no file, is a black box with ports.
+void VhdlAnalysis::addBodies()
+{
+    const int longestEnding = 4096;
+    const QRegExp ending(QLatin1String("\\bend\\b[^;]*;\\s*$")); // what is not closed takes nothing behind it
+    QSet<QString> known;
+    for (const VhdlFile &file : m_files) {
+        for (const VhdlUnit &unit : file.scan.units) {
+            if (unit.kind == VhdlUnit::Architecture)
+                known.insert(unit.entity);
+        }
+    }
+    for (const VhdlFile &file : m_files) {
+        const QByteArray text = m_copies.textOf(file.path);
+        QByteArray bodies;
+        for (const VhdlUnit &unit : file.scan.units) {
+            const QString name = unit.name.toLower();
+            if (unit.kind != VhdlUnit::Entity || known.contains(name) || name.startsWith(QLatin1Char('\\')))
+                continue;
+            const int begin = qMax(unit.begin, unit.end - longestEnding);
+            if (ending.indexIn(QString::fromLatin1(text.mid(begin, unit.end - begin)).toLower()) < 0)
+                continue;
+            bodies += "\narchitecture jex_empty of " + name.toLatin1() + " is begin end;";
+            m_bodiless.insert(name, QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
+                                        unit.name +
+                                        QLatin1String(" has no architecture and is shown as a black box, "
+                                                      "with nothing inside."));
+            m_hollow.insert(name);
+        }
+        if (!bodies.isEmpty())
+            m_copies.replace(file.path, text + bodies);
+    }
+}
+
 // The project's own order first: it costs nothing when it is right.
 void VhdlAnalysis::order()
 {
@@ -108,8 +180,13 @@ void VhdlAnalysis::order()
 
 void VhdlAnalysis::runBatch(const ToolRunner::Then &then)
 {
-    if (m_batch == m_batches.size())
+    if (m_batch == m_batches.size()) {
+        for (auto entity = m_bodiless.begin(); entity != m_bodiless.end(); ++entity) {
+            if (!m_missing.contains(entity.key()))
+                m_messages.append(entity.value());
+        }
         return then(ToolResult());
+    }
     const VhdlBatch batch = m_batches.at(m_batch);
     QStringList arguments(QLatin1String("-a"));
     for (const QString &file : batch.files)
@@ -272,9 +349,9 @@ bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
 
 bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
 {
-    QByteArray text = m_copies.textOf(file);
+    const QByteArray text = m_copies.textOf(file);
     const QList<VhdlUnit> units = scanVhdl(text).units;
-    QMap<int, QPair<int, QByteArray>> edits; // from where, to where and by what
+    Edits edits;
     for (const ToolMessage &error : errors) {
         const int at = ghdlOffset(text, error.line, error.column);
         int index = 0;
@@ -290,13 +367,20 @@ bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &err
     }
     if (!edits.isEmpty())
         note(errors, m_messages);
+    if (!edits.isEmpty())
+        edit(file, text, edits);
+    return !edits.isEmpty();
+}
+
+void VhdlAnalysis::edit(const QString &file, QByteArray text, const Edits &edits)
+{
     for (auto edit = edits.end(); edit != edits.begin();) {
         --edit;
         replaceKeepingLines(text, edit.key(), edit->first, edit->second);
     }
-    if (!edits.isEmpty())
-        m_copies.replace(file, text);
-    return !edits.isEmpty();
+    // GHDL refuses a file, and clauses, behind which nothing stands.
+    const QByteArray filler = "\npackage jex_empty is end;";
+    m_copies.replace(file, text.endsWith(filler) ? text : text + filler);
 }
 
 // What stays of a unit.
@@ -313,7 +397,7 @@ QByteArray VhdlAnalysis::restOf(const VhdlUnit &unit, bool isItsFault)
 }
 
 // "use lib.package.name;" before a unit.
-void VhdlAnalysis::addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits)
+void VhdlAnalysis::addClause(const QByteArray &text, int at, Edits &edits)
 {
     const int end = text.indexOf(';', at);
     const int begin =

@@ -65,6 +65,8 @@ public:
         return m_lost;
     } // entities of which nothing, or only the ports are known
 
+    void forgetMissing(); // entities that were left out, from now on
+
     int fileCount() const { return m_files.size(); }
     QList<VhdlBatch> byLibrary() const;            // all files as GHDL gets them, each once and in its order
     QMap<QString, QString> fileNames() const;      // as GHDL saw them to the user's own, where these differ
@@ -72,7 +74,11 @@ public:
     QStringList takeMessages();
 
 private:
+    typedef QMap<int, QPair<int, QByteArray>> Edits; // of a text: from where, to where and by what
+
     void scan();
+    void dropRepeated(VhdlFile &file);
+    void addBodies();
     void order();
     void runBatch(const ToolRunner::Then &then);
     void runBatches(int first, const QString &folder, const ToolRunner::Then &then);
@@ -83,7 +89,8 @@ private:
     bool leaveOut(const QList<ToolMessage> &errors);
     bool leaveOutOf(const QString &file, const QList<ToolMessage> &errors);
     QByteArray restOf(const VhdlUnit &unit, bool isItsFault);
-    static void addClause(const QByteArray &text, int at, QMap<int, QPair<int, QByteArray>> &edits);
+    static void addClause(const QByteArray &text, int at, Edits &edits);
+    void edit(const QString &file, QByteArray text, const Edits &edits);
     void note(const QList<ToolMessage> &errors, QStringList &messages) const;
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
@@ -106,9 +113,11 @@ private:
     QHash<QString, QString> m_entities;
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;
+    QHash<QString, QString> m_owners; // of "library.unit", the files
     QSet<QString> m_used;
-    QSet<QString> m_hollow;   // entities of which only the ports are known
-    QSet<QString> m_undriven; // signals that black boxes may drive
+    QSet<QString> m_hollow;            // entities of which only the ports are known
+    QMap<QString, QString> m_bodiless; // of these, those without an architecture, and sentences about them
+    QSet<QString> m_undriven;          // signals that black boxes may drive
     QSet<QString> m_lost;
     QSet<QString> m_twins;   // entities of several libraries
     QSet<QString> m_missing; // entities that were left out

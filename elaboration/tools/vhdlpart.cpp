@@ -59,8 +59,10 @@ void VhdlPart::prepare(const Then &then)
                 message.replace(0, 7, QLatin1String("ERROR")); // "WARNING"
         }
         m_messages += messages;
-        if (isGood)
+        if (isGood) {
+            m_analysis.forgetMissing();
             return translateRoots(then);
+        }
         if (result.isGood())
             return then(false);
         m_didToolFail = result.outcome != ToolResult::Finished;

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "elaboration/reading/vhdlwords.h"
+#include "elaboration/tools/sourcetext.h"
 
 namespace QUARRY {
 namespace {
@@ -183,6 +184,43 @@ bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance)
             instance.words.insert(words.name(i));
     }
     instance.end = i < words.count() ? words.at(i).at : text.size();
+    return true;
+}
+
+bool splitVhdlGenerics(QByteArray &text)
+{
+    const int mostAdded = 1 << 20; // by one list: what is longer is left as it is
+    const VhdlWords words(text);
+    QByteArray split;
+    QList<int> commas;
+    int done = 0;
+    int depth = 0; // in a list of generics
+    int colon = 0;
+    for (int i = 0; i < words.count(); ++i) {
+        const VhdlWord &word = words.at(i);
+        if (depth == 0 && !(word.is("(") && words.at(i - 1).is("generic") && words.at(i - 2).is("is") &&
+                            words.at(i - 4).is("entity")))
+            continue;
+        depth += word.is("(") ? 1 : word.is(")") ? -1 : 0;
+        if (depth == 1 && word.is(",") && colon == 0)
+            commas.append(word.at);
+        else if (depth == 1 && word.is(":") && colon == 0)
+            colon = i;
+        if (depth > 1 || !(word.is(";") || depth == 0))
+            continue;
+        const int begin = colon > 0 && !commas.isEmpty() ? words.at(colon).at : word.at;
+        const QByteArray type = withoutComments(text.mid(begin, word.at - begin), VhdlSource).simplified();
+        const bool isSplit = type.contains('(') && qint64(type.size()) * commas.size() <= mostAdded;
+        for (const int comma : isSplit ? commas : QList<int>()) {
+            split += text.mid(done, comma - done) + type + ';';
+            done = comma + 1;
+        }
+        commas.clear();
+        colon = 0;
+    }
+    if (done == 0)
+        return false;
+    text = split + text.mid(done);
     return true;
 }
 

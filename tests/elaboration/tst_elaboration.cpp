@@ -62,6 +62,13 @@ void verilogRows()
         "== t.v\nmodule t;\n`include \"part.vh\"\nendmodule\n"
         "== part.vh\n\nassign = 1;\n",
         "top \nmodules \nERROR: @/part.vh:2: syntax error*", "");
+    row("instances in two dimensions", "",
+        "== t.v\nmodule leaf #(parameter P = 1)(input a); endmodule\nmodule t(input [1:0] a, b);\n"
+        "leaf \\x[1] [1:0] (a);\nleaf #(.P(3))\nu[1:0] [1:0] /* all */ (a);\nendmodule\n",
+        "top t\nmodules leaf t\nWARNING: @/t.v:5: Only the first dimension of this array of instances of "
+        "module "
+        "leaf is read, so that *",
+        "t:t a[1:0] b[1:0]\nt/x[1][1]:leaf a\nt/x[1][0]:leaf a\nt/u[1]:leaf a\nt/u[0]:leaf a");
     const QString keyword = "== t.v\nmodule t(input logic); wire bit; endmodule\n";
     row("Verilog names", "", keyword, "top t\nmodules t", "t:t logic bit");
     row("type", "Type=3", keyword, "top \nmodules \nERROR: @/t.v:1: *", "");
@@ -266,12 +273,34 @@ void libraryRows()
         "v:v\nv/u:Top A[1:0]\nv/u/U:Part S X[1:0]");
     const QString sound = "== s.vhd\nentity Sound is port (a : in bit); end;\n"
                           "architecture r of Sound is begin end;\n";
-    row("VHDL that cannot be read beside Verilog", "",
-        "== h.vhd\nentity half is port (\n== v.v\nmodule v(input x); half u(x); endmodule\n",
-        "top v\nmodules v\nWARNING: @/h.vhd:2: *\nWARNING: The VHDL sources cannot be read and are left "
+    const QString halves = "== v.v\nmodule v(input x); half u(x); endmodule\n";
+    row("VHDL that cannot be read beside Verilog", "", "== h.vhd\nhalf is port (\n" + halves,
+        "top v\nmodules v\nWARNING: @/h.vhd:1: *\nWARNING: The VHDL sources cannot be read and are left "
         "out." +
             QString(boxed).replace("prim", "half"),
         "v:v x\nv/u:half");
+    row("an entity that cannot be read", "", "== h.vhd\nentity half is port (\n" + halves,
+        "top v\nmodules v\nWARNING: @/h.vhd:2: *" + QString(boxed).replace("prim", "half"),
+        "v:v x\nv/u:half");
+    row("nothing of a file can be read", "",
+        sound + "== w.vhd\nlibrary ieee;\nentity w is port (a : in none); end;\n",
+        "top Sound\nmodules Sound\nWARNING: @/w.vhd:2: no declaration for \"none\"", "Sound:Sound a");
+    row("an entity without a body", "",
+        "== s.vhd\nentity Hidden is port (a : in bit); end; -- no more\n"
+        "== t.vhd\nentity t is port (a : in bit); end;\n"
+        "architecture r of t is begin u : entity work.hidden port map (a); end;\n",
+        "top t\nmodules Hidden t\nWARNING: @/s.vhd:1: Hidden has no architecture and is shown as a black "
+        "box, with "
+        "nothing inside.",
+        "t:t a\nt/u:Hidden a");
+    row("an entity twice", "",
+        sound + "== t.vhd\nentity t is port (a : in bit); end;\narchitecture r of t is begin\n"
+                "u : entity work.sound port map (a); end;\nentity sound is port (a : in bit); end;\n"
+                "architecture s of sound is signal other : bit; begin other <= a; end;\n",
+        "top t\nmodules Sound t\nWARNING: @/t.vhd:4: sound is declared a second time. What @/s.vhd declares "
+        "is "
+        "used.",
+        "t:t a\nt/u:Sound a");
     row("Verilog that cannot be read beside VHDL", "", sound + "== v.v\nmodule v(input x;\n",
         "top Sound\nmodules Sound\nWARNING: @/v.v:1: *\n"
         "WARNING: The Verilog sources cannot be read and are left out.",
@@ -375,6 +404,15 @@ void mixedRows()
         "s <= (others => a); end generate; end;\n"
         "== v.v\nmodule v(input x); l #(.V(3'b0x1), .N(4)) u(x); l #(.V(3'b111), .N(2)) w(x); endmodule\n",
         "top v\nmodules l v", "v:v x\nv/u:l a\nv/u/g:g s[4:0]\nv/w:l a");
+    row("vectors that share a declaration", "",
+        "== l.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
+        "entity l is generic (n : natural; A, -- of both\n B : std_logic_vector(3 downto 0));\n"
+        "port (x : in std_logic); end;\narchitecture r of l is begin\n"
+        "g : if A = \"0011\" and B = \"1001\" generate signal s : std_logic_vector(n downto 0); begin "
+        "s <= (others => x); end generate; end;\n"
+        "== v.v\nmodule v(input x); l #(.n(2), .A(4'd3), .B(4'd9)) u(x); l #(1, 4'd9, 4'd9) w(x); "
+        "endmodule\n",
+        "top v\nmodules l v", "v:v x\nv/u:l x\nv/u/g:g s[2:0]\nv/w:l x");
     row("VHDL in Verilog in VHDL, in a library", "",
         "== top.vhd\nlibrary own; use own.p.all;\nentity top is port (a : in w_t); end;\n"
         "architecture a of top is component mid is port (a : in w_t); end component; begin "
@@ -487,8 +525,11 @@ private Q_SLOTS:
 
     void refusesUtf16()
     {
-        for (const QString name : {"a.v", "a.vhd"}) {
-            m_sources->write(name, QByteArray("\xff\xfem\0", 4));
+        const QByteArray texts[] = {QByteArray("\xff\xfem\0", 4), QByteArray("m\0o\0", 4),
+                                    QByteArray("\0m\0o", 4)};
+        for (int i = 0; i < 6; ++i) {
+            const QString name = i < 3 ? "a.v" : "a.vhd";
+            m_sources->write(name, texts[i % 3]);
             QCOMPARE(listModules(m_sources->input({name})).messages,
                      QStringList(
                          "ERROR: " + path(name) +
@@ -591,6 +632,37 @@ private Q_SLOTS:
             QVERIFY2(fits(list.messages.first(), expected), qPrintable(list.messages.first()));
             QCOMPARE(list.modules + list.topModules, QStringList());
         }
+    }
+
+    // Whatever a tool says then, or does not say.
+    void namesAFullDisk_data()
+    {
+        QTest::addColumn<int>("kilobytes");
+        for (const int size : {12, 44, 76, 108, 140})
+            QTest::addRow("%d KB", size) << size;
+    }
+
+    void namesAFullDisk()
+    {
+        QFETCH(int, kilobytes);
+        QByteArray leaves, instances;
+        for (int i = 0; i < 60; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            leaves += "module leaf" + number + "(input a, output b); assign b = ~a; endmodule\n";
+            instances += "wire s" + number + "; leaf" + number + " u" + number + "(a, s" + number + ");\n";
+        }
+        m_sources->write("t.v",
+                         leaves + "module t(input a);\n" + instances + "b v(a); none w(a); endmodule\n");
+        m_sources->write("b.vhd", "entity b is port (x : in bit); end;\narchitecture a of b is begin end;\n");
+        const QString folder = path("tmp");
+        if (QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=" + QString::number(kilobytes) + "k",
+                                        "none", folder}) != 0)
+            QSKIP("no disk can be mounted here");
+        const auto unmount = qScopeGuard([&] { QProcess::execute("umount", {"-l", folder}); });
+        QCOMPARE(
+            listModules(m_sources->input({"t.v", "b.vhd"})).messages,
+            QStringList("ERROR: The temporary folder " + folder +
+                        " is full. Make room on its disk, or let the variable TMPDIR name another folder."));
     }
 
     // Tools that end well and yet did not do what they should.
