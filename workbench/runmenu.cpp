@@ -239,7 +239,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     QString error;
     if (job.waveform().isEmpty())
         return false;
-    if (!job.writeWaveform(waveform, &error))
+    if (!job.write(waveform, QString(), &error))
         return fail(error);
     m_waveform = QFileInfo(waveform).absoluteFilePath();
     m_openAction->setEnabled(true);
