@@ -28,6 +28,7 @@ const struct
     {"Workbench::DeviceDialog", "project"},      {"Workbench::MainWindow", "window"},
     {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
     {"Workbench::OptionsDialog", "project"},     {"Workbench::ProjectTree", "project"},
+    {"Workbench::SimulateDialog", "run"},
 };
 
 QString ownTopic(const QWidget *widget)
