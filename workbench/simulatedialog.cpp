@@ -119,9 +119,9 @@ void SimulateDialog::browseBench()
 
 void SimulateDialog::browseWaveform()
 {
-    const QString chosen = QFileDialog::getSaveFileName(this, "Captured Windows", waveform(),
-                                                        "Waveforms (*.vcd)", nullptr,
-                                                        QFileDialog::DontConfirmOverwrite);
+    const QString chosen =
+        QFileDialog::getSaveFileName(this, "Captured Windows", waveform(), "Waveforms (*.vcd)", nullptr,
+                                     QFileDialog::DontConfirmOverwrite);
     if (!chosen.isEmpty())
         m_waveform->setText(QDir::toNativeSeparators(chosen));
 }

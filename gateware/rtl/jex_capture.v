@@ -1,9 +1,9 @@
-// A core, but for its match units and expressions, which stand beside it in the module of the core since each is
-// different. `now` and `changed` are the trigger bits of a sample for the units; `match` comes back a clock later, and
-// `holds` another clock later. The data waits for them: DATA_STAGES is 2.
+// A core, but for its match units and expressions, which stand beside it in the module of the core since each
+// is different. `now` and `changed` are the trigger bits of a sample for the units; `match` comes back a clock
+// later, and `holds` another clock later. The data waits for them: DATA_STAGES is 2.
 //
-// FREE: a core without a trigger (Lite), which has one window, from the first sample on after it was armed. Its data
-// may come at any stage; `trig`, `match` and `holds` are 0, and its samples have no mark.
+// FREE: a core without a trigger (Lite), which has one window, from the first sample on after it was armed. Its
+// data may come at any stage; `trig`, `match` and `holds` are 0, and its samples have no mark.
 module jex_capture #(
     parameter NUMBER = 0,
     parameter DATA_WIDTH = 1,
@@ -49,8 +49,8 @@ module jex_capture #(
     localparam SAMPLE_WIDTH = FREE != 0 ? DATA_WIDTH : DATA_WIDTH + 1;
 
     // A sample and the commands that came before it go side by side: stage 1 is as taken, in 2 the units have
-    // judged it, in 3 the expressions. An arm command is seen to be new at the sample before, or later in a core
-    // whose data waits for nobody: once to settle, once to be compared with.
+    // judged it, in 3 the expressions. An arm command is seen to be new at the sample before its first one, or
+    // later where the data waits for nobody: the command settles first, then it is compared with.
     wire arm;
     wire force_line;
     wire arm_1;
