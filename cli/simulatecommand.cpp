@@ -2,23 +2,13 @@
 
 #include "cli/judgedinput.h"
 #include "cli/waiting.h"
-#include "host/atomicfile.h"
+#include "host/regularfile.h"
 #include "insertion/simulationjob.h"
 
 namespace Cli {
 namespace {
 
 typedef Insertion::SimulationJob Job;
-
-bool writeResults(const Job &job, const QString &waveform, const QString &record)
-{
-    QString error;
-    if ((job.waveform().isEmpty() || job.writeWaveform(waveform, &error)) &&
-        (job.record().isEmpty() || QUtil::writeFileAtomically(record, job.record(), &error)))
-        return true;
-    say("jex simulate: " + error);
-    return false;
-}
 
 ExitCode judged(const Job &job)
 {
@@ -83,6 +73,9 @@ ExitCode simulate(const QStringList &words, Output &out)
     if (output.isEmpty() || !arguments.parser.isSet("bench"))
         return arguments.refuse(
             "Name the test bench with --bench, and the file for the waveform with --output.");
+    if (QFileInfo(output).absoluteFilePath() == QFileInfo(raw).absoluteFilePath() ||
+        QUtil::isSameFile(output, raw))
+        return arguments.refuse("Name two files, one for --output and another one for --raw.");
     for (const QString &file : arguments.parser.values("bench"))
         how.bench << QFileInfo(file).absoluteFilePath();
     how.instance = arguments.parser.value("instance");
@@ -97,8 +90,11 @@ ExitCode simulate(const QStringList &words, Output &out)
     Job job(Design::input(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
     result = judged(job);
-    if (!writeResults(job, output, raw))
+    QString error;
+    if (!job.write(output, raw, &error)) {
+        say("jex simulate: " + error);
         return CouldNotRun;
+    }
     if (!job.waveform().isEmpty())
         out.line(input.file + ": " + QString::number(windowCount(job)) +
                  (windowCount(job) == 1 ? " window in " : " windows in ") + output);

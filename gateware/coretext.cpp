@@ -23,17 +23,6 @@ int bitsBelow(int count)
     return bits;
 }
 
-// The ports that the core has under the same name.
-void addOwnPorts(Connections *list)
-{
-    add(list, "clk", "clk");
-    add(list, "data", "data");
-    for (const char *port : controlPort)
-        add(list, port, port);
-    for (const char *port : resultPorts)
-        add(list, port, port);
-}
-
 // The head of the module and all its ports.
 QByteArray head(const AnyCore &core, const CoreModule &module)
 {
@@ -49,48 +38,62 @@ QByteArray head(const AnyCore &core, const CoreModule &module)
            "    output wire [15:0] windows,\n    output wire done,\n    output wire [31:0] seen\n);\n\n";
 }
 
-QByteArray standardBody(const JEX::AoCore &core, const CoreOptions &options, const CoreLayout &layout)
+// What the modes have in common of it, behind the parameters of their own.
+QByteArray capture(const AnyCore &core, const CoreLayout &layout, int addresses, Connections parameters,
+                   Connections ports)
 {
-    const TriggerText trigger(core);
-    Connections parameters;
-    add(&parameters, "NUMBER", core.coreNumber);
+    add(&parameters, "NUMBER", core.number);
     add(&parameters, "DATA_WIDTH", layout.dataWidth);
+    add(&parameters, "FALLING", core.edge == JEX::FallingEdge);
+    add(&parameters, "STYLE", style(core.implementation));
+    add(&parameters, "ADDRESS_BITS", bitsBelow(addresses));
+    add(&parameters, "DEPTH", layout.windowDepth);
+    add(&parameters, "AMOUNT", layout.amount);
+    // These have the name that they have in the module of the core.
+    for (const char *name : {"clk", "data", "now", "changed", "load"})
+        add(&ports, name, name);
+    for (const char *port : controlPort)
+        add(&ports, port, port);
+    for (const char *port : resultPorts)
+        add(&ports, port, port);
+    return instance("jex_capture", "core", parameters, ports);
+}
+
+QByteArray standardBody(const AnyCore &any, const CoreOptions &options, const CoreLayout &layout)
+{
+    const JEX::AoCore &core = *any.standard;
+    const TriggerText trigger(core);
+    Connections parameters, ports;
     add(&parameters, "TRIGGER_WIDTH", trigger.width());
-    add(&parameters, "FALLING", core.sampleEdge == JEX::FallingEdge);
     add(&parameters, "LEVELS", core.expressions.size());
     add(&parameters, "ANY", options.triggerByAny);
     add(&parameters, "FORCE_FALLING", core.forceTriggerByFallingEdge);
-    add(&parameters, "INITIAL_DATA", core.captureInitialData);
-    add(&parameters, "STYLE", style(core.captureImplementation));
-    add(&parameters, "ADDRESS_BITS", bitsBelow(core.storageSize));
-    add(&parameters, "DEPTH", layout.windowDepth);
-    add(&parameters, "AMOUNT", layout.amount);
+    add(&parameters, "FREE_START", core.captureInitialData);
     add(&parameters, "POSITION", layout.position);
     add(&parameters, "WINDOWS", layout.windows);
     add(&parameters, "COUNT_BITS", bitsBelow(layout.windows + 1));
-    Connections ports;
-    addOwnPorts(&ports);
     add(&ports, "trig", "{" + trigger.ports() + "}");
-    const char *const inner[] = {"now", "changed", "match", "holds", "load"};
-    for (const char *name : inner)
-        add(&ports, name, name);
-    return trigger.body() + "\n" + instance("jex_standard", "core", parameters, ports);
+    add(&ports, "match", "match");
+    add(&ports, "holds", "holds");
+    return trigger.body() + "\n" + capture(any, layout, core.storageSize, parameters, ports);
 }
 
-QByteArray liteBody(const JEX::AOCore_Lite &core, const CoreOptions &options, const CoreLayout &layout)
+// Nothing of it stands outside of the module that captures.
+QByteArray liteBody(const AnyCore &any, const CoreOptions &options, const CoreLayout &layout)
 {
-    Connections parameters;
-    add(&parameters, "NUMBER", core.coreNumber);
-    add(&parameters, "DATA_WIDTH", layout.dataWidth);
-    add(&parameters, "FALLING", core.sampleEdge == JEX::FallingEdge);
-    add(&parameters, "INPUT_REGISTER", core.enableCaptureDataInputRegister);
-    add(&parameters, "STYLE", style(core.implementation));
-    add(&parameters, "ADDRESS_BITS", bitsBelow(layout.amount));
-    add(&parameters, "AMOUNT", layout.amount);
-    add(&parameters, "START", core.captureInitialData || options.startsArmed);
-    Connections ports;
-    addOwnPorts(&ports);
-    return instance("jex_lite", "core", parameters, ports);
+    const int stages = any.lite->enableCaptureDataInputRegister;
+    Connections parameters, ports;
+    add(&parameters, "FREE", 1);
+    add(&parameters, "FREE_START", 1);
+    add(&parameters, "START", any.lite->captureInitialData || options.startsArmed);
+    add(&parameters, "DATA_STAGES", stages);
+    add(&parameters, "ARM_STAGES", stages + 1);
+    add(&ports, "trig", "1'b0");
+    add(&ports, "match", "16'd0");
+    add(&ports, "holds", "16'd0");
+    return "    wire now;\n    wire changed;\n    wire load;\n"
+           "    wire unused = &{1'b0, now, changed, load};\n\n" +
+           capture(any, layout, layout.amount, parameters, ports);
 }
 
 CoreLayout layoutOf(const AnyCore &core)
@@ -152,8 +155,8 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
             module.portNumbers.append(port->portNumber);
     }
     module.text = head(core, module) +
-                  (core.standard ? standardBody(*core.standard, options, module.layout)
-                                 : liteBody(*core.lite, options, module.layout)) +
+                  (core.standard ? standardBody(core, options, module.layout)
+                                 : liteBody(core, options, module.layout)) +
                   "\nendmodule\n";
     return module;
 }

@@ -24,8 +24,8 @@ QByteArray sourceText(const QByteArray &name)
 
 QByteArray gatewareSources()
 {
-    const char *const names[] = {"input",  "delay",        "unit",    "table",    "levels", "control",
-                                 "memory", "counter_sync", "readout", "standard", "lite"};
+    const char *const names[] = {"input",   "delay",  "unit",         "table",   "levels",
+                                 "control", "memory", "counter_sync", "readout", "capture"};
     QByteArray all;
     for (const char *name : names)
         all += sourceText(QByteArray("rtl/jex_") + name + ".v") + '\n';

@@ -122,7 +122,9 @@ private:
         if (failed || !losses.isEmpty())
             ::fchmod(m_made.descriptor(), 0600);
         m_path = place;
-        SaveFault unkept = m_made.finish(content, place);
+        SaveFault unkept = m_made.fill(content);
+        if (!unkept)
+            unkept = m_made.take(place, false);
         if (!unkept)
             unkept = flushFolder(folder);
         if (unkept)

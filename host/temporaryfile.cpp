@@ -34,7 +34,7 @@ void removeIfDead(const QByteArray &path)
 
 TemporaryFile::~TemporaryFile()
 {
-    if (m_lock.number() >= 0 && !m_isNamed)
+    if (m_lock.number() >= 0 && !m_path.isEmpty())
         ::unlink(m_path.constData());
 }
 
@@ -60,17 +60,32 @@ bool TemporaryFile::create(const QByteArray &folder, mode_t mode)
     return false;
 }
 
-SaveFault TemporaryFile::finish(const QByteArray &bytes, const QByteArray &path)
+SaveFault TemporaryFile::fill(const QByteArray &bytes)
 {
     SaveFault fault = writeAll(m_file.number(), bytes);
     if (!fault)
         fault = flush(m_file.number());
     if (!fault && !m_file.close())
         fault = faultOf("closing");
-    if (!fault && ::rename(m_path.constData(), path.constData()) != 0)
-        fault = faultOf("replacing the file");
-    m_isNamed = !fault;
     return fault;
+}
+
+SaveFault TemporaryFile::take(const QByteArray &path, bool keepsOld)
+{
+    m_isExchanged = keepsOld && ::renameat2(AT_FDCWD, m_path.constData(), AT_FDCWD, path.constData(),
+                                            RENAME_EXCHANGE) == 0;
+    if (m_isExchanged)
+        return SaveFault();
+    if (::rename(m_path.constData(), path.constData()) != 0)
+        return faultOf("replacing the file");
+    m_path.clear();
+    return SaveFault();
+}
+
+void TemporaryFile::giveBack(const QByteArray &path)
+{
+    if (m_isExchanged && ::rename(m_path.constData(), path.constData()) == 0)
+        m_path.clear();
 }
 
 bool lockFile(int descriptor)

@@ -14,20 +14,24 @@ namespace QUtil {
 class TemporaryFile
 {
 public:
-    TemporaryFile() : m_isNamed(false) {}
+    TemporaryFile() : m_isExchanged(false) {}
     ~TemporaryFile();
 
     bool create(const QByteArray &folder, mode_t mode); // false, with errno
     int descriptor() const { return m_file.number(); }
 
-    // Writes, flushes, closes and gives it the name, in place of what has it now. The lock stays.
-    SaveFault finish(const QByteArray &bytes, const QByteArray &path);
+    SaveFault fill(const QByteArray &bytes); // writes, flushes and closes it; the lock stays
+
+    // Gives it the name, in place of what has it now. `keepsOld`: that file stays until this ends, so that it
+    // can be given its name back; not where the file system cannot exchange names.
+    SaveFault take(const QByteArray &path, bool keepsOld);
+    void giveBack(const QByteArray &path);
 
 private:
-    QByteArray m_path;
+    QByteArray m_path; // of what goes when this ends; empty: nothing
     Descriptor m_file;
     Descriptor m_lock;
-    bool m_isNamed;
+    bool m_isExchanged;
 };
 
 // Takes the lock for as long as the descriptor is open; false when another process has it.

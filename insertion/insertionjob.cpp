@@ -180,7 +180,7 @@ void InsertionJob::tap()
     const QStringList refused = m_analyzer->taps().resolve(design, m_elaboration->readOptions.blackBoxes);
     if (!refused.isEmpty())
         return fail(Refused, refused);
-    if (design.module("\\jex_cores") || design.module("\\jex_standard") || design.module("\\jex_lite"))
+    if (design.module("\\jex_cores") || design.module("\\jex_capture"))
         return fail(Refused, {"A module of the design has the name of one of the analyzer's."});
     m_surgery->prefix = freePrefix(design);
     m_surgery->coresModule = "jex_cores";

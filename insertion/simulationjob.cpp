@@ -355,12 +355,23 @@ void SimulationJob::judge(const ToolResult &result)
     end(anySilent ? Silent : Done);
 }
 
-bool SimulationJob::writeWaveform(const QString &path, QString *error) const
+bool SimulationJob::write(const QString &waveform, const QString &record, QString *error) const
 {
-    const QFileInfo info(path);
-    return QUtil::writeFileAtomically(path, m_waveform, error) &&
-           writeViewerFiles(info.path(), viewerFiles(info.fileName(), analyzer(), m_captured, m_netlist),
-                            error);
+    QList<QUtil::NewFile> files;
+    if (!m_waveform.isEmpty()) {
+        const QFileInfo info(waveform);
+        files << QUtil::NewFile{waveform, m_waveform};
+        const QMap<QString, QByteArray> beside =
+            viewerFiles(info.fileName(), analyzer(), m_captured, m_netlist);
+        for (auto file = beside.begin(); file != beside.end(); ++file) {
+            const QString path = info.dir().filePath(file.key());
+            if (isOurViewerFile(path))
+                files << QUtil::NewFile{path, file.value()};
+        }
+    }
+    if (!m_record.isEmpty())
+        files << QUtil::NewFile{record, m_record};
+    return QUtil::writeFilesAtomically(files, error);
 }
 
 // Of what the cores wrote. False when the job is over, or goes on: a core that did not fill all of its

@@ -66,8 +66,9 @@ public:
     } // sentences; those that end the job begin with ERROR
     const QByteArray &benchWords() const { return m_words; }  // what the bench printed
     const QByteArray &waveform() const { return m_waveform; } // see waveformText(); empty without any window
-    // Writes it, and beside it what makes a viewer show it as the editor does (see viewerfiles.h).
-    bool writeWaveform(const QString &path, QString *error) const;
+    // Writes what there is of both, and beside the waveform what makes a viewer show it as the editor does
+    // (see viewerfiles.h); or nothing, with a sentence.
+    bool write(const QString &waveform, const QString &record, QString *error) const;
     const QByteArray &record() const { return m_record; } // when it was asked for
     const QList<RTLJEX::CapturedCore> &captured() const
     {

@@ -104,14 +104,30 @@ QList<SimulationStep> simulationSteps(Simulator simulator, const SimulatedSource
     return simulator == Simulator::Icarus ? Steps(sources).icarus() : Steps(sources).verilator();
 }
 
-// Verilator and make say it themselves, when they are started.
+// Icarus Verilog says it itself, when it is started.
 QString missingFor(Simulator simulator)
 {
-    const QString program = compiler();
-    if (simulator == Simulator::Icarus || QFileInfo(program).isExecutable())
+    if (simulator == Simulator::Icarus)
         return QString();
-    return "A simulation by Verilator needs a C++ compiler, and " + program +
-           " is not there. Install g++ and make, or let the variable JEX_CXX name a compiler.";
+    const struct
+    {
+        const char *need;
+        QString program;
+        const char *remedy;
+    } needs[] = {
+        {"its program", VerilatorRun::program(),
+         "Install verilator, or let the variable JEX_VERILATOR name the program."},
+        {"a C++ compiler", compiler(), "Install g++ and make, or let the variable JEX_CXX name a compiler."},
+        {"make", findTool("JEX_MAKE", {"make"}),
+         "Install make, or let the variable JEX_MAKE name the program."},
+    };
+    for (const auto &each : needs) {
+        const QString path = each.program.contains('/') ? each.program : findProgram(each.program);
+        if (!QFileInfo(path).isExecutable())
+            return QString("A simulation by Verilator needs %1, and %2 is not there. %3")
+                .arg(each.need, each.program, each.remedy);
+    }
+    return QString();
 }
 
 } // namespace Insertion

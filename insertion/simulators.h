@@ -33,7 +33,7 @@ struct SimulationStep
 // One after the other; the last one runs the bench.
 QList<SimulationStep> simulationSteps(Simulator simulator, const SimulatedSources &sources);
 
-// What of the simulator is missing that none of the steps would tell in a sentence; empty: nothing.
+// What of Verilator and of what it needs is missing, a sentence; empty: nothing.
 QString missingFor(Simulator simulator);
 
 } // namespace Insertion

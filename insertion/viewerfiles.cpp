@@ -6,7 +6,6 @@
 
 #include <cmath>
 
-#include "host/atomicfile.h"
 #include "host/regularfile.h"
 #include "insertion/waveform.h"
 #include "model/netlist/rtlnetlist.h"
@@ -167,16 +166,6 @@ private:
     int m_shownTime = 0;
 };
 
-bool isOurs(const QString &path)
-{
-    QByteArray bytes;
-    QString reason;
-    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink())
-        return true;
-    return QUtil::readRegularFile(path, QUtil::MiB, &bytes, &reason) &&
-           bytes.mid(bytes.indexOf(' ')).startsWith(madeHere);
-}
-
 } // namespace
 
 QString viewerFile(const QString &waveform)
@@ -200,14 +189,14 @@ QMap<QString, QByteArray> viewerFiles(const QString &waveform, const Analyzer &a
     return viewer.files();
 }
 
-bool writeViewerFiles(const QString &folder, const QMap<QString, QByteArray> &files, QString *error)
+bool isOurViewerFile(const QString &path)
 {
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        const QString path = QDir(folder).filePath(file.key());
-        if (isOurs(path) && !QUtil::writeFileAtomically(path, file.value(), error))
-            return false;
-    }
-    return true;
+    QByteArray bytes;
+    QString reason;
+    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink())
+        return true;
+    return QUtil::readRegularFile(path, QUtil::MiB, &bytes, &reason) &&
+           bytes.mid(bytes.indexOf(' ')).startsWith(madeHere);
 }
 
 } // namespace Insertion

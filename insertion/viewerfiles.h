@@ -24,8 +24,7 @@ QMap<QString, QByteArray> viewerFiles(const QString &waveform, const Analyzer &a
 // The save file beside that waveform, by its path.
 QString viewerFile(const QString &waveform);
 
-// Writes them into that folder. A file of such a name that somebody else made, or that GTKWave saved since,
-// stays as it is. False with a sentence when one cannot be written.
-bool writeViewerFiles(const QString &folder, const QMap<QString, QByteArray> &files, QString *error);
+// Whether such a file may be written there. One that somebody else made, or that GTKWave saved since, stays.
+bool isOurViewerFile(const QString &path);
 
 } // namespace Insertion

@@ -30,6 +30,7 @@ const struct
     {"Workbench::NetlistPane", "netlist"},       {"Workbench::OptionsDialog", "project"},
     {"Workbench::ProjectTree", "project"},       {"Workbench::RecoveryDialog", "recovery"},
     {"Workbench::ReopenBanner", "recovery"},
+    {"Workbench::SimulateDialog", "run"},
 };
 
 QString ownTopic(const QWidget *widget)

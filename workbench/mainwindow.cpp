@@ -246,7 +246,7 @@ void MainWindow::createProjectMenu()
 
 void MainWindow::createOtherMenus()
 {
-    m_runMenu = new RunMenu(menuBar()->addMenu("&Run"), this);
+    m_runMenu = new RunMenu(menuBar()->addMenu("&Run"), m_settings, this);
     connect(m_runMenu, &RunMenu::message, this, &MainWindow::addMessage);
     QMenu *view = menuBar()->addMenu("&View");
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))

@@ -24,6 +24,7 @@
 #include "insertion/viewerfiles.h"
 #include "model/jex/devicetable.h"
 #include "model/netlist/rtlnetlist.h"
+#include "workbench/simulatedialog.h"
 
 namespace Workbench {
 namespace {
@@ -35,8 +36,9 @@ QUARRY::DesignInput designInput()
 
 } // namespace
 
-RunMenu::RunMenu(QMenu *menu, QWidget *window)
+RunMenu::RunMenu(QMenu *menu, QSettings *settings, QWidget *window)
     : QObject(menu),
+      m_settings(settings),
       m_window(window),
       m_insertAction(menu->addAction("&Insert into Design...")),
       m_simulateAction(menu->addAction("&Simulate Capture...")),
@@ -104,15 +106,17 @@ void RunMenu::onSimulate()
     const QString file = chosenFile();
     if (!alive || file.isEmpty())
         return;
-    const QStringList bench =
-        QFileDialog::getOpenFileNames(m_window, "Test Bench", folder(), "Verilog (*.v *.sv);;All files (*)");
-    if (!alive || bench.isEmpty())
-        return;
     const QString proposed = folder() + '/' + QFileInfo(file).completeBaseName() + ".vcd";
-    const QString output =
-        QFileDialog::getSaveFileName(m_window, "Captured Windows", proposed, "Waveforms (*.vcd)");
-    if (alive && !output.isEmpty())
-        simulate(file, bench, output);
+    const QPointer<SimulateDialog> dialog(new SimulateDialog(proposed, m_settings, m_window));
+    dialog->addBench(m_bench);
+    const bool isAccepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    dialog->deleteLater();
+    if (!alive || !isAccepted)
+        return;
+    m_bench = dialog->bench();
+    simulate(file, m_bench, dialog->waveform(), dialog->simulator());
 }
 
 void RunMenu::onOpenWaveform()
@@ -219,7 +223,8 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     return job.outcome() == Insertion::InsertionJob::Done;
 }
 
-bool RunMenu::simulate(const QString &file, const QStringList &bench, const QString &waveform)
+bool RunMenu::simulate(const QString &file, const QStringList &bench, const QString &waveform,
+                       Insertion::Simulator simulator)
 {
     RTLJEX::Configuration configuration;
     std::unique_ptr<QUARRY::RtlNetlist> netlist;
@@ -227,6 +232,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
         return false;
     Insertion::SimulationOptions options;
     options.bench = bench;
+    options.simulator = simulator;
     Insertion::SimulationJob job(designInput(), configuration, *netlist, options);
     if (!runBelowDialog("Simulate Capture", job))
         return false;
@@ -239,7 +245,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     QString error;
     if (job.waveform().isEmpty())
         return false;
-    if (!job.writeWaveform(waveform, &error))
+    if (!job.write(waveform, QString(), &error))
         return fail(error);
     m_waveform = QFileInfo(waveform).absoluteFilePath();
     m_openAction->setEnabled(true);

@@ -7,8 +7,11 @@
 
 #include <memory>
 
+#include "insertion/simulators.h"
+
 class QAction;
 class QMenu;
+class QSettings;
 class QWidget;
 
 namespace Insertion {
@@ -31,13 +34,14 @@ class RunMenu : public QObject
     Q_OBJECT
 
 public:
-    RunMenu(QMenu *menu, QWidget *window); // neither owned
+    RunMenu(QMenu *menu, QSettings *settings, QWidget *window); // none owned; settings may be null
 
     void setEnabled(bool isEnabled); // by whether there is a project
 
     // Without questions, for the actions; false when it did not go well, as the messages say.
     bool insert(const QString &file, const QString &folder);
-    bool simulate(const QString &file, const QStringList &bench, const QString &waveform);
+    bool simulate(const QString &file, const QStringList &bench, const QString &waveform,
+                  Insertion::Simulator simulator = Insertion::Simulator::Icarus);
 
 Q_SIGNALS:
     void message(const QString &text, bool isError);
@@ -55,11 +59,13 @@ private:
     template <class Job>
     bool runBelowDialog(const QString &title, Job &job); // false when this died meanwhile
 
+    QSettings *m_settings;
     QPointer<QWidget> m_window;
     QAction *m_insertAction;
     QAction *m_simulateAction;
     QAction *m_openAction;
-    QString m_waveform; // the last one that was written
+    QStringList m_bench; // the last one that was simulated
+    QString m_waveform;  // the last one that was written
 };
 
 } // namespace Workbench

@@ -245,6 +245,7 @@ void point(AnyCore *any, Core *core)
     any->topModule = &core->topModuleName;
     any->signalRows = &core->captureSignals;
     any->enabledRows = &core->enabledCaptureSignals;
+    any->edge = core->sampleEdge;
 }
 
 } // namespace
@@ -258,6 +259,8 @@ AnyCore RandomCore::any() const
         point(&any, standard.get());
     else
         point(&any, lite.get());
+    any.implementation =
+        JEX::implementationOf(standard ? standard->captureImplementation : lite->implementation);
     return any;
 }
 

@@ -196,16 +196,16 @@ private Q_SLOTS:
         textColumns("right", "wrong");
         row("position", ".POSITION(POSITION)", ".POSITION(POSITION + 1)");
         row("order of bits", ".data(data)", ".data({data[0], data} >> 1)");
-        row("inverted trigger", ".trigger(trigger | forced)", ".trigger(~trigger | forced)");
+        row("inverted trigger", "& (trigger | forced)", "& (~trigger | forced)");
         row("edge of the clock", ".FALLING(FALLING)", ".FALLING(1 - FALLING)");
         row("edge of the force line", "FORCE_FALLING != 0", "FORCE_FALLING == 0");
         row("edge of a bit", "(changed ^ (care | level))", "(changed ^ level)");
-        row("late data", ".STAGES(2)", ".STAGES(3)");
+        row("late data", ".STAGES(DATA_STAGES)", ".STAGES(DATA_STAGES + 1)");
         row("level", "LEVELS - 1", "LEVELS - 2");
         row("bound of a range", "now <= upper", "now < upper");
         row("order of a table", "words[match]", "words[~match]");
         row("segment", "base + STEP[AB-1:0]", "base");
-        row("input register", ".in({sampled_valid, sampled})", ".in({1'b1, sampled})");
+        row("input register", ".in({valid_1, force_1, data_1})", ".in({1'b1, force_1, data_1})");
     }
 
     void wrongCoresAreCaught()

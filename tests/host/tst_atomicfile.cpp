@@ -58,6 +58,23 @@ private Q_SLOTS:
         QCOMPARE(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
     }
 
+    // The last one cannot be written: those before it are as they were, whether they were there or not.
+    void allOrNone()
+    {
+        const QString there = m_dir.filePath("all/there"), added = m_dir.filePath("all/added");
+        put(there, "old");
+        QString error;
+        QVERIFY(!QUtil::writeFilesAtomically(
+            {{there, "new"}, {added, "new"}, {m_dir.filePath("none/x"), "new"}}, &error));
+        QVERIFY2(error.contains("none/x"), qPrintable(error));
+        const QDir folder = QFileInfo(there).dir();
+        QCOMPARE(contents(there), QByteArray("old"));
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), QStringList("there"));
+        QVERIFY2(QUtil::writeFilesAtomically({{there, "new"}, {added, "newer"}}, &error), qPrintable(error));
+        QCOMPARE(contents(there) + contents(added), QByteArray("newnewer"));
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 2);
+    }
+
 private:
     QTemporaryDir m_dir;
 };

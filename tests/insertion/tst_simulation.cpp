@@ -226,6 +226,9 @@ private Q_SLOTS:
         QVERIFY2(job->outcome() == Insertion::SimulationJob::Done, qPrintable(job->messages().join('\n')));
 
         QVERIFY(job->waveform().contains(" _end $end\n") && !job->waveform().contains("$end $end"));
+        QString error;
+        QVERIFY(!job->write(m_folder.path("part.vcd"), m_folder.path("none/raw.vcd"), &error));
+        QVERIFY2(QDir(m_folder.path()).entryList({"part*"}).isEmpty(), qPrintable(error));
 
         const RTLJEX::AnyCore core = configuration.cores().first();
         Insertion::Analyzer analyzer(configuration, RTLJEX::CoreOptions(), *m_netlist);

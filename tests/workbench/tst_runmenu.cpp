@@ -1,7 +1,12 @@
 #include <QAction>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QMenuBar>
 #include <QProcess>
 #include <QProgressDialog>
+#include <QPushButton>
+#include <QSettings>
 #include <QTimer>
 #include <QtTest>
 
@@ -9,6 +14,7 @@
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
 #include "workbench/runmenu.h"
+#include "workbench/simulatedialog.h"
 #include "workbench/workspace.h"
 
 using namespace Workbench;
@@ -76,6 +82,36 @@ private Q_SLOTS:
         QVERIFY2(told(window).contains("Cancelled"), qPrintable(told(window)));
         QVERIFY(!QFileInfo::exists(output));
         QVERIFY(window.findChildren<QProgressDialog *>().isEmpty());
+    }
+
+    // The choice is kept; without what Verilator needs it is said, and nothing begins.
+    void simulator()
+    {
+        QSettings settings(m_folder.path("settings.ini"), QSettings::IniFormat);
+        SimulateDialog dialog(m_folder.path("soc/capture.zub"), &settings, nullptr);
+        const QPushButton *ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+        QComboBox *box = dialog.findChild<QComboBox *>();
+        const auto says = [&dialog](const QString &text) {
+            for (const QLabel *label : dialog.findChildren<QLabel *>()) {
+                if (label->text().contains(text))
+                    return true;
+            }
+            return false;
+        };
+        QVERIFY(!ok->isEnabled() && says("capture.zub is there already"));
+        dialog.addBench({"/a/tb.v", "/a/tb.v", "/a/other.v"});
+        QCOMPARE(dialog.bench(), QStringList({"/a/tb.v", "/a/other.v"}));
+        QVERIFY(ok->isEnabled() && dialog.simulator() == Insertion::Simulator::Icarus);
+        qputenv("JEX_MAKE", "/no/make");
+        box->setCurrentIndex(1);
+        qunsetenv("JEX_MAKE");
+        QVERIFY(!ok->isEnabled() && says("needs make, and /no/make is not there"));
+        box->setCurrentIndex(0);
+        QVERIFY(ok->isEnabled());
+        box->setCurrentIndex(1);
+        QVERIFY(ok->isEnabled() && says("0 and 1 only"));
+        dialog.accept();
+        QVERIFY(SimulateDialog(QString(), &settings, nullptr).simulator() == Insertion::Simulator::Verilator);
     }
 
 private:

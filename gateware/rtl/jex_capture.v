@@ -1,7 +1,10 @@
-// A Standard core, but for its match units and expressions, which stand beside it in the module of the core since
-// each is different. `now` and `changed` are the trigger bits of a sample for the units; `match` comes back a clock
-// later, and `holds` another clock later. The data waits for them.
-module jex_standard #(
+// A core, but for its match units and expressions, which stand beside it in the module of the core since each
+// is different. `now` and `changed` are the trigger bits of a sample for the units; `match` comes back a clock
+// later, and `holds` another clock later. The data waits for them: DATA_STAGES is 2.
+//
+// FREE: a core without a trigger (Lite), which has one window, from the first sample on after it was armed. Its
+// data may come at any stage; `trig`, `match` and `holds` are 0, and its samples have no mark.
+module jex_capture #(
     parameter NUMBER = 0,
     parameter DATA_WIDTH = 1,
     parameter TRIGGER_WIDTH = 1,
@@ -9,7 +12,11 @@ module jex_standard #(
     parameter LEVELS = 1,
     parameter ANY = 0,
     parameter FORCE_FALLING = 0,
-    parameter INITIAL_DATA = 0,
+    parameter FREE = 0,
+    parameter FREE_START = 0, // the first window after configuration has no trigger
+    parameter START = 1, // captures after configuration, without being armed
+    parameter DATA_STAGES = 2,
+    parameter ARM_STAGES = 1,
     parameter STYLE = "block",
     parameter ADDRESS_BITS = 2, // of all samples
     parameter DEPTH = 4, // samples of a segment
@@ -39,9 +46,11 @@ module jex_standard #(
 );
 
     localparam [31:0] TARGET = WINDOWS;
+    localparam SAMPLE_WIDTH = FREE != 0 ? DATA_WIDTH : DATA_WIDTH + 1;
 
     // A sample and the commands that came before it go side by side: stage 1 is as taken, in 2 the units have
-    // judged it, in 3 the expressions.
+    // judged it, in 3 the expressions. An arm command is seen to be new at the sample before its first one, or
+    // later where the data waits for nobody: the command settles first, then it is compared with.
     wire arm;
     wire force_line;
     wire arm_1;
@@ -67,30 +76,31 @@ module jex_standard #(
     end
     assign changed = (now ^ previous) & {TRIGGER_WIDTH{has_previous}};
 
-    wire arm_2;
-    wire arm_3;
+    wire settled_arm;
+    wire known_arm;
     wire force_3;
     wire was_force;
     wire [DATA_WIDTH-1:0] data_3;
     wire valid_3;
     wire [15:0] match_3;
     jex_delay #(
-        .WIDTH(1)
-    ) arm_delay_2 (
+        .WIDTH(1),
+        .STAGES(ARM_STAGES)
+    ) settling (
         .clk(clk),
         .in(arm_1),
-        .out(arm_2)
+        .out(settled_arm)
     );
     jex_delay #(
         .WIDTH(1)
-    ) arm_delay_3 (
+    ) compared (
         .clk(clk),
-        .in(arm_2),
-        .out(arm_3)
+        .in(settled_arm),
+        .out(known_arm)
     );
     jex_delay #(
         .WIDTH(DATA_WIDTH + 2),
-        .STAGES(2)
+        .STAGES(DATA_STAGES)
     ) delay (
         .clk(clk),
         .in({valid_1, force_1, data_1}),
@@ -103,7 +113,7 @@ module jex_standard #(
         .in({match, force_3}),
         .out({match_3, was_force})
     );
-    wire restart = arm_2 ^ arm_3;
+    wire restart = settled_arm ^ known_arm;
     wire forced = FORCE_FALLING != 0 ? was_force & ~force_3 : force_3 & ~was_force;
 
     wire running;
@@ -132,12 +142,14 @@ module jex_standard #(
         .COUNT_BITS(COUNT_BITS),
         .AMOUNT(AMOUNT),
         .POSITION(POSITION),
-        .FREE_START(INITIAL_DATA)
+        .FREE(FREE),
+        .FREE_START(FREE_START),
+        .START(START)
     ) control (
         .clk(clk),
         .restart(restart),
         .valid(valid_3),
-        .trigger(trigger | forced),
+        .trigger(FREE == 0 & (trigger | forced)),
         .running(running),
         .waiting(waiting),
         .stored(stored),
@@ -154,16 +166,23 @@ module jex_standard #(
         else if (stored) seen <= seen | {holds, match_3};
 
     wire [ADDRESS_BITS-1:0] read_address;
-    wire [DATA_WIDTH:0] read_data;
+    wire [SAMPLE_WIDTH-1:0] sample;
+    wire [SAMPLE_WIDTH-1:0] read_data;
+    assign sample[DATA_WIDTH-1:0] = data_3;
+    generate
+        if (FREE == 0) begin : marked
+            assign sample[DATA_WIDTH] = mark;
+        end
+    endgenerate
     jex_memory #(
-        .WIDTH(DATA_WIDTH + 1),
+        .WIDTH(SAMPLE_WIDTH),
         .ADDRESS_BITS(ADDRESS_BITS),
         .STYLE(STYLE)
     ) memory (
         .write_clock(clk),
         .write(stored),
         .write_address(write_address),
-        .write_data({mark, data_3}),
+        .write_data(sample),
         .read_clock(ctl_clock),
         .read_address(read_address),
         .read_data(read_data)
@@ -182,7 +201,7 @@ module jex_standard #(
 
     jex_readout #(
         .NUMBER(NUMBER),
-        .WIDTH(DATA_WIDTH + 1),
+        .WIDTH(SAMPLE_WIDTH),
         .ADDRESS_BITS(ADDRESS_BITS)
     ) readout (
         .ctl_clock(ctl_clock),
