@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
@@ -100,6 +101,22 @@ private Q_SLOTS:
         m_pattern->setEditText(QTest::currentDataTag());
         QFETCH(QString, nets);
         QTRY_COMPARE(rowsOf(m_nets->model()), nets);
+    }
+
+    // Nor are they pictures, which a tool tip would read from wherever they say.
+    void namesAreNoMarkup()
+    {
+        m_dir->write("top.v", "module top(input clk);\n wire \\<b>x = clk; leaf \\<b>u (clk);\nendmodule\n"
+                              "module leaf(input clk); endmodule\n");
+        waitForDesign();
+        m_pattern->setEditText("<b>x");
+        QTRY_COMPARE(rowsOf(m_nets->model()), QString("<b>x:1"));
+        const QModelIndex instance = m_tree->model()->index(0, 0, m_tree->model()->index(0, 0));
+        for (const QModelIndex &index : {m_nets->model()->index(0, 0), instance}) {
+            QTextDocument shown;
+            shown.setHtml(index.data(Qt::ToolTipRole).toString());
+            QVERIFY2(shown.toPlainText().contains("top/<b>"), qPrintable(shown.toPlainText()));
+        }
     }
 
     // A source that is edited is read anew, and the place is kept; one that cannot be read says why.
