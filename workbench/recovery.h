@@ -43,6 +43,7 @@ private:
     void follow(Core::IView *view);
     void noteChange(Core::IView *view, Core::StateChange change);
     void noteEnd(Core::IView *view);
+    void forget(Core::IView *view);
     void keepEdited();
     void keep(Core::IView *view);
     void abandon(Core::IView *view);
