@@ -151,6 +151,14 @@ private Q_SLOTS:
         QTEST(found.join('|'), "places");
     }
 
+    void placesOfALongText()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty());
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+    }
+
     void followsAPlaceByKeyAndClick()
     {
         const Folder dir;
@@ -181,6 +189,10 @@ private Q_SLOTS:
         const QString shell = "The command must not use a shell, which could take a file name for a command.";
         row("sh -c \"vi %f\"", "/a", shell);
         row("env /bin/bash -c %f", "/a", shell);
+        const QString script =
+            "%f must not stand inside of other commands, which could take a file name for one.";
+        row("vim -c \"edit %f\"", "/a|!reboot", script);
+        row("emacsclient --eval (find-file'%f')", "/a", script);
     }
     void command()
     {
