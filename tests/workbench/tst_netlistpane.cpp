@@ -19,6 +19,7 @@
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
+#include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
 #include "workbench/netlistpane.h"
 #include "workbench/workspace.h"
@@ -198,6 +199,25 @@ private Q_SLOTS:
         QApplication::clipboard()->setMimeData(data);
         m_window->findChild<QAction *>("pasteSignals")->trigger();
         QCOMPARE(to->topLevelItemCount(), 3);
+    }
+
+    // A key that was meant for another window.
+    void pasteOfALongText()
+    {
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("l.zub")));
+        QString text;
+        for (int i = 0; i < 200000; ++i)
+            text += QString("%1 is a line of a log\n").arg(i);
+        QApplication::clipboard()->setText(text + "top/q\n");
+        auto *messages = m_window->findChild<Workbench::MessagePane *>();
+        const int before = messages->model()->rowCount();
+        QElapsedTimer timer;
+        timer.start();
+        m_window->findChild<QAction *>("pasteSignals")->trigger();
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(messages->model()->rowCount() - before < 100);
+        QVERIFY(messages->toPlainText().contains("  And 199950 more like that."));
+        QCOMPARE(view()->findChild<QTreeWidget *>("treeWidgetSignal")->topLevelItemCount(), 2);
     }
 
     // One step of undo, with what was not saved; at most 16 cores.
