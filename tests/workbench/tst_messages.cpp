@@ -151,6 +151,27 @@ private Q_SLOTS:
         QTEST(found.join('|'), "places");
     }
 
+    // A configuration may name as many signals as it likes that no design has.
+    void manyFindings()
+    {
+        MessagePane pane;
+        pane.show();
+        QList<Message> messages;
+        for (int i = 0; i < 100000; ++i) {
+            messages << Message();
+            messages.last().text = "Missing: " + QString::number(i);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 3; ++i)
+            pane.model()->setCurrent("view", messages);
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(pane.model()->rowCount(), 1001);
+        QVERIFY(pane.toPlainText().endsWith("And 99000 more like that."));
+        pane.model()->setCurrent("view", {});
+        QVERIFY(pane.model()->isPast(1000));
+    }
+
     void placesOfALongText()
     {
         QElapsedTimer timer;
