@@ -11,7 +11,7 @@ namespace {
 
 // Texts of tools can be long, and each try asks the disk.
 const int tryLimit = 200;
-const int textLimit = 64 * 1024;
+const int textLimit = 16 * 1024;
 
 } // namespace
 
