@@ -2,19 +2,13 @@
 
 #include <QEvent>
 #include <QTabWidget>
-#include <QTextDocument>
 
 #include "host/iview.h"
+#include "host/plaintooltip.h"
 #include "host/viewcontainer.h"
 
 namespace Core {
 namespace {
-
-// Tool tips take texts that look like HTML for it; file names may.
-QString plainToolTip(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
-}
 
 QString tabText(const IView *view)
 {
@@ -302,7 +296,7 @@ void ViewManager::updateTitles()
         if (tab < 0)
             continue;
         m_tabs->setTabText(tab, tabText(entry.view));
-        m_tabs->setTabToolTip(tab, plainToolTip(entry.view->windowTitle()));
+        m_tabs->setTabToolTip(tab, QUtil::plainToolTip(entry.view->windowTitle()));
     }
 }
 

@@ -8,6 +8,7 @@
 #include <QTreeWidgetItem>
 #include <vector>
 
+#include "host/plaintooltip.h"
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/netsearch.h"
 #include "signals/addedrows.h"
@@ -33,8 +34,8 @@ public:
             if (role == Qt::ForegroundRole)
                 return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
             if (role == Qt::ToolTipRole)
-                return flags() & Qt::ItemIsSelectable ? toolTip()
-                                                      : toolTip() + QLatin1Char('\n') + excluded();
+                return QUtil::plainToolTip(
+                    flags() & Qt::ItemIsSelectable ? toolTip() : toolTip() + QLatin1Char('\n') + excluded());
             if (role == Qt::AccessibleTextRole && !(flags() & Qt::ItemIsSelectable))
                 return QString(text() + QLatin1String(", ") + excluded());
         }

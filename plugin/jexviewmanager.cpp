@@ -9,6 +9,7 @@
 
 #include "host/actionmanager.h"
 #include "host/modal.h"
+#include "host/plaintooltip.h"
 #include "host/viewmanager.h"
 #include "model/jex/jexfile.h"
 #include "plugin/jexinserterview.h"
@@ -196,7 +197,7 @@ void JexViewManager::refreshSaveAction()
 {
     const QString title = d->currentView->windowTitle();
     d->saveAction->setText(tr("&Save \"%1\"").arg(title));
-    d->saveAction->setToolTip(tr("Save \"%1\"").arg(title));
+    d->saveAction->setToolTip(QUtil::plainToolTip(tr("Save \"%1\"").arg(title)));
     d->saveAction->setEnabled(d->currentView->isModified());
 }
 

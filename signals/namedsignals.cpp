@@ -4,6 +4,7 @@
 
 #include "check/nearestnames.h"
 #include "model/jex/core.h"
+#include "model/jex/zubinput.h"
 #include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
 #include "model/netlist/rtlnetlist.h"
@@ -93,9 +94,11 @@ QString missingFault(const QString &name, const QStringList &nearest)
 QList<JEX::SignalItem> recordsOf(const QByteArray &bytes)
 {
     QList<JEX::SignalItem> items;
-    const QList<JEX::AOCore_Lite *> cores = bytes.size() > largestClipboard
-                                                ? QList<JEX::AOCore_Lite *>()
-                                                : JEX::ZubReader(bytes, latin("clipboard")).liteCores();
+    const QString name = latin("clipboard");
+    QString fault;
+    if (bytes.size() > largestClipboard || !JEX::keepsZubBounds(bytes, name, &fault))
+        return items;
+    const QList<JEX::AOCore_Lite *> cores = JEX::ZubReader(bytes, name).liteCores();
     for (const JEX::AOCore_Lite *core : cores)
         items += core->captureSignals;
     qDeleteAll(cores);

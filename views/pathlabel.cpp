@@ -3,14 +3,15 @@
 #include <QPainter>
 #include <QStringList>
 #include <QStyle>
-#include <QTextDocument>
+
+#include "host/plaintooltip.h"
 
 namespace RTLJEX {
 
 void PathLabel::setPath(const QString &path)
 {
     m_path = path;
-    setToolTip(Qt::mightBeRichText(path) ? Qt::convertFromPlainText(path) : path);
+    setToolTip(QUtil::plainToolTip(path));
 }
 
 QString PathLabel::shownText() const

@@ -142,6 +142,8 @@ void EditMenu::move(QByteArray (History::*step)(), QByteArray (History::*back)()
     if (!view || !m_followed.contains(view))
         return;
     view->editedFile();
+    if (!view)
+        return;
     fetch(view);
     History &history = m_followed[view].history;
     if (step == &History::undo ? !history.canUndo() : !history.canRedo())

@@ -10,6 +10,7 @@ namespace Workbench {
 namespace {
 
 const int limit = 5000;
+const int mostOfSource = 1000; // of what one source says now: each is compared with each
 
 struct KindLook
 {
@@ -68,7 +69,12 @@ void MessageModel::add(const Message &message)
 
 void MessageModel::setCurrent(const QString &source, const QList<Message> &messages)
 {
-    QList<Message> rest = messages;
+    QList<Message> rest = messages.mid(0, mostOfSource);
+    if (messages.size() > mostOfSource) {
+        rest << Message();
+        rest.last().kind = messages.at(mostOfSource).kind;
+        rest.last().text = QString("And %1 more like that.").arg(messages.size() - mostOfSource);
+    }
     for (int row = 0; row < m_entries.size(); ++row) {
         Entry &entry = m_entries[row];
         if (entry.message.source != source || entry.isPast)

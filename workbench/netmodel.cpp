@@ -3,6 +3,7 @@
 #include <QMimeData>
 #include <QSet>
 
+#include "host/plaintooltip.h"
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/nodematcher.h"
 
@@ -121,7 +122,7 @@ QVariant NetModel::data(const QModelIndex &index, int role) const
         return row.bus ? row.bus->members.size() : 1;
     if (role == Qt::TextAlignmentRole && index.column() == WidthColumn)
         return int(Qt::AlignRight | Qt::AlignVCenter);
-    return role == Qt::ToolTipRole ? toolTip(row) : QVariant();
+    return role == Qt::ToolTipRole ? QUtil::plainToolTip(toolTip(row)) : QVariant();
 }
 
 QString NetModel::toolTip(const Row &row) const

@@ -7,7 +7,9 @@
 
 #include "check/snapshot.h"
 #include "host/isnapshot.h"
+#include "host/modal.h"
 #include "host/project.h"
+#include "host/regularfile.h"
 #include "host/viewmanager.h"
 #include "workbench/question.h"
 #include "workbench/recoverydialog.h"
@@ -64,6 +66,7 @@ void Recovery::follow(Core::IView *view)
             [this, view](Core::StateChange change) { noteChange(view, change); });
     if (!m_isRecovering)
         QTimer::singleShot(0, view, [this, view] { offerDraft(view); });
+    connect(view, &QObject::destroyed, this, [this, view] { forget(view); });
 }
 
 void Recovery::noteChange(Core::IView *view, Core::StateChange change)
@@ -93,11 +96,19 @@ void Recovery::noteEnd(Core::IView *view)
 {
     if (!m_files.contains(view))
         return;
-    m_edited.remove(view);
-    m_atRisk.remove(view);
-    const QString file = m_files.take(view);
+    const QString file = m_files.value(view);
+    view->disconnect(this); // it lives on for a while, and its boxes may end their edits yet
+    forget(view);
     if (!m_isFrozen)
         m_store.drop(file);
+}
+
+// Also of one that died without having been closed, whose copy stays.
+void Recovery::forget(Core::IView *view)
+{
+    m_edited.remove(view);
+    m_atRisk.remove(view);
+    m_files.remove(view);
 }
 
 void Recovery::keepEdited()
@@ -214,10 +225,12 @@ void Recovery::offer()
     const QList<KeptState> states = m_store.left();
     if (states.isEmpty())
         return;
-    RecoveryDialog dialog(states, m_window);
-    dialog.exec();
-    for (const KeptState &state : dialog.chosen()) {
-        if (dialog.answer() == RecoveryDialog::Discard || recover(state))
+    QUtil::Modal<RecoveryDialog> dialog(new RecoveryDialog(states, m_window));
+    dialog->exec();
+    if (!dialog.data())
+        return; // nor is there a window any more
+    for (const KeptState &state : dialog->chosen()) {
+        if (dialog->answer() == RecoveryDialog::Discard || recover(state))
             m_store.discard(state);
     }
 }
@@ -236,11 +249,12 @@ bool Recovery::recover(const KeptState &state)
     return isShown;
 }
 
-// Into the view that was opened for it, and kept at once under its new owner.
+// Into the view that was opened for it, if that is in front, and kept at once under its new owner.
 bool Recovery::showState(const KeptState &state)
 {
     Core::IView *view = Core::ViewManager::instance()->currentView();
-    if (!m_files.contains(view) || !snapshotOf(view)->restoreSnapshot(state.snapshot))
+    const bool isOurs = m_files.contains(view) && QUtil::isSameFile(m_files.value(view), state.file);
+    if (!isOurs || !snapshotOf(view)->restoreSnapshot(state.snapshot))
         return false;
     keep(view);
     Q_EMIT message("Brought back what was edited of " + shown(state.file) + ". It is not saved yet.", false);

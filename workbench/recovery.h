@@ -44,6 +44,7 @@ private:
     void noteChange(Core::IView *view, Core::StateChange change);
     void noteFile(Core::IView *view);
     void noteEnd(Core::IView *view);
+    void forget(Core::IView *view);
     void keepEdited();
     void keep(Core::IView *view);
     void abandon(Core::IView *view);

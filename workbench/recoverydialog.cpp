@@ -12,6 +12,7 @@
 #include "check/configuration.h"
 #include "check/snapshot.h"
 #include "cli/configurationdiff.h"
+#include "host/plaintooltip.h"
 
 namespace Workbench {
 namespace {
@@ -67,8 +68,8 @@ RecoveryDialog::RecoveryDialog(const QList<KeptState> &states, QWidget *parent)
                                                   QLocale().toString(state.time, QLocale::ShortFormat),
                                                   reasonText(state.reason), differenceText(state, 4)});
         item->setCheckState(0, Qt::Checked);
-        item->setToolTip(0, QDir::toNativeSeparators(state.file));
-        item->setToolTip(3, differenceText(state, 40));
+        item->setToolTip(0, QUtil::plainToolTip(QDir::toNativeSeparators(state.file)));
+        item->setToolTip(3, QUtil::plainToolTip(differenceText(state, 40)));
         for (int column = 0; column < 3; ++column)
             item->setTextAlignment(column, Qt::AlignLeft | Qt::AlignTop);
     }

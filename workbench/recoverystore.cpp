@@ -101,7 +101,7 @@ RecoveryStore::~RecoveryStore()
 {
     m_lock.reset();
     m_taken.clear();
-    for (const QString &name : QDir(m_folder).entryList({"session-*"}, QDir::Dirs)) {
+    for (const QString &name : QDir(m_folder).entryList({"session-*"}, QDir::Dirs | QDir::NoSymLinks)) {
         QLockFile lock(lockOf(m_folder + '/' + name));
         lock.setStaleLockTime(0);
         if (lock.tryLock(0)) {

@@ -16,6 +16,8 @@
 namespace Workbench {
 namespace {
 
+const int mostTold = 50; // faults at once: a whole log can be on the clipboard
+
 Core::ISignalTarget *targetOf(QWidget *view)
 {
     return dynamic_cast<Core::ISignalTarget *>(view);
@@ -108,8 +110,10 @@ void SignalTransfer::add(const QMimeData &data, QWidget *view, const QWidget *wi
             "Choose a core's capture list or a trigger port first: that is where signals go.", true);
     QStringList faults;
     const bool isAdded = target->addSignals(data, widget, position, &faults);
-    for (const QString &fault : qAsConst(faults))
+    for (const QString &fault : faults.mid(0, mostTold))
         Q_EMIT message(fault, true);
+    if (faults.size() > mostTold)
+        Q_EMIT message(QString("And %1 more like that.").arg(faults.size() - mostTold), true);
     if (isAdded)
         Q_EMIT message("Added to " + place + '.', false);
 }

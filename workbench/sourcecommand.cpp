@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -17,6 +18,12 @@ bool isShell(const QString &word)
     static const QSet<QString> shells = {"sh",  "bash", "dash", "zsh",     "ksh",  "mksh",
                                          "csh", "tcsh", "fish", "busybox", "eval", "xargs"};
     return shells.contains(QFileInfo(word).fileName());
+}
+
+// A script for a program that runs such: "vim -c 'edit %f'".
+bool isScript(const QString &word)
+{
+    return word.contains("%f") && word.contains(QRegularExpression("[\\s\"'`()|;&]"));
 }
 
 // In one go: what stands in a file name is no sign of the command.
@@ -53,6 +60,8 @@ SourceCommand sourceCommand(const QString &words, const SourcePlace &place)
         command.fault = "The command begins with the name of a program.";
     else if (std::any_of(parts.begin(), parts.end(), isShell))
         command.fault = "The command must not use a shell, which could take a file name for a command.";
+    else if (std::any_of(parts.begin(), parts.end(), isScript))
+        command.fault = "%f must not stand inside of other commands, which could take a file name for one.";
     else if (!hasFile)
         command.fault = "The command does not say where the file name goes: %f is missing.";
     return command;

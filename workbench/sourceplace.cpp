@@ -11,6 +11,7 @@ namespace {
 
 // Texts of tools can be long, and each try asks the disk.
 const int tryLimit = 200;
+const int textLimit = 16 * 1024;
 
 } // namespace
 
@@ -19,14 +20,15 @@ QString SourcePlace::text() const
     return QDir::toNativeSeparators(file) + (line ? ':' + QString::number(line) : QString());
 }
 
-QList<SourcePlace> sourcePlaces(const QString &text)
+QList<SourcePlace> sourcePlaces(const QString &message)
 {
+    const QString text = message.left(textLimit);
     static const QRegularExpression number(":(\\d{1,9})(?!\\d)");
     static const QRegularExpression begin("(?<![^\\s'\"(])/");
     QList<SourcePlace> places;
     int tries = 0;
     int from = 0; // behind the place before
-    for (auto ends = number.globalMatch(text); ends.hasNext();) {
+    for (auto ends = number.globalMatch(text); ends.hasNext() && tries < tryLimit;) {
         const auto end = ends.next();
         for (auto begins = begin.globalMatch(text, from); begins.hasNext() && ++tries < tryLimit;) {
             const int start = begins.next().capturedStart();

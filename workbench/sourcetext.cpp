@@ -10,12 +10,26 @@ namespace {
 const qint64 sizeLimit = 8 * QUtil::MiB;
 const int colourLimit = 1 << 20; // letters
 const int lineLimit = 4000;      // letters that are shown of a line
+const int mostLines = 300000;    // that are shown: each takes the widget memory and time
 
 // What the widget takes for a line's end and the tools do not, or for no letter at all.
 bool endsNoLine(QChar letter)
 {
     const ushort code = letter.unicode();
     return code == '\r' || code == 0x2028 || code == 0x2029 || code == 0xfdd0 || code == 0xfdd1;
+}
+
+bool cutEnd(QString &text)
+{
+    int end = -1;
+    for (int line = 0; line < mostLines; ++line) {
+        end = text.indexOf('\n', end + 1);
+        if (end < 0)
+            return false;
+    }
+    const bool isCut = end + 1 < text.size();
+    text.truncate(isCut ? end : text.size());
+    return isCut;
 }
 
 bool cutLines(QString &text)
@@ -61,8 +75,12 @@ SourceText readSourceText(const QString &path)
             letter = ' ';
     }
     source.isLarge = source.text.size() > colourLimit;
+    QStringList notices;
+    if (cutEnd(source.text))
+        notices << QString("The first %1 lines are shown.").arg(mostLines);
     if (cutLines(source.text))
-        source.notice = QString("Lines are shown up to their first %1 letters.").arg(lineLimit);
+        notices << QString("Lines are shown up to their first %1 letters.").arg(lineLimit);
+    source.notice = notices.join(' ');
     return source;
 }
 

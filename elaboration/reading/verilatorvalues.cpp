@@ -187,9 +187,10 @@ TiedBits VerilatorValues::repeated(const pugi::xml_node &replicate, const Verila
                                    const TiedNets &tied) const
 {
     TiedBits once = bits(replicate.first_child(), scope, tied);
+    if (!once.empty())
+        once.resize(size_t(width(replicate.first_child())));
     if (once.empty())
         return once;
-    once.resize(size_t(width(replicate.first_child())));
     TiedBits all(size_t(width(replicate)));
     for (size_t i = 0; i < all.size(); ++i)
         all[i] = once[i % once.size()];
@@ -201,7 +202,7 @@ TiedBits VerilatorValues::extended(const pugi::xml_node &extend, const Verilator
 {
     TiedBits all = bits(extend.first_child(), scope, tied);
     all.resize(size_t(width(extend.first_child())));
-    const bool sign = is(extend, "extends");
+    const bool sign = is(extend, "extends") && !all.empty();
     all.resize(size_t(width(extend)), sign ? all.back() : true);
     return all;
 }

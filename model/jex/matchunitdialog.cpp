@@ -4,6 +4,7 @@
 #include <QValidator>
 
 #include "host/modal.h"
+#include "host/plaintooltip.h"
 #include "model/jex/matchunitmodel.h"
 #include "model/jex/matchvalue.h"
 #include "ui_matchunitdialog.h"
@@ -303,7 +304,7 @@ void MatchUnitDialog::showNames()
     for (const SignalItem &bit : bits) {
         QTreeWidgetItem *row = new QTreeWidgetItem;
         row->setText(BitSignal, bit.alias.isEmpty() ? bit.name : bit.alias);
-        row->setToolTip(BitSignal, bit.name);
+        row->setToolTip(BitSignal, QUtil::plainToolTip(bit.name));
         row->setFont(BitValue, bitFont());
         row->setFont(BitUpper, bitFont());
         rows.append(row);

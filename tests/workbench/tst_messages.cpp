@@ -151,6 +151,35 @@ private Q_SLOTS:
         QTEST(found.join('|'), "places");
     }
 
+    // A configuration may name as many signals as it likes that no design has.
+    void manyFindings()
+    {
+        MessagePane pane;
+        pane.show();
+        QList<Message> messages;
+        for (int i = 0; i < 100000; ++i) {
+            messages << Message();
+            messages.last().text = "Missing: " + QString::number(i);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 3; ++i)
+            pane.model()->setCurrent("view", messages);
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(pane.model()->rowCount(), 1001);
+        QVERIFY(pane.toPlainText().endsWith("And 99000 more like that."));
+        pane.model()->setCurrent("view", {});
+        QVERIFY(pane.model()->isPast(1000));
+    }
+
+    void placesOfALongText()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty());
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+    }
+
     void followsAPlaceByKeyAndClick()
     {
         const Folder dir;
@@ -181,6 +210,10 @@ private Q_SLOTS:
         const QString shell = "The command must not use a shell, which could take a file name for a command.";
         row("sh -c \"vi %f\"", "/a", shell);
         row("env /bin/bash -c %f", "/a", shell);
+        const QString script =
+            "%f must not stand inside of other commands, which could take a file name for one.";
+        row("vim -c \"edit %f\"", "/a|!reboot", script);
+        row("emacsclient --eval (find-file'%f')", "/a", script);
     }
     void command()
     {

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
@@ -18,6 +19,7 @@
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
+#include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
 #include "workbench/netlistpane.h"
 #include "workbench/workspace.h"
@@ -102,6 +104,22 @@ private Q_SLOTS:
         QTRY_COMPARE(rowsOf(m_nets->model()), nets);
     }
 
+    // Nor are they pictures, which a tool tip would read from wherever they say.
+    void namesAreNoMarkup()
+    {
+        m_dir->write("top.v", "module top(input clk);\n wire \\<b>x = clk; leaf \\<b>u (clk);\nendmodule\n"
+                              "module leaf(input clk); endmodule\n");
+        waitForDesign();
+        m_pattern->setEditText("<b>x");
+        QTRY_COMPARE(rowsOf(m_nets->model()), QString("<b>x:1"));
+        const QModelIndex instance = m_tree->model()->index(0, 0, m_tree->model()->index(0, 0));
+        for (const QModelIndex &index : {m_nets->model()->index(0, 0), instance}) {
+            QTextDocument shown;
+            shown.setHtml(index.data(Qt::ToolTipRole).toString());
+            QVERIFY2(shown.toPlainText().contains("top/<b>"), qPrintable(shown.toPlainText()));
+        }
+    }
+
     // A source that is edited is read anew, and the place is kept; one that cannot be read says why.
     void followsTheSources()
     {
@@ -181,6 +199,25 @@ private Q_SLOTS:
         QApplication::clipboard()->setMimeData(data);
         m_window->findChild<QAction *>("pasteSignals")->trigger();
         QCOMPARE(to->topLevelItemCount(), 3);
+    }
+
+    // A key that was meant for another window.
+    void pasteOfALongText()
+    {
+        QVERIFY(m_window->workspace()->openFile(m_dir->path("l.zub")));
+        QString text;
+        for (int i = 0; i < 200000; ++i)
+            text += QString("%1 is a line of a log\n").arg(i);
+        QApplication::clipboard()->setText(text + "top/q\n");
+        auto *messages = m_window->findChild<Workbench::MessagePane *>();
+        const int before = messages->model()->rowCount();
+        QElapsedTimer timer;
+        timer.start();
+        m_window->findChild<QAction *>("pasteSignals")->trigger();
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(messages->model()->rowCount() - before < 100);
+        QVERIFY(messages->toPlainText().contains("  And 199950 more like that."));
+        QCOMPARE(view()->findChild<QTreeWidget *>("treeWidgetSignal")->topLevelItemCount(), 2);
     }
 
     // One step of undo, with what was not saved; at most 16 cores.

@@ -194,6 +194,23 @@ private Q_SLOTS:
         QTest::qWait(50);
     }
 
+    // Whatever dies while it is needed: an editor that nobody closed, the window below its question.
+    void deaths()
+    {
+        setFalling(true);
+        m_window->recovery()->keepNow();
+        delete view();
+        m_window->recovery()->keepNow();
+        QVERIFY(!m_window->findChild<QAction *>("closeAsDraft")->isEnabled());
+        QCOMPARE(kept(), 1);
+        m_window.reset();
+        start();
+        m_user->then([this](QDialog *) { m_window.reset(); });
+        m_window->recovery()->offer();
+        QVERIFY(!m_window);
+        QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 1);
+    }
+
     // A source that is just being typed: told beforehand, and nothing is lost when the editor has to close.
     void unreadableDesign()
     {

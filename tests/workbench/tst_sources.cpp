@@ -74,6 +74,21 @@ private Q_SLOTS:
         QVERIFY(readSourceText(dir.path("gone")).notice.startsWith("Can not show "));
     }
 
+    // Each line takes the widget some hundred bytes, and some time.
+    void manyLines()
+    {
+        const Folder dir;
+        const QString path = dir.write("a.v", QByteArray(8 << 20, '\n'));
+        QElapsedTimer timer;
+        timer.start();
+        SourceView::open({path, 7});
+        QCoreApplication::processEvents();
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        const QString notice = current()->findChild<QLabel *>()->text();
+        QVERIFY2(notice.startsWith("The first 300000 lines are shown."), qPrintable(notice));
+        QCOMPARE(current()->edit()->blockCount(), 300000);
+    }
+
     void oneTabForAFile()
     {
         const Folder dir;
