@@ -61,7 +61,7 @@ const struct
     {"Save Project", "document-save"},
     {"Save Project As", "document-save-as"},
     {"Simulate Capture", "media-playback-start"},
-    {"Source Command", "scriptopen"},
+    {"Source Command", "utilities-terminal"},
     {"Undo", "edit-undo"},
     {"What's This?", "help-contextual"},
 };
