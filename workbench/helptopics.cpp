@@ -29,8 +29,7 @@ const struct
     {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
     {"Workbench::NetlistPane", "netlist"},       {"Workbench::OptionsDialog", "project"},
     {"Workbench::ProjectTree", "project"},       {"Workbench::RecoveryDialog", "recovery"},
-    {"Workbench::ReopenBanner", "recovery"},
-    {"Workbench::SimulateDialog", "run"},
+    {"Workbench::ReopenBanner", "recovery"},     {"Workbench::SimulateDialog", "run"},
 };
 
 QString ownTopic(const QWidget *widget)
