@@ -170,7 +170,7 @@ void dropSecondDeclarations(std::vector<std::string> &lines, std::unordered_set<
     }
 }
 
-// "/home/me/top.vhd:6" of "  /* /home/me/top.vhd:6:3  */"
+// "/rtl/top.vhd:6" of "  /* /rtl/top.vhd:6:3  */"
 std::string placeIn(std::string_view comment)
 {
     const size_t end = comment.rfind(':');
