@@ -41,8 +41,8 @@ ExitCode check(const QStringList &words, Output &out)
         "check", "FILE... DESIGN",
         "Checks configurations (.zub) as the editor does when it saves, and looks up each clock, trigger "
         "and\n"
-        "capture signal in the design: what is missing, changed in width, excluded from probing or moved is\n"
-        "listed with the nearest names that exist. DESIGN is a project, or HDL files and the options below; "
+        "capture signal in the design: what the design does not have as it is stored is listed, with the\n"
+        "nearest names that exist. DESIGN is a project, or HDL files and the options below; "
         "without\n"
         "any, the only project in the folder of the configuration.");
     arguments.parser.addPositionalArgument("FILE", "Configurations; HDL files of the design.");

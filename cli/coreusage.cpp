@@ -7,21 +7,6 @@
 #include "signals/signalrules.h"
 
 namespace Cli {
-namespace {
-
-QString formulaText(const JEX_TOOL::MemoryShape &shape, const CaptureNeeds &capture)
-{
-    if (shape.depth == 0)
-        return QString("%1 x %2").arg(capture.depth).arg(capture.width);
-    return QString("ceil(%1 / %2) x ceil(%3 / %4)")
-        .arg(capture.depth)
-        .arg(shape.depth)
-        .arg(capture.width)
-        .arg(shape.width);
-}
-
-} // namespace
-
 CaptureNeeds::CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device)
 {
     for (const JEX::SignalItem &item : *core.signalRows)
@@ -38,7 +23,7 @@ CaptureNeeds::CaptureNeeds(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &
         row.required = need.required;
         row.available = JEX_TOOL::amountOf(&device, resource.code);
         row.shape = need.shape;
-        row.formula = formulaText(row.shape, *this);
+        row.formula = JEX_TOOL::storageFormula(need, depth);
         rows << row;
     }
 }

@@ -200,8 +200,8 @@ ExitCode devices(const QStringList &words, Output &out)
         QStringList cells = {known.series, known.device, known.partNumber};
         Json json = deviceJson(known);
         for (const Resource &resource : resources) {
-            cells << QString::number(row->*resource.amount);
-            json[toStd(QString(resource.amountName).toLower())] = row->*resource.amount;
+            cells << QString::number(JEX_TOOL::amountOf(row, resource.code));
+            json[toStd(QString(resource.amountName).toLower())] = JEX_TOOL::amountOf(row, resource.code);
         }
         table.add(cells);
         json["source"] = row->family->source;

@@ -114,8 +114,8 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
                    " bits, " + QString::number(core.depth) + " samples in " + resource.name;
     if (!device)
         return line;
-    const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
-        *device->family, core.implementation, layout.dataWidth, core.depth, core.standard != nullptr);
+    const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(*device->family, core.implementation,
+                                                             layout.dataWidth, core.depth, layout.hasMark);
     return line + ", by estimate " + QString::number(need.required) + ' ' +
            (need.required == 1 ? resource.one : resource.many);
 }

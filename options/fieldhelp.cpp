@@ -31,13 +31,15 @@ const struct
                        "its own. The storage is cut into as many parts, or into the next power of "
                        "two.")},
     {"comboImpl",
-     QT_TRANSLATE_NOOP("RTLJEX::FieldHelp",
-                       "What the storage is built from: block memories, memories made of logic cells, or "
-                       "registers, which are offered for small captures only.")},
+     QT_TRANSLATE_NOOP(
+         "RTLJEX::FieldHelp",
+         "What the storage is built from. What the device does not have, or not for a capture of "
+         "this size, is not offered.")},
     {"implementation",
-     QT_TRANSLATE_NOOP("RTLJEX::FieldHelp",
-                       "What the storage is built from: block memories, memories made of logic "
-                       "cells, or registers, which are offered for small captures only.")},
+     QT_TRANSLATE_NOOP(
+         "RTLJEX::FieldHelp",
+         "What the storage is built from. What the device does not have, or not for a capture of "
+         "this size, is not offered.")},
     {"comboCapAmount", QT_TRANSLATE_NOOP("RTLJEX::FieldHelp", "How many samples a window has.")},
     {"spinBoxTrigPos",
      QT_TRANSLATE_NOOP("RTLJEX::FieldHelp",

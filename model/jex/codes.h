@@ -26,6 +26,7 @@ enum Implementation {
     RegImplementation = 1,   // registers
     SsramImplementation = 2  // shadow memory
 };
+enum { ImplementationCount = 3 };
 
 // What a unit compares for, see matchvalue.h.
 enum MatchFunction {
@@ -43,10 +44,12 @@ struct FunctionText
     const char *word; // in files
     const char *name; // for people
     bool comparesNumbers;
+    bool hasUpper; // a second value
 };
 inline constexpr FunctionText matchFunctions[] = {
-    {"equal", "Equal", false},    {"notEqual", "Not equal", false}, {"less", "Less", true},
-    {"greater", "Greater", true}, {"inRange", "In range", true},
+    {"equal", "Equal", false, false},    {"notEqual", "Not equal", false, false},
+    {"less", "Less", true, false},       {"greater", "Greater", true, false},
+    {"inRange", "In range", true, true},
 };
 static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
               "each function has a row");

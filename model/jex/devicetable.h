@@ -19,9 +19,10 @@ struct MemoryShape
 struct DeviceFamily
 {
     const char *series;
-    const MemoryShape *blockShapes;  // with a write and a read port of their own
-    const MemoryShape *shadowShapes; // null: the family has no memory made of logic cells
-    const char *source;              // the public data sheet that the figures are from
+    // Of one memory for each JEX::Implementation, with a write and a read port of their own; null: the family
+    // has none.
+    const MemoryShape *shapes[JEX::ImplementationCount];
+    const char *source; // the public data sheet that the figures are from
 };
 
 // One device and the part that the workbench offers for it.
@@ -31,9 +32,9 @@ struct Device
     const char *device;
     const char *package;
     const char *partNumber;
-    int blocks;    // block memories
-    int shadows;   // shadow memories, see jextool.h
-    int registers; // of the logic cells; those of pins do not count
+    // For each JEX::Implementation: block memories, registers of the logic cells, of which those of pins do
+    // not count, and shadow memories, see jextool.h.
+    int amounts[JEX::ImplementationCount];
 };
 
 // Null for a device that the table does not hold.

@@ -162,7 +162,7 @@ MatchUnit MatchUnitDialog::edited() const
     unit.triggerPort = m_ports.at(m_ui->comboPort->currentIndex());
     unit.function = unit.triggerPort ? m_ui->comboFunction->currentIndex() : int(MatchEqual);
     unit.value = unit.triggerPort ? bits(m_ui->editValue) : QString();
-    unit.upperValue = unit.function == MatchInRange ? bits(m_ui->editUpper) : QString();
+    unit.upperValue = hasUpperValue(unit.function) ? bits(m_ui->editUpper) : QString();
     return unit;
 }
 
@@ -173,7 +173,7 @@ QString MatchUnitDialog::fault() const
     if (m_width) {
         fault = formFault(cleanDigits(m_ui->editValue->text()), m_form, m_width, valueName(unit.function));
     }
-    if (m_width && fault.isEmpty() && unit.function == MatchInRange) {
+    if (m_width && fault.isEmpty() && hasUpperValue(unit.function)) {
         fault = formFault(cleanDigits(m_ui->editUpper->text()), m_form, m_width, upperName());
     }
     return fault.isEmpty() ? matchUnitFault(unit) : fault;
@@ -207,7 +207,7 @@ void MatchUnitDialog::onPortChange()
 
 void MatchUnitDialog::onFunctionChange()
 {
-    const bool isRange = m_ui->comboFunction->currentIndex() == MatchInRange;
+    const bool isRange = hasUpperValue(m_ui->comboFunction->currentIndex());
     m_ui->labelValue->setText(QString::fromLatin1(isRange ? "&Lower Bound:" : "&Value:"));
     m_ui->labelUpper->setVisible(isRange);
     m_ui->editUpper->setVisible(isRange);
@@ -228,7 +228,7 @@ void MatchUnitDialog::fillFields(bool all)
     const int function = m_ui->comboFunction->currentIndex();
     for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
         const bool isUpper = field == m_ui->editUpper;
-        if ((isUpper && function != MatchInRange) || !(all || isNeutral(cleanDigits(field->text())))) {
+        if ((isUpper && !hasUpperValue(function)) || !(all || isNeutral(cleanDigits(field->text())))) {
             continue;
         }
         const QString neutral = neutralBits(function, m_width, isUpper);

@@ -105,6 +105,11 @@ bool comparesNumbers(int function)
     return isFunction(function) && matchFunctions[function].comparesNumbers;
 }
 
+bool hasUpperValue(int function)
+{
+    return isFunction(function) && matchFunctions[function].hasUpper;
+}
+
 QString matchFunctionName(int function)
 {
     return isFunction(function) ? latin(matchFunctions[function].name) : QString();
@@ -237,7 +242,7 @@ QString noFormFault(const QString &bits, ValueForm form)
 
 QString valueName(int function)
 {
-    return latin(function == MatchInRange ? "The lower bound" : "The value");
+    return latin(hasUpperValue(function) ? "The lower bound" : "The value");
 }
 
 QString upperName()
@@ -256,15 +261,15 @@ QString matchUnitFault(const MatchUnit &unit)
                latin(" holds no signals: fill it first, or choose another one.");
     }
     QString fault = bitsFault(unit.value, unit.function, width, valueName(unit.function));
-    if (fault.isEmpty() && unit.function == MatchInRange) {
+    if (fault.isEmpty() && hasUpperValue(unit.function)) {
         fault = bitsFault(unit.upperValue, unit.function, width, upperName());
     }
-    return fault.isEmpty() && unit.function == MatchInRange ? rangeFault(unit.value, unit.upperValue) : fault;
+    return fault.isEmpty() && hasUpperValue(unit.function) ? rangeFault(unit.value, unit.upperValue) : fault;
 }
 
 QString matchValueText(const MatchUnit &unit)
 {
-    return unit.function == MatchInRange ? unit.value + latin(" to ") + unit.upperValue : unit.value;
+    return hasUpperValue(unit.function) ? unit.value + latin(" to ") + unit.upperValue : unit.value;
 }
 
 QString portText(const TriggerPort *port)

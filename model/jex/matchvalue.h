@@ -17,6 +17,7 @@ namespace JEX {
 
 bool isBitText(const QString &text); // only these characters, whatever the function
 bool comparesNumbers(int function);
+bool hasUpperValue(int function);        // the second bound of a range
 QString matchFunctionName(int function); // "Not equal"; empty for a number that stands for none
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name);

@@ -26,9 +26,7 @@ struct Resource
     const char *one, *many; // of what is counted
     const char *liteText;   // what the Lite page looks for in its box
     const char *style;      // of a memory in Verilog
-    int Device::*amount;
-    const MemoryShape *DeviceFamily::*shapes; // null: it is not made of memories, each bit takes one
-    qint64 largestCapture;                    // bits; a larger one is not offered
+    qint64 largestCapture;  // bits; a larger one is not offered
     TriggerNeed triggerNeed;
     bool isAlwaysOffered;  // also for a device that has none
     bool hasInputRegister; // for the initial data of a Lite core
@@ -39,16 +37,15 @@ constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
 // In the order in which they are offered and listed.
 constexpr Resource resources[] = {
     {JEX::BsramImplementation, "BSRAM", "BSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "BSRAM Usage :"),
-     "memory", "memories", "BSRAM", "block", &Device::blocks, &DeviceFamily::blockShapes, anyCapture, OneEach,
-     true, true},
+     "memory", "memories", "BSRAM", "block", anyCapture, OneEach, true, true},
     {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
-     "memory", "memories", "SSRAM", "distributed", &Device::shadows, &DeviceFamily::shadowShapes, anyCapture,
-     TablesEach, false, false},
+     "memory", "memories", "SSRAM", "distributed", anyCapture, TablesEach, false, false},
     {JEX::RegImplementation, "REG", "registers",
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
-     "registers", &Device::registers, nullptr, 512, TablesAndOneEach, true, false},
+     "registers", 512, TablesAndOneEach, true, false},
 };
 enum { ResourceCount = sizeof resources / sizeof *resources };
+static_assert(int(ResourceCount) == JEX::ImplementationCount, "each implementation has a row");
 
 // Null for NoImplementation.
 constexpr const Resource *resourceOf(JEX::Implementation implementation)

@@ -2,21 +2,20 @@
 
 #include <climits>
 
-#include "model/jex/resourcetable.h"
-
 namespace JEX_TOOL {
 
 namespace {
 
+QString latin(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
 // Null for what is not made of memories.
 const MemoryShape *shapesOf(const DeviceFamily &family, JEX::Implementation implementation)
 {
-    const Resource *resource = resourceOf(implementation);
-    if (!resource || !resource->shapes) {
-        return nullptr;
-    }
-    const MemoryShape *shapes = family.*resource->shapes;
-    return shapes ? shapes : usualFamily().*resource->shapes;
+    const MemoryShape *shapes = family.shapes[implementation];
+    return shapes ? shapes : usualFamily().shapes[implementation];
 }
 
 // How many memories of this shape hold `depth` words of `width` bits, when all of them are used in it.
@@ -48,6 +47,19 @@ StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implemen
     }
     need.required = int(qMin<qint64>(least, INT_MAX));
     return need;
+}
+
+QString storageFormula(const StorageNeed &need, int depth)
+{
+    const QString samples = QString::number(depth);
+    if (need.shape.depth == 0) {
+        return samples + latin(" x ") + QString::number(need.width);
+    }
+    return latin("ceil(%1 / %2) x ceil(%3 / %4)")
+        .arg(samples)
+        .arg(need.shape.depth)
+        .arg(need.width)
+        .arg(need.shape.width);
 }
 
 } // namespace JEX_TOOL

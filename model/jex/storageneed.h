@@ -26,4 +26,7 @@ struct StorageNeed
 StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implementation, int signalCount,
                         int depth, bool adjusted);
 
+// The same as a term, "ceil(1024 / 512) x ceil(19 / 36)".
+QString storageFormula(const StorageNeed &need, int depth);
+
 } // namespace JEX_TOOL

@@ -10,12 +10,12 @@ using namespace JEX_TOOL;
 
 namespace {
 
-int bits(const MemoryShape *shape)
+int bitsIn(const Device &device, JEX::Implementation implementation)
 {
     int most = 0;
-    for (; shape && shape->depth; ++shape)
+    for (const MemoryShape *shape = device.family->shapes[implementation]; shape && shape->depth; ++shape)
         most = qMax(most, shape->depth * shape->width);
-    return most;
+    return most * device.amounts[implementation];
 }
 
 // Data sheets print some sizes in units of 1000 bits and some in units of 1024.
@@ -53,8 +53,9 @@ private Q_SLOTS:
             QVERIFY2(device, qPrintable(arg.partNumber));
             QCOMPARE(QString(device->partNumber), arg.partNumber);
             QVERIFY2(*device->family->source, device->partNumber);
-            QVERIFY2(device->registers > 0, device->partNumber);
-            QVERIFY2(!device->shadows == !device->family->shadowShapes, device->partNumber);
+            QVERIFY2(device->amounts[JEX::RegImplementation] > 0, device->partNumber);
+            QCOMPARE(!device->amounts[JEX::SsramImplementation],
+                     !device->family->shapes[JEX::SsramImplementation]);
         }
         QVERIFY(parts.size() >= 25);
     }
@@ -73,11 +74,13 @@ private Q_SLOTS:
             const Device *device = findDevice(cells[0], cells[1]);
             if (!device)
                 QFAIL(qPrintable(row));
-            QVERIFY2(isKilobits(device->blocks * bits(device->family->blockShapes), cells[2]),
-                     qPrintable(row));
+            QVERIFY2(isKilobits(bitsIn(*device, JEX::BsramImplementation), cells[2]), qPrintable(row));
             // A slice of the 7 series has 256 bits, of which its shapes with two ports give 192.
-            const int shadowBits = cells[0].endsWith("-7") ? 256 : bits(device->family->shadowShapes);
-            QVERIFY2(isKilobits(device->shadows * shadowBits, cells[3]), qPrintable(row));
+            const int shadows = device->amounts[JEX::SsramImplementation];
+            QVERIFY2(isKilobits(cells[0].endsWith("-7") ? shadows * 256
+                                                        : bitsIn(*device, JEX::SsramImplementation),
+                                cells[3]),
+                     qPrintable(row));
         }
     }
 
