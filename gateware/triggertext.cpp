@@ -60,18 +60,14 @@ int TriggerText::lowestBitOf(const JEX::TriggerPort *wanted) const
 QByteArray TriggerText::unit(int position) const
 {
     const JEX::MatchUnit &unit = *m_units.at(position);
-    const UnitSettings settings(unit);
     const QByteArray number = text(unit.unitNumber);
     const int low = lowestBitOf(unit.triggerPort);
     const QByteArray bits = "[" + text(low + unit.triggerPort->width() - 1) + ":" + text(low) + "]";
     Connections parameters;
     add(&parameters, "WIDTH", unit.triggerPort->width());
     add(&parameters, "LOADABLE", m_core.isStatic() ? 0 : 1);
-    add(&parameters, "KIND", binary(settings.kind));
-    add(&parameters, "EDGES", binary(settings.edges));
-    add(&parameters, "CARE", binary(settings.care));
-    add(&parameters, "LEVEL", binary(settings.level));
-    add(&parameters, "UPPER", binary(settings.upper));
+    for (const UnitSetting &setting : unitSettings(unit))
+        add(&parameters, setting.parameter, binary(setting.digits));
     Connections ports;
     add(&ports, "clk", "clk");
     add(&ports, "now", "now" + bits);

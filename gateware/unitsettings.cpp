@@ -27,20 +27,22 @@ QByteArray among(const QString &value, const char *list)
 
 } // namespace
 
-UnitSettings::UnitSettings(const JEX::MatchUnit &unit)
-    : kind(binary(unit.function, KindBits)),
-      edges(among(unit.value, "RFBN")),
-      care(among(unit.value, "01RF")),
-      level(among(unit.value, "1RB"))
+QList<UnitSetting> unitSettings(const JEX::MatchUnit &unit)
 {
-    upper = among(unit.upperValue, "1").leftJustified(unit.value.size(), '0', true);
+    return {{"KIND", binary(unit.function, KindBits)},
+            {"EDGES", among(unit.value, "RFBN")},
+            {"CARE", among(unit.value, "01RF")},
+            {"LEVEL", among(unit.value, "1RB")},
+            {"UPPER", among(unit.upperValue, "1").leftJustified(unit.value.size(), '0', true)}};
 }
 
 QByteArray loadedSettings(const JEX::AoCore &core)
 {
     QByteArray all;
-    for (const JEX::MatchUnit *unit : coreUnits(core))
-        all += UnitSettings(*unit).all();
+    for (const JEX::MatchUnit *unit : coreUnits(core)) {
+        for (const UnitSetting &setting : unitSettings(*unit))
+            all += setting.digits;
+    }
     return all;
 }
 

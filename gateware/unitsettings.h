@@ -6,23 +6,15 @@
 
 namespace RTLJEX {
 
-// What a match unit compares for, as the parameters of "jex_unit": binary digits, the port's first bit first.
-// The unit must be without fault.
-struct UnitSettings
+// A parameter of "jex_unit".
+struct UnitSetting
 {
-    explicit UnitSettings(const JEX::MatchUnit &unit);
-
-    QByteArray all() const
-    {
-        return kind + edges + care + level + upper;
-    } // as its registers stand side by side
-
-    QByteArray kind;
-    QByteArray edges;
-    QByteArray care;
-    QByteArray level;
-    QByteArray upper;
+    const char *parameter;
+    QByteArray digits; // binary; of what is said for each bit of the port, its first bit first
 };
+
+// What a match unit compares for, in the order of its registers. The unit must be without fault.
+QList<UnitSetting> unitSettings(const JEX::MatchUnit &unit);
 
 // The settings of all units of a core as one number. They are loaded through its control port with the last
 // digit first; see docs/gateware.md.
