@@ -2,45 +2,12 @@
 
 #include "host/regularfile.h"
 #include "model/jex/jexfile.h"
-#include "model/jex/zubfields.h"
 #include "model/jex/zubinput.h"
 #include "model/jex/zubreader.h"
 #include "model/jex/zubwriter.h"
 
 namespace RTLJEX {
 namespace {
-
-template <class Core>
-AnyCore anyCore(Core *core)
-{
-    AnyCore any;
-    any.number = core->coreNumber;
-    any.clock = &core->sampleClock;
-    any.topModule = &core->topModuleName;
-    any.signalRows = &core->captureSignals;
-    any.enabledRows = &core->enabledCaptureSignals;
-    any.edge = core->sampleEdge;
-    return any;
-}
-
-AnyCore anyCoreOf(JEX::AoCore *core)
-{
-    AnyCore any = anyCore(core);
-    any.ports = core->triggerPorts;
-    any.depth = core->storageSize;
-    any.implementation = JEX::implementationOf(core->captureImplementation);
-    any.standard = core;
-    return any;
-}
-
-AnyCore anyCoreOf(JEX::AOCore_Lite *core)
-{
-    AnyCore any = anyCore(core);
-    any.depth = core->captureAmount;
-    any.implementation = JEX::implementationOf(core->implementation);
-    any.lite = core;
-    return any;
-}
 
 template <class Core>
 void takeSignals(const Core &from, Core *to)
@@ -50,55 +17,75 @@ void takeSignals(const Core &from, Core *to)
     to->enabledCaptureSignals = from.enabledCaptureSignals;
 }
 
+void takePorts(const JEX::AoCore &from, JEX::AoCore *to)
+{
+    for (int i = 0; i < JEX::PortCount; ++i)
+        to->triggerPorts.at(i)->signalItems = from.triggerPorts.at(i)->signalItems;
+}
+
+template <class Core>
+void takePorts(const Core &, Core *)
+{
+}
+
 } // namespace
+
+Configuration::Configuration(JEX::JexMode mode) : m_mode(mode), m_cores(JEX::emptyListOf(mode))
+{
+}
 
 Configuration::~Configuration()
 {
-    deleteCores();
+    JEX::deleteCores(m_cores);
 }
 
-void Configuration::deleteCores()
+// Without cores then.
+void Configuration::setMode(JEX::JexMode mode)
 {
-    qDeleteAll(m_standard);
-    qDeleteAll(m_lite);
-    m_standard.clear();
-    m_lite.clear();
+    const JEX::CoreList old = m_cores;
+    m_mode = mode;
+    m_cores = JEX::emptyListOf(mode);
+    JEX::deleteCores(old);
 }
 
 void Configuration::swap(Configuration &other)
 {
     qSwap(m_mode, other.m_mode);
     qSwap(m_read, other.m_read);
-    qSwap(m_standard, other.m_standard);
-    qSwap(m_lite, other.m_lite);
+    m_cores.swap(other.m_cores);
+}
+
+void Configuration::addCore(int number)
+{
+    std::visit(
+        [number](auto &list) {
+            typedef std::remove_reference_t<decltype(*list.first())> Core;
+            list << JEX::newCore<Core>(number);
+        },
+        m_cores);
 }
 
 void Configuration::takeSignalsOf(const Configuration &other)
 {
-    deleteCores();
-    m_mode = other.m_mode;
-    for (const JEX::AoCore *core : other.m_standard) {
-        m_standard << new JEX::AoCore(core->coreNumber);
-        takeSignals(*core, m_standard.last());
-        for (int i = 0; i < JEX::PortCount; ++i)
-            m_standard.last()->triggerPorts.at(i)->signalItems = core->triggerPorts.at(i)->signalItems;
-    }
-    for (const JEX::AOCore_Lite *core : other.m_lite) {
-        m_lite << new JEX::AOCore_Lite;
-        m_lite.last()->coreNumber = core->coreNumber;
-        takeSignals(*core, m_lite.last());
+    setMode(other.m_mode);
+    for (const AnyCore &core : other.cores()) {
+        addCore(core.number);
+        core.visit([this](const auto &from) {
+            typedef std::decay_t<decltype(from)> Core;
+            takeSignals(from, coresOf<Core>().last());
+            takePorts(from, coresOf<Core>().last());
+        });
     }
 }
 
 bool Configuration::accepts(const QString &path) const
 {
-    return m_mode == JEX::StandardMode ? JEX::checkJEXStandardFile(path)
-                                       : m_mode == JEX::LiteMode && JEX::checkJEXLiteFile(path);
+    return JEX::isFileOfMode(path, m_mode);
 }
 
 bool Configuration::read(const QString &path, QString *error)
 {
-    deleteCores();
+    setMode(m_mode);
     QByteArray bytes;
     QString fault;
     if (JEX::readZubInput(path, &bytes, &fault)) {
@@ -107,10 +94,7 @@ bool Configuration::read(const QString &path, QString *error)
             m_mode = JEX::zubMode(bytes);
         JEX::ZubReader reader(bytes, path);
         // The reader says what is wrong with a file of neither mode, too.
-        if (m_mode == JEX::StandardMode)
-            m_standard = reader.standardCores();
-        else
-            m_lite = reader.liteCores();
+        m_cores = reader.cores(m_mode);
         fault = reader.error();
     }
     if (error)
@@ -120,14 +104,12 @@ bool Configuration::read(const QString &path, QString *error)
 
 bool Configuration::toBytes(QByteArray *bytes, QString *error) const
 {
-    return m_mode == JEX::StandardMode ? JEX::zubFromCores(m_standard, bytes, error)
-                                       : JEX::zubFromCores(m_lite, bytes, error);
+    return JEX::zubFromCores(m_cores, bytes, error);
 }
 
 bool Configuration::write(const QString &path, QString *error) const
 {
-    return m_mode == JEX::StandardMode ? JEX::writeJEXConfigToXml(m_standard, path, error)
-                                       : JEX::writeJEXConfigToXml_Lite(m_lite, path, error);
+    return JEX::writeCores(m_cores, path, error);
 }
 
 bool Configuration::rewrite(const QString &path, QString *error) const
@@ -159,29 +141,22 @@ QString Configuration::modeName() const
 
 QList<AnyCore> Configuration::cores() const
 {
-    QList<AnyCore> cores;
-    for (JEX::AoCore *core : m_standard)
-        cores << anyCoreOf(core);
-    for (JEX::AOCore_Lite *core : m_lite)
-        cores << anyCoreOf(core);
-    return cores;
+    return anyCores(m_cores);
 }
 
 bool Configuration::check(const QUARRY::RtlNetlist *netlist, QString *errors) const
 {
-    return m_mode == JEX::StandardMode ? checkStandardCores(m_standard, netlist, errors)
-                                       : checkLiteCores(m_lite, netlist, errors);
+    return checkCores(m_cores, netlist, errors);
 }
 
 QList<CheckError> Configuration::errors(const QUARRY::RtlNetlist *netlist) const
 {
-    return m_mode == JEX::StandardMode ? standardErrors(m_standard, netlist) : liteErrors(m_lite, netlist);
+    return coreErrors(m_cores, netlist);
 }
 
 QList<StaleSignal> Configuration::staleSignals(const QUARRY::RtlNetlist &netlist) const
 {
-    return m_mode == JEX::StandardMode ? RTLJEX::staleSignals(m_standard, netlist)
-                                       : RTLJEX::staleSignals(m_lite, netlist);
+    return RTLJEX::staleSignals(cores(), netlist);
 }
 
 FileFindings Configuration::judge(const QUARRY::RtlNetlist &netlist) const

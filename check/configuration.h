@@ -5,36 +5,13 @@
 #include <QString>
 #include <QStringList>
 
+#include "check/anycore.h"
 #include "check/stalereport.h"
 #include "host/filemark.h"
-#include "model/jex/core.h"
+#include "model/jex/modes.h"
 #include "views/configcheck.h"
 
 namespace RTLJEX {
-
-// A core of either mode: what both have, and the core itself for who visits it. Points into the
-// configuration.
-struct AnyCore
-{
-    // Calls visitor(core), which has an overload for each mode or is a template.
-    template <class Visitor>
-    auto visit(Visitor visitor) const
-    {
-        return standard ? visitor(*standard) : visitor(*lite);
-    }
-
-    int number = 0;
-    QString *clock = nullptr;
-    QString *topModule = nullptr;
-    QList<JEX::SignalItem> *signalRows = nullptr;
-    QList<JEX::SignalItem> *enabledRows = nullptr;
-    QList<JEX::TriggerPort *> ports;                            // none in a Lite file
-    int depth = 0;                                              // samples that are stored
-    JEX::Implementation implementation = JEX::NoImplementation; // of what the samples are stored in
-    qint32 edge = JEX::RisingEdge;
-    JEX::AoCore *standard = nullptr;  // null in a Lite file
-    JEX::AOCore_Lite *lite = nullptr; // null in a Standard file
-};
 
 // What is wrong with a configuration beside a design; one line or one signal is a finding.
 struct FileFindings
@@ -51,7 +28,7 @@ class Configuration
 {
 public:
     // Without cores. One that is made of no mode takes that of the first file it reads.
-    explicit Configuration(JEX::JexMode mode = JEX::InvalidMode) : m_mode(mode) {}
+    explicit Configuration(JEX::JexMode mode = JEX::InvalidMode);
     ~Configuration();
     void swap(Configuration &other);
 
@@ -76,9 +53,15 @@ public:
     JEX::JexMode mode() const { return m_mode; }
     QString modeName() const;
     QList<AnyCore> cores() const;
-    // For who knows the mode; a list of the other mode's cores is empty. Who takes a core out deletes it.
+    // As the editor makes one; the number must be free.
+    void addCore(int number);
+    // For who knows the mode, and for who visits. Who takes a core out deletes it.
     template <class Core>
-    QList<Core *> &coresOf();
+    QList<Core *> &coresOf()
+    {
+        return std::get<QList<Core *>>(m_cores);
+    }
+    JEX::CoreList &coreList() { return m_cores; }
 
     // The editor's check before it saves, see configcheck.h. Both pointers may be null.
     bool check(const QUARRY::RtlNetlist *netlist, QString *errors) const;
@@ -90,24 +73,11 @@ private:
     Configuration(const Configuration &);
     Configuration &operator=(const Configuration &);
 
-    void deleteCores();
+    void setMode(JEX::JexMode mode);
 
     JEX::JexMode m_mode;
     QUtil::FileMark m_read; // null: nothing was read
-    QList<JEX::AoCore *> m_standard;
-    QList<JEX::AOCore_Lite *> m_lite;
+    JEX::CoreList m_cores;
 };
-
-template <>
-inline QList<JEX::AoCore *> &Configuration::coresOf<JEX::AoCore>()
-{
-    return m_standard;
-}
-
-template <>
-inline QList<JEX::AOCore_Lite *> &Configuration::coresOf<JEX::AOCore_Lite>()
-{
-    return m_lite;
-}
 
 } // namespace RTLJEX

@@ -84,16 +84,6 @@ bool readRest(const QByteArray &rest, JEX::LeftOut *leftOut)
     return isWhole && restOf(*leftOut) == rest;
 }
 
-QList<JEX::AoCore *> coresOf(JEX::ZubReader *reader, const JEX::AoCore *)
-{
-    return reader->standardCores();
-}
-
-QList<JEX::AOCore_Lite *> coresOf(JEX::ZubReader *reader, const JEX::AOCore_Lite *)
-{
-    return reader->liteCores();
-}
-
 bool complete(JEX::AoCore *core, const JEX::LeftOut &leftOut)
 {
     for (int unit : leftOut.units)
@@ -103,7 +93,8 @@ bool complete(JEX::AoCore *core, const JEX::LeftOut &leftOut)
            (leftOut.expressions.isEmpty() || leftOut.expressions.keys().last() < rows);
 }
 
-bool complete(JEX::AOCore_Lite *, const JEX::LeftOut &leftOut)
+template <class Core>
+bool complete(Core *, const JEX::LeftOut &leftOut)
 {
     return restOf(leftOut).isEmpty();
 }
@@ -147,9 +138,7 @@ bool readHead(Cursor *cursor, Snapshot *snapshot)
     QList<QByteArray> words;
     if (!cursor->words(&words) || words.size() != 4 || words.at(0) + ' ' + words.at(1) != head)
         return false;
-    snapshot->mode = words.at(2) == JEX::modeName(JEX::StandardMode) ? JEX::StandardMode
-                     : words.at(2) == JEX::modeName(JEX::LiteMode)   ? JEX::LiteMode
-                                                                     : JEX::InvalidMode;
+    snapshot->mode = JEX::modeNamed(QString::fromUtf8(words.at(2)));
     snapshot->file = decoded(words.at(3));
     return snapshot->mode != JEX::InvalidMode;
 }
@@ -164,6 +153,38 @@ bool readCore(Cursor *cursor, CoreSnapshot *core)
     core->digest = words.at(5);
     return words.at(1) == QByteArray::number(core->identity) && cursor->take(words.at(3), &core->zub) &&
            cursor->take(words.at(4), &core->rest);
+}
+
+template <class Core>
+bool pack(Core *core, const JEX::LeftOut &leftOut, CoreSnapshot *packed)
+{
+    QString error;
+    packed->number = core->coreNumber;
+    packed->zub.clear();
+    packed->rest = restOf(leftOut);
+    core->coreNumber = 0;
+    const bool isPacked = JEX::zubFromCores(QList<Core *>() << core, &packed->zub, &error);
+    core->coreNumber = packed->number;
+    packed->digest = snapshotDigest(*packed);
+    return isPacked;
+}
+
+template <class Core>
+bool unpack(const CoreSnapshot &packed, JEX::LeftOut *leftOut, QList<Core *> *list)
+{
+    QString error;
+    const QString name = QLatin1String("snapshot");
+    if (packed.digest != snapshotDigest(packed) || !readRest(packed.rest, leftOut) ||
+        !JEX::keepsZubBounds(packed.zub, name, &error))
+        return false;
+    const QList<Core *> cores = JEX::ZubReader(packed.zub, name).cores<Core>();
+    if (cores.size() == 1 && complete(cores.first(), *leftOut)) {
+        cores.first()->coreNumber = packed.number;
+        list->append(cores.first());
+        return true;
+    }
+    qDeleteAll(cores);
+    return false;
 }
 
 } // namespace
@@ -186,42 +207,15 @@ bool operator==(const CoreSnapshot &a, const CoreSnapshot &b)
     return a.identity == b.identity && a.number == b.number && a.showsSame(b);
 }
 
-template <class Core>
-bool packCore(Core *core, const JEX::LeftOut &leftOut, CoreSnapshot *packed)
+bool packCore(JEX::CorePointer core, const JEX::LeftOut &leftOut, CoreSnapshot *packed)
 {
-    QString error;
-    packed->number = core->coreNumber;
-    packed->zub.clear();
-    packed->rest = restOf(leftOut);
-    core->coreNumber = 0;
-    const bool isPacked = JEX::zubFromCores(QList<Core *>() << core, &packed->zub, &error);
-    core->coreNumber = packed->number;
-    packed->digest = snapshotDigest(*packed);
-    return isPacked;
+    return std::visit([&](auto *record) { return pack(record, leftOut, packed); }, core);
 }
 
-template <class Core>
-Core *unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut)
+bool unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut, JEX::CoreList *cores)
 {
-    QString error;
-    const QString name = QLatin1String("snapshot");
-    if (packed.digest != snapshotDigest(packed) || !readRest(packed.rest, leftOut) ||
-        !JEX::keepsZubBounds(packed.zub, name, &error))
-        return nullptr;
-    JEX::ZubReader reader(packed.zub, name);
-    const QList<Core *> cores = coresOf(&reader, static_cast<const Core *>(nullptr));
-    if (cores.size() == 1 && complete(cores.first(), *leftOut)) {
-        cores.first()->coreNumber = packed.number;
-        return cores.first();
-    }
-    qDeleteAll(cores);
-    return nullptr;
+    return std::visit([&](auto &list) { return unpack(packed, leftOut, &list); }, *cores);
 }
-
-template bool packCore(JEX::AoCore *, const JEX::LeftOut &, CoreSnapshot *);
-template bool packCore(JEX::AOCore_Lite *, const JEX::LeftOut &, CoreSnapshot *);
-template JEX::AoCore *unpackCore(const CoreSnapshot &, JEX::LeftOut *);
-template JEX::AOCore_Lite *unpackCore(const CoreSnapshot &, JEX::LeftOut *);
 
 QByteArray Snapshot::toBytes() const
 {
@@ -262,32 +256,16 @@ bool Snapshot::fromBytes(const QByteArray &bytes, Snapshot *snapshot)
     return !snapshot->cores.isEmpty();
 }
 
-namespace {
-
-template <class Core>
-bool readCores(const Snapshot &snapshot, QList<Core *> *cores)
-{
-    for (const CoreSnapshot &packed : snapshot.cores) {
-        JEX::LeftOut leftOut;
-        Core *core = unpackCore<Core>(packed, &leftOut);
-        if (!core)
-            return false;
-        cores->append(core);
-    }
-    return true;
-}
-
-} // namespace
-
 bool readSnapshot(const Snapshot &snapshot, Configuration *configuration)
 {
     Configuration fresh(snapshot.mode);
-    const bool isRead = snapshot.mode == JEX::StandardMode
-                            ? readCores(snapshot, &fresh.coresOf<JEX::AoCore>())
-                            : readCores(snapshot, &fresh.coresOf<JEX::AOCore_Lite>());
-    if (isRead)
-        configuration->swap(fresh);
-    return isRead;
+    for (const CoreSnapshot &packed : snapshot.cores) {
+        JEX::LeftOut leftOut;
+        if (!unpackCore(packed, &leftOut, &fresh.coreList()))
+            return false;
+    }
+    configuration->swap(fresh);
+    return true;
 }
 
 } // namespace RTLJEX

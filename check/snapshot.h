@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "model/jex/corestate.h"
+#include "model/jex/modes.h"
 
 namespace RTLJEX {
 
@@ -23,13 +24,17 @@ struct CoreSnapshot
 bool operator==(const CoreSnapshot &a, const CoreSnapshot &b);
 QByteArray snapshotDigest(const CoreSnapshot &core); // as it has to be
 
-// Core is JEX::AoCore or JEX::AOCore_Lite. Packing fails for what no ".zub" file can hold, unpacking for what
-// is damaged, of the other mode or out of bounds; the core is the caller's then, complete with its number and
-// the units that were left out.
+// Packing fails for what no ".zub" file can hold, unpacking for what is damaged, of another mode or out of
+// bounds; the core is the caller's then, complete with its number and the units that were left out.
+bool packCore(JEX::CorePointer core, const JEX::LeftOut &leftOut, CoreSnapshot *packed);
+// Appends it to the list.
+bool unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut, JEX::CoreList *cores);
 template <class Core>
-bool packCore(Core *core, const JEX::LeftOut &leftOut, CoreSnapshot *packed);
-template <class Core>
-Core *unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut); // null when it fails
+Core *unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut) // null when it fails
+{
+    JEX::CoreList cores = QList<Core *>();
+    return unpackCore(packed, leftOut, &cores) ? std::get<QList<Core *>>(cores).first() : nullptr;
+}
 
 // What Core::ISnapshot hands over for an editor, and what is kept of a file for recovery: a line with
 // version, mode and path of the file, for each core a line with its measures before it, and a line at the

@@ -54,19 +54,21 @@ class Report
 public:
     explicit Report(const QUARRY::RtlNetlist &netlist) : m_netlist(netlist) {}
 
-    template <typename Core>
-    void addCore(const Core &core, int position, int shown)
+    void addCore(const AnyCore &core, int position)
     {
         m_place.core = position;
-        m_place.shown = shown;
+        m_place.shown = core.shown;
         setPlace(StaleSignal::Clock, -1);
         m_place.row = -1;
-        if (!core.sampleClock.isEmpty())
-            checkSingle(core.sampleClock, QString(), QString());
-        addTriggers(core);
+        if (!core.clock->isEmpty())
+            checkSingle(*core.clock, QString(), QString());
+        for (const JEX::TriggerPort *port : core.ports) {
+            setPlace(StaleSignal::Trigger, port->portNumber);
+            addRows(port->signalItems);
+        }
         setPlace(StaleSignal::Capture, -1);
-        addRows(core.captureSignals);
-        addOthers(core.enabledCaptureSignals, core.captureSignals);
+        addRows(*core.signalRows);
+        addOthers(*core.enabledRows, *core.signalRows);
     }
 
     QList<StaleSignal> take()
@@ -95,15 +97,6 @@ private:
         m_place.place = place;
         m_place.port = port;
     }
-
-    void addTriggers(const JEX::AoCore &core)
-    {
-        for (const JEX::TriggerPort *port : core.triggerPorts) {
-            setPlace(StaleSignal::Trigger, port->portNumber);
-            addRows(port->signalItems);
-        }
-    }
-    void addTriggers(const JEX::AOCore_Lite &) {}
 
     void addRows(const QList<JEX::SignalItem> &rows)
     {
@@ -197,19 +190,11 @@ private:
 
 } // namespace
 
-QList<StaleSignal> staleSignals(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist &netlist)
+QList<StaleSignal> staleSignals(const QList<AnyCore> &cores, const QUARRY::RtlNetlist &netlist)
 {
     Report report(netlist);
     for (int i = 0; i < cores.size(); ++i)
-        report.addCore(*cores.at(i), i, cores.at(i)->coreNumber);
-    return report.take();
-}
-
-QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist &netlist)
-{
-    Report report(netlist);
-    for (int i = 0; i < cores.size(); ++i)
-        report.addCore(*cores.at(i), i, i);
+        report.addCore(cores.at(i), i);
     return report.take();
 }
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "model/jex/core.h"
+#include "check/anycore.h"
 
 namespace QUARRY {
 class RtlNetlist;
@@ -24,7 +24,7 @@ struct StaleSignal
     };
 
     int core = 0;  // position in the list of cores
-    int shown = 0; // how the check names the core: its number, in Lite files its position
+    int shown = 0; // as of AnyCore
     Place place = Clock;
     int port = -1; // number of the trigger port
     int row = -1;  // position in the port's or the capture list; -1 when it stands in none
@@ -39,8 +39,7 @@ struct StaleSignal
 // Looks up every clock, trigger and capture signal, disabled ones too, in the order of the file. Bits are
 // looked up one by one, so that groups and parts of buses count as there when their bits are. Costs nothing
 // per net of the design unless something is missing.
-QList<StaleSignal> staleSignals(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist &netlist);
-QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist &netlist);
+QList<StaleSignal> staleSignals(const QList<AnyCore> &cores, const QUARRY::RtlNetlist &netlist);
 
 QString staleWord(StaleSignal::Fault fault);      // "missing", "width changed", "excluded", "moved"
 QString stalePlace(const StaleSignal &signal);    // "clock", "trigger port 2", "capture"

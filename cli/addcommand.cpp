@@ -60,12 +60,7 @@ bool addCore(RTLJEX::Configuration &configuration, QString *error)
     int number = 0;
     while (coreNumbered(configuration, number).signalRows)
         ++number;
-    if (configuration.mode() == JEX::StandardMode) {
-        configuration.coresOf<JEX::AoCore>() << new JEX::AoCore(number);
-    } else {
-        configuration.coresOf<JEX::AOCore_Lite>() << new JEX::AOCore_Lite;
-        configuration.coresOf<JEX::AOCore_Lite>().last()->coreNumber = number;
-    }
+    configuration.addCore(number);
     return true;
 }
 

@@ -44,12 +44,12 @@ public:
     void mergeCores(const RTLJEX::AnyCore &base, const RTLJEX::AnyCore &theirs, const RTLJEX::AnyCore &ours)
     {
         m_place = QString("Core %1").arg(ours.number);
-        if (ours.standard) {
-            mergeFields(m_place, *base.standard, *theirs.standard, *ours.standard);
+        ours.visit([&](auto &record) {
+            typedef std::decay_t<decltype(record)> Core;
+            mergeFields(m_place, base.as<Core>(), theirs.as<Core>(), record);
+        });
+        if (ours.standard)
             mergeTriggers(*base.standard, *theirs.standard, *ours.standard);
-        } else {
-            mergeFields(m_place, *base.lite, *theirs.lite, *ours.lite);
-        }
         const QList<JEX::SignalItem> rows =
             mergedRows(m_place + ": capture", *base.signalRows, *theirs.signalRows, *ours.signalRows);
         // Adding nothing puts the disabled rows last.
@@ -227,9 +227,8 @@ int placeOf(const QList<Core *> &cores, int number)
 // Cores that only one side has; those of theirs move over.
 template <class Core>
 void mergeLists(RTLJEX::Configuration &base, RTLJEX::Configuration &theirs, RTLJEX::Configuration &ours,
-                QStringList &conflicts)
+                QList<Core *> &here, QStringList &conflicts)
 {
-    QList<Core *> &here = ours.coresOf<Core>();
     QList<Core *> &there = theirs.coresOf<Core>();
     const QList<Core *> &before = base.coresOf<Core>();
     const QSet<int> changedHere = changedCores(base, ours), changedThere = changedCores(base, theirs);
@@ -271,10 +270,7 @@ QStringList mergeConfigurations(RTLJEX::Configuration &base, RTLJEX::Configurati
         else if (there.signalRows && differing.contains(core.number))
             merge.conflicts << QString("Core %1: added here, another one added there").arg(core.number);
     }
-    if (ours.mode() == JEX::StandardMode)
-        mergeLists<JEX::AoCore>(base, theirs, ours, merge.conflicts);
-    else
-        mergeLists<JEX::AOCore_Lite>(base, theirs, ours, merge.conflicts);
+    std::visit([&](auto &cores) { mergeLists(base, theirs, ours, cores, merge.conflicts); }, ours.coreList());
     return merge.conflicts;
 }
 

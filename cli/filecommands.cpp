@@ -20,20 +20,22 @@ ExitCode makeNew(const QStringList &words, Output &out)
     Arguments arguments("new", "FILE --mode MODE",
                         "Makes a configuration without cores. Overwrites nothing.");
     arguments.parser.addPositionalArgument("FILE", "The new file; its name ends in .zub.");
-    arguments.parser.addOption({"mode", "standard or lite.", "MODE"});
+    const QStringList modes = JEX::modeNames();
+    arguments.parser.addOption({"mode", modes.join(" or ").toLower() + '.', "MODE"});
     if (!arguments.read(words, out))
         return arguments.result();
-    const QString mode = arguments.parser.value("mode").toLower();
+    const QString mode = modes.value(
+        modes.indexOf(QRegExp(arguments.parser.value("mode"), Qt::CaseInsensitive, QRegExp::FixedString)));
     if (arguments.files().size() != 1)
         return arguments.refuse("Name one file.");
-    if (mode != "standard" && mode != "lite")
-        return arguments.refuse("Say --mode standard or --mode lite.");
+    if (mode.isEmpty())
+        return arguments.refuse("Say --mode " + modes.join(" or --mode ").toLower() + '.');
     const QString file = arguments.files().first();
     if (!file.endsWith(".zub", Qt::CaseInsensitive))
         return arguments.refuse("The name of a configuration ends in .zub, \"" + file + "\" does not.");
     if (QFileInfo::exists(file) || QFileInfo(file).isSymLink())
         return failFor("new", "The file \"" + file + "\" exists already. Name another one, or remove it.");
-    const RTLJEX::Configuration empty(mode == "lite" ? JEX::LiteMode : JEX::StandardMode);
+    const RTLJEX::Configuration empty(JEX::modeNamed(mode));
     QString error;
     return empty.rewrite(file, &error) ? Fine : failFor("new", error);
 }

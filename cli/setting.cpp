@@ -118,8 +118,7 @@ bool Setting::setInCore(const RTLJEX::AnyCore &core, QString *error) const
     if (!m_signal.isEmpty())
         return setSignal(core, error);
     if (m_place.isEmpty())
-        return core.standard ? setField(*core.standard, core.standard, error)
-                             : setField(*core.lite, nullptr, error);
+        return core.visit([&](auto &record) { return setField(record, core.standard, error); });
     if (!core.standard)
         return fail("A Lite core has no match units and expressions.", error);
     return m_place.startsWith('M') ? setUnit(*core.standard, error) : setExpression(*core.standard, error);

@@ -82,7 +82,8 @@ QString fieldsText(const Core &core)
     return table.text("  ");
 }
 
-void printTrigger(const JEX::AOCore_Lite &, Output &)
+template <class Core>
+void printTrigger(const Core &, Output &)
 {
 }
 
@@ -122,7 +123,8 @@ void addTrigger(const JEX::AoCore &core, Json &json)
     json["expressions"] = toJson(core.expressions);
 }
 
-void addTrigger(const JEX::AOCore_Lite &, Json &)
+template <class Core>
+void addTrigger(const Core &, Json &)
 {
 }
 

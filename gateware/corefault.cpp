@@ -69,7 +69,7 @@ QString triggerFault(const JEX::AoCore &core)
     return QString();
 }
 
-QString windowFault(const JEX::AoCore &core)
+QString ownFault(const JEX::AoCore &core)
 {
     if (!isPowerOfTwo(core.storageSize) || core.storageSize > largestStorage)
         return latin("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
@@ -89,7 +89,7 @@ QString windowFault(const JEX::AoCore &core)
     return triggerFault(core);
 }
 
-QString liteFault(const JEX::AOCore_Lite &core)
+QString ownFault(const JEX::AOCore_Lite &core)
 {
     if (isPowerOfTwo(core.captureAmount) && core.captureAmount > 1 && core.captureAmount <= largestStorage)
         return QString();
@@ -105,7 +105,7 @@ QString faultWithoutCore(const AnyCore &core)
         return latin("it captures no signals.");
     if (bits >= widestSample)
         return latin("it captures %1 bits, and a core stores at most %2.").arg(bits).arg(widestSample - 1);
-    return core.standard ? windowFault(*core.standard) : liteFault(*core.lite);
+    return core.visit([](const auto &record) { return ownFault(record); });
 }
 
 } // namespace

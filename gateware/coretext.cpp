@@ -59,9 +59,9 @@ QByteArray capture(const AnyCore &core, const CoreLayout &layout, int addresses,
     return instance("jex_capture", "core", parameters, ports);
 }
 
-QByteArray standardBody(const AnyCore &any, const CoreOptions &options, const CoreLayout &layout)
+QByteArray body(const JEX::AoCore &core, const AnyCore &any, const CoreOptions &options,
+                const CoreLayout &layout)
 {
-    const JEX::AoCore &core = *any.standard;
     const TriggerText trigger(core);
     Connections parameters, ports;
     add(&parameters, "TRIGGER_WIDTH", trigger.width());
@@ -79,13 +79,14 @@ QByteArray standardBody(const AnyCore &any, const CoreOptions &options, const Co
 }
 
 // Nothing of it stands outside of the module that captures.
-QByteArray liteBody(const AnyCore &any, const CoreOptions &options, const CoreLayout &layout)
+QByteArray body(const JEX::AOCore_Lite &core, const AnyCore &any, const CoreOptions &options,
+                const CoreLayout &layout)
 {
-    const int stages = any.lite->enableCaptureDataInputRegister;
+    const int stages = core.enableCaptureDataInputRegister;
     Connections parameters, ports;
     add(&parameters, "FREE", 1);
     add(&parameters, "FREE_START", 1);
-    add(&parameters, "START", any.lite->captureInitialData || options.startsArmed);
+    add(&parameters, "START", core.captureInitialData || options.startsArmed);
     add(&parameters, "DATA_STAGES", stages);
     add(&parameters, "ARM_STAGES", stages + 1);
     add(&ports, "trig", "1'b0");
@@ -96,21 +97,27 @@ QByteArray liteBody(const AnyCore &any, const CoreOptions &options, const CoreLa
            capture(any, layout, layout.amount, parameters, ports);
 }
 
+void addWindows(const JEX::AoCore &core, CoreLayout *layout)
+{
+    layout->windows = core.windowNumber;
+    layout->windowDepth = core.storageSize / fixedWindowNum(core.windowNumber);
+    layout->amount = core.captureAmount;
+    layout->position = core.triggerPosition;
+    layout->unmarkedFirst = core.captureInitialData;
+}
+
+void addWindows(const JEX::AOCore_Lite &core, CoreLayout *layout)
+{
+    layout->amount = layout->windowDepth = core.captureAmount;
+    layout->unmarkedFirst = 1;
+}
+
 CoreLayout layoutOf(const AnyCore &core)
 {
     CoreLayout layout;
     layout.dataWidth = capturedBits(core).size();
     layout.hasMark = core.standard;
-    if (core.standard) {
-        layout.windows = core.standard->windowNumber;
-        layout.windowDepth = core.standard->storageSize / fixedWindowNum(core.standard->windowNumber);
-        layout.amount = core.standard->captureAmount;
-        layout.position = core.standard->triggerPosition;
-        layout.unmarkedFirst = core.standard->captureInitialData;
-    } else {
-        layout.amount = layout.windowDepth = core.lite->captureAmount;
-        layout.unmarkedFirst = 1;
-    }
+    core.visit([&layout](const auto &record) { addWindows(record, &layout); });
     return layout;
 }
 
@@ -154,10 +161,9 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
             module.portNumbers.append(port->portNumber);
     }
-    module.text = head(core, module) +
-                  (core.standard ? standardBody(core, options, module.layout)
-                                 : liteBody(core, options, module.layout)) +
-                  "\nendmodule\n";
+    module.text = head(core, module) + core.visit([&](const auto &record) {
+        return body(record, core, options, module.layout);
+    }) + "\nendmodule\n";
     return module;
 }
 

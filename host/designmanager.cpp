@@ -75,11 +75,12 @@ QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
     info.insert(QLatin1String("Files"), files);
     info.insert(QLatin1String("DisabledFiles"), disabled);
     for (const Core::ProjectOption &option : Core::projectOptions) {
-        if (option.list)
+        if (option.text)
+            info.insert(QLatin1String(option.name), data.*option.text);
+        else
             info.insert(QLatin1String(option.name),
                         option.isFolders ? absolutePaths(*project, data.*option.list) : data.*option.list);
     }
-    info.insert(QLatin1String("Verilog_Standard"), data.verilogStandard);
     info.insert(QLatin1String("WorkingDir"), project->workingDir());
     return info;
 }

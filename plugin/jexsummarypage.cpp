@@ -2,7 +2,7 @@
 
 #include <QTextCursor>
 
-#include "model/jex/core.h"
+#include "model/jex/modes.h"
 #include "ui_jexsummarypage.h"
 
 namespace RTLJEX {
@@ -20,9 +20,9 @@ JexSummaryPage::~JexSummaryPage()
 
 void JexSummaryPage::initializePage()
 {
-    const bool standard = m_fields->value("jex_mode").toInt() == JEX::StandardMode;
+    const JEX::JexMode mode = JEX::JexMode(m_fields->value("jex_mode").toInt());
     QStringList lines;
-    lines << "JEX" << QLatin1String("    Jex Mode: ") + QLatin1String(standard ? "Standard" : "Lite");
+    lines << "JEX" << QLatin1String("    Jex Mode: ") + QLatin1String(JEX::modeName(mode));
     lines << QLatin1String("    Name: ") + m_fields->value("jex_config_file").toString() << QString();
     // Not append(), which takes a folder named like a tag for rich text.
     m_ui->textEdit->setPlainText(lines.join("\n"));

@@ -98,7 +98,7 @@ QList<JEX::SignalItem> recordsOf(const QByteArray &bytes)
     QString fault;
     if (bytes.size() > largestClipboard || !JEX::keepsZubBounds(bytes, name, &fault))
         return items;
-    const QList<JEX::AOCore_Lite *> cores = JEX::ZubReader(bytes, name).liteCores();
+    const QList<JEX::AOCore_Lite *> cores = JEX::ZubReader(bytes, name).cores<JEX::AOCore_Lite>();
     for (const JEX::AOCore_Lite *core : cores)
         items += core->captureSignals;
     qDeleteAll(cores);

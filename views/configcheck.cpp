@@ -120,21 +120,7 @@ bool anyEnabled(const QList<JEX::SignalItem> &items)
     return false;
 }
 
-bool report(const QList<CheckError> &found, QString *errors)
-{
-    QStringList lines;
-    for (const CheckError &error : found) {
-        lines << error.line;
-    }
-    if (errors) {
-        *errors = lines.join(QLatin1String("\n"));
-    }
-    return lines.isEmpty();
-}
-
-} // namespace
-
-QList<CheckError> standardErrors(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist)
+QList<CheckError> errorsOf(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist)
 {
     QList<CheckError> errors;
     CoreErrors found(&errors);
@@ -152,7 +138,7 @@ QList<CheckError> standardErrors(const QList<JEX::AoCore *> &cores, const QUARRY
 }
 
 // Lite cores are told by their position, not by their number, and their enabled signals are taken as such.
-QList<CheckError> liteErrors(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist)
+QList<CheckError> errorsOf(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist)
 {
     QList<CheckError> errors;
     CoreErrors found(&errors);
@@ -167,15 +153,23 @@ QList<CheckError> liteErrors(const QList<JEX::AOCore_Lite *> &cores, const QUARR
     return errors;
 }
 
-bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
+} // namespace
+
+QList<CheckError> coreErrors(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist)
 {
-    return report(standardErrors(cores, netlist), errors);
+    return std::visit([netlist](const auto &list) { return errorsOf(list, netlist); }, cores);
 }
 
-bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,
-                    QString *errors)
+bool checkCores(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
 {
-    return report(liteErrors(cores, netlist), errors);
+    QStringList lines;
+    for (const CheckError &error : coreErrors(cores, netlist)) {
+        lines << error.line;
+    }
+    if (errors) {
+        *errors = lines.join(QLatin1String("\n"));
+    }
+    return lines.isEmpty();
 }
 
 } // namespace RTLJEX

@@ -3,10 +3,8 @@
 #include <QList>
 #include <QString>
 
-namespace JEX {
-class AoCore;
-struct AOCore_Lite;
-} // namespace JEX
+#include "model/jex/modes.h"
+
 namespace QUARRY {
 class RtlNetlist;
 }
@@ -27,13 +25,9 @@ struct CheckError
 
 // Judges a whole configuration against the design before it is written. Changes nothing. A null netlist
 // holds no clock.
-QList<CheckError> standardErrors(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist);
-QList<CheckError> liteErrors(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist);
+QList<CheckError> coreErrors(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist);
 
 // The same as text. True when nothing was found; `errors`, when not null, gets the lines, joined by newlines.
-bool checkStandardCores(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist *netlist,
-                        QString *errors);
-bool checkLiteCores(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist,
-                    QString *errors);
+bool checkCores(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist, QString *errors);
 
 } // namespace RTLJEX

@@ -63,8 +63,7 @@ void JexLiteInserterViewPrivate::addOneAo()
 {
     if (refusesCore(cores.size()))
         return;
-    JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-    core->coreNumber = cores.size();
+    JEX::AOCore_Lite *core = JEX::newCore<JEX::AOCore_Lite>(cores.size());
     cores << core;
     addPage(core, q, core->coreNumber);
     ui.comboBoxAo->setCurrentIndex(core->coreNumber);

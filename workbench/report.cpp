@@ -49,8 +49,6 @@ void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist,
                             QString(", cores: %1, capture signals: %2").arg(cores.size()).arg(signalCount);
         ok = configuration.check(netlist, &error);
         report.lines << name + "check " + (ok ? "passed" : "found:\n" + error);
-    } else if (configuration.mode() == JEX::InvalidMode) {
-        report.lines << name + "neither a Standard nor a Lite configuration";
     } else {
         report.lines << name + error;
     }

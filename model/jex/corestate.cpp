@@ -23,11 +23,6 @@ AoCore *copyOf(const AoCore &from)
     return to;
 }
 
-AOCore_Lite *copyOf(const AOCore_Lite &core)
-{
-    return new AOCore_Lite(core);
-}
-
 void copyTrigger(const AoCore &from, AoCore *to)
 {
     for (int i = 0; i < to->triggerPorts.size(); ++i) {

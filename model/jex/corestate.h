@@ -19,7 +19,11 @@ struct LeftOut
 
 // All that a core holds, for the caller; units are bound to the ports of their own core.
 AoCore *copyOf(const AoCore &core);
-AOCore_Lite *copyOf(const AOCore_Lite &core);
+template <class Core>
+Core *copyOf(const Core &core)
+{
+    return new Core(core);
+}
 
 // Ports and units alone, which an editor changes in place.
 void copyTrigger(const AoCore &from, AoCore *to);

@@ -12,23 +12,15 @@ namespace JEX {
 
 namespace {
 
-bool isFileOfMode(const QString &path, JexMode mode)
-{
-    QByteArray bytes;
-    QString error;
-    return readZubFile(path, &bytes, &error) && ZubReader(bytes, path).isWellFormed(mode);
-}
-
 template <class Core>
-QList<Core *> readCores(const QString &path, QList<Core *> (ZubReader::*read)(), bool *ok,
-                        QString *errorMessage)
+QList<Core *> readCores(const QString &path, bool *ok, QString *errorMessage)
 {
     QList<Core *> cores;
     QByteArray bytes;
     QString error;
     if (readZubFile(path, &bytes, &error)) {
         ZubReader reader(bytes, path);
-        cores = (reader.*read)();
+        cores = reader.cores<Core>();
         error = reader.error();
     }
     if (ok) {
@@ -49,8 +41,9 @@ void tellNotWritten(const QString &path, const QString &error)
     QUtil::EventManager::instance()->post(QLatin1String(NotWrittenTopic), data);
 }
 
-template <class Core>
-bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorMessage)
+} // namespace
+
+bool writeCores(const CoreList &cores, const QString &path, QString *errorMessage)
 {
     QByteArray bytes;
     QString error;
@@ -70,7 +63,13 @@ bool writeCores(const QList<Core *> &cores, const QString &path, QString *errorM
     return false;
 }
 
-} // namespace
+bool isFileOfMode(const QString &path, JexMode mode)
+{
+    QByteArray bytes;
+    QString error;
+    return mode != InvalidMode && readZubFile(path, &bytes, &error) &&
+           ZubReader(bytes, path).isWellFormed(mode);
+}
 
 JexMode jexModeFromJexConfigFile(const QString &path)
 {
@@ -91,12 +90,12 @@ bool checkJEXLiteFile(const QString &path)
 
 QList<AoCore *> readJEXConfigFromXml(const QString &path, bool *ok, QString *errorMessage)
 {
-    return readCores(path, &ZubReader::standardCores, ok, errorMessage);
+    return readCores<AoCore>(path, ok, errorMessage);
 }
 
 QList<AOCore_Lite *> readJEXConfigFromXml_Lite(const QString &path, bool *ok, QString *errorMessage)
 {
-    return readCores(path, &ZubReader::liteCores, ok, errorMessage);
+    return readCores<AOCore_Lite>(path, ok, errorMessage);
 }
 
 bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path)
@@ -121,10 +120,8 @@ bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &
 
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode)
 {
-    if (mode == StandardMode) {
-        writeJEXConfigToXml(QList<AoCore *>(), path);
-    } else if (mode == LiteMode) {
-        writeJEXConfigToXml_Lite(QList<AOCore_Lite *>(), path);
+    if (modeName(mode)) {
+        writeCores(emptyListOf(mode), path, nullptr);
     } else {
         qWarning() << "no configuration of mode" << int(mode) << "exists:" << path;
     }

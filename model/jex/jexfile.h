@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-#include "model/jex/core.h"
+#include "model/jex/modes.h"
 
 namespace JEX {
 
@@ -30,6 +30,10 @@ bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path);
 bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path);
 bool writeJEXConfigToXml(const QList<AoCore *> &cores, const QString &path, QString *errorMessage);
 bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &path, QString *errorMessage);
+
+// The same for who handles all modes alike; false for InvalidMode.
+bool isFileOfMode(const QString &path, JexMode mode);
+bool writeCores(const CoreList &cores, const QString &path, QString *errorMessage);
 
 // Writes a file of the mode without cores. Overwrites.
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode);

@@ -158,9 +158,4 @@ FieldTable<SignalItem> fieldsOf<SignalItem>()
     return tableOf(signalFields);
 }
 
-const char *modeName(JexMode mode)
-{
-    return mode == StandardMode ? "Standard" : mode == LiteMode ? "Lite" : nullptr;
-}
-
 } // namespace JEX

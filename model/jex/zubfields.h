@@ -125,7 +125,6 @@ FieldTable<SignalItem> fieldsOf<SignalItem>();
 // How deep <signal> may nest; a bus in a group is 3.
 enum { SignalDepthLimit = 8 };
 
-const char *modeName(JexMode mode); // "Standard", "Lite"; null for neither
 enum { ZubVersion = 1 };
 
 } // namespace JEX

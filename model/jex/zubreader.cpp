@@ -10,18 +10,6 @@ namespace {
 
 const int ElementDepthLimit = 64;
 
-AoCore *makeCore(QList<AoCore *> *cores)
-{
-    cores->append(new AoCore(0));
-    return cores->last();
-}
-
-AOCore_Lite *makeCore(QList<AOCore_Lite *> *cores)
-{
-    cores->append(new AOCore_Lite);
-    return cores->last();
-}
-
 // A unit can be bound to the ports of its core; no other record names one.
 TriggerPort *portOf(const MatchUnit &unit, int number)
 {
@@ -63,13 +51,9 @@ QList<SignalItem> enabledOf(const QList<SignalItem> &items)
 
 JexMode modeOf(const QXmlStreamReader &xml)
 {
-    const QStringRef mode = xml.attributes().value(latin("mode"));
-    if (xml.qualifiedName() != latin("jexconfig")) {
-        return InvalidMode;
-    }
-    return mode == latin(modeName(StandardMode)) ? StandardMode
-           : mode == latin(modeName(LiteMode))   ? LiteMode
-                                                 : InvalidMode;
+    return xml.qualifiedName() == latin("jexconfig")
+               ? modeNamed(xml.attributes().value(latin("mode")).toString())
+               : InvalidMode;
 }
 
 } // namespace
@@ -91,16 +75,6 @@ JexMode zubMode(const QByteArray &bytes)
     return zubMode(&xml);
 }
 
-QList<AoCore *> ZubReader::standardCores()
-{
-    return cores<AoCore>(StandardMode);
-}
-
-QList<AOCore_Lite *> ZubReader::liteCores()
-{
-    return cores<AOCore_Lite>(LiteMode);
-}
-
 bool ZubReader::isWellFormed(JexMode mode)
 {
     if (zubMode(&m_xml) != mode) {
@@ -114,15 +88,14 @@ bool ZubReader::isWellFormed(JexMode mode)
     return m_xml.atEnd() && !m_xml.hasError();
 }
 
-template <class Core>
-QList<Core *> ZubReader::cores(JexMode mode)
+CoreList ZubReader::cores(JexMode mode)
 {
-    QList<Core *> cores;
-    if (!readHead(mode) || !readCores(&cores) || !readToEnd()) {
-        qDeleteAll(cores);
-        cores.clear();
+    CoreList cores = emptyListOf(mode);
+    if (readHead(mode) && std::visit([this](auto &list) { return readCores(&list); }, cores) && readToEnd()) {
+        return cores;
     }
-    return cores;
+    deleteCores(cores);
+    return emptyListOf(mode);
 }
 
 bool ZubReader::readHead(JexMode mode)
@@ -143,7 +116,7 @@ bool ZubReader::readHead(JexMode mode)
     const JexMode found = modeOf(m_xml);
     if (found == InvalidMode) {
         return failFile(latin(" has the mode ") + quoted(attributes.value(latin("mode")).toString()) +
-                        latin("; it must be Standard or Lite."));
+                        latin("; it must be ") + modeNames().join(latin(" or ")) + latin("."));
     }
     if (found != mode) {
         return failFile(latin(" is a ") + latin(modeName(found)) + latin(" configuration, not a ") +
@@ -167,7 +140,8 @@ bool ZubReader::readCores(QList<Core *> *cores)
         if (cores->size() == CoreLimit) {
             return fail(latin("there are more than ") + QString::number(CoreLimit) + latin(" cores."));
         }
-        Core *core = makeCore(cores);
+        Core *core = newCore<Core>(0);
+        cores->append(core);
         if (!readNumberOnce(fieldsOf<Core>().key().rule, &m_coreNumbers, &core->coreNumber) ||
             !readFields(core) || !readSignalLists(core)) {
             return false;
@@ -247,11 +221,6 @@ bool ZubReader::readSignalLists(Core *core)
         core->enabledCaptureSignals = enabledOf(core->captureSignals);
     }
     return m_error.isEmpty();
-}
-
-bool ZubReader::readCoreChild(AOCore_Lite *)
-{
-    return failUnknownElement();
 }
 
 bool ZubReader::readCoreChild(AoCore *core)

@@ -2,7 +2,7 @@
 
 #include <QList>
 
-#include "model/jex/core.h"
+#include "model/jex/modes.h"
 #include "model/jex/zubtokens.h"
 
 namespace JEX {
@@ -20,15 +20,17 @@ public:
     using ZubTokens::ZubTokens;
 
     // The cores, owned by the caller; none when error() is not empty.
-    QList<AoCore *> standardCores();
-    QList<AOCore_Lite *> liteCores();
+    CoreList cores(JexMode mode);
+    template <class Core>
+    QList<Core *> cores()
+    {
+        return std::get<QList<Core *>>(cores(modeOf<Core>()));
+    }
 
     // Reads all of the file, but judges only that it is XML and a file of that mode.
     bool isWellFormed(JexMode mode);
 
 private:
-    template <class Core>
-    QList<Core *> cores(JexMode mode);
     bool readHead(JexMode mode);
     template <class Core>
     bool readCores(QList<Core *> *cores);
@@ -38,7 +40,11 @@ private:
     template <class Record>
     bool readField(const QXmlStreamAttribute &attribute, const Field<Record> &field, Record *record);
     bool readCoreChild(AoCore *core);
-    bool readCoreChild(AOCore_Lite *core);
+    template <class Core>
+    bool readCoreChild(Core *)
+    {
+        return failUnknownElement();
+    }
     template <class Core>
     bool readSignalLists(Core *core);
     bool readPort(AoCore *core);

@@ -151,7 +151,7 @@ public:
     explicit ZubWriter(QByteArray *bytes) : m_xml(bytes) { m_xml.setAutoFormatting(true); }
 
     template <class Core>
-    bool write(const QList<Core *> &cores, JexMode mode);
+    bool write(const QList<Core *> &cores);
 
     QString error;
 
@@ -159,7 +159,11 @@ private:
     template <class Core>
     bool writeCore(const Core &core, const FieldWriter<Core> &fields);
     bool writeTrigger(const AoCore &core);
-    bool writeTrigger(const AOCore_Lite &) { return true; }
+    template <class Core>
+    bool writeTrigger(const Core &)
+    {
+        return true;
+    }
     bool writePort(const TriggerPort &port);
     bool writeUnit(const MatchUnit &unit);
     bool writeSignals(const QList<SignalItem> &items, int depth);
@@ -184,7 +188,7 @@ bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
 }
 
 template <class Core>
-bool ZubWriter::write(const QList<Core *> &cores, JexMode mode)
+bool ZubWriter::write(const QList<Core *> &cores)
 {
     if (cores.size() > CoreLimit) {
         error = latin("There are more than %1 cores.").arg(int(CoreLimit));
@@ -193,7 +197,7 @@ bool ZubWriter::write(const QList<Core *> &cores, JexMode mode)
     m_xml.writeStartDocument();
     m_xml.writeStartElement(latin("jexconfig"));
     m_xml.writeAttribute(latin("version"), QString::number(ZubVersion));
-    m_xml.writeAttribute(latin("mode"), latin(modeName(mode)));
+    m_xml.writeAttribute(latin("mode"), latin(modeName(modeOf<Core>())));
     const FieldWriter<Core> fields;
     quint32 seen = 0;
     for (const Core *core : cores) {
@@ -296,25 +300,14 @@ bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
     return true;
 }
 
-template <class Core>
-bool makeBytes(const QList<Core *> &cores, JexMode mode, QByteArray *bytes, QString *error)
-{
-    ZubWriter writer(bytes);
-    const bool done = writer.write(cores, mode);
-    *error = writer.error;
-    return done;
-}
-
 } // namespace
 
-bool zubFromCores(const QList<AoCore *> &cores, QByteArray *bytes, QString *error)
+bool zubFromCores(const CoreList &cores, QByteArray *bytes, QString *error)
 {
-    return makeBytes(cores, StandardMode, bytes, error);
-}
-
-bool zubFromCores(const QList<AOCore_Lite *> &cores, QByteArray *bytes, QString *error)
-{
-    return makeBytes(cores, LiteMode, bytes, error);
+    ZubWriter writer(bytes);
+    const bool done = std::visit([&writer](const auto &list) { return writer.write(list); }, cores);
+    *error = writer.error;
+    return done;
 }
 
 } // namespace JEX

@@ -205,9 +205,10 @@ CapturedCore run(const AnyCore &core, const CoreOptions &options, const Story &s
         if (command.kind == Command::Arm)
             armed = command.sample;
     }
-    if (core.lite) {
-        const bool startsAtOnce = core.lite->captureInitialData || options.startsArmed;
-        return liteWindow(*core.lite, story, armed >= 0 ? armed : startsAtOnce ? 0 : -1);
+    if (!core.standard) {
+        const JEX::AOCore_Lite &lite = core.as<JEX::AOCore_Lite>();
+        const bool startsAtOnce = lite.captureInitialData || options.startsArmed;
+        return liteWindow(lite, story, armed >= 0 ? armed : startsAtOnce ? 0 : -1);
     }
     return Capture(*core.standard, options, story)
         .windows(qMax(armed, 0), story.samples.size(), armed < 0 && core.standard->captureInitialData);

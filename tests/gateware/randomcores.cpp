@@ -237,31 +237,13 @@ private:
     int m_names = 0;
 };
 
-template <class Core>
-void point(AnyCore *any, Core *core)
-{
-    any->number = core->coreNumber;
-    any->clock = &core->sampleClock;
-    any->topModule = &core->topModuleName;
-    any->signalRows = &core->captureSignals;
-    any->enabledRows = &core->enabledCaptureSignals;
-    any->edge = core->sampleEdge;
-}
-
 } // namespace
 
 AnyCore RandomCore::any() const
 {
-    AnyCore any;
-    any.standard = standard.get();
-    any.lite = lite.get();
     if (standard)
-        point(&any, standard.get());
-    else
-        point(&any, lite.get());
-    any.implementation =
-        JEX::implementationOf(standard ? standard->captureImplementation : lite->implementation);
-    return any;
+        return anyCores(QList<JEX::AoCore *>{standard.get()}).first();
+    return anyCores(QList<JEX::AOCore_Lite *>{lite.get()}).first();
 }
 
 coremodel::Story RandomCore::story(int edges) const

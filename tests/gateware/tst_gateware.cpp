@@ -70,8 +70,7 @@ QByteArray described(const RandomCore &core)
     QByteArray bytes;
     QString error;
     file.toBytes(&bytes, &error);
-    file.coresOf<JEX::AoCore>().clear();
-    file.coresOf<JEX::AOCore_Lite>().clear();
+    std::visit([](auto &cores) { cores.clear(); }, file.coreList());
     for (const RandomCore::At &command : core.commands)
         bytes += "command " + QByteArray::number(command.kind) + " before edge " +
                  QByteArray::number(command.half) + '\n';

@@ -362,7 +362,7 @@ private Q_SLOTS:
         const std::unique_ptr<RtlNetlist> netlist(build(inputOf(folder.path(), {"a.v"})));
         for (int implementation : {JEX::BsramImplementation, JEX::SsramImplementation}) {
             const Capture capture("top/clk", {rowOf("top/clk", JEX::NetKind)});
-            capture.configuration.cores().first().lite->implementation = implementation;
+            capture.configuration.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
             const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
             Insertion::InsertionReport report;
             report.noteFamily(analyzer, "ecp5");

@@ -28,8 +28,8 @@ void saveInTurns(const QString &path)
     large.enabledCaptureSignals = large.captureSignals;
     QByteArray states[2]; // made before, so that all of the time is spent on saving
     QString error;
-    JEX::zubFromCores({&small}, &states[0], &error);
-    JEX::zubFromCores({&large}, &states[1], &error);
+    JEX::zubFromCores(QList<decltype(&small)>{&small}, &states[0], &error);
+    JEX::zubFromCores(QList<decltype(&large)>{&large}, &states[1], &error);
     for (bool isFirst = true;; isFirst = false) {
         for (const QByteArray &state : states)
             QUtil::writeFileAtomically(path, state, nullptr);

@@ -83,10 +83,10 @@ private Q_SLOTS:
             fill(&core);
             row.change(&core);
             QString found = "old";
-            const bool ok = checkStandardCores({&core}, m_netlist.get(), &found);
+            const bool ok = checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), &found);
             QCOMPARE(found, QString(row.errors));
             QCOMPARE(ok, found.isEmpty());
-            QCOMPARE(checkStandardCores({&core}, m_netlist.get(), nullptr), ok);
+            QCOMPARE(checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), nullptr), ok);
         }
 
         AoCore a(7), b(0);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         a.sampleClock.clear();
         b.expressions.clear();
         QString found;
-        QVERIFY(!checkStandardCores({&a, &b}, m_netlist.get(), &found));
+        QVERIFY(!checkCores(QList<JEX::AoCore *>{&a, &b}, m_netlist.get(), &found));
         QCOMPARE(found, QString("Core 7: No sample clock specified\nCore 0: No expressions specified"));
     }
 
@@ -106,13 +106,13 @@ private Q_SLOTS:
         good.enabledCaptureSignals = signalsFromText("!s:top/b"); // not scanned
         bad.coreNumber = 1;
         QString found;
-        QVERIFY(!checkLiteCores({&good, &bad}, m_netlist.get(), &found));
+        QVERIFY(!checkCores(QList<JEX::AOCore_Lite *>{&good, &bad}, m_netlist.get(), &found));
         QCOMPARE(found, QString("Core 1: No sample clock specified\nCore 1: No capture signals specified"));
-        QVERIFY(!checkLiteCores({&bad}, m_netlist.get(), &found));
+        QVERIFY(!checkCores(QList<JEX::AOCore_Lite *>{&bad}, m_netlist.get(), &found));
         QCOMPARE(found, QString("Core 0: No sample clock specified\nCore 0: No capture signals specified"));
-        QVERIFY(!checkLiteCores({&good}, nullptr, &found));
+        QVERIFY(!checkCores(QList<JEX::AOCore_Lite *>{&good}, nullptr, &found));
         QCOMPARE(found, QString("Core 0: The specified sample clock does not exist"));
-        QVERIFY(checkLiteCores({&good}, m_netlist.get(), &found));
+        QVERIFY(checkCores(QList<JEX::AOCore_Lite *>{&good}, m_netlist.get(), &found));
         QCOMPARE(found, QString());
     }
 
