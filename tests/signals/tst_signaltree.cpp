@@ -93,7 +93,7 @@ private Q_SLOTS:
     void menuActions()
     {
         QFETCH(QString, chosen);
-        Fixture f("s:clk b:a[1:0]{a[1],a[0]} !s:off !s:off2 !b:b[1:0]{!b[1],!b[0]}");
+        Fixture f("s:clk b:a[1:0]{a[1],!a[0]} !s:off !s:off2 !b:b[1:0]{!b[1],b[0]}"); // rows as they show
         QCOMPARE(f.tree.signalCount(), 3);
         f.select(chosen);
         const QString before = rowText(&f.tree);
