@@ -132,6 +132,21 @@ private Q_SLOTS:
         QVERIFY(!menu);
     }
 
+    void pressesOfNoUseAreLeftToOthers()
+    {
+        struct Tree : signalTreeWidget
+        {
+            using signalTreeWidget::mousePressEvent;
+        } tree;
+        for (const bool hasMenu : {true, false}) {
+            tree.contextMenuEnabled = hasMenu;
+            const Qt::MouseButton button = hasMenu ? Qt::MiddleButton : Qt::RightButton;
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), button, button, Qt::NoModifier);
+            tree.mousePressEvent(&press);
+            QVERIFY(!press.isAccepted());
+        }
+    }
+
     void edits_data()
     {
         textColumns("rows", "chosen", "slot", "records");
