@@ -332,7 +332,7 @@ void signalTreeWidget::updateActions()
     const QList<QTreeWidgetItem *> chosen = selectedItems();
     int enabled = 0;
     for (const QTreeWidgetItem *row : chosen)
-        enabled += signalOf(row).capEnable ? 1 : 0;
+        enabled += recordOf(row).capEnable ? 1 : 0; // a member as its row is drawn
     const int count = chosen.size();
     const int buses = withMembers(chosen).size();
     m_split->setEnabled(buses >= 1);

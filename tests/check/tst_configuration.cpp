@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "check/configuration.h"
+#include "check/rebinding.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 #include "tests/support/netlisttext.h"
@@ -125,6 +126,27 @@ private Q_SLOTS:
             QCOMPARE(error, "The file \"" + folder.path("b.zub") +
                                 "\" is not written: The value 7 of \"type\" must be one of group, net, bus.");
             QCOMPARE(folder.read("b.zub"), bytes);
+        }
+    }
+
+    // What a file had wrong before is no reason to refuse a new name; the same fault once more is.
+    void rebindsWhatWasBroken()
+    {
+        const Folder folder;
+        const std::unique_ptr<QUARRY::RtlNetlist> netlist(netlistFromText("top\n  clk\n  b\n"));
+        const QPair<const char *, const char *> names[] = {{"top/b", ""},
+                                                           {"top/clk", "A list would hold top/clk twice."}};
+        for (const auto &name : names) {
+            Configuration configuration;
+            QVERIFY(configuration.read(
+                folder.write("a.zub", QByteArray(liteFile).replace(
+                                          "<signal name=\"top/d\"/>",
+                                          "<signal name=\"top/clk\"/><signal name=\"top/clk\"/>"
+                                          "<signal name=\"top/a\"/>")),
+                nullptr));
+            Renaming renaming;
+            QVERIFY(renaming.set("top/a", name.first, nullptr));
+            QCOMPARE(rebind(renaming, *netlist, configuration).refusal, QString(name.second));
         }
     }
 

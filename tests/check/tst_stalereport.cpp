@@ -39,6 +39,11 @@ top
     shared
     unique
     moved[7:0]
+  u_lanes:lanes
+    lane_a
+    lane_b
+    lane_c
+    lane_d
 )";
 
 // "name type", with members behind it: "a[1:0] bus = a[1] a[0]"; a bus without them has all its bits.
@@ -116,6 +121,9 @@ void StaleReportTest::signalsOfACore_data()
                               << "top/spare is now excluded from probing\n"
                                  "top/low[0] of top/low[3:0] is now excluded from probing\n"
                                  "top/low[0] is now excluded from probing";
+    QTest::newRow("three are enough") << "top/u_lanes/lane net"
+                                      << "top/u_lanes/lane is missing in the design; nearest: "
+                                         "top/u_lanes/lane_a, top/u_lanes/lane_b, top/u_lanes/lane_c";
     QTest::newRow("what is excluded is not suggested") << "top/gone_ net"
                                                        << "top/gone_ is missing in the design";
     QTest::newRow("members of a group")

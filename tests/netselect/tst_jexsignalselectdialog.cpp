@@ -51,13 +51,30 @@ void click(QDialog *dialog, const QStringList &names)
     }
 }
 
+// Whether a button was off under the wait cursor once.
+struct BusyWatch : QObject
+{
+    bool eventFilter(QObject *button, QEvent *event) override
+    {
+        const QCursor *cursor = QApplication::overrideCursor();
+        if (event->type() == QEvent::EnabledChange && !static_cast<QWidget *>(button)->isEnabled())
+            wasBusy = cursor && cursor->shape() == Qt::WaitCursor;
+        return false;
+    }
+    bool wasBusy = false;
+};
+
 QTreeWidget *search(QDialog *dialog, const QString &text)
 {
+    BusyWatch watch;
+    dialog->findChild<QPushButton *>("pushButtonSearch")->installEventFilter(&watch);
     dialog->findChild<QLineEdit *>("lineEditName")->clear();
     QTest::keyClicks(dialog->findChild<QLineEdit *>("lineEditName"), text);
     click(dialog, {"pushButtonSearch"});
     if (QApplication::overrideCursor() || !dialog->findChild<QPushButton *>("pushButtonSearch")->isEnabled())
         qFatal("The search left the dialog busy");
+    if (!watch.wasBusy)
+        qFatal("The dialog was not busy while it searched");
     return dialog->findChild<QTreeWidget *>("treeWidget");
 }
 

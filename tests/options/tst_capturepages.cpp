@@ -253,6 +253,8 @@ private Q_SLOTS:
             position->setValue(1);
             reports(position);
         }
+        Q_EMIT page.tree()->model()->layoutChanged();
+        reports(page.tree());
         QMetaObject::invokeMethod(page.tree(), "CapSignalChange"); // only the figures follow
         QCOMPARE(page.modified->size(), 0);
     }

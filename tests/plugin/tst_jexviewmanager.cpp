@@ -141,6 +141,9 @@ private Q_SLOTS:
         QCOMPARE(save(), QString("&Save \"b.zub *\" on"));
         m_save->trigger();
         QCOMPARE(save(), QString("&Save \"b.zub\" off"));
+        m_work->write("b.zub", "somebody else's");
+        JexViewManager::instance()->onActSave(); // there is nothing to be saved
+        QCOMPARE(m_work->read("b.zub"), QByteArray("somebody else's"));
         host->showView(a);
         QCOMPARE(save(), QString("&Save \"a.zub *\" on"));
 

@@ -93,7 +93,7 @@ private Q_SLOTS:
     void menuActions()
     {
         QFETCH(QString, chosen);
-        Fixture f("s:clk b:a[1:0]{a[1],a[0]} !s:off !s:off2 !b:b[1:0]{!b[1],!b[0]}");
+        Fixture f("s:clk b:a[1:0]{a[1],!a[0]} !s:off !s:off2 !b:b[1:0]{!b[1],b[0]}"); // rows as they show
         QCOMPARE(f.tree.signalCount(), 3);
         f.select(chosen);
         const QString before = rowText(&f.tree);
@@ -130,6 +130,21 @@ private Q_SLOTS:
         QVERIFY(menu);
         f.reset(); // a page can be closed under its menu
         QVERIFY(!menu);
+    }
+
+    void pressesOfNoUseAreLeftToOthers()
+    {
+        struct Tree : signalTreeWidget
+        {
+            using signalTreeWidget::mousePressEvent;
+        } tree;
+        for (const bool hasMenu : {true, false}) {
+            tree.contextMenuEnabled = hasMenu;
+            const Qt::MouseButton button = hasMenu ? Qt::MiddleButton : Qt::RightButton;
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), button, button, Qt::NoModifier);
+            tree.mousePressEvent(&press);
+            QVERIFY(!press.isAccepted());
+        }
     }
 
     void edits_data()

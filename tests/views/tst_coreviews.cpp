@@ -1,3 +1,4 @@
+#include "options/aooptionwidget.h"
 #include "tests/support/configtext.h"
 #include "tests/views/shown.h"
 
@@ -58,6 +59,15 @@ private Q_SLOTS:
         QCOMPARE(shown.menu(0), QString("Add Remove"));
         QCOMPARE(shown.pages()->count(), 3);
         QVERIFY(!shown.view->isModified());
+
+        // A page that was taken out reports nothing.
+        auto *view = static_cast<RTLJEX::JexStandardInserterView *>(shown.view.data());
+        auto *last = static_cast<RTLJEX::AoOptionWidget *>(shown.pages()->widget(2));
+        view->removeAoOptionWidget(last);
+        Q_EMIT last->modifed();
+        QVERIFY(!shown.view->isModified());
+        QCOMPARE(view->addAoOptionWidget(last), 3);
+        view->showCoreTitles();
 
         shown.menu(0, "Add"); // there is a core of the number 3
         QCOMPARE(shown.cores() + " | " + dockTitle(shown),

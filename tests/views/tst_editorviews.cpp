@@ -110,6 +110,10 @@ private Q_SLOTS:
     {
         const QString file = config("a.zub");
         const QStringList before = configText(file);
+        QTest::ignoreMessage(QtDebugMsg, m_mode == JEX::StandardMode
+                                             ? " This is open file to Ao"
+                                             : "try to set a null netlist for Lite JEX.");
+        QTest::ignoreMessage(QtDebugMsg, "save jex");
         Shown shown(m_mode, file);
         QCOMPARE(shown.view->windowTitle() + ", " + shown.view->shortTitle(), QString("a.zub, a.zub"));
         QStringList told;
