@@ -24,9 +24,11 @@ int bitsBelow(int count)
 }
 
 // The head of the module and all its ports.
-QByteArray head(const AnyCore &core, const CoreModule &module)
+QByteArray head(const AnyCore &core, const CoreModule &module, const CoreOptions &options)
 {
-    QByteArray lines = "module " + module.name + " (\n    input wire clk,\n    input wire " +
+    const QByteArray parameters =
+        core.lite ? " #(\n    parameter STARTS_ARMED = " + text(options.startsArmed) + "\n)" : QByteArray();
+    QByteArray lines = "module " + module.name + parameters + " (\n    input wire clk,\n    input wire " +
                        range(module.layout.dataWidth) + " data,\n";
     if (core.standard) {
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
@@ -79,13 +81,13 @@ QByteArray standardBody(const AnyCore &any, const CoreOptions &options, const Co
 }
 
 // Nothing of it stands outside of the module that captures.
-QByteArray liteBody(const AnyCore &any, const CoreOptions &options, const CoreLayout &layout)
+QByteArray liteBody(const AnyCore &any, const CoreLayout &layout)
 {
     const int stages = any.lite->enableCaptureDataInputRegister;
     Connections parameters, ports;
     add(&parameters, "FREE", 1);
     add(&parameters, "FREE_START", 1);
-    add(&parameters, "START", any.lite->captureInitialData || options.startsArmed);
+    add(&parameters, "START", any.lite->captureInitialData ? "1 | STARTS_ARMED" : "STARTS_ARMED");
     add(&parameters, "DATA_STAGES", stages);
     add(&parameters, "ARM_STAGES", stages + 1);
     add(&ports, "trig", "1'b0");
@@ -154,10 +156,10 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
             module.portNumbers.append(port->portNumber);
     }
-    module.text = head(core, module) +
-                  (core.standard ? standardBody(core, options, module.layout)
-                                 : liteBody(core, options, module.layout)) +
-                  "\nendmodule\n";
+    module.text =
+        head(core, module, options) +
+        (core.standard ? standardBody(core, options, module.layout) : liteBody(core, module.layout)) +
+        "\nendmodule\n";
     return module;
 }
 

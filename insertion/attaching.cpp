@@ -55,7 +55,8 @@ QByteArray bindText(const Analyzer &analyzer, const QString &topModule)
 {
     return "// Attaches the analyzer of cores.v to the untouched design, for simulators that know \"bind\".\n"
            "bind " +
-           verilogName(topModule) + " jex_cores jex_cores (\n" + connections(analyzer, QByteArray()) + ");\n";
+           verilogName(topModule) + " jex_cores " + analyzer.parametersUnarmed() + "jex_cores (\n" +
+           connections(analyzer, QByteArray()) + ");\n";
 }
 
 QByteArray probeText(const Analyzer &analyzer, const QString &instance)
@@ -66,7 +67,7 @@ QByteArray probeText(const Analyzer &analyzer, const QString &instance)
     if (instance.isEmpty())
         text +=
             "`ifndef JEX_INSTANCE\n`define JEX_INSTANCE tb.dut // name it by -DJEX_INSTANCE=...\n`endif\n";
-    return text + "module jex_probe;\njex_cores cores (\n" +
+    return text + "module jex_probe;\njex_cores " + analyzer.parametersUnarmed() + "cores (\n" +
            connections(analyzer, instance.isEmpty() ? "`JEX_INSTANCE." : instance.toUtf8() + '.') +
            ");\nendmodule\n";
 }
