@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include "elaboration/tools/confinement.h"
 #include "elaboration/tools/elaborator.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/sourcetext.h"
@@ -102,6 +103,9 @@ void SimulationJob::begin()
         return;
     if (!m_analyzer->faults().isEmpty())
         return fail(Refused, m_analyzer->faults());
+    const QString fault = confinementFault();
+    if (!fault.isEmpty())
+        return fail(Failed, {"The test bench is not run, since " + fault + '.'});
     const QString missing = missingFor(m_options.simulator);
     if (!missing.isEmpty())
         return fail(Failed, {missing});
