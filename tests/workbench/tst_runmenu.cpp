@@ -50,6 +50,7 @@ private Q_SLOTS:
         QVERIFY(contents(waveform).contains("bridge_state"));
         QVERIFY(actions(window).contains("+&Open Waveform"));
         const QString shot = qEnvironmentVariable("JEX_SHOT");
+        QTest::qWait(shot.isEmpty() ? 0 : 100); // the messages scroll
         if (!shot.isEmpty())
             window.grab().save(shot);
     }
