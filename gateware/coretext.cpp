@@ -163,21 +163,4 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
     return module;
 }
 
-QByteArray coresText(const Configuration &configuration, const CoreOptions &options, QString *fault)
-{
-    // The one remark that a linter has about a file of several modules.
-    QByteArray all = "// Embedded logic analyzers, made from a configuration file.\n\n"
-                     "/* verilator lint_off DECLFILENAME */\n\n" +
-                     gatewareSources();
-    for (const AnyCore &core : configuration.cores()) {
-        const CoreModule module = coreModule(core, options);
-        if (!module.fault.isEmpty()) {
-            *fault = module.fault;
-            return QByteArray();
-        }
-        all += module.text + '\n';
-    }
-    return all + "/* verilator lint_on DECLFILENAME */\n";
-}
-
 } // namespace RTLJEX

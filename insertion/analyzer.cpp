@@ -127,7 +127,11 @@ QByteArray Analyzer::coresText() const
     }
     const QByteArray parameters =
         isLite() ? "#(parameter STARTS_ARMED = " + number(m_startsArmed) + ") " : QByteArray();
-    return m_modules + "\nmodule jex_cores " + parameters + "(\n" + ports + "\n);\n" + body + "endmodule\n";
+    // The remarks that a linter has about a file of several modules, and about pins that are open on purpose.
+    return "// Embedded logic analyzers, made from a configuration file.\n\n"
+           "/* verilator lint_off DECLFILENAME */\n/* verilator lint_off PINCONNECTEMPTY */\n" +
+           m_modules + "\nmodule jex_cores " + parameters + "(\n" + ports + "\n);\n" + body +
+           "endmodule\n/* verilator lint_on PINCONNECTEMPTY */\n/* verilator lint_on DECLFILENAME */\n";
 }
 
 } // namespace Insertion

@@ -156,6 +156,10 @@ private Q_SLOTS:
         for (const QString &name : job.files().keys())
             m_folder.write(name, job.files().value(name));
 
+        QCOMPARE(run("verilator_bin", {"--lint-only", "-Wall", "--top-module", "jex_cores", "cores.v"}),
+                 QByteArray());
+        QCOMPARE(run("iverilog", {"-Wall", "-g2001", "-o", "/dev/null", "cores.v"}), QByteArray());
+
         const RTLJEX::CoreLayout layout = job.analyzer().cores().first().module.layout;
         const QByteArray place = byBind ? "b.chip.jex_cores.core_0" : "jex_probe.cores.core_0";
         m_folder.write("tb.sv", QByteArray(bench)
@@ -210,14 +214,16 @@ private:
         QVERIFY(end.wait(120000));
     }
 
-    void run(const QString &program, const QStringList &arguments)
+    // What it said; a failure ends the test.
+    QByteArray run(const QString &program, const QStringList &arguments)
     {
         QProcess process;
         process.setWorkingDirectory(m_folder.path());
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(program, arguments);
         if (!process.waitForFinished(300000) || process.exitCode() != 0)
-            QFAIL(program.toUtf8() + " failed: " + process.readAll());
+            qFatal("%s failed: %s", qPrintable(program), process.readAll().constData());
+        return process.readAll();
     }
 
     // The sums of both lanes are in each line: that of lane 1, and that exclusive-or the one of lane 0.
