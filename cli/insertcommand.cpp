@@ -2,10 +2,12 @@
 
 #include "cli/judgedinput.h"
 #include "cli/waiting.h"
+#include "insertion/benchreading.h"
 #include "insertion/insertionjob.h"
 #include "insertion/outputfolder.h"
 #include "insertion/yosyscalls.h"
 #include "model/jex/devicetable.h"
+#include "model/netlist/rtlnetlist.h"
 
 namespace Cli {
 namespace {
@@ -30,6 +32,22 @@ QStringList sourcesOf(const Design &design, const QString &configuration)
     for (const QUARRY::DesignSource &source : Design::input().files)
         sources << source.path;
     return sources;
+}
+
+// The place of the design in the test bench; false when there is none.
+bool findInstance(const QStringList &bench, const QString &top, QString *instance)
+{
+    QStringList files;
+    for (const QString &file : bench)
+        files << QFileInfo(file).absoluteFilePath();
+    Insertion::BenchReading reading(Design::input(), files, top, *instance);
+    runUntilInterrupted(reading);
+    for (const QString &error : reading.errors())
+        say("jex insert: " + error);
+    if (reading.isCancelled())
+        say("jex: Interrupted.");
+    *instance = reading.instance().path;
+    return reading.errors().isEmpty() && !reading.isCancelled();
 }
 
 ExitCode judged(const Insertion::InsertionJob &job)
@@ -70,6 +88,8 @@ ExitCode insert(const QStringList &words, Output &out)
         {"prove", "Ask Yosys for a proof of formal equivalence, too; it may take two minutes."},
         {"synth", "Count resources, without and with the cores: ice40, ecp5, xilinx or generic.", "FAMILY"},
         {"instance", "Where the test bench has the design, for probe.v: \"tb.dut\".", "PATH"},
+        {"bench", "A file of the test bench, in which that place is found; may be given several times.",
+         "BENCH"},
     });
     addTrigger(arguments);
     arguments.addDesign();
@@ -94,6 +114,10 @@ ExitCode insert(const QStringList &words, Output &out)
     }
     if (!input.judge(out, &result))
         return result;
+    const QStringList bench = arguments.parser.values("bench");
+    if (!bench.isEmpty() &&
+        !findInstance(bench, input.design.netlist()->topHierarchy->moduleName, &how.instance))
+        return CouldNotRun;
     const int cores = input.configuration.cores().size();
     const DEV::DeviceArg &device = input.design.project().data().device;
     how.device = JEX_TOOL::findDevice(device.series, device.device);

@@ -3,6 +3,7 @@
 #include "check/configuration.h"
 #include "cli/arguments.h"
 #include "cli/design.h"
+#include "commandline/endsignals.h"
 
 namespace Cli {
 
@@ -10,6 +11,7 @@ namespace Cli {
 // findings, and the design elaborated.
 struct JudgedInput
 {
+    const CommandLine::EndSignals ends; // an interrupt between two jobs ends the second one
     QString file;
     RTLJEX::Configuration configuration;
     Design design;

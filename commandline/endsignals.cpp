@@ -11,6 +11,7 @@ namespace {
 
 const int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 int pipeEnds[2] = {-1, -1};
+int living = 0;
 
 // Who started the program with one of them ignored, as nohup does, meant it.
 void handleUnlessIgnored(int number, void (*action)(int))
@@ -33,25 +34,30 @@ void note(int)
 
 EndSignals::EndSignals()
 {
-    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+    if (living++ == 0 && pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) == 0) {
+        for (const int number : endingSignals)
+            handleUnlessIgnored(number, note);
+    }
+    if (pipeEnds[0] < 0)
         return;
     m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
     connect(m_notifier, SIGNAL(activated(int)), SLOT(tell()));
-    for (const int number : endingSignals)
-        handleUnlessIgnored(number, note);
 }
 
 EndSignals::~EndSignals()
 {
+    delete m_notifier;
+    if (--living > 0)
+        return;
     for (const int number : endingSignals)
         handleUnlessIgnored(number, SIG_DFL);
-    delete m_notifier;
     for (int &end : pipeEnds) {
         close(end);
         end = -1;
     }
 }
 
+// The byte stays in the pipe, for those that listen later.
 void EndSignals::tell()
 {
     m_notifier->setEnabled(false);

@@ -7,7 +7,8 @@ class QSocketNotifier;
 namespace CommandLine {
 
 // While this lives, a hang-up, an interrupt and the requests to quit and to end do not kill the program: they
-// are told from the event loop, once. A second one ends it at once. One object at a time.
+// are told from the event loop, once to each object. A second one ends it at once. An object within the life
+// of another one also hears of what came before it, so no moment between two of them loses a signal.
 class EndSignals : public QObject
 {
     Q_OBJECT

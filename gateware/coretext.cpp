@@ -24,9 +24,11 @@ int bitsBelow(int count)
 }
 
 // The head of the module and all its ports.
-QByteArray head(const AnyCore &core, const CoreModule &module)
+QByteArray head(const AnyCore &core, const CoreModule &module, const CoreOptions &options)
 {
-    QByteArray lines = "module " + module.name + " (\n    input wire clk,\n    input wire " +
+    const QByteArray parameters =
+        core.lite ? " #(\n    parameter STARTS_ARMED = " + text(options.startsArmed) + "\n)" : QByteArray();
+    QByteArray lines = "module " + module.name + parameters + " (\n    input wire clk,\n    input wire " +
                        range(module.layout.dataWidth) + " data,\n";
     if (core.standard) {
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
@@ -79,14 +81,14 @@ QByteArray body(const JEX::AoCore &core, const AnyCore &any, const CoreOptions &
 }
 
 // Nothing of it stands outside of the module that captures.
-QByteArray body(const JEX::AOCore_Lite &core, const AnyCore &any, const CoreOptions &options,
+QByteArray body(const JEX::AOCore_Lite &core, const AnyCore &any, const CoreOptions &,
                 const CoreLayout &layout)
 {
     const int stages = core.enableCaptureDataInputRegister;
     Connections parameters, ports;
     add(&parameters, "FREE", 1);
     add(&parameters, "FREE_START", 1);
-    add(&parameters, "START", core.captureInitialData || options.startsArmed);
+    add(&parameters, "START", core.captureInitialData ? "1 | STARTS_ARMED" : "STARTS_ARMED");
     add(&parameters, "DATA_STAGES", stages);
     add(&parameters, "ARM_STAGES", stages + 1);
     add(&ports, "trig", "1'b0");
@@ -161,27 +163,10 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
             module.portNumbers.append(port->portNumber);
     }
-    module.text = head(core, module) + core.visit([&](const auto &record) {
+    module.text = head(core, module, options) + core.visit([&](const auto &record) {
         return body(record, core, options, module.layout);
     }) + "\nendmodule\n";
     return module;
-}
-
-QByteArray coresText(const Configuration &configuration, const CoreOptions &options, QString *fault)
-{
-    // The one remark that a linter has about a file of several modules.
-    QByteArray all = "// Embedded logic analyzers, made from a configuration file.\n\n"
-                     "/* verilator lint_off DECLFILENAME */\n\n" +
-                     gatewareSources();
-    for (const AnyCore &core : configuration.cores()) {
-        const CoreModule module = coreModule(core, options);
-        if (!module.fault.isEmpty()) {
-            *fault = module.fault;
-            return QByteArray();
-        }
-        all += module.text + '\n';
-    }
-    return all + "/* verilator lint_on DECLFILENAME */\n";
 }
 
 } // namespace RTLJEX

@@ -57,10 +57,6 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options = CoreOpti
 // The modules that all cores are made of; they go into a file once.
 QByteArray gatewareSources();
 
-// A whole "cores.v": the sources and all cores of the configuration. Empty, with a sentence, when one of them
-// cannot be made.
-QByteArray coresText(const Configuration &configuration, const CoreOptions &options, QString *fault);
-
 // For simulations only: the module "jex_reader", which reads a core through its control port into a file.
 QByteArray readerSource();
 

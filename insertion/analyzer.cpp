@@ -20,7 +20,7 @@ QString bitName(const Tap &tap, const TapBit &bit)
 
 Analyzer::Analyzer(const RTLJEX::Configuration &configuration, const RTLJEX::CoreOptions &options,
                    const QUARRY::RtlNetlist &netlist)
-    : m_taps(netlist)
+    : m_taps(netlist), m_startsArmed(options.startsArmed)
 {
     m_modules = RTLJEX::gatewareSources();
     for (const RTLJEX::AnyCore &any : configuration.cores()) {
@@ -67,6 +67,11 @@ QList<QByteArray> Analyzer::controlOutputs() const
     return names;
 }
 
+QByteArray Analyzer::parametersUnarmed() const
+{
+    return isLite() ? "#(.STARTS_ARMED(1)) " : "";
+}
+
 QByteArray Analyzer::bitText(const TapBit &bit, int width) const
 {
     const QByteArray name = "tap_" + number(bit.tap);
@@ -111,8 +116,8 @@ QByteArray Analyzer::coresText() const
     ports.chop(2);
     for (const Core &core : m_cores) {
         const QByteArray own = number(core.core.number);
-        body += "    " + core.module.name + " core_" + own + " (\n        .clk(" + bitText(core.clock, 1) +
-                "),\n";
+        body += "    " + core.module.name + (isLite() ? " #(.STARTS_ARMED(STARTS_ARMED))" : "") + " core_" +
+                own + " (\n        .clk(" + bitText(core.clock, 1) + "),\n";
         for (const Port &port : core.ports)
             body += "        ." + port.name + '(' + portText(port) + "),\n";
         for (const char *name : {"clock", "capture", "shift", "update", "tdi"})
@@ -120,7 +125,13 @@ QByteArray Analyzer::coresText() const
         body += "        .ctl_select(ctl_select_" + own + "),\n        .ctl_tdo(ctl_tdo_" + own +
                 "),\n        .windows(),\n        .done(),\n        .seen());\n";
     }
-    return m_modules + "\nmodule jex_cores (\n" + ports + "\n);\n" + body + "endmodule\n";
+    const QByteArray parameters =
+        isLite() ? "#(parameter STARTS_ARMED = " + number(m_startsArmed) + ") " : QByteArray();
+    // The remarks that a linter has about a file of several modules, and about pins that are open on purpose.
+    return "// Embedded logic analyzers, made from a configuration file.\n\n"
+           "/* verilator lint_off DECLFILENAME */\n/* verilator lint_off PINCONNECTEMPTY */\n" +
+           m_modules + "\nmodule jex_cores " + parameters + "(\n" + ports + "\n);\n" + body +
+           "endmodule\n/* verilator lint_on PINCONNECTEMPTY */\n/* verilator lint_on DECLFILENAME */\n";
 }
 
 } // namespace Insertion

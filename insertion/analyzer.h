@@ -39,14 +39,18 @@ public:
     QByteArray coresText() const; // the whole of "cores.v"
     QList<QByteArray> controlInputs() const;
     QList<QByteArray> controlOutputs() const;
+    // Of an instance of "jex_cores" that nobody arms: its Lite cores begin at once.
+    QByteArray parametersUnarmed() const;
 
 private:
+    bool isLite() const { return !m_cores.isEmpty() && m_cores.first().core.lite; }
     QByteArray bitText(const TapBit &bit, int width) const;
     QByteArray portText(const Port &port) const;
 
     QList<Core> m_cores;
     TapList m_taps;
     QByteArray m_modules; // text of the cores
+    bool m_startsArmed;
     QStringList m_faults;
 };
 

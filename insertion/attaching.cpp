@@ -36,7 +36,8 @@ QByteArray connections(const Analyzer &analyzer, const QByteArray &before)
         text += (i == 0 ? "    .tap_" : ",\n    .tap_") + QByteArray::number(i) + '(' +
                 (path.isEmpty() ? unknown : before + path) + ')';
     }
-    return text + tied(analyzer);
+    return "/* verilator lint_off PINCONNECTEMPTY */\n" + text + tied(analyzer) +
+           ");\n/* verilator lint_on PINCONNECTEMPTY */\n";
 }
 
 } // namespace
@@ -55,7 +56,8 @@ QByteArray bindText(const Analyzer &analyzer, const QString &topModule)
 {
     return "// Attaches the analyzer of cores.v to the untouched design, for simulators that know \"bind\".\n"
            "bind " +
-           verilogName(topModule) + " jex_cores jex_cores (\n" + connections(analyzer, QByteArray()) + ");\n";
+           verilogName(topModule) + " jex_cores " + analyzer.parametersUnarmed() + "jex_cores (\n" +
+           connections(analyzer, QByteArray());
 }
 
 QByteArray probeText(const Analyzer &analyzer, const QString &instance)
@@ -66,9 +68,9 @@ QByteArray probeText(const Analyzer &analyzer, const QString &instance)
     if (instance.isEmpty())
         text +=
             "`ifndef JEX_INSTANCE\n`define JEX_INSTANCE tb.dut // name it by -DJEX_INSTANCE=...\n`endif\n";
-    return text + "module jex_probe;\njex_cores cores (\n" +
+    return text + "module jex_probe;\njex_cores " + analyzer.parametersUnarmed() + "cores (\n" +
            connections(analyzer, instance.isEmpty() ? "`JEX_INSTANCE." : instance.toUtf8() + '.') +
-           ");\nendmodule\n";
+           "endmodule\n";
 }
 
 } // namespace Insertion

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include "elaboration/tools/confinement.h"
 #include "elaboration/tools/elaborator.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
@@ -141,6 +142,9 @@ void InsertionJob::takeElaboration()
 
 void InsertionJob::read()
 {
+    const QString fault = confinementFault();
+    if (!fault.isEmpty())
+        return giveCoresOnly("it may call foreign functions of the sources, and " + fault + '.');
     m_runner->tellStage("Reading the design with Yosys");
     m_runner->run(m_yosys->reading(m_options.forSimulation),
                   [this](const ToolResult &result) { judgeReading(result); });

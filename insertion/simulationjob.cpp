@@ -5,7 +5,9 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include "elaboration/tools/elaborator.h"
+#include "elaboration/tools/confinement.h"
+#include "elaboration/tools/safenames.h"
+#include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/sourcetext.h"
 #include "host/atomicfile.h"
@@ -13,6 +15,7 @@
 #include "host/regularfile.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
+#include "insertion/benchreading.h"
 #include "insertion/harness.h"
 #include "insertion/insertionjob.h"
 #include "insertion/viewerfiles.h"
@@ -71,7 +74,7 @@ void SimulationJob::cancel()
     if (m_isOver)
         return;
     m_runner.reset();
-    m_elaborator.reset();
+    m_bench.reset();
     if (m_insertion) {
         m_insertion->disconnect(this);
         m_insertion->cancel();
@@ -102,78 +105,24 @@ void SimulationJob::begin()
         return;
     if (!m_analyzer->faults().isEmpty())
         return fail(Refused, m_analyzer->faults());
+    const QString fault = confinementFault();
+    if (!fault.isEmpty())
+        return fail(Failed, {"The test bench is not run, since " + fault + '.'});
     const QString missing = missingFor(m_options.simulator);
     if (!missing.isEmpty())
         return fail(Failed, {missing});
-    readBench(QString());
-}
-
-void SimulationJob::readBench(const QString &top)
-{
-    DesignInput bench = m_input;
-    bench.top = top;
-    bench.parameters.clear();
-    for (const QString &file : m_options.bench) {
-        DesignSource source;
-        source.path = file;
-        source.type = TE::fileTypeFromName(file);
-        bench.files << source;
-    }
-    m_benchTop = top;
-    m_elaborator.reset(new Elaborator(bench));
-    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
-            Qt::QueuedConnection);
-    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeBench()), Qt::QueuedConnection);
-    m_elaborator->start();
-}
-
-QStringList SimulationJob::benchModules(QString *error) const
-{
-    static const QRegularExpression module("\\bmodule\\s+([A-Za-z_]\\w*)");
-    QStringList names;
-    for (const QString &file : m_options.bench) {
-        QByteArray bytes;
-        QString reason;
-        if (!QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason))
-            *error = file + " cannot be read: " + reason + '.';
-        const QString text = QString::fromUtf8(withoutComments(bytes, VerilogSource));
-        for (auto found = module.globalMatch(text); found.hasNext();)
-            names << found.next().captured(1);
-    }
-    names.removeDuplicates();
-    return names;
+    m_bench.reset(new BenchReading(m_input, m_options.bench, m_top, m_options.instance));
+    connect(m_bench.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)));
+    connect(m_bench.get(), SIGNAL(finished()), SLOT(takeBench()), Qt::QueuedConnection);
+    m_bench->start();
 }
 
 void SimulationJob::takeBench()
 {
-    if (!m_elaborator)
+    if (m_isOver)
         return;
-    const std::unique_ptr<Elaboration> bench = m_elaborator->takeResult();
-    m_elaborator.reset();
-    const ModuleList &lists = bench->lists;
-    if (lists.anyError())
-        return fail(Failed, lists.messages.filter(QRegularExpression("^ERROR")));
-    QString error;
-    QStringList tops;
-    for (const QString &module : benchModules(&error)) {
-        if (lists.topModules.contains(module))
-            tops << module;
-    }
-    if (!error.isEmpty())
-        return fail(Failed, {error});
-    if (tops.size() != 1)
-        return fail(Failed,
-                    {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
-                                    : "The test bench has several top modules: " + tops.join(", ") + '.'});
-    if (!bench->usable) {
-        if (m_benchTop == tops.first())
-            return fail(Failed, {"The test bench cannot be read with " + m_benchTop + " as its top module."});
-        return readBench(tops.first()); // of the design's files some have unused modules
-    }
-    m_benchTop = tops.first();
-    m_instance = findInstance(*bench, m_top, m_options.instance);
-    if (!m_instance.fault.isEmpty())
-        return fail(Failed, {m_instance.fault});
+    if (!m_bench->errors().isEmpty())
+        return fail(Failed, m_bench->errors());
     prepare();
 }
 
@@ -202,7 +151,7 @@ void SimulationJob::prepare()
     options.cores.triggerByAny = m_options.triggerByAny;
     options.cores.startsArmed = true;
     options.forSimulation = true;
-    m_input.parameters = m_instance.parameters;
+    m_input.parameters = m_bench->instance().parameters;
     m_insertion.reset(new InsertionJob(m_input, m_configuration, m_netlist, options));
     connect(m_insertion.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)));
     connect(m_insertion.get(), SIGNAL(finished()), SLOT(takeNetlist()), Qt::QueuedConnection);
@@ -245,7 +194,7 @@ void SimulationJob::addSources(SimulatedSources &sources)
     QStringList files, libraries;
     for (const DesignSource &source : m_input.files)
         (source.onlyWhenUsed ? libraries : files) << source.path;
-    const QSet<QString> used = SourceNeeds(m_options.bench + files + libraries).filesFor(m_benchTop);
+    const QSet<QString> used = SourceNeeds(m_options.bench + files + libraries).filesFor(m_bench->top());
     for (const QString &library : libraries) {
         if (used.contains(library))
             files << library;
@@ -262,10 +211,10 @@ void SimulationJob::addSources(SimulatedSources &sources)
 QByteArray SimulationJob::simulatedDesign() const
 {
     QByteArray text = m_insertion->files().value("design.v");
-    if (!m_instance.parameters.isEmpty())
+    if (!m_bench->instance().parameters.isEmpty())
         text.replace("\nmodule " + m_top.toUtf8() + '(',
                      "\nmodule " + m_top.toUtf8() + " #(parameter " +
-                         m_instance.parameters.join(", parameter ").toUtf8() + ") (");
+                         m_bench->instance().parameters.join(", parameter ").toUtf8() + ") (");
     return "`timescale 1ns / 1ps\n" + text;
 }
 
@@ -274,12 +223,12 @@ void SimulationJob::compile()
     const bool isByNetlist = m_insertion != nullptr;
     HarnessPlace place;
     place.simulator = m_options.simulator;
-    place.benchTop = m_benchTop;
-    place.instance = m_instance.path;
+    place.benchTop = m_bench->top();
+    place.instance = m_bench->instance().path;
     place.folder = m_scratch->path();
     place.records = m_options.records;
     SimulatedSources sources;
-    sources.benchTop = m_benchTop;
+    sources.benchTop = m_bench->top();
     sources.folder = m_scratch->path();
     sources.workingDir = m_scratch->file("run");
     sources.includeFolders = includeFolders();

@@ -10,12 +10,9 @@
 #include "elaboration/tools/toolrunner.h"
 #include "gateware/coretext.h"
 #include "gateware/windowtext.h"
-#include "insertion/benchinstance.h"
 #include "insertion/simulators.h"
 
 namespace QUARRY {
-class Elaborator;
-struct Elaboration;
 class SafeNames;
 class ScratchDir;
 } // namespace QUARRY
@@ -23,6 +20,7 @@ class ScratchDir;
 namespace Insertion {
 
 class Analyzer;
+class BenchReading;
 class InsertionJob;
 
 struct SimulationOptions
@@ -88,8 +86,6 @@ private Q_SLOTS:
     void takeNetlist();
 
 private:
-    void readBench(const QString &top);
-    QStringList benchModules(QString *error) const;
     void prepare();
     bool needsNetlist() const;
     void compile();
@@ -116,10 +112,8 @@ private:
     std::unique_ptr<Analyzer> m_analyzer;
     std::unique_ptr<InsertionJob> m_insertion; // null unless the netlist is simulated
     std::unique_ptr<QUARRY::ToolRunner> m_runner;
-    std::unique_ptr<QUARRY::Elaborator> m_elaborator;
-    QString m_top;      // of the design
-    QString m_benchTop; // empty: not told yet
-    BenchInstance m_instance;
+    std::unique_ptr<BenchReading> m_bench;
+    QString m_top;                 // of the design
     QList<SimulationStep> m_steps; // that are to be done
     QMap<int, int> m_windows;      // of a core that is read before all of its windows are finished
     QList<RTLJEX::CapturedCore> m_captured;

@@ -35,6 +35,7 @@ public:
         last().refusal = "Icarus Verilog does not take the test bench.";
         add("Icarus Verilog", "JEX_VVP", findTool("JEX_VVP", {"vvp"}), {"-n", compiled});
         last().stage = "Simulating";
+        last().call.deed = "ran";
         return m_steps;
     }
 
@@ -63,6 +64,7 @@ public:
         last().refusal = "What Verilator made of the test bench cannot be compiled.";
         add("The simulation", "JEX_VERILATOR", made + '/' + program, {});
         last().stage = "Simulating";
+        last().call.deed = "ran";
         return m_steps;
     }
 

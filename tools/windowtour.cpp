@@ -37,6 +37,7 @@
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/recoverydialog.h"
+#include "workbench/simulatedialog.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -212,6 +213,10 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
     show(visit, &options, "options");
     Workbench::DeviceDialog device(window.workspace()->project()->data().device, &window);
     show(visit, &device, "device");
+    Workbench::SimulateDialog simulate(window.workspace()->project()->workingDir() + "/capture.vcd", nullptr,
+                                       &window);
+    simulate.addBench({window.workspace()->project()->workingDir() + "/tb/soc_tb.v"});
+    show(visit, &simulate, "simulate");
     visitRecovery(visit, &window);
     Workbench::GuideWindow guide(&window);
     guide.setAttribute(Qt::WA_DeleteOnClose, false);

@@ -40,6 +40,7 @@ SimulateDialog::SimulateDialog(const QString &waveform, QSettings *settings, QWi
 {
     setWindowTitle("Simulate Capture");
     resize(600, 320);
+    m_bench->setAccessibleName("Test bench"); // a list does not take that of its label
     m_bench->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_simulator->addItem("Icarus Verilog", "icarus");
     m_simulator->addItem("Verilator", verilator);

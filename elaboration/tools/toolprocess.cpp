@@ -25,9 +25,13 @@ public:
     ToolLimits limits;
     ToolRights rights = ConfinedTool;
 
-    // The leader may be over: its group goes on as long as one is left in it.
+    // The leader may be over: its group goes on as long as one is left in it. Bubblewrap is ended by its
+    // child, with which goes all that is in the sandbox: killed itself, it would leave those to die some
+    // time.
     void killGroup()
     {
+        if (state() == Running && rights == ConfinedTool && killChildren())
+            waitForFinished(1000);
         if (m_group > 0)
             ::kill(-m_group, SIGKILL);
         m_group = 0;
@@ -48,6 +52,17 @@ protected:
     }
 
 private:
+    bool killChildren() const
+    {
+        QFile list(QString::fromLatin1("/proc/%1/task/%1/children").arg(m_group));
+        if (m_group <= 0 || !list.open(QIODevice::ReadOnly))
+            return false;
+        bool anyKilled = false;
+        for (const QByteArray &child : list.readAll().split(' '))
+            anyKilled = (child.toInt() > 0 && ::kill(child.toInt(), SIGKILL) == 0) || anyKilled;
+        return anyKilled;
+    }
+
     pid_t m_group = 0;
 };
 
@@ -95,7 +110,9 @@ QString missingMessage(const ToolCall &call, const QString &reason)
 // "ERROR: GHDL did not end within 30 seconds and was stopped while it read VHDL entity uart."
 QString limitMessage(const ToolCall &call, const QString &excess, const QString &remedy)
 {
-    const QString work = call.subject.isEmpty() ? QString() : QLatin1String(" while it read ") + call.subject;
+    const QString work = call.subject.isEmpty() ? QString()
+                                                : QLatin1String(" while it ") + QLatin1String(call.deed) +
+                                                      QLatin1Char(' ') + call.subject;
     return QLatin1String("ERROR: ") + call.name + QLatin1Char(' ') + excess + work + QLatin1String(". ") +
            remedy;
 }

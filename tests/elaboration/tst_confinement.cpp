@@ -1,4 +1,6 @@
 #include "elaboration/tools/confinement.h"
+#include "elaboration/tools/scratchdir.h"
+#include "elaboration/tools/toolprocess.h"
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
@@ -266,6 +268,28 @@ private Q_SLOTS:
         m_sources->write("a.v", "module a; endmodule");
         const QStringList messages = listModules(m_sources->input({"a.v"})).messages;
         QVERIFY2(fits(messages.join('\n'), message), qPrintable(messages.join('\n').left(1000)));
+    }
+
+    // Who is killed writes nothing more: the folder can go at once.
+    void leavesNothing()
+    {
+        const QString script = m_sources->script(
+            "tool",
+            "(while :; do : > \"$TMPDIR/a$((a+=1))\"; done) &\nwhile :; do : > \"$TMPDIR/b$((b+=1))\"; done");
+        for (int i = 0; i < 8; ++i) {
+            std::unique_ptr<ScratchDir> scratch(new ScratchDir);
+            const QString folder = scratch->path();
+            ToolCall call;
+            call.program = script;
+            call.workingDir = "/";
+            call.writableFolder = folder;
+            call.runsSources = true;
+            std::unique_ptr<ToolRun> tool(new ToolRun(call));
+            QTRY_VERIFY(QFileInfo::exists(folder + "/b1"));
+            tool.reset();
+            scratch.reset();
+            QVERIFY(!QFileInfo::exists(folder));
+        }
     }
 
 private:

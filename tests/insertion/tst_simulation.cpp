@@ -342,6 +342,54 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(m_folder.path("escaped")));
     }
 
+    // A bench without an end is cut off, by who waits for it or by the limit, and nothing of it is left.
+    void endless_data()
+    {
+        QTest::addColumn<QByteArray>("process");
+        QTest::addColumn<bool>("isCancelled");
+        for (bool isCancelled : {true, false}) {
+            const char *end = isCancelled ? "cancelled" : "limit";
+            QTest::addRow("clock, %s", end) << QByteArray("always #1 clk = ~clk;") << isCancelled;
+            QTest::addRow("no time, %s", end) << QByteArray("initial while (1) clk = 0;") << isCancelled;
+            QTest::addRow("talks, %s", end) << QByteArray("always #1 $display(\"tick\");") << isCancelled;
+        }
+    }
+    void endless()
+    {
+        QFETCH(QByteArray, process);
+        QFETCH(bool, isCancelled);
+        m_folder.write("tb.v", "module tb; reg clk = 0; top dut(.clk(clk)); " + process + " endmodule");
+        QVERIFY(QDir(m_folder.path()).mkpath("tmp"));
+        qputenv("TMPDIR", m_folder.path("tmp").toUtf8());
+        RTLJEX::Configuration configuration(JEX::LiteMode);
+        captureOne(configuration, "top/rst");
+        Insertion::SimulationOptions options;
+        options.bench << m_folder.path("tb.v");
+        auto job = std::make_unique<Insertion::SimulationJob>(m_input, configuration, *m_netlist, options);
+        QSignalSpy end(job.get(), SIGNAL(finished()));
+        connect(job.get(), &Insertion::SimulationJob::stageChanged, [&](const QString &stage) {
+            if (stage == "Simulating" && isCancelled)
+                QTimer::singleShot(300, job.get(), SLOT(cancel()));
+            else if (stage == "Simulating")
+                qputenv("JEX_TOOL_TIMEOUT", "1");
+        });
+        job->start();
+        QVERIFY(end.wait(60000));
+        qunsetenv("JEX_TOOL_TIMEOUT");
+        m_folder.write("tb.v", bench);
+        using Insertion::SimulationJob;
+        QCOMPARE(int(job->outcome()), int(isCancelled ? SimulationJob::Cancelled : SimulationJob::Failed));
+        const QString limit =
+            "ERROR: Icarus Verilog did not end within 1 seconds and was stopped while it ran the "
+            "test bench. If the design needs longer, let the variable JEX_TOOL_TIMEOUT give a "
+            "larger number of seconds.";
+        QCOMPARE(job->messages().join('\n'), isCancelled ? QString() : limit);
+        job.reset();
+        qunsetenv("TMPDIR");
+        QCOMPARE(QDir(m_folder.path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
+
 private:
     static JEX::SignalItem net(const QString &name)
     {

@@ -1,7 +1,11 @@
 #include <QDir>
+#include <QSignalSpy>
 #include <QtTest>
 
+#include <csignal>
+
 #include "commandline/devicename.h"
+#include "commandline/endsignals.h"
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
 #include "tests/support/tablerow.h"
@@ -125,6 +129,18 @@ private Q_SLOTS:
             QVERIFY2(CommandLine::deviceHint(name).contains(hint), qPrintable(CommandLine::deviceHint(name)));
         if (isKnown)
             QVERIFY(JEX_TOOL::findDevice(device.series, device.device));
+    }
+
+    // Between two jobs nobody looks; the second one hears of it.
+    void interruptBetween()
+    {
+        const CommandLine::EndSignals all;
+        QCOMPARE(raise(SIGTERM), 0);
+        for (int job = 0; job < 2; ++job) {
+            const CommandLine::EndSignals ends;
+            QSignalSpy asked(&ends, SIGNAL(endAsked()));
+            QVERIFY(asked.wait(5000));
+        }
     }
 
 private:

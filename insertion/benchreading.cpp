@@ -1,0 +1,108 @@
+#include "insertion/benchreading.h"
+
+#include <QRegularExpression>
+
+#include "elaboration/tools/elaborator.h"
+#include "elaboration/tools/sourcetext.h"
+#include "host/designmanager.h"
+#include "host/regularfile.h"
+
+using namespace QUARRY;
+
+namespace Insertion {
+
+BenchReading::BenchReading(const DesignInput &design, const QStringList &bench, const QString &designTop,
+                           const QString &wantedInstance)
+    : m_design(design), m_bench(bench), m_designTop(designTop), m_wantedInstance(wantedInstance)
+{
+}
+
+BenchReading::~BenchReading() = default;
+
+void BenchReading::start()
+{
+    read(QString());
+}
+
+void BenchReading::cancel()
+{
+    if (m_isOver)
+        return;
+    m_elaborator.reset();
+    m_isCancelled = true;
+    end({});
+}
+
+void BenchReading::end(const QStringList &errors)
+{
+    m_isOver = true;
+    m_errors = errors;
+    Q_EMIT finished();
+}
+
+void BenchReading::read(const QString &top)
+{
+    DesignInput input = m_design;
+    input.top = top;
+    input.parameters.clear();
+    for (const QString &file : m_bench) {
+        DesignSource source;
+        source.path = file;
+        source.type = TE::fileTypeFromName(file);
+        input.files << source;
+    }
+    m_top = top;
+    m_elaborator.reset(new Elaborator(input));
+    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
+            Qt::QueuedConnection);
+    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(take()), Qt::QueuedConnection);
+    m_elaborator->start();
+}
+
+// Of the files of the bench.
+QStringList BenchReading::modules()
+{
+    static const QRegularExpression module("\\bmodule\\s+([A-Za-z_]\\w*)");
+    QStringList names;
+    for (const QString &file : m_bench) {
+        QByteArray bytes;
+        QString reason;
+        if (!QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason))
+            m_errors << file + " cannot be read: " + reason + '.';
+        const QString text = QString::fromUtf8(withoutComments(bytes, VerilogSource));
+        for (auto found = module.globalMatch(text); found.hasNext();)
+            names << found.next().captured(1);
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+void BenchReading::take()
+{
+    if (!m_elaborator)
+        return;
+    const std::unique_ptr<Elaboration> bench = m_elaborator->takeResult();
+    m_elaborator.reset();
+    const ModuleList &lists = bench->lists;
+    if (lists.anyError())
+        return end(lists.messages.filter(QRegularExpression("^ERROR")));
+    QStringList tops;
+    for (const QString &module : modules()) {
+        if (lists.topModules.contains(module))
+            tops << module;
+    }
+    if (!m_errors.isEmpty())
+        return end(m_errors);
+    if (tops.size() != 1)
+        return end({tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
+                                   : "The test bench has several top modules: " + tops.join(", ") + '.'});
+    if (!bench->usable && m_top == tops.first())
+        return end({"The test bench cannot be read with " + m_top + " as its top module."});
+    if (!bench->usable)
+        return read(tops.first()); // of the design's files some have unused modules
+    m_top = tops.first();
+    m_instance = findInstance(*bench, m_designTop, m_wantedInstance);
+    end(m_instance.fault.isEmpty() ? QStringList() : QStringList(m_instance.fault));
+}
+
+} // namespace Insertion
