@@ -81,10 +81,12 @@ private:
                      const std::function<void(const QString &)> &then);
     void translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,
                           const Then &then);
-    ToolCall synthesis(const Wanted &wanted) const;
+    ToolCall synthesis(const Wanted &wanted, const QString &folder) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
     bool mayStart() const;
-    QMap<QString, QByteArray> vectorsOf(const Wanted &wanted) const;
+    QMap<QString, QByteArray> defaultsOf(const Wanted &wanted) const;
+    void prepareFolder(const Wanted &wanted, const QString &usual,
+                       const std::function<void(const QString &, const ToolResult &)> &then);
     void startSimulation(const Wanted &wanted, const QString &folder);
     void simulate(const Wanted &wanted, const std::function<void()> &then);
     void takeSimulation(const Wanted &wanted, const std::function<void()> &then);
@@ -111,6 +113,7 @@ private:
     QMap<QString, QString> m_waveforms;
     QString m_waveform; // that is being written; empty: none
     int m_simulations = 0;
+    int m_folders = 0;        // of other default values
     bool m_isStarted = false; // the last simulation reached its first moment
     bool m_didToolFail = false;
     bool m_mayRun = true;

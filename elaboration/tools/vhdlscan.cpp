@@ -210,7 +210,8 @@ bool splitVhdlGenerics(QByteArray &text)
             continue;
         const int begin = colon > 0 && !commas.isEmpty() ? words.at(colon).at : word.at;
         const QByteArray type = withoutComments(text.mid(begin, word.at - begin), VhdlSource).simplified();
-        const bool isSplit = type.contains('(') && qint64(type.size()) * commas.size() <= mostAdded;
+        const bool mayNeedIt = type.contains('(') || type.toLower().startsWith(": string");
+        const bool isSplit = mayNeedIt && qint64(type.size()) * commas.size() <= mostAdded;
         for (const int comma : isSplit ? commas : QList<int>()) {
             split += text.mid(done, comma - done) + type + ';';
             done = comma + 1;

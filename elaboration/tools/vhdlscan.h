@@ -55,7 +55,7 @@ struct VhdlInstance
 bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
 
 // Declares each generic of an entity by itself that shares its declaration and the range of its type with
-// others: GHDL crashes when such a one is given a value. False when there is none.
+// others, since GHDL crashes when such a one is given a value, and each text. False when there is none.
 bool splitVhdlGenerics(QByteArray &text);
 
 // Gives a generic of that entity another default value, an expression, as far as it is declared by itself;

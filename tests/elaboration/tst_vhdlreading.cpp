@@ -160,6 +160,19 @@ void mixedRows()
         "(others => a); end generate; end;\n"
         "== v.v\nmodule v(input x); l #(.V(3'b0x1), .N(4)) u(x); l #(.V(3'b111), .N(2)) w(x); endmodule\n",
         "top v\nmodules l v", "v:v x\nv/u:l a\nv/u/g:g s[4:0]\nv/w:l a");
+    row("empty texts", "",
+        "== l.vhd\nentity l is generic (S, T : string; W : bit_vector(1 downto 0));\nport (x : in bit); "
+        "end;\n"
+        "architecture r of l is signal u : bit_vector(S'length downto 0); begin\n"
+        "u <= (others => x); g : if T = \"\" generate signal e : bit; begin e <= x; end generate; end;\n"
+        "== v.v\nmodule v(input x); l #(.S(\"\"), .T(\"ab\"), .W(2'd1)) u(x); l #(.S(\"ab\"), .T(\"\"), "
+        ".W(2'd1)) w(x);\n"
+        "endmodule\n",
+        "top v\nmodules l v", "v:v x\nv/u:l x u[0:0]\nv/w:l x u[2:0]\nv/w/g:g e");
+    row("an empty text for a VHDL top", "Parameters=S=",
+        "== l.vhd\nentity l is generic (S : string := \"ab\"); port (x : in bit); end;\n"
+        "architecture r of l is signal u : bit_vector(S'length downto 0); begin u <= (others => x); end;\n",
+        "top l\nmodules l", "l:l x u[0:0]");
     row("vectors that share a declaration", "",
         "== l.vhd\nlibrary ieee; use ieee.std_logic_1164.all;\n"
         "entity l is generic (n : natural; A, -- of both\n B : std_logic_vector(3 downto 0));\n"
