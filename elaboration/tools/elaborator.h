@@ -57,7 +57,6 @@ private:
 
     bool checkSources();
     bool prepareSources();
-    QMap<QString, QString> repeatedVhdl() const;
     void readVhdl();
     bool goOnWithout(Language language);
     void readDesign();

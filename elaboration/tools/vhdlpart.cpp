@@ -122,23 +122,32 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
     if (wanted.isEmpty())
         return then(true);
     const Wanted next = wanted.takeFirst();
-    m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_analysis.entities().value(next.entity));
-    // What it is to write is known at once where the sources say how much there is.
-    if (mayStart() && defaultsOf(next).isEmpty() &&
-        (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
-        startSimulation(next, m_scratch.path());
-    translateOne(next, areOptional, [=](bool isUsable) {
-        const auto others = [=] { translate(wanted, areOptional, then); };
-        if (!isUsable || m_verilog.lastModule().isEmpty()) {
-            m_runner.stopBeside();
-            m_waveform.clear();
-            return isUsable ? others() : then(false);
-        }
-        recordScopes(next, [=] {
-            if (areOptional || !m_hollow.contains(next.entity) || m_isStarted)
-                return others();
-            blame(next.entity);
-            then(false);
+    const auto others = [=] { translate(wanted, areOptional, then); };
+    awaitScopes([=] {
+        m_runner.tellStage(QLatin1String("Translating VHDL entity ") +
+                           m_analysis.entities().value(next.entity));
+        m_isStarted = false;
+        // What it is to write is known at once where the sources say how much there is.
+        if (mayStart() && defaultsOf(next).isEmpty() &&
+            (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
+            startSimulation(next, m_scratch.path());
+        translateOne(next, areOptional, [=](bool isUsable) {
+            if (!isUsable || m_verilog.lastModule().isEmpty()) {
+                m_runner.stopBeside();
+                m_waveform.clear();
+                return isUsable ? others() : then(false);
+            }
+            recordScopes(next, [=] {
+                // Without a body it must have started.
+                if (areOptional || !m_hollow.contains(next.entity))
+                    return others();
+                awaitScopes([=] {
+                    if (m_isStarted)
+                        return others();
+                    blame(next.entity);
+                    then(false);
+                });
+            });
         });
     });
 }

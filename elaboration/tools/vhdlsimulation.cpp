@@ -105,11 +105,11 @@ void VhdlPart::prepareFolder(const Wanted &wanted, const QString &usual,
 void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
 {
     if (!m_waveform.isEmpty() || !mayStart())
-        return takeSimulation(wanted, then);
+        return then();
     prepareFolder(wanted, m_scratch.path(), [=](const QString &folder, const ToolResult &result) {
         if (result.isGood())
             startSimulation(wanted, folder);
-        takeSimulation(wanted, then);
+        then();
     });
 }
 
@@ -120,6 +120,7 @@ void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
     const bool isWave = m_analysis.mentionsComposites() || instances < manyInstances;
     m_waveform = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
                                 QLatin1String(isWave ? ".ghw" : ".vcd"));
+    m_waveformOf = wanted.module.isEmpty() ? wanted.entity : wanted.module;
     QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
     const QMap<QString, QByteArray> defaults = defaultsOf(wanted);
     for (const QString &generic : wanted.generics) {
@@ -137,20 +138,18 @@ void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
     m_runner.startBeside(simulation);
 }
 
-void VhdlPart::takeSimulation(const Wanted &wanted, const std::function<void()> &then)
+void VhdlPart::awaitScopes(const std::function<void()> &then)
 {
-    const QString waveform = m_waveform;
-    m_waveform.clear();
-    m_isStarted = false;
-    if (waveform.isEmpty())
+    if (m_waveform.isEmpty())
         return then();
     m_runner.awaitBeside([=](const ToolResult &result) {
         m_isStarted = result.isGood();
         if (result.outcome == ToolResult::Finished)
-            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, waveform);
+            m_waveforms.insert(m_waveformOf, m_waveform);
         else if (result.outcome == ToolResult::Stopped)
             m_messages.append(
                 QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
+        m_waveform.clear();
         then();
     });
 }

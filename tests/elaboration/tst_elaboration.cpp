@@ -203,8 +203,7 @@ void repairRows()
         "== a.vhd\nentity a is port (first : in bit); end; architecture r of a is begin end;\n"
         "== b.vhd\nentity A is port (second : in bit); end; architecture r of A is begin end;\n"
         "== c.vhd\narchitecture late of a is signal s : bit; begin s <= first; end;\n",
-        "top a\nmodules a\nWARNING: @/b.vhd: What this file declares is declared a second time. What @/a.vhd "
-        "declares is used.",
+        "top a\nmodules a\nWARNING: @/b.vhd:1: A is declared a second time. What @/a.vhd declares is used.",
         "a:a first s");
     row("byte order marks and nothing", "",
         "== a.vhd\n\xef\xbb\xbf"
