@@ -238,6 +238,15 @@ void SourceCopies::replace(const QString &path, const QByteArray &text)
     write(path, text);
 }
 
+bool SourceCopies::repair(const QString &path, SourceRepair repair, BlankedNames &names)
+{
+    QByteArray text = textOf(path);
+    if (!repairSource(text, m_sources.value(path).language, repair, names))
+        return false;
+    replace(path, text);
+    return true;
+}
+
 QSet<QString> SourceCopies::includersOf(QSet<QString> files) const
 {
     for (int known = 0; known != files.size();) {

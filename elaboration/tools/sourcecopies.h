@@ -38,6 +38,8 @@ public:
     // A source as the tools get it, and another text for it from now on.
     QByteArray textOf(const QString &path) const;
     void replace(const QString &path, const QByteArray &text);
+    // Makes that repair in what the tools get. False when there is nothing to do.
+    bool repair(const QString &path, SourceRepair repair, BlankedNames &names);
     void hideModule(const QString &file, const QByteArray &name); // that the file declares
     const BlankedNames &blanked() const { return m_blanked; }
 

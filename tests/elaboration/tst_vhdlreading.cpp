@@ -54,6 +54,32 @@ void libraryRows()
         "top t\nmodules Hidden t\nWARNING: @/s.vhd:1: Hidden has no architecture and is shown as a black "
         "box, with nothing inside.",
         "t:t a\nt/u:Hidden a");
+    const QString absent = " is in no file of the project";
+    row("missing packages of VHDL", "Disabled=off.vhd",
+        "== t.vhd\nuse work.p.all; library vend; use vend.cells.all;\nuse work.q.all;\n"
+        "entity t is port (x : in w_t; y : out word_t); end;\narchitecture r of t is signal s : w_t := ZERO; "
+        "begin s <= x; end;\n== u.vhd\nentity u is port (x : in bit); end;\n"
+        "architecture r of u is begin i : entity work.t port map (x, open); end;\n"
+        "== off.vhd\npackage p is subtype w_t is bit; end;\n",
+        "top u\nmodules u\nWARNING: @/t.vhd:1: package p" + absent +
+            " that is enabled. It is in @/off.vhd\n" + "WARNING: @/t.vhd:1: package vend.cells" + absent +
+            "\nWARNING: @/t.vhd:2: package q" + absent + boxed("t"),
+        "u:u x\nu/i:t");
+    row("what follows from a missing package in a body", "",
+        "== t.vhd\nuse work.p.all;\nentity t is port (x : in bit); end;\narchitecture r of t is\n"
+        "signal s : rec_t; begin s.a <= x; end;\n",
+        "top \nmodules \nERROR: @/t.vhd:1: package p" + absent, "");
+    row("a unit that a faulty package leaves out", "",
+        sound + "== p.vhd\npackage p is\nsubtype w_t is none; end;\n"
+                "== t.vhd\nuse work.p.all;\nentity t is port (x : in w_t); end;\n"
+                "architecture r of t is begin u : entity work.sound port map (x); end;\n",
+        "top \nmodules \nERROR: @/p.vhd:2: no declaration for \"none\"", "");
+    row("names that are words of VHDL since 2008", "",
+        "== a.vhd\nentity a is port (clk, Default : in bit; property : out bit); end;\n"
+        "architecture r of a is signal Cover : bit; begin cover <= DEFAULT; property <= cover; end;\n"
+        "== b.vhd\nentity b is port (sequence : in bit; q : out bit); end;\narchitecture r of b is begin\n"
+        "u : entity work.a port map (clk => sequence, default => sequence, property => q); end;\n",
+        "top b\nmodules a b", "b:b sequence q\nb/u:a clk Default property Cover");
     row("an entity twice", "",
         sound + "== t.vhd\nentity t is port (a : in bit); end;\narchitecture r of t is begin\n"
                 "u : entity work.sound port map (a); end;\nentity sound is port (a : in bit); end;\n"
