@@ -77,7 +77,7 @@ void VhdlAnalysis::scan()
                 continue;
             if (m_entities.contains(name)) {
                 if (!m_libraries.value(file.path).contains(m_libraryOf.value(name)))
-                    m_twins.insert(name);
+                    m_twins[name] += m_libraries.value(file.path).toSet() << m_libraryOf.value(name);
                 continue;
             }
             m_entityOrder.append(name);

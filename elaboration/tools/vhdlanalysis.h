@@ -101,8 +101,8 @@ private:
     QHash<QString, QString> m_libraryOf;
     QHash<QString, QString> m_owners; // of "library.unit", the files
     QSet<QString> m_used;
-    QMap<QString, QString> m_bodiless; // entities without an architecture, and sentences about them
-    QSet<QString> m_twins;             // entities of several libraries
+    QMap<QString, QString> m_bodiless;     // entities without an architecture, and sentences about them
+    QHash<QString, QSet<QString>> m_twins; // entities of several libraries, with these
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
     bool m_mentionsLoops = false;

@@ -58,6 +58,7 @@ protected:
             if (!name.contains('/') && info["Disabled"] != QStringList(name))
                 files += QVariantMap{{"Path", path(name)},
                                      {"Type", info["Type"].toString()},
+                                     {"Library", info["Library of " + name].toString()},
                                      {"OnlyWhenUsed", info["Used"] == QStringList(name)}};
         }
         info["Files"] = files;

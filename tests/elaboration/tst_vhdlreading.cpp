@@ -34,6 +34,17 @@ void libraryRows()
     row("VHDL libraries beside Verilog", "Top=v",
         libraries + QString("== v.v\nmodule v; Top u(); endmodule\n"), "top v\nmodules Part Top v",
         "v:v\nv/u:Top A[1:0]\nv/u/U:Part S X[1:0]");
+    row("VHDL entities of one name without a statement",
+        "Library of a.vhd=la\nLibrary of b.vhd=lb\nLibrary of c.vhd=lc",
+        "== a.vhd\nentity Sub is port (input : in bit); end;\narchitecture r of Sub is begin end;\n"
+        "== b.vhd\nentity Sub is port (c : in bit); end;\narchitecture r of Sub is begin end;\n"
+        "== c.vhd\nentity Sub is port (c : in bit); end;\narchitecture r of Sub is signal s : bit; begin s "
+        "<= c; "
+        "end;\n== top.vhd\nlibrary la, lb, lc; entity top is port (x : in bit); end;\narchitecture r of top "
+        "is begin\n"
+        "u : entity lc.sub port map (x);\nv : entity la.sub port map (x);\nw : entity lb.sub port map (x); "
+        "end;\n",
+        "top top\nmodules Sub top", "top:top x\ntop/u:Sub c s\ntop/v:Sub input\ntop/w:Sub c");
     const QString sound = "== s.vhd\nentity Sound is port (a : in bit); end;\n"
                           "architecture r of Sound is begin end;\n";
     const QString halves = "== v.v\nmodule v(input x); half u(x); endmodule\n";
