@@ -36,6 +36,7 @@ struct BlankedNames
     QHash<QByteArray, VerilogLets>
         includables;          // by the name of a file: those outside of all that it declares
     QByteArray file;          // that is being looked at, without its folders
+    QList<int> binds;         // to single instances: their places in the text
     QSet<QByteArray> modules; // that are to be blanked
     VhdlFaults vhdl;          // that are to be mended
 

@@ -177,7 +177,7 @@ struct RepairRow
     bool forVerilog;
     bool forVhdl;
     const char *beginning; // a text that needs the repair begins with it,
-    const char *marks[8];  // or holds one of these
+    const char *marks[9];  // or holds one of these
     bool (*apply)(QByteArray &text, SourceLanguage language, BlankedNames &names); // false: nothing to do
     const char
         *words; // the tool's, a pattern, when the repair is for what it refused at a place; null: it is not
@@ -196,7 +196,7 @@ const RepairRow repairs[] = {
      true,
      false,
      nullptr,
-     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff"},
+     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff", "bind"},
      hideAssertions,
      nullptr},
     {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases, nullptr},
