@@ -140,14 +140,35 @@ void Elaborator::readVhdl()
     if (!anyVhdl)
         return readDesign();
     m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_copies, m_runner));
-    m_vhdl->prepare([this](bool isUsable) {
+    // Nothing of the VHDL is then translated at first.
+    const bool isVerilogTop =
+        m_verilator.hasFiles() && !m_input.top.isEmpty() && !m_vhdl->hasEntity(m_input.top);
+    if (isVerilogTop)
+        m_runner.startBeside(m_verilator.dumping());
+    m_vhdl->prepare([=](bool isUsable) {
         m_result->lists.messages += m_vhdl->takeMessages();
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             m_verilator.setTop(top);
+        if (!isUsable)
+            m_runner.stopBeside();
         if (!isUsable && !m_vhdl->didToolFail() && goOnWithout(Vhdl))
             return readDesign();
+        if (isUsable && isVerilogTop)
+            return m_runner.awaitBeside([this](const ToolResult &result) { foresee(result); });
         proceed(isUsable ? makeFiles() : Failed);
+    });
+}
+
+// Which entities Verilog instantiates is known before Verilator is asked for the whole.
+void Elaborator::foresee(const ToolResult &result)
+{
+    DesignDump dump;
+    if (result.outcome == ToolResult::Finished)
+        readDesignDump(m_verilator.treeFile(), dump);
+    m_vhdl->adapt(dump, QStringList(), [this](bool) {
+        m_result->lists.messages += m_vhdl->takeMessages();
+        proceed(makeFiles());
     });
 }
 

@@ -58,6 +58,7 @@ private:
     bool checkSources();
     bool prepareSources();
     void readVhdl();
+    void foresee(const ToolResult &result);
     bool goOnWithout(Language language);
     void readDesign();
     void warnOfRights();

@@ -22,6 +22,7 @@ VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, 
       m_runner(runner),
       m_repairs(input, scratch, names, copies)
 {
+    scan();
 }
 
 ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library, const QString &folder) const
@@ -51,7 +52,6 @@ ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &entity)
 
 void VhdlAnalysis::run(const ToolRunner::Then &then)
 {
-    scan();
     m_batches = vhdlBatches(m_order, m_libraries);
     runBatch(then);
 }
