@@ -12,7 +12,7 @@ namespace Workbench {
 QStringList modulesOfFile(const QString &path, int type)
 {
     if (type == TE::VhdlFile)
-        return QUARRY::vhdlNames(path).entities;
+        return QUARRY::vhdlEntities(path);
     // All of them, since no other file can use one here.
     return TE::isDesignFileType(type) ? QUARRY::SourceNeeds({path}).roots() : QStringList();
 }

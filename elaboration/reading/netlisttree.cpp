@@ -151,7 +151,7 @@ bool NetlistTree::addScopeChild(Level &level)
     if (level.child == level.scope->children.size())
         return false;
     const VerilatorChild &child = level.scope->children[level.child];
-    const int count = child.isArray ? rangeWidth(child.left, child.right) : 1;
+    const int count = child.count();
     if (level.element == 0)
         m_builder.expectInstances(count);
     const int i = level.element++;
@@ -167,12 +167,10 @@ bool NetlistTree::addScopeChild(Level &level)
         return true;
     }
     QString name = child.name;
-    if (child.isArray) {
-        const int index = child.left < child.right ? child.left + i : child.left - i;
-        name += QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
-    }
-    VerilatorModule &module = *child.module;
-    enter(level.node, name, module, tiedPorts(level.instance, *level.scope, child, count - 1 - i, count));
+    const int fromRight = count - 1 - i;
+    if (child.isArray)
+        name += QLatin1Char('[') + QString::number(child.index(fromRight)) + QLatin1Char(']');
+    enter(level.node, name, *child.module, tiedPorts(level.instance, *level.scope, child, fromRight));
     return true;
 }
 
@@ -260,7 +258,7 @@ bool NetlistTree::addBlockChild(Level &level)
     const Instance &instance = level.instance;
     VerilatorModule &module = *cell->module;
     level.entity->placed.insert(cell);
-    TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, 0, 1);
+    TiedNets tied = tiedPorts(instance, *instance.module->body, *cell, 0);
     if (!m_design.isGenerated(module) || module.isBlackBox || child.isEmpty()) {
         enter(level.node, name, module, tied);
         return true;
@@ -293,10 +291,10 @@ void NetlistTree::addUntranslated(Level &level, const VhdlScope &child, const QS
 // A connection that is as wide as the ports of all elements together is dealt out to them, the rightmost
 // element taking the lowest bits; a narrower one goes to each.
 TiedNets NetlistTree::tiedPorts(const Instance &instance, const VerilatorScope &scope,
-                                const VerilatorChild &child, int fromRight, int count) const
+                                const VerilatorChild &child, int fromRight) const
 {
     const VerilatorTies ties(m_design.types(), *instance.module);
-    return ties.portsOf(child, scope, *instance.tied, fromRight, count);
+    return ties.portsOf(child, scope, *instance.tied, fromRight);
 }
 
 void NetlistTree::exclude(Hierachy *node, int position, const VerilatorNet &shape, const TiedBits &bits)

@@ -49,7 +49,7 @@ private:
     Hierachy *makeVhdlNode(const Entity &entity, const Block &block, Hierachy *parent, const QString &name,
                            const QString &moduleName);
     TiedNets tiedPorts(const Instance &instance, const VerilatorScope &scope, const VerilatorChild &child,
-                       int fromRight, int count) const;
+                       int fromRight) const;
     void exclude(Hierachy *node, int position, const VerilatorNet &shape, const TiedBits &bits);
     void exclude(const Instance &instance);
 

@@ -316,13 +316,16 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
 }
 
 // An instance of an interface has such a variable, too.
-void VerilatorDesign::readInterfacePort(const pugi::xml_node &var, VerilatorModule &module)
+void VerilatorDesign::readInterfacePort(const pugi::xml_node &var, VerilatorModule &module) const
 {
     const std::string_view name = var.attribute("name").value();
     const std::string_view ofInstance = interfaceReference;
     if (name.size() > ofInstance.size() && name.substr(name.size() - ofInstance.size()) == ofInstance)
         return;
     module.interfacePorts.push_back(name);
+    const VerilatorArray array = m_types->array(var.attribute("dtype_id").value());
+    if (array.dimensions.size() == 1)
+        module.interfaceArrays.emplace(name, array.dimensions.front());
 }
 
 // An unpacked array is a memory unless it is small or a port; then each element is a net of its own.

@@ -66,7 +66,7 @@ private:
     void findOutputWires(const pugi::xml_node &body);
     void readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope);
     void readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
-    static void readInterfacePort(const pugi::xml_node &var, VerilatorModule &module);
+    void readInterfacePort(const pugi::xml_node &var, VerilatorModule &module) const;
     void readArray(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope);
     static void show(VerilatorNet &net, const NetDecl &decl, VerilatorScope &scope);
     void readGenerate(const pugi::xml_node &begin, VerilatorModule &module, VerilatorScope &scope);

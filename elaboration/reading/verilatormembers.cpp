@@ -5,17 +5,24 @@
 namespace QUARRY {
 namespace {
 
+const int mostElements =
+    1000; // of an array of interfaces or instances: what passes through others is not known
+
 bool isInterface(const VerilatorChild &child)
 {
-    return child.module && is(child.module->node, "iface") && !child.isArray;
+    return child.module && is(child.module->node, "iface");
 }
 
-// The name of the interface that a port is given as a whole.
-std::string givenInterface(const pugi::xml_node &port)
+std::string nameOf(const VerilatorChild &child)
 {
-    const std::string name = port.first_child().attribute("name").value();
-    const bool isWhole = is(port.first_child(), "varref") && !port.attribute("direction");
-    return isWhole ? name.substr(0, name.find(interfaceReference)) : std::string();
+    return child.node.attribute("name").value();
+}
+
+// "bus__BRA__1__KET__", as Verilator writes "bus[1]"; a minus is "__02D" there.
+std::string elementOf(const std::string &array, int index)
+{
+    const std::string number = (index < 0 ? "__02D" : "") + std::to_string(qAbs(qint64(index)));
+    return array + "__BRA__" + number + "__KET__";
 }
 
 } // namespace
@@ -31,12 +38,82 @@ void InterfaceMembers::find() const
     m_module.interfaces = std::set<std::string>(ports.begin(), ports.end());
     m_module.eachScope([this](const VerilatorScope &scope) {
         for (const VerilatorChild &child : scope.children) {
-            if (isInterface(child))
-                m_module.interfaces.insert(scope.path + child.node.attribute("name").value());
+            if (isInterface(child) && !child.isArray)
+                m_module.interfaces.insert(scope.path + nameOf(child));
+            else if (isInterface(child))
+                m_module.interfaceArrays.emplace(scope.path + nameOf(child),
+                                                 VerilatorArray::Dimension{child.left, child.right});
         }
     });
+    for (const auto &array : m_module.interfaceArrays) {
+        m_module.interfaces.erase(array.first);
+        for (const std::string &path : elements(m_module, array.first))
+            m_module.interfaces.insert(path);
+    }
     if (!m_module.interfaces.empty())
         m_module.eachScope([this](const VerilatorScope &scope) { addMembers(scope); });
+}
+
+int InterfaceMembers::elementCount(const VerilatorChild &child)
+{
+    return qMin(child.count(), mostElements);
+}
+
+// The interface itself, or those of an array in declared order.
+InterfaceMembers::Paths InterfaceMembers::elements(const VerilatorModule &module, const std::string &path)
+{
+    const auto array = module.interfaceArrays.find(path);
+    if (array == module.interfaceArrays.end())
+        return {path};
+    const int left = array->second.left;
+    const int right = array->second.right;
+    Paths paths;
+    for (int i = 0; i < qMin(rangeWidth(left, right), mostElements); ++i)
+        paths.push_back(elementOf(path, left < right ? left + i : left - i));
+    return paths;
+}
+
+// The interfaces of this module that a port is given; none when it is given anything else.
+InterfaceMembers::Paths InterfaceMembers::givenTo(const pugi::xml_node &port,
+                                                  const VerilatorScope &scope) const
+{
+    const pugi::xml_node value = port.first_child();
+    const bool isElement = is(value, "arraysel");
+    const pugi::xml_node reference = isElement ? value.first_child() : value;
+    if (port.attribute("direction") || !is(reference, "varref"))
+        return {};
+    const std::string name = reference.attribute("name").value();
+    const std::string path = interfaceNamed(name.substr(0, name.find(interfaceReference)), scope);
+    if (!isElement)
+        return path.empty() ? Paths() : elements(m_module, path);
+    const auto array = m_module.interfaceArrays.find(path);
+    const pugi::xml_node index = reference.next_sibling();
+    if (array == m_module.interfaceArrays.end() || !is(index, "const"))
+        return {};
+    const qint64 lowest = qMin(array->second.left, array->second.right); // from which the index counts
+    const std::string element =
+        elementOf(path, int(lowest + VerilatorConstant(index.attribute("name").value()).number()));
+    return m_module.interfaces.count(element) ? Paths{element} : Paths();
+}
+
+std::vector<std::pair<std::string, std::string>> InterfaceMembers::given(const VerilatorChild &child,
+                                                                         const pugi::xml_node &port,
+                                                                         const VerilatorScope &scope,
+                                                                         int fromRight) const
+{
+    const Paths outside = givenTo(port, scope);
+    std::vector<std::pair<std::string, std::string>> pairs;
+    if (outside.empty() || !child.module)
+        return pairs;
+    const Paths inside =
+        elements(*child.module, std::string(child.module->portName(port.attribute("name").value())));
+    // An array is dealt out to an array of instances.
+    const size_t count = size_t(child.count());
+    const bool isDealt = outside.size() == inside.size() * count;
+    const size_t first = isDealt ? inside.size() * (count - 1 - size_t(fromRight)) : 0;
+    for (size_t i = 0; i < inside.size() && (isDealt || outside.size() == inside.size()); ++i)
+        pairs.emplace_back(outside[first + i], inside[i]);
+    return pairs;
 }
 
 // Those that expressions name, and those that instances name which are given the interface.
@@ -47,12 +124,12 @@ void InterfaceMembers::addMembers(const VerilatorScope &scope) const
     for (const VerilatorChild &child : scope.children) {
         for (const pugi::xml_node &port : child.node.children("port")) {
             addMembersIn(port, scope);
-            const std::string interface = interfaceNamed(givenInterface(port), scope);
-            if (interface.empty() || !child.module)
-                continue;
-            const std::string inside(child.module->portName(port.attribute("name").value()));
-            for (const auto &member : membersOf(*child.module, inside))
-                addMember(interface + member.first, child.module->nets[size_t(member.second)]);
+            for (int i = 0; i < elementCount(child) && !givenTo(port, scope).empty(); ++i) {
+                for (const auto &pair : given(child, port, scope, i)) {
+                    for (const auto &member : membersOf(*child.module, pair.second))
+                        addMember(pair.first + member.first, child.module->nets[size_t(member.second)]);
+                }
+            }
         }
     }
 }
@@ -103,17 +180,17 @@ int InterfaceMembers::netOf(const pugi::xml_node &varxref, const VerilatorScope 
 std::string InterfaceMembers::interfaceNamed(const std::string &name, const VerilatorScope &scope) const
 {
     for (const VerilatorScope *at = &scope; at && !name.empty(); at = at->outer) {
-        if (m_module.interfaces.count(at->path + name))
+        if (m_module.interfaces.count(at->path + name) || m_module.interfaceArrays.count(at->path + name))
             return at->path + name;
     }
     return std::string();
 }
 
-std::vector<InterfaceMembers::Shared> InterfaceMembers::sharedWith(const VerilatorChild &child,
-                                                                   const VerilatorScope &scope) const
+std::vector<InterfaceMembers::Shared>
+InterfaceMembers::sharedWith(const VerilatorChild &child, const VerilatorScope &scope, int fromRight) const
 {
     std::vector<Shared> shared;
-    if (m_module.members.empty() || !child.module || child.isArray)
+    if (m_module.members.empty() || !child.module || fromRight >= elementCount(child))
         return shared;
     const VerilatorModule &module = *child.module;
     const auto add = [&](int outside, int inside) {
@@ -121,8 +198,9 @@ std::vector<InterfaceMembers::Shared> InterfaceMembers::sharedWith(const Verilat
             shared.push_back({outside, inside});
     };
     if (isInterface(child)) {
-        const std::string path = scope.path + child.node.attribute("name").value();
-        for (const auto &member : membersOf(m_module, path)) {
+        const std::string path = scope.path + nameOf(child);
+        for (const auto &member :
+             membersOf(m_module, child.isArray ? elementOf(path, child.index(fromRight)) : path)) {
             const VerilatorModule::Span nets =
                 VerilatorModule::netsNamed(member.first.c_str() + 1, *module.body);
             if (nets.count == 1)
@@ -130,14 +208,12 @@ std::vector<InterfaceMembers::Shared> InterfaceMembers::sharedWith(const Verilat
         }
     }
     for (const pugi::xml_node &port : child.node.children("port")) {
-        const std::string interface = interfaceNamed(givenInterface(port), scope);
-        if (interface.empty())
-            continue;
-        const std::string inside(module.portName(port.attribute("name").value()));
-        for (const auto &member : membersOf(module, inside)) {
-            const auto outside = m_module.members.find(interface + member.first);
-            if (outside != m_module.members.end())
-                add(outside->second, member.second);
+        for (const auto &pair : given(child, port, scope, fromRight)) {
+            for (const auto &member : membersOf(module, pair.second)) {
+                const auto outside = m_module.members.find(pair.first + member.first);
+                if (outside != m_module.members.end())
+                    add(outside->second, member.second);
+            }
         }
     }
     return shared;

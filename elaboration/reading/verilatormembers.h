@@ -21,9 +21,19 @@ public:
     void find() const; // those that the module speaks of; its instances' modules must have been asked
     // The net that stands for a member, which a <varxref> names; -1 when none does.
     int netOf(const pugi::xml_node &varxref, const VerilatorScope &scope) const;
-    std::vector<Shared> sharedWith(const VerilatorChild &child, const VerilatorScope &scope) const;
+    // Of an array of instances, with the element that stands there.
+    std::vector<Shared> sharedWith(const VerilatorChild &child, const VerilatorScope &scope,
+                                   int fromRight) const;
+    static int elementCount(const VerilatorChild &child); // those that are looked at
 
 private:
+    using Paths = std::vector<std::string>; // of interfaces, "g.bus"
+    static Paths elements(const VerilatorModule &module, const std::string &path);
+    Paths givenTo(const pugi::xml_node &port, const VerilatorScope &scope) const;
+    // What a port of that element is given, and what it is inside.
+    std::vector<std::pair<std::string, std::string>> given(const VerilatorChild &child,
+                                                           const pugi::xml_node &port,
+                                                           const VerilatorScope &scope, int fromRight) const;
     void addMembers(const VerilatorScope &scope) const;
     void addMembersIn(const pugi::xml_node &expression, const VerilatorScope &scope) const;
     void addMember(const std::string &path, const VerilatorNet &shape) const;

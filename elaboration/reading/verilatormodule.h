@@ -38,6 +38,9 @@ struct VerilatorChild
     bool isArray = false;
     int left = 0;
     int right = 0;
+
+    int count() const { return isArray ? rangeWidth(left, right) : 1; }
+    int index(int fromRight) const { return left < right ? right - fromRight : right + fromRight; }
 };
 
 // An unpacked array of which each element is a net.
@@ -104,7 +107,8 @@ struct VerilatorModule
     // Members of interfaces that the module has or is given, as far as anyone speaks of them: "g.bus.data" to
     // the number in `nets` of what stands for it.
     std::map<std::string, int> members;
-    std::set<std::string> interfaces; // "g.bus"
+    std::set<std::string> interfaces;                                 // "g.bus"
+    std::map<std::string, VerilatorArray::Dimension> interfaceArrays; // whose elements are among those
     std::vector<std::string_view> interfacePorts;
     TiedNets driven;              // bits of these, and of an interface's own nets, that have a driver in here
     bool hasContested = false;    // the next member is filled

@@ -67,8 +67,9 @@ const TiedNets &VerilatorTies::withPorts(const TiedNets &ports) const
 }
 
 TiedNets VerilatorTies::portsOf(const VerilatorChild &child, const VerilatorScope &scope,
-                                const TiedNets &tied, int fromRight, int count) const
+                                const TiedNets &tied, int fromRight) const
 {
+    const int count = child.count();
     TiedNets result;
     const VerilatorModule &module = *child.module;
     for (const pugi::xml_node &port : child.node.children("port")) {
@@ -92,7 +93,7 @@ TiedNets VerilatorTies::portsOf(const VerilatorChild &child, const VerilatorScop
                 result.emplace(net, part);
         }
     }
-    for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
+    for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope, fromRight)) {
         const auto known = tied.find(shared.outside);
         if (known != tied.end())
             result.emplace(shared.inside, known->second);
@@ -124,10 +125,12 @@ void VerilatorTies::countScope(const VerilatorScope &scope, Drivers &drivers) co
             if (std::strcmp(port.attribute("direction").value(), "in") != 0)
                 count(port.first_child(), scope, drivers);
         }
-        for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
-            const auto driven = child.module->driven.find(shared.inside);
-            if (driven != child.module->driven.end())
-                addDrivers(shared.outside, driven->second, drivers);
+        for (int i = 0; i < InterfaceMembers::elementCount(child); ++i) {
+            for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope, i)) {
+                const auto driven = child.module->driven.find(shared.inside);
+                if (driven != child.module->driven.end())
+                    addDrivers(shared.outside, driven->second, drivers);
+            }
         }
     }
 }
@@ -149,7 +152,7 @@ bool VerilatorTies::anyConstant() const
     bool found = false;
     m_module.eachScope([this, &found](const VerilatorScope &scope) {
         for (const VerilatorChild &child : scope.children)
-            found = found || (child.module && !tiedIn(child, scope, TiedNets()).empty());
+            found = found || (child.module && !tiedIn(child, scope, TiedNets(), 0).empty());
         for (const pugi::xml_node &assignment : scope.assigns)
             found = found || hasTie(m_values.assigned(assignment, scope, TiedNets()));
     });
@@ -249,11 +252,32 @@ bool VerilatorTies::passesConstants() const
 
 // What is tied in an instance: in every one of the module, and behind the ports that are tied here.
 const TiedNets &VerilatorTies::tiedIn(const VerilatorChild &child, const VerilatorScope &scope,
-                                      const TiedNets &tied) const
+                                      const TiedNets &tied, int fromRight) const
 {
-    if (child.isArray || !child.module->passesConstants)
+    if (!child.module->passesConstants)
         return child.module->tied;
-    return VerilatorTies(m_types, *child.module, m_depth + 1).withPorts(portsOf(child, scope, tied, 0, 1));
+    return VerilatorTies(m_types, *child.module, m_depth + 1)
+        .withPorts(portsOf(child, scope, tied, fromRight));
+}
+
+// What an output drives, of an array those of all elements: the rightmost one has the lowest bits.
+TiedBits VerilatorTies::outputOf(const VerilatorChild &child, const pugi::xml_node &port,
+                                 const std::vector<const TiedNets *> &inside) const
+{
+    const VerilatorModule &module = *child.module;
+    const VerilatorModule::Span nets = module.netsOfPort(port.attribute("name").value());
+    TiedBits value(size_t(m_values.width(port.first_child())));
+    const size_t width =
+        nets.count == 0 ? 0 : size_t(nets.count) * size_t(module.nets[size_t(nets.first)].width());
+    // Where all drive the same net, none decides.
+    if (width == 0 || (child.count() > 1 && value.size() != width * size_t(child.count())))
+        return value;
+    for (size_t element = 0; element < size_t(child.count()); ++element) {
+        const TiedBits bits = tiedOf(nets, element < inside.size() ? *inside[element] : module.tied, module);
+        for (size_t i = 0; i < bits.size() && element * width + i < value.size(); ++i)
+            value[element * width + i] = bits[i];
+    }
+    return value;
 }
 
 // What is tied in an instance is tied behind its outputs, too.
@@ -263,25 +287,24 @@ bool VerilatorTies::takeOutputs(const VerilatorScope &scope, TiedNets &tied) con
     for (const VerilatorChild &child : scope.children) {
         if (!child.module)
             continue;
-        const TiedNets &inside = tiedIn(child, scope, tied);
-        if (inside.empty())
+        std::vector<const TiedNets *> inside; // of elements from the right
+        bool anyTied = false;
+        for (int i = 0; i < InterfaceMembers::elementCount(child); ++i) {
+            inside.push_back(&tiedIn(child, scope, tied, i));
+            anyTied = anyTied || !inside.back()->empty();
+        }
+        if (!anyTied)
             continue;
         for (const pugi::xml_node &port : child.node.children("port")) {
-            if (std::strcmp(port.attribute("direction").value(), "out") != 0)
-                continue;
-            const VerilatorModule &module = *child.module;
-            const TiedBits net = tiedOf(module.netsOfPort(port.attribute("name").value()), inside, module);
-            if (net.empty())
-                continue;
-            TiedBits value(size_t(m_values.width(port.first_child())));
-            for (size_t i = 0; i < value.size(); ++i) // an array of instances repeats it
-                value[i] = (child.isArray || i < net.size()) && net[i % net.size()];
-            grown = drive(port.first_child(), value, scope, tied) || grown;
+            if (std::strcmp(port.attribute("direction").value(), "out") == 0)
+                grown = drive(port.first_child(), outputOf(child, port, inside), scope, tied) || grown;
         }
-        for (const InterfaceMembers::Shared &shared : m_members.sharedWith(child, scope)) {
-            const auto net = inside.find(shared.inside);
-            for (size_t i = 0; net != inside.end() && i < net->second.size(); ++i)
-                grown = (net->second[i] && set(shared.outside, qint64(i), tied)) || grown;
+        for (size_t element = 0; element < inside.size(); ++element) {
+            for (const auto &shared : m_members.sharedWith(child, scope, int(element))) {
+                const auto net = inside[element]->find(shared.inside);
+                for (size_t i = 0; net != inside[element]->end() && i < net->second.size(); ++i)
+                    grown = (net->second[i] && set(shared.outside, qint64(i), tied)) || grown;
+            }
         }
     }
     return grown;

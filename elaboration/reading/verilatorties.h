@@ -18,11 +18,11 @@ public:
     void findOwn() const;
     // All ties of an instance of which these ports are tied. Kept in the module.
     const TiedNets &withPorts(const TiedNets &ports) const;
-    // The inputs of an instance that are tied outside of it. Of an array of `count`, those of the element
+    // The inputs of an instance that are tied outside of it. Of an array, those of the element
     // that stands at `fromRight`: a connection that is as wide as the ports of all elements together is dealt
     // out to them, the rightmost element taking the lowest bits; a narrower one goes to each.
     TiedNets portsOf(const VerilatorChild &child, const VerilatorScope &scope, const TiedNets &tied,
-                     int fromRight, int count) const;
+                     int fromRight) const;
 
 private:
     // Whether anything in the module is a constant at all; of most modules no more needs to be known.
@@ -34,8 +34,8 @@ private:
     // Adds what follows from ties that are known already, such as those of an instance's ports.
     void follow(TiedNets &tied) const;
     bool passesConstants() const;
-    const TiedNets &tiedIn(const VerilatorChild &child, const VerilatorScope &scope,
-                           const TiedNets &tied) const;
+    const TiedNets &tiedIn(const VerilatorChild &child, const VerilatorScope &scope, const TiedNets &tied,
+                           int fromRight) const;
     using Drivers = std::unordered_map<int, std::vector<int>>; // drivers of each bit, by number of the net
 
     void findContested() const;
@@ -46,6 +46,8 @@ private:
     bool assign(const pugi::xml_node &assignment, const VerilatorScope &scope, TiedNets &tied) const;
     bool drive(const pugi::xml_node &left, const TiedBits &value, const VerilatorScope &scope,
                TiedNets &tied) const;
+    TiedBits outputOf(const VerilatorChild &child, const pugi::xml_node &port,
+                      const std::vector<const TiedNets *> &inside) const;
     bool takeOutputs(const VerilatorScope &scope, TiedNets &tied) const;
     bool assignAll(const VerilatorScope &scope, TiedNets &tied) const;
     bool set(int net, qint64 bit, TiedNets &tied) const;

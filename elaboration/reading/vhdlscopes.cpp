@@ -2,7 +2,6 @@
 
 #include "elaboration/reading/ghwfile.h"
 
-#include <QBuffer>
 #include <QRegExp>
 
 #include "host/regularfile.h"
@@ -11,29 +10,44 @@ namespace QUARRY {
 
 namespace {
 
-// "$var reg 8 # d[7:0] $end"
-bool readVariable(const QString &line, VhdlSignal &signal)
+const char lastWord[] = " $end";
+
+// What stands between that many words and the last one; empty when nothing does.
+QByteArray textBehind(int words, const QByteArray &line)
 {
-    QRegExp variable(QLatin1String("\\$var (\\w+) \\d+ \\S+ (.*) \\$end"));
-    if (!variable.exactMatch(line) || variable.cap(1) == QLatin1String("real"))
+    int begin = 0;
+    for (; words > 0 && (begin > 0 || line.startsWith('$')); --words)
+        begin = line.indexOf(' ', begin) + 1;
+    const int size = line.size() - int(sizeof lastWord) + 1 - begin;
+    return words == 0 && begin > 0 && size > 0 && line.endsWith(lastWord) ? line.mid(begin, size)
+                                                                          : QByteArray();
+}
+
+// "$var reg 8 # d[7:0] $end"
+bool readVariable(const QByteArray &line, VhdlSignal &signal)
+{
+    QByteArray name = line.startsWith("$var ") ? textBehind(4, line) : QByteArray();
+    if (name.isEmpty() || line.startsWith("$var real "))
         return false;
-    QRegExp range(QLatin1String("(.*)\\[(-?\\d+):(-?\\d+)\\]"));
-    signal.hasShape = variable.cap(1) == QLatin1String("reg");
-    signal.isBus = range.exactMatch(variable.cap(2));
-    signal.name = plainVhdlName(signal.isBus ? range.cap(1) : variable.cap(2));
-    signal.left = range.cap(2).toInt();
-    signal.right = range.cap(3).toInt();
+    signal.hasShape = line.startsWith("$var reg ");
+    const int bracket = name.endsWith(']') ? name.lastIndexOf('[') : -1;
+    const int colon = bracket < 0 ? -1 : name.indexOf(':', bracket);
+    if (colon > 0) {
+        signal.left = name.mid(bracket + 1, colon - bracket - 1).toInt(&signal.isBus);
+        signal.right = name.mid(colon + 1, name.size() - colon - 2).toInt();
+    }
+    signal.name = plainVhdlName(QString::fromUtf8(signal.isBus ? name.left(bracket) : name));
     return true;
 }
 
 // "$comment state is not handled $end"
-bool readUnhandled(const QString &line, VhdlSignal &signal)
+bool readUnhandled(const QByteArray &line, VhdlSignal &signal)
 {
-    QRegExp comment(QLatin1String("\\$comment (.*) is not handled \\$end"));
-    if (!comment.exactMatch(line))
+    const QByteArray ending = " is not handled";
+    const QByteArray text = line.startsWith("$comment ") ? textBehind(1, line) : QByteArray();
+    if (!text.endsWith(ending))
         return false;
-    signal = VhdlSignal();
-    signal.name = plainVhdlName(comment.cap(1));
+    signal.name = plainVhdlName(QString::fromUtf8(text.left(text.size() - ending.size())));
     return true;
 }
 
@@ -48,7 +62,9 @@ QString plainVhdlName(const QString &name)
 
 bool isGhdlOwnName(const QString &name)
 {
-    return QRegExp(QLatin1String("n\\d+(_[a-z]+)?")).exactMatch(name);
+    static const QRegExp pattern(QLatin1String("n\\d+(_[a-z]+)?"));
+    return name.startsWith(QLatin1Char('n')) && name.size() > 1 && name.at(1).isDigit() &&
+           QRegExp(pattern).exactMatch(name);
 }
 
 QString VhdlScope::label() const
@@ -74,22 +90,22 @@ std::unique_ptr<VhdlScope> readVhdlScopes(const QString &waveform, const QString
     VhdlScope all;
     if (isGhwFile(bytes))
         return readGhwScopes(bytes, all) ? all.takeEntity(entity) : nullptr;
-    QBuffer file(&bytes);
-    file.open(QIODevice::ReadOnly);
     std::vector<VhdlScope *> open(1, &all);
-    QRegExp scope(QLatin1String("\\$scope \\w+ (.*) \\$end"));
-    while (!file.atEnd()) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+    for (int begin = 0, end = 0; begin < bytes.size(); begin = end + 1) {
+        end = bytes.indexOf('\n', begin);
+        end = end < 0 ? bytes.size() : end;
+        const QByteArray line = bytes.mid(begin, end - begin).trimmed();
         VhdlSignal signal;
-        if (line.startsWith(QLatin1String("$enddefinitions")))
+        if (line.startsWith("$enddefinitions"))
             break;
         if (open.size() > mostVhdlLevels)
             return nullptr;
-        if (scope.exactMatch(line)) {
+        const QByteArray scope = line.startsWith("$scope ") ? textBehind(2, line) : QByteArray();
+        if (!scope.isEmpty()) {
             open.back()->children.emplace_back(new VhdlScope);
             open.push_back(open.back()->children.back().get());
-            open.back()->name = plainVhdlName(scope.cap(1));
-        } else if (line.startsWith(QLatin1String("$upscope")) && open.size() > 1) {
+            open.back()->name = plainVhdlName(QString::fromUtf8(scope));
+        } else if (line.startsWith("$upscope") && open.size() > 1) {
             open.pop_back();
         } else if (readVariable(line, signal) || readUnhandled(line, signal)) {
             open.back()->signalList.push_back(signal);

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QSet>
 
+#include "elaboration/tools/vhdlfaults.h"
+
 namespace QUARRY {
 
 // Text in which numbers of formal arguments stand: a text, a number, a text, ... , a text.
@@ -34,7 +36,9 @@ struct BlankedNames
     QHash<QByteArray, VerilogLets>
         includables;          // by the name of a file: those outside of all that it declares
     QByteArray file;          // that is being looked at, without its folders
+    QList<int> binds;         // to single instances: their places in the text
     QSet<QByteArray> modules; // that are to be blanked
+    VhdlFaults vhdl;          // that are to be mended
 
     bool haveUses() const { return !checkers.isEmpty() || !groups.isEmpty(); }
     bool contains(const QByteArray &name) const

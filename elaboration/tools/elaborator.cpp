@@ -124,33 +124,12 @@ bool Elaborator::prepareSources()
     m_result->lists.messages += m_copies.look(m_verilator.files(), VerilogSource);
     m_result->lists.messages += m_copies.look(vhdl, VhdlSource);
     m_copies.update();
-    const QMap<QString, QString> repeated = repeatedVhdl();
-    for (auto file = repeated.begin(); file != repeated.end(); ++file)
-        m_result->lists.messages.append(
-            QString::fromLatin1(
-                "WARNING: %1: What this file declares is declared a second time. What %2 declares is "
-                "used.")
-                .arg(file.key(), file.value()));
     for (int i = m_input.files.size() - 1; i >= 0; --i) {
         const QString path = m_input.files.at(i).path;
-        if (m_input.files.at(i).type == TE::VhdlFile && (m_copies.isEmpty(path) || repeated.contains(path)))
+        if (m_input.files.at(i).type == TE::VhdlFile && m_copies.isEmpty(path))
             m_input.files.removeAt(i);
     }
     return !m_result->lists.anyError();
-}
-
-// GHDL would use what is declared last, and Verilator uses what is declared first.
-QMap<QString, QString> Elaborator::repeatedVhdl() const
-{
-    QMap<QString, QStringList> libraries;
-    for (const DesignSource &source : m_input.files) {
-        if (source.type == TE::VhdlFile)
-            libraries[source.library].append(source.path);
-    }
-    QMap<QString, QString> repeated;
-    for (const QStringList &files : libraries)
-        repeated.unite(repeatedFiles(files));
-    return repeated;
 }
 
 void Elaborator::readVhdl()
@@ -161,14 +140,35 @@ void Elaborator::readVhdl()
     if (!anyVhdl)
         return readDesign();
     m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_copies, m_runner));
-    m_vhdl->prepare([this](bool isUsable) {
+    // Nothing of the VHDL is then translated at first.
+    const bool isVerilogTop =
+        m_verilator.hasFiles() && !m_input.top.isEmpty() && !m_vhdl->hasEntity(m_input.top);
+    if (isVerilogTop)
+        m_runner.startBeside(m_verilator.dumping());
+    m_vhdl->prepare([=](bool isUsable) {
         m_result->lists.messages += m_vhdl->takeMessages();
         const QString top = m_vhdl->moduleOf(m_input.top);
         if (!top.isEmpty())
             m_verilator.setTop(top);
+        if (!isUsable)
+            m_runner.stopBeside();
         if (!isUsable && !m_vhdl->didToolFail() && goOnWithout(Vhdl))
             return readDesign();
+        if (isUsable && isVerilogTop)
+            return m_runner.awaitBeside([this](const ToolResult &result) { foresee(result); });
         proceed(isUsable ? makeFiles() : Failed);
+    });
+}
+
+// Which entities Verilog instantiates is known before Verilator is asked for the whole.
+void Elaborator::foresee(const ToolResult &result)
+{
+    DesignDump dump;
+    if (result.outcome == ToolResult::Finished)
+        readDesignDump(m_verilator.treeFile(), dump);
+    m_vhdl->adapt(dump, QStringList(), [this](bool) {
+        m_result->lists.messages += m_vhdl->takeMessages();
+        proceed(makeFiles());
     });
 }
 
@@ -192,10 +192,18 @@ void Elaborator::proceed(Verdict verdict)
 {
     if (verdict == Again)
         return readDesign();
-    if (verdict == Done)
-        finish();
-    warnOfRights();
-    end();
+    const auto close = [=] {
+        if (verdict == Done)
+            finish();
+        warnOfRights();
+        end();
+    };
+    if (verdict == Failed || !m_vhdl)
+        return close();
+    m_vhdl->awaitScopes([=] {
+        m_result->lists.messages += m_vhdl->takeMessages();
+        close();
+    });
 }
 
 void Elaborator::judge(const ToolResult &result)

@@ -57,8 +57,8 @@ private:
 
     bool checkSources();
     bool prepareSources();
-    QMap<QString, QString> repeatedVhdl() const;
     void readVhdl();
+    void foresee(const ToolResult &result);
     bool goOnWithout(Language language);
     void readDesign();
     void warnOfRights();

@@ -266,10 +266,13 @@ bool GhdlVerilog::hasTwin(const QString &written) const
 // That of most of its statements: those of functions of packages may be from anywhere.
 QString GhdlVerilog::libraryOf(const Module &module) const
 {
+    const QSet<QString> candidates = m_given.twins.value(entityOf(module.name, m_given.entities).toLower());
     QHash<QString, int> votes;
     QString most;
     for (const std::string &place : module.places) {
         const QString library = m_given.libraries.value(text(place).section(QLatin1Char(':'), 0, -2));
+        if (!candidates.isEmpty() && !candidates.contains(library))
+            continue;
         if (++votes[library] > votes.value(most) || most.isEmpty())
             most = library;
     }
@@ -279,6 +282,30 @@ QString GhdlVerilog::libraryOf(const Module &module) const
 QString GhdlVerilog::targetOf(const QString &written, const std::string &place, const QString &library) const
 {
     return hasTwin(written) ? m_given.targets.value(text(place), library) : QString();
+}
+
+// The module without a statement that an instance with these pins means, in a library where none is known;
+// empty when there is none.
+QString GhdlVerilog::emptyTwin(const QString &written, const QString &library,
+                               const std::vector<std::string> &lines, size_t instance)
+{
+    if (m_emptyTwins.isEmpty() || !hasTwin(written) || contains(moduleName(written, library)))
+        return QString();
+    for (const QString &name : m_emptyTwins.value(written)) {
+        const std::vector<std::string> &ports = m_modules[size_t(m_index.value(name))].ports;
+        size_t pins = 0;
+        for (; pins < ports.size() && instance + 1 + pins < lines.size(); ++pins) {
+            GhdlWords words(lines[instance + 1 + pins]);
+            GhdlWord pin;
+            if (!words.next(pin) || !pin.isPin || pin.name != ports[pins])
+                break;
+        }
+        if (pins == ports.size() && m_libraries.value(name, library) == library) {
+            m_libraries.insert(name, library);
+            return name;
+        }
+    }
+    return QString();
 }
 
 // Short, and the same whenever GHDL writes it.
@@ -305,7 +332,11 @@ void GhdlVerilog::take(Module &module)
     const bool isHollow = m_given.hollow.contains(entity.toLower());
     const bool isBlackBox = m_given.components.contains(written.toLower());
     const QString library = m_given.twins.isEmpty() ? QString() : libraryOf(module);
-    module.name = moduleName(written, hasTwin(written) ? library : QString());
+    const bool isEmptyTwin = hasTwin(written) && library.isEmpty() && written != m_top;
+    module.name = moduleName(written, isEmptyTwin ? QLatin1Char('e') +
+                                                        QString::number(m_emptyTwins.value(written).size())
+                                      : hasTwin(written) ? library
+                                                         : QString());
     module.ports = scan.ports;
     dropSecondDeclarations(module.lines, std::move(scan.declaredTwice));
     Lines kinds;
@@ -333,7 +364,9 @@ void GhdlVerilog::take(Module &module)
             ++m_instances;
             const GhdlWord &word = kinds.module();
             const QString given = text(word.name);
-            const QString target = moduleName(given, targetOf(given, module.places.value(i), library));
+            const QString inLibrary = targetOf(given, module.places.value(i), library);
+            const QString empty = emptyTwin(given, inLibrary, module.lines, i);
+            const QString target = empty.isEmpty() ? moduleName(given, inLibrary) : empty;
             module.instantiated.insert(target);
             if (target != given)
                 out.replace(word.begin, word.end - word.begin, bytes(target));
@@ -345,7 +378,9 @@ void GhdlVerilog::take(Module &module)
     if (contains(module.name) || (isBlackBox && !anyBody))
         return;
     m_names.insert(module.name, entity);
-    if (hasTwin(written))
+    if (isEmptyTwin)
+        m_emptyTwins[written].append(module.name);
+    else if (hasTwin(written))
         m_libraries.insert(module.name, library);
     put(module);
 }

@@ -21,9 +21,9 @@ struct GhdlNames
     QSet<QString> components;         // without an entity, in lower case: their empty modules are left out
     QSet<QString> hollow;             // entities of which only the ports count, in lower case
     QSet<QString> undriven;           // signals whose drivers were left out, in lower case
-    // Entities that several libraries have, which GHDL translates under one name; all in lower case but for
-    // files, which are as GHDL names them.
-    QSet<QString> twins;
+    // Entities that several libraries have, with these, which GHDL translates under one name; all in lower
+    // case but for files, which are as GHDL names them.
+    QHash<QString, QSet<QString>> twins;
     QHash<QString, QString> libraries; // of files
     QHash<QString, QString> targets;   // "file:line" of an instance to the library that it names
 };
@@ -81,6 +81,8 @@ private:
     QString targetOf(const QString &written, const std::string &place, const QString &library) const;
     static QString spelledAs(const QString &word, const QStringList &spellings);
     static std::string headLine(const Module &module, const std::string &port);
+    QString emptyTwin(const QString &written, const QString &library, const std::vector<std::string> &lines,
+                      size_t instance);
     QString moduleName(const QString &written, const QString &library);
     bool hasTwin(const QString &written) const;
     const Module *find(const QString &module) const;
@@ -96,6 +98,8 @@ private:
     QHash<QString, int> m_index;
     QHash<QString, QString> m_short; // long names of modules
     QMap<QString, QString> m_names, m_libraries;
+    // Modules of which no statement tells the library, by what GHDL calls them, until an instance does.
+    QHash<QString, QStringList> m_emptyTwins;
 };
 
 } // namespace QUARRY

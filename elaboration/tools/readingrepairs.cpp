@@ -344,6 +344,10 @@ QStringList ReadingRepairs::notes() const
         notes.append(QString::fromLatin1("WARNING: %1:%2: This is no Verilog, so the file is read as "
                                          "SystemVerilog.")
                          .arg(file.key(), QString::number(file.value())));
+    for (const QString &place : m_copies.lostBinds())
+        notes.append(
+            QLatin1String("WARNING: ") + place +
+            QLatin1String(": What is bound to a single instance is not shown. Bind it to the module."));
     if (m_verilator.definesToolMacro())
         notes.append(QLatin1String("WARNING: The sources can be read only with the macro VERILATOR, which "
                                    "synthesis does not define. What depends on it may differ in hardware."));

@@ -196,7 +196,11 @@ bool SourceCopies::update()
             continue;
         QByteArray text = sourceOf(source.key());
         const QByteArray before = text;
+        m_blanked.binds.clear();
         const int made = repairSource(text, source->language, wanted, m_blanked);
+        for (const int at : m_blanked.binds)
+            m_lostBinds.append(source.key() + QLatin1Char(':') +
+                               QString::number(before.left(at).count('\n') + 1));
         source->made = wanted;
         source->isEmpty = holdsNothing(text, source->language);
         if ((made & HideEncrypted) && !m_encrypted.contains(source.key()))
@@ -207,6 +211,8 @@ bool SourceCopies::update()
     if (texts.isEmpty())
         return false;
     m_encrypted.sort();
+    m_lostBinds.sort();
+    m_lostBinds.removeDuplicates();
     for (const QString &path : includersOf(texts.keys().toSet())) {
         if (!texts.contains(path) && !m_copies.contains(path))
             texts.insert(path, sourceOf(path));
@@ -236,6 +242,15 @@ void SourceCopies::replace(const QString &path, const QByteArray &text)
 {
     addCopy(path);
     write(path, text);
+}
+
+bool SourceCopies::repair(const QString &path, SourceRepair repair, BlankedNames &names)
+{
+    QByteArray text = textOf(path);
+    if (!repairSource(text, m_sources.value(path).language, repair, names))
+        return false;
+    replace(path, text);
+    return true;
 }
 
 QSet<QString> SourceCopies::includersOf(QSet<QString> files) const

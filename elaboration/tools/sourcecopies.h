@@ -38,6 +38,8 @@ public:
     // A source as the tools get it, and another text for it from now on.
     QByteArray textOf(const QString &path) const;
     void replace(const QString &path, const QByteArray &text);
+    // Makes that repair in what the tools get. False when there is nothing to do.
+    bool repair(const QString &path, SourceRepair repair, BlankedNames &names);
     void hideModule(const QString &file, const QByteArray &name); // that the file declares
     const BlankedNames &blanked() const { return m_blanked; }
 
@@ -45,7 +47,9 @@ public:
     bool update();
 
     QStringList encrypted() const { return m_encrypted; } // files of which a part was left out for that
-    bool isEmpty(const QString &file) const;              // VHDL of which nothing is left to be read
+    // "FILE:LINE" of each `bind` to a single instance, which no tool reads.
+    QStringList lostBinds() const { return m_lostBinds; }
+    bool isEmpty(const QString &file) const; // VHDL of which nothing is left to be read
 
 private:
     struct Source
@@ -77,6 +81,7 @@ private:
     BlankedNames m_blanked;
     QSet<QString> m_learnt; // files of which it knows all of them
     QStringList m_encrypted;
+    QStringList m_lostBinds;
     int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates | SplitGenerics;
 };
 

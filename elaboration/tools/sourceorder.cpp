@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "elaboration/tools/vhdlscan.h"
+
 namespace QUARRY {
 namespace {
 
@@ -19,6 +21,16 @@ struct SourceWords
 QString bareText(const QByteArray &source, SourceLanguage language)
 {
     return QString::fromLatin1(withoutComments(source, language));
+}
+
+QStringList entitiesOf(const VhdlScan &scan)
+{
+    QStringList names;
+    for (const VhdlUnit &unit : scan.units) {
+        if (unit.kind == VhdlUnit::Entity)
+            names.append(unit.name);
+    }
+    return names;
 }
 
 void collect(const QString &text, const char *pattern, QSet<QString> &names)
@@ -195,41 +207,9 @@ QString fileOfModule(const QString &module, const QStringList &files)
     return QString();
 }
 
-VhdlNames vhdlNames(const QString &path)
+QStringList vhdlEntities(const QString &file)
 {
-    VhdlNames names;
-    const QByteArray source = sourceOf(path);
-    names.mentionsForeign = source.toLower().contains("foreign");
-    const QString text = bareText(source, VhdlSource);
-    QRegExp entity(QLatin1String("\\bentity\\s+(\\w+)\\s+is\\b"), Qt::CaseInsensitive);
-    for (int at = entity.indexIn(text); at >= 0; at = entity.indexIn(text, at + 1))
-        names.entities.append(entity.cap(1));
-    const QString lower = text.toLower();
-    collect(lower, "\\bentity\\s+\\w+\\s*\\.\\s*(\\w+)", names.instantiated);
-    collect(lower, ":\\s*component\\s+(?:\\w+\\s*\\.\\s*)?(\\w+)", names.instantiated);
-    collect(lower, ":\\s*(\\w+)\\s+(?:generic|port)\\s+map\\b", names.instantiated);
-    return names;
-}
-
-QMap<QString, QString> repeatedFiles(const QStringList &files)
-{
-    QMap<QString, QString> repeated;
-    QHash<QString, QString> owners;
-    for (const QString &file : files) {
-        const QString text = bareText(sourceOf(file), VhdlSource).toLower();
-        QSet<QString> declares, describes;
-        collect(text, "\\b(?:package|entity|configuration|context)\\s+(\\w+)\\s+is\\b", declares);
-        collect(text, "\\b(?:package\\s+body|architecture\\s+\\w+\\s+of)\\s+(\\w+)\\s+is\\b", describes);
-        bool isNew = declares.isEmpty() || !declares.contains(describes);
-        for (const QString &name : declares) {
-            isNew = isNew || !owners.contains(name);
-            if (!owners.contains(name))
-                owners.insert(name, file);
-        }
-        if (!isNew)
-            repeated.insert(file, owners.value(*declares.begin()));
-    }
-    return repeated;
+    return entitiesOf(scanVhdl(sourceOf(file)));
 }
 
 QStringList vhdlRoots(const QStringList &files)
@@ -237,9 +217,9 @@ QStringList vhdlRoots(const QStringList &files)
     QSet<QString> instantiated;
     QStringList entities, roots;
     for (const QString &file : files) {
-        const VhdlNames names = vhdlNames(file);
-        entities += names.entities;
-        instantiated += names.instantiated;
+        const VhdlScan scan = scanVhdl(sourceOf(file));
+        entities += entitiesOf(scan);
+        instantiated += scan.instantiated;
     }
     for (const QString &entity : entities) {
         if (!instantiated.contains(entity.toLower()))

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QHash>
-#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -38,17 +37,8 @@ private:
 // The first of the files that declares the module or entity; empty when none does.
 QString fileOfModule(const QString &module, const QStringList &files);
 
-// The entities that a VHDL file declares, and the names of those that it instantiates in lower case.
-struct VhdlNames
-{
-    QStringList entities;
-    QSet<QString> instantiated;
-    bool mentionsForeign = false; // anywhere, in any spelling
-};
-VhdlNames vhdlNames(const QString &file);
-
-// The VHDL files of one library that declare nothing but what earlier ones declare, each with one of these.
-QMap<QString, QString> repeatedFiles(const QStringList &files);
+// The entities that a VHDL file declares.
+QStringList vhdlEntities(const QString &file);
 
 // The entities that no other instantiates.
 QStringList vhdlRoots(const QStringList &files);

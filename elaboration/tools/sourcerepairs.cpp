@@ -156,30 +156,55 @@ bool splitGenerics(QByteArray &text, SourceLanguage, BlankedNames &)
     return splitVhdlGenerics(text);
 }
 
+bool replaceInstances(QByteArray &text, SourceLanguage, BlankedNames &names)
+{
+    return replaceVhdlInstances(text, names.vhdl);
+}
+
+bool quoteNames(QByteArray &text, SourceLanguage, BlankedNames &names)
+{
+    return quoteVhdlNames(text, names.vhdl);
+}
+
+bool leaveOutUnits(QByteArray &text, SourceLanguage, BlankedNames &names)
+{
+    return leaveOutVhdlUnits(text, names.vhdl);
+}
+
 struct RepairRow
 {
     SourceRepair repair;
     bool forVerilog;
     bool forVhdl;
     const char *beginning; // a text that needs the repair begins with it,
-    const char *marks[8];  // or holds one of these
+    const char *marks[9];  // or holds one of these
     bool (*apply)(QByteArray &text, SourceLanguage language, BlankedNames &names); // false: nothing to do
+    const char
+        *words; // the tool's, a pattern, when the repair is for what it refused at a place; null: it is not
 };
+
+const char misplacedWord[] =
+    "interface declaration expected|an identifier is expected instead of|unexpected token";
+const char missingUnit[] = "unit \"\\w+\" not found in library|no declaration for \"";
 
 // In the order in which they are made.
 const RepairRow repairs[] = {
-    {DropByteOrderMark, false, true, byteOrderMark, {}, dropByteOrderMark},
-    {HideEncrypted, true, true, xilinxMark, {"protect"}, hideEncrypted},
-    {HideSimulation, true, true, nullptr, {"translate_o", "synth"}, hideSimulation},
+    {DropByteOrderMark, false, true, byteOrderMark, {}, dropByteOrderMark, nullptr},
+    {HideEncrypted, true, true, xilinxMark, {"protect"}, hideEncrypted, nullptr},
+    {HideSimulation, true, true, nullptr, {"translate_o", "synth"}, hideSimulation, nullptr},
     {HideAssertions,
      true,
      false,
      nullptr,
-     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff"},
-     hideAssertions},
-    {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases},
-    {SplitGenerics, false, true, nullptr, {"generic"}, splitGenerics},
-    {HideModules, true, false, nullptr, {"module"}, hideModules},
+     {"property", "sequence", "cover", "checker", "disable", "let", "expect", "iff", "bind"},
+     hideAssertions,
+     nullptr},
+    {ReplaceCaseGenerates, false, true, nullptr, {"generate"}, replaceCases, nullptr},
+    {SplitGenerics, false, true, nullptr, {"generic"}, splitGenerics, nullptr},
+    {HideModules, true, false, nullptr, {"module"}, hideModules, nullptr},
+    {ReplaceInstances, false, true, nullptr, {}, replaceInstances, missingUnit},
+    {QuoteNames, false, true, nullptr, {}, quoteNames, misplacedWord},
+    {LeaveOutUnits, false, true, nullptr, {}, leaveOutUnits, ""},
 };
 
 bool isNeeded(const RepairRow &row, const QByteArray &text, const QByteArray &searched)
@@ -205,6 +230,17 @@ int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted)
             needed |= row.repair;
     }
     return needed;
+}
+
+int repairsFor(const QString &words, SourceLanguage language)
+{
+    int repairsFound = 0;
+    for (const RepairRow &row : repairs) {
+        const bool isForIt = language == VhdlSource ? row.forVhdl : row.forVerilog;
+        if (isForIt && row.words && words.contains(QRegExp(QLatin1String(row.words))))
+            repairsFound |= row.repair;
+    }
+    return repairsFound;
 }
 
 int repairSource(QByteArray &text, SourceLanguage language, int wanted, BlankedNames &names)

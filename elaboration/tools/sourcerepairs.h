@@ -16,11 +16,18 @@ enum SourceRepair {
     HideAssertions = 8,        // what Verilator cannot parse and synthesis ignores: see verilogassertions.h
     ReplaceCaseGenerates = 16, // see vhdlgenerates.h
     HideModules = 32,          // BlankedNames::modules
-    SplitGenerics = 64         // see splitVhdlGenerics()
+    SplitGenerics = 64,        // see splitVhdlGenerics()
+    // BlankedNames::vhdl, see vhdlfaults.h
+    ReplaceInstances = 128,
+    QuoteNames = 256,
+    LeaveOutUnits = 512
 };
 
 // Of the wanted repairs those that the text may need, found by words that it holds.
 int neededRepairs(const QByteArray &text, SourceLanguage language, int wanted);
+
+// The repairs that may help where a tool refuses a source with these words.
+int repairsFor(const QString &words, SourceLanguage language);
 
 // Makes the wanted repairs. Gives those that found anything to do. What is blanked may have been declared in
 // another source: `names` are known and added to.

@@ -46,11 +46,25 @@ private:
             m_names.others.insert(m_tokens.word(i + 1));
             return hideStatement(i, behindSemicolon(i));
         }
+        if (m_tokens.is(i, "bind") && isPath(i + 1)) {
+            m_names.binds.append(m_tokens.at(i).start);
+            return hideStatement(i, behindSemicolon(i));
+        }
         for (const auto &block : blocks) {
             if (m_tokens.is(i, block.open))
                 return hideBlock(i, block.close, m_unclosed[&block - blocks]);
         }
         return i;
+    }
+
+    // "top.u0 probe p(.*);", "leaf : top.u[1].v probe p(.*);"
+    bool isPath(int i) const
+    {
+        if (m_tokens.is(i + 1, "["))
+            return true;
+        while (m_tokens.isName(i) || m_tokens.isAny(i, {":", ","}))
+            ++i;
+        return m_tokens.is(i, ".");
     }
 
     // "@(posedge clk iff enable or negedge reset)": which nets there are does not depend on it.

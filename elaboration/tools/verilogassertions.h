@@ -6,9 +6,9 @@ namespace QUARRY {
 
 // Blanks what describes checks and not hardware, and what the tools cannot parse: sequences, properties,
 // concurrent assertions with their actions, covergroups with the objects made of them, checkers with their
-// instances, `let`, "default disable iff" and the condition of an event, "posedge clk iff enable". A
-// statement leaves its semicolon. Knows and adds the names of what is blanked. False when there is nothing of
-// it in the text.
+// instances, each `bind` to a path, `let`, "default disable iff" and the condition of an event, "posedge clk
+// iff enable". A statement leaves its semicolon. Knows and adds the names of what is blanked. False when
+// there is nothing of it in the text.
 bool blankAssertions(QByteArray &systemVerilog, BlankedNames &names);
 
 } // namespace QUARRY

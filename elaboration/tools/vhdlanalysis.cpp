@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QRegExp>
 
-#include "elaboration/reading/ghdltree.h"
 #include "elaboration/tools/designinput.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
@@ -14,24 +13,16 @@
 #include "host/designmanager.h"
 
 namespace QUARRY {
-namespace {
-
-const char followUp[] = "entity '(\\w+)' was not analysed";
-const int maxRepairs = 200; // each changes something
-
-// Of 'cannot find resource library "unisim"' and the like.
-QString quoted(const QString &text, const char *pattern, int which = 1)
-{
-    QRegExp expression((QLatin1String(pattern)));
-    return expression.indexIn(text) < 0 ? QString() : expression.cap(which).toLower();
-}
-
-} // namespace
-
 VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
                            SourceCopies &copies, ToolRunner &runner)
-    : m_input(input), m_scratch(scratch), m_names(names), m_copies(copies), m_runner(runner)
+    : m_input(input),
+      m_scratch(scratch),
+      m_names(names),
+      m_copies(copies),
+      m_runner(runner),
+      m_repairs(input, scratch, names, copies)
 {
+    scan();
 }
 
 ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library, const QString &folder) const
@@ -61,7 +52,6 @@ ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &entity)
 
 void VhdlAnalysis::run(const ToolRunner::Then &then)
 {
-    scan();
     m_batches = vhdlBatches(m_order, m_libraries);
     runBatch(then);
 }
@@ -77,14 +67,17 @@ void VhdlAnalysis::scan()
     }
     addBodies();
     m_libraries = vhdlLibraries(m_files);
+    QSet<QString> packages;
     for (const VhdlFile &file : m_files) {
         for (const VhdlUnit &unit : file.scan.units) {
             const QString name = unit.name.toLower();
+            if (unit.kind == VhdlUnit::Package)
+                packages.insert(name);
             if (unit.kind != VhdlUnit::Entity)
                 continue;
             if (m_entities.contains(name)) {
                 if (!m_libraries.value(file.path).contains(m_libraryOf.value(name)))
-                    m_twins.insert(name);
+                    m_twins[name] += m_libraries.value(file.path).toSet() << m_libraryOf.value(name);
                 continue;
             }
             m_entityOrder.append(name);
@@ -97,11 +90,12 @@ void VhdlAnalysis::scan()
         m_mentionsLoops = m_mentionsLoops || file.scan.mentionsLoops;
         m_instances += file.scan.instances;
     }
+    m_repairs.setPackages(packages);
 }
 
 void VhdlAnalysis::forgetMissing()
 {
-    for (const QString &entity : m_missing) {
+    for (const QString &entity : m_repairs.faults().missing) {
         m_entities.remove(entity);
         m_entityOrder.removeAll(entity);
     }
@@ -110,7 +104,7 @@ void VhdlAnalysis::forgetMissing()
 // GHDL would use what is declared last, and Verilator uses what is declared first.
 void VhdlAnalysis::dropRepeated(VhdlFile &file)
 {
-    Edits edits;
+    VhdlEdits edits;
     QSet<QString> repeated;
     for (const VhdlUnit &unit : file.scan.units) {
         const bool isDeclared = unit.kind == VhdlUnit::Entity || unit.kind == VhdlUnit::Package;
@@ -131,8 +125,10 @@ void VhdlAnalysis::dropRepeated(VhdlFile &file)
     }
     if (edits.isEmpty())
         return;
-    edit(file.path, m_copies.textOf(file.path), edits);
-    file.scan = scanVhdl(m_copies.textOf(file.path));
+    QByteArray text = m_copies.textOf(file.path);
+    editVhdl(text, edits);
+    m_copies.replace(file.path, text);
+    file.scan = scanVhdl(text);
 }
 
 // An entity whose architecture is encrypted, or in no file, is a black box with ports.
@@ -162,7 +158,7 @@ void VhdlAnalysis::addBodies()
                                         unit.name +
                                         QLatin1String(" has no architecture and is shown as a black box, "
                                                       "with nothing inside."));
-            m_hollow.insert(name);
+            m_repairs.faults().hollow.insert(name);
         }
         if (!bodies.isEmpty())
             m_copies.replace(file.path, text + bodies);
@@ -182,7 +178,7 @@ void VhdlAnalysis::runBatch(const ToolRunner::Then &then)
 {
     if (m_batch == m_batches.size()) {
         for (auto entity = m_bodiless.begin(); entity != m_bodiless.end(); ++entity) {
-            if (!m_missing.contains(entity.key()))
+            if (!m_repairs.faults().missing.contains(entity.key()))
                 m_messages.append(entity.value());
         }
         return then(ToolResult());
@@ -198,8 +194,10 @@ void VhdlAnalysis::runBatch(const ToolRunner::Then &then)
             return then(result);
         else if (!m_isOrdered)
             order();
-        else if (!repair(batch.library, result))
+        else if (!m_repairs.repair(batch.library, placedErrors(result)))
             return then(result);
+        for (const VhdlBatch &made : m_repairs.takeMade())
+            m_batches.insert(m_batch, made);
         runBatch(then);
     });
 }
@@ -219,7 +217,7 @@ void VhdlAnalysis::repeatWith(const QString &entity, const QMap<QString, QByteAr
         QByteArray text = m_copies.textOf(file.path);
         for (auto value = defaults.begin(); value != defaults.end(); ++value)
             setVhdlDefault(text, entity, value.key(), value.value());
-        const QString name = QString::fromLatin1("defaults%1.vhd").arg(++m_repairs);
+        const QString name = QString::fromLatin1("defaults%1.vhd").arg(++m_copied);
         m_scratch.write(name, text);
         m_replaced.insert(file.path, m_scratch.file(name));
         break;
@@ -258,158 +256,25 @@ void VhdlAnalysis::hollowOut(const QSet<QString> &entities, const QString &folde
             library = m_libraryOf.value(unit.entity);
         }
     }
-    const QString name = QString::fromLatin1("hollow%1.vhd").arg(++m_repairs);
+    const QString name = QString::fromLatin1("hollow%1.vhd").arg(++m_copied);
     m_scratch.write(name, text);
     m_runner.run(call(QStringList() << QLatin1String("-a") << m_scratch.file(name), library, folder), then);
 }
 
-bool VhdlAnalysis::repair(const QString &library, const ToolResult &result)
+QList<ToolMessage> VhdlAnalysis::placedErrors(const ToolResult &result) const
 {
-    if (++m_repairs > maxRepairs)
-        return false;
     QList<ToolMessage> errors;
     for (const ToolMessage &message : parseGhdlMessages(result.errors)) {
         if (message.severity == ToolMessage::Error && !message.file.isEmpty())
             errors.append(placed(message));
     }
-    // From the end, since a repair moves what follows in its line.
-    QList<ToolMessage> supplied;
-    for (int i = errors.size() - 1; i >= 0; --i) {
-        if (supply(library, errors.at(i)))
-            supplied.prepend(errors.at(i));
-    }
-    note(supplied, m_assumed);
-    if (!supplied.isEmpty())
-        return true;
-    return leaveOut(errors);
-}
-
-bool VhdlAnalysis::supply(const QString &library, const ToolMessage &message)
-{
-    const QString missing = quoted(message.text, "cannot find resource library \"(\\w+)\"");
-    if (!missing.isEmpty())
-        return supplyPackage(missing, QLatin1String("jex_empty"), QByteArray());
-    const char unit[] = "unit \"(\\w+)\" not found in library \"(\\w+)\"";
-    const QString name = quoted(message.text, unit);
-    const bool isUndeclared = message.text.startsWith(QLatin1String("no declaration for \""));
-    if ((!name.isEmpty() || isUndeclared) && replaceInstance(library, message))
-        return true;
-    if (name.isEmpty())
-        return false;
-    const QString owner = quoted(message.text, unit, 2);
-    return supplyPackage(owner == QLatin1String("work") ? library : owner, name, QByteArray());
-}
-
-// Before what is read next.
-bool VhdlAnalysis::supplyPackage(const QString &library, const QString &name, const QByteArray &content)
-{
-    const QString key = library + QLatin1Char('.') + name.toLower();
-    if (m_supplied.contains(key))
-        return false;
-    m_supplied.insert(key);
-    const QString file = QString::fromLatin1("made%1.vhd").arg(m_made.size());
-    m_scratch.write(file, "package " + name.toLatin1() + " is " + content + " end;\n");
-    m_made.append(m_scratch.file(file));
-    m_batches.insert(m_batch, {library, QStringList(m_made.last())});
-    return true;
-}
-
-// By an instance of a component without ports, whose types nobody knows.
-bool VhdlAnalysis::replaceInstance(const QString &library, const ToolMessage &message)
-{
-    QByteArray text = m_copies.textOf(message.file);
-    VhdlInstance instance;
-    if (!findVhdlInstance(text, ghdlOffset(text, message.line, message.column), instance) ||
-        instance.name.startsWith(QLatin1Char('\\')))
-        return false;
-    const QByteArray name = instance.name.toLatin1();
-    const QByteArray package = "jex_box_" + name;
-    supplyPackage(library, QString::fromLatin1(package), "component " + name + " is end component;");
-    replaceKeepingLines(text, instance.begin, instance.end, ": component work." + package + '.' + name + ' ');
-    m_copies.replace(message.file, text);
-    m_undriven += instance.words;
-    return true;
-}
-
-// Units that are wrong, and what cannot be without them. Errors that only follow from others are gone with
-// them.
-bool VhdlAnalysis::leaveOut(const QList<ToolMessage> &errors)
-{
-    bool changed = false;
-    QMap<QString, QList<ToolMessage>> byFile;
-    for (const ToolMessage &error : errors) {
-        const QString missing = quoted(error.text, followUp);
-        if (missing.isEmpty() || m_missing.contains(missing))
-            byFile[error.file].append(error);
-    }
-    for (auto file = byFile.begin(); file != byFile.end(); ++file)
-        changed = leaveOutOf(file.key(), file.value()) || changed;
-    return changed;
-}
-
-bool VhdlAnalysis::leaveOutOf(const QString &file, const QList<ToolMessage> &errors)
-{
-    const QByteArray text = m_copies.textOf(file);
-    const QList<VhdlUnit> units = scanVhdl(text).units;
-    Edits edits;
-    for (const ToolMessage &error : errors) {
-        const int at = ghdlOffset(text, error.line, error.column);
-        int index = 0;
-        while (index + 1 < units.size() && units.at(index).end <= at)
-            ++index;
-        if (units.isEmpty() || at < units.at(index).begin) {
-            addClause(text, at, edits);
-        } else if (!edits.contains(units.at(index).begin)) {
-            const VhdlUnit &unit = units.at(index);
-            edits.insert(unit.begin,
-                         qMakePair(unit.end, restOf(unit, quoted(error.text, followUp).isEmpty())));
-        }
-    }
-    if (!edits.isEmpty())
-        note(errors, m_messages);
-    if (!edits.isEmpty())
-        edit(file, text, edits);
-    return !edits.isEmpty();
-}
-
-void VhdlAnalysis::edit(const QString &file, QByteArray text, const Edits &edits)
-{
-    for (auto edit = edits.end(); edit != edits.begin();) {
-        --edit;
-        replaceKeepingLines(text, edit.key(), edit->first, edit->second);
-    }
-    // GHDL refuses a file, and clauses, behind which nothing stands.
-    const QByteArray filler = "\npackage jex_empty is end;";
-    m_copies.replace(file, text.endsWith(filler) ? text : text + filler);
-}
-
-// What stays of a unit.
-QByteArray VhdlAnalysis::restOf(const VhdlUnit &unit, bool isItsFault)
-{
-    const QString entity = unit.kind == VhdlUnit::Entity ? unit.name.toLower() : unit.entity;
-    if (unit.kind == VhdlUnit::Entity)
-        m_missing.insert(entity);
-    m_lost.insert(entity);
-    if (unit.kind != VhdlUnit::Architecture || !isItsFault || m_hollow.contains(entity))
-        return QByteArray();
-    m_hollow.insert(entity);
-    return "architecture " + unit.name.toLatin1() + " of " + entity.toLatin1() + " is begin end;";
-}
-
-// "use lib.package.name;" before a unit.
-void VhdlAnalysis::addClause(const QByteArray &text, int at, Edits &edits)
-{
-    const int end = text.indexOf(';', at);
-    const int begin =
-        qMax(text.lastIndexOf(';', at - text.size() - 1), text.lastIndexOf('\n', at - text.size() - 1)) + 1;
-    if (end >= 0 && begin < end)
-        edits.insert(begin, qMakePair(end + 1, QByteArray()));
+    return errors;
 }
 
 QString VhdlAnalysis::handedOver(const QString &file) const
 {
-    return m_made.contains(file) ? file
-                                 : m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
+    return m_repairs.isMade(file) ? file
+                                  : m_names.file(file, QFileInfo(file).suffix().prepend(QLatin1Char('.')));
 }
 
 QList<VhdlBatch> VhdlAnalysis::byLibrary() const
@@ -451,8 +316,8 @@ GhdlNames VhdlAnalysis::names() const
 {
     GhdlNames names;
     names.entities = m_entities;
-    names.hollow = m_hollow;
-    names.undriven = m_undriven;
+    names.hollow = m_repairs.faults().hollow;
+    names.undriven = m_repairs.faults().undriven;
     names.twins = m_twins;
     for (const VhdlFile &file : m_files) {
         // GHDL names a file in the folder that it works in without the folder.
@@ -518,22 +383,10 @@ const VhdlUnit *VhdlAnalysis::unitAt(const QString &file, int line) const
     return found;
 }
 
-void VhdlAnalysis::note(const QList<ToolMessage> &errors, QStringList &messages) const
-{
-    for (ToolMessage message : errors) {
-        message.severity = ToolMessage::Warning;
-        const QString text = messageText(message, m_names, m_scratch.path());
-        if (quoted(message.text, followUp).isEmpty() && !messages.contains(text))
-            messages.append(text);
-    }
-}
-
-// What was missing is worth a word only where it was not enough to take something empty in its place.
 QStringList VhdlAnalysis::takeMessages()
 {
-    const QStringList messages = m_lost.isEmpty() ? m_messages : m_assumed + m_messages;
+    const QStringList messages = m_repairs.takeMessages() + m_messages;
     m_messages.clear();
-    m_assumed.clear();
     return messages;
 }
 

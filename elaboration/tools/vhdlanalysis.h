@@ -13,6 +13,7 @@
 #include "elaboration/tools/toolmessages.h"
 #include "elaboration/tools/toolrunner.h"
 #include "elaboration/tools/vhdllibraries.h"
+#include "elaboration/tools/vhdlrepairs.h"
 
 namespace QUARRY {
 
@@ -21,10 +22,9 @@ class SafeNames;
 class ScratchDir;
 class SourceCopies;
 
-// Lets GHDL read all VHDL sources into their libraries. What it refuses is repaired and read again: files are
-// put behind what they use; libraries and packages that no file has become empty ones; instances of what is
-// not there become instances of black boxes; a unit that is wrong in itself is left out. The sources are not
-// touched: what GHDL reads instead are copies with the same lines.
+// Lets GHDL read all VHDL sources into their libraries. What it refuses is put behind what it uses, then
+// repaired (VhdlRepairs) and read again. The sources are not touched: what GHDL reads instead are copies with
+// the same lines.
 class VhdlAnalysis
 {
 public:
@@ -60,10 +60,8 @@ public:
     bool mentionsLoops() const { return m_mentionsLoops; }
     int instanceCount() const { return m_instances; } // in all sources, where there are no loops
 
-    const QSet<QString> &lost() const
-    {
-        return m_lost;
-    } // entities of which nothing, or only the ports are known
+    // Entities of which nothing, or only the ports are known.
+    const QSet<QString> &lost() const { return m_repairs.faults().lost; }
 
     void forgetMissing(); // entities that were left out, from now on
 
@@ -74,24 +72,13 @@ public:
     QStringList takeMessages();
 
 private:
-    typedef QMap<int, QPair<int, QByteArray>> Edits; // of a text: from where, to where and by what
-
     void scan();
     void dropRepeated(VhdlFile &file);
     void addBodies();
     void order();
     void runBatch(const ToolRunner::Then &then);
+    QList<ToolMessage> placedErrors(const ToolResult &result) const;
     void runBatches(int first, const QString &folder, const ToolRunner::Then &then);
-    bool repair(const QString &library, const ToolResult &result);
-    bool supply(const QString &library, const ToolMessage &message);
-    bool supplyPackage(const QString &library, const QString &name, const QByteArray &content);
-    bool replaceInstance(const QString &library, const ToolMessage &message);
-    bool leaveOut(const QList<ToolMessage> &errors);
-    bool leaveOutOf(const QString &file, const QList<ToolMessage> &errors);
-    QByteArray restOf(const VhdlUnit &unit, bool isItsFault);
-    static void addClause(const QByteArray &text, int at, Edits &edits);
-    void edit(const QString &file, QByteArray text, const Edits &edits);
-    void note(const QList<ToolMessage> &errors, QStringList &messages) const;
     void addBelow(const QString &entity, QStringList &result, QSet<QString> &seen) const;
     QString handedOver(const QString &file) const;
 
@@ -106,26 +93,20 @@ private:
     QList<VhdlBatch> m_batches;
     int m_batch = 0; // the next one
     bool m_isOrdered = false;
-    int m_repairs = 0;
-    QStringList m_made;                 // files of empty packages and black boxes
-    QSet<QString> m_supplied;           // "library.package" that they hold
+    VhdlRepairs m_repairs;
+    int m_copied = 0;                   // sources with other default values, and without bodies
     QHash<QString, QString> m_replaced; // files by others in what is repeated
     QHash<QString, QString> m_entities;
     QStringList m_entityOrder;
     QHash<QString, QString> m_libraryOf;
     QHash<QString, QString> m_owners; // of "library.unit", the files
     QSet<QString> m_used;
-    QSet<QString> m_hollow;            // entities of which only the ports are known
-    QMap<QString, QString> m_bodiless; // of these, those without an architecture, and sentences about them
-    QSet<QString> m_undriven;          // signals that black boxes may drive
-    QSet<QString> m_lost;
-    QSet<QString> m_twins;   // entities of several libraries
-    QSet<QString> m_missing; // entities that were left out
+    QMap<QString, QString> m_bodiless;     // entities without an architecture, and sentences about them
+    QHash<QString, QSet<QString>> m_twins; // entities of several libraries, with these
     bool m_mentionsForeign = false;
     bool m_mentionsComposites = false;
     bool m_mentionsLoops = false;
     int m_instances = 0;
-    QStringList m_assumed; // the tool's words about what was supplied
     QStringList m_messages;
 };
 

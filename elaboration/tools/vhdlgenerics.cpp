@@ -59,13 +59,13 @@ QString integerOf(const QString &constant)
 QString textOf(const QString &constant)
 {
     const QString bits = bitsOf(constant);
-    QString text;
+    QString text = bits.isEmpty() ? QString() : QString(QLatin1String(""));
     for (int i = 0; i + 8 <= bits.size(); i += 8)
         text += QChar(bits.mid(i, 8).toInt(nullptr, 2));
     return text.remove(QChar(0)); // what Verilog fills up with, and all of its empty text
 }
 
-// Empty for a value that GHDL does not take.
+// Null for a value that GHDL does not take.
 QString argumentOf(const QString &constant, const QString &type)
 {
     const QString bits = bitsOf(constant);
@@ -111,7 +111,7 @@ QStringList VhdlGenericSet::arguments(const VhdlGenericList &generics, QStringLi
             if (generic.first == value.key().toLower())
                 argument = argumentOf(value.value(), generic.second);
         }
-        if (argument.isEmpty())
+        if (argument.isNull())
             unknown.append(value.key());
         else
             result.append(value.key().toLower() + QLatin1Char('=') + argument);

@@ -122,35 +122,45 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
     if (wanted.isEmpty())
         return then(true);
     const Wanted next = wanted.takeFirst();
-    m_runner.tellStage(QLatin1String("Translating VHDL entity ") + m_analysis.entities().value(next.entity));
-    // What it is to write is known at once where the sources say how much there is.
-    if (mayStart() && vectorsOf(next).isEmpty() &&
-        (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
-        startSimulation(next, m_scratch.path());
-    translateOne(next, areOptional, [=](bool isUsable) {
-        const auto others = [=] { translate(wanted, areOptional, then); };
-        if (!isUsable || m_verilog.lastModule().isEmpty()) {
-            m_runner.stopBeside();
-            m_waveform.clear();
-            return isUsable ? others() : then(false);
-        }
-        recordScopes(next, [=] {
-            if (areOptional || !m_hollow.contains(next.entity) || m_isStarted)
-                return others();
-            blame(next.entity);
-            then(false);
+    const auto others = [=] { translate(wanted, areOptional, then); };
+    awaitScopes([=] {
+        m_runner.tellStage(QLatin1String("Translating VHDL entity ") +
+                           m_analysis.entities().value(next.entity));
+        m_isStarted = false;
+        // What it is to write is known at once where the sources say how much there is.
+        if (mayStart() && defaultsOf(next).isEmpty() &&
+            (m_analysis.mentionsComposites() || !m_analysis.mentionsLoops()))
+            startSimulation(next, m_scratch.path());
+        translateOne(next, areOptional, [=](bool isUsable) {
+            if (!isUsable || m_verilog.lastModule().isEmpty()) {
+                m_runner.stopBeside();
+                m_waveform.clear();
+                return isUsable ? others() : then(false);
+            }
+            recordScopes(next, [=] {
+                // Without a body it must have started.
+                if (areOptional || !m_hollow.contains(next.entity))
+                    return others();
+                awaitScopes([=] {
+                    if (m_isStarted)
+                        return others();
+                    blame(next.entity);
+                    then(false);
+                });
+            });
         });
     });
 }
 
-ToolCall VhdlPart::synthesis(const Wanted &wanted) const
+ToolCall VhdlPart::synthesis(const Wanted &wanted, const QString &folder) const
 {
     QStringList arguments = QStringList() << QLatin1String("--synth") << QLatin1String("--latches")
                                           << QLatin1String("--out=verilog");
-    for (const QString &generic : wanted.generics)
-        arguments << QLatin1String("-g") + generic;
-    ToolCall call =
-        m_analysis.call(arguments << wanted.entity, m_analysis.libraryOf(wanted.entity), m_synthesisFolder);
+    for (const QString &generic : wanted.generics) {
+        if (!generic.endsWith(QLatin1Char('='))) // an empty text is the default value in that folder
+            arguments << QLatin1String("-g") + generic;
+    }
+    ToolCall call = m_analysis.call(arguments << wanted.entity, m_analysis.libraryOf(wanted.entity), folder);
     call.evaluatesSources = true;
     call.subject = QLatin1String("VHDL entity ") + m_analysis.entities().value(wanted.entity);
     call.outputFile = m_scratch.file(QLatin1String("entity.v"));
@@ -160,7 +170,8 @@ ToolCall VhdlPart::synthesis(const Wanted &wanted) const
 // Then false when the design cannot be used without it.
 void VhdlPart::translateOne(const Wanted &wanted, bool isOptional, const Then &then)
 {
-    m_runner.run(synthesis(wanted), [=](const ToolResult &result) {
+    const bool anyEmptyText = !wanted.generics.filter(QRegExp(QLatin1String("=$"))).isEmpty();
+    const auto takeResult = [=](const ToolResult &result) {
         GhdlNames names = m_analysis.names();
         names.components = unboundComponents(result.errors);
         names.hollow += m_hollow;
@@ -169,6 +180,14 @@ void VhdlPart::translateOne(const Wanted &wanted, bool isOptional, const Then &t
         m_verilog.start(isRead ? output.readAll() : QByteArray(), names, wanted.module);
         m_runner.work([this] { return m_verilog.takeSome(); },
                       [=] { takeTranslation(wanted, result, isOptional, then); });
+    };
+    if (!anyEmptyText)
+        return m_runner.run(synthesis(wanted, m_synthesisFolder), takeResult);
+    prepareFolder(wanted, m_synthesisFolder, [=](const QString &folder, const ToolResult &result) {
+        if (result.isGood())
+            m_runner.run(synthesis(wanted, folder), takeResult);
+        else
+            takeResult(result);
     });
 }
 
@@ -281,12 +300,13 @@ void VhdlPart::findCulprit(QStringList candidates, const QByteArray &words,
     if (candidates.isEmpty())
         return then(QString());
     const QString entity = candidates.takeFirst();
-    m_runner.run(synthesis({entity, QStringList(), QString()}), [=](const ToolResult &result) {
-        const bool isIt = result.errors.contains(words);
-        if (isIt || result.outcome != ToolResult::Finished)
-            return then(isIt ? entity : QString());
-        findCulprit(candidates, words, then);
-    });
+    m_runner.run(synthesis({entity, QStringList(), QString()}, m_synthesisFolder),
+                 [=](const ToolResult &result) {
+                     const bool isIt = result.errors.contains(words);
+                     if (isIt || result.outcome != ToolResult::Finished)
+                         return then(isIt ? entity : QString());
+                     findCulprit(candidates, words, then);
+                 });
 }
 
 void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,

@@ -42,6 +42,9 @@ public:
     // them. Then false when there was nothing to do.
     void adaptGenerics(const QString &xmlFile, const std::function<void(bool)> &then);
 
+    // The signals of an entity are recorded while the work goes on; then waveforms() has them all.
+    void awaitScopes(const std::function<void()> &then);
+
     bool didToolFail() const { return m_didToolFail; } // itself, whatever the sources are
     // The module that stands for that entity, in any spelling; empty when there is none.
     QString moduleOf(const QString &entity) const { return m_modules.value(entity.toLower()); }
@@ -81,13 +84,14 @@ private:
                      const std::function<void(const QString &)> &then);
     void translateWithout(const QSet<QString> &entities, const Wanted &wanted, bool isOptional,
                           const Then &then);
-    ToolCall synthesis(const Wanted &wanted) const;
+    ToolCall synthesis(const Wanted &wanted, const QString &folder) const;
     void recordScopes(const Wanted &wanted, const std::function<void()> &then);
     bool mayStart() const;
-    QMap<QString, QByteArray> vectorsOf(const Wanted &wanted) const;
+    QMap<QString, QByteArray> defaultsOf(const Wanted &wanted) const;
+    void prepareFolder(const Wanted &wanted, const QString &usual,
+                       const std::function<void(const QString &, const ToolResult &)> &then);
     void startSimulation(const Wanted &wanted, const QString &folder);
     void simulate(const Wanted &wanted, const std::function<void()> &then);
-    void takeSimulation(const Wanted &wanted, const std::function<void()> &then);
     void judgeForeign(QList<VhdlBatch> batches, const std::function<void()> &then);
     void forbidRun(const QString &place);
     QString realPlace(const QString &place) const;
@@ -109,8 +113,10 @@ private:
     VhdlAnalysis m_analysis;
     QHash<QString, QString> m_modules; // entity in lower case to its module
     QMap<QString, QString> m_waveforms;
-    QString m_waveform; // that is being written; empty: none
+    QString m_waveform;   // that is being written; empty: none
+    QString m_waveformOf; // the entity or module that it is of
     int m_simulations = 0;
+    int m_folders = 0;        // of other default values
     bool m_isStarted = false; // the last simulation reached its first moment
     bool m_didToolFail = false;
     bool m_mayRun = true;

@@ -173,8 +173,10 @@ bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance)
     const int target = i;
     while (words.at(i - 1).is("."))
         i -= 2;
-    if (words.at(i - 1).is("entity") || words.at(i - 1).is("component"))
-        --i;
+    const bool isSure = words.at(i - 1).is("entity") || words.at(i - 1).is("component");
+    if (!isSure && !words.at(target + 2).is("map"))
+        return false;
+    i -= isSure ? 1 : 0;
     if (!words.at(i - 1).is(":") || !words.at(i - 2).isName())
         return false;
     instance.begin = words.at(i - 1).at;
@@ -210,7 +212,8 @@ bool splitVhdlGenerics(QByteArray &text)
             continue;
         const int begin = colon > 0 && !commas.isEmpty() ? words.at(colon).at : word.at;
         const QByteArray type = withoutComments(text.mid(begin, word.at - begin), VhdlSource).simplified();
-        const bool isSplit = type.contains('(') && qint64(type.size()) * commas.size() <= mostAdded;
+        const bool mayNeedIt = type.contains('(') || type.toLower().startsWith(": string");
+        const bool isSplit = mayNeedIt && qint64(type.size()) * commas.size() <= mostAdded;
         for (const int comma : isSplit ? commas : QList<int>()) {
             split += text.mid(done, comma - done) + type + ';';
             done = comma + 1;
@@ -258,6 +261,18 @@ void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray 
 {
     const QByteArray lines(text.mid(begin, end - begin).count('\n'), '\n');
     text.replace(begin, end - begin, by + lines);
+}
+
+void editVhdl(QByteArray &text, const VhdlEdits &edits)
+{
+    for (auto edit = edits.end(); edit != edits.begin();) {
+        --edit;
+        replaceKeepingLines(text, edit.key(), edit->first, edit->second);
+    }
+    // GHDL refuses a file, and clauses, behind which nothing stands.
+    const QByteArray filler = "\npackage jex_empty is end;";
+    if (!text.endsWith(filler))
+        text += filler;
 }
 
 } // namespace QUARRY

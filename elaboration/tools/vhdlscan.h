@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QMap>
 #include <QPair>
 #include <QSet>
 #include <QString>
@@ -44,7 +45,7 @@ struct VhdlScan
 VhdlScan scanVhdl(const QByteArray &text);
 
 // An instantiation whose component or entity is named at that place of the text: from its colon to its
-// semicolon, which is no part of it. False when nothing is instantiated there.
+// semicolon, which is no part of it. False when nothing is instantiated there, or it may be a declaration.
 struct VhdlInstance
 {
     int begin = 0;
@@ -55,7 +56,7 @@ struct VhdlInstance
 bool findVhdlInstance(const QByteArray &text, int at, VhdlInstance &instance);
 
 // Declares each generic of an entity by itself that shares its declaration and the range of its type with
-// others: GHDL crashes when such a one is given a value. False when there is none.
+// others, since GHDL crashes when such a one is given a value, and each text. False when there is none.
 bool splitVhdlGenerics(QByteArray &text);
 
 // Gives a generic of that entity another default value, an expression, as far as it is declared by itself;
@@ -64,5 +65,9 @@ bool setVhdlDefault(QByteArray &text, const QString &entity, const QString &gene
 
 // Puts other words in the place of those from `begin` to `end`; lines stay what they are.
 void replaceKeepingLines(QByteArray &text, int begin, int end, const QByteArray &by);
+
+// The same at several places: from where, to where and by what. Something is left for GHDL to read.
+typedef QMap<int, QPair<int, QByteArray>> VhdlEdits;
+void editVhdl(QByteArray &text, const VhdlEdits &edits);
 
 } // namespace QUARRY

@@ -71,35 +71,45 @@ QString VhdlPart::realPlace(const QString &place) const
            place.section(QLatin1Char(':'), -2, -2) + QLatin1String(": ");
 }
 
-// What GHDL takes for a generic when it translates, but not when it runs: bits, as VHDL writes them.
-QMap<QString, QByteArray> VhdlPart::vectorsOf(const Wanted &wanted) const
+// What GHDL does not take for a generic, as VHDL writes it: bits, but when it translates, and an empty text.
+QMap<QString, QByteArray> VhdlPart::defaultsOf(const Wanted &wanted) const
 {
     const QRegExp bits(QLatin1String("[01UXZWLH-]+"));
-    QMap<QString, QByteArray> vectors;
+    QMap<QString, QByteArray> defaults;
     for (const QPair<QString, QString> &generic : m_analysis.genericsOf(wanted.entity)) {
         for (const QString &given : wanted.generics) {
             const QString value = given.section(QLatin1Char('='), 1);
-            if (isVhdlVector(generic.second) && bits.exactMatch(value) &&
-                given.section(QLatin1Char('='), 0, 0).toLower() == generic.first)
-                vectors.insert(generic.first, '"' + value.toLatin1() + '"');
+            const bool isNotTaken = isVhdlVector(generic.second)
+                                        ? bits.exactMatch(value)
+                                        : generic.second == QLatin1String("string") && value.isEmpty();
+            if (isNotTaken && given.section(QLatin1Char('='), 0, 0).toLower() == generic.first)
+                defaults.insert(generic.first, '"' + value.toLatin1() + '"');
         }
     }
-    return vectors;
+    return defaults;
+}
+
+// Hands over the folder of libraries in which those are the entity's default values; the usual one when there
+// are none.
+void VhdlPart::prepareFolder(const Wanted &wanted, const QString &usual,
+                             const std::function<void(const QString &, const ToolResult &)> &then)
+{
+    const QMap<QString, QByteArray> defaults = defaultsOf(wanted);
+    if (defaults.isEmpty())
+        return then(usual, ToolResult());
+    const QString folder = m_scratch.file(QLatin1String("defaults") + QString::number(m_folders++));
+    m_analysis.repeatWith(wanted.entity, defaults, folder,
+                          [=](const ToolResult &result) { then(folder, result); });
 }
 
 void VhdlPart::simulate(const Wanted &wanted, const std::function<void()> &then)
 {
-    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
-    if (!m_waveform.isEmpty() || !mayStart() || vectors.isEmpty()) {
-        if (m_waveform.isEmpty() && mayStart())
-            startSimulation(wanted, m_scratch.path());
-        return takeSimulation(wanted, then);
-    }
-    const QString folder = m_scratch.file(QLatin1String("simulation") + QString::number(m_simulations));
-    m_analysis.repeatWith(wanted.entity, vectors, folder, [=](const ToolResult &result) {
+    if (!m_waveform.isEmpty() || !mayStart())
+        return then();
+    prepareFolder(wanted, m_scratch.path(), [=](const QString &folder, const ToolResult &result) {
         if (result.isGood())
             startSimulation(wanted, folder);
-        takeSimulation(wanted, then);
+        then();
     });
 }
 
@@ -110,10 +120,11 @@ void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
     const bool isWave = m_analysis.mentionsComposites() || instances < manyInstances;
     m_waveform = m_scratch.file(QString::fromLatin1("scopes") + QString::number(m_simulations++) +
                                 QLatin1String(isWave ? ".ghw" : ".vcd"));
+    m_waveformOf = wanted.module.isEmpty() ? wanted.entity : wanted.module;
     QStringList arguments = QStringList() << QLatin1String("--elab-run") << wanted.entity;
-    const QMap<QString, QByteArray> vectors = vectorsOf(wanted);
+    const QMap<QString, QByteArray> defaults = defaultsOf(wanted);
     for (const QString &generic : wanted.generics) {
-        if (!vectors.contains(generic.section(QLatin1Char('='), 0, 0).toLower()))
+        if (!defaults.contains(generic.section(QLatin1Char('='), 0, 0).toLower()))
             arguments << QLatin1String("-g") + generic;
     }
     arguments << QLatin1String("--stop-time=0ns") << QLatin1String("--stop-delta=0")
@@ -127,20 +138,18 @@ void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
     m_runner.startBeside(simulation);
 }
 
-void VhdlPart::takeSimulation(const Wanted &wanted, const std::function<void()> &then)
+void VhdlPart::awaitScopes(const std::function<void()> &then)
 {
-    const QString waveform = m_waveform;
-    m_waveform.clear();
-    m_isStarted = false;
-    if (waveform.isEmpty())
+    if (m_waveform.isEmpty())
         return then();
     m_runner.awaitBeside([=](const ToolResult &result) {
         m_isStarted = result.isGood();
         if (result.outcome == ToolResult::Finished)
-            m_waveforms.insert(wanted.module.isEmpty() ? wanted.entity : wanted.module, waveform);
+            m_waveforms.insert(m_waveformOf, m_waveform);
         else if (result.outcome == ToolResult::Stopped)
             m_messages.append(
                 QString(result.message).replace(QLatin1String("ERROR"), QLatin1String("WARNING")));
+        m_waveform.clear();
         then();
     });
 }

@@ -17,6 +17,10 @@ module between(link l, input x); source s(x, l, x); endmodule
 module swap(input [1:0] a [2], output [1:0] y [1:0], input [1:0] one [2:1]);
   assign y = a;
 endmodule
+module many(link.to ls[2:1], output [1:0] o);
+  for (genvar i = 1; i <= 2; i++) begin : g sink s(ls[i], o[i - 1]); end
+  wire second = ls[1].en;
+endmodule
 module top(input clk);
   link l(1'b0); between b(.x(clk), .l(l)); wire o; sink t(l, o);
   assign l.both = 1'b1;
@@ -30,10 +34,13 @@ module top(input clk);
   swap s(.a(w), .y(out), .one('{{clk, clk}, 2'd1}));
   assign up = '{2'd0, {2{clk}}};
   assign down = '{2'd0, {2{clk}}};
+  link a[2](clk), z[4:3](.c(1'b1)); wire [1:0] half, mo; wire ze = z[4].en;
+  assign a[0].en = 1'b1; assign a[1].en = clk; many m(.ls(a), .o(mo));
+  source far[1:0](.x(clk), .l(z), .y(clk)); sink sz[2](.l(z), .o(half)), one(z[3], );
 endmodule
 
-//= top:top clk o! k! w[0][1:0]! w[1][1:0]!0 up[0][1:0]! up[1][1:0] down[1][1:0]! down[0][1:0]
-//=   out[0][1:0]! out[1][1:0]!0
+//= top:top clk o! k! ze! w[0][1:0]! w[1][1:0]!0 up[0][1:0]! up[1][1:0] down[1][1:0]! down[0][1:0]
+//=   out[0][1:0]! out[1][1:0]!0 half[1:0]! mo[1:0]!1
 //= top/l:link c! en! both seen! data[3:0]!3!2!0
 //= top/b:between x
 //= top/b/s:source x y
@@ -45,3 +52,17 @@ endmodule
 //= top/g[1]:g w!
 //= top/g[1]/l:link c en! both seen! data[3:0]!0
 //= top/s:swap a[0][1:0]! a[1][1:0]!0 y[1][1:0]! y[0][1:0]!0 one[2][1:0] one[1][1:0]!
+//= top/a[0]:link c en! both seen! data[3:0]!0
+//= top/a[1]:link c en both seen data[3:0]!0
+//= top/z[4]:link c! en! both! seen! data[3:0]!3!2!0
+//= top/z[3]:link c! en! both! seen! data[3:0]!3!2!0
+//= top/m:many second o[1:0]!1
+//= top/m/g[1]:g
+//= top/m/g[1]/s:sink o b d[3:0]!0
+//= top/m/g[2]:g
+//= top/m/g[2]/s:sink o! b d[3:0]!0
+//= top/far[1]:source x y
+//= top/far[0]:source x y
+//= top/sz[0]:sink o! b! d[3:0]!3!2!0
+//= top/sz[1]:sink o! b! d[3:0]!3!2!0
+//= top/one:sink o! b! d[3:0]!3!2!0

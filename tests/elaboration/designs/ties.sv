@@ -19,11 +19,12 @@ module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   pass p1(.i({clk, 1'b1}), .o(out));
   pass p2(.i({out[1], clk}), .o({back, loop[0]})); only p3(loop[1], loop[1]); only p4(clk, loop[0]);
   below bs[1:0](.o(), .m(each), .c(clk));
+  wire [1:0] dealt; wire all; only pa[1:0](.a({clk, 1'b1}), .y(dealt)); deep da[1:0](all);
 endmodule
 
-//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under! back
+//= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under! back all
 //=   pads[1:0]! whole[3:0]! part[7:4]!6!5 up[0:3]!0!1 mixed[2:0]!2 each[3:0]!3!1
-//=   out[1:0]!1 loop[1:0]
+//=   out[1:0]!1 loop[1:0] dealt[1:0]!0
 //= top/u:leaf e! io o via! d[1:0]!1
 //= top/v[1]:leaf e io o! via d[1:0]!
 //= top/v[0]:leaf e! io o! via! d[1:0]!
@@ -42,3 +43,7 @@ endmodule
 //= top/bs[1]/d:deep o!
 //= top/bs[0]:below o! c m[1:0]!1
 //= top/bs[0]/d:deep o!
+//= top/pa[1]:only a y
+//= top/pa[0]:only a! y!
+//= top/da[1]:deep o!
+//= top/da[0]:deep o!
