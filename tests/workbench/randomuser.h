@@ -10,7 +10,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
-#include <QProgressDialog>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTimer>
@@ -19,6 +18,7 @@
 #include <functional>
 #include <random>
 
+#include "elaboration/catchrtl.h"
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "workbench/editmenu.h"
@@ -72,7 +72,7 @@ private:
         later(); // also at the end, when a dialog may be about to open
         if ((m_left <= 0 || !m_window) && !popup && !modal)
             return m_loop.quit();
-        if (qobject_cast<QProgressDialog *>(modal) || (modal && modal->objectName() == "ElaborationDialog"))
+        if (QUARRY::isCatchingRtl()) // takes no input, also before its dialog is up
             return;
         if (--m_left == 0 && !popup && !modal)
             return save();
