@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTimer>
@@ -72,7 +73,9 @@ private:
         later(); // also at the end, when a dialog may be about to open
         if ((m_left <= 0 || !m_window) && !popup && !modal)
             return m_loop.quit();
-        if (QUARRY::isCatchingRtl()) // takes no input, also before its dialog is up
+        // A reading takes no input, also before its dialog is up. Another dialog may have been asked for
+        // before.
+        if (QUARRY::isCatchingRtl() && (!modal || qobject_cast<QProgressDialog *>(modal)))
             return;
         if (--m_left == 0 && !popup && !modal)
             return save();

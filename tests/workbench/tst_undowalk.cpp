@@ -143,6 +143,8 @@ private:
 
     void walk(const QByteArray &first)
     {
+        while (history().canRedo() && m_fault.isEmpty()) // what the user took back at the very end
+            step(m_menu->redoAction());
         const QByteArray last = state();
         const int steps = history().stepCount();
         while (history().canUndo() && m_fault.isEmpty())
@@ -151,8 +153,10 @@ private:
             m_fault = "Undone, it has another state than at first: " + state();
         while (history().canRedo() && m_fault.isEmpty())
             step(m_menu->redoAction());
-        if (m_fault.isEmpty() && (history().doneCount() != steps || shown(state()) != shown(last)))
-            m_fault = "Redone, it has another state than at last: " + state();
+        if (m_fault.isEmpty() && history().doneCount() != steps)
+            m_fault = QString("%1 of %2 steps were redone").arg(history().doneCount()).arg(steps);
+        if (m_fault.isEmpty() && shown(state()) != shown(last))
+            m_fault = "Redone, it has another state than at last: " + state() + "instead of " + last;
     }
 
     std::unique_ptr<Folder> m_folder;
