@@ -19,11 +19,11 @@ void handleUnlessIgnored(int number, void (*action)(int))
         signal(number, SIG_IGN);
 }
 
-// May come at any moment: it only writes a byte. The next signal meets the default action.
-void note(int)
+// May come at any moment: it only writes a byte. The same signal once more meets the default action; another
+// one need not mean more, since the end of a session sends several.
+void note(int number)
 {
-    for (const int number : endingSignals)
-        handleUnlessIgnored(number, SIG_DFL);
+    handleUnlessIgnored(number, SIG_DFL);
     const char byte = 0;
     const ssize_t written = write(pipeEnds[1], &byte, 1);
     (void)written;
@@ -37,8 +37,7 @@ EndSignals::EndSignals()
         return;
     m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
     connect(m_notifier, SIGNAL(activated(int)), SLOT(tell()));
-    for (const int number : endingSignals)
-        handleUnlessIgnored(number, note);
+    listen();
 }
 
 EndSignals::~EndSignals()
@@ -50,6 +49,17 @@ EndSignals::~EndSignals()
         close(end);
         end = -1;
     }
+}
+
+void EndSignals::listen()
+{
+    char byte = 0;
+    while (read(pipeEnds[0], &byte, 1) > 0) {
+    }
+    for (const int number : endingSignals)
+        handleUnlessIgnored(number, note);
+    if (m_notifier)
+        m_notifier->setEnabled(true);
 }
 
 void EndSignals::tell()
