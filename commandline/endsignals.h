@@ -7,8 +7,8 @@ class QSocketNotifier;
 namespace CommandLine {
 
 // While this lives, a hang-up, an interrupt and the requests to quit and to end do not kill the program: they
-// are told from the event loop, once. The same one again ends it at once, unless the user has refused to end and
-// it listen()s anew. One object at a time.
+// are told from the event loop, once. The same one again ends it at once, unless the user has refused to end
+// and it listen()s anew. One object at a time.
 class EndSignals : public QObject
 {
     Q_OBJECT
