@@ -20,11 +20,11 @@ void handleUnlessIgnored(int number, void (*action)(int))
         signal(number, SIG_IGN);
 }
 
-// May come at any moment: it only writes a byte. The next signal meets the default action.
-void note(int)
+// May come at any moment: it only writes a byte. The same signal once more meets the default action; another
+// one need not mean more, since the end of a session sends several.
+void note(int number)
 {
-    for (const int number : endingSignals)
-        handleUnlessIgnored(number, SIG_DFL);
+    handleUnlessIgnored(number, SIG_DFL);
     const char byte = 0;
     const ssize_t written = write(pipeEnds[1], &byte, 1);
     (void)written;
@@ -55,6 +55,17 @@ EndSignals::~EndSignals()
         close(end);
         end = -1;
     }
+}
+
+void EndSignals::listen()
+{
+    char byte = 0;
+    while (read(pipeEnds[0], &byte, 1) > 0) {
+    }
+    for (const int number : endingSignals)
+        handleUnlessIgnored(number, note);
+    if (m_notifier)
+        m_notifier->setEnabled(true);
 }
 
 // The byte stays in the pipe, for those that listen later.

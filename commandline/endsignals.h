@@ -7,8 +7,9 @@ class QSocketNotifier;
 namespace CommandLine {
 
 // While this lives, a hang-up, an interrupt and the requests to quit and to end do not kill the program: they
-// are told from the event loop, once to each object. A second one ends it at once. An object within the life
-// of another one also hears of what came before it, so no moment between two of them loses a signal.
+// are told from the event loop, once to each object. The same one again ends it at once, unless the user has
+// refused to end and it listen()s anew. An object within the life of another one also hears of what came
+// before it, so no moment between two of them loses a signal.
 class EndSignals : public QObject
 {
     Q_OBJECT
@@ -16,6 +17,8 @@ class EndSignals : public QObject
 public:
     EndSignals();
     ~EndSignals() override;
+
+    void listen(); // of an only one
 
 Q_SIGNALS:
     void endAsked();

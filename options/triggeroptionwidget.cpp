@@ -28,6 +28,29 @@ QList<JEX::MatchUnit *> offeredUnits(const JEX::AoCore *core, bool all)
     return all ? core->matchUnits : core->matchUnits.mid(0, StaticUnitCount);
 }
 
+// Rows that are right already stay, expanded and selected as they were; so does an expanded port.
+void showPortRows(QTreeWidgetItem *port, const QList<JEX::SignalItem> &items)
+{
+    const auto isRight = [&](int row, int wanted) { return recordOf(port->child(row)) == items.at(wanted); };
+    const bool isExpanded = port->isExpanded();
+    const int shared = qMin(port->childCount(), items.size());
+    int first = 0;
+    while (first < shared && isRight(first, first))
+        ++first;
+    int after = 0; // rows at the end that stay
+    while (after < shared - first && isRight(port->childCount() - 1 - after, items.size() - 1 - after))
+        ++after;
+    while (port->childCount() > first + after)
+        delete port->takeChild(first);
+    QList<QTreeWidgetItem *> fresh;
+    for (const JEX::SignalItem &item : items.mid(first, items.size() - first - after))
+        fresh.append(makeSignalRow(item, TriggerOptionWidget::SignalRow));
+    port->insertChildren(first, fresh);
+    for (QTreeWidgetItem *row : fresh)
+        settleRow(row);
+    port->setExpanded(isExpanded);
+}
+
 } // namespace
 
 TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent)
@@ -350,16 +373,8 @@ void TriggerOptionWidget::updateMatchUnitNumber(bool all)
 void TriggerOptionWidget::updateTriggerTree()
 {
     for (int i = 0; i < m_ui->treeTrigger->topLevelItemCount(); ++i) {
-        QTreeWidgetItem *row = m_ui->treeTrigger->topLevelItem(i);
-        qDeleteAll(row->takeChildren());
-        QList<QTreeWidgetItem *> children;
-        if (const JEX::TriggerPort *port = m_core->getTrigger(i)) {
-            for (const JEX::SignalItem &item : port->signalItems)
-                children.append(makeSignalRow(item, SignalRow));
-        }
-        row->addChildren(children);
-        for (QTreeWidgetItem *child : children)
-            settleRow(child);
+        if (const JEX::TriggerPort *port = m_core->getTrigger(i))
+            showPortRows(m_ui->treeTrigger->topLevelItem(i), port->signalItems);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "host/isnapshot.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
+#include "workbench/editsource.h"
 
 namespace Workbench {
 namespace {
@@ -38,7 +39,9 @@ void DuplicateCore::fill()
     const RTLJEX::Snapshot state = presentState();
     for (const RTLJEX::CoreSnapshot &core : state.cores) {
         const int number = core.number;
-        m_menu->addAction(QString("Core %1").arg(number), this, [this, number] { duplicate(number); });
+        QAction *action =
+            m_menu->addAction(QString("Core %1").arg(number), this, [this, number] { duplicate(number); });
+        action->setProperty(editName, "Duplicate Core");
     }
     m_menu->setEnabled(!state.cores.isEmpty() && state.cores.size() < JEX::CoreLimit);
 }

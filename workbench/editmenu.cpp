@@ -13,6 +13,7 @@ namespace Workbench {
 namespace {
 
 const int burstPause = 2000; // ms, after which typing is another step
+const int longestName = 48;  // a name of a net may be part of it
 
 Core::ISnapshot *stateOf(Core::IView *view)
 {
@@ -28,6 +29,8 @@ QAction *newAction(QMenu *menu, const QKeySequence &key)
 
 void show(QAction *action, const QString &word, bool isPossible, QString name)
 {
+    if (name.size() > longestName)
+        name = name.left(longestName - 3) + "...";
     action->setText(isPossible ? word + ' ' + name.replace('&', "&&") : word);
     action->setEnabled(isPossible);
 }
@@ -96,6 +99,8 @@ void EditMenu::drop(QObject *view)
 
 void EditMenu::noteChange(Core::IView *view, Core::StateChange change)
 {
+    if (change == Core::StateAtRisk)
+        return fetchAll(); // what was edited is no part of the step that comes
     Followed &followed = m_followed[view];
     const bool isFirst = !followed.isEdited && !followed.isStored && !followed.isReloaded;
     followed.isEdited |= change == Core::StateEdited;

@@ -3,9 +3,11 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDropEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -14,6 +16,9 @@
 #include <QMessageBox>
 
 namespace Workbench {
+
+const char *const editName = "editName";
+
 namespace {
 
 bool hasLetters(const QString &text)
@@ -62,6 +67,14 @@ bool isInItemView(const QWidget *widget)
     return parent && qobject_cast<const QAbstractItemView *>(parent->parentWidget());
 }
 
+// A click there takes the focus from what has it.
+bool takesFocus(const QWidget *widget)
+{
+    while (widget && !(widget->focusPolicy() & Qt::ClickFocus))
+        widget = widget->isWindow() ? nullptr : widget->parentWidget();
+    return widget;
+}
+
 const QDialog *dialogAround(const QWidget *widget)
 {
     while (widget && !qobject_cast<const QDialog *>(widget))
@@ -71,8 +84,10 @@ const QDialog *dialogAround(const QWidget *widget)
 
 QString useOfItems(const QWidget *view, const QEvent *event)
 {
-    if (event->type() == QEvent::Drop)
-        return "Move";
+    if (event->type() == QEvent::Drop) // signals come from elsewhere
+        return static_cast<const QDropEvent *>(event)->source() == view ? "Move" : "Add Signals";
+    if (view->property(editName).isValid())
+        return view->property(editName).toString();
     if (event->type() != QEvent::ShortcutOverride)
         return groupTitle(view);
     const auto *key = static_cast<const QKeyEvent *>(event);
@@ -110,6 +125,9 @@ bool EditSource::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+        if (watched->isWidgetType())
+            endRenaming(static_cast<QWidget *>(watched));
+        Q_FALLTHROUGH();
     case QEvent::MouseButtonDblClick:
     case QEvent::ShortcutOverride: // all keys, also those that end as a shortcut
     case QEvent::Wheel:
@@ -118,6 +136,10 @@ bool EditSource::eventFilter(QObject *watched, QEvent *event)
             Q_EMIT aboutToUse();
             noteUse(static_cast<QWidget *>(watched), event);
         }
+        break;
+    case QEvent::Shortcut:
+        if (const auto *action = qobject_cast<QAction *>(watched))
+            noteAction(action);
         break;
     case QEvent::Show:
         if (auto *menu = qobject_cast<QMenu *>(watched))
@@ -129,12 +151,25 @@ bool EditSource::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
+// A name that is being typed is an edit of its own, ended by the click and not made by what is clicked.
+void EditSource::endRenaming(const QWidget *clicked)
+{
+    QWidget *line = QApplication::focusWidget();
+    if (lineOf(line) && isInItemView(line) && !line->isAncestorOf(clicked) && clicked != line &&
+        line->window() == clicked->window() && takesFocus(clicked))
+        line->clearFocus();
+}
+
 // What is used is the innermost thing that has a name; keys and wheels wander on to what is around it. What a
 // dialog is used for is known from what opened it, unless that was a list.
 void EditSource::noteUse(QWidget *widget, const QEvent *event)
 {
     if (const QDialog *dialog = dialogAround(widget)) {
-        if (m_isVague && !qobject_cast<const QMessageBox *>(dialog))
+        const auto *box = qobject_cast<const QMessageBox *>(dialog);
+        auto *button = qobject_cast<QAbstractButton *>(widget);
+        if (box && button && box->standardButton(button) == QMessageBox::NoButton)
+            noteName(button->text()); // a question with answers of its own
+        else if (m_isVague && !box)
             noteName(dialog->windowTitle());
         m_typedInto = nullptr;
         return;
@@ -157,11 +192,17 @@ void EditSource::noteUse(QWidget *widget, const QEvent *event)
             return;
         }
     }
+    if (event->type() == QEvent::Drop)
+        noteName("Add Signals");
 }
 
 void EditSource::noteAction(const QAction *action)
 {
-    noteName(action->text());
+    // What is triggered while a name is typed ends that first.
+    const QWidget *focus = QApplication::focusWidget();
+    if (!focus || !isInItemView(focus))
+        noteName(action->property(editName).isValid() ? action->property(editName).toString()
+                                                      : action->text());
 }
 
 void EditSource::noteName(const QString &text)

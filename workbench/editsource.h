@@ -26,14 +26,18 @@ Q_SIGNALS:
 
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    static void endRenaming(const QWidget *clicked);
     void noteUse(QWidget *widget, const QEvent *event);
     void noteAction(const QAction *action);
     void noteName(const QString &text);
 
     QString m_name;
-    bool m_isVague = false; // of a list: a dialog that it opens says more
+    bool m_isVague = true; // of a list, or nothing: a dialog that is opened says more
     QPointer<QWidget> m_typedInto;
 };
+
+// A property of a list or an action that says what edits by it are called, where neither does by itself.
+extern const char *const editName;
 
 // The line into which a text or number box types; null for others.
 QLineEdit *lineOf(QObject *box);

@@ -141,20 +141,22 @@ int runUnattended(const StartOptions &options, MainWindow &window, bool good)
 
 // As Quit does it: unsaved changes are asked about, and who cancels that stays. What else is open, such as
 // the box of a reading that is cancelled here, goes without an answer.
-void endProgram(MainWindow &window)
+void endProgram(MainWindow &window, CommandLine::EndSignals &ends)
 {
     window.recovery()->keepNow(); // who has asked may not wait for an answer
     QUARRY::ReadingJob::cancelAll();
     QTimer *timer = new QTimer(&window);
-    QObject::connect(timer, &QTimer::timeout, [timer, &window] {
+    QObject::connect(timer, &QTimer::timeout, [timer, &window, &ends] {
         QWidget *modal = QApplication::activeModalWidget();
         const QMessageBox *box = qobject_cast<QMessageBox *>(modal);
         if (box && box->button(QMessageBox::Discard))
             return;
         if (modal)
             modal->close();
-        else if (!window.isVisible() || !window.close())
+        else if (!window.isVisible() || !window.close()) {
             timer->deleteLater();
+            ends.listen();
+        }
     });
     timer->start(50);
 }
@@ -188,9 +190,9 @@ int run(const StartOptions &options)
         if (unattended) {
             result = runUnattended(options, window, good);
         } else {
-            const CommandLine::EndSignals ends;
+            CommandLine::EndSignals ends;
             QObject::connect(&ends, &CommandLine::EndSignals::endAsked, &window,
-                             [&window] { endProgram(window); });
+                             [&window, &ends] { endProgram(window, ends); });
             // The one folder of the user for all workbenches, which tell each other apart.
             window.attend(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/recovery");
             QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window,

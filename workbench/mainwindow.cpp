@@ -209,7 +209,10 @@ void MainWindow::restoreLayout()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(m_workspace->closeProject());
+    if (m_recovery && m_recovery->isKeptForNextStart())
+        Q_EMIT m_workspace->closingProject(); // nobody can be asked, and nothing gets lost
+    else
+        event->setAccepted(m_workspace->closeProject());
     if (event->isAccepted() && m_settings) {
         m_settings->setValue("geometry", saveGeometry());
         m_settings->setValue("layout", saveState());

@@ -16,6 +16,7 @@
 #include "check/netplace.h"
 #include "model/netlist/rtlnetlist.h"
 #include "workbench/designnetlist.h"
+#include "workbench/editsource.h"
 #include "workbench/instancemodel.h"
 #include "workbench/netmodel.h"
 
@@ -113,6 +114,7 @@ void NetlistPane::createLists()
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setDragEnabled(true);
     m_list->setModel(m_nets);
+    m_list->setProperty(editName, "Add Signals");
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(NetModel::NameColumn, QHeaderView::Stretch);
     m_list->header()->setSectionResizeMode(NetModel::WidthColumn, QHeaderView::ResizeToContents);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -62,8 +63,11 @@ void collect(const QAbstractItemModel *model, const QModelIndex &parent, const Q
 
 } // namespace
 
-RowFinder::RowFinder(QWidget *parent) : QWidget(parent), m_text(new QLineEdit), m_result(new QLabel)
+RowFinder::RowFinder(QWidget *parent)
+    : QWidget(parent), m_text(new QLineEdit), m_result(new QLabel), m_recount(new QTimer(this))
 {
+    m_recount->setSingleShot(true);
+    connect(m_recount, &QTimer::timeout, this, &RowFinder::recount);
     auto *label = new QLabel("Fi&nd row:");
     label->setBuddy(m_text);
     m_text->setObjectName("findRow");
@@ -94,7 +98,7 @@ bool RowFinder::canFindIn(const Core::IView *view)
 
 void RowFinder::ask()
 {
-    m_list = shownList();
+    follow(shownList());
     m_found = m_list ? m_list->currentIndex() : QModelIndex();
     m_result->clear();
     show();
@@ -105,12 +109,10 @@ void RowFinder::ask()
 void RowFinder::find(int step)
 {
     if (!m_list || !m_list->isVisible()) {
-        m_list = shownList();
+        follow(shownList());
         m_found = QModelIndex();
     }
-    QList<QModelIndex> rows;
-    if (m_list && !m_text->text().isEmpty())
-        collect(m_list->model(), QModelIndex(), m_text->text(), rows);
+    const QList<QModelIndex> rows = foundRows();
     m_result->setText(m_text->text().isEmpty() ? QString() : "Not found");
     if (rows.isEmpty())
         return;
@@ -121,6 +123,41 @@ void RowFinder::find(int step)
     m_list->setCurrentIndex(rows.at(place));
     m_list->scrollTo(rows.at(place));
     m_result->setText(QString("%1 of %2").arg(place + 1).arg(count));
+}
+
+QList<QModelIndex> RowFinder::foundRows() const
+{
+    QList<QModelIndex> rows;
+    if (m_list && !m_text->text().isEmpty())
+        collect(m_list->model(), QModelIndex(), m_text->text(), rows);
+    return rows;
+}
+
+void RowFinder::follow(QTreeView *list)
+{
+    if (m_list)
+        m_list->model()->disconnect(m_recount);
+    m_list = list;
+    if (!m_list)
+        return;
+    const auto soon = qOverload<>(&QTimer::start);
+    connect(m_list->model(), &QAbstractItemModel::rowsInserted, m_recount, soon);
+    connect(m_list->model(), &QAbstractItemModel::rowsRemoved, m_recount, soon);
+    connect(m_list->model(), &QAbstractItemModel::dataChanged, m_recount, soon);
+    connect(m_list->model(), &QAbstractItemModel::modelReset, m_recount, soon);
+}
+
+void RowFinder::recount()
+{
+    if (isHidden() || !m_list || m_text->text().isEmpty())
+        return;
+    const QList<QModelIndex> rows = foundRows();
+    if (!rows.contains(m_found)) // an edit makes rows anew
+        m_found = m_list->currentIndex();
+    const int place = rows.indexOf(m_found);
+    m_result->setText(rows.isEmpty() ? QString("Not found")
+                      : place < 0    ? QString("%1 found").arg(rows.size())
+                                     : QString("%1 of %2").arg(place + 1).arg(rows.size()));
 }
 
 void RowFinder::leave()

@@ -6,6 +6,7 @@
 
 class QLabel;
 class QLineEdit;
+class QTimer;
 class QTreeView;
 namespace Core {
 class IView;
@@ -32,12 +33,16 @@ protected:
 
 private:
     void find(int step);
+    void follow(QTreeView *list);
+    void recount(); // after the rows have changed
+    QList<QModelIndex> foundRows() const;
     void leave();
 
     QLineEdit *m_text;
     QLabel *m_result;
     QPointer<QTreeView> m_list; // in which something was found last
     QPersistentModelIndex m_found;
+    QTimer *m_recount;
 };
 
 } // namespace Workbench

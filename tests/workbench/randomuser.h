@@ -19,6 +19,7 @@
 #include <functional>
 #include <random>
 
+#include "elaboration/catchrtl.h"
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "workbench/editmenu.h"
@@ -72,7 +73,9 @@ private:
         later(); // also at the end, when a dialog may be about to open
         if ((m_left <= 0 || !m_window) && !popup && !modal)
             return m_loop.quit();
-        if (qobject_cast<QProgressDialog *>(modal) || (modal && modal->objectName() == "ElaborationDialog"))
+        // A reading takes no input, also before its dialog is up. Another dialog may have been asked for
+        // before.
+        if (QUARRY::isCatchingRtl() && (!modal || qobject_cast<QProgressDialog *>(modal)))
             return;
         if (--m_left == 0 && !popup && !modal)
             return save();

@@ -233,6 +233,28 @@ private Q_SLOTS:
         QVERIFY(!banner->isVisible());
     }
 
+    // A session manager that lets nobody be asked ends the program by itself, or does not after all.
+    void asksNobodyAtTheEnd()
+    {
+        edit();
+        m_window->recovery()->keepForNextStart();
+        QVERIFY(m_window->close()); // asks nobody: there is none who would answer
+        m_window.reset();
+        QCOMPARE(kept(), 1);
+        m_user->then(pressing("Recover"));
+        start();
+        m_window->recovery()->offer();
+        QVERIFY(view()->editedFile().isModified);
+        m_window->recovery()->keepForNextStart();
+        edit();
+        edit();
+        m_user->then(pressing("Discard"));
+        QVERIFY(m_window->close());
+        QCOMPARE(m_user->seen.filter("unexpected").join(""), QString());
+        QVERIFY(m_user->done());
+        QCOMPARE(kept(), 0);
+    }
+
 private:
     void start()
     {

@@ -73,6 +73,24 @@ private Q_SLOTS:
         QVERIFY(!m_view->editedFile().isModified);
     }
 
+    // Also when rows come back.
+    void countsAnewAfterEdits()
+    {
+        action("Find...")->trigger();
+        auto *text = m_window->findChild<QLineEdit *>("findRow");
+        auto *result = m_window->findChild<QLabel *>("findRowResult");
+        text->clear();
+        QTest::keyClicks(text, "top/q");
+        QCOMPARE(result->text(), QString("1 of 3"));
+        m_list->clearSelection();
+        m_list->topLevelItem(1)->setSelected(true);
+        QTest::mouseClick(m_view->findChild<QWidget *>("btnRemove"), Qt::LeftButton);
+        QTRY_COMPARE(result->text(), QString("Not found"));
+        action("Undo Remove")->trigger();
+        QTRY_VERIFY2(result->text() == "1 of 3" || result->text() == "3 found", qPrintable(result->text()));
+        QTest::keyClick(text, Qt::Key_Escape);
+    }
+
     // Not the list of cores, which is the larger one beside the trigger ports.
     void findsOnThePageInFront()
     {

@@ -1,5 +1,7 @@
 #include <QAbstractSpinBox>
+#include <QClipboard>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTableView>
@@ -7,6 +9,7 @@
 
 #include "check/configuration.h"
 #include "host/actionmanager.h"
+#include "host/isignaltarget.h"
 #include "host/isnapshot.h"
 #include "host/viewmanager.h"
 #include "plugin/jexviewmanager.h"
@@ -154,6 +157,74 @@ private Q_SLOTS:
         const QPoint box = units->visualRect(units->model()->index(0, 0)).topLeft() + QPoint(8, 8);
         QTest::mouseClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, box);
         QTRY_COMPARE(texts(), QString("Undo Match Units | Redo"));
+    }
+
+    // What comes from outside a page, by a key or by what ended an edit.
+    void namesOtherWays()
+    {
+        const auto comesTo = [&](const char *name) {
+            QCoreApplication::processEvents();
+            return texts() == QString("Undo ") + name + " | Redo";
+        };
+        QApplication::clipboard()->setText("top/d[2]");
+        chooseRows(1);
+        QTest::keyClick(rows(), Qt::Key_V, Qt::ControlModifier);
+        QVERIFY2(comesTo("Paste Signals"), qPrintable(texts()));
+        QMimeData net;
+        net.setText("top/d[0]");
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &net, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(rows()->viewport(), &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &net, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(rows()->viewport(), &drop);
+        QVERIFY2(comesTo("Add Signals"), qPrintable(texts()));
+        QTest::keyClick(rows(), Qt::Key_Down, Qt::AltModifier);
+        QVERIFY2(comesTo("Move"), qPrintable(texts()));
+        const int steps = m_menu->historyOf(view())->stepCount();
+        chooseRows(1);
+        QTest::keyClick(rows(), Qt::Key_F2);
+        QTest::keyClicks(rows()->viewport()->findChild<QLineEdit *>(), "bits");
+        QWidget *falling = find<QWidget>("radioButtonFalling");
+        QTest::mousePress(falling, Qt::LeftButton, Qt::NoModifier, QPoint(8, falling->height() / 2));
+        QVERIFY2(comesTo("Rename"), qPrintable(texts()));
+        QTest::mouseRelease(falling, Qt::LeftButton, Qt::NoModifier, QPoint(8, falling->height() / 2));
+        QVERIFY2(comesTo("Falling"), qPrintable(texts()));
+        QCOMPARE(m_menu->historyOf(view())->stepCount(), steps + 2);
+        if (!m_isStandard)
+            return;
+        for (QMenu *menu : m_window->menuBar()->findChildren<QMenu *>()) {
+            if (menu->title() == "&Duplicate Core") {
+                Q_EMIT static_cast<QMenu *>(menu->parentWidget())->aboutToShow();
+                useMenu([menu] { menu->popup(QPoint()); }, "Core 0");
+                QVERIFY2(comesTo("Duplicate Core"), qPrintable(texts()));
+            }
+        }
+    }
+
+    // A port stays open as long as it is there, and rows of it stay selected.
+    void keepsPortsOpen()
+    {
+        if (!m_isStandard)
+            return;
+        qobject_cast<QTabWidget *>(pages()->currentWidget())->setCurrentIndex(0);
+        auto *ports = find<QTreeWidget>("treeTrigger");
+        auto *target = dynamic_cast<Core::ISignalTarget *>(view());
+        const auto add = [&](const char *name) {
+            QMimeData net;
+            net.setText(name);
+            QStringList faults;
+            ports->setCurrentItem(ports->topLevelItem(0));
+            QVERIFY(target->addSignals(net, nullptr, QPoint(), &faults));
+            QCoreApplication::processEvents();
+        };
+        add("top/d[2]");
+        add("top/d[0]");
+        ports->topLevelItem(0)->child(1)->setSelected(true);
+        undo();
+        QCOMPARE(ports->topLevelItem(0)->childCount(), 2);
+        QVERIFY(ports->topLevelItem(0)->isExpanded() && ports->topLevelItem(0)->child(1)->isSelected());
+        redo();
+        QCOMPARE(ports->topLevelItem(0)->childCount(), 3);
+        QVERIFY(ports->topLevelItem(0)->isExpanded() && ports->topLevelItem(0)->child(1)->isSelected());
     }
 
     // Until the box has nothing to take back by itself.

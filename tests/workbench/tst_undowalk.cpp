@@ -12,7 +12,8 @@
 
 // What a user without a plan did, undone step by step to the first state and made again to the last. The
 // editor shows at each state what it showed when it came there first, whatever is part of the state and
-// whatever should be.
+// whatever should be. JEX_WALK_SEED and JEX_WALK_STEPS in the environment choose another user, and how long
+// he goes on.
 class UndoWalkTest : public QObject
 {
     Q_OBJECT
@@ -31,7 +32,8 @@ private Q_SLOTS:
     void undoesEverything()
     {
         QFETCH(int, mode);
-        const int wanted = qgetenv("JEX_TORTURE") == "full" ? 10000 : 150;
+        const int steps = qEnvironmentVariableIntValue("JEX_WALK_STEPS");
+        const int wanted = steps > 0 ? steps : qgetenv("JEX_TORTURE") == "full" ? 10000 : 150;
         m_folder.reset(new Folder);
         m_folder->write("top.v", design);
         m_folder->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
@@ -43,7 +45,7 @@ private Q_SLOTS:
         m_places.clear();
         m_fault.clear();
         const QByteArray first = state();
-        RandomUser user(view(), 1);
+        RandomUser user(view(), qMax(1u, qgetenv("JEX_WALK_SEED").toUInt()));
         int quiet = 0;
         user.idle = [&] {
             note();
@@ -141,6 +143,8 @@ private:
 
     void walk(const QByteArray &first)
     {
+        while (history().canRedo() && m_fault.isEmpty()) // what the user took back at the very end
+            step(m_menu->redoAction());
         const QByteArray last = state();
         const int steps = history().stepCount();
         while (history().canUndo() && m_fault.isEmpty())
@@ -149,8 +153,10 @@ private:
             m_fault = "Undone, it has another state than at first: " + state();
         while (history().canRedo() && m_fault.isEmpty())
             step(m_menu->redoAction());
-        if (m_fault.isEmpty() && (history().doneCount() != steps || shown(state()) != shown(last)))
-            m_fault = "Redone, it has another state than at last: " + state();
+        if (m_fault.isEmpty() && history().doneCount() != steps)
+            m_fault = QString("%1 of %2 steps were redone").arg(history().doneCount()).arg(steps);
+        if (m_fault.isEmpty() && shown(state()) != shown(last))
+            m_fault = "Redone, it has another state than at last: " + state() + "instead of " + last;
     }
 
     std::unique_ptr<Folder> m_folder;
