@@ -98,12 +98,14 @@ private:
     QList<JEX::AOCore_Lite *> m_lite;
 };
 
+// Of a Standard file.
 template <>
 inline QList<JEX::AoCore *> &Configuration::coresOf<JEX::AoCore>()
 {
     return m_standard;
 }
 
+// Of a Lite file.
 template <>
 inline QList<JEX::AOCore_Lite *> &Configuration::coresOf<JEX::AOCore_Lite>()
 {

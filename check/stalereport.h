@@ -15,7 +15,9 @@ namespace RTLJEX {
 // One signal of a configuration that the design does not have as it is stored.
 struct StaleSignal
 {
+    // Which part of the core holds it.
     enum Place { Clock, Trigger, Capture };
+    // In what the design differs.
     enum Fault {
         Missing,
         WidthChanged, // the design declares the name with another range, or without one
@@ -40,6 +42,7 @@ struct StaleSignal
 // looked up one by one, so that groups and parts of buses count as there when their bits are. Costs nothing
 // per net of the design unless something is missing.
 QList<StaleSignal> staleSignals(const QList<JEX::AoCore *> &cores, const QUARRY::RtlNetlist &netlist);
+// The same of a Lite file.
 QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist &netlist);
 
 QString staleWord(StaleSignal::Fault fault);      // "missing", "width changed", "excluded", "moved"
