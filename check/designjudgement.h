@@ -27,7 +27,9 @@ struct DesignFault
 
 // The steps of reading a design, each judged before the next. `top` is the project's top module; empty: none
 // set.
+// That there are any at all.
 DesignFault judgeFiles(const QStringList &files);
+// What the tools said of them, and that one module is the top.
 DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found);
 // A null netlist is not at fault: the parser has told the user why there is none.
 DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist);

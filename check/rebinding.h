@@ -14,9 +14,9 @@ struct Rebinding
     QString refusal;
 };
 
-// Renames everywhere in the configuration, or only the rows and clocks of these signals, and judges the
-// result.
+// Renames everywhere in the configuration, and judges the result.
 Rebinding rebind(const Renaming &renaming, const QUARRY::RtlNetlist &netlist, Configuration &configuration);
+// The same for no more than the rows and clocks of these signals.
 Rebinding rebindAt(const QList<StaleSignal> &stale, const Renaming &renaming,
                    const QUARRY::RtlNetlist &netlist, Configuration &configuration);
 

@@ -14,7 +14,7 @@ namespace RTLJEX {
 class Renaming
 {
 public:
-    typedef QList<QPair<QString, QString>> Changes;
+    typedef QList<QPair<QString, QString>> Changes; // old and new name
 
     Renaming() = default;
     // False, with a sentence, when these make no rename. A range that both end in is left out.

@@ -21,6 +21,7 @@ struct CoreSnapshot
     bool showsSame(const CoreSnapshot &other) const; // whatever the number
 };
 
+// That they show the same under the same number and identity.
 bool operator==(const CoreSnapshot &a, const CoreSnapshot &b);
 QByteArray snapshotDigest(const CoreSnapshot &core); // as it has to be
 

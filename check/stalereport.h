@@ -15,7 +15,9 @@ namespace RTLJEX {
 // One signal of a configuration that the design does not have as it is stored.
 struct StaleSignal
 {
+    // Which part of the core holds it.
     enum Place { Clock, Trigger, Capture };
+    // In what the design differs.
     enum Fault {
         Missing,
         WidthChanged, // the design declares the name with another range, or without one

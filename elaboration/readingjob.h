@@ -23,6 +23,7 @@ class ReadingJob : public QObject
     Q_OBJECT
 
 public:
+    // How far it goes; the netlist comes with the modules.
     enum Goal { Modules, Netlist };
     ReadingJob(const DesignInput &input, Goal goal);
     ~ReadingJob() override;

@@ -32,10 +32,11 @@ inline bool isDesignFileType(int type)
     return type >= VerilogFile && type <= VhdlFile;
 }
 
+// What the project knows of a file.
 struct FileInfo
 {
-    int type = UnknownFile;
-    bool enabled = false; // false too for a file that the project does not hold
+    int type = UnknownFile; // FileType
+    bool enabled = false;   // false too for a file that the project does not hold
 };
 
 // The design side of the open project: what its sources are, what its options say, which device it is
@@ -81,6 +82,8 @@ private:
     QStringList m_changed; // to be posted, in order of change
 };
 
+// Where the design manager of the program is found. Both are made on first use and live as long as the
+// program.
 class TaskEngine
 {
 public:

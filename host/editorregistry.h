@@ -13,6 +13,7 @@ namespace Core {
 class EditorRegistry
 {
 public:
+    // Opens a file in a view; see above.
     typedef bool (*Opener)(const QString &file, const DEV::DeviceArg &device);
 
     // The suffix without its dot, such as "zub"; compared without regard to case. A later announcement

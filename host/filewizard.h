@@ -24,7 +24,7 @@ public:
 class FileWizardRegistry
 {
 public:
-    typedef IFileWizardFactory *(*Maker)();
+    typedef IFileWizardFactory *(*Maker)(); // makes one for the caller to own
 
     static void announce(Maker maker);
     static QList<Maker> announced(); // that have made none yet

@@ -13,6 +13,7 @@ namespace Core {
 // Something that a view finds at fault in what it shows, for the host to list.
 struct Finding
 {
+    // Why it is at fault.
     enum Kind {
         Refusal, // for which the last save was refused
         Stale    // the design does not have it as it is stored, which can be saved all the same
@@ -72,10 +73,10 @@ public:
     void setShortTitle(const QString &title);
 
 Q_SIGNALS:
-    void shortTitleChanged(const QString &title);
-    void findingsChanged();
-    void stateChanged(Core::StateChange change); // maybe; several times for one edit
-    void fileSaved();                            // what the view edits was written to its file
+    void shortTitleChanged(const QString &title); // by setShortTitle()
+    void findingsChanged();                       // maybe: ask for them
+    void stateChanged(Core::StateChange change);  // maybe; several times for one edit
+    void fileSaved();                             // what the view edits was written to its file
 
 private:
     QString m_shortTitle;

@@ -6,10 +6,11 @@
 
 namespace Core {
 
+// One word of a file list, without its quotes.
 struct ListWord
 {
     QString text;
-    int line;
+    int line;     // of the list, from 1
     bool isWhole; // false: a variable in it is not set
 };
 

@@ -103,7 +103,7 @@ public:
     void setDevice(const DEV::DeviceArg &device); // posts "TE.Device.Change"
 
 Q_SIGNALS:
-    void changed();
+    void changed(); // it was edited, saved or read again
 
 private:
     int indexOf(const QString &path) const;

@@ -5,6 +5,7 @@
 
 namespace Core {
 
+// What a folder has for a design; all paths begin with that of the folder.
 struct FolderSources
 {
     QStringList files;          // HDL files but headers, in the order of their paths

@@ -9,6 +9,7 @@ namespace Core {
 // command lines read them by this one table.
 struct SourceOption
 {
+    // What the word says of a design.
     enum Meaning {
         FileList,    // paths in it are relative to where the word stands
         OwnFileList, // to the folder of that list

@@ -17,8 +17,8 @@ public:
     ~ViewContainer() override;
 
 Q_SIGNALS:
-    void closed(QWidget *container);
-    void dying(QWidget *container); // with its view, unasked: the tabs themselves may be going
+    void closed(QWidget *container); // the view goes with it
+    void dying(QWidget *container);  // with its view, unasked: the tabs themselves may be going
 
 protected:
     void closeEvent(QCloseEvent *event) override;

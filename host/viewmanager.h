@@ -51,11 +51,9 @@ public:
     void setDialogParent(QWidget *parent);
 
 Q_SIGNALS:
-    // The argument of the first may be null: no view is left. The second comes before the view is
-    // deleted.
-    void viewActiveted(Core::IView *view);
-    void viewClosed(Core::IView *view);
-    void contextsChanged(const QStringList &contexts);
+    void viewActiveted(Core::IView *view);             // null: no view is left
+    void viewClosed(Core::IView *view);                // it is deleted afterwards
+    void contextsChanged(const QStringList &contexts); // those that are live now
 
 private Q_SLOTS:
     void onCurrentTabChanged();

@@ -11,6 +11,7 @@ namespace Core {
 // What a YAML text holds. Scalars are texts, whatever they look like.
 struct YamlNode
 {
+    // Which of the members below count.
     enum Kind { Nothing, Scalar, List, Map };
     Kind kind = Nothing;
     QString text;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeWidget>
+#include <algorithm>
 #include <memory>
 
 #include "elaboration/elaboration.h"
@@ -56,7 +57,7 @@ void visitSearch(const Visitor &visit, QUARRY::RtlNetlist *netlist)
 {
     JexSignalSelectDialog dialog(netlist);
     dialog.show();
-    dialog.findChild<QLineEdit *>("lineEditName")->setText("count");
+    dialog.findChild<QLineEdit *>("lineEditName")->setText("bus_");
     dialog.findChild<QPushButton *>("pushButtonSearch")->click();
     show(visit, &dialog, "search");
     dialog.findChild<QLineEdit *>("lineEditName")->setText("ready");
@@ -67,16 +68,18 @@ void visitSearch(const Visitor &visit, QUARRY::RtlNetlist *netlist)
     show(visit, &dialog, "search-hierarchy");
 }
 
-// A unit that waits for the last bit of the design's first bus to rise.
+// A unit that waits for the last bit of the first bus that can be probed to rise.
 void visitMatchUnit(const Visitor &visit, QUARRY::RtlNetlist *netlist)
 {
     const QUARRY::Hierachy *top = netlist ? netlist->topHierarchy : nullptr;
     const QList<QUARRY::RtlNetBus *> buses = top ? top->netbusesIncludeSub() : QList<QUARRY::RtlNetBus *>();
-    if (buses.isEmpty())
+    const auto bus =
+        std::find_if(buses.begin(), buses.end(), [](const QUARRY::RtlNetBus *bus) { return !bus->excluded; });
+    if (bus == buses.end())
         return;
     JEX::AoCore core(0);
     JEX::TriggerPort *port = core.getTrigger(0);
-    for (const QUARRY::RtlNet *bit : buses.first()->members) {
+    for (const QUARRY::RtlNet *bit : (*bus)->members) {
         port->signalItems.append(JEX::SignalItem());
         port->signalItems.last().name = bit->fullPathName();
     }
@@ -91,7 +94,8 @@ void visitExpression(const Visitor &visit)
 {
     MuExpressionDialog dialog;
     dialog.setType(true);
-    for (const char *button : {"btnM0", "btnAND", "btnLeftBracket", "btnM1", "btnOR", "btnNOT", "btnM9"})
+    for (const char *button :
+         {"btnM0", "btnAND", "btnLeftBracket", "btnM1", "btnOR", "btnNOT", "btnM9", "btnRightBracket"})
         dialog.findChild<QPushButton *>(button)->click();
     show(visit, &dialog, "expression");
 }
@@ -100,13 +104,13 @@ void visitExpression(const Visitor &visit)
 QList<JEX::SignalItem> portSignals()
 {
     JEX::SignalItem bus;
-    bus.name = "soc/timer0/count[3:0]";
+    bus.name = "soc/u_timer/count[3:0]";
     for (int bit = 3; bit >= 0; --bit) {
         bus.members.append(JEX::SignalItem());
-        bus.members.last().name = QString("soc/timer0/count[%1]").arg(bit);
+        bus.members.last().name = QString("soc/u_timer/count[%1]").arg(bit);
     }
     JEX::SignalItem single;
-    single.name = "soc/uart0/tx_ready";
+    single.name = "soc/u_uart/tx_ready";
     return {bus, bus.members.first(), single};
 }
 

@@ -1,11 +1,14 @@
 #include "workbench/guidewindow.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -51,14 +54,29 @@ void GuideWindow::showTopic(const QString &topic)
     m_text->moveCursor(QTextCursor::Start);
 }
 
-// Links lead from page to page and nowhere else.
+// Links lead from page to page, to a part of one, and nowhere else.
 void GuideWindow::follow(const QUrl &link)
 {
     const QString topic = QFileInfo(link.path()).completeBaseName();
-    if (guidePage(topic).isEmpty() || topic == m_topic)
+    if (guidePage(topic).isEmpty())
         return;
-    m_before << m_topic;
-    showTopic(topic);
+    if (topic != m_topic) {
+        m_before << m_topic;
+        showTopic(topic);
+    }
+    showPart(link.fragment());
+}
+
+void GuideWindow::showPart(const QString &anchor)
+{
+    const QTextDocument *page = m_text->document();
+    for (QTextBlock block = page->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0 || headingAnchor(block.text()) != anchor)
+            continue;
+        const QRectF place = page->documentLayout()->blockBoundingRect(block);
+        m_text->verticalScrollBar()->setValue(int(place.top()));
+        return;
+    }
 }
 
 void GuideWindow::goBack()

@@ -20,6 +20,7 @@ public:
 
 private:
     void follow(const QUrl &link);
+    void showPart(const QString &anchor); // by its heading; none: stays
     void goBack();
 
     QTextBrowser *m_text;

@@ -68,10 +68,20 @@ QStringList helpTopics()
 QString guidePage(const QString &topic)
 {
     initializeResources();
-    if (!QRegularExpression("^[a-z]+$").match(topic).hasMatch())
+    if (!QRegularExpression("^[a-z-]+$").match(topic).hasMatch())
         return QString();
     QFile file(":/workbench/guide/" + topic + ".md");
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    static const QRegularExpression picture("^ *!\\[[^]]*\\]\\([^)]*\\)\\n",
+                                            QRegularExpression::MultilineOption);
+    return QString::fromUtf8(file.readAll()).remove(picture);
+}
+
+QString headingAnchor(const QString &heading)
+{
+    static const QRegularExpression dropped("[^\\w\\- ]", QRegularExpression::UseUnicodePropertiesOption);
+    return heading.toLower().remove(dropped).replace(' ', '-');
 }
 
 } // namespace Workbench

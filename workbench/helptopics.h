@@ -14,7 +14,11 @@ QString helpTopic(const QWidget *widget);
 // All that the above can give of itself.
 QStringList helpTopics();
 
-// The page's text in Markdown; empty for one that there is not.
+// The page's text in Markdown, without the pictures, which are larger than a window beside another; empty for
+// one that there is not.
 QString guidePage(const QString &topic);
+
+// What links call a heading, "What it takes" is "what-it-takes".
+QString headingAnchor(const QString &heading);
 
 } // namespace Workbench

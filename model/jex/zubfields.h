@@ -98,6 +98,8 @@ struct Field
     }
 };
 
+// The fields of one record, in the order in which files have them; the key comes first. Owned by nobody: it
+// points to what lives as long as the program.
 template <class Record>
 struct FieldTable
 {

@@ -20,6 +20,7 @@ inline bool isWord(const QStringRef &text, const char *word)
 // The values that a field may hold, and how the ".zub" format spells them.
 struct Rule
 {
+    // How the values are told: by a range of numbers, by words, by the characters of a match value.
     enum Kind { Any, Range, PowerOfTwo, PowerOfTwoOrZero, Words, Bits };
 
     Kind kind = Any;

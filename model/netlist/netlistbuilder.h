@@ -17,6 +17,7 @@ struct NetDecl
     Declaration info;
 };
 
+// What all instances of a module share.
 struct ModuleDecl
 {
     QString name;

@@ -15,6 +15,7 @@ class RtlModule
 public:
     explicit RtlModule(const ModuleDecl &decl);
 
+    // One declared net or bus. Its name is a piece of names().
     struct Entry
     {
         quint32 textBegin;

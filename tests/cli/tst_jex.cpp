@@ -8,7 +8,11 @@
 // Runs transcripts of terminal sessions and compares what they show with what happens now. In a transcript
 // "== name" begins a file that is written, "==" ends it; "$ words" is a command for the shell, followed by
 // what it prints, "2> " before what comes on standard error, and "[1]" for an exit code other than 0. Each
-// transcript has a folder of its own, with a copy of the example project in it.
+// transcript has a folder of its own, with a copy of the example project in it. Documents are transcripts,
+// too:
+// "```console" begins what a terminal shows, "```vhdl a.vhd" a file that is written, and a command that ends
+// in "\" goes on in a line that begins with "> ". What is looked at behind guide/examples.md, and would only
+// bore its readers, is in examples.then.
 class JexTest : public QObject
 {
     Q_OBJECT
@@ -19,6 +23,7 @@ private Q_SLOTS:
         qputenv("PATH", QFile::encodeName(QFileInfo(JEX).path()) + ':' + qgetenv("PATH"));
         qputenv("JEX", JEX);
         qputenv("BUILD", BUILD);
+        qputenv("SOURCES", SOURCES);
         qputenv("PROJECTS", PROJECTS);
     }
 
@@ -27,7 +32,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         for (const QFileInfo &file : QDir(TRANSCRIPTS).entryInfoList({"*.session"}))
             QTest::newRow(qPrintable(file.baseName())) << QString(contents(file.filePath()));
-        QTest::newRow("documentation") << sessions(contents(DOCUMENT));
+        for (const QFileInfo &file :
+             QDir(DOCUMENTS).entryInfoList({"*.md"}) + QDir(DOCUMENTS "/guide").entryInfoList({"*.md"})) {
+            const QString text = sessions(contents(file.filePath()));
+            const QFileInfo then(TRANSCRIPTS "/" + file.baseName() + ".then");
+            if (text.contains("$ "))
+                QTest::newRow(qPrintable("document " + file.baseName()))
+                    << text + (then.exists() ? contents(then.filePath()) : QByteArray());
+        }
     }
     void transcripts()
     {
@@ -35,7 +47,8 @@ private Q_SLOTS:
         QTemporaryDir dir;
         QCOMPARE(bash("cp -r " EXAMPLE "/. .", dir.path()), QString());
         QVERIFY(text.contains("\n$ ") || text.startsWith("$ "));
-        const QString now = replay(text, dir.path());
+        const bool isDocument = QByteArray(QTest::currentDataTag()).startsWith("document ");
+        const QString now = replay(text, dir.path(), isDocument);
         if (now != text)
             qWarning("Now it is:\n%s", qPrintable(now));
         QCOMPARE(now.split('\n'), text.split('\n'));
@@ -82,19 +95,29 @@ private Q_SLOTS:
     }
 
 private:
-    // The blocks that show a terminal.
+    // The blocks that show a terminal, and those with the name of a file.
     static QString sessions(const QString &markdown)
     {
+        static const QRegularExpression fence("^```(\\w+)(?: (\\S+))?\\n(.*?)^```$",
+                                              QRegularExpression::MultilineOption |
+                                                  QRegularExpression::DotMatchesEverythingOption);
         QString text;
-        for (const QString &part : markdown.split("```console\n").mid(1))
-            text += part.section("```\n", 0, 0);
+        for (auto blocks = fence.globalMatch(markdown); blocks.hasNext();) {
+            const QRegularExpressionMatch block = blocks.next();
+            if (!block.captured(2).isEmpty())
+                text += "== " + block.captured(2) + '\n' + block.captured(3) + "==\n";
+            else if (block.captured(1) == "console")
+                text += block.captured(3);
+        }
         return text;
     }
 
-    // What the command prints, in the form of a transcript.
-    static QString bash(const QString &command, const QString &folder)
+    // What the command prints, in the form of a transcript; merged as a terminal has it.
+    static QString bash(const QString &command, const QString &folder, bool isMerged = false)
     {
         QProcess process;
+        if (isMerged)
+            process.setProcessChannelMode(QProcess::MergedChannels);
         process.setWorkingDirectory(folder);
         process.start("bash", {"-c", command});
         if (!process.waitForFinished(60000))
@@ -108,7 +131,7 @@ private:
         return process.exitCode() == 0 ? text : text + QString("[%1]\n").arg(process.exitCode());
     }
 
-    static QString replay(const QString &text, const QString &folder)
+    static QString replay(const QString &text, const QString &folder, bool isDocument)
     {
         QString now;
         QStringList lines = text.split('\n');
@@ -122,7 +145,10 @@ private:
                 put(folder + '/' + line.mid(3), text.toUtf8());
                 now += text + "==\n";
             } else if (line.startsWith("$ ")) {
-                now += line + '\n' + bash(line.mid(2), folder);
+                QStringList command = {line.mid(2)};
+                while (command.last().endsWith('\\') && !lines.isEmpty() && lines.first().startsWith("> "))
+                    command << lines.takeFirst().mid(2);
+                now += "$ " + command.join("\n> ") + '\n' + bash(command.join('\n'), folder, isDocument);
             } else if (line.startsWith("#")) {
                 now += line + '\n';
             }
