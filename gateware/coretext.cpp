@@ -23,11 +23,21 @@ int bitsBelow(int count)
     return bits;
 }
 
+QByteArray ownParameters(const JEX::AoCore &, const CoreOptions &)
+{
+    return QByteArray();
+}
+
+QByteArray ownParameters(const JEX::AOCore_Lite &, const CoreOptions &options)
+{
+    return " #(\n    parameter STARTS_ARMED = " + text(options.startsArmed) + "\n)";
+}
+
 // The head of the module and all its ports.
 QByteArray head(const AnyCore &core, const CoreModule &module, const CoreOptions &options)
 {
     const QByteArray parameters =
-        core.lite ? " #(\n    parameter STARTS_ARMED = " + text(options.startsArmed) + "\n)" : QByteArray();
+        core.visit([&options](const auto &record) { return ownParameters(record, options); });
     QByteArray lines = "module " + module.name + parameters + " (\n    input wire clk,\n    input wire " +
                        range(module.layout.dataWidth) + " data,\n";
     if (core.standard) {
