@@ -43,7 +43,6 @@ QList<StaleSignal> staleSignals(const QList<JEX::AoCore *> &cores, const QUARRY:
 QList<StaleSignal> staleSignals(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist &netlist);
 
 QString staleWord(StaleSignal::Fault fault);      // "missing", "width changed", "excluded", "moved"
-QString stalePlace(const StaleSignal &signal);    // "clock", "trigger port 2", "capture"
 QString staleSentence(const StaleSignal &signal); // all of it in one line
 
 } // namespace RTLJEX

@@ -22,8 +22,8 @@ void JexSummaryPage::initializePage()
 {
     const bool standard = m_fields->value("jex_mode").toInt() == JEX::StandardMode;
     QStringList lines;
-    lines << "JEX" << QLatin1String("    Jex Mode: ") + QLatin1String(standard ? "Standard" : "Lite");
-    lines << QLatin1String("    Name: ") + m_fields->value("jex_config_file").toString() << QString();
+    lines << "JEX" << tr("    Jex Mode: %1").arg(QLatin1String(standard ? "Standard" : "Lite"));
+    lines << tr("    Name: %1").arg(m_fields->value("jex_config_file").toString()) << QString();
     // Not append(), which takes a folder named like a tag for rich text.
     m_ui->textEdit->setPlainText(lines.join("\n"));
     m_ui->textEdit->moveCursor(QTextCursor::Start);

@@ -10,7 +10,9 @@
 #include <QTextStream>
 #include <QWidget>
 
+#include "host/translation.h"
 #include "tools/windowtour.h"
+#include "workbench/translations.h"
 
 namespace {
 
@@ -32,6 +34,8 @@ void useDarkPalette()
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
+    const auto editorTexts = QUtil::installTranslation("jexins", ":/jexins/texts");
+    const Workbench::Translations translations;
     QStringList arguments = QCoreApplication::arguments();
     QTextStream err(stderr);
     if (arguments.removeAll("--dark") > 0)

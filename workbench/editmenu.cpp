@@ -26,9 +26,9 @@ QAction *newAction(QMenu *menu, const QKeySequence &key)
     return action;
 }
 
-void show(QAction *action, const QString &word, bool isPossible, QString name)
+void show(QAction *action, const QString &text, bool isPossible)
 {
-    action->setText(isPossible ? word + ' ' + name.replace('&', "&&") : word);
+    action->setText(text);
     action->setEnabled(isPossible);
 }
 
@@ -161,8 +161,11 @@ void EditMenu::move(QByteArray (History::*step)(), QByteArray (History::*back)()
 void EditMenu::update()
 {
     const History *history = historyOf(Core::ViewManager::instance()->currentView());
-    show(m_undo, "&Undo", history && history->canUndo(), history ? history->undoName() : QString());
-    show(m_redo, "&Redo", history && history->canRedo(), history ? history->redoName() : QString());
+    const auto shown = [](QString name) { return name.replace('&', "&&"); };
+    const bool canUndo = history && history->canUndo();
+    const bool canRedo = history && history->canRedo();
+    show(m_undo, canUndo ? tr("&Undo %1").arg(shown(history->undoName())) : tr("&Undo"), canUndo);
+    show(m_redo, canRedo ? tr("&Redo %1").arg(shown(history->redoName())) : tr("&Redo"), canRedo);
 }
 
 } // namespace Workbench

@@ -72,14 +72,14 @@ const QDialog *dialogAround(const QWidget *widget)
 QString useOfItems(const QWidget *view, const QEvent *event)
 {
     if (event->type() == QEvent::Drop)
-        return "Move";
+        return EditSource::tr("Move");
     if (event->type() != QEvent::ShortcutOverride)
         return groupTitle(view);
     const auto *key = static_cast<const QKeyEvent *>(event);
     const bool isArrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
     if (isArrow && key->modifiers() == Qt::AltModifier)
-        return "Move";
-    return key->key() == Qt::Key_Delete ? "Remove" : groupTitle(view);
+        return EditSource::tr("Move");
+    return key->key() == Qt::Key_Delete ? EditSource::tr("Remove") : groupTitle(view);
 }
 
 } // namespace
@@ -98,7 +98,7 @@ EditSource::EditSource(QObject *parent) : QObject(parent)
 
 QString EditSource::name() const
 {
-    return m_name.isEmpty() ? "Edit" : m_name;
+    return m_name.isEmpty() ? tr("Edit") : m_name;
 }
 
 const QWidget *EditSource::typedInto() const
@@ -144,7 +144,7 @@ void EditSource::noteUse(QWidget *widget, const QEvent *event)
             return noteName(hasLetters(button->text()) ? button->text() : labelOf(button));
         const bool isBox = lineOf(widget) || qobject_cast<QComboBox *>(widget);
         if (isBox && isInItemView(widget))
-            return noteName("Rename");
+            return noteName(tr("Rename"));
         if (isBox && !isPartOfBox(widget)) {
             noteName(labelOf(widget));
             m_typedInto = lineOf(widget) ? widget : nullptr;

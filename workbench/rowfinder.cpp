@@ -64,7 +64,7 @@ void collect(const QAbstractItemModel *model, const QModelIndex &parent, const Q
 
 RowFinder::RowFinder(QWidget *parent) : QWidget(parent), m_text(new QLineEdit), m_result(new QLabel)
 {
-    auto *label = new QLabel("Fi&nd row:");
+    auto *label = new QLabel(tr("Fi&nd row:"));
     label->setBuddy(m_text);
     m_text->setObjectName("findRow");
     m_result->setObjectName("findRowResult");
@@ -79,9 +79,9 @@ RowFinder::RowFinder(QWidget *parent) : QWidget(parent), m_text(new QLineEdit), 
         connect(button, &QToolButton::clicked, this, slot);
         layout->addWidget(button);
     };
-    addButton("Next", &RowFinder::next);
-    addButton("Previous", &RowFinder::previous);
-    addButton("Close", &RowFinder::leave);
+    addButton(tr("Next"), &RowFinder::next);
+    addButton(tr("Previous"), &RowFinder::previous);
+    addButton(tr("Close"), &RowFinder::leave);
     // What is found stays as long as more of it is typed.
     connect(m_text, &QLineEdit::textEdited, this, [this] { find(0); });
     hide();
@@ -111,7 +111,7 @@ void RowFinder::find(int step)
     QList<QModelIndex> rows;
     if (m_list && !m_text->text().isEmpty())
         collect(m_list->model(), QModelIndex(), m_text->text(), rows);
-    m_result->setText(m_text->text().isEmpty() ? QString() : "Not found");
+    m_result->setText(m_text->text().isEmpty() ? QString() : tr("Not found"));
     if (rows.isEmpty())
         return;
     const int before = rows.indexOf(m_found);
@@ -120,7 +120,7 @@ void RowFinder::find(int step)
     m_found = rows.at(place);
     m_list->setCurrentIndex(rows.at(place));
     m_list->scrollTo(rows.at(place));
-    m_result->setText(QString("%1 of %2").arg(place + 1).arg(count));
+    m_result->setText(tr("%1 of %2").arg(place + 1).arg(count));
 }
 
 void RowFinder::leave()

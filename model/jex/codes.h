@@ -41,12 +41,15 @@ enum MatchFunction {
 struct FunctionText
 {
     const char *word; // in files
-    const char *name; // for people
+    const char *name; // for people, to be translated
     bool comparesNumbers;
 };
 inline constexpr FunctionText matchFunctions[] = {
-    {"equal", "Equal", false},    {"notEqual", "Not equal", false}, {"less", "Less", true},
-    {"greater", "Greater", true}, {"inRange", "In range", true},
+    {"equal", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Equal"), false},
+    {"notEqual", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Not equal"), false},
+    {"less", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Less"), true},
+    {"greater", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Greater"), true},
+    {"inRange", QT_TRANSLATE_NOOP("JEX::MatchFunction", "In range"), true},
 };
 static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
               "each function has a row");

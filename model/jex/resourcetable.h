@@ -21,7 +21,7 @@ struct Resource
 {
     JEX::Implementation code;
     const char *name;       // for people and in files
-    const char *amountName; // over what a device has of it
+    const char *amountName; // over what a device has of it; to be translated
     const char *usageText;  // before required and available; to be translated
     const char *one, *many; // of what is counted
     const char *liteText;   // what the Lite page looks for in its box
@@ -44,7 +44,7 @@ constexpr Resource resources[] = {
     {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
      "memory", "memories", "SSRAM", "distributed", &Device::shadows, &DeviceFamily::shadowShapes, anyCapture,
      TablesEach, false, false},
-    {JEX::RegImplementation, "REG", "registers",
+    {JEX::RegImplementation, "REG", QT_TRANSLATE_NOOP("JEX_TOOL::Resource", "registers"),
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
      "registers", &Device::registers, nullptr, 512, TablesAndOneEach, true, false},
 };
