@@ -5,23 +5,22 @@ if(TARGET Qt5::qmake)
   get_filename_component(JEX_QT_TOOLS ${JEX_QMAKE} DIRECTORY)
 endif()
 find_program(JEX_LRELEASE lrelease HINTS ${JEX_QT_TOOLS} REQUIRED)
-find_program(JEX_LUPDATE lupdate HINTS ${JEX_QT_TOOLS})
+find_program(JEX_LUPDATE lupdate HINTS ${JEX_QT_TOOLS} REQUIRED)
 
-# Which folders each of them is for.
-set(jexins_folders host model elaboration check signals netselect trigger options views plugin forms)
-set(workbench_folders gateware insertion commandline cli workbench)
+add_custom_target(texts VERBATIM COMMAND ${CMAKE_COMMAND} -DLUPDATE=${JEX_LUPDATE} -DROOT=${PROJECT_SOURCE_DIR}
+  -P ${PROJECT_SOURCE_DIR}/cmake/UpdateTexts.cmake)
 
 # jex_texts(TARGET NAME): compiles the texts into the target, as ":/NAME/texts/NAME_LANGUAGE.qm".
 function(jex_texts target name)
   set(compiled)
   set(entries)
-  file(GLOB texts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/translations/${name}_*.ts)
-  foreach(file ${texts})
-    get_filename_component(language ${file} NAME_WE)
-    add_custom_command(OUTPUT ${language}.qm DEPENDS ${file}
-      COMMAND ${JEX_LRELEASE} -silent ${file} -qm ${language}.qm)
-    list(APPEND compiled ${CMAKE_CURRENT_BINARY_DIR}/${language}.qm)
-    string(APPEND entries "<file>${language}.qm</file>")
+  file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/translations/${name}_*.ts)
+  foreach(file ${files})
+    get_filename_component(base ${file} NAME_WE)
+    add_custom_command(OUTPUT ${base}.qm DEPENDS ${file}
+      COMMAND ${JEX_LRELEASE} -silent ${file} -qm ${base}.qm)
+    list(APPEND compiled ${CMAKE_CURRENT_BINARY_DIR}/${base}.qm)
+    string(APPEND entries "<file>${base}.qm</file>")
   endforeach()
   set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}_texts.qrc)
   file(WRITE ${list} "<RCC><qresource prefix=\"/${name}/texts\">${entries}</qresource></RCC>\n")
@@ -30,14 +29,3 @@ function(jex_texts target name)
   set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_texts.cpp PROPERTIES SKIP_AUTOGEN ON)
   target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}_texts.cpp)
 endfunction()
-
-# `cmake --build ... --target texts`: what the sources have now. No lines of places, which would change with each
-# edit of a source; what is not used any more goes.
-if(JEX_LUPDATE)
-  set(update)
-  foreach(name jexins workbench)
-    file(GLOB texts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/translations/${name}_*.ts)
-    list(APPEND update COMMAND ${JEX_LUPDATE} -silent -I . -locations none -no-obsolete ${${name}_folders} -ts ${texts})
-  endforeach()
-  add_custom_target(texts ${update} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM)
-endif()

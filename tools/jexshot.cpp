@@ -1,7 +1,8 @@
 // Writes pictures of all windows, with the editors of a project's configurations:
-//     jexshot [--dark] [--small] PROJECT DIRECTORY
+//     jexshot [--dark] [--small] [--long] PROJECT DIRECTORY
 // Small windows are at most as large as the smallest screen that they have to fit on, 1024 x 700. What they
-// look like in other scales is told by the toolkit's own QT_SCALE_FACTOR.
+// look like in other scales is told by the toolkit's own QT_SCALE_FACTOR. Texts are in the user's language,
+// or longer than in any.
 
 #include <QApplication>
 #include <QDir>
@@ -11,6 +12,7 @@
 #include <QWidget>
 
 #include "host/translation.h"
+#include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
 #include "workbench/translations.h"
 
@@ -40,9 +42,12 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
     if (arguments.removeAll("--dark") > 0)
         useDarkPalette();
+    PseudoTexts longTexts;
+    if (arguments.removeAll("--long") > 0)
+        QCoreApplication::installTranslator(&longTexts);
     const bool isSmall = arguments.removeAll("--small") > 0;
     if (arguments.size() != 3) {
-        err << "Usage: jexshot [--dark] [--small] PROJECT DIRECTORY\n";
+        err << "Usage: jexshot [--dark] [--small] [--long] PROJECT DIRECTORY\n";
         return 2;
     }
     const QDir directory(arguments.at(2));

@@ -82,6 +82,7 @@ void NetlistPane::createFilter()
     m_pattern->setAccessibleName(tr("Filter of nets"));
     m_pattern->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_pattern->lineEdit()->setPlaceholderText(tr("Filter: part of a full name"));
+    m_pattern->setToolTip(m_pattern->lineEdit()->placeholderText()); // which the pane may have no room for
     m_pattern->lineEdit()->setClearButtonEnabled(true);
     m_pattern->setCompleter(nullptr); // it would change what is searched for while the user types
     if (m_settings)

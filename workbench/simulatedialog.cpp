@@ -40,6 +40,7 @@ SimulateDialog::SimulateDialog(const QString &waveform, QSettings *settings, QWi
 {
     setWindowTitle(tr("Simulate Capture"));
     resize(600, 320);
+    m_bench->setAccessibleName(tr("Test Bench"));
     m_bench->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_simulator->addItem("Icarus Verilog", "icarus");
     m_simulator->addItem("Verilator", verilator);
