@@ -162,12 +162,13 @@ void SimulationJob::takeBench()
     if (!error.isEmpty())
         return fail(Failed, {error});
     if (tops.size() != 1)
-        return fail(Failed,
-                    {tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
-                                    : "The test bench has several top modules: " + tops.join(", ") + '.'});
+        return fail(Failed, {tops.isEmpty()
+                                 ? tr("The test bench has no top module, which nobody instantiates.")
+                                 : tr("The test bench has several top modules: %1.").arg(tops.join(", "))});
     if (!bench->usable) {
         if (m_benchTop == tops.first())
-            return fail(Failed, {"The test bench cannot be read with " + m_benchTop + " as its top module."});
+            return fail(Failed,
+                        {tr("The test bench cannot be read with %1 as its top module.").arg(m_benchTop)});
         return readBench(tops.first()); // of the design's files some have unused modules
     }
     m_benchTop = tops.first();
@@ -298,7 +299,7 @@ void SimulationJob::compile()
                            (isByNetlist ? put("design.v", simulatedDesign())
                                         : put("cores.v", "`timescale 1ns / 1ps\n" + m_analyzer->coresText()));
     if (!isWritten)
-        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
+        return fail(Failed, {tr("A temporary file could not be written. Make room on the disk.")});
     linkProject();
     m_steps = simulationSteps(m_options.simulator, sources);
     runNext();
@@ -332,11 +333,11 @@ void SimulationJob::judge(const ToolResult &result)
 {
     m_words = result.output + result.errors;
     if (result.outcome == ToolResult::Died && m_options.simulator == Simulator::Verilator)
-        return fail(Failed, {"The test bench failed: it said $stop or $fatal, or met a fault of its own."});
+        return fail(Failed,
+                    {tr("The test bench failed: it said $stop or $fatal, or met a fault of its own.")});
     if (!result.isGood())
         return fail(Failed, result.outcome == ToolResult::Finished
-                                ? QStringList("The test bench failed with code " +
-                                              QString::number(result.exitCode) + '.')
+                                ? QStringList(tr("The test bench failed with code %1.").arg(result.exitCode))
                                 : QStringList(result.message));
     if (!collect())
         return;
@@ -407,11 +408,11 @@ bool SimulationJob::collect()
             return false;
         } else if (!RTLJEX::readCapture(withWindows(text, m_windows.value(number, end.windows)),
                                         core.module.layout, &captured, &error)) {
-            fail(Failed, {"Core " + QString::number(number) + ": " + error});
+            fail(Failed, {tr("Core %1: %2").arg(QString::number(number), error)});
             return false;
         }
         if (end.windows > 0 && end.windows < core.module.layout.windows)
-            m_messages << QString("WARNING: Core %1 filled %2 of its %3 windows.")
+            m_messages << tr("WARNING: Core %1 filled %2 of its %3 windows.")
                               .arg(number)
                               .arg(end.windows)
                               .arg(core.module.layout.windows);
@@ -423,20 +424,24 @@ bool SimulationJob::collect()
 void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen)
 {
     const RTLJEX::AnyCore &any = analyzer.cores().at(core).core;
-    const QString name = "Core " + QString::number(any.number);
+    const QString number = QString::number(any.number);
     if (!any.standard) {
-        m_messages << name + " did not fill its window: its sample clock " + *any.clock +
-                          " had too few edges.";
+        m_messages << tr("Core %1 did not fill its window: its sample clock %2 had too few edges.")
+                          .arg(number, *any.clock);
         return;
     }
-    m_messages << name + " did not trigger, or not with enough samples behind its trigger.";
-    for (const JEX::MatchUnit *unit : any.standard->enabledMatchUnits())
-        m_messages << name + ": M" + QString::number(unit->unitNumber) +
-                          (seen & 1u << unit->unitNumber ? " matched." : " never matched.");
-    for (int i = 0; i < any.standard->expressions.size(); ++i)
-        m_messages << name + ": expression " + QString::number(i + 1) + ", " +
-                          any.standard->expressions.at(i) +
-                          (seen & 1u << (16 + i) ? ", held." : ", never held.");
+    m_messages << tr("Core %1 did not trigger, or not with enough samples behind its trigger.").arg(number);
+    for (const JEX::MatchUnit *unit : any.standard->enabledMatchUnits()) {
+        const bool hasMatched = seen & 1u << unit->unitNumber;
+        m_messages << (hasMatched ? tr("Core %1: M%2 matched.") : tr("Core %1: M%2 never matched."))
+                          .arg(number, QString::number(unit->unitNumber));
+    }
+    for (int i = 0; i < any.standard->expressions.size(); ++i) {
+        const bool hasHeld = seen & 1u << (16 + i);
+        m_messages << (hasHeld ? tr("Core %1: expression %2, %3, held.")
+                               : tr("Core %1: expression %2, %3, never held."))
+                          .arg(number, QString::number(i + 1), any.standard->expressions.at(i));
+    }
 }
 
 bool SimulationJob::put(const QString &name, const QByteArray &bytes)
@@ -450,7 +455,7 @@ bool SimulationJob::take(const QString &name, QByteArray *bytes)
     bytes->clear();
     if (QUtil::readRegularFile(m_scratch->file(name), 1024 * QUtil::MiB, bytes, &reason))
         return true;
-    fail(Failed, {"What the simulation wrote cannot be read (" + name + "): " + reason + '.'});
+    fail(Failed, {tr("What the simulation wrote cannot be read (%1): %2.").arg(name, reason)});
     return false;
 }
 

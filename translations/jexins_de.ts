@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Core::Project</name>
+    <message>
+        <source>Can not read the project %1: %2</source>
+        <translation>Das Projekt %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The project has no file yet: choose one to save it to.</source>
+        <translation>Das Projekt hat noch keine Datei: Wählen Sie eine, in die es gespeichert wird.</translation>
+    </message>
+</context>
+<context>
     <name>Core::ProjectOption</name>
     <message>
         <source>Include Paths</source>
@@ -50,6 +61,17 @@
     <message>
         <source>Parameters or generics of the top module, NAME=VALUE</source>
         <translation>Parameter oder Generics des Top-Moduls, NAME=WERT</translation>
+    </message>
+</context>
+<context>
+    <name>JEX::JexFile</name>
+    <message>
+        <source>The file &quot;%1&quot; is not written: %2</source>
+        <translation>Die Datei „%1“ wird nicht geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Die Datei „%1“ kann nicht gelesen werden: %2.</translation>
     </message>
 </context>
 <context>
@@ -358,6 +380,129 @@
     </message>
 </context>
 <context>
+    <name>QUARRY::Confinement</name>
+    <message>
+        <source>bubblewrap is not installed</source>
+        <translation>bubblewrap ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>%1 does not start</source>
+        <translation>%1 startet nicht</translation>
+    </message>
+    <message>
+        <source>this system does not let bubblewrap work</source>
+        <translation>Dieses System lässt bubblewrap nicht arbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::Elaborator</name>
+    <message>
+        <source>WARNING: The tools that read the design run with your rights, since %1. VHDL is therefore not started, and its signals are shown as GHDL translates them. %2</source>
+        <translation>WARNING: Die Werkzeuge, die das Design lesen, laufen mit Ihren Rechten (%1). VHDL wird deshalb nicht gestartet, und seine Signale werden so gezeigt, wie GHDL sie übersetzt. %2</translation>
+    </message>
+    <message>
+        <source>Install Debian&apos;s package bubblewrap.</source>
+        <translation>Installieren Sie das Debian-Paket bubblewrap.</translation>
+    </message>
+    <message>
+        <source>Let this user make user namespaces (kernel.unprivileged_userns_clone).</source>
+        <translation>Erlauben Sie diesem Benutzer User-Namespaces (kernel.unprivileged_userns_clone).</translation>
+    </message>
+    <message>
+        <source>No temporary folder could be made in %1. Make room on the disk, or let the variable TMPDIR name a folder that can be written.</source>
+        <translation>In %1 ließ sich kein temporärer Ordner anlegen. Schaffen Sie Platz auf dem Datenträger, oder nennen Sie in der Variablen TMPDIR einen beschreibbaren Ordner.</translation>
+    </message>
+    <message>
+        <source>%1 is not read: %2. Remove it from the project.</source>
+        <translation>%1 wird nicht gelesen: %2. Entfernen Sie die Datei aus dem Projekt.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Remove it from the project or restore it.</source>
+        <translation>%1 kann nicht gelesen werden: %2. Entfernen Sie die Datei aus dem Projekt, oder stellen Sie sie wieder her.</translation>
+    </message>
+    <message>
+        <source>The design could not be read: its missing modules could not be replaced.</source>
+        <translation>Das Design konnte nicht gelesen werden: Seine fehlenden Module ließen sich nicht ersetzen.</translation>
+    </message>
+    <message>
+        <source>Reading 1 source file</source>
+        <translation>1 Quelldatei wird gelesen</translation>
+    </message>
+    <message>
+        <source>Reading %1 source files</source>
+        <translation>%1 Quelldateien werden gelesen</translation>
+    </message>
+    <message>
+        <source>Verilator ended with code %1 and gave no design. Check that %2 is Verilator 5.</source>
+        <translation>Verilator endete mit Code %1 und lieferte kein Design. Prüfen Sie, ob %2 Verilator 5 ist.</translation>
+    </message>
+    <message>
+        <source>WARNING: The VHDL sources cannot be read and are left out.</source>
+        <translation>WARNING: Die VHDL-Quellen sind nicht lesbar und werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>WARNING: The Verilog sources cannot be read and are left out.</source>
+        <translation>WARNING: Die Verilog-Quellen sind nicht lesbar und werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>In the Verilog that GHDL made of the VHDL sources: </source>
+        <translation>Im Verilog, das GHDL aus den VHDL-Quellen gemacht hat: </translation>
+    </message>
+    <message>
+        <source>%1 more like these are not shown.</source>
+        <translation>%1 weitere dieser Art werden nicht gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::Findings</name>
+    <message>
+        <source>WARNING: No module is named &quot;%1&quot;. The top modules of the design are: %2</source>
+        <translation>WARNING: Kein Modul heißt „%1“. Die Top-Module des Designs sind: %2</translation>
+    </message>
+    <message>
+        <source>WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1</source>
+        <translation>WARNING: Was in diesen Dateien verschlüsselt ist, wird nicht gezeigt, als läge es in einer Blackbox: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: These modules have no definition and are shown as black boxes, with nothing inside: %1</source>
+        <translation>WARNING: Diese Module haben keine Definition und werden als leere Blackboxes gezeigt: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: Module %1 is in %2, which the project has disabled.</source>
+        <translation>WARNING: Modul %1 steht in %2, das im Projekt deaktiviert ist.</translation>
+    </message>
+    <message>
+        <source>WARNING: Module %1 is in %2, which is no source of the project.</source>
+        <translation>WARNING: Modul %1 steht in %2, das keine Quelle des Projekts ist.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::MissingPackages</name>
+    <message>
+        <source>package %1 is in no file of the project</source>
+        <translation>Das Package %1 steht in keiner Datei des Projekts</translation>
+    </message>
+    <message>
+        <source>package %1 is in no file of the project that is enabled. It is in %2</source>
+        <translation>Das Package %1 steht in keiner aktiven Datei des Projekts. Es steht in %2</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::NetlistBuilder</name>
+    <message>
+        <source>ERROR: Module %1 has %2 nets, and a design can have %3 here. Look for a range that is too large in it.</source>
+        <translation>ERROR: Modul %1 hat %2 Netze, und ein Design kann hier %3 haben. Suchen Sie darin nach einem zu großen Bereich.</translation>
+    </message>
+    <message>
+        <source>ERROR: The design has more than %1 instances. Look for a loop or an array of instances that is too large.</source>
+        <translation>ERROR: Das Design hat mehr als %1 Instanzen. Suchen Sie nach einer zu großen Schleife oder einem zu großen Array von Instanzen.</translation>
+    </message>
+    <message>
+        <source>ERROR: The design has more than %1 nets. Look for a range, a loop or an array that is too large.</source>
+        <translation>ERROR: Das Design hat mehr als %1 Netze. Suchen Sie nach einem zu großen Bereich oder Array oder einer zu großen Schleife.</translation>
+    </message>
+</context>
+<context>
     <name>QUARRY::NetlistReader</name>
     <message>
         <source>ERROR: The design has no top module. Add the file that holds it to the project.</source>
@@ -377,6 +522,137 @@
         <source>Building the netlist</source>
         <translation>Die Netzliste wird aufgebaut</translation>
     </message>
+    <message>
+        <source>ERROR: No module named &quot;%1&quot; was found. Set another top module.</source>
+        <translation>ERROR: Es wurde kein Modul „%1“ gefunden. Legen Sie ein anderes Top-Modul fest.</translation>
+    </message>
+    <message>
+        <source>ERROR: The sources contain no module.</source>
+        <translation>ERROR: Die Quellen enthalten kein Modul.</translation>
+    </message>
+    <message>
+        <source>ERROR: The design has several top modules (%1). Set one of them.</source>
+        <translation>ERROR: Das Design hat mehrere Top-Module (%1). Legen Sie eines davon fest.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ReadingRepairs</name>
+    <message>
+        <source>WARNING: The top module has no parameter %1. Its value is left out.</source>
+        <translation>WARNING: Das Top-Modul hat keinen Parameter %1. Sein Wert wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>WARNING: %1:%2: The file has errors and is left out: the top module does not need it.</source>
+        <translation>WARNING: %1:%2: Die Datei hat Fehler und wird ausgelassen: Das Top-Modul braucht sie nicht.</translation>
+    </message>
+    <message>
+        <source>WARNING: %1:%2: %3. The tool cannot take this, so module %4 is left out.</source>
+        <translation>WARNING: %1:%2: %3. Das Werkzeug kann damit nicht umgehen, daher wird Modul %4 ausgelassen.</translation>
+    </message>
+    <message>
+        <source>WARNING: No top module is set. Set it, and what it does not need may have errors: there is none in what these need: %1</source>
+        <translation>WARNING: Es ist kein Top-Modul festgelegt. Ist es festgelegt, darf das, was es nicht braucht, Fehler haben. Keine Fehler hat, was diese brauchen: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: %1:%2: This is no Verilog, so the file is read as SystemVerilog.</source>
+        <translation>WARNING: %1:%2: Das ist kein Verilog, daher wird die Datei als SystemVerilog gelesen.</translation>
+    </message>
+    <message>
+        <source>WARNING: The sources can be read only with the macro VERILATOR, which synthesis does not define. What depends on it may differ in hardware.</source>
+        <translation>WARNING: Die Quellen sind nur mit dem Makro VERILATOR lesbar, das die Synthese nicht definiert. Was davon abhängt, kann in der Hardware anders sein.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ScratchDir</name>
+    <message>
+        <source>ERROR: The temporary folder %1 is full. Make room on its disk, or let the variable TMPDIR name another folder.</source>
+        <translation>ERROR: Der temporäre Ordner %1 ist voll. Schaffen Sie Platz auf dem Datenträger, oder nennen Sie in der Variablen TMPDIR einen anderen Ordner.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::SourceCopies</name>
+    <message>
+        <source>ERROR: %1 cannot be read: %2.</source>
+        <translation>ERROR: %1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 includes %2, which is no regular file.</source>
+        <translation>ERROR: %1 bindet %2 ein, das keine reguläre Datei ist.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ToolMessage</name>
+    <message>
+        <source>(%1 times)</source>
+        <translation>(%1 mal)</translation>
+    </message>
+    <message>
+        <source>Module %1 is declared a second time. What %2:%3 declares is used.</source>
+        <translation>Modul %1 ist ein zweites Mal deklariert. Es gilt, was %2:%3 deklariert.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ToolRun</name>
+    <message>
+        <source>ERROR: %1 could not be started (%2: %3). Install it, or let the variable %4 name the program.</source>
+        <translation>ERROR: %1 konnte nicht gestartet werden (%2: %3). Installieren Sie es, oder nennen Sie in der Variablen %4 das Programm.</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 %2. %3</source>
+        <translation>ERROR: %1 %2. %3</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 %2 while it read %3. %4</source>
+        <translation>ERROR: %1 %2 (beim Lesen: %3). %4</translation>
+    </message>
+    <message>
+        <source>did not end within %1 seconds and was stopped</source>
+        <translation>war nach %1 Sekunden nicht fertig und wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>If the design needs longer, let the variable JEX_TOOL_TIMEOUT give a larger number of seconds.</source>
+        <translation>Braucht das Design länger, geben Sie in der Variablen JEX_TOOL_TIMEOUT mehr Sekunden an.</translation>
+    </message>
+    <message>
+        <source>needed more memory than the %1 that it may take</source>
+        <translation>brauchte mehr Speicher als die erlaubten %1</translation>
+    </message>
+    <message>
+        <source>Look for a range or a loop that is too large. If the design needs more, allow more MB: under Project / Tool Memory in the workbench, with --tool-memory, or in the variable JEX_TOOL_MEMORY.</source>
+        <translation>Suchen Sie nach einem zu großen Bereich oder einer zu großen Schleife. Braucht das Design mehr, erlauben Sie mehr MB: in der Workbench unter Projekt / Werkzeugspeicher, mit --tool-memory oder in der Variablen JEX_TOOL_MEMORY.</translation>
+    </message>
+    <message>
+        <source>Look for the source that causes it by leaving files out.</source>
+        <translation>Suchen Sie die verursachende Quelle, indem Sie Dateien auslassen.</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 (%2) does not know %3, so it is of another version. Install Debian&apos;s package, or let the variable %4 name another program.</source>
+        <translation>ERROR: %1 (%2) kennt %3 nicht, ist also eine andere Version. Installieren Sie das Debian-Paket, oder nennen Sie in der Variablen %4 ein anderes Programm.</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 crashed or was killed before it finished. Read the design again; if it happens again, look for the source that causes it by leaving files out.</source>
+        <translation>ERROR: %1 stürzte ab oder wurde beendet, bevor es fertig war. Lesen Sie das Design noch einmal; geschieht es wieder, suchen Sie die verursachende Quelle, indem Sie Dateien auslassen.</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>Es gibt keine solche Datei</translation>
+    </message>
+    <message>
+        <source>it is not executable</source>
+        <translation>Sie ist nicht ausführbar</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 is not run, since %2.</source>
+        <translation>ERROR: %1 wird nicht ausgeführt: %2.</translation>
+    </message>
+    <message>
+        <source>wrote more than %1 of messages and was stopped</source>
+        <translation>schrieb mehr als %1 an Meldungen und wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>wrote more than %1 of files and was stopped</source>
+        <translation>schrieb mehr als %1 an Dateien und wurde abgebrochen</translation>
+    </message>
 </context>
 <context>
     <name>QUARRY::VerilatorDesign</name>
@@ -387,6 +663,191 @@
     <message>
         <source>ERROR: %1 is not a complete design that Verilator wrote. Read the design again.</source>
         <translation>ERROR: %1 ist kein vollständiges, von Verilator geschriebenes Design. Lesen Sie das Design noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VerilatorRun</name>
+    <message>
+        <source>the Verilog sources</source>
+        <translation>die Verilog-Quellen</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VhdlAdapt</name>
+    <message>
+        <source>WARNING: VHDL entity %1, which Verilog instantiates, cannot be translated with the default values of its generics. It is shown as a black box.</source>
+        <translation>WARNING: Die VHDL-Entity %1, die Verilog instanziiert, lässt sich mit den Vorgabewerten ihrer Generics nicht übersetzen. Sie wird als Blackbox gezeigt.</translation>
+    </message>
+    <message>
+        <source>WARNING: The generics that Verilog sets on VHDL entity %1 (%2) have no effect here: the entity is shown with its default values.</source>
+        <translation>WARNING: Die Generics, die Verilog an der VHDL-Entity %1 setzt (%2), wirken hier nicht: Die Entity wird mit ihren Vorgabewerten gezeigt.</translation>
+    </message>
+    <message>
+        <source>WARNING: VHDL entity %1, which Verilog instantiates, cannot be translated with the generics that it is given. It is shown as a black box.</source>
+        <translation>WARNING: Die VHDL-Entity %1, die Verilog instanziiert, lässt sich mit den gesetzten Generics nicht übersetzen. Sie wird als Blackbox gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VhdlAnalysis</name>
+    <message>
+        <source>WARNING: %1:%2: %3 is declared a second time. What %4 declares is used.</source>
+        <translation>WARNING: %1:%2: %3 ist ein zweites Mal deklariert. Es gilt, was %4 deklariert.</translation>
+    </message>
+    <message>
+        <source>WARNING: %1:%2: %3 has no architecture and is shown as a black box, with nothing inside.</source>
+        <translation>WARNING: %1:%2: %3 hat keine Architecture und wird als leere Blackbox gezeigt.</translation>
+    </message>
+    <message>
+        <source>the VHDL sources</source>
+        <translation>die VHDL-Quellen</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VhdlPart</name>
+    <message>
+        <source>Reading the VHDL files</source>
+        <translation>Die VHDL-Dateien werden gelesen</translation>
+    </message>
+    <message>
+        <source>Translating VHDL entity %1</source>
+        <translation>Die VHDL-Entity %1 wird übersetzt</translation>
+    </message>
+    <message>
+        <source>WARNING: GHDL crashed on VHDL entity %1 and cannot translate what is in it.</source>
+        <translation>WARNING: GHDL stürzte bei der VHDL-Entity %1 ab und kann ihren Inhalt nicht übersetzen.</translation>
+    </message>
+    <message>
+        <source>GHDL crashed and gave no design.</source>
+        <translation>GHDL stürzte ab und lieferte kein Design.</translation>
+    </message>
+    <message>
+        <source>GHDL ended with code %1 and gave no design.</source>
+        <translation>GHDL endete mit Code %1 und lieferte kein Design.</translation>
+    </message>
+    <message>
+        <source>Look for the VHDL source that causes it by leaving files out, or check that %1 is GHDL 2 or later.</source>
+        <translation>Suchen Sie die verursachende VHDL-Quelle, indem Sie Dateien auslassen, oder prüfen Sie, ob %1 GHDL 2 oder neuer ist.</translation>
+    </message>
+    <message>
+        <source>VHDL entity %1</source>
+        <translation>VHDL-Entity %1</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VhdlSimulation</name>
+    <message>
+        <source>WARNING: %1The attribute foreign can run code from outside the design. The VHDL is therefore not started, and its signals are shown as GHDL translates them.</source>
+        <translation>WARNING: %1Das Attribut foreign kann Code von außerhalb des Designs ausführen. Das VHDL wird deshalb nicht gestartet, und seine Signale werden so gezeigt, wie GHDL sie übersetzt.</translation>
+    </message>
+    <message>
+        <source>the first moment of VHDL entity %1</source>
+        <translation>der erste Augenblick der VHDL-Entity %1</translation>
+    </message>
+</context>
+<context>
+    <name>QUtil::RegularFile</name>
+    <message>
+        <source>a folder</source>
+        <translation>ein Ordner</translation>
+    </message>
+    <message>
+        <source>a named pipe</source>
+        <translation>eine benannte Pipe</translation>
+    </message>
+    <message>
+        <source>a socket</source>
+        <translation>ein Socket</translation>
+    </message>
+    <message>
+        <source>a device</source>
+        <translation>ein Gerät</translation>
+    </message>
+    <message>
+        <source>a link that leads to itself</source>
+        <translation>ein Link, der auf sich selbst zeigt</translation>
+    </message>
+    <message>
+        <source>it is %1</source>
+        <translation>es ist %1</translation>
+    </message>
+    <message>
+        <source>it is %1, not a regular file</source>
+        <translation>es ist %1, keine reguläre Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MiB</source>
+        <translation>größer als %1 MiB</translation>
+    </message>
+</context>
+<context>
+    <name>QUtil::Saving</name>
+    <message>
+        <source>it has %1 names (hard links)</source>
+        <translation>Sie hat %1 Namen (Hardlinks)</translation>
+    </message>
+    <message>
+        <source>its folder cannot be written to</source>
+        <translation>In ihren Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>creating a file in its folder</source>
+        <translation>Anlegen einer Datei in ihrem Ordner</translation>
+    </message>
+    <message>
+        <source>another program is saving it</source>
+        <translation>ein anderes Programm speichert sie gerade</translation>
+    </message>
+    <message>
+        <source>keeping a backup</source>
+        <translation>Aufheben einer Sicherung</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>closing</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>reading what it holds for a backup</source>
+        <translation>Lesen ihres Inhalts für eine Sicherung</translation>
+    </message>
+    <message>
+        <source>opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>%1; what it held is kept in %2</source>
+        <translation>%1; ihr voriger Inhalt ist in %2 aufgehoben</translation>
+    </message>
+    <message>
+        <source>its last save did not end; what it held before is kept in %1, which is to be put in its place or removed</source>
+        <translation>Ihr letztes Speichern ging nicht zu Ende; ihr voriger Inhalt ist in %1 aufgehoben, das an ihre Stelle gehört oder zu entfernen ist</translation>
+    </message>
+    <message>
+        <source>reading the backup</source>
+        <translation>Lesen der Sicherung</translation>
+    </message>
+    <message>
+        <source>Can not save to %1: %2.</source>
+        <translation>Kann nicht in %1 speichern: %2.</translation>
+    </message>
+    <message>
+        <source>Can not save to %1: %2 failed (%3).</source>
+        <translation>Kann nicht in %1 speichern: %2 fehlgeschlagen (%3).</translation>
+    </message>
+    <message>
+        <source>flushing to the disk</source>
+        <translation>Übertragen auf den Datenträger</translation>
+    </message>
+    <message>
+        <source>flushing the folder to the disk</source>
+        <translation>Übertragen des Ordners auf den Datenträger</translation>
+    </message>
+    <message>
+        <source>replacing the file</source>
+        <translation>Ersetzen der Datei</translation>
     </message>
 </context>
 <context>

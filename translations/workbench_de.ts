@@ -2,6 +2,338 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Insertion::Analyzer</name>
+    <message>
+        <source>The design has no net %1.</source>
+        <translation>Das Design hat kein Netz %1.</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::BenchInstance</name>
+    <message>
+        <source>The test bench has no instance &quot;%1&quot; of %2.</source>
+        <translation>Die Testbench hat keine Instanz „%1“ von %2.</translation>
+    </message>
+    <message>
+        <source>The test bench has no instance of %1.</source>
+        <translation>Die Testbench hat keine Instanz von %1.</translation>
+    </message>
+    <message>
+        <source>The test bench has several instances of %1: %2. Name one of them with --instance.</source>
+        <translation>Die Testbench hat mehrere Instanzen von %1: %2. Nennen Sie eine davon mit --instance.</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::InsertionJob</name>
+    <message>
+        <source>Reading the design with Yosys</source>
+        <translation>Das Design wird mit Yosys gelesen</translation>
+    </message>
+    <message>
+        <source>A module of the design has the name of one of the analyzer&apos;s.</source>
+        <translation>Ein Modul des Designs heißt wie eines des Analysators.</translation>
+    </message>
+    <message>
+        <source>A temporary file could not be written. Make room on the disk.</source>
+        <translation>Eine temporäre Datei konnte nicht geschrieben werden. Schaffen Sie Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>Putting the analyzer into the design</source>
+        <translation>Der Analysator wird in das Design eingefügt</translation>
+    </message>
+    <message>
+        <source>Comparing the netlists</source>
+        <translation>Die Netzlisten werden verglichen</translation>
+    </message>
+    <message>
+        <source>Proving equivalence</source>
+        <translation>Die Äquivalenz wird bewiesen</translation>
+    </message>
+    <message>
+        <source>Synthesizing the original</source>
+        <translation>Das Original wird synthetisiert</translation>
+    </message>
+    <message>
+        <source>Yosys did not write what it was asked for, or too much of it.</source>
+        <translation>Yosys schrieb nicht das Verlangte oder zu viel davon.</translation>
+    </message>
+    <message>
+        <source>Yosys gave no design.</source>
+        <translation>Yosys lieferte kein Design.</translation>
+    </message>
+    <message>
+        <source>WARNING: Yosys cannot read the design: %1</source>
+        <translation>WARNING: Yosys kann das Design nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: There is therefore no design.v. For simulations, bind.sv and probe.v attach the analyzer to the untouched sources.</source>
+        <translation>WARNING: Daher gibt es kein design.v. Für Simulationen hängen bind.sv und probe.v den Analysator an die unveränderten Quellen.</translation>
+    </message>
+    <message>
+        <source>Yosys does not take the design with the analyzer.</source>
+        <translation>Yosys nimmt das Design mit dem Analysator nicht an.</translation>
+    </message>
+    <message>
+        <source>The design with the analyzer is not proven to be the original with nothing but taps, so nothing is written.</source>
+        <translation>Es ist nicht bewiesen, dass das Design mit dem Analysator das Original mit nichts als Abgriffen ist, daher wird nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>Synthesizing the design with the analyzer</source>
+        <translation>Das Design mit dem Analysator wird synthetisiert</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::OutputFolder</name>
+    <message>
+        <source>%1 is a link that leads nowhere.</source>
+        <translation>%1 ist ein Link, der nirgendwohin führt.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder. Name another one for the output.</source>
+        <translation>%1 ist kein Ordner. Nennen Sie einen anderen für die Ausgabe.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder of the sources: %2 is in it. Name another one for the output.</source>
+        <translation>%1 ist ein Ordner der Quellen: Er enthält %2. Nennen Sie einen anderen für die Ausgabe.</translation>
+    </message>
+    <message>
+        <source>%1 holds other files (%2), which would be lost. Name another folder for the output.</source>
+        <translation>%1 enthält andere Dateien (%2), die verloren gingen. Nennen Sie einen anderen Ordner für die Ausgabe.</translation>
+    </message>
+    <message>
+        <source>%1 holds files that were not made here (%2), which would be lost. Name another folder for the output.</source>
+        <translation>%1 enthält Dateien, die nicht von hier stammen (%2) und verloren gingen. Nennen Sie einen anderen Ordner für die Ausgabe.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Der Ordner %1 lässt sich nicht anlegen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Nothing was changed.</source>
+        <translation>%1 kann nicht geschrieben werden: %2. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What was put into %1 meanwhile is now in %2.</source>
+        <translation>Was inzwischen in %1 gelegt wurde, ist jetzt in %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::SimulationJob</name>
+    <message>
+        <source>The test bench cannot be read with %1 as its top module.</source>
+        <translation>Die Testbench ist mit %1 als Top-Modul nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>A temporary file could not be written. Make room on the disk.</source>
+        <translation>Eine temporäre Datei konnte nicht geschrieben werden. Schaffen Sie Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>The test bench failed: it said $stop or $fatal, or met a fault of its own.</source>
+        <translation>Die Testbench schlug fehl: Sie rief $stop oder $fatal auf oder hatte selbst einen Fehler.</translation>
+    </message>
+    <message>
+        <source>What the simulation wrote cannot be read (%1): %2.</source>
+        <translation>Was die Simulation schrieb, ist nicht lesbar (%1): %2.</translation>
+    </message>
+    <message>
+        <source>The test bench has no top module, which nobody instantiates.</source>
+        <translation>Die Testbench hat kein Top-Modul, das niemand instanziiert.</translation>
+    </message>
+    <message>
+        <source>The test bench has several top modules: %1.</source>
+        <translation>Die Testbench hat mehrere Top-Module: %1.</translation>
+    </message>
+    <message>
+        <source>The test bench failed with code %1.</source>
+        <translation>Die Testbench schlug mit Code %1 fehl.</translation>
+    </message>
+    <message>
+        <source>Core %1: %2</source>
+        <translation>Core %1: %2</translation>
+    </message>
+    <message>
+        <source>WARNING: Core %1 filled %2 of its %3 windows.</source>
+        <translation>WARNING: Core %1 füllte %2 seiner %3 Fenster.</translation>
+    </message>
+    <message>
+        <source>Core %1 did not fill its window: its sample clock %2 had too few edges.</source>
+        <translation>Core %1 füllte sein Fenster nicht: Sein Abtasttakt %2 hatte zu wenige Flanken.</translation>
+    </message>
+    <message>
+        <source>Core %1 did not trigger, or not with enough samples behind its trigger.</source>
+        <translation>Core %1 löste nicht aus oder nicht mit genügend Abtastwerten hinter dem Trigger.</translation>
+    </message>
+    <message>
+        <source>Core %1: M%2 matched.</source>
+        <translation>Core %1: M%2 traf zu.</translation>
+    </message>
+    <message>
+        <source>Core %1: M%2 never matched.</source>
+        <translation>Core %1: M%2 traf nie zu.</translation>
+    </message>
+    <message>
+        <source>Core %1: expression %2, %3, held.</source>
+        <translation>Core %1: Ausdruck %2, %3, war erfüllt.</translation>
+    </message>
+    <message>
+        <source>Core %1: expression %2, %3, never held.</source>
+        <translation>Core %1: Ausdruck %2, %3, war nie erfüllt.</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::Simulators</name>
+    <message>
+        <source>Compiling the test bench</source>
+        <translation>Die Testbench wird übersetzt</translation>
+    </message>
+    <message>
+        <source>Icarus Verilog does not take the test bench.</source>
+        <translation>Icarus Verilog nimmt die Testbench nicht an.</translation>
+    </message>
+    <message>
+        <source>Simulating</source>
+        <translation>Es wird simuliert</translation>
+    </message>
+    <message>
+        <source>Verilator does not take the test bench.</source>
+        <translation>Verilator nimmt die Testbench nicht an.</translation>
+    </message>
+    <message>
+        <source>Compiling what Verilator made of the test bench</source>
+        <translation>Was Verilator aus der Testbench machte, wird übersetzt</translation>
+    </message>
+    <message>
+        <source>What Verilator made of the test bench cannot be compiled.</source>
+        <translation>Was Verilator aus der Testbench machte, lässt sich nicht übersetzen.</translation>
+    </message>
+    <message>
+        <source>its program</source>
+        <translation>sein Programm</translation>
+    </message>
+    <message>
+        <source>Install verilator, or let the variable JEX_VERILATOR name the program.</source>
+        <translation>Installieren Sie verilator, oder nennen Sie in der Variablen JEX_VERILATOR das Programm.</translation>
+    </message>
+    <message>
+        <source>a C++ compiler</source>
+        <translation>einen C++-Compiler</translation>
+    </message>
+    <message>
+        <source>Install g++ and make, or let the variable JEX_CXX name a compiler.</source>
+        <translation>Installieren Sie g++ und make, oder nennen Sie in der Variablen JEX_CXX einen Compiler.</translation>
+    </message>
+    <message>
+        <source>Install make, or let the variable JEX_MAKE name the program.</source>
+        <translation>Installieren Sie make, oder nennen Sie in der Variablen JEX_MAKE das Programm.</translation>
+    </message>
+    <message>
+        <source>A simulation by Verilator needs %1, and %2 is not there. %3</source>
+        <translation>Eine Simulation mit Verilator braucht %1, und %2 ist nicht da. %3</translation>
+    </message>
+    <message>
+        <source>the test bench</source>
+        <translation>die Testbench</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::YosysCalls</name>
+    <message>
+        <source>The top module has the name &quot;%1&quot;, which cannot be told to Yosys.</source>
+        <translation>Das Top-Modul heißt „%1“, was sich Yosys nicht mitteilen lässt.</translation>
+    </message>
+    <message>
+        <source>The macro &quot;%1&quot; of the project cannot be told to Yosys.</source>
+        <translation>Das Makro „%1“ des Projekts lässt sich Yosys nicht mitteilen.</translation>
+    </message>
+    <message>
+        <source>The parameter &quot;%1&quot; of the top module cannot be told to Yosys.</source>
+        <translation>Der Parameter „%1“ des Top-Moduls lässt sich Yosys nicht mitteilen.</translation>
+    </message>
+    <message>
+        <source>the design</source>
+        <translation>das Design</translation>
+    </message>
+    <message>
+        <source>the design with the analyzer</source>
+        <translation>das Design mit dem Analysator</translation>
+    </message>
+    <message>
+        <source>the question whether both designs are equivalent</source>
+        <translation>die Frage, ob beide Designs äquivalent sind</translation>
+    </message>
+</context>
+<context>
+    <name>RTLJEX::CoreFault</name>
+    <message>
+        <source>it is not bound to a trigger port.</source>
+        <translation>Sie ist keinem Trigger-Port zugeordnet.</translation>
+    </message>
+    <message>
+        <source>its trigger port holds more than %1 signals.</source>
+        <translation>Ihr Trigger-Port enthält mehr als %1 Signale.</translation>
+    </message>
+    <message>
+        <source>it compares by a function that does not exist.</source>
+        <translation>Sie vergleicht mit einer Funktion, die es nicht gibt.</translation>
+    </message>
+    <message>
+        <source>it is not well formed.</source>
+        <translation>Er ist nicht wohlgeformt.</translation>
+    </message>
+    <message>
+        <source>M%1 is not enabled.</source>
+        <translation>M%1 ist nicht aktiv.</translation>
+    </message>
+    <message>
+        <source>M%1 does not exist in Static mode.</source>
+        <translation>M%1 gibt es im statischen Modus nicht.</translation>
+    </message>
+    <message>
+        <source>M%1 cannot be made: %2</source>
+        <translation>M%1 lässt sich nicht bauen: %2</translation>
+    </message>
+    <message>
+        <source>it has no trigger expression, so it would never trigger.</source>
+        <translation>Er hat keinen Trigger-Ausdruck und würde nie auslösen.</translation>
+    </message>
+    <message>
+        <source>it has more than %1 trigger expressions.</source>
+        <translation>Er hat mehr als %1 Trigger-Ausdrücke.</translation>
+    </message>
+    <message>
+        <source>the expression &quot;%1&quot; cannot be made: %2</source>
+        <translation>Der Ausdruck „%1“ lässt sich nicht bauen: %2</translation>
+    </message>
+    <message>
+        <source>a storage of %1 samples cannot be made: the size is a power of two up to %2.</source>
+        <translation>Ein Speicher für %1 Abtastwerte lässt sich nicht bauen: Die Speichertiefe ist eine Zweierpotenz bis %2.</translation>
+    </message>
+    <message>
+        <source>a capture amount of %1 does not fit into one of %2 segments of a storage of %3 samples.</source>
+        <translation>Eine Aufzeichnungslänge von %1 passt nicht in eines von %2 Segmenten eines Speichers für %3 Abtastwerte.</translation>
+    </message>
+    <message>
+        <source>a trigger position of %1 does not suit a capture amount of %2: it is from 0 to %3.</source>
+        <translation>Eine Trigger-Position von %1 passt nicht zu einer Aufzeichnungslänge von %2: Sie reicht von 0 bis %3.</translation>
+    </message>
+    <message>
+        <source>a capture amount of %1 cannot be made: it is a power of two from 2 to %2.</source>
+        <translation>Eine Aufzeichnungslänge von %1 lässt sich nicht bauen: Sie ist eine Zweierpotenz von 2 bis %2.</translation>
+    </message>
+    <message>
+        <source>it captures no signals.</source>
+        <translation>Er zeichnet keine Signale auf.</translation>
+    </message>
+    <message>
+        <source>it captures %1 bits, and a core stores at most %2.</source>
+        <translation>Er zeichnet %1 Bit auf, und ein Core speichert höchstens %2.</translation>
+    </message>
+    <message>
+        <source>Core %1 cannot be made: %2</source>
+        <translation>Core %1 lässt sich nicht bauen: %2</translation>
+    </message>
+</context>
+<context>
     <name>Workbench::DeclarationCommand</name>
     <message>
         <source>Go to &amp;Declaration</source>

@@ -6,8 +6,8 @@ class QTranslator;
 
 namespace Workbench {
 
-// The texts of the workbench and of the toolkit in the user's language, as long as this is there. Those of the
-// editor come with its plug-in.
+// The texts of the workbench and of the toolkit in the user's language, as long as this is there. Those of
+// the editor come with its plug-in.
 class Translations
 {
 public:

@@ -1,5 +1,6 @@
 #include "elaboration/tools/vhdlanalysis.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -15,6 +16,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlAnalysis)
+};
 
 const char followUp[] = "entity '(\\w+)' was not analysed";
 const int maxRepairs = 200; // each changes something
@@ -45,7 +51,7 @@ ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library
                                            << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
     call.workingDir = folder; // where it looks for libraries first
     call.writableFolder = m_scratch.path();
-    call.subject = QLatin1String("the VHDL sources");
+    call.subject = Texts::tr("the VHDL sources");
     call.arguments = QStringList() << arguments.first() << QLatin1String("--std=08")
                                    << QLatin1String("-frelaxed") << QLatin1String("-fsynopsys")
                                    << QLatin1String("--workdir=") + folder << QLatin1String("-P") + folder
@@ -121,9 +127,9 @@ void VhdlAnalysis::dropRepeated(VhdlFile &file)
                 owner = file.path;
             if (owner != file.path) {
                 repeated.insert(name);
-                m_messages.append(QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
-                                  unit.name + QLatin1String(" is declared a second time. What ") + owner +
-                                  QLatin1String(" declares is used."));
+                m_messages.append(
+                    Texts::tr("WARNING: %1:%2: %3 is declared a second time. What %4 declares is used.")
+                        .arg(file.path, QString::number(unit.line), unit.name, owner));
             }
         }
         if (repeated.contains(name))
@@ -158,10 +164,9 @@ void VhdlAnalysis::addBodies()
             if (ending.indexIn(QString::fromLatin1(text.mid(begin, unit.end - begin)).toLower()) < 0)
                 continue;
             bodies += "\narchitecture jex_empty of " + name.toLatin1() + " is begin end;";
-            m_bodiless.insert(name, QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
-                                        unit.name +
-                                        QLatin1String(" has no architecture and is shown as a black box, "
-                                                      "with nothing inside."));
+            m_bodiless.insert(name, Texts::tr("WARNING: %1:%2: %3 has no architecture and is shown as a "
+                                              "black box, with nothing inside.")
+                                        .arg(file.path, QString::number(unit.line), unit.name));
             m_hollow.insert(name);
         }
         if (!bodies.isEmpty())
