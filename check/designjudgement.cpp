@@ -48,8 +48,7 @@ DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found)
         return noModule;
     if (found.modules.isEmpty())
         return fault(DesignReading::tr("Invalid Top Module"),
-                     DesignReading::tr("No module named \"") + top +
-                         DesignReading::tr("\", please reset top module."));
+                     DesignReading::tr("No module named \"%1\", please reset top module.").arg(top));
     if (found.topModules.size() == 1)
         return DesignFault();
     return top.isEmpty() ? fault(DesignReading::tr("Multiple Top Module"),

@@ -1,5 +1,6 @@
 #include "check/renaming.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <algorithm>
 
@@ -7,6 +8,11 @@
 
 namespace RTLJEX {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::Renaming)
+};
 
 QString rangeOf(const QString &name)
 {
@@ -104,13 +110,13 @@ void addBroken(const QList<JEX::SignalItem> &rows, QStringList &broken)
     QSet<QString> seen;
     for (const JEX::SignalItem &item : rows) {
         if (seen.contains(item.name))
-            broken << "A list would hold " + item.name + " twice.";
+            broken << Texts::tr("A list would hold %1 twice.").arg(item.name);
         seen.insert(item.name);
         addBroken(item.members, broken);
         const QString base = NetName(item.name).fullBase();
         for (const JEX::SignalItem &member : item.members) {
             if (item.isOfBus() && NetName(member.name).fullBase() != base)
-                broken << "The bus " + item.name + " would hold " + member.name + '.';
+                broken << Texts::tr("The bus %1 would hold %2.").arg(item.name, member.name);
         }
     }
 }
@@ -121,8 +127,8 @@ bool Renaming::set(const QString &from, const QString &to, QString *error)
 {
     const QString range = rangeOf(from), newRange = rangeOf(to);
     if (range != newRange && (range + newRange).contains(':')) {
-        *error =
-            "\"" + from + "\" and \"" + to + "\" differ in their range: a renamed signal keeps its width.";
+        *error = Texts::tr("\"%1\" and \"%2\" differ in their range: a renamed signal keeps its width.")
+                     .arg(from, to);
         return false;
     }
     // A single bit can be renamed alone, a bus only with its bits.

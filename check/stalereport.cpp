@@ -1,5 +1,6 @@
 #include "check/stalereport.h"
 
+#include <QCoreApplication>
 #include <QSet>
 
 #include <algorithm>
@@ -14,6 +15,11 @@ using QUARRY::RtlModule;
 namespace RTLJEX {
 
 namespace {
+
+struct StaleReport
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::StaleReport)
+};
 
 // The full name, with its range, of what is declared under a name without one; empty for none.
 QString declaredName(const Hierachy *node, const QString &name, int from)
@@ -205,41 +211,35 @@ QString staleWord(StaleSignal::Fault fault)
     return QLatin1String(words[fault]);
 }
 
-QString stalePlace(const StaleSignal &signal)
-{
-    switch (signal.place) {
-    case StaleSignal::Clock:
-        return QLatin1String("clock");
-    case StaleSignal::Trigger:
-        return QLatin1String("trigger port ") + QString::number(signal.port);
-    case StaleSignal::Capture:
-        break;
-    }
-    return QLatin1String("capture");
-}
-
 QString staleSentence(const StaleSignal &signal)
 {
-    QString text = QLatin1String("Core ") + QString::number(signal.shown) + QLatin1String(": ") +
-                   stalePlace(signal) + QLatin1String(" signal ") + signal.name;
+    QString name = signal.name;
     if (!signal.alias.isEmpty())
-        text += QLatin1String(" \"") + signal.alias + QLatin1Char('"');
+        name += QLatin1String(" \"") + signal.alias + QLatin1Char('"');
     if (!signal.group.isEmpty())
-        text += QLatin1String(" of ") + signal.group;
+        name = StaleReport::tr("%1 of %2").arg(name, signal.group);
+    QString subject = StaleReport::tr("Core %1: capture signal %2").arg(QString::number(signal.shown), name);
+    if (signal.place == StaleSignal::Clock)
+        subject = StaleReport::tr("Core %1: clock signal %2").arg(QString::number(signal.shown), name);
+    else if (signal.place == StaleSignal::Trigger)
+        subject = StaleReport::tr("Core %1: trigger port %2 signal %3")
+                      .arg(QString::number(signal.shown), QString::number(signal.port), name);
+    QString text;
     switch (signal.fault) {
     case StaleSignal::Missing:
-        text += QLatin1String(" is missing in the design");
+        text = StaleReport::tr("%1 is missing in the design").arg(subject);
         break;
     case StaleSignal::WidthChanged:
-        return text + QLatin1String(" changed in width, it is now ") + signal.now;
+        return StaleReport::tr("%1 changed in width, it is now %2").arg(subject, signal.now);
     case StaleSignal::Excluded:
-        return text + QLatin1String(" is now excluded from probing");
+        return StaleReport::tr("%1 is now excluded from probing").arg(subject);
     case StaleSignal::Moved:
-        text += QLatin1String(" moved, it is now ") + signal.now;
+        text = StaleReport::tr("%1 moved, it is now %2").arg(subject, signal.now);
         break;
     }
     const QStringList others = signal.nearest.mid(signal.fault == StaleSignal::Moved ? 1 : 0);
-    return others.isEmpty() ? text : text + QLatin1String("; nearest: ") + others.join(QLatin1String(", "));
+    return others.isEmpty() ? text
+                            : StaleReport::tr("%1; nearest: %2").arg(text, others.join(QLatin1String(", ")));
 }
 
 } // namespace RTLJEX

@@ -44,7 +44,6 @@ struct StaleSignal
 QList<StaleSignal> staleSignals(const QList<AnyCore> &cores, const QUARRY::RtlNetlist &netlist);
 
 QString staleWord(StaleSignal::Fault fault);      // "missing", "width changed", "excluded", "moved"
-QString stalePlace(const StaleSignal &signal);    // "clock", "trigger port 2", "capture"
 QString staleSentence(const StaleSignal &signal); // all of it in one line
 
 } // namespace RTLJEX

@@ -15,12 +15,11 @@ namespace {
 QString missingTop(const ModuleList &lists, const QString &top)
 {
     if (lists.modules.isEmpty() && !top.isEmpty())
-        return QLatin1String("ERROR: No module named \"") + top +
-               QLatin1String("\" was found. Set another top module.");
+        return ReadingJob::tr("ERROR: No module named \"%1\" was found. Set another top module.").arg(top);
     if (lists.modules.isEmpty())
-        return QLatin1String("ERROR: The sources contain no module.");
-    return QLatin1String("ERROR: The design has several top modules (") +
-           lists.topModules.join(QLatin1String(", ")) + QLatin1String("). Set one of them.");
+        return ReadingJob::tr("ERROR: The sources contain no module.");
+    return ReadingJob::tr("ERROR: The design has several top modules (%1). Set one of them.")
+        .arg(lists.topModules.join(QLatin1String(", ")));
 }
 
 QSet<ReadingJob *> &runningJobs()

@@ -1,5 +1,7 @@
 #include "gateware/corefault.h"
 
+#include <QCoreApplication>
+
 #include "gateware/coretaps.h"
 #include "gateware/expressiontext.h"
 #include "model/jex/matchvalue.h"
@@ -10,14 +12,14 @@ namespace RTLJEX {
 
 namespace {
 
+struct CoreFault
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::CoreFault)
+};
+
 // What the identity word of a core can say, and the address of a sample.
 const int widestSample = 65535;
 const int largestStorage = 65536;
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 bool isPowerOfTwo(int number)
 {
@@ -27,11 +29,12 @@ bool isPowerOfTwo(int number)
 QString unitFault(const JEX::MatchUnit &unit)
 {
     if (!unit.triggerPort)
-        return latin("it is not bound to a trigger port.");
+        return CoreFault::tr("it is not bound to a trigger port.");
     if (unit.triggerPort->width() > JEX::TriggerPort::WidthLimit)
-        return latin("its trigger port holds more than %1 signals.").arg(int(JEX::TriggerPort::WidthLimit));
+        return CoreFault::tr("its trigger port holds more than %1 signals.")
+            .arg(int(JEX::TriggerPort::WidthLimit));
     if (unit.function < 0 || unit.function >= JEX::MatchFunctionCount)
-        return latin("it compares by a function that does not exist.");
+        return CoreFault::tr("it compares by a function that does not exist.");
     return JEX::matchUnitFault(unit);
 }
 
@@ -39,13 +42,13 @@ QString expressionFault(const JEX::AoCore &core, const QString &text)
 {
     const Expression expression(text);
     if (!expression.isValid())
-        return latin("it is not well formed.");
+        return CoreFault::tr("it is not well formed.");
     for (int number : expression.units()) {
         const JEX::MatchUnit *unit = core.matchUnit(number);
         if (!unit || !unit->enabled)
-            return latin("M%1 is not enabled.").arg(number);
+            return CoreFault::tr("M%1 is not enabled.").arg(number);
         if (core.isStatic() && number >= StaticUnitCount)
-            return latin("M%1 does not exist in Static mode.").arg(number);
+            return CoreFault::tr("M%1 does not exist in Static mode.").arg(number);
     }
     return QString();
 }
@@ -55,16 +58,16 @@ QString triggerFault(const JEX::AoCore &core)
     for (const JEX::MatchUnit *unit : coreUnits(core)) {
         const QString fault = unitFault(*unit);
         if (!fault.isEmpty())
-            return latin("M%1 cannot be made: ").arg(unit->unitNumber) + fault;
+            return CoreFault::tr("M%1 cannot be made: %2").arg(QString::number(unit->unitNumber), fault);
     }
     if (core.expressions.isEmpty())
-        return latin("it has no trigger expression, so it would never trigger.");
+        return CoreFault::tr("it has no trigger expression, so it would never trigger.");
     if (core.expressions.size() > JEX::ExpressionLimit)
-        return latin("it has more than %1 trigger expressions.").arg(int(JEX::ExpressionLimit));
+        return CoreFault::tr("it has more than %1 trigger expressions.").arg(int(JEX::ExpressionLimit));
     for (const QString &text : core.expressions) {
         const QString fault = expressionFault(core, text);
         if (!fault.isEmpty())
-            return latin("the expression \"") + text + latin("\" cannot be made: ") + fault;
+            return CoreFault::tr("the expression \"%1\" cannot be made: %2").arg(text, fault);
     }
     return QString();
 }
@@ -72,17 +75,18 @@ QString triggerFault(const JEX::AoCore &core)
 QString ownFault(const JEX::AoCore &core)
 {
     if (!isPowerOfTwo(core.storageSize) || core.storageSize > largestStorage)
-        return latin("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
+        return CoreFault::tr("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
             .arg(core.storageSize)
             .arg(largestStorage);
     if (!captureAmounts(core.storageSize, core.windowNumber).contains(core.captureAmount))
-        return latin(
+        return CoreFault::tr(
                    "a capture amount of %1 does not fit into one of %2 segments of a storage of %3 samples.")
             .arg(core.captureAmount)
             .arg(core.windowNumber)
             .arg(core.storageSize);
     if (core.triggerPosition < 0 || core.triggerPosition > lastTriggerPosition(core.captureAmount))
-        return latin("a trigger position of %1 does not suit a capture amount of %2: it is from 0 to %3.")
+        return CoreFault::tr(
+                   "a trigger position of %1 does not suit a capture amount of %2: it is from 0 to %3.")
             .arg(core.triggerPosition)
             .arg(core.captureAmount)
             .arg(lastTriggerPosition(core.captureAmount));
@@ -93,7 +97,7 @@ QString ownFault(const JEX::AOCore_Lite &core)
 {
     if (isPowerOfTwo(core.captureAmount) && core.captureAmount > 1 && core.captureAmount <= largestStorage)
         return QString();
-    return latin("a capture amount of %1 cannot be made: it is a power of two from 2 to %2.")
+    return CoreFault::tr("a capture amount of %1 cannot be made: it is a power of two from 2 to %2.")
         .arg(core.captureAmount)
         .arg(largestStorage);
 }
@@ -102,9 +106,11 @@ QString faultWithoutCore(const AnyCore &core)
 {
     const int bits = capturedBits(core).size();
     if (bits == 0)
-        return latin("it captures no signals.");
+        return CoreFault::tr("it captures no signals.");
     if (bits >= widestSample)
-        return latin("it captures %1 bits, and a core stores at most %2.").arg(bits).arg(widestSample - 1);
+        return CoreFault::tr("it captures %1 bits, and a core stores at most %2.")
+            .arg(bits)
+            .arg(widestSample - 1);
     return core.visit([](const auto &record) { return ownFault(record); });
 }
 
@@ -113,7 +119,9 @@ QString faultWithoutCore(const AnyCore &core)
 QString coreFault(const AnyCore &core)
 {
     const QString fault = faultWithoutCore(core);
-    return fault.isEmpty() ? fault : latin("Core %1 cannot be made: ").arg(core.number) + fault;
+    return fault.isEmpty()
+               ? fault
+               : CoreFault::tr("Core %1 cannot be made: %2").arg(QString::number(core.number), fault);
 }
 
 } // namespace RTLJEX

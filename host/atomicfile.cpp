@@ -1,5 +1,7 @@
 #include "host/atomicfile.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cerrno>
 #include <memory>
@@ -15,6 +17,11 @@
 namespace QUtil {
 namespace {
 
+struct Saving
+{
+    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
+};
+
 // The new file for a target, with all that the old one has but its content; or what speaks against it.
 class Replacement
 {
@@ -23,13 +30,13 @@ public:
     {
         const mode_t mode = target.exists ? 0600 : 0666;
         if (target.exists && target.info.st_nlink > 1)
-            losses << QString::fromLatin1("it has %1 names (hard links)").arg(target.info.st_nlink);
+            losses << Saving::tr("it has %1 names (hard links)").arg(target.info.st_nlink);
         else if (m_file.create(target.folder, mode))
             fault = target.exists ? copyAttributes(target, m_file.descriptor(), losses) : SaveFault();
         else if (target.exists && (errno == EACCES || errno == EPERM || errno == EROFS))
-            losses << QLatin1String("its folder cannot be written to");
+            losses << Saving::tr("its folder cannot be written to");
         else
-            fault = faultOf("creating a file in its folder");
+            fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "creating a file in its folder"));
     }
 
     SaveFault fill(const QByteArray &bytes) { return m_file.fill(bytes); }

@@ -1,5 +1,6 @@
 #include "host/backupfile.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,11 @@
 
 namespace QUtil {
 namespace {
+
+struct Saving
+{
+    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
+};
 
 const qint64 sizeLimit = 256 * MiB;
 const char suffix[] = ".jex-backup";
@@ -82,7 +88,8 @@ public:
                 continue;
             // One whose save did not end holds the last good state, which the file itself may not.
             m_path = place;
-            return lockFile(m_found.number()) ? SaveFault() : fault("another program is saving it");
+            return lockFile(m_found.number()) ? SaveFault()
+                                              : fault(Saving::tr("another program is saving it"));
         }
         bool isElsewhere = false;
         SaveFault failed = make(target, content, places[0], &isElsewhere);
@@ -100,10 +107,10 @@ public:
     QByteArray path() const { return m_path; }
 
 private:
-    static SaveFault fault(const char *reason)
+    static SaveFault fault(const QString &reason)
     {
         SaveFault fault;
-        fault.reason = QLatin1String(reason);
+        fault.reason = reason;
         return fault;
     }
 
@@ -114,7 +121,7 @@ private:
         *isElsewhere = false;
         if (!m_made.create(folder, 0600)) {
             *isElsewhere = errno == EACCES || errno == EPERM || errno == EROFS;
-            return faultOf("keeping a backup");
+            return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "keeping a backup"));
         }
         // Who may read the file may read the backup, and nobody else.
         QStringList losses;
@@ -128,7 +135,7 @@ private:
         if (!unkept)
             unkept = flushFolder(folder);
         if (unkept)
-            unkept.step = QLatin1String("keeping a backup");
+            unkept.step = Saving::tr("keeping a backup");
         return unkept;
     }
 
@@ -142,19 +149,19 @@ SaveFault overwrite(int descriptor, const QByteArray &bytes)
     // Room first: a disk that is full says so before anything is lost.
     if (::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, bytes.isEmpty() ? 1 : bytes.size()) != 0 &&
         (errno == ENOSPC || errno == EDQUOT || errno == EFBIG || errno == EIO))
-        return faultOf("writing");
+        return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "writing"));
     if (::lseek(descriptor, 0, SEEK_SET) != 0)
-        return faultOf("writing");
+        return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "writing"));
     SaveFault fault = writeAll(descriptor, bytes);
     if (!fault && ::ftruncate(descriptor, bytes.size()) != 0)
-        fault = faultOf("writing");
+        fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "writing"));
     if (!fault)
         fault = flush(descriptor);
     // A network's file system may say only now that it did not take the bytes, and then it is too late to
     // take them back if this was the last descriptor.
     Descriptor copy(::dup(descriptor));
     if (!fault && !copy.close())
-        fault = faultOf("closing");
+        fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "closing"));
     return fault;
 }
 
@@ -170,19 +177,20 @@ SaveFault writeInPlace(const SaveTarget &target, const QByteArray &bytes)
     SaveFault fault;
     QByteArray old;
     if (!readRegularFile(QFile::decodeName(target.path), sizeLimit, &old, &fault.reason)) {
-        fault.step = QLatin1String("reading what it holds for a backup");
+        fault.step = Saving::tr("reading what it holds for a backup");
         return fault;
     }
     const Descriptor file(::open(target.path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (file.number() < 0)
-        return faultOf("opening");
+        return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "opening"));
     Backup backup;
     fault = backup.keep(target, old);
     if (fault)
         return fault;
     fault = overwrite(file.number(), bytes);
     if (fault && overwrite(file.number(), old))
-        fault.reason += QLatin1String("; what it held is kept in ") + nativeName(backup.path());
+        fault.reason =
+            Saving::tr("%1; what it held is kept in %2").arg(fault.reason, nativeName(backup.path()));
     else if (!fault || !backup.isOlder())
         backup.remove();
     return fault;
@@ -213,8 +221,9 @@ QString pendingBackupFault(const QString &path)
     const QString backup = pendingBackup(path);
     if (backup.isEmpty())
         return QString();
-    return QLatin1String("its last save did not end; what it held before is kept in ") +
-           QDir::toNativeSeparators(backup) + QLatin1String(", which is to be put in its place or removed");
+    return Saving::tr("its last save did not end; what it held before is kept in %1, which is to be put in "
+                      "its place or removed")
+        .arg(QDir::toNativeSeparators(backup));
 }
 
 bool restoreBackup(const QString &path, QString *errorMessage)
@@ -224,11 +233,12 @@ bool restoreBackup(const QString &path, QString *errorMessage)
     SaveFault fault = target.fault;
     QByteArray content;
     if (!fault && !readRegularFile(backup, sizeLimit, &content, &fault.reason))
-        fault.step = QLatin1String("reading the backup");
+        fault.step = Saving::tr("reading the backup");
     if (!fault) {
         const Descriptor file(
             ::open(target.path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-        fault = file.number() < 0 ? faultOf("opening") : overwrite(file.number(), content);
+        fault = file.number() < 0 ? faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "opening"))
+                                  : overwrite(file.number(), content);
     }
     if (!fault)
         discardBackup(path);

@@ -123,8 +123,8 @@ bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, 
         projectFromJson(bytes, folder, data, fault);
     mark = QUtil::FileMark(bytes);
     if (!fault.isEmpty() && errorMessage)
-        *errorMessage = QLatin1String("Can not read the project ") + QDir::toNativeSeparators(path) +
-                        QLatin1String(": ") + fault;
+        *errorMessage =
+            Project::tr("Can not read the project %1: %2").arg(QDir::toNativeSeparators(path), fault);
     return fault.isEmpty();
 }
 
@@ -223,7 +223,7 @@ bool Project::save(QString *errorMessage)
 {
     if (m_filePath.isEmpty()) {
         if (errorMessage)
-            *errorMessage = QLatin1String("The project has no file yet: choose one to save it to.");
+            *errorMessage = tr("The project has no file yet: choose one to save it to.");
         return false;
     }
     const QByteArray bytes = projectToJson(m_data, workingDir());

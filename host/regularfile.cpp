@@ -1,5 +1,6 @@
 #include "host/regularfile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegExp>
 
@@ -15,30 +16,37 @@
 namespace QUtil {
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUtil::RegularFile)
+};
+
 QString kindOf(const struct stat &info)
 {
     switch (info.st_mode & S_IFMT) {
     case S_IFREG:
         return QString();
     case S_IFDIR:
-        return QLatin1String("a folder");
+        return Texts::tr("a folder");
     case S_IFIFO:
-        return QLatin1String("a named pipe");
+        return Texts::tr("a named pipe");
     case S_IFSOCK:
-        return QLatin1String("a socket");
+        return Texts::tr("a socket");
     default:
-        return QLatin1String("a device");
+        return Texts::tr("a device");
     }
 }
 
-const char linkLoop[] = "a link that leads to itself";
+QString linkLoop()
+{
+    return Texts::tr("a link that leads to itself");
+}
 
 QString reasonOf(const QString &kind)
 {
     if (kind.isEmpty())
         return kind;
-    const char *const rest = kind == QLatin1String(linkLoop) ? "" : ", not a regular file";
-    return QLatin1String("it is ") + kind + QLatin1String(rest);
+    return (kind == linkLoop() ? Texts::tr("it is %1") : Texts::tr("it is %1, not a regular file")).arg(kind);
 }
 
 bool fail(const QString &why, QString *reason)
@@ -71,7 +79,7 @@ bool readAll(int descriptor, bool waits, qint64 limit, QByteArray *bytes, QStrin
         if (count < 0)
             return fail(errorWords(errno), reason);
         if (bytes->size() + count > limit)
-            return fail(QString::fromLatin1("it is larger than %1 MiB").arg(limit / MiB), reason);
+            return fail(Texts::tr("it is larger than %1 MiB").arg(limit / MiB), reason);
         bytes->append(buffer, int(count));
     }
 }
@@ -124,7 +132,7 @@ QString irregularKind(const QString &path)
     struct stat info;
     if (::stat(QFile::encodeName(path).constData(), &info) == 0)
         return kindOf(info);
-    return errno == ELOOP ? QLatin1String(linkLoop) : QString();
+    return errno == ELOOP ? linkLoop() : QString();
 }
 
 QString irregularReason(const QString &path)

@@ -1,5 +1,6 @@
 #include "host/savetarget.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -13,6 +14,11 @@
 
 namespace QUtil {
 namespace {
+
+struct Saving
+{
+    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
+};
 
 const int linkLimit = 40; // as the kernel has it
 
@@ -57,17 +63,16 @@ SaveFault refusal(const QString &reason)
 
 QString SaveFault::sentence(const QString &path) const
 {
-    const QString what =
-        step.isEmpty() ? reason : step + QLatin1String(" failed (") + reason + QLatin1Char(')');
-    return QLatin1String("Can not save to ") + QDir::toNativeSeparators(path) + QLatin1String(": ") + what +
-           QLatin1Char('.');
+    const QString name = QDir::toNativeSeparators(path);
+    return step.isEmpty() ? Saving::tr("Can not save to %1: %2.").arg(name, reason)
+                          : Saving::tr("Can not save to %1: %2 failed (%3).").arg(name, step, reason);
 }
 
 SaveFault faultOf(const char *step)
 {
     SaveFault fault;
     fault.reason = errorWords(errno);
-    fault.step = QLatin1String(step);
+    fault.step = Saving::tr(step);
     return fault;
 }
 
@@ -82,7 +87,7 @@ SaveTarget::SaveTarget(const QString &name) : path(QFile::encodeName(name))
     if (exists && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode))
         fault = refusal(irregularReason(name));
     else if (exists ? !mayWrite(path, info) : errno != ENOENT)
-        fault = faultOf("opening");
+        fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "opening"));
 }
 
 SaveFault writeAll(int descriptor, const QByteArray &bytes)
@@ -95,7 +100,7 @@ SaveFault writeAll(int descriptor, const QByteArray &bytes)
         } else if (count == 0 || errno != EINTR) {
             if (count == 0)
                 errno = EIO; // it did not set it
-            return faultOf("writing");
+            return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "writing"));
         }
     }
     return SaveFault();
@@ -103,7 +108,8 @@ SaveFault writeAll(int descriptor, const QByteArray &bytes)
 
 SaveFault flush(int descriptor)
 {
-    return ::fsync(descriptor) == 0 ? SaveFault() : faultOf("flushing to the disk");
+    return ::fsync(descriptor) == 0 ? SaveFault()
+                                    : faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "flushing to the disk"));
 }
 
 SaveFault flushFolder(const QByteArray &folder)
@@ -112,7 +118,7 @@ SaveFault flushFolder(const QByteArray &folder)
     // Not every file system has this, and not every folder that can be written to can be read.
     if (opened.number() < 0 || ::fsync(opened.number()) == 0 || errno == EINVAL || errno == ENOTSUP)
         return SaveFault();
-    return faultOf("flushing the folder to the disk");
+    return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "flushing the folder to the disk"));
 }
 
 } // namespace QUtil

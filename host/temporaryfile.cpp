@@ -66,7 +66,7 @@ SaveFault TemporaryFile::fill(const QByteArray &bytes)
     if (!fault)
         fault = flush(m_file.number());
     if (!fault && !m_file.close())
-        fault = faultOf("closing");
+        fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "closing"));
     return fault;
 }
 
@@ -77,7 +77,7 @@ SaveFault TemporaryFile::take(const QByteArray &path, bool keepsOld)
     if (m_isExchanged)
         return SaveFault();
     if (::rename(m_path.constData(), path.constData()) != 0)
-        return faultOf("replacing the file");
+        return faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "replacing the file"));
     m_path.clear();
     return SaveFault();
 }

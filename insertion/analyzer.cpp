@@ -1,7 +1,14 @@
 #include "insertion/analyzer.h"
 
+#include <QCoreApplication>
+
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::Analyzer)
+};
 
 QByteArray number(int value)
 {
@@ -34,7 +41,7 @@ Analyzer::Analyzer(const RTLJEX::Configuration &configuration, const RTLJEX::Cor
         const auto find = [this](const QString &net) {
             const TapBit bit = m_taps.add(net);
             if (bit.tap < 0)
-                m_faults << "The design has no net " + net + '.';
+                m_faults << Texts::tr("The design has no net %1.").arg(net);
             return bit;
         };
         core.clock = find(core.module.clock);

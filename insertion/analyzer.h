@@ -43,7 +43,10 @@ public:
     QByteArray parametersUnarmed() const;
 
 private:
-    bool isLite() const { return !m_cores.isEmpty() && m_cores.first().core.lite; }
+    bool isLite() const // which can start armed
+    {
+        return !m_cores.isEmpty() && std::holds_alternative<JEX::AOCore_Lite *>(m_cores.first().core.core);
+    }
     QByteArray bitText(const TapBit &bit, int width) const;
     QByteArray portText(const Port &port) const;
 

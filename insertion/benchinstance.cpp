@@ -1,5 +1,6 @@
 #include "insertion/benchinstance.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QXmlStreamReader>
 
@@ -11,6 +12,11 @@
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::BenchInstance)
+};
 
 void collect(const QUARRY::Hierachy &node, const QString &module, QStringList &paths)
 {
@@ -76,12 +82,13 @@ BenchInstance findInstance(const QUARRY::Elaboration &bench, const QString &topM
     if (!wanted.isEmpty() && paths.contains(wanted))
         paths = QStringList(wanted);
     if (!wanted.isEmpty() && !paths.contains(wanted))
-        instance.fault = "The test bench has no instance \"" + wanted + "\" of " + topModule + '.';
+        instance.fault = Texts::tr("The test bench has no instance \"%1\" of %2.").arg(wanted, topModule);
     else if (paths.isEmpty())
-        instance.fault = "The test bench has no instance of " + topModule + '.';
+        instance.fault = Texts::tr("The test bench has no instance of %1.").arg(topModule);
     else if (paths.size() > 1)
-        instance.fault = "The test bench has several instances of " + topModule + ": " + paths.join(", ") +
-                         ". Name one of them with --instance.";
+        instance.fault =
+            Texts::tr("The test bench has several instances of %1: %2. Name one of them with --instance.")
+                .arg(topModule, paths.join(", "));
     else
         instance.path = paths.first();
     if (instance.fault.isEmpty())

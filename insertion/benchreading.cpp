@@ -68,7 +68,7 @@ QStringList BenchReading::modules()
         QByteArray bytes;
         QString reason;
         if (!QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason))
-            m_errors << file + " cannot be read: " + reason + '.';
+            m_errors << tr("%1 cannot be read: %2.").arg(file, reason);
         const QString text = QString::fromUtf8(withoutComments(bytes, VerilogSource));
         for (auto found = module.globalMatch(text); found.hasNext();)
             names << found.next().captured(1);
@@ -94,10 +94,10 @@ void BenchReading::take()
     if (!m_errors.isEmpty())
         return end(m_errors);
     if (tops.size() != 1)
-        return end({tops.isEmpty() ? "The test bench has no top module, which nobody instantiates."
-                                   : "The test bench has several top modules: " + tops.join(", ") + '.'});
+        return end({tops.isEmpty() ? tr("The test bench has no top module, which nobody instantiates.")
+                                   : tr("The test bench has several top modules: %1.").arg(tops.join(", "))});
     if (!bench->usable && m_top == tops.first())
-        return end({"The test bench cannot be read with " + m_top + " as its top module."});
+        return end({tr("The test bench cannot be read with %1 as its top module.").arg(m_top)});
     if (!bench->usable)
         return read(tops.first()); // of the design's files some have unused modules
     m_top = tops.first();

@@ -144,8 +144,8 @@ void InsertionJob::read()
 {
     const QString fault = confinementFault();
     if (!fault.isEmpty())
-        return giveCoresOnly("it may call foreign functions of the sources, and " + fault + '.');
-    m_runner->tellStage("Reading the design with Yosys");
+        return giveCoresOnly(tr("it may call foreign functions of the sources, and %1.").arg(fault));
+    m_runner->tellStage(tr("Reading the design with Yosys"));
     m_runner->run(m_yosys->reading(m_options.forSimulation),
                   [this](const ToolResult &result) { judgeReading(result); });
 }
@@ -162,14 +162,15 @@ void InsertionJob::judgeReading(const ToolResult &result)
         return read();
     const QString place = file.isEmpty() ? QString() : file + ':' + error.captured("line") + ": ";
     giveCoresOnly(place + (error.hasMatch() ? error.captured("text")
-                                            : "Yosys gave no design." + lastLine(result.errors)));
+                                            : tr("Yosys gave no design.") + lastLine(result.errors)));
 }
 
 void InsertionJob::giveCoresOnly(const QString &reason)
 {
-    m_messages << "WARNING: Yosys cannot read the design: " + reason;
-    m_messages << "WARNING: There is therefore no design.v. For simulations, bind.sv and probe.v attach the "
-                  "analyzer to the untouched sources.";
+    m_messages << tr("WARNING: Yosys cannot read the design: %1").arg(reason);
+    m_messages << tr(
+        "WARNING: There is therefore no design.v. For simulations, bind.sv and probe.v attach the "
+        "analyzer to the untouched sources.");
     m_files.insert("cores.v", m_analyzer->coresText());
     addTexts();
     end(CoresOnly);
@@ -185,7 +186,7 @@ void InsertionJob::tap()
     if (!refused.isEmpty())
         return fail(Refused, refused);
     if (design.module("\\jex_cores") || design.module("\\jex_capture"))
-        return fail(Refused, {"A module of the design has the name of one of the analyzer's."});
+        return fail(Refused, {tr("A module of the design has the name of one of the analyzer's.")});
     m_surgery->prefix = freePrefix(design);
     m_surgery->coresModule = "jex_cores";
     m_surgery->inputs = m_analyzer->controlInputs();
@@ -197,21 +198,21 @@ void InsertionJob::tap()
     if (!design.write(m_yosys->tappedFile(), &error))
         return fail(Failed, {error});
     if (!put(m_yosys->coresFile(), m_analyzer->coresText()))
-        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
-    m_runner->tellStage("Putting the analyzer into the design");
+        return fail(Failed, {tr("A temporary file could not be written. Make room on the disk.")});
+    m_runner->tellStage(tr("Putting the analyzer into the design"));
     m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
         if (!result.isGood())
-            return fail(Failed,
-                        {result.outcome == ToolResult::Finished
-                             ? "Yosys does not take the design with the analyzer." + lastLine(result.errors)
-                             : result.message});
+            return fail(Failed, {result.outcome == ToolResult::Finished
+                                     ? tr("Yosys does not take the design with the analyzer.") +
+                                           lastLine(result.errors)
+                                     : result.message});
         takeTapped();
     });
 }
 
 void InsertionJob::takeTapped()
 {
-    m_runner->tellStage("Comparing the netlists");
+    m_runner->tellStage(tr("Comparing the netlists"));
     if (!compare())
         return;
     prove([this] { count(true, [this] { count(false, [this] { finishDesign(); }); }); });
@@ -252,11 +253,11 @@ bool InsertionJob::compare()
         m_report->differences << "Open bits (z) of the original are not open any more.";
     if (m_report->differences.isEmpty())
         return true;
-    fail(
-        Refused,
-        QStringList("The design with the analyzer is not proven to be the original with nothing but taps, so "
-                    "nothing is written.") +
-            m_report->differences);
+    fail(Refused,
+         QStringList(
+             tr("The design with the analyzer is not proven to be the original with nothing but taps, so "
+                "nothing is written.")) +
+             m_report->differences);
     return false;
 }
 
@@ -264,7 +265,7 @@ void InsertionJob::prove(const Step &then)
 {
     if (!m_options.prove)
         return then();
-    m_runner->tellStage("Proving equivalence");
+    m_runner->tellStage(tr("Proving equivalence"));
     m_runner->run(m_yosys->proving(m_surgery->prefix, provingSeconds),
                   [this, then](const ToolResult &result) {
                       m_report->noteEquivalence(result, provingSeconds);
@@ -276,8 +277,8 @@ void InsertionJob::count(bool isOriginal, const Step &then)
 {
     if (m_options.family.isEmpty())
         return then();
-    m_runner->tellStage(isOriginal ? "Synthesizing the original"
-                                   : "Synthesizing the design with the analyzer");
+    m_runner->tellStage(isOriginal ? tr("Synthesizing the original")
+                                   : tr("Synthesizing the design with the analyzer"));
     m_runner->run(m_yosys->counting(m_options.family, isOriginal), [=](const ToolResult &result) {
         QByteArray counted;
         if (!result.isGood())
@@ -322,7 +323,7 @@ bool InsertionJob::take(const QString &path, QByteArray *bytes)
         *bytes = file.readAll();
         return true;
     }
-    fail(Failed, {"Yosys did not write what it was asked for, or too much of it."});
+    fail(Failed, {tr("Yosys did not write what it was asked for, or too much of it.")});
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "insertion/outputfolder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -18,6 +19,11 @@
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::OutputFolder)
+};
 
 bool writeFile(const QString &path, const QByteArray &bytes, QString *reason)
 {
@@ -58,11 +64,6 @@ bool isOurs(const QString &folder)
     return maker != json.end() && *maker == makerText;
 }
 
-QString ownFiles(const QString &folder, const QString &what)
-{
-    return folder + ' ' + what + ", which would be lost. Name another folder for the output.";
-}
-
 } // namespace
 
 OutputFolder::OutputFolder(const QString &folder, const QStringList &sources)
@@ -74,32 +75,35 @@ QString OutputFolder::fault() const
 {
     const QFileInfo info(m_path);
     if (!info.exists())
-        return info.isSymLink() ? m_name + " is a link that leads nowhere." : QString();
+        return info.isSymLink() ? Texts::tr("%1 is a link that leads nowhere.").arg(m_name) : QString();
     if (!info.isDir() || info.isSymLink())
-        return m_name + " is not a folder. Name another one for the output.";
+        return Texts::tr("%1 is not a folder. Name another one for the output.").arg(m_name);
     const QString canonical = info.canonicalFilePath();
     for (const QString &source : m_sources) {
         if (QFileInfo(source).canonicalPath() == canonical)
-            return m_name + " is a folder of the sources: " + QFileInfo(source).fileName() +
-                   " is in it. Name another one for the output.";
+            return Texts::tr("%1 is a folder of the sources: %2 is in it. Name another one for the output.")
+                .arg(m_name, QFileInfo(source).fileName());
     }
     const QFileInfoList held =
         QDir(m_path).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QFileInfo &entry : held) {
         if (!InsertionJob::fileNames().contains(entry.fileName()) || entry.isSymLink() ||
             !QUtil::irregularKind(entry.filePath()).isEmpty())
-            return ownFiles(m_name, "holds other files (" + entry.fileName() + ')');
+            return Texts::tr(
+                       "%1 holds other files (%2), which would be lost. Name another folder for the output.")
+                .arg(m_name, entry.fileName());
     }
-    return held.isEmpty() || isOurs(m_path)
-               ? QString()
-               : ownFiles(m_name, "holds files that were not made here (" + held.first().fileName() + ')');
+    return held.isEmpty() || isOurs(m_path) ? QString()
+                                            : Texts::tr("%1 holds files that were not made here (%2), which "
+                                                        "would be lost. Name another folder for the output.")
+                                                  .arg(m_name, held.first().fileName());
 }
 
 bool OutputFolder::write(const QMap<QString, QByteArray> &files, QString *error) const
 {
     const QString parent = QFileInfo(m_path).absolutePath();
     if (!QDir().mkpath(parent)) {
-        *error = "The folder " + parent + " cannot be made.";
+        *error = Texts::tr("The folder %1 cannot be made.").arg(parent);
         return false;
     }
     QTemporaryDir made(parent + "/.jex-XXXXXX");
@@ -119,10 +123,10 @@ bool OutputFolder::write(const QMap<QString, QByteArray> &files, QString *error)
         isGood = false;
     }
     if (!isGood)
-        *error = m_path + " cannot be written: " + reason + ". Nothing was changed.";
+        *error = Texts::tr("%1 cannot be written: %2. Nothing was changed.").arg(m_path, reason);
     // What it holds now: the new files that were not wanted, or the old ones.
     if (made.isValid() && !removeFolder(made.path()) && QFileInfo(made.path()).exists() && error->isEmpty())
-        *error = "What was put into " + m_path + " meanwhile is now in " + made.path() + '.';
+        *error = Texts::tr("What was put into %1 meanwhile is now in %2.").arg(m_path, made.path());
     return error->isEmpty();
 }
 

@@ -107,7 +107,7 @@ void SimulationJob::begin()
         return fail(Refused, m_analyzer->faults());
     const QString fault = confinementFault();
     if (!fault.isEmpty())
-        return fail(Failed, {"The test bench is not run, since " + fault + '.'});
+        return fail(Failed, {tr("The test bench is not run, since %1.").arg(fault)});
     const QString missing = missingFor(m_options.simulator);
     if (!missing.isEmpty())
         return fail(Failed, {missing});
@@ -247,7 +247,7 @@ void SimulationJob::compile()
                            (isByNetlist ? put("design.v", simulatedDesign())
                                         : put("cores.v", "`timescale 1ns / 1ps\n" + m_analyzer->coresText()));
     if (!isWritten)
-        return fail(Failed, {"A temporary file could not be written. Make room on the disk."});
+        return fail(Failed, {tr("A temporary file could not be written. Make room on the disk.")});
     linkProject();
     m_steps = simulationSteps(m_options.simulator, sources);
     runNext();
@@ -281,11 +281,11 @@ void SimulationJob::judge(const ToolResult &result)
 {
     m_words = result.output + result.errors;
     if (result.outcome == ToolResult::Died && m_options.simulator == Simulator::Verilator)
-        return fail(Failed, {"The test bench failed: it said $stop or $fatal, or met a fault of its own."});
+        return fail(Failed,
+                    {tr("The test bench failed: it said $stop or $fatal, or met a fault of its own.")});
     if (!result.isGood())
         return fail(Failed, result.outcome == ToolResult::Finished
-                                ? QStringList("The test bench failed with code " +
-                                              QString::number(result.exitCode) + '.')
+                                ? QStringList(tr("The test bench failed with code %1.").arg(result.exitCode))
                                 : QStringList(result.message));
     if (!collect())
         return;
@@ -356,11 +356,11 @@ bool SimulationJob::collect()
             return false;
         } else if (!RTLJEX::readCapture(withWindows(text, m_windows.value(number, end.windows)),
                                         core.module.layout, &captured, &error)) {
-            fail(Failed, {"Core " + QString::number(number) + ": " + error});
+            fail(Failed, {tr("Core %1: %2").arg(QString::number(number), error)});
             return false;
         }
         if (end.windows > 0 && end.windows < core.module.layout.windows)
-            m_messages << QString("WARNING: Core %1 filled %2 of its %3 windows.")
+            m_messages << tr("WARNING: Core %1 filled %2 of its %3 windows.")
                               .arg(number)
                               .arg(end.windows)
                               .arg(core.module.layout.windows);
@@ -372,20 +372,24 @@ bool SimulationJob::collect()
 void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen)
 {
     const RTLJEX::AnyCore &any = analyzer.cores().at(core).core;
-    const QString name = "Core " + QString::number(any.number);
+    const QString number = QString::number(any.number);
     if (!any.standard) {
-        m_messages << name + " did not fill its window: its sample clock " + *any.clock +
-                          " had too few edges.";
+        m_messages << tr("Core %1 did not fill its window: its sample clock %2 had too few edges.")
+                          .arg(number, *any.clock);
         return;
     }
-    m_messages << name + " did not trigger, or not with enough samples behind its trigger.";
-    for (const JEX::MatchUnit *unit : any.standard->enabledMatchUnits())
-        m_messages << name + ": M" + QString::number(unit->unitNumber) +
-                          (seen & 1u << unit->unitNumber ? " matched." : " never matched.");
-    for (int i = 0; i < any.standard->expressions.size(); ++i)
-        m_messages << name + ": expression " + QString::number(i + 1) + ", " +
-                          any.standard->expressions.at(i) +
-                          (seen & 1u << (16 + i) ? ", held." : ", never held.");
+    m_messages << tr("Core %1 did not trigger, or not with enough samples behind its trigger.").arg(number);
+    for (const JEX::MatchUnit *unit : any.standard->enabledMatchUnits()) {
+        const bool hasMatched = seen & 1u << unit->unitNumber;
+        m_messages << (hasMatched ? tr("Core %1: M%2 matched.") : tr("Core %1: M%2 never matched."))
+                          .arg(number, QString::number(unit->unitNumber));
+    }
+    for (int i = 0; i < any.standard->expressions.size(); ++i) {
+        const bool hasHeld = seen & 1u << (16 + i);
+        m_messages << (hasHeld ? tr("Core %1: expression %2, %3, held.")
+                               : tr("Core %1: expression %2, %3, never held."))
+                          .arg(number, QString::number(i + 1), any.standard->expressions.at(i));
+    }
 }
 
 bool SimulationJob::put(const QString &name, const QByteArray &bytes)
@@ -399,7 +403,7 @@ bool SimulationJob::take(const QString &name, QByteArray *bytes)
     bytes->clear();
     if (QUtil::readRegularFile(m_scratch->file(name), 1024 * QUtil::MiB, bytes, &reason))
         return true;
-    fail(Failed, {"What the simulation wrote cannot be read (" + name + "): " + reason + '.'});
+    fail(Failed, {tr("What the simulation wrote cannot be read (%1): %2.").arg(name, reason)});
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "insertion/simulators.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "elaboration/tools/verilatorrun.h"
@@ -8,6 +9,11 @@ using namespace QUARRY;
 
 namespace Insertion {
 namespace {
+
+struct Simulators
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::Simulators)
+};
 
 // The prefix of all that Verilator makes, and so the name of the program.
 const char *const program = "Vjex";
@@ -31,11 +37,11 @@ public:
         for (const QString &suffix : m_sources.librarySuffixes)
             arguments << "-Y" + suffix;
         add("Icarus Verilog", "JEX_IVERILOG", findTool("JEX_IVERILOG", {"iverilog"}), arguments + shared());
-        last().stage = "Compiling the test bench";
-        last().refusal = "Icarus Verilog does not take the test bench.";
+        last().stage = Simulators::tr("Compiling the test bench");
+        last().refusal = Simulators::tr("Icarus Verilog does not take the test bench.");
         add("Icarus Verilog", "JEX_VVP", findTool("JEX_VVP", {"vvp"}), {"-n", compiled});
-        last().stage = "Simulating";
-        last().call.deed = "ran";
+        last().stage = Simulators::tr("Simulating");
+        last().call.deed = QT_TRANSLATE_NOOP("QUARRY::ToolRun", "ran");
         return m_steps;
     }
 
@@ -55,16 +61,16 @@ public:
         for (const QString &suffix : m_sources.librarySuffixes)
             arguments << "+libext+" + suffix;
         add("Verilator", "JEX_VERILATOR", VerilatorRun::program(), arguments + shared());
-        last().stage = "Compiling the test bench";
-        last().refusal = "Verilator does not take the test bench.";
+        last().stage = Simulators::tr("Compiling the test bench");
+        last().refusal = Simulators::tr("Verilator does not take the test bench.");
         add("make", "JEX_MAKE", findTool("JEX_MAKE", {"make"}),
             {"-s", "-j2", "-C", made, "-f", QString(program) + ".mk", "VM_PARALLEL_BUILDS=1",
              "OBJCACHE=", "OPT_FAST=-O1", "OPT_GLOBAL=-O1", "CXX=" + compiler(), "LINK=" + compiler()});
-        last().stage = "Compiling what Verilator made of the test bench";
-        last().refusal = "What Verilator made of the test bench cannot be compiled.";
+        last().stage = Simulators::tr("Compiling what Verilator made of the test bench");
+        last().refusal = Simulators::tr("What Verilator made of the test bench cannot be compiled.");
         add("The simulation", "JEX_VERILATOR", made + '/' + program, {});
-        last().stage = "Simulating";
-        last().call.deed = "ran";
+        last().stage = Simulators::tr("Simulating");
+        last().call.deed = QT_TRANSLATE_NOOP("QUARRY::ToolRun", "ran");
         return m_steps;
     }
 
@@ -87,7 +93,7 @@ private:
         step.call.program = tool;
         step.call.workingDir = m_sources.workingDir;
         step.call.writableFolder = m_sources.folder;
-        step.call.subject = "the test bench";
+        step.call.subject = Simulators::tr("the test bench");
         step.call.arguments = arguments;
         step.call.runsSources = true;
         m_steps << step;
@@ -113,20 +119,21 @@ QString missingFor(Simulator simulator)
         return QString();
     const struct
     {
-        const char *need;
+        QString need;
         QString program;
-        const char *remedy;
+        QString remedy;
     } needs[] = {
-        {"its program", VerilatorRun::program(),
-         "Install verilator, or let the variable JEX_VERILATOR name the program."},
-        {"a C++ compiler", compiler(), "Install g++ and make, or let the variable JEX_CXX name a compiler."},
+        {Simulators::tr("its program"), VerilatorRun::program(),
+         Simulators::tr("Install verilator, or let the variable JEX_VERILATOR name the program.")},
+        {Simulators::tr("a C++ compiler"), compiler(),
+         Simulators::tr("Install g++ and make, or let the variable JEX_CXX name a compiler.")},
         {"make", findTool("JEX_MAKE", {"make"}),
-         "Install make, or let the variable JEX_MAKE name the program."},
+         Simulators::tr("Install make, or let the variable JEX_MAKE name the program.")},
     };
     for (const auto &each : needs) {
         const QString path = each.program.contains('/') ? each.program : findProgram(each.program);
         if (!QFileInfo(path).isExecutable())
-            return QString("A simulation by Verilator needs %1, and %2 is not there. %3")
+            return Simulators::tr("A simulation by Verilator needs %1, and %2 is not there. %3")
                 .arg(each.need, each.program, each.remedy);
     }
     return QString();

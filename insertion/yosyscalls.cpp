@@ -1,5 +1,6 @@
 #include "insertion/yosyscalls.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -16,6 +17,11 @@ using namespace QUARRY;
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::YosysCalls)
+};
 
 // What means only itself in a script.
 bool isPlain(const QString &text, const char *others)
@@ -75,10 +81,10 @@ YosysCalls::YosysCalls(const DesignInput &input, const Elaboration &elaboration)
     if (!generated.isEmpty())
         m_top = generated; // GHDL made it of a VHDL entity
     if (!isPlain(m_top, "$"))
-        m_fault = "The top module has the name \"" + m_top + "\", which cannot be told to Yosys.";
+        m_fault = Texts::tr("The top module has the name \"%1\", which cannot be told to Yosys.").arg(m_top);
     for (const QString &define : input.defines + input.undefines) {
         if (!isDefine(define))
-            m_fault = "The macro \"" + define + "\" of the project cannot be told to Yosys.";
+            m_fault = Texts::tr("The macro \"%1\" of the project cannot be told to Yosys.").arg(define);
     }
     topParameters();
 }
@@ -108,7 +114,7 @@ ToolCall YosysCalls::call(const char *name, const QString &script, const QString
 // outside of the sandbox, and it can write to its standard output alone.
 ToolCall YosysCalls::reading(bool forSimulation)
 {
-    ToolCall reading = call("read.ys", readingScript(forSimulation), "the design");
+    ToolCall reading = call("read.ys", readingScript(forSimulation), Texts::tr("the design"));
     reading.runsSources = true;
     reading.writableFolder.clear();
     reading.outputFile = readFile();
@@ -121,7 +127,8 @@ QString YosysCalls::topParameters()
     for (const QString &parameter : m_input.parameters) {
         const QString name = parameter.section('=', 0, 0), value = parameter.section('=', 1);
         if (!isPlain(name, "$") || !isPlainValue(value))
-            m_fault = "The parameter \"" + parameter + "\" of the top module cannot be told to Yosys.";
+            m_fault =
+                Texts::tr("The parameter \"%1\" of the top module cannot be told to Yosys.").arg(parameter);
         else
             script += " -set " + name + ' ' + value;
     }
@@ -194,7 +201,7 @@ ToolCall YosysCalls::tapping()
     script += "write_verilog -norename " + designFile() + '\n';
     script += readBack(writtenFile(), flatOriginalFile());
     script += readBack(designFile(), flatTappedFile());
-    return call("tap.ys", script, "the design with the analyzer");
+    return call("tap.ys", script, Texts::tr("the design with the analyzer"));
 }
 
 // Yosys has no rules for flip-flops that are reset at any time, so these become others. Memories have to be
@@ -211,7 +218,8 @@ ToolCall YosysCalls::proving(const QByteArray &prefix, int seconds)
         "design -copy-from gold -as gold gold\ndesign -copy-from gate -as gate gate\n"
         "equiv_make gold gate equiv\nhierarchy -top equiv\nequiv_struct -icells\nequiv_simple -undef\n"
         "equiv_induct -undef\nequiv_status -assert\n";
-    ToolCall proving = call("prove.ys", script, "the question whether both designs are equivalent");
+    ToolCall proving =
+        call("prove.ys", script, Texts::tr("the question whether both designs are equivalent"));
     proving.seconds = seconds;
     return proving;
 }
@@ -227,7 +235,7 @@ ToolCall YosysCalls::counting(const QString &family, bool isOriginal)
     const QString top = isOriginal ? writtenFile() : designFile();
     const QString script = "read_verilog " + top + ' ' + coresFile() + '\n' + synthesis + " -flatten -top " +
                            m_top + "\ntee -q -o " + countFile() + " stat -json\n";
-    return call(isOriginal ? "count-original.ys" : "count.ys", script, "the design");
+    return call(isOriginal ? "count-original.ys" : "count.ys", script, Texts::tr("the design"));
 }
 
 } // namespace Insertion

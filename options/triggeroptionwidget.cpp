@@ -95,6 +95,11 @@ void TriggerOptionWidget::setUpPorts()
     for (int i = 0; i < m_core->triggerPorts.size(); ++i)
         rows.append(new QTreeWidgetItem(QStringList(tr("Trigger Port %1").arg(i)), PortRow));
     m_ui->treeTrigger->addTopLevelItems(rows);
+    // Their names are in any language, and only those of signals may be cut.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QAbstractItemView *tree = m_ui->treeTrigger; // as which it says its widths
+    tree->setMinimumWidth(
+        qMax(tree->minimumWidth(), tree->sizeHintForColumn(0) + bar + 2 * tree->frameWidth()));
     updateTriggerTree();
 }
 

@@ -8,6 +8,14 @@
 #include "plugin/jexwizard.h"
 
 namespace RTLJEX {
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::JexFileWizardFactory)
+};
+
+} // namespace
 
 QString JexFileWizardFactory::id() const
 {
@@ -16,12 +24,12 @@ QString JexFileWizardFactory::id() const
 
 QString JexFileWizardFactory::displayName() const
 {
-    return "RTL JEX Config File";
+    return Texts::tr("RTL JEX Config File");
 }
 
 QString JexFileWizardFactory::description() const
 {
-    return "Create a RTL JEX Config File.";
+    return Texts::tr("Create a RTL JEX Config File.");
 }
 
 void JexFileWizardFactory::runWizard(QWidget *parent, const QString &path)

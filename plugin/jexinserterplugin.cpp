@@ -8,6 +8,7 @@ namespace RTLJEX {
 
 bool JexInserterPlugin::initialize()
 {
+    m_texts = QUtil::installTranslation("jexins", ":/jexins/texts");
     JexViewManager::instance()->initialize();
     return true;
 }
@@ -19,6 +20,7 @@ void JexInserterPlugin::extensionsInitialized()
 void JexInserterPlugin::shutDown()
 {
     JexViewManager::instance()->deinit();
+    m_texts.reset();
 }
 
 } // namespace RTLJEX

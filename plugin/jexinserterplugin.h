@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/iplugin.h"
+#include "host/translation.h"
 
 namespace RTLJEX {
 
@@ -17,6 +18,9 @@ public:
     bool initialize() override;
     void extensionsInitialized() override;
     void shutDown() override;
+
+private:
+    std::unique_ptr<QTranslator> m_texts; // null for English
 };
 
 } // namespace RTLJEX

@@ -22,8 +22,8 @@ void JexSummaryPage::initializePage()
 {
     const JEX::JexMode mode = JEX::JexMode(m_fields->value("jex_mode").toInt());
     QStringList lines;
-    lines << "JEX" << QLatin1String("    Jex Mode: ") + QLatin1String(JEX::modeName(mode));
-    lines << QLatin1String("    Name: ") + m_fields->value("jex_config_file").toString() << QString();
+    lines << "JEX" << tr("    Jex Mode: %1").arg(QLatin1String(JEX::modeName(mode)));
+    lines << tr("    Name: %1").arg(m_fields->value("jex_config_file").toString()) << QString();
     // Not append(), which takes a folder named like a tag for rich text.
     m_ui->textEdit->setPlainText(lines.join("\n"));
     m_ui->textEdit->moveCursor(QTextCursor::Start);

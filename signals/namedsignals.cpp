@@ -1,5 +1,6 @@
 #include "signals/namedsignals.h"
 
+#include <QCoreApplication>
 #include <QMimeData>
 
 #include "check/nearestnames.h"
@@ -14,6 +15,11 @@
 namespace RTLJEX {
 
 namespace {
+
+struct NamedSignals
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::NamedSignals)
+};
 
 // Signals travel as the capture list of a Lite file, so that there is one form of a record.
 const char recordFormat[] = "application/x-jex-signals";
@@ -87,8 +93,9 @@ QStringList missingNames(const QUARRY::RtlNetlist *netlist, const JEX::SignalIte
 
 QString missingFault(const QString &name, const QStringList &nearest)
 {
-    const QString hint = nearest.isEmpty() ? QString() : latin("; nearest: ") + nearest.join(latin(", "));
-    return name + latin(" is missing in the design") + hint + QLatin1Char('.');
+    return nearest.isEmpty() ? NamedSignals::tr("%1 is missing in the design.").arg(name)
+                             : NamedSignals::tr("%1 is missing in the design; nearest: %2.")
+                                   .arg(name, nearest.join(latin(", ")));
 }
 
 QList<JEX::SignalItem> recordsOf(const QByteArray &bytes)
@@ -112,7 +119,7 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
 {
     QList<JEX::SignalItem> items;
     if (!netlist || !netlist->topHierarchy) {
-        faults->append(latin("There is no design to look the signals up in."));
+        faults->append(NamedSignals::tr("There is no design to look the signals up in."));
         return items;
     }
     QStringList missing;
@@ -124,8 +131,9 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
         if (!isFound)
             missing << name;
         else if (!item.valid)
-            faults->append(item.name +
-                           latin(" must not be probed: it is tied to a constant or is a bidirectional pin."));
+            faults->append(
+                NamedSignals::tr("%1 must not be probed: it is tied to a constant or is a bidirectional pin.")
+                    .arg(item.name));
         else
             items.append(item);
     }

@@ -1,9 +1,10 @@
 // Writes pictures of all windows, with the editors of a project's configurations:
-//     jexshot [--dark] [--small] [--guide NAMES] PROJECT DIRECTORY
+//     jexshot [--dark] [--small] [--long] [--guide NAMES] PROJECT DIRECTORY
 // Small windows are at most as large as the smallest screen that they have to fit on, 1024 x 700. What they
-// look like in other scales is told by the toolkit's own QT_SCALE_FACTOR. With --guide only the pictures of
-// these names, "search,expression", are written, small and the same on every run and machine: of a copy of
-// the project in /tmp/jex-example. More scenes are visited then; a name that is not met is a fault.
+// look like in other scales is told by the toolkit's own QT_SCALE_FACTOR. Texts are in the user's language,
+// or longer than in any. With --guide only the pictures of these names, "search,expression", are written,
+// small and the same on every run and machine: of a copy of the project in /tmp/jex-example. More scenes are
+// visited then; a name that is not met is a fault.
 
 #include <QApplication>
 #include <QDir>
@@ -14,8 +15,11 @@
 
 #include <sys/time.h>
 
+#include "host/translation.h"
 #include "tools/guidescenes.h"
+#include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
+#include "workbench/translations.h"
 
 namespace {
 
@@ -107,14 +111,19 @@ extern "C" int gettimeofday(timeval *time, void *) noexcept
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
+    const auto editorTexts = QUtil::installTranslation("jexins", ":/jexins/texts");
+    const Workbench::Translations translations;
     QStringList arguments = QCoreApplication::arguments();
     QTextStream err(stderr);
     if (arguments.removeAll("--dark") > 0)
         useDarkPalette();
+    PseudoTexts longTexts;
+    if (arguments.removeAll("--long") > 0)
+        QCoreApplication::installTranslator(&longTexts);
     const bool isSmall = arguments.removeAll("--small") > 0;
     Wanted wanted = wantedOf(arguments);
     if (arguments.size() != 3) {
-        err << "Usage: jexshot [--dark] [--small] [--guide NAMES] PROJECT DIRECTORY\n";
+        err << "Usage: jexshot [--dark] [--small] [--long] [--guide NAMES] PROJECT DIRECTORY\n";
         return 2;
     }
     const QDir directory(arguments.at(2));

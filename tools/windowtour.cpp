@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
@@ -32,13 +33,18 @@
 #include "views/messagedlg.h"
 #include "views/reloadbanner.h"
 #include "workbench/devicedialog.h"
+#include "workbench/findbar.h"
 #include "workbench/guidewindow.h"
 #include "workbench/icons.h"
 #include "workbench/mainwindow.h"
 #include "workbench/newfiledialog.h"
 #include "workbench/optionsdialog.h"
+#include "workbench/projectbanner.h"
 #include "workbench/recoverydialog.h"
+#include "workbench/rowfinder.h"
 #include "workbench/simulatedialog.h"
+#include "workbench/sourceplace.h"
+#include "workbench/sourceview.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -192,6 +198,30 @@ void visitRecovery(const Visitor &visit, QWidget *window)
     show(visit, &dialog, "recovery");
 }
 
+// The parts of the window that are there at times only.
+void visitParts(const Visitor &visit, Workbench::MainWindow *window)
+{
+    Core::IView *editor = Core::ViewManager::instance()->currentView();
+    auto *finder = window->findChild<Workbench::RowFinder *>();
+    finder->ask();
+    show(visit, finder, "editor-find");
+    finder->hide();
+    auto *banner = window->findChild<Workbench::ProjectBanner *>();
+    banner->showState(Workbench::ProjectFile::Changed, "soc.jexprj");
+    show(visit, banner, "banner-project-changed");
+    banner->showState(Workbench::ProjectFile::Removed, "soc.jexprj");
+    show(visit, banner, "banner-project-removed");
+    banner->showState(Workbench::ProjectFile::Same, QString());
+    auto *netlist = window->findChild<QDockWidget *>("netlistDock");
+    netlist->raise();
+    show(visit, netlist->widget(), "netlist");
+    window->findChild<QDockWidget *>("projectDock")->raise();
+    Workbench::SourceView::open({window->workspace()->project()->data().files.first().path, 3});
+    window->findChild<Workbench::FindBar *>()->ask();
+    show(visit, window->findChild<Workbench::SourceView *>(), "editor-source");
+    Core::ViewManager::instance()->showView(editor);
+}
+
 // Without a project, and with this one and its configurations.
 void visitWorkbench(const Visitor &visit, const QString &projectFile)
 {
@@ -209,6 +239,7 @@ void visitWorkbench(const Visitor &visit, const QString &projectFile)
         show(visit, entry->menu(), "menu-" + entry->text().remove('&').toLower());
         entry->menu()->hide();
     }
+    visitParts(visit, &window);
     Core::FileWizardRegistry::createFactories();
     Workbench::NewFileDialog newFile(window.workspace()->project()->workingDir(), &window);
     show(visit, &newFile, "new-file");

@@ -1,5 +1,6 @@
 #include "views/configcheck.h"
 
+#include <QCoreApplication>
 #include <QRegExp>
 #include <QStringList>
 
@@ -10,8 +11,12 @@ namespace RTLJEX {
 
 namespace {
 
-// The errors of one core, each line behind its prefix. Numbers fill %1 and %2 of a text; user text is put in
-// at once with them, so that a "%1" in it stays as it is.
+struct ConfigCheck
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::ConfigCheck)
+};
+
+// The errors of one core, each line behind its prefix.
 class CoreErrors
 {
 public:
@@ -20,7 +25,7 @@ public:
     void setCore(int position, int shown)
     {
         m_place.core = position;
-        m_prefix = QString::fromLatin1("Core %1: ").arg(shown);
+        m_prefix = ConfigCheck::tr("Core %1: ").arg(shown);
     }
     void setPlace(CheckError::Place place, int unit = -1, const QString &expression = QString())
     {
@@ -33,13 +38,6 @@ public:
         m_errors->append(m_place);
         m_errors->last().line = m_prefix + text;
     }
-    void add(const char *text) { add(QString::fromLatin1(text)); }
-    void add(const char *text, int a) { add(QString::fromLatin1(text).arg(a)); }
-    void add(const char *text, int a, int b) { add(QString::fromLatin1(text).arg(a).arg(b)); }
-    void add(const char *text, int a, const QString &b)
-    {
-        add(QString::fromLatin1(text).arg(QString::number(a), b));
-    }
 
 private:
     QList<CheckError> *m_errors;
@@ -51,9 +49,9 @@ void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, CoreErr
 {
     found->setPlace(CheckError::Clock);
     if (clock.isEmpty()) {
-        found->add("No sample clock specified");
+        found->add(ConfigCheck::tr("No sample clock specified"));
     } else if (!netlist || !netlist->findNet(clock)) {
-        found->add("The specified sample clock does not exist");
+        found->add(ConfigCheck::tr("The specified sample clock does not exist"));
     }
 }
 
@@ -62,11 +60,15 @@ void checkUnit(const JEX::MatchUnit &unit, CoreErrors *found)
     found->setPlace(CheckError::Units, unit.unitNumber);
     const JEX::TriggerPort *port = unit.triggerPort;
     if (!port) {
-        found->add("M%1 doesn't bind a trigger port", unit.unitNumber);
+        found->add(ConfigCheck::tr("M%1 doesn't bind a trigger port").arg(unit.unitNumber));
     } else if (port->signalItems.isEmpty()) {
-        found->add("Trigger port %1 for M%2 is not available", port->portNumber, unit.unitNumber);
+        found->add(ConfigCheck::tr("Trigger port %1 for M%2 is not available")
+                       .arg(port->portNumber)
+                       .arg(unit.unitNumber));
     } else if (unit.value.size() != port->width()) {
-        found->add("Length of M%1 is not equal to trigger port %2", unit.unitNumber, port->portNumber);
+        found->add(ConfigCheck::tr("Length of M%1 is not equal to trigger port %2")
+                       .arg(unit.unitNumber)
+                       .arg(port->portNumber));
     }
 }
 
@@ -82,7 +84,8 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, CoreErr
         const int number = digits.cap().toInt(&isNumber);
         const JEX::MatchUnit *unit = core.matchUnit(number);
         if (isNumber && !(unit && unit->enabled)) {
-            found->add("M%1 in expression \"%2\" is not enable", number, expression);
+            found->add(ConfigCheck::tr("M%1 in expression \"%2\" is not enable")
+                           .arg(QString::number(number), expression));
         }
     }
 }
@@ -91,19 +94,19 @@ void checkTrigger(const JEX::AoCore &core, CoreErrors *found)
 {
     found->setPlace(CheckError::Ports);
     if (core.availableTriggers().isEmpty()) {
-        found->add("No available trigger ports");
+        found->add(ConfigCheck::tr("No available trigger ports"));
     }
     const QList<JEX::MatchUnit *> units = core.enabledMatchUnits();
     found->setPlace(CheckError::Units);
     if (units.isEmpty()) {
-        found->add("No available match units");
+        found->add(ConfigCheck::tr("No available match units"));
     }
     for (const JEX::MatchUnit *unit : units) {
         checkUnit(*unit, found);
     }
     found->setPlace(CheckError::Expressions);
     if (core.expressions.isEmpty()) {
-        found->add("No expressions specified");
+        found->add(ConfigCheck::tr("No expressions specified"));
     }
     for (const QString &expression : core.expressions) {
         checkExpression(core, expression, found);
@@ -131,7 +134,7 @@ QList<CheckError> errorsOf(const QList<JEX::AoCore *> &cores, const QUARRY::RtlN
         checkClock(core.sampleClock, netlist, &found);
         if (!anyEnabled(core.enabledCaptureSignals)) {
             found.setPlace(CheckError::Capture);
-            found.add("No capture signals specified");
+            found.add(ConfigCheck::tr("No capture signals specified"));
         }
     }
     return errors;
@@ -147,7 +150,7 @@ QList<CheckError> errorsOf(const QList<JEX::AOCore_Lite *> &cores, const QUARRY:
         checkClock(cores.at(i)->sampleClock, netlist, &found);
         if (cores.at(i)->enabledCaptureSignals.isEmpty()) {
             found.setPlace(CheckError::Capture);
-            found.add("No capture signals specified");
+            found.add(ConfigCheck::tr("No capture signals specified"));
         }
     }
     return errors;

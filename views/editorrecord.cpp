@@ -256,9 +256,9 @@ bool EditorRecord::replaceSignal(const StaleSignal &signal, const QString &name,
         places = movedAlike(copy.staleSignals(*netlist), renaming, *netlist);
     const Rebinding made = rebindAt(places, renaming, *netlist, copy);
     if (made.changes.isEmpty())
-        told->append(signal.name + JexInserterView::tr(" does not stand there any more."));
+        told->append(JexInserterView::tr("%1 does not stand there any more.").arg(signal.name));
     else if (!made.refusal.isEmpty())
-        told->append(made.refusal + JexInserterView::tr(" Nothing was changed."));
+        told->append(JexInserterView::tr("%1 Nothing was changed.").arg(made.refusal));
     if (!told->isEmpty())
         return false;
     showSignals(copy);

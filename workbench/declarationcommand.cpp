@@ -14,9 +14,9 @@ namespace Workbench {
 DeclarationCommand::DeclarationCommand(QMenu *menu, QMainWindow *window, SourceOpener *opener)
     : QObject(window), m_window(window), m_opener(opener)
 {
-    QAction *action = menu->addAction("Go to &Declaration");
+    QAction *action = menu->addAction(tr("Go to &Declaration"));
     action->setShortcut(Qt::Key_F12);
-    action->setStatusTip("Show where the signal of the current row is declared");
+    action->setStatusTip(tr("Show where the signal of the current row is declared"));
     connect(action, &QAction::triggered, this, &DeclarationCommand::go);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget *, QWidget *now) { noteFocus(now); });
@@ -41,11 +41,11 @@ void DeclarationCommand::go()
     const Core::NetPlace place = net.isEmpty() ? Core::NetPlace() : places->placeOf(net);
     if (net.isEmpty())
         m_window->statusBar()->showMessage(
-            "Choose a signal first: in a capture list, a trigger port or a message.", shownFor);
+            tr("Choose a signal first: in a capture list, a trigger port or a message."), shownFor);
     else if (!place.isInDesign)
-        m_window->statusBar()->showMessage("The design does not have " + net + '.', shownFor);
+        m_window->statusBar()->showMessage(tr("The design does not have %1.").arg(net), shownFor);
     else if (place.file.isEmpty())
-        m_window->statusBar()->showMessage("It is not known where " + net + " is declared.", shownFor);
+        m_window->statusBar()->showMessage(tr("It is not known where %1 is declared.").arg(net), shownFor);
     else
         m_opener->open({place.file, place.line});
 }

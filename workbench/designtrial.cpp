@@ -27,12 +27,12 @@ bool isAnyEditorOpen()
 } // namespace
 
 DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *parent)
-    : QObject(parent), m_design(design), m_action(new QAction("&Try Changed Designs", this))
+    : QObject(parent), m_design(design), m_action(new QAction(tr("&Try Changed Designs"), this))
 {
     m_action->setCheckable(true);
     m_action->setChecked(!settings || settings->value(key, true).toBool());
     m_action->setStatusTip(
-        "Read a design that has changed in the background, and say whether it can be read");
+        tr("Read a design that has changed in the background, and say whether it can be read"));
     connect(m_action, &QAction::toggled, this, [this, settings](bool on) {
         if (settings)
             settings->setValue(key, on);
@@ -71,13 +71,13 @@ void DesignTrial::tell()
     if (m_design->state() == DesignNetlist::Unreadable) {
         const QStringList messages = m_design->messages();
         const auto error = std::find_if(messages.begin(), messages.end(), QUARRY::isError);
-        fault = "The design is not readable yet: " +
-                (error != messages.end() ? *error : messages.value(0, "it has no sources."));
+        fault = tr("The design is not readable yet: %1")
+                    .arg(error != messages.end() ? *error : messages.value(0, tr("it has no sources.")));
     }
     if (fault != m_told && !fault.isEmpty())
         Q_EMIT message(fault, true);
     else if (fault != m_told)
-        Q_EMIT message("The design can be read again.", false);
+        Q_EMIT message(tr("The design can be read again."), false);
     m_told = fault;
     Q_EMIT status(fault.section('\n', 0, 0));
     // Until it can be read, each change is another try.

@@ -1,5 +1,6 @@
 #include "workbench/devicedialog.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -37,9 +38,10 @@ QTreeWidgetItem *deviceRow(const DEV::DeviceArg &device)
 
 QStringList columnTitles()
 {
-    QStringList titles = {"Part", "Series", "Device", "Package"};
+    QStringList titles = {DeviceDialog::tr("Part"), DeviceDialog::tr("Series"), DeviceDialog::tr("Device"),
+                          DeviceDialog::tr("Package")};
     for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
-        const QString name = resource.amountName;
+        const QString name = QCoreApplication::translate("JEX_TOOL::Resource", resource.amountName);
         titles << name.left(1).toUpper() + name.mid(1);
     }
     return titles;
@@ -55,11 +57,11 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
       m_note(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
-    setWindowTitle("Device");
+    setWindowTitle(tr("Device"));
     resize(840, 460);
-    m_filter->setPlaceholderText("Filter, or a part number");
-    m_filter->setAccessibleName("Filter");
-    m_tree->setAccessibleName("Devices");
+    m_filter->setPlaceholderText(tr("Filter, or a part number"));
+    m_filter->setAccessibleName(tr("Filter"));
+    m_tree->setAccessibleName(tr("Devices"));
     m_note->setTextFormat(Qt::PlainText);
     m_note->hide();
     m_filter->setClearButtonEnabled(true);
@@ -83,13 +85,13 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
 
 void DeviceDialog::fill()
 {
-    m_tree->addTopLevelItem(new QTreeWidgetItem({"(none)"}));
+    m_tree->addTopLevelItem(new QTreeWidgetItem({tr("(none)")}));
     for (const DEV::DeviceArg &device : JEX_TOOL::knownDevices())
         m_tree->addTopLevelItem(deviceRow(device));
     m_tree->sortItems(SeriesColumn, Qt::AscendingOrder);
     for (int column = 0; column < m_tree->columnCount(); ++column)
         m_tree->resizeColumnToContents(column);
-    const QString shown = m_current == DEV::DeviceArg() ? "(none)" : m_current.partNumber;
+    const QString shown = m_current == DEV::DeviceArg() ? tr("(none)") : m_current.partNumber;
     const QList<QTreeWidgetItem *> found = m_tree->findItems(shown, Qt::MatchExactly, PartColumn);
     if (!found.isEmpty())
         m_tree->setCurrentItem(found.first());
@@ -127,12 +129,12 @@ void DeviceDialog::filter(const QString &text)
         showOnly([this, &text](const QTreeWidgetItem *row) { return isShown(row, text); });
     m_note->setText(m_typed.device.isEmpty()
                         ? QString()
-                        : "The package is not known; the figures are those of " + m_typed.device + '.');
+                        : tr("The package is not known; the figures are those of %1.").arg(m_typed.device));
     const QStringList near = first ? QStringList() : CommandLine::nearestDevices(text);
     if (!first) {
         showOnly([&near](const QTreeWidgetItem *row) { return near.contains(row->text(DeviceColumn)); });
-        m_note->setText(near.isEmpty() ? "No device has such a name."
-                                       : "No device has this name. These are near:");
+        m_note->setText(near.isEmpty() ? tr("No device has such a name.")
+                                       : tr("No device has this name. These are near:"));
     }
     // OK takes a device that is seen: the one chosen before, or else the first that the filter leaves. What
     // is only near has to be picked.

@@ -26,9 +26,9 @@ RTLJEX::Snapshot presentState()
 } // namespace
 
 DuplicateCore::DuplicateCore(QMenu *editMenu, QObject *parent)
-    : QObject(parent), m_menu(editMenu->addMenu("&Duplicate Core"))
+    : QObject(parent), m_menu(editMenu->addMenu(tr("&Duplicate Core")))
 {
-    m_menu->menuAction()->setStatusTip("Add a core that is set up as the chosen one");
+    m_menu->menuAction()->setStatusTip(tr("Add a core that is set up as the chosen one"));
     connect(editMenu, &QMenu::aboutToShow, this, &DuplicateCore::fill);
     fill();
 }
@@ -40,8 +40,8 @@ void DuplicateCore::fill()
     for (const RTLJEX::CoreSnapshot &core : state.cores) {
         const int number = core.number;
         QAction *action =
-            m_menu->addAction(QString("Core %1").arg(number), this, [this, number] { duplicate(number); });
-        action->setProperty(editName, "Duplicate Core");
+            m_menu->addAction(tr("Core %1").arg(number), this, [this, number] { duplicate(number); });
+        action->setProperty(editName, tr("Duplicate Core"));
     }
     m_menu->setEnabled(!state.cores.isEmpty() && state.cores.size() < JEX::CoreLimit);
 }

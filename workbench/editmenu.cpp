@@ -27,11 +27,9 @@ QAction *newAction(QMenu *menu, const QKeySequence &key)
     return action;
 }
 
-void show(QAction *action, const QString &word, bool isPossible, QString name)
+void show(QAction *action, const QString &text, bool isPossible)
 {
-    if (name.size() > longestName)
-        name = name.left(longestName - 3) + "...";
-    action->setText(isPossible ? word + ' ' + name.replace('&', "&&") : word);
+    action->setText(text);
     action->setEnabled(isPossible);
 }
 
@@ -166,8 +164,15 @@ void EditMenu::move(QByteArray (History::*step)(), QByteArray (History::*back)()
 void EditMenu::update()
 {
     const History *history = historyOf(Core::ViewManager::instance()->currentView());
-    show(m_undo, "&Undo", history && history->canUndo(), history ? history->undoName() : QString());
-    show(m_redo, "&Redo", history && history->canRedo(), history ? history->redoName() : QString());
+    const auto shown = [](QString name) {
+        if (name.size() > longestName)
+            name = name.left(longestName - 3) + "...";
+        return name.replace('&', "&&");
+    };
+    const bool canUndo = history && history->canUndo();
+    const bool canRedo = history && history->canRedo();
+    show(m_undo, canUndo ? tr("&Undo %1").arg(shown(history->undoName())) : tr("&Undo"), canUndo);
+    show(m_redo, canRedo ? tr("&Redo %1").arg(shown(history->redoName())) : tr("&Redo"), canRedo);
 }
 
 } // namespace Workbench

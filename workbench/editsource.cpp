@@ -85,7 +85,8 @@ const QDialog *dialogAround(const QWidget *widget)
 QString useOfItems(const QWidget *view, const QEvent *event)
 {
     if (event->type() == QEvent::Drop) // signals come from elsewhere
-        return static_cast<const QDropEvent *>(event)->source() == view ? "Move" : "Add Signals";
+        return static_cast<const QDropEvent *>(event)->source() == view ? EditSource::tr("Move")
+                                                                        : EditSource::tr("Add Signals");
     if (view->property(editName).isValid())
         return view->property(editName).toString();
     if (event->type() != QEvent::ShortcutOverride)
@@ -93,8 +94,8 @@ QString useOfItems(const QWidget *view, const QEvent *event)
     const auto *key = static_cast<const QKeyEvent *>(event);
     const bool isArrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
     if (isArrow && key->modifiers() == Qt::AltModifier)
-        return "Move";
-    return key->key() == Qt::Key_Delete ? "Remove" : groupTitle(view);
+        return EditSource::tr("Move");
+    return key->key() == Qt::Key_Delete ? EditSource::tr("Remove") : groupTitle(view);
 }
 
 } // namespace
@@ -113,7 +114,7 @@ EditSource::EditSource(QObject *parent) : QObject(parent)
 
 QString EditSource::name() const
 {
-    return m_name.isEmpty() ? "Edit" : m_name;
+    return m_name.isEmpty() ? tr("Edit") : m_name;
 }
 
 const QWidget *EditSource::typedInto() const
@@ -179,7 +180,7 @@ void EditSource::noteUse(QWidget *widget, const QEvent *event)
             return noteName(hasLetters(button->text()) ? button->text() : labelOf(button));
         const bool isBox = lineOf(widget) || qobject_cast<QComboBox *>(widget);
         if (isBox && isInItemView(widget))
-            return noteName("Rename");
+            return noteName(tr("Rename"));
         if (isBox && !isPartOfBox(widget)) {
             noteName(labelOf(widget));
             m_typedInto = lineOf(widget) ? widget : nullptr;
@@ -193,7 +194,7 @@ void EditSource::noteUse(QWidget *widget, const QEvent *event)
         }
     }
     if (event->type() == QEvent::Drop)
-        noteName("Add Signals");
+        noteName(tr("Add Signals"));
 }
 
 void EditSource::noteAction(const QAction *action)

@@ -26,7 +26,7 @@ void fillRecent(QMenu *menu, RecentList list, const Open &open)
         });
     }
     if (menu->isEmpty())
-        menu->addAction("(none)")->setEnabled(false);
+        menu->addAction(FileMenu::tr("(none)"))->setEnabled(false);
 }
 
 } // namespace
@@ -50,26 +50,27 @@ QAction *FileMenu::addAction(const QString &text, const QKeySequence &key, const
 
 void FileMenu::addSaving()
 {
-    m_fileActions << addAction("Save &As...", QKeySequence(), "saveAs", &FileMenu::onSaveAs);
-    m_viewActions << addAction("Save A&ll", QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
+    m_fileActions << addAction(tr("Save &As..."), QKeySequence(), "saveAs", &FileMenu::onSaveAs);
+    m_viewActions << addAction(tr("Save A&ll"), QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
 }
 
 void FileMenu::addChecking()
 {
-    m_fileActions << addAction("Chec&k", QKeySequence("F7"), "check", &FileMenu::onCheck);
-    m_viewActions << addAction("Re&load", QKeySequence::Refresh, "reload", &FileMenu::onReload);
+    m_fileActions << addAction(tr("Chec&k"), QKeySequence("F7"), "check", &FileMenu::onCheck);
+    m_viewActions << addAction(tr("Re&load"), QKeySequence::Refresh, "reload", &FileMenu::onReload);
 }
 
 void FileMenu::addClosing()
 {
-    m_viewActions << addAction("Clos&e All", QKeySequence("Ctrl+Shift+W"), "closeAll", &FileMenu::onCloseAll);
+    m_viewActions << addAction(tr("Clos&e All"), QKeySequence("Ctrl+Shift+W"), "closeAll",
+                               &FileMenu::onCloseAll);
 }
 
 void FileMenu::addRecent()
 {
-    QMenu *files = m_menu->addMenu("Recent &Files");
+    QMenu *files = m_menu->addMenu(tr("Recent &Files"));
     connect(files, &QMenu::aboutToShow, this, [this, files] { fillFiles(files); });
-    QMenu *projects = m_menu->addMenu("&Recent Projects");
+    QMenu *projects = m_menu->addMenu(tr("&Recent Projects"));
     connect(projects, &QMenu::aboutToShow, this, [this, projects] { fillProjects(projects); });
 }
 

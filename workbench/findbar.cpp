@@ -14,12 +14,12 @@ FindBar::FindBar(QPlainTextEdit *edit, QWidget *owner)
     : QWidget(owner),
       m_edit(edit),
       m_text(new QLineEdit),
-      m_case(new QCheckBox("M&atch case")),
+      m_case(new QCheckBox(tr("M&atch case"))),
       m_result(new QLabel)
 {
     m_text->setObjectName("findText");
-    m_text->setAccessibleName("Find");
-    m_text->setPlaceholderText("Find");
+    m_text->setAccessibleName(tr("Find"));
+    m_text->setPlaceholderText(tr("Find"));
     m_result->setObjectName("findResult");
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 2, 4, 2);
@@ -30,11 +30,11 @@ FindBar::FindBar(QPlainTextEdit *edit, QWidget *owner)
         connect(button, &QToolButton::clicked, this, press);
         layout->addWidget(button);
     };
-    addButton("Next", [this] { find({}); });
-    addButton("Previous", [this] { find(QTextDocument::FindBackward); });
+    addButton(tr("Next"), [this] { find({}); });
+    addButton(tr("Previous"), [this] { find(QTextDocument::FindBackward); });
     layout->addWidget(m_case);
     layout->addWidget(m_result);
-    addButton("Close", [this] { hideAgain(); });
+    addButton(tr("Close"), [this] { hideAgain(); });
     connect(m_text, &QLineEdit::textEdited, this, [this] {
         // What is found grows with what is typed.
         QTextCursor begin = m_edit->textCursor();
@@ -81,11 +81,11 @@ bool FindBar::find(QTextDocument::FindFlags direction)
     const QTextCursor before = m_edit->textCursor();
     m_edit->moveCursor(direction & QTextDocument::FindBackward ? QTextCursor::End : QTextCursor::Start);
     if (m_edit->find(m_text->text(), flags)) {
-        m_result->setText("Around the end");
+        m_result->setText(tr("Around the end"));
         return true;
     }
     m_edit->setTextCursor(before);
-    m_result->setText("Not found");
+    m_result->setText(tr("Not found"));
     return false;
 }
 

@@ -20,14 +20,14 @@ namespace Workbench {
 
 GuideWindow::GuideWindow(QWidget *parent) : QDialog(parent), m_text(new QTextBrowser)
 {
-    setWindowTitle("Guide");
+    setWindowTitle(tr("Guide"));
     setAttribute(Qt::WA_DeleteOnClose);
     resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 34);
     m_text->setOpenLinks(false);
-    m_text->setAccessibleName("Guide");
-    auto *contents = new QPushButton("&Contents");
-    auto *back = new QPushButton("&Back");
-    auto *close = new QPushButton("Close");
+    m_text->setAccessibleName(tr("Guide"));
+    auto *contents = new QPushButton(tr("&Contents"));
+    auto *back = new QPushButton(tr("&Back"));
+    auto *close = new QPushButton(tr("Close"));
     auto *buttons = new QHBoxLayout;
     for (QPushButton *button : {contents, back}) {
         button->setAutoDefault(false);

@@ -18,65 +18,60 @@ static void initializeImages()
 namespace Workbench {
 namespace {
 
-// Without mnemonics and dots.
+// The source text of an entry, and the class that translates it.
 const struct
 {
+    const char *context;
     const char *text;
     const char *icon;
 } icons[] = {
-    {"About", "help-about"},
-    {"Add Files", "list-add"},
-    {"Check", "document-properties"},
-    {"Close", "document-close"},
-    {"Close All", "window-close"},
-    {"Close as Draft", "document-edit"},
-    {"Close Project", "project-development-close"},
-    {"Copy Signals", "edit-copy"},
-    {"Device", "cpu"},
-    {"Duplicate Core", "tab-duplicate"},
-    {"Find", "edit-find"},
-    {"Find Next", "go-down-search"},
-    {"Find Previous", "go-up-search"},
-    {"Go to Declaration", "go-jump-declaration"},
-    {"Guide", "help-contents"},
-    {"Insert into Design", "run-build"},
-    {"Move Rows Down", "go-down"},
-    {"Move Rows Up", "go-up"},
-    {"New", "document-new"},
-    {"New Project", "project-development-new-template"},
-    {"Open", "document-open"},
-    {"Open Project", "project-open"},
-    {"Open Waveform", "view-statistics"},
-    {"Options", "configure"},
-    {"Paste Signals", "edit-paste"},
-    {"Quit", "application-exit"},
-    {"Recent Files", "document-open-recent"},
-    {"Recent Projects", "document-open-recent"},
-    {"Redo", "edit-redo"},
-    {"Reload", "view-refresh"},
-    {"Remove Files", "list-remove"},
-    {"Save", "document-save"},
-    {"Save All", "document-save-all"},
-    {"Save As", "document-save-as"},
-    {"Save Project", "document-save"},
-    {"Save Project As", "document-save-as"},
-    {"Simulate Capture", "media-playback-start"},
-    {"Source Command", "utilities-terminal"},
-    {"Undo", "edit-undo"},
-    {"What's This?", "help-contextual"},
+    {"Workbench::MainWindow", "&About", "help-about"},
+    {"Workbench::MainWindow", "&Add Files...", "list-add"},
+    {"Workbench::FileMenu", "Chec&k", "document-properties"},
+    {"Workbench::MainWindow", "&Close", "document-close"},
+    {"Workbench::FileMenu", "Clos&e All", "window-close"},
+    {"Workbench::Recovery", "Close as &Draft", "document-edit"},
+    {"Workbench::MainWindow", "&Close Project", "project-development-close"},
+    {"Workbench::SignalTransfer", "&Copy Signals", "edit-copy"},
+    {"Workbench::MainWindow", "&Device...", "cpu"},
+    {"Workbench::DuplicateCore", "&Duplicate Core", "tab-duplicate"},
+    {"Workbench::RowMenu", "&Find...", "edit-find"},
+    {"Workbench::RowMenu", "Find &Next", "go-down-search"},
+    {"Workbench::RowMenu", "Find &Previous", "go-up-search"},
+    {"Workbench::DeclarationCommand", "Go to &Declaration", "go-jump-declaration"},
+    {"Workbench::MainWindow", "&Guide", "help-contents"},
+    {"Workbench::RunMenu", "&Insert into Design...", "run-build"},
+    {"Workbench::RowMenu", "Move Rows &Down", "go-down"},
+    {"Workbench::RowMenu", "Move Rows &Up", "go-up"},
+    {"Workbench::MainWindow", "&New...", "document-new"},
+    {"Workbench::MainWindow", "&New Project...", "project-development-new-template"},
+    {"Workbench::MainWindow", "&Open...", "document-open"},
+    {"Workbench::MainWindow", "&Open Project...", "project-open"},
+    {"Workbench::RunMenu", "&Open Waveform", "view-statistics"},
+    {"Workbench::MainWindow", "O&ptions...", "configure"},
+    {"Workbench::SignalTransfer", "&Paste Signals", "edit-paste"},
+    {"Workbench::MainWindow", "&Quit", "application-exit"},
+    {"Workbench::FileMenu", "Recent &Files", "document-open-recent"},
+    {"Workbench::FileMenu", "&Recent Projects", "document-open-recent"},
+    {"Workbench::EditMenu", "&Redo", "edit-redo"},
+    {"Workbench::FileMenu", "Re&load", "view-refresh"},
+    {"Workbench::MainWindow", "&Remove Files", "list-remove"},
+    {"Workbench::MainWindow", "&Save", "document-save"},
+    {"Workbench::FileMenu", "Save A&ll", "document-save-all"},
+    {"Workbench::FileMenu", "Save &As...", "document-save-as"},
+    {"Workbench::MainWindow", "&Save Project", "document-save"},
+    {"Workbench::MainWindow", "Save Project &As...", "document-save-as"},
+    {"Workbench::RunMenu", "&Simulate Capture...", "media-playback-start"},
+    {"Workbench::MainWindow", "Source Co&mmand...", "utilities-terminal"},
+    {"Workbench::EditMenu", "&Undo", "edit-undo"},
+    {"QWhatsThisAction", "What's This?", "help-contextual"},
 };
-
-QString plainText(const QAction *action)
-{
-    QString text = action->text();
-    return text.remove('&').remove("...");
-}
 
 void setIconOf(QAction *action)
 {
-    const QString text = plainText(action);
-    const auto *found = std::find_if(std::begin(icons), std::end(icons),
-                                     [&text](const auto &entry) { return text == entry.text; });
+    const auto *found = std::find_if(std::begin(icons), std::end(icons), [action](const auto &entry) {
+        return action->text() == QCoreApplication::translate(entry.context, entry.text);
+    });
     if (found != std::end(icons))
         action->setIcon(QIcon::fromTheme(found->icon));
 }

@@ -88,7 +88,7 @@ QVariant InstanceModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole)
         return node->instanceName;
     if (role == Qt::ToolTipRole)
-        return QUtil::plainToolTip(QString("%1\nmodule %2").arg(node->fullPathName(), node->moduleName));
+        return QUtil::plainToolTip(tr("%1\nmodule %2").arg(node->fullPathName(), node->moduleName));
     static const QIcon icon(":/netlist/image/module.png");
     return role == Qt::DecorationRole ? icon : QVariant();
 }

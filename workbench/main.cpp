@@ -27,6 +27,7 @@
 #include "workbench/recovery.h"
 #include "workbench/report.h"
 #include "workbench/runmenu.h"
+#include "workbench/translations.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -85,7 +86,7 @@ public:
     {
         const bool good = openProject();
         if (!m_told.isEmpty())
-            QUtil::messageBox(&m_window, QMessageBox::Warning, "Warning", m_told.join('\n'));
+            QUtil::messageBox(&m_window, QMessageBox::Warning, MainWindow::tr("Warning"), m_told.join('\n'));
         if (good)
             openEditors();
     }
@@ -175,6 +176,10 @@ void endSession(MainWindow &window, QSessionManager &manager)
 int run(const StartOptions &options)
 {
     const bool unattended = options.report || !options.shot.isEmpty();
+    // Scripts read the report.
+    if (options.report)
+        QLocale::setDefault(QLocale::c());
+    const Translations translations;
     QSettings settings("jexworkbench", "jexworkbench");
     ExtSys::PluginManager plugins;
     int result = 0;

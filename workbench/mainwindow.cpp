@@ -54,14 +54,6 @@ namespace Workbench {
 namespace {
 
 const char *const toolMemoryKey = "toolMemory"; // MB
-const char *const projectFilter = "Projects (*.jexprj *.toml *.eda.yml *.eda.yaml)";
-const char *const sourceFilter =
-    "Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
-    "All files (*)";
-const char *const aboutText =
-    "JEX Workbench %1\n\nEdits the configuration of logic analyzers that are built into an FPGA design: "
-    "choose the "
-    "nets to record, say how much is recorded, and save it for the implementation flow.";
 
 QLabel *newHint()
 {
@@ -256,8 +248,8 @@ void MainWindow::openNewFiles(const QStringList &before)
 void MainWindow::onOpen()
 {
     const QString path = QFileDialog::getOpenFileName(
-        this, "Open", startFolder(),
-        "Configurations and projects (*.zub *.jexprj *.toml *.eda.yml *.eda.yaml);;All files (*)");
+        this, tr("Open"), startFolder(),
+        tr("Configurations and projects (*.zub *.jexprj *.toml *.eda.yml *.eda.yaml);;All files (*)"));
     if (!path.isEmpty())
         m_workspace->openFile(path);
 }
@@ -270,14 +262,15 @@ void MainWindow::onCloseView()
 
 void MainWindow::onNewProject()
 {
-    const QString path = m_workspace->chooseProjectFile("New Project", startFolder());
+    const QString path = m_workspace->chooseProjectFile(tr("New Project"), startFolder());
     if (!path.isEmpty())
         m_workspace->createProject(path);
 }
 
 void MainWindow::onOpenProject()
 {
-    const QString path = QFileDialog::getOpenFileName(this, "Open Project", startFolder(), projectFilter);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), startFolder(),
+                                                      tr("Projects (*.jexprj *.toml *.eda.yml *.eda.yaml)"));
     if (!path.isEmpty())
         m_workspace->openProject(path);
 }
@@ -301,7 +294,10 @@ void MainWindow::onCloseProject()
 
 void MainWindow::onAddFiles()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(this, "Add Files", startFolder(), sourceFilter);
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, tr("Add Files"), startFolder(),
+        tr("Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
+           "All files (*)"));
     for (const QString &path : paths)
         m_workspace->project()->addFile(path);
 }
@@ -321,9 +317,8 @@ void MainWindow::askForLibrary(const QStringList &paths, const QString &library)
 {
     bool isChosen = false;
     const QString chosen = QInputDialog::getText(
-        this, "VHDL Library",
-        "Library of the files; empty: the one under whose name they are used:", QLineEdit::Normal, library,
-        &isChosen);
+        this, tr("VHDL Library"), tr("Library of the files; empty: the one under whose name they are used:"),
+        QLineEdit::Normal, library, &isChosen);
     for (const QString &path : isChosen ? paths : QStringList())
         m_workspace->project()->setFileLibrary(path, chosen.trimmed());
 }
@@ -347,9 +342,9 @@ void MainWindow::onDevice()
 void MainWindow::onToolMemory()
 {
     bool isChosen = false;
-    const int chosen = QInputDialog::getInt(this, "Tool Memory",
-                                            "Memory that each tool which reads the design may take, in "
-                                            "MB.\nWith 0, half of what is free, at most 8192 MB:",
+    const int chosen = QInputDialog::getInt(this, tr("Tool Memory"),
+                                            tr("Memory that each tool which reads the design may take, in "
+                                               "MB.\nWith 0, half of what is free, at most 8192 MB:"),
                                             m_settings ? m_settings->value(toolMemoryKey).toInt() : 0, 0,
                                             1 << 20, 256, &isChosen);
     if (!isChosen)
@@ -366,8 +361,11 @@ void MainWindow::onGuide()
 
 void MainWindow::onAbout()
 {
-    QUtil::messageBox(this, QMessageBox::Information, "About",
-                      QString(aboutText).arg(QCoreApplication::applicationVersion()));
+    QUtil::messageBox(this, QMessageBox::Information, tr("About"),
+                      tr("JEX Workbench %1\n\nEdits the configuration of logic analyzers that are built into "
+                         "an FPGA design: choose the nets "
+                         "to record, say how much is recorded, and save it for the implementation flow.")
+                          .arg(QCoreApplication::applicationVersion()));
 }
 
 // Sources have no editor here: the desktop knows the user's.
@@ -376,7 +374,7 @@ void MainWindow::openFromTree(const QString &path)
     if (m_workspace->canEdit(path))
         m_workspace->openFile(path);
     else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        addMessage("The desktop has no program for " + QDir::toNativeSeparators(path) + ".", true);
+        addMessage(tr("The desktop has no program for %1.").arg(QDir::toNativeSeparators(path)), true);
 }
 
 void MainWindow::onProjectReplaced()
@@ -394,14 +392,16 @@ void MainWindow::updateProject()
 {
     const Core::Project *project = m_workspace->project();
     m_tree->showProject(project);
-    const QString name = project && project->name().isEmpty() ? "Unnamed project"
+    const QString name = project && project->name().isEmpty() ? tr("Unnamed project")
                          : project                            ? project->name()
-                                                              : "";
+                                                              : QString();
     setWindowTitle(project ? name + "[*] - JEX Workbench" : QString("JEX Workbench"));
     setWindowModified(project && project->isModified());
     const QString top = project ? project->data().topModule : QString();
     const DEV::DeviceArg device = project ? project->data().device : DEV::DeviceArg();
-    m_topLabel->setText(project ? "Top: " + (top.isEmpty() ? "from the sources" : top) : QString());
+    m_topLabel->setText(!project        ? QString()
+                        : top.isEmpty() ? tr("Top: from the sources")
+                                        : tr("Top: %1").arg(top));
     m_deviceLabel->setText(project ? deviceText(device) : QString());
     updateState();
 }

@@ -14,12 +14,17 @@ const int mostOfSource = 1000; // of what one source says now: each is compared 
 
 struct KindLook
 {
-    const char *word;
+    const char *name; // a message of this kind
+    const char *pastName;
     QStyle::StandardPixmap icon;
 };
-const KindLook looks[] = {{"Error", QStyle::SP_MessageBoxCritical},
-                          {"Warning", QStyle::SP_MessageBoxWarning},
-                          {"Note", QStyle::SP_MessageBoxInformation}};
+const KindLook looks[] = {
+    {QT_TRANSLATE_NOOP("Workbench::MessageModel", "Error: %1"),
+     QT_TRANSLATE_NOOP("Workbench::MessageModel", "Error, past: %1"), QStyle::SP_MessageBoxCritical},
+    {QT_TRANSLATE_NOOP("Workbench::MessageModel", "Warning: %1"),
+     QT_TRANSLATE_NOOP("Workbench::MessageModel", "Warning, past: %1"), QStyle::SP_MessageBoxWarning},
+    {QT_TRANSLATE_NOOP("Workbench::MessageModel", "Note: %1"),
+     QT_TRANSLATE_NOOP("Workbench::MessageModel", "Note, past: %1"), QStyle::SP_MessageBoxInformation}};
 static_assert(sizeof looks / sizeof *looks == Message::Note + 1, "each kind has a look");
 
 } // namespace
@@ -43,9 +48,10 @@ QVariant MessageModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         return QApplication::style()->standardIcon(look.icon);
     case Qt::AccessibleTextRole:
-        return QString(look.word) + (entry.isPast ? ", past: " : ": ") + entry.message.text;
+        return tr(entry.isPast ? look.pastName : look.name).arg(entry.message.text);
     case Qt::ToolTipRole:
-        return entry.message.follow ? QVariant("A double click or Return shows where it is.") : QVariant();
+        return entry.message.follow ? QVariant(tr("A double click or Return shows where it is."))
+                                    : QVariant();
     case KindRole:
         return entry.message.kind;
     case PastRole:
@@ -73,7 +79,7 @@ void MessageModel::setCurrent(const QString &source, const QList<Message> &messa
     if (messages.size() > mostOfSource) {
         rest << Message();
         rest.last().kind = messages.at(mostOfSource).kind;
-        rest.last().text = QString("And %1 more like that.").arg(messages.size() - mostOfSource);
+        rest.last().text = tr("And %1 more like that.").arg(messages.size() - mostOfSource);
     }
     for (int row = 0; row < m_entries.size(); ++row) {
         Entry &entry = m_entries[row];

@@ -124,7 +124,7 @@ protected:
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
         painter.drawText(viewport()->rect().adjusted(4, 4, -4, -4), Qt::AlignTop | Qt::AlignLeft,
-                         "No messages.");
+                         MessagePane::tr("No messages."));
     }
 
 private:
@@ -152,7 +152,7 @@ MessagePane::MessagePane(QWidget *parent)
     m_list->setModel(m_filter);
     m_list->setItemDelegate(new MessageDelegate(m_list));
     m_list->setObjectName("messages");
-    m_list->setAccessibleName("Messages");
+    m_list->setAccessibleName(tr("Messages"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setResizeMode(QListView::Adjust);
@@ -176,7 +176,7 @@ void MessagePane::setUpButtons()
     auto *row = new QHBoxLayout;
     row->setSpacing(0);
     for (int kind = Message::Error; kind <= Message::Note; ++kind) {
-        QToolButton *button = newButton(QString(), "Show messages of this kind");
+        QToolButton *button = newButton(QString(), tr("Show messages of this kind"));
         button->setCheckable(true);
         button->setChecked(true);
         connect(button, &QToolButton::toggled, this,
@@ -187,12 +187,13 @@ void MessagePane::setUpButtons()
     row->addStretch();
     struct
     {
-        const char *text;
-        const char *tip;
+        QString text;
+        QString tip;
         std::function<void()> press;
-    } const buttons[] = {{"Copy", "Copy the selected messages, or all that are shown", [this] { copy(); }},
-                         {"Save...", "Write the messages that are shown to a file", [this] { save(); }},
-                         {"Clear", "Forget all messages", [this] { m_model->clear(); }}};
+    } const buttons[] = {
+        {tr("Copy"), tr("Copy the selected messages, or all that are shown"), [this] { copy(); }},
+        {tr("Save..."), tr("Write the messages that are shown to a file"), [this] { save(); }},
+        {tr("Clear"), tr("Forget all messages"), [this] { m_model->clear(); }}};
     for (const auto &entry : buttons) {
         QToolButton *button = newButton(entry.text, entry.tip);
         connect(button, &QToolButton::clicked, this, entry.press);
@@ -207,10 +208,10 @@ void MessagePane::setUpButtons()
 
 void MessagePane::updateCounts()
 {
-    const char *const words[] = {"Errors", "Warnings", "Notes"};
+    const char *const words[] = {QT_TR_NOOP("Errors (%1)"), QT_TR_NOOP("Warnings (%1)"),
+                                 QT_TR_NOOP("Notes (%1)")};
     for (int kind = Message::Error; kind <= Message::Note; ++kind)
-        m_kinds.at(kind)->setText(
-            QString("%1 (%2)").arg(words[kind]).arg(m_model->count(Message::Kind(kind))));
+        m_kinds.at(kind)->setText(tr(words[kind]).arg(m_model->count(Message::Kind(kind))));
 }
 
 void MessagePane::addMessage(const QString &text, bool isError)
@@ -270,17 +271,17 @@ void MessagePane::showMenu(const QPoint &position)
             m_list->setCurrentIndex(index);
         const Message message = m_model->message(row);
         if (message.follow)
-            menu->addAction("&Show", message.follow);
+            menu->addAction(tr("&Show"), message.follow);
         for (const SourcePlace &place : sourcePlaces(message.text))
-            menu->addAction("&Open " + place.text().replace('&', "&&"),
+            menu->addAction(tr("&Open %1").arg(place.text().replace('&', "&&")),
                             [this, place] { Q_EMIT sourceAsked(place); });
         for (const Message::Offer &offer : m_model->isPast(row) ? QList<Message::Offer>() : message.offers)
             menu->addAction(QString(offer.text).replace('&', "&&"), offer.take);
         menu->addSeparator();
     }
-    menu->addAction("&Copy", [this] { copy(); })->setShortcut(QKeySequence::Copy);
-    menu->addAction("&Save...", [this] { save(); });
-    menu->addAction("C&lear", [this] { m_model->clear(); });
+    menu->addAction(tr("&Copy"), [this] { copy(); })->setShortcut(QKeySequence::Copy);
+    menu->addAction(tr("&Save..."), [this] { save(); });
+    menu->addAction(tr("C&lear"), [this] { m_model->clear(); });
     menu->exec(m_list->viewport()->mapToGlobal(position));
 }
 
@@ -302,8 +303,8 @@ void MessagePane::copy() const
 
 void MessagePane::save()
 {
-    const QString path = QFileDialog::getSaveFileName(window(), "Save Messages", "messages.txt",
-                                                      "Text (*.txt);;All files (*)");
+    const QString path = QFileDialog::getSaveFileName(window(), tr("Save Messages"), "messages.txt",
+                                                      tr("Text (*.txt);;All files (*)"));
     QString error;
     if (!path.isEmpty() && !QUtil::writeFileAtomically(path, shownText(false).toUtf8(), &error))
         addMessage(error, true);

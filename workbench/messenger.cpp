@@ -102,7 +102,7 @@ void Messenger::tellRefusal(const QString &text)
     current.first().text = text;
     for (const QString &top : m_topModules.size() > 1 ? m_topModules : QStringList()) {
         Message candidate;
-        candidate.text = "Candidate for the top module: " + top + ". A double click takes it.";
+        candidate.text = tr("Candidate for the top module: %1. A double click takes it.").arg(top);
         candidate.follow = [workspace = QPointer<Workspace>(m_workspace), top] {
             if (workspace)
                 workspace->setTop(top);
@@ -123,7 +123,7 @@ void Messenger::tellNotWritten(const QString &path, const QString &error)
 void Messenger::tellSaved(const QString &path)
 {
     m_pane->model()->setCurrent(unwrittenSource(path), {});
-    m_pane->addMessage("Saved " + QDir::toNativeSeparators(path) + '.', false);
+    m_pane->addMessage(tr("Saved %1.").arg(QDir::toNativeSeparators(path)), false);
 }
 
 void Messenger::tellFindings(Core::IView *view, const QList<Core::Finding> &findings)
@@ -158,8 +158,8 @@ Message Messenger::messageOf(Core::IView *view, const Core::Finding &finding)
     };
     for (const bool alike : {false, true}) {
         for (const QString &name : finding.replacements) {
-            const QString text = alike ? "Replace All Alike, as by " : "Replace by ";
-            message.offers << Message::Offer{text + name, [this, alive, finding, name, alike] {
+            const QString text = alike ? tr("Replace All Alike, as by %1") : tr("Replace by %1");
+            message.offers << Message::Offer{text.arg(name), [this, alive, finding, name, alike] {
                                                  if (alive)
                                                      replace(alive, finding, name, alike);
                                              }};
@@ -173,7 +173,8 @@ void Messenger::replace(Core::IView *view, const Core::Finding &finding, const Q
     QStringList told;
     const QString file = nameOf(view);
     const bool isDone = view->replaceNet(finding, name, alike, &told);
-    m_pane->addMessage(file + (isDone ? ": Replaced " : ": ") + told.join('\n'), !isDone);
+    const QString text = isDone ? tr("%1: Replaced %2") : QStringLiteral("%1: %2");
+    m_pane->addMessage(text.arg(file, told.join('\n')), !isDone);
 }
 
 } // namespace Workbench

@@ -80,24 +80,25 @@ void NetlistPane::createFilter()
 {
     m_pattern->setEditable(true);
     m_pattern->setInsertPolicy(QComboBox::NoInsert);
-    m_pattern->setAccessibleName("Filter of nets");
+    m_pattern->setAccessibleName(tr("Filter of nets"));
     m_pattern->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_pattern->lineEdit()->setPlaceholderText("Filter: part of a full name");
+    m_pattern->lineEdit()->setPlaceholderText(tr("Filter: part of a full name"));
+    m_pattern->setToolTip(m_pattern->lineEdit()->placeholderText()); // which the pane may have no room for
     m_pattern->lineEdit()->setClearButtonEnabled(true);
     m_pattern->setCompleter(nullptr); // it would change what is searched for while the user types
     if (m_settings)
         m_pattern->addItems(m_settings->value(patternsKey).toStringList().mid(0, patternCount));
     m_pattern->setCurrentIndex(-1);
     m_pattern->installEventFilter(this); // which has the focus in place of its line edit
-    m_syntax->addItems({"Substring", "Wildcard", "Regular Expression"});
-    m_syntax->setAccessibleName("What the filter is");
+    m_syntax->addItems({tr("Substring"), tr("Wildcard"), tr("Regular Expression")});
+    m_syntax->setAccessibleName(tr("What the filter is"));
     m_syntax->setToolTip(
-        "A wildcard and a regular expression have to match the whole full name: \"*/state[[]*\", "
-        "\".*/(irq|ack)\".");
+        tr("A wildcard and a regular expression have to match the whole full name: \"*/state[[]*\", "
+           "\".*/(irq|ack)\"."));
     m_case->setText("Aa");
     m_case->setCheckable(true);
-    m_case->setToolTip("Case Sensitive");
-    m_case->setAccessibleName("Case Sensitive");
+    m_case->setToolTip(tr("Case Sensitive"));
+    m_case->setAccessibleName(tr("Case Sensitive"));
     connect(m_pattern, &QComboBox::editTextChanged, this, &NetlistPane::search);
     connect(m_syntax, qOverload<int>(&QComboBox::currentIndexChanged), this, &NetlistPane::search);
     connect(m_case, &QToolButton::toggled, this, &NetlistPane::search);
@@ -105,16 +106,16 @@ void NetlistPane::createFilter()
 
 void NetlistPane::createLists()
 {
-    setUpView(m_tree, "Instances");
+    setUpView(m_tree, tr("Instances"));
     m_tree->setHeaderHidden(true);
     m_tree->setModel(m_instances);
-    setUpView(m_list, "Nets");
+    setUpView(m_list, tr("Nets"));
     m_list->setRootIsDecorated(false);
     m_list->setAllColumnsShowFocus(true);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setDragEnabled(true);
     m_list->setModel(m_nets);
-    m_list->setProperty(editName, "Add Signals");
+    m_list->setProperty(editName, tr("Add Signals"));
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(NetModel::NameColumn, QHeaderView::Stretch);
     m_list->header()->setSectionResizeMode(NetModel::WidthColumn, QHeaderView::ResizeToContents);
@@ -187,16 +188,17 @@ void NetlistPane::updateStatus()
     QString text;
     switch (m_design->state()) {
     case DesignNetlist::Nothing:
-        text = "Open a project to see its nets.";
+        text = tr("Open a project to see its nets.");
         break;
     case DesignNetlist::Reading:
-        text = "Reading the design ...";
+        text = tr("Reading the design ...");
         break;
     case DesignNetlist::Unreadable:
-        text = "The design cannot be read: " + m_design->messages().value(0, "it has no sources.");
+        text =
+            tr("The design cannot be read: %1").arg(m_design->messages().value(0, tr("it has no sources.")));
         break;
     case DesignNetlist::Ready:
-        text = m_nets->isSearching() ? QString("%1 so far ...") : QString("%1 found");
+        text = m_nets->isSearching() ? tr("%1 so far ...") : tr("%1 found");
         text = text.arg(locale.toString(m_nets->found()));
         break;
     }

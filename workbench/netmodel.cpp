@@ -12,7 +12,6 @@ namespace {
 
 const int pageSize = 500; // rows
 const int sliceTime = 15; // ms
-const char *const excludedText = "Not offered: it is tied to a constant, or is a bidirectional pin.";
 
 } // namespace
 
@@ -130,14 +129,13 @@ QString NetModel::toolTip(const Row &row) const
     const QUARRY::Declaration declaration = row.bus ? row.bus->declaration() : row.net->declaration();
     const int width = row.bus ? row.bus->members.size() : 1;
     QStringList lines(row.bus ? row.bus->fullBusName() : row.net->fullPathName());
-    lines << QString("%1, %2 bit%3").arg(declaration.type, QString::number(width), width == 1 ? "" : "s");
-    if (declaration.type.isEmpty())
-        lines.last().remove(0, 2);
+    const QString bits = width == 1 ? tr("1 bit") : tr("%1 bits").arg(width);
+    lines << (declaration.type.isEmpty() ? bits : declaration.type + ", " + bits);
     lines << declaration.members << declaration.enumLabels;
     if (!declaration.file.isEmpty())
         lines << QString("%1:%2").arg(declaration.file).arg(declaration.line);
     if (row.bus ? row.bus->excluded : row.net->excluded)
-        lines << excludedText;
+        lines << tr("Not offered: it is tied to a constant, or is a bidirectional pin.");
     return lines.join('\n');
 }
 
@@ -145,7 +143,7 @@ QVariant NetModel::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == NameColumn ? "Net" : "Bits";
+    return section == NameColumn ? tr("Net") : tr("Bits");
 }
 
 Qt::ItemFlags NetModel::flags(const QModelIndex &index) const

@@ -21,17 +21,17 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
       m_folder(new QLineEdit(QDir::toNativeSeparators(folder))),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
-    setWindowTitle("New File");
+    setWindowTitle(tr("New File"));
     resize(480, 320);
     for (const Core::IFileWizardFactory *factory : Core::FileWizardRegistry::factories()) {
         auto *item = new QListWidgetItem(factory->displayName() + "\n" + factory->description(), m_list);
         item->setIcon(QIcon(":/netlist/image/magnifier.png"));
     }
-    m_list->setAccessibleName("Kind of file");
+    m_list->setAccessibleName(tr("Kind of file"));
     m_list->setCurrentRow(0);
     auto *folderRow = new QHBoxLayout;
-    auto *label = new QLabel("&Folder:");
-    auto *browseButton = new QPushButton("&Browse...");
+    auto *label = new QLabel(tr("&Folder:"));
+    auto *browseButton = new QPushButton(tr("&Browse..."));
     label->setBuddy(m_folder);
     browseButton->setAutoDefault(false);
     folderRow->addWidget(label);
@@ -64,7 +64,7 @@ QString NewFileDialog::folder() const
 
 void NewFileDialog::browse()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(this, "Choose Folder", folder());
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Choose Folder"), folder());
     if (!chosen.isEmpty())
         m_folder->setText(QDir::toNativeSeparators(chosen));
 }

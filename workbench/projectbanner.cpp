@@ -10,9 +10,9 @@ namespace Workbench {
 ProjectBanner::ProjectBanner(QWidget *parent)
     : QWidget(parent),
       m_text(new QLabel),
-      m_reload(new QPushButton("Re&load")),
-      m_keep(new QPushButton("&Keep It")),
-      m_close(new QPushButton("&Close"))
+      m_reload(new QPushButton(tr("Re&load"))),
+      m_keep(new QPushButton(tr("&Keep It"))),
+      m_close(new QPushButton(tr("&Close")))
 {
     auto *icon = new QLabel;
     icon->setPixmap(QPixmap(":/utils/image/attention.png"));
@@ -30,10 +30,11 @@ ProjectBanner::ProjectBanner(QWidget *parent)
 
 void ProjectBanner::showState(ProjectFile state, const QString &path)
 {
-    const QString name = "The project '" + QDir::toNativeSeparators(path) + "' ";
     const bool isChanged = state == ProjectFile::Changed;
-    m_text->setText(name + (isChanged ? "changed on disk.\nDo you want to reload it?"
-                                      : "has been removed on disk.\nDo you still want to keep it?"));
+    const QString text =
+        isChanged ? tr("The project '%1' changed on disk.\nDo you want to reload it?")
+                  : tr("The project '%1' has been removed on disk.\nDo you still want to keep it?");
+    m_text->setText(text.arg(QDir::toNativeSeparators(path)));
     m_reload->setVisible(isChanged);
     m_close->setVisible(!isChanged);
     setVisible(state != ProjectFile::Same);

@@ -62,9 +62,9 @@ QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, cons
     if (!file.library.isEmpty())
         item->setText(0, item->text(0) + " [" + file.library + ']');
     if (missing)
-        item->setText(0, item->text(0) + " (missing)");
+        item->setText(0, ProjectTree::tr("%1 (missing)").arg(item->text(0)));
     else if (!file.enabled)
-        item->setText(0, item->text(0) + " (disabled)");
+        item->setText(0, ProjectTree::tr("%1 (disabled)").arg(item->text(0)));
     if (missing || !file.enabled)
         item->setForeground(0, faint);
     return item;
@@ -72,12 +72,14 @@ QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, cons
 
 QString deviceText(const DEV::DeviceArg &device)
 {
-    return device == DEV::DeviceArg() ? "Device: none chosen" : "Device: " + device.partNumber;
+    return device == DEV::DeviceArg() ? ProjectTree::tr("Device: none chosen")
+                                      : ProjectTree::tr("Device: %1").arg(device.partNumber);
 }
 
 QString topText(const QString &top)
 {
-    return top.isEmpty() ? "Top module: found from the sources" : "Top module: " + top;
+    return top.isEmpty() ? ProjectTree::tr("Top module: found from the sources")
+                         : ProjectTree::tr("Top module: %1").arg(top);
 }
 
 } // namespace
@@ -88,7 +90,7 @@ ProjectTree::ProjectTree(QWidget *parent) : QTreeWidget(parent)
     setColumnCount(2);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(0);
-    setAccessibleName("Project");
+    setAccessibleName(tr("Project"));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideMiddle);
@@ -106,10 +108,10 @@ void ProjectTree::showProject(const Core::Project *project)
     const Core::ProjectData &data = project->data();
     const QDir folder(project->workingDir());
     QTreeWidgetItem *root =
-        newItem(project->name().isEmpty() ? "Unnamed project" : project->name(), GroupItem);
+        newItem(project->name().isEmpty() ? tr("Unnamed project") : project->name(), GroupItem);
     root->setIcon(0, style()->standardIcon(QStyle::SP_DirOpenIcon));
-    QTreeWidgetItem *design = newItem("Design files", GroupItem);
-    QTreeWidgetItem *others = newItem("Configurations", GroupItem);
+    QTreeWidgetItem *design = newItem(tr("Design files"), GroupItem);
+    QTreeWidgetItem *others = newItem(tr("Configurations"), GroupItem);
     QList<QTreeWidgetItem *> marked;
     for (const Core::SourceFile &file : data.files) {
         QTreeWidgetItem *item = fileItem(file, folder, palette());
@@ -202,7 +204,7 @@ void ProjectTree::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     "No project is open.");
+                     tr("No project is open."));
 }
 
 QStringList ProjectTree::selectedFiles() const
@@ -239,29 +241,29 @@ QMenu *ProjectTree::createFileMenu()
         return nullptr;
     const QTreeWidgetItem *first = selectedItems().first();
     auto *menu = new QMenu(this);
-    QAction *open = menu->addAction("&Open", this, [this, paths] {
+    QAction *open = menu->addAction(tr("&Open"), this, [this, paths] {
         for (const QString &path : paths)
             Q_EMIT fileActivated(path);
     });
     menu->addSeparator();
-    QAction *enabled = menu->addAction("Part of the &Design");
+    QAction *enabled = menu->addAction(tr("Part of the &Design"));
     enabled->setCheckable(true);
     enabled->setChecked(first->data(0, EnabledRole).toBool());
     connect(enabled, &QAction::triggered, this,
             [this, paths](bool checked) { Q_EMIT enableRequested(paths, checked); });
     if (paths.size() == 1)
         addTopEntries(menu, first);
-    QMenu *types = menu->addMenu("File &Type");
-    const char *const names[] = {"Other", "Verilog", "SystemVerilog", "VHDL"};
+    QMenu *types = menu->addMenu(tr("File &Type"));
+    const char *const names[] = {QT_TR_NOOP("Other"), "Verilog", "SystemVerilog", "VHDL"};
     static_assert(sizeof names / sizeof *names == TE::VhdlFile - TE::ConfigFile + 1, "each type has a name");
     for (int type = TE::ConfigFile; type <= TE::VhdlFile; ++type) {
-        QAction *action = types->addAction(names[type - TE::ConfigFile]);
+        QAction *action = types->addAction(tr(names[type - TE::ConfigFile]));
         action->setCheckable(true);
         action->setChecked(first->data(0, TypeRole).toInt() == type);
         connect(action, &QAction::triggered, this,
                 [this, paths, type] { Q_EMIT typeRequested(paths, type); });
     }
-    QAction *library = menu->addAction("&Library...");
+    QAction *library = menu->addAction(tr("&Library..."));
     const QList<QTreeWidgetItem *> selected = selectedItems();
     library->setEnabled(std::any_of(selected.begin(), selected.end(), [](const QTreeWidgetItem *item) {
         return item->data(0, TypeRole).toInt() == TE::VhdlFile;
@@ -271,7 +273,7 @@ QMenu *ProjectTree::createFileMenu()
     });
     menu->addSeparator();
     QAction *remove =
-        menu->addAction("&Remove from Project", this, [this, paths] { Q_EMIT removeRequested(paths); });
+        menu->addAction(tr("&Remove from Project"), this, [this, paths] { Q_EMIT removeRequested(paths); });
     // For the eye: the tree hears the keys itself.
     remove->setShortcut(QKeySequence::Delete);
     open->setShortcut(Qt::Key_Return);
@@ -285,9 +287,10 @@ void ProjectTree::addTopEntries(QMenu *menu, const QTreeWidgetItem *file)
 {
     const QStringList modules =
         modulesOfFile(file->data(0, PathRole).toString(), file->data(0, TypeRole).toInt());
-    QMenu *several = modules.size() > 1 ? menu->addMenu("Set as To&p") : nullptr;
+    QMenu *several = modules.size() > 1 ? menu->addMenu(tr("Set as To&p")) : nullptr;
     for (const QString &module : modules) {
-        QAction *action = several ? several->addAction(module) : menu->addAction("Set as To&p: " + module);
+        QAction *action =
+            several ? several->addAction(module) : menu->addAction(tr("Set as To&p: %1").arg(module));
         connect(action, &QAction::triggered, this, [this, module] { Q_EMIT topRequested(module); });
     }
 }

@@ -38,11 +38,11 @@ Recovery::Recovery(const QString &folder, Workspace *workspace, QWidget *window)
       m_store(folder),
       m_workspace(workspace),
       m_window(window),
-      m_draft(new QAction("Close as &Draft", this))
+      m_draft(new QAction(tr("Close as &Draft"), this))
 {
     m_draft->setObjectName("closeAsDraft");
     m_draft->setStatusTip(
-        "Close the file without saving it, and offer what it holds now when it is opened again");
+        tr("Close the file without saving it, and offer what it holds now when it is opened again"));
     m_soon.setSingleShot(true);
     m_soon.setInterval(soon);
     m_always.start(always);
@@ -162,11 +162,10 @@ void Recovery::abandon(Core::IView *view)
     if (state.snapshot.isEmpty())
         return;
     m_waiting << state;
-    Q_EMIT message(
-        shown(state.file) +
-            " was closed, since the design cannot be read. What was edited is kept, and comes back "
-            "with the file.",
-        true);
+    Q_EMIT message(tr("%1 was closed, since the design cannot be read. What was edited is kept, and comes "
+                      "back with the file.")
+                       .arg(shown(state.file)),
+                   true);
     // Behind its end, at which the copy of an open file is dropped.
     QTimer::singleShot(0, this, [this, state] {
         store(state);
@@ -197,8 +196,8 @@ void Recovery::closeAsDraft()
     if (!store(state))
         return;
     view->parentWidget()->close();
-    Q_EMIT message("Closed " + shown(state.file) + " as a draft, which is offered when it is opened again.",
-                   false);
+    Q_EMIT message(
+        tr("Closed %1 as a draft, which is offered when it is opened again.").arg(shown(state.file)), false);
 }
 
 void Recovery::offerDraft(Core::IView *view)
@@ -207,18 +206,19 @@ void Recovery::offerDraft(Core::IView *view)
     if (!m_store.findDraft(m_files.value(view), &draft))
         return;
     const QPointer<Core::IView> alive(view);
-    const int answer = askUser(m_window, "Draft",
-                               "A draft of '" + shown(draft.file) + "' of " +
-                                   QLocale().toString(draft.time, QLocale::ShortFormat) + " is kept:\n\n" +
-                                   differenceText(draft, 10) + "\n\nDo you want to go on with it?",
-                               {"&Open the Draft", "&Discard the Draft", "Not &Now"});
+    const int answer =
+        askUser(m_window, tr("Draft"),
+                tr("A draft of '%1' of %2 is kept:\n\n%3\n\nDo you want to go on with it?")
+                    .arg(shown(draft.file), QLocale().toString(draft.time, QLocale::ShortFormat),
+                         differenceText(draft, 10)),
+                {tr("&Open the Draft"), tr("&Discard the Draft"), tr("Not &Now")});
     if (answer == 2 || !alive)
         return;
     if (answer == 1 || snapshotOf(view)->restoreSnapshot(draft.snapshot))
         m_store.discard(draft);
     else
-        Q_EMIT message("The draft of " + shown(draft.file) +
-                           " is damaged. It is left where it is: " + shown(draft.place),
+        Q_EMIT message(tr("The draft of %1 is damaged. It is left where it is: %2")
+                           .arg(shown(draft.file), shown(draft.place)),
                        true);
 }
 
@@ -245,8 +245,9 @@ bool Recovery::recover(const KeptState &state)
     const bool isShown = m_workspace->openFile(state.file) && showState(state);
     m_isRecovering = false;
     if (!isShown)
-        Q_EMIT message("What was edited of " + shown(state.file) +
-                           " could not be brought back. It is kept, and offered again at the next start.",
+        Q_EMIT message(tr("What was edited of %1 could not be brought back. It is kept, and offered again at "
+                          "the next start.")
+                           .arg(shown(state.file)),
                        true);
     return isShown;
 }
@@ -259,7 +260,8 @@ bool Recovery::showState(const KeptState &state)
     if (!isOurs || !snapshotOf(view)->restoreSnapshot(state.snapshot))
         return false;
     keep(view);
-    Q_EMIT message("Brought back what was edited of " + shown(state.file) + ". It is not saved yet.", false);
+    Q_EMIT message(tr("Brought back what was edited of %1. It is not saved yet.").arg(shown(state.file)),
+                   false);
     return true;
 }
 

@@ -21,13 +21,13 @@ QString reasonText(KeptFor reason)
 {
     switch (reason) {
     case KeptFor::Draft:
-        return "draft";
+        return RecoveryDialog::tr("draft");
     case KeptFor::UnreadableDesign:
-        return "its design could not be read";
+        return RecoveryDialog::tr("its design could not be read");
     case KeptFor::Crash:
         break;
     }
-    return "not saved";
+    return RecoveryDialog::tr("not saved");
 }
 
 } // namespace
@@ -38,29 +38,30 @@ QString differenceText(const KeptState &state, int lines)
     RTLJEX::Configuration now, kept;
     QString error;
     if (!RTLJEX::Snapshot::fromBytes(state.snapshot, &snapshot) || !RTLJEX::readSnapshot(snapshot, &kept))
-        return "The copy is damaged.";
+        return RecoveryDialog::tr("The copy is damaged.");
     if (!now.read(state.file, &error))
         return error;
     QStringList sentences;
     for (const Cli::Difference &difference : Cli::differences(now, kept))
         sentences << Cli::differenceSentence(difference);
     if (sentences.isEmpty())
-        return "What it holds is what the file holds.";
+        return RecoveryDialog::tr("What it holds is what the file holds.");
     if (sentences.size() > lines)
-        sentences = sentences.mid(0, lines - 1) << QString("and %1 more").arg(sentences.size() - lines + 1);
+        sentences = sentences.mid(0, lines - 1)
+                    << RecoveryDialog::tr("and %1 more").arg(sentences.size() - lines + 1);
     return sentences.join('\n');
 }
 
 RecoveryDialog::RecoveryDialog(const QList<KeptState> &states, QWidget *parent)
     : QDialog(parent), m_states(states), m_list(new QTreeWidget)
 {
-    setWindowTitle("Recover Files");
+    setWindowTitle(tr("Recover Files"));
     auto *text = new QLabel(
-        "A workbench ended before these files were saved. What was edited is kept. Recovering opens "
-        "the file and shows it again; nothing is saved by that.");
+        tr("A workbench ended before these files were saved. What was edited is kept. Recovering opens "
+           "the file and shows it again; nothing is saved by that."));
     text->setWordWrap(true);
-    m_list->setAccessibleName("Files that were not saved");
-    m_list->setHeaderLabels({"File", "Kept", "Why", "What differs from the file"});
+    m_list->setAccessibleName(tr("Files that were not saved"));
+    m_list->setHeaderLabels({tr("File"), tr("Kept"), tr("Why"), tr("What differs from the file")});
     m_list->setRootIsDecorated(false);
     m_list->setWordWrap(true);
     for (const KeptState &state : states) {
@@ -85,9 +86,9 @@ RecoveryDialog::RecoveryDialog(const QList<KeptState> &states, QWidget *parent)
 QWidget *RecoveryDialog::createButtons()
 {
     auto *box = new QDialogButtonBox;
-    QPushButton *recover = box->addButton("&Recover", QDialogButtonBox::AcceptRole);
-    QPushButton *discard = box->addButton("&Discard", QDialogButtonBox::DestructiveRole);
-    QPushButton *later = box->addButton("Decide &Later", QDialogButtonBox::RejectRole);
+    QPushButton *recover = box->addButton(tr("&Recover"), QDialogButtonBox::AcceptRole);
+    QPushButton *discard = box->addButton(tr("&Discard"), QDialogButtonBox::DestructiveRole);
+    QPushButton *later = box->addButton(tr("Decide &Later"), QDialogButtonBox::RejectRole);
     recover->setDefault(true);
     connect(recover, &QPushButton::clicked, this, [this] { end(Recover); });
     connect(discard, &QPushButton::clicked, this, [this] { end(Discard); });

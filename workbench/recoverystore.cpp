@@ -72,13 +72,19 @@ QList<KeptState> statesIn(const QString &folder)
     return states;
 }
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Workbench::RecoveryStore)
+};
+
 bool makePrivate(const QString &folder, QString *error)
 {
     if (QDir().mkpath(folder) &&
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
         return true;
-    *error = "The folder \"" + QDir::toNativeSeparators(folder) +
-             "\", which keeps what is edited for the case of a crash, cannot be made.";
+    *error =
+        Texts::tr("The folder \"%1\", which keeps what is edited for the case of a crash, cannot be made.")
+            .arg(QDir::toNativeSeparators(folder));
     return false;
 }
 

@@ -15,7 +15,7 @@ ReopenBanner::ReopenBanner(Recovery *recovery, DesignNetlist *design, QWidget *p
       m_recovery(recovery),
       m_design(design),
       m_text(new QLabel),
-      m_open(new QPushButton("&Open Again"))
+      m_open(new QPushButton(tr("&Open Again")))
 {
     auto *icon = new QLabel;
     icon->setPixmap(QPixmap(":/utils/image/attention.png"));
@@ -38,10 +38,13 @@ void ReopenBanner::update()
         names << '\'' + QFileInfo(state.file).fileName() + '\'';
     m_design->setWanted(this, !names.isEmpty());
     const bool isReady = m_design->state() == DesignNetlist::Ready && !m_design->isStale();
-    m_text->setText(names.join(", ") + (names.size() == 1 ? " was" : " were") +
-                    " closed, since the design could not be read. What was edited is kept.\n" +
-                    (isReady ? "The design can be read again."
-                             : "As soon as the design can be read, it can be opened again."));
+    const QString closed =
+        names.size() == 1
+            ? tr("%1 was closed, since the design could not be read. What was edited is kept.")
+            : tr("%1 were closed, since the design could not be read. What was edited is kept.");
+    m_text->setText(closed.arg(names.join(", ")) + '\n' +
+                    (isReady ? tr("The design can be read again.")
+                             : tr("As soon as the design can be read, it can be opened again.")));
     m_open->setEnabled(isReady);
     setVisible(!names.isEmpty());
 }

@@ -68,7 +68,7 @@ RowFinder::RowFinder(QWidget *parent)
 {
     m_recount->setSingleShot(true);
     connect(m_recount, &QTimer::timeout, this, &RowFinder::recount);
-    auto *label = new QLabel("Fi&nd row:");
+    auto *label = new QLabel(tr("Fi&nd row:"));
     label->setBuddy(m_text);
     m_text->setObjectName("findRow");
     m_result->setObjectName("findRowResult");
@@ -83,9 +83,9 @@ RowFinder::RowFinder(QWidget *parent)
         connect(button, &QToolButton::clicked, this, slot);
         layout->addWidget(button);
     };
-    addButton("Next", &RowFinder::next);
-    addButton("Previous", &RowFinder::previous);
-    addButton("Close", &RowFinder::leave);
+    addButton(tr("Next"), &RowFinder::next);
+    addButton(tr("Previous"), &RowFinder::previous);
+    addButton(tr("Close"), &RowFinder::leave);
     // What is found stays as long as more of it is typed.
     connect(m_text, &QLineEdit::textEdited, this, [this] { find(0); });
     hide();
@@ -113,7 +113,7 @@ void RowFinder::find(int step)
         m_found = QModelIndex();
     }
     const QList<QModelIndex> rows = foundRows();
-    m_result->setText(m_text->text().isEmpty() ? QString() : "Not found");
+    m_result->setText(m_text->text().isEmpty() ? QString() : tr("Not found"));
     if (rows.isEmpty())
         return;
     const int before = rows.indexOf(m_found);
@@ -122,7 +122,7 @@ void RowFinder::find(int step)
     m_found = rows.at(place);
     m_list->setCurrentIndex(rows.at(place));
     m_list->scrollTo(rows.at(place));
-    m_result->setText(QString("%1 of %2").arg(place + 1).arg(count));
+    m_result->setText(tr("%1 of %2").arg(place + 1).arg(count));
 }
 
 QList<QModelIndex> RowFinder::foundRows() const
@@ -155,9 +155,9 @@ void RowFinder::recount()
     if (!rows.contains(m_found)) // an edit makes rows anew
         m_found = m_list->currentIndex();
     const int place = rows.indexOf(m_found);
-    m_result->setText(rows.isEmpty() ? QString("Not found")
-                      : place < 0    ? QString("%1 found").arg(rows.size())
-                                     : QString("%1 of %2").arg(place + 1).arg(rows.size()));
+    m_result->setText(rows.isEmpty() ? tr("Not found")
+                      : place < 0    ? tr("%1 found").arg(rows.size())
+                                     : tr("%1 of %2").arg(place + 1).arg(rows.size()));
 }
 
 void RowFinder::leave()

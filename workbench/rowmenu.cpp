@@ -33,12 +33,12 @@ RowMenu::RowMenu(QMenu *menu, RowFinder *finder) : QObject(menu)
         finding << action;
     };
     menu->addSeparator();
-    addFinding("&Find...", QKeySequence::Find, &RowFinder::ask);
-    addFinding("Find &Next", QKeySequence::FindNext, &RowFinder::next);
-    addFinding("Find &Previous", QKeySequence::FindPrevious, &RowFinder::previous);
+    addFinding(tr("&Find..."), QKeySequence::Find, &RowFinder::ask);
+    addFinding(tr("Find &Next"), QKeySequence::FindNext, &RowFinder::next);
+    addFinding(tr("Find &Previous"), QKeySequence::FindPrevious, &RowFinder::previous);
     menu->addSeparator();
-    QAction *up = menu->addAction("Move Rows &Up", this, [] { press(Qt::Key_Up); });
-    QAction *down = menu->addAction("Move Rows &Down", this, [] { press(Qt::Key_Down); });
+    QAction *up = menu->addAction(tr("Move Rows &Up"), this, [] { press(Qt::Key_Up); });
+    QAction *down = menu->addAction(tr("Move Rows &Down"), this, [] { press(Qt::Key_Down); });
     up->setShortcut(Qt::ALT + Qt::Key_Up);
     down->setShortcut(Qt::ALT + Qt::Key_Down);
     for (QAction *action : {up, down})

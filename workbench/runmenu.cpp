@@ -40,9 +40,9 @@ RunMenu::RunMenu(QMenu *menu, QSettings *settings, QWidget *window)
     : QObject(menu),
       m_settings(settings),
       m_window(window),
-      m_insertAction(menu->addAction("&Insert into Design...")),
-      m_simulateAction(menu->addAction("&Simulate Capture...")),
-      m_openAction(menu->addAction("&Open Waveform"))
+      m_insertAction(menu->addAction(tr("&Insert into Design..."))),
+      m_simulateAction(menu->addAction(tr("&Simulate Capture..."))),
+      m_openAction(menu->addAction(tr("&Open Waveform")))
 {
     connect(m_insertAction, &QAction::triggered, this, &RunMenu::onInsert);
     connect(m_simulateAction, &QAction::triggered, this, &RunMenu::onSimulate);
@@ -80,10 +80,11 @@ QString RunMenu::chosenFile()
     const Core::IView *view = Core::ViewManager::instance()->currentView();
     const Core::EditedFile edited = view ? view->editedFile() : Core::EditedFile();
     if (edited.path.isEmpty())
-        return QFileDialog::getOpenFileName(m_window, "Configuration", folder(), "Configurations (*.zub)");
+        return QFileDialog::getOpenFileName(m_window, tr("Configuration"), folder(),
+                                            tr("Configurations (*.zub)"));
     if (!edited.isModified)
         return edited.path;
-    fail(QFileInfo(edited.path).fileName() + " has changes that are not saved. Save it first.");
+    fail(tr("%1 has changes that are not saved. Save it first.").arg(QFileInfo(edited.path).fileName()));
     return QString();
 }
 
@@ -94,8 +95,8 @@ void RunMenu::onInsert()
     if (!alive || file.isEmpty())
         return;
     const QString output =
-        QFileDialog::getSaveFileName(m_window, "New Folder for the Analyzer", folder() + "/jex", QString(),
-                                     nullptr, QFileDialog::DontConfirmOverwrite);
+        QFileDialog::getSaveFileName(m_window, tr("New Folder for the Analyzer"), folder() + "/jex",
+                                     QString(), nullptr, QFileDialog::DontConfirmOverwrite);
     if (alive && !output.isEmpty())
         insert(file, output);
 }
@@ -131,7 +132,7 @@ void RunMenu::onOpenWaveform()
                               ? QDesktopServices::openUrl(QUrl::fromLocalFile(m_waveform))
                               : QProcess::startDetached(viewer, files, QFileInfo(m_waveform).absolutePath());
     if (!isOpened)
-        fail("No program was found that shows " + m_waveform + ". Install Debian's package gtkwave.");
+        fail(tr("No program was found that shows %1. Install Debian's package gtkwave.").arg(m_waveform));
 }
 
 template <class Job>
@@ -174,14 +175,14 @@ bool RunMenu::open(const QString &file, RTLJEX::Configuration &configuration,
     if (!configuration.read(file, &error))
         return fail(error);
     QUARRY::ReadingJob reading(designInput(), QUARRY::ReadingJob::Netlist);
-    if (!runBelowDialog("Read Design", reading))
+    if (!runBelowDialog(tr("Read Design"), reading))
         return false;
     if (reading.isCancelled())
-        return fail("Cancelled.");
+        return fail(tr("Cancelled."));
     netlist.reset(reading.takeNetlist());
     if (!netlist || !netlist->topHierarchy) {
         tell(reading.modules().messages + reading.netlistMessages());
-        return fail("The design cannot be read.");
+        return fail(tr("The design cannot be read."));
     }
     const RTLJEX::FileFindings findings = configuration.judge(*netlist);
     for (const QString &text : findings.errors)
@@ -208,16 +209,16 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     if (const Core::Project *project = Core::ProjectManager::currentProject())
         options.device = JEX_TOOL::findDevice(project->data().device.series, project->data().device.device);
     Insertion::InsertionJob job(designInput(), configuration, *netlist, options);
-    if (!runBelowDialog("Insert into Design", job))
+    if (!runBelowDialog(tr("Insert into Design"), job))
         return false;
     tell(job.messages());
     if (job.outcome() == Insertion::InsertionJob::Cancelled)
-        return fail("Cancelled: nothing was written.");
+        return fail(tr("Cancelled: nothing was written."));
     if (job.files().isEmpty())
         return false;
     if (!output.write(job.files(), &error))
         return fail(error);
-    Q_EMIT message("The analyzer of " + QFileInfo(file).fileName() + " is in " + folder + ".\n" +
+    Q_EMIT message(tr("The analyzer of %1 is in %2.").arg(QFileInfo(file).fileName(), folder) + '\n' +
                        QString::fromUtf8(job.files().value("report.txt")).trimmed(),
                    false);
     return job.outcome() == Insertion::InsertionJob::Done;
@@ -234,14 +235,14 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     options.bench = bench;
     options.simulator = simulator;
     Insertion::SimulationJob job(designInput(), configuration, *netlist, options);
-    if (!runBelowDialog("Simulate Capture", job))
+    if (!runBelowDialog(tr("Simulate Capture"), job))
         return false;
     const QString words = QString::fromUtf8(job.benchWords()).trimmed();
     if (!words.isEmpty())
         Q_EMIT message(words, false);
     tell(job.messages());
     if (job.outcome() == Insertion::SimulationJob::Cancelled)
-        return fail("Cancelled: nothing was written.");
+        return fail(tr("Cancelled: nothing was written."));
     QString error;
     if (job.waveform().isEmpty())
         return false;
@@ -249,7 +250,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
         return fail(error);
     m_waveform = QFileInfo(waveform).absoluteFilePath();
     m_openAction->setEnabled(true);
-    Q_EMIT message("What was captured is in " + waveform + ". Run > Open Waveform shows it.", false);
+    Q_EMIT message(tr("What was captured is in %1. Run > Open Waveform shows it.").arg(waveform), false);
     return job.outcome() == Insertion::SimulationJob::Done;
 }
 

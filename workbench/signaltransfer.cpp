@@ -53,14 +53,14 @@ Place placeOf(QWidget *widget, const QPoint &position)
 SignalTransfer::SignalTransfer(NetlistPane *pane, QWidget *window)
     : QObject(window),
       m_pane(pane),
-      m_copy(new QAction("&Copy Signals", this)),
-      m_paste(new QAction("&Paste Signals", this))
+      m_copy(new QAction(tr("&Copy Signals"), this)),
+      m_paste(new QAction(tr("&Paste Signals"), this))
 {
     m_copy->setObjectName("copySignals");
     m_paste->setObjectName("pasteSignals");
-    m_copy->setStatusTip("Copy the chosen rows, or the chosen nets of the netlist");
+    m_copy->setStatusTip(tr("Copy the chosen rows, or the chosen nets of the netlist"));
     m_paste->setStatusTip(
-        "Put the copied signals where the user is at work: a capture list or a trigger port");
+        tr("Put the copied signals where the user is at work: a capture list or a trigger port"));
     m_copy->setShortcut(QKeySequence::Copy);
     m_paste->setShortcut(QKeySequence::Paste);
     connect(m_copy, &QAction::triggered, this, &SignalTransfer::copy);
@@ -107,15 +107,15 @@ void SignalTransfer::add(const QMimeData &data, QWidget *view, const QWidget *wi
     const QString place = target ? target->signalPlace(widget, position) : QString();
     if (place.isEmpty())
         return Q_EMIT message(
-            "Choose a core's capture list or a trigger port first: that is where signals go.", true);
+            tr("Choose a core's capture list or a trigger port first: that is where signals go."), true);
     QStringList faults;
     const bool isAdded = target->addSignals(data, widget, position, &faults);
     for (const QString &fault : faults.mid(0, mostTold))
         Q_EMIT message(fault, true);
     if (faults.size() > mostTold)
-        Q_EMIT message(QString("And %1 more like that.").arg(faults.size() - mostTold), true);
+        Q_EMIT message(tr("And %1 more like that.").arg(faults.size() - mostTold), true);
     if (isAdded)
-        Q_EMIT message("Added to " + place + '.', false);
+        Q_EMIT message(tr("Added to %1.").arg(place), false);
 }
 
 void SignalTransfer::addChosenNets()

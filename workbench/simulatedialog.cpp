@@ -38,9 +38,9 @@ SimulateDialog::SimulateDialog(const QString &waveform, QSettings *settings, QWi
       m_note(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
-    setWindowTitle("Simulate Capture");
+    setWindowTitle(tr("Simulate Capture"));
     resize(600, 320);
-    m_bench->setAccessibleName("Test bench"); // a list does not take that of its label
+    m_bench->setAccessibleName(tr("Test Bench")); // a list does not take that of its label
     m_bench->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_simulator->addItem("Icarus Verilog", "icarus");
     m_simulator->addItem("Verilator", verilator);
@@ -48,19 +48,19 @@ SimulateDialog::SimulateDialog(const QString &waveform, QSettings *settings, QWi
         m_simulator->setCurrentIndex(settings->value(key).toString() == verilator);
     m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::PlainText);
-    auto *addButton = new QPushButton("&Add..."), *removeButton = new QPushButton("&Remove"),
-         *browseButton = new QPushButton("&Browse...");
+    auto *addButton = new QPushButton(tr("&Add...")), *removeButton = new QPushButton(tr("&Remove")),
+         *browseButton = new QPushButton(tr("&Browse..."));
     for (QPushButton *button : {addButton, removeButton, browseButton})
         button->setAutoDefault(false);
     auto *layout = new QGridLayout(this);
-    layout->addWidget(labelFor(m_bench, "&Test bench:"), 0, 0, Qt::AlignTop);
+    layout->addWidget(labelFor(m_bench, tr("&Test bench:")), 0, 0, Qt::AlignTop);
     layout->addWidget(m_bench, 0, 1, 3, 1);
     layout->addWidget(addButton, 0, 2);
     layout->addWidget(removeButton, 1, 2);
-    layout->addWidget(labelFor(m_waveform, "&Waveform:"), 3, 0);
+    layout->addWidget(labelFor(m_waveform, tr("&Waveform:")), 3, 0);
     layout->addWidget(m_waveform, 3, 1);
     layout->addWidget(browseButton, 3, 2);
-    layout->addWidget(labelFor(m_simulator, "&Simulator:"), 4, 0);
+    layout->addWidget(labelFor(m_simulator, tr("&Simulator:")), 4, 0);
     layout->addWidget(m_simulator, 4, 1, 1, 2);
     layout->addWidget(m_note, 5, 1, 1, 2);
     layout->addWidget(m_buttons, 6, 0, 1, 3);
@@ -114,15 +114,15 @@ void SimulateDialog::accept()
 
 void SimulateDialog::browseBench()
 {
-    addBench(QFileDialog::getOpenFileNames(this, "Test Bench", QFileInfo(waveform()).path(),
-                                           "Verilog (*.v *.sv);;All files (*)"));
+    addBench(QFileDialog::getOpenFileNames(this, tr("Test Bench"), QFileInfo(waveform()).path(),
+                                           tr("Verilog (*.v *.sv);;All files (*)")));
 }
 
 void SimulateDialog::browseWaveform()
 {
     const QString chosen =
-        QFileDialog::getSaveFileName(this, "Captured Windows", waveform(), "Waveforms (*.vcd)", nullptr,
-                                     QFileDialog::DontConfirmOverwrite);
+        QFileDialog::getSaveFileName(this, tr("Captured Windows"), waveform(), tr("Waveforms (*.vcd)"),
+                                     nullptr, QFileDialog::DontConfirmOverwrite);
     if (!chosen.isEmpty())
         m_waveform->setText(QDir::toNativeSeparators(chosen));
 }
@@ -141,9 +141,9 @@ void SimulateDialog::updateState()
     if (!missing.isEmpty())
         notes << missing;
     else if (isVerilator)
-        notes << "Verilator knows 0 and 1 only: what is unknown starts as 0.";
+        notes << tr("Verilator knows 0 and 1 only: what is unknown starts as 0.");
     if (QFileInfo(waveform()).isFile())
-        notes << QFileInfo(waveform()).fileName() + " is there already and will be replaced.";
+        notes << tr("%1 is there already and will be replaced.").arg(QFileInfo(waveform()).fileName());
     m_note->setText(notes.join('\n'));
     m_buttons->button(QDialogButtonBox::Ok)
         ->setEnabled(missing.isEmpty() && m_bench->count() > 0 && !m_waveform->text().isEmpty());

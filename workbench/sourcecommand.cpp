@@ -1,5 +1,6 @@
 #include "workbench/sourcecommand.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
@@ -11,6 +12,11 @@
 
 namespace Workbench {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Workbench::SourceCommand)
+};
 
 // They would take parts of a file name for commands.
 bool isShell(const QString &word)
@@ -57,13 +63,15 @@ SourceCommand sourceCommand(const QString &words, const SourcePlace &place)
         command.arguments << filled(word, place);
     }
     if (command.program.isEmpty() || command.program.contains('%'))
-        command.fault = "The command begins with the name of a program.";
+        command.fault = Texts::tr("The command begins with the name of a program.");
     else if (std::any_of(parts.begin(), parts.end(), isShell))
-        command.fault = "The command must not use a shell, which could take a file name for a command.";
+        command.fault =
+            Texts::tr("The command must not use a shell, which could take a file name for a command.");
     else if (std::any_of(parts.begin(), parts.end(), isScript))
-        command.fault = "%f must not stand inside of other commands, which could take a file name for one.";
+        command.fault =
+            Texts::tr("%f must not stand inside of other commands, which could take a file name for one.");
     else if (!hasFile)
-        command.fault = "The command does not say where the file name goes: %f is missing.";
+        command.fault = Texts::tr("The command does not say where the file name goes: %f is missing.");
     return command;
 }
 

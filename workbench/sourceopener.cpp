@@ -29,18 +29,18 @@ void SourceOpener::open(const SourcePlace &place)
         return SourceView::open(place);
     const SourceCommand command = sourceCommand(words, place);
     if (!command.fault.isEmpty())
-        Q_EMIT message(command.fault + " Project > Source Command sets it.", true);
+        Q_EMIT message(command.fault + ' ' + tr("Project > Source Command sets it."), true);
     else if (!QProcess::startDetached(command.program, command.arguments))
-        Q_EMIT message("Can not start " + command.program + " to show " + place.text() + '.', true);
+        Q_EMIT message(tr("Can not start %1 to show %2.").arg(command.program, place.text()), true);
 }
 
 void SourceOpener::askCommand()
 {
     QUtil::Modal<QInputDialog> dialog(new QInputDialog(m_window));
-    dialog->setWindowTitle("Source Command");
+    dialog->setWindowTitle(tr("Source Command"));
     dialog->setLabelText(
-        "Command that shows a line of a source, as in \"code -g %f:%l\": %f is the file, %l the "
-        "line.\nWhen it is empty, sources are shown in a tab of the workbench:");
+        tr("Command that shows a line of a source, as in \"code -g %f:%l\": %f is the file, %l the "
+           "line.\nWhen it is empty, sources are shown in a tab of the workbench:"));
     dialog->setTextValue(m_settings ? m_settings->value(commandKey).toString() : QString());
     if (dialog->exec() != QDialog::Accepted || !m_settings)
         return;
@@ -49,7 +49,8 @@ void SourceOpener::askCommand()
     if (fault.isEmpty())
         m_settings->setValue(commandKey, words);
     else
-        QUtil::messageBox(m_window, QMessageBox::Warning, "Source Command", fault + " Nothing was changed.");
+        QUtil::messageBox(m_window, QMessageBox::Warning, tr("Source Command"),
+                          fault + ' ' + tr("Nothing was changed."));
 }
 
 } // namespace Workbench

@@ -1,11 +1,17 @@
 #include "workbench/sourcetext.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include "host/regularfile.h"
 
 namespace Workbench {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Workbench::SourceText)
+};
 
 const qint64 sizeLimit = 8 * QUtil::MiB;
 const int colourLimit = 1 << 20; // letters
@@ -59,11 +65,11 @@ SourceText readSourceText(const QString &path)
     QString reason;
     const QString shown = QDir::toNativeSeparators(path);
     if (!QUtil::readRegularFile(path, sizeLimit, &bytes, &reason)) {
-        source.notice = "Can not show " + shown + ": " + reason + '.';
+        source.notice = Texts::tr("Can not show %1: %2.").arg(shown, reason);
         return source;
     }
     if (bytes.contains('\0')) {
-        source.notice = shown + " is a binary file, which is not shown.";
+        source.notice = Texts::tr("%1 is a binary file, which is not shown.").arg(shown);
         return source;
     }
     source.text = QString::fromUtf8(bytes);
@@ -77,9 +83,9 @@ SourceText readSourceText(const QString &path)
     source.isLarge = source.text.size() > colourLimit;
     QStringList notices;
     if (cutEnd(source.text))
-        notices << QString("The first %1 lines are shown.").arg(mostLines);
+        notices << Texts::tr("The first %1 lines are shown.").arg(mostLines);
     if (cutLines(source.text))
-        notices << QString("Lines are shown up to their first %1 letters.").arg(lineLimit);
+        notices << Texts::tr("Lines are shown up to their first %1 letters.").arg(lineLimit);
     source.notice = notices.join(' ');
     return source;
 }

@@ -1,5 +1,7 @@
 #include "workbench/statetexts.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 #include "host/designmanager.h"
@@ -8,30 +10,32 @@
 namespace Workbench {
 namespace {
 
-const char *const emptyHint = "Open a project (Project > Open Project) or a configuration (File > Open),\n"
-                              "or drop one here. Project > New Project starts with nothing.";
-const char *const sourcesHint = "The project has no sources of a design yet:\n"
-                                "Project > Add Files takes them, or drop them here.";
-const char *const projectHint = "Double-click a configuration in the project tree to edit it.\n"
-                                "File > New makes one, Project > Add Files adds sources of the design.";
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Workbench::StateTexts)
+};
 
 } // namespace
 
 QString hintText(const Core::Project *project)
 {
     if (!project)
-        return emptyHint;
+        return Texts::tr("Open a project (Project > Open Project) or a configuration (File > Open),\n"
+                         "or drop one here. Project > New Project starts with nothing.");
     const QList<Core::SourceFile> files = project->data().files;
     const bool hasDesign = std::any_of(files.begin(), files.end(), [](const Core::SourceFile &file) {
         return TE::isDesignFileType(file.type);
     });
-    return hasDesign ? projectHint : sourcesHint;
+    return hasDesign ? Texts::tr("Double-click a configuration in the project tree to edit it.\n"
+                                 "File > New makes one, Project > Add Files adds sources of the design.")
+                     : Texts::tr("The project has no sources of a design yet:\n"
+                                 "Project > Add Files takes them, or drop them here.");
 }
 
 QString deviceText(const DEV::DeviceArg &device)
 {
-    return device.partNumber.isEmpty() ? "Device: none, so usages are measured against 0"
-                                       : "Device: " + device.partNumber;
+    return device.partNumber.isEmpty() ? Texts::tr("Device: none, so usages are measured against 0")
+                                       : Texts::tr("Device: %1").arg(device.partNumber);
 }
 
 } // namespace Workbench

@@ -15,10 +15,10 @@ StringListEdit::StringListEdit(QWidget *parent) : QWidget(parent), m_list(new QL
     auto *buttons = new QVBoxLayout;
     layout->addWidget(m_list);
     layout->addLayout(buttons);
-    addButton(buttons, "Add", &StringListEdit::onAdd);
-    addButton(buttons, "Remove", &StringListEdit::onRemove);
-    addButton(buttons, "Up", &StringListEdit::onUp);
-    addButton(buttons, "Down", &StringListEdit::onDown);
+    addButton(buttons, tr("Add"), &StringListEdit::onAdd);
+    addButton(buttons, tr("Remove"), &StringListEdit::onRemove);
+    addButton(buttons, tr("Up"), &StringListEdit::onUp);
+    addButton(buttons, tr("Down"), &StringListEdit::onDown);
     buttons->addStretch();
 }
 
@@ -66,7 +66,7 @@ void StringListEdit::onAdd()
         m_list->editItem(m_list->currentItem());
         return;
     }
-    const QString chosen = QFileDialog::getExistingDirectory(this, "Choose Folder", m_baseFolder);
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Choose Folder"), m_baseFolder);
     if (chosen.isEmpty())
         return;
     const QString relative = QDir(m_baseFolder).relativeFilePath(chosen);

@@ -25,7 +25,7 @@ TopModuleBox::TopModuleBox(const QString &top, QWidget *parent) : QComboBox(pare
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setCurrentText(top);
-    lineEdit()->setPlaceholderText("Found from the sources");
+    lineEdit()->setPlaceholderText(tr("Found from the sources"));
     QUARRY::DesignInput design =
         QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
     design.top.clear();

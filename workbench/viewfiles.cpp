@@ -61,16 +61,16 @@ bool Workspace::saveViewAs(Core::IView *view)
     const QString old = view->editedFile().path;
     if (!editor)
         return false;
-    const QString path = chooseFile("Save As", old, '.' + QFileInfo(old).suffix(), "Configurations");
+    const QString path = chooseFile(tr("Save As"), old, '.' + QFileInfo(old).suffix(), tr("Configurations"));
     if (path.isEmpty() || !alive)
         return false;
     const QString shown = QDir::toNativeSeparators(path);
     const QString odd = QUtil::irregularReason(path);
     if (!odd.isEmpty())
-        return fail("Can not save to " + shown + ": " + odd + ".");
+        return fail(tr("Can not save to %1: %2.").arg(shown, odd));
     for (const Core::IView *other : Core::ViewManager::instance()->views()) {
         if (other != view && isSamePath(other->editedFile().path, path))
-            return fail(shown + " is open in another tab. Close that first.");
+            return fail(tr("%1 is open in another tab. Close that first.").arg(shown));
     }
     if (isSamePath(old, path))
         return !view->editedFile().isModified || saveView(view);
@@ -79,7 +79,7 @@ bool Workspace::saveViewAs(Core::IView *view)
     if (holds(m_project.get(), old))
         m_project->addFile(path);
     Q_EMIT savedAs(view);
-    Q_EMIT message("Saved as " + shown + ".", false);
+    Q_EMIT message(tr("Saved as %1.").arg(shown), false);
     return true;
 }
 
@@ -93,8 +93,8 @@ bool Workspace::checkView(Core::IView *view)
     for (const QString &error : errors)
         Q_EMIT message(name + ": " + error, true);
     Q_EMIT message(name + ": " +
-                       (errors.isEmpty() ? QString("The check found nothing.")
-                                         : QString("The check found this, in all: %1").arg(errors.size())),
+                       (errors.isEmpty() ? tr("The check found nothing.")
+                                         : tr("The check found this, in all: %1").arg(errors.size())),
                    !errors.isEmpty());
     return errors.isEmpty();
 }
@@ -105,8 +105,8 @@ bool Workspace::reloadViewNow(Core::IView *view)
     const Core::EditedFile file = view->editedFile();
     if (file.isModified) {
         const QString text =
-            "Read " + QDir::toNativeSeparators(file.path) + " again, and lose what was edited here?";
-        if (askUser(m_window, "Reload", text, {"&Reload", "Cancel"}) != 0)
+            tr("Read %1 again, and lose what was edited here?").arg(QDir::toNativeSeparators(file.path));
+        if (askUser(m_window, tr("Reload"), text, {tr("&Reload"), tr("Cancel")}) != 0)
             return false;
     }
     if (alive)

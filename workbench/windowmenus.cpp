@@ -35,11 +35,11 @@ QAction *MainWindow::addAction(QMenu *menu, const QString &text, const QKeySeque
 
 void MainWindow::createFileMenu()
 {
-    QMenu *menu = m_fileMenu = menuBar()->addMenu("&File");
-    addAction(menu, "&New...", QKeySequence::New, &MainWindow::onNewFile);
-    addAction(menu, "&Open...", QKeySequence::Open, &MainWindow::onOpen);
+    QMenu *menu = m_fileMenu = menuBar()->addMenu(tr("&File"));
+    addAction(menu, tr("&New..."), QKeySequence::New, &MainWindow::onNewFile);
+    addAction(menu, tr("&Open..."), QKeySequence::Open, &MainWindow::onOpen);
     menu->addSeparator();
-    QAction *save = Core::ActionManager::instance()->command("Core.Action.Save", "&Save");
+    QAction *save = Core::ActionManager::instance()->command("Core.Action.Save", tr("&Save"));
     save->setShortcut(QKeySequence::Save);
     menu->addAction(save);
     auto *files = new FileMenu(menu, m_workspace, m_settings);
@@ -47,19 +47,19 @@ void MainWindow::createFileMenu()
     menu->addSeparator();
     files->addChecking();
     menu->addSeparator();
-    m_closeAction = addAction(menu, "&Close", QKeySequence::Close, &MainWindow::onCloseView);
+    m_closeAction = addAction(menu, tr("&Close"), QKeySequence::Close, &MainWindow::onCloseView);
     files->addClosing();
     menu->addSeparator();
     files->addRecent();
     menu->addSeparator();
-    QAction *quit = menu->addAction("&Quit");
+    QAction *quit = menu->addAction(tr("&Quit"));
     quit->setShortcut(QKeySequence::Quit);
     connect(quit, &QAction::triggered, this, &QWidget::close);
 }
 
 void MainWindow::createEditMenu(RowFinder *finder)
 {
-    QMenu *menu = menuBar()->addMenu("&Edit");
+    QMenu *menu = menuBar()->addMenu(tr("&Edit"));
     new EditMenu(menu, this);
     menu->addSeparator();
     menu->addAction(m_transfer->copyAction());
@@ -72,40 +72,42 @@ void MainWindow::createEditMenu(RowFinder *finder)
 
 void MainWindow::createProjectMenu()
 {
-    QMenu *menu = m_projectMenu = menuBar()->addMenu("&Project");
-    addAction(menu, "&New Project...", QKeySequence("Ctrl+Shift+N"), &MainWindow::onNewProject);
-    addAction(menu, "&Open Project...", QKeySequence("Ctrl+Shift+O"), &MainWindow::onOpenProject);
+    QMenu *menu = m_projectMenu = menuBar()->addMenu(tr("&Project"));
+    addAction(menu, tr("&New Project..."), QKeySequence("Ctrl+Shift+N"), &MainWindow::onNewProject);
+    addAction(menu, tr("&Open Project..."), QKeySequence("Ctrl+Shift+O"), &MainWindow::onOpenProject);
     QAction *save =
-        addAction(menu, "&Save Project", QKeySequence("Ctrl+Shift+S"), &MainWindow::onSaveProject);
-    QAction *saveAs = addAction(menu, "Save Project &As...", QKeySequence(), &MainWindow::onSaveProjectAs);
-    QAction *close = addAction(menu, "&Close Project", QKeySequence(), &MainWindow::onCloseProject);
+        addAction(menu, tr("&Save Project"), QKeySequence("Ctrl+Shift+S"), &MainWindow::onSaveProject);
+    QAction *saveAs =
+        addAction(menu, tr("Save Project &As..."), QKeySequence(), &MainWindow::onSaveProjectAs);
+    QAction *close = addAction(menu, tr("&Close Project"), QKeySequence(), &MainWindow::onCloseProject);
     menu->addSeparator();
-    QAction *add = addAction(menu, "&Add Files...", QKeySequence(), &MainWindow::onAddFiles);
-    m_removeAction = addAction(menu, "&Remove Files", QKeySequence(), &MainWindow::onRemoveFiles);
+    QAction *add = addAction(menu, tr("&Add Files..."), QKeySequence(), &MainWindow::onAddFiles);
+    m_removeAction = addAction(menu, tr("&Remove Files"), QKeySequence(), &MainWindow::onRemoveFiles);
     menu->addSeparator();
-    QAction *options = addAction(menu, "O&ptions...", QKeySequence("Ctrl+,"), &MainWindow::onOptions);
-    QAction *device = addAction(menu, "&Device...", QKeySequence(), &MainWindow::onDevice);
+    QAction *options = addAction(menu, tr("O&ptions..."), QKeySequence("Ctrl+,"), &MainWindow::onOptions);
+    QAction *device = addAction(menu, tr("&Device..."), QKeySequence(), &MainWindow::onDevice);
     menu->addSeparator();
-    addAction(menu, "&Tool Memory...", QKeySequence(), &MainWindow::onToolMemory);
-    connect(menu->addAction("Source Co&mmand..."), &QAction::triggered, m_sources, &SourceOpener::askCommand);
+    addAction(menu, tr("&Tool Memory..."), QKeySequence(), &MainWindow::onToolMemory);
+    connect(menu->addAction(tr("Source Co&mmand...")), &QAction::triggered, m_sources,
+            &SourceOpener::askCommand);
     m_projectActions = {save, saveAs, close, add, options, device};
 }
 
 void MainWindow::createOtherMenus()
 {
-    m_runMenu = new RunMenu(menuBar()->addMenu("&Run"), m_settings, this);
+    m_runMenu = new RunMenu(menuBar()->addMenu(tr("&Run")), m_settings, this);
     connect(m_runMenu, &RunMenu::message, this, &MainWindow::addMessage);
-    QMenu *view = menuBar()->addMenu("&View");
+    QMenu *view = menuBar()->addMenu(tr("&View"));
     for (QDockWidget *dock : findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         view->addAction(dock->toggleViewAction());
     view->addSeparator();
     new DeclarationCommand(view, this, m_sources); // the window's
-    QMenu *help = menuBar()->addMenu("&Help");
-    QAction *guide = addAction(help, "&Guide", Qt::Key_F1, &MainWindow::onGuide);
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    QAction *guide = addAction(help, tr("&Guide"), Qt::Key_F1, &MainWindow::onGuide);
     guide->setShortcutContext(Qt::WidgetShortcut); // for the eye: the guide hears the key in every window
     help->addAction(QWhatsThis::createAction(this));
     help->addSeparator();
-    addAction(help, "&About", QKeySequence(), &MainWindow::onAbout);
+    addAction(help, tr("&About"), QKeySequence(), &MainWindow::onAbout);
     new GuideKey(this);
     setIcons(this, menuBar());
 }
@@ -115,13 +117,13 @@ void MainWindow::createDocks()
     struct
     {
         const char *name;
-        const char *title;
+        QString title;
         QWidget *widget;
         Qt::DockWidgetArea area;
         int size;
-    } const docks[] = {{"projectDock", "Project", m_tree, Qt::LeftDockWidgetArea, 280},
-                       {"netlistDock", "Netlist", m_netlist, Qt::LeftDockWidgetArea, 280},
-                       {"messageDock", "Messages", m_messages, Qt::BottomDockWidgetArea, 140}};
+    } const docks[] = {{"projectDock", tr("Project"), m_tree, Qt::LeftDockWidgetArea, 280},
+                       {"netlistDock", tr("Netlist"), m_netlist, Qt::LeftDockWidgetArea, 280},
+                       {"messageDock", tr("Messages"), m_messages, Qt::BottomDockWidgetArea, 140}};
     for (const auto &entry : docks) {
         auto *dock = new QDockWidget(entry.title, this);
         dock->setObjectName(entry.name);

@@ -81,7 +81,7 @@ void Workspace::tellFindings(Core::IView *view)
     });
     Q_EMIT findingsTold(view, findings);
     if (!hasStale && view->property(hadStale).toBool())
-        Q_EMIT message(view->shortTitle() + ": The design has all signals again.", false);
+        Q_EMIT message(tr("%1: The design has all signals again.").arg(view->shortTitle()), false);
     view->setProperty(hadStale, hasStale);
 }
 
@@ -101,7 +101,7 @@ Core::Project *Workspace::project() const
 bool Workspace::fail(const QString &text)
 {
     Q_EMIT message(text, true);
-    QUtil::messageBox(m_window, QMessageBox::Critical, "Error", text);
+    QUtil::messageBox(m_window, QMessageBox::Critical, tr("Error"), text);
     return false;
 }
 
@@ -138,16 +138,17 @@ bool Workspace::useProject(std::unique_ptr<Core::Project> project)
     Core::ProjectManager::setCurrentProject(m_project.get());
     Q_EMIT projectReplaced();
     if (!m_project->filePath().isEmpty())
-        Q_EMIT message("Opened the project " + QDir::toNativeSeparators(m_project->filePath()) + ".", false);
+        Q_EMIT message(tr("Opened the project %1.").arg(QDir::toNativeSeparators(m_project->filePath())),
+                       false);
     else if (!m_project->foreignPath().isEmpty())
-        Q_EMIT message("Read the project " + QDir::toNativeSeparators(m_project->foreignPath()) +
-                           ". Save Project As makes one of the workbench's own of it.",
+        Q_EMIT message(tr("Read the project %1. Save Project As makes one of the workbench's own of it.")
+                           .arg(QDir::toNativeSeparators(m_project->foreignPath())),
                        false);
     for (const QString &note : m_project->notes())
         Q_EMIT message(note, false);
     for (const Core::SourceFile &file : m_project->data().files) {
         if (!QFileInfo::exists(file.path))
-            Q_EMIT message("The project's file " + QDir::toNativeSeparators(file.path) + " is missing.",
+            Q_EMIT message(tr("The project's file %1 is missing.").arg(QDir::toNativeSeparators(file.path)),
                            true);
     }
     Q_EMIT projectOpened();
@@ -174,14 +175,15 @@ bool Workspace::saveProject()
 bool Workspace::saveProjectAs()
 {
     QString error;
-    const QString path = m_project ? chooseProjectFile("Save Project", m_project->workingDir()) : QString();
+    const QString path =
+        m_project ? chooseProjectFile(tr("Save Project"), m_project->workingDir()) : QString();
     return !path.isEmpty() && mayReplace(path) &&
            (m_project->saveAs(path, &error) ? noteSaved() : fail(error));
 }
 
 bool Workspace::noteSaved()
 {
-    Q_EMIT message("Saved the project " + QDir::toNativeSeparators(m_project->filePath()) + '.', false);
+    Q_EMIT message(tr("Saved the project %1.").arg(QDir::toNativeSeparators(m_project->filePath())), false);
     return true;
 }
 
@@ -198,7 +200,8 @@ bool Workspace::reloadProject()
         return false;
     if (!m_project->reload(&error))
         return fail(error);
-    Q_EMIT message("Read the project " + QDir::toNativeSeparators(m_project->filePath()) + " again.", false);
+    Q_EMIT message(tr("Read the project %1 again.").arg(QDir::toNativeSeparators(m_project->filePath())),
+                   false);
     lookAtProjectFile();
     return true;
 }
@@ -228,7 +231,7 @@ void Workspace::lookAtProjectFile()
 
 QString Workspace::chooseProjectFile(const QString &title, const QString &folder) const
 {
-    return chooseFile(title, folder, QString(".") + Core::projectFileSuffix(), "Projects");
+    return chooseFile(title, folder, QString(".") + Core::projectFileSuffix(), tr("Projects"));
 }
 
 QString Workspace::chooseFile(const QString &title, const QString &start, const QString &suffix,
@@ -240,7 +243,7 @@ QString Workspace::chooseFile(const QString &title, const QString &start, const 
     // The dialog asked about the name that was typed.
     path += suffix;
     const bool free = !QFileInfo::exists(path);
-    const QString question = QDir::toNativeSeparators(path) + " exists already.\nReplace it?";
+    const QString question = tr("%1 exists already.\nReplace it?").arg(QDir::toNativeSeparators(path));
     const bool replace =
         free || QUtil::messageBox(m_window, QMessageBox::Question, title, question,
                                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
@@ -251,10 +254,13 @@ bool Workspace::mayCloseProject()
 {
     if (!m_project || !m_project->isModified())
         return true;
-    const QString name = m_project->name().isEmpty() ? "this project" : "\"" + m_project->name() + "\"";
+    const QString question =
+        m_project->name().isEmpty()
+            ? tr("The project has changes that are not saved.\nSave the changes to this project?")
+            : tr("The project has changes that are not saved.\nSave the changes to \"%1\"?")
+                  .arg(m_project->name());
     const auto answer =
-        QUtil::messageBox(m_window, QMessageBox::Question, "Save Project",
-                          "The project has changes that are not saved.\nSave the changes to " + name + "?",
+        QUtil::messageBox(m_window, QMessageBox::Question, tr("Save Project"), question,
                           QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer == QMessageBox::Save)
         return saveProject();
@@ -291,9 +297,9 @@ void Workspace::reloadView(Core::IView *view)
 {
     const QString path = QDir::toNativeSeparators(view->editedFile().path);
     if (view->reloadFile())
-        Q_EMIT message("Read " + path + " again.", false);
+        Q_EMIT message(tr("Read %1 again.").arg(path), false);
     else
-        fail(path + " could not be read again. The editor keeps what it has.");
+        fail(tr("%1 could not be read again. The editor keeps what it has.").arg(path));
 }
 
 // The editor asks whether to save when it closes, and then it saves at once.
@@ -315,12 +321,12 @@ bool Workspace::settleBackup(const QString &path)
     const QString backup = QUtil::pendingBackup(path);
     if (backup.isEmpty())
         return true;
-    const int answer = askUser(m_window, "Backup",
-                               "The last save of the file '" + QDir::toNativeSeparators(path) +
-                                   "' did not end, and it may be damaged. What it held before is kept in '" +
-                                   QDir::toNativeSeparators(backup) + "' of " +
-                                   QFileInfo(backup).lastModified().toString() + ".",
-                               {"&Restore", "&Discard the Backup", "Cancel"});
+    const int answer = askUser(m_window, tr("Backup"),
+                               tr("The last save of the file '%1' did not end, and it may be damaged. What "
+                                  "it held before is kept in '%2' of %3.")
+                                   .arg(QDir::toNativeSeparators(path), QDir::toNativeSeparators(backup),
+                                        QFileInfo(backup).lastModified().toString()),
+                               {tr("&Restore"), tr("&Discard the Backup"), tr("Cancel")});
     QString error;
     if (answer == 1)
         QUtil::discardBackup(path);
@@ -339,11 +345,11 @@ bool Workspace::openFile(const QString &path)
         return openProject(path);
     const QString odd = QUtil::irregularReason(path);
     if (!odd.isEmpty())
-        return fail("Can not open " + shown + ": " + odd + ".");
+        return fail(tr("Can not open %1: %2.").arg(shown, odd));
     if (!QFileInfo::exists(path))
-        return fail("There is no file " + shown + ".");
+        return fail(tr("There is no file %1.").arg(shown));
     if (!canEdit(path))
-        return fail("There is no editor for " + shown + ".");
+        return fail(tr("There is no editor for %1.").arg(shown));
     if (!settleBackup(path))
         return false;
     const QString project = m_project ? QString() : CommandLine::projectBeside(path);
@@ -351,7 +357,7 @@ bool Workspace::openFile(const QString &path)
         openProject(project);
     const bool opened = Core::EditorRegistry::editorFor(path)(
         nameInUse(path), TE::TaskEngine::instance()->designManager()->currentDevice());
-    Q_EMIT message((opened ? "Opened " : "Could not open ") + shown + ".", !opened);
+    Q_EMIT message((opened ? tr("Opened %1.") : tr("Could not open %1.")).arg(shown), !opened);
     m_refusedFile = opened ? QString() : path;
     if (!opened)
         tellFault(path);
@@ -373,7 +379,7 @@ void Workspace::setTop(const QString &module)
     if (!m_project)
         return;
     m_project->setOption("TopModule", module);
-    Q_EMIT message("The top module is " + module + '.', false);
+    Q_EMIT message(tr("The top module is %1.").arg(module), false);
     if (!m_refusedFile.isEmpty())
         openFile(m_refusedFile);
 }

@@ -1,5 +1,6 @@
 #include "elaboration/tools/confinement.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -20,6 +21,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::Confinement)
+};
 
 const int filterDescriptor = 199; // any that QProcess does not use in the child for itself
 const int maxProcesses = 64;
@@ -143,12 +149,12 @@ QString findFault()
 {
     const QString program = bubblewrap();
     if (program.isEmpty())
-        return QLatin1String("bubblewrap is not installed");
+        return Texts::tr("bubblewrap is not installed");
     TrialProcess trial;
     trial.start(program, wrapping(QString(), QLatin1String("/"))
                              << QLatin1String("--") << QLatin1String("/bin/true"));
     if (!trial.waitForStarted())
-        return program + QLatin1String(" does not start");
+        return Texts::tr("%1 does not start").arg(program);
     const bool isOver = trial.waitForFinished(5000);
     if (isOver && trial.exitStatus() == QProcess::NormalExit && trial.exitCode() == 0)
         return QString();
@@ -156,7 +162,7 @@ QString findFault()
     said.chop(said.endsWith(QLatin1Char('.')) ? 1 : 0); // it ends our sentence
     trial.kill();
     trial.waitForFinished(1000);
-    return QLatin1String("this system does not let bubblewrap work") +
+    return Texts::tr("this system does not let bubblewrap work") +
            (said.isEmpty() ? QString() : QLatin1String(": ") + said.section(QLatin1Char('\n'), -1));
 }
 

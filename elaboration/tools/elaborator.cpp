@@ -85,28 +85,26 @@ void Elaborator::warnOfRights()
     if (fault.isEmpty())
         return;
     m_result->lists.messages.prepend(
-        QLatin1String("WARNING: The tools that read the design run with your rights, since ") + fault +
-        QLatin1String(
-            ". VHDL is therefore not started, and its signals are shown as GHDL translates them. ") +
-        QLatin1String(findProgram(QLatin1String("bwrap")).isEmpty()
-                          ? "Install Debian's package bubblewrap."
-                          : "Let this user make user namespaces (kernel.unprivileged_userns_clone)."));
+        tr("WARNING: The tools that read the design run with your rights, since %1. VHDL is therefore not "
+           "started, and its signals are shown as GHDL translates them. %2")
+            .arg(fault, findProgram(QLatin1String("bwrap")).isEmpty()
+                            ? tr("Install Debian's package bubblewrap.")
+                            : tr("Let this user make user namespaces (kernel.unprivileged_userns_clone).")));
 }
 
 bool Elaborator::checkSources()
 {
     if (!m_result->scratch->isValid())
-        addError(QLatin1String("No temporary folder could be made in ") + QDir::tempPath() +
-                 QLatin1String(". Make room on the disk, or let the variable "
-                               "TMPDIR name a folder that can be written."));
+        addError(tr("No temporary folder could be made in %1. Make room on the disk, or let the variable "
+                    "TMPDIR name a folder that can be written.")
+                     .arg(QDir::tempPath()));
     for (const DesignSource &source : m_input.files) {
         const QString reason = unopenedReason(source.path);
         if (!QUtil::irregularKind(source.path).isEmpty())
-            addError(source.path + QLatin1String(" is not read: ") + reason +
-                     QLatin1String(". Remove it from the project."));
+            addError(tr("%1 is not read: %2. Remove it from the project.").arg(source.path, reason));
         else if (!reason.isEmpty())
-            addError(source.path + QLatin1String(" cannot be read: ") + reason +
-                     QLatin1String(". Remove it from the project or restore it."));
+            addError(tr("%1 cannot be read: %2. Remove it from the project or restore it.")
+                         .arg(source.path, reason));
         m_result->filesRead.append(source.path);
     }
     return !m_result->lists.anyError();
@@ -179,11 +177,11 @@ void Elaborator::readDesign()
         return proceed(Done);
     }
     if (m_runs++ == maxRuns) {
-        addError(QLatin1String("The design could not be read: its missing modules could not be replaced."));
+        addError(tr("The design could not be read: its missing modules could not be replaced."));
         return proceed(Failed);
     }
-    m_runner.tellStage(QLatin1String("Reading ") + QString::number(m_input.files.size()) +
-                       QLatin1String(m_input.files.size() == 1 ? " source file" : " source files"));
+    m_runner.tellStage(m_input.files.size() == 1 ? tr("Reading 1 source file")
+                                                 : tr("Reading %1 source files").arg(m_input.files.size()));
     QFile::remove(m_verilator.xmlFile());
     m_runner.run(m_verilator.reading(), [this](const ToolResult &result) { judge(result); });
 }
@@ -218,9 +216,9 @@ void Elaborator::judge(const ToolResult &result)
         return repair(errors);
     m_summary = XmlSummary();
     if (result.exitCode != 0 || !readXmlSummary(m_verilator.xmlFile(), m_summary)) {
-        addError(QLatin1String("Verilator ended with code ") + QString::number(result.exitCode) +
-                 QLatin1String(" and gave no design. Check that ") + m_verilator.program() +
-                 QLatin1String(" is Verilator 5.") + lastLine(result.errors + result.output));
+        addError(tr("Verilator ended with code %1 and gave no design. Check that %2 is Verilator 5.")
+                     .arg(QString::number(result.exitCode), m_verilator.program()) +
+                 lastLine(result.errors + result.output));
         return proceed(Failed);
     }
     if (m_repairs.tryAgain(m_summary.files))
@@ -247,8 +245,8 @@ bool Elaborator::goOnWithout(Language language)
         if (isError(message))
             message.replace(0, 5, QLatin1String("WARNING"));
     }
-    messages.append(QLatin1String("WARNING: The ") + QLatin1String(language == Vhdl ? "VHDL" : "Verilog") +
-                    QLatin1String(" sources cannot be read and are left out."));
+    messages.append(language == Vhdl ? tr("WARNING: The VHDL sources cannot be read and are left out.")
+                                     : tr("WARNING: The Verilog sources cannot be read and are left out."));
     if (language == Vhdl)
         m_unreadable = std::move(m_vhdl);
     else
@@ -472,14 +470,14 @@ void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severit
             continue;
         if (m_result->readOptions.generated.contains(message.file)) {
             message.file.clear();
-            message.text.prepend(QLatin1String("In the Verilog that GHDL made of the VHDL sources: "));
+            message.text.prepend(tr("In the Verilog that GHDL made of the VHDL sources: "));
         }
         m_result->lists.messages.append(messageText(message, m_names, m_verilator.workingDir()));
     }
     if (count > maxMessages)
         m_result->lists.messages.append(
             QLatin1String(severity == ToolMessage::Error ? "ERROR: " : "WARNING: ") +
-            QString::number(count - maxMessages) + QLatin1String(" more like these are not shown."));
+            tr("%1 more like these are not shown.").arg(count - maxMessages));
 }
 
 void Elaborator::addError(const QString &text)

@@ -1,47 +1,58 @@
 #include "elaboration/tools/findings.h"
 
+#include <QCoreApplication>
+
 #include "elaboration/tools/sourceorder.h"
 
 namespace QUARRY {
 namespace {
 
+struct Findings
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::Findings)
+};
+
 QStringList sentences(const QString &text, const QStringList &names)
 {
     if (names.isEmpty())
         return QStringList();
-    return QStringList(QLatin1String("WARNING: ") + text + names.join(QLatin1String(", ")));
+    return QStringList(text.arg(names.join(QLatin1String(", "))));
 }
 
 } // namespace
 
 QStringList topsSentences(const QString &wrongTop, const QStringList &tops)
 {
-    const QString text = QLatin1String("No module is named \"") + wrongTop +
-                         QLatin1String("\". The top modules of the design are: ");
-    return sentences(text, tops);
+    // The name may hold what looks like a placeholder.
+    return tops.isEmpty()
+               ? tops
+               : QStringList(
+                     Findings::tr("WARNING: No module is named \"%1\". The top modules of the design are: %2")
+                         .arg(wrongTop, tops.join(QLatin1String(", "))));
 }
 
 QStringList encryptedSentences(const QStringList &files)
 {
     return sentences(
-        QLatin1String("What is encrypted in these files is not shown, as if it were in a black box: "),
+        Findings::tr(
+            "WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1"),
         files);
 }
 
 QStringList blackBoxSentences(const QStringList &modules, const QMap<QString, QString> &strays,
                               const QStringList &disabledFiles)
 {
-    QStringList all = sentences(
-        QLatin1String("These modules have no definition and are shown as black boxes, with nothing inside: "),
-        modules);
+    QStringList all = sentences(Findings::tr("WARNING: These modules have no definition and are shown as "
+                                             "black boxes, with nothing inside: %1"),
+                                modules);
     for (const QString &module : modules) {
         const QString disabled = fileOfModule(module, disabledFiles);
         if (!disabled.isEmpty())
-            all.append(QLatin1String("WARNING: Module ") + module + QLatin1String(" is in ") + disabled +
-                       QLatin1String(", which the project has disabled."));
+            all.append(Findings::tr("WARNING: Module %1 is in %2, which the project has disabled.")
+                           .arg(module, disabled));
         else if (strays.contains(module))
-            all.append(QLatin1String("WARNING: Module ") + module + QLatin1String(" is in ") +
-                       strays.value(module) + QLatin1String(", which is no source of the project."));
+            all.append(Findings::tr("WARNING: Module %1 is in %2, which is no source of the project.")
+                           .arg(module, strays.value(module)));
     }
     return all;
 }

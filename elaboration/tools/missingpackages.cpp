@@ -1,5 +1,6 @@
 #include "elaboration/tools/missingpackages.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QHash>
 #include <QRegExp>
@@ -8,6 +9,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::MissingPackages)
+};
 
 const int mostPackages = 100; // for each, files are searched
 
@@ -138,11 +144,11 @@ QList<ToolMessage> withMissingPackages(const QList<ToolMessage> &errors, const Q
         ToolMessage message;
         message.file = package.file;
         message.line = package.line;
-        message.text =
-            QLatin1String("package ") + package.name + QLatin1String(" is in no file of the project");
         const QString other = fileOfPackage(package.name, disabled);
-        if (!other.isEmpty())
-            message.text += QLatin1String(" that is enabled. It is in ") + other;
+        message.text = other.isEmpty()
+                           ? Texts::tr("package %1 is in no file of the project").arg(package.name)
+                           : Texts::tr("package %1 is in no file of the project that is enabled. It is in %2")
+                                 .arg(package.name, other);
         messages.append(message);
         for (const ToolMessage &error : errors) {
             if (!users.contains(error.file) && sourceOf(error.file).contains(package.name.toUtf8()))

@@ -1,5 +1,6 @@
 #include "elaboration/tools/readingrepairs.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegExp>
@@ -18,6 +19,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::ReadingRepairs)
+};
 
 const qint64 nowhere = std::numeric_limits<qint64>::max();
 
@@ -92,8 +98,8 @@ bool ReadingRepairs::dropParameters()
             names += unknown.cap(1).split(QRegExp(QLatin1String("[\\s,]+")));
     }
     for (const QString &name : names)
-        m_notes.append(QLatin1String("WARNING: The top module has no parameter ") + name +
-                       QLatin1String(". Its value is left out."));
+        m_notes.append(
+            Texts::tr("WARNING: The top module has no parameter %1. Its value is left out.").arg(name));
     return m_verilator.dropParameters(names);
 }
 
@@ -262,10 +268,9 @@ bool ReadingRepairs::leaveOutUnneeded()
     for (const QString &file : firstPlaces(m_errors).keys()) {
         if (needed.contains(file) || !m_verilator.leaveOut(file))
             continue;
-        m_notes.append(
-            QString::fromLatin1("WARNING: %1:%2: The file has errors and is left out: the top module "
-                                "does not need it.")
-                .arg(file, QString::number(firstLine(file, m_errors))));
+        m_notes.append(Texts::tr("WARNING: %1:%2: The file has errors and is left out: the top module "
+                                 "does not need it.")
+                           .arg(file, QString::number(firstLine(file, m_errors))));
         changed = true;
     }
     return changed;
@@ -291,10 +296,9 @@ bool ReadingRepairs::leaveOutRefused()
     for (auto module = modules.begin(); module != modules.end(); ++module) {
         m_copies.hideModule(module->file, module.key());
         m_verilator.hideModule(QString::fromUtf8(module.key())); // or it is found by the name of its file
-        m_notes.append(QLatin1String("WARNING: ") + module->file + QLatin1Char(':') +
-                       QString::number(module->line) + QLatin1String(": ") + module->text +
-                       QLatin1String(". The tool cannot take this, so module ") +
-                       QString::fromUtf8(module.key()) + QLatin1String(" is left out."));
+        m_notes.append(Texts::tr("WARNING: %1:%2: %3. The tool cannot take this, so module %4 is left out.")
+                           .arg(module->file, QString::number(module->line), module->text,
+                                QString::fromUtf8(module.key())));
     }
     return m_copies.update();
 }
@@ -326,9 +330,9 @@ QStringList ReadingRepairs::hints() const
     }
     if (!tops.isEmpty())
         hints.append(
-            QLatin1String("WARNING: No top module is set. Set it, and what it does not need may have errors: "
-                          "there is none in what these need: ") +
-            tops.join(QLatin1String(", ")));
+            Texts::tr("WARNING: No top module is set. Set it, and what it does not need may have errors: "
+                      "there is none in what these need: %1")
+                .arg(tops.join(QLatin1String(", "))));
     return hints;
 }
 
@@ -341,16 +345,16 @@ QStringList ReadingRepairs::notes() const
 {
     QStringList notes = m_notes;
     for (auto file = m_systemVerilog.begin(); file != m_systemVerilog.end(); ++file)
-        notes.append(QString::fromLatin1("WARNING: %1:%2: This is no Verilog, so the file is read as "
-                                         "SystemVerilog.")
+        notes.append(Texts::tr("WARNING: %1:%2: This is no Verilog, so the file is read as "
+                               "SystemVerilog.")
                          .arg(file.key(), QString::number(file.value())));
     for (const QString &place : m_copies.lostBinds())
         notes.append(
-            QLatin1String("WARNING: ") + place +
-            QLatin1String(": What is bound to a single instance is not shown. Bind it to the module."));
+            Texts::tr("WARNING: %1: What is bound to a single instance is not shown. Bind it to the module.")
+                .arg(place));
     if (m_verilator.definesToolMacro())
-        notes.append(QLatin1String("WARNING: The sources can be read only with the macro VERILATOR, which "
-                                   "synthesis does not define. What depends on it may differ in hardware."));
+        notes.append(Texts::tr("WARNING: The sources can be read only with the macro VERILATOR, which "
+                               "synthesis does not define. What depends on it may differ in hardware."));
     return notes;
 }
 

@@ -1,5 +1,6 @@
 #include "elaboration/tools/scratchdir.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,6 +16,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::ScratchDir)
+};
 
 void removeTree(const QString &folder)
 {
@@ -79,8 +85,9 @@ QString fullDiskMessage(const QString &path)
     const bool hasRoom = quint64(disk.f_bavail) * disk.f_frsize >= least;
     if (hasRoom && (disk.f_files == 0 || disk.f_favail > 0))
         return QString();
-    return QLatin1String("ERROR: The temporary folder ") + temporaryRoot() +
-           QLatin1String(" is full. Make room on its disk, or let the variable TMPDIR name another folder.");
+    return Texts::tr("ERROR: The temporary folder %1 is full. Make room on its disk, or let the variable "
+                     "TMPDIR name another folder.")
+        .arg(temporaryRoot());
 }
 
 bool isPlainFile(const QString &path)

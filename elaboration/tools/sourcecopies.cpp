@@ -1,6 +1,7 @@
 #include "elaboration/tools/sourcecopies.h"
 
 #include <QByteArrayMatcher>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -13,6 +14,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::SourceCopies)
+};
 
 const char directive[] = "`include";
 const int longestName = 4096; // of a file: nothing is looked for behind it
@@ -83,8 +89,7 @@ void SourceCopies::read(const QString &path, Source &source, QStringList &faults
     const QByteArray text = sourceOf(path);
     const QString reason = unreadableReason(text);
     if (!reason.isEmpty())
-        faults.append(QLatin1String("ERROR: ") + path + QLatin1String(" cannot be read: ") + reason +
-                      QLatin1Char('.'));
+        faults.append(Texts::tr("ERROR: %1 cannot be read: %2.").arg(path, reason));
     source.needed = neededRepairs(text, source.language, m_wanted);
     source.judged = m_wanted;
     source.isEmpty = holdsNothing(text, source.language);
@@ -112,8 +117,7 @@ void SourceCopies::noteIncludes(const QString &path, const QByteArray &text, Sou
         if (QFileInfo(file).isFile())
             m_waiting.append(file);
         else
-            faults.append(QLatin1String("ERROR: ") + path + QLatin1String(" includes ") + file +
-                          QLatin1String(", which is no regular file."));
+            faults.append(Texts::tr("ERROR: %1 includes %2, which is no regular file.").arg(path, file));
     }
 }
 

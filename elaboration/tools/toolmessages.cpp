@@ -1,5 +1,6 @@
 #include "elaboration/tools/toolmessages.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QHash>
 #include <QRegExp>
@@ -8,6 +9,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::ToolMessage)
+};
 
 // Takes "file:line:column: " off the front of the text. The names handed over have no blanks.
 void takePlace(ToolMessage &message)
@@ -108,7 +114,7 @@ QList<ToolMessage> folded(const QList<ToolMessage> &messages)
     for (ToolMessage message : messages) {
         const int count = isFolded(message) ? counts.take(message.text) : 1;
         if (count > 1)
-            message.text += QString::fromLatin1(" (%1 times)").arg(count);
+            message.text += QLatin1Char(' ') + Texts::tr("(%1 times)").arg(count);
         if (count > 0)
             once.append(message);
     }
@@ -138,9 +144,9 @@ QString messageText(const ToolMessage &message, const SafeNames &names, const QS
     QRegExp twice(QLatin1String("Duplicate declaration of module: '(.*)'"));
     if (!message.otherLine || !twice.exactMatch(message.text))
         return text + message.text;
-    return text + QLatin1String("Module ") + twice.cap(1) +
-           QLatin1String(" is declared a second time. What ") + real(message.otherFile, names, workingDir) +
-           QLatin1Char(':') + QString::number(message.otherLine) + QLatin1String(" declares is used.");
+    return text + Texts::tr("Module %1 is declared a second time. What %2:%3 declares is used.")
+                      .arg(twice.cap(1), real(message.otherFile, names, workingDir),
+                           QString::number(message.otherLine));
 }
 
 } // namespace QUARRY

@@ -101,47 +101,41 @@ bool speaksOfMemory(const QByteArray &errors)
 
 QString missingMessage(const ToolCall &call, const QString &reason)
 {
-    return QString::fromLatin1("ERROR: ") + call.name + QLatin1String(" could not be started (") +
-           call.program + QLatin1String(": ") + reason +
-           QLatin1String("). Install it, or let the variable ") + call.variable +
-           QLatin1String(" name the program.");
+    return ToolRun::
+        tr("ERROR: %1 could not be started (%2: %3). Install it, or let the variable %4 name the program.")
+            .arg(call.name, call.program, reason, call.variable);
 }
 
 // "ERROR: GHDL did not end within 30 seconds and was stopped while it read VHDL entity uart."
 QString limitMessage(const ToolCall &call, const QString &excess, const QString &remedy)
 {
-    const QString work = call.subject.isEmpty() ? QString()
-                                                : QLatin1String(" while it ") + QLatin1String(call.deed) +
-                                                      QLatin1Char(' ') + call.subject;
-    return QLatin1String("ERROR: ") + call.name + QLatin1Char(' ') + excess + work + QLatin1String(". ") +
-           remedy;
+    if (call.subject.isEmpty())
+        return ToolRun::tr("ERROR: %1 %2. %3").arg(call.name, excess, remedy);
+    return ToolRun::tr("ERROR: %1 %2 while it %3 %4. %5")
+        .arg(call.name, excess, ToolRun::tr(call.deed), call.subject, remedy);
 }
 
 QString hungMessage(const ToolCall &call)
 {
     return limitMessage(
-        call,
-        QLatin1String("did not end within ") + QString::number(secondsOf(call)) +
-            QLatin1String(" seconds and was stopped"),
-        QLatin1String("If the design needs longer, let the variable JEX_TOOL_TIMEOUT give a larger number "
-                      "of seconds."));
+        call, ToolRun::tr("did not end within %1 seconds and was stopped").arg(secondsOf(call)),
+        ToolRun::tr("If the design needs longer, let the variable JEX_TOOL_TIMEOUT give a larger number "
+                    "of seconds."));
 }
 
 QString memoryMessage(const ToolCall &call, qint64 limit)
 {
     return limitMessage(
-        call,
-        QLatin1String("needed more memory than the ") + megabytes(limit) + QLatin1String(" that it may take"),
-        QLatin1String("Look for a range or a loop that is too large. If the design needs more, allow more "
-                      "MB: under Project / Tool Memory in the workbench, with --tool-memory, or in the "
-                      "variable JEX_TOOL_MEMORY."));
+        call, ToolRun::tr("needed more memory than the %1 that it may take").arg(megabytes(limit)),
+        ToolRun::tr("Look for a range or a loop that is too large. If the design needs more, allow more "
+                    "MB: under Project / Tool Memory in the workbench, with --tool-memory, or in the "
+                    "variable JEX_TOOL_MEMORY."));
 }
 
 QString writtenMessage(const ToolCall &call, const QString &what, qint64 limit)
 {
-    return limitMessage(
-        call, QLatin1String("wrote more than ") + megabytes(limit) + what + QLatin1String(" and was stopped"),
-        QLatin1String("Look for the source that causes it by leaving files out."));
+    return limitMessage(call, what.arg(megabytes(limit)),
+                        ToolRun::tr("Look for the source that causes it by leaving files out."));
 }
 
 // The option or command of ours that a tool of another version refuses, as in
@@ -156,18 +150,17 @@ QString refusedWord(const QByteArray &errors)
 
 QString versionMessage(const ToolCall &call, const QString &word)
 {
-    return QString::fromLatin1("ERROR: ") + call.name + QLatin1String(" (") + call.program +
-           QLatin1String(") does not know ") + word +
-           QLatin1String(", so it is of another version. Install Debian's package, or let the variable ") +
-           call.variable + QLatin1String(" name another program.");
+    return ToolRun::tr("ERROR: %1 (%2) does not know %3, so it is of another version. Install Debian's "
+                       "package, or let the variable %4 name another program.")
+        .arg(call.name, call.program, word, call.variable);
 }
 
 QString diedMessage(const ToolCall &call, const QByteArray &errors)
 {
     const QString text =
-        QString::fromLatin1("ERROR: ") + call.name +
-        QLatin1String(" crashed or was killed before it finished. Read the design again; if it "
-                      "happens again, look for the source that causes it by leaving files out.");
+        ToolRun::tr("ERROR: %1 crashed or was killed before it finished. Read the design again; if it "
+                    "happens again, look for the source that causes it by leaving files out.")
+            .arg(call.name);
     return text + lastLine(errors);
 }
 
@@ -180,12 +173,11 @@ ToolRun::ToolRun(const ToolCall &call) : m_call(call), m_process(new GroupProces
     const QFileInfo program(named.contains(QLatin1Char('/')) ? named : findProgram(named));
     m_call.program = program.absoluteFilePath();
     if (!program.isFile())
-        end(ToolResult::Missing, missingMessage(call, QLatin1String("there is no such file")));
+        end(ToolResult::Missing, missingMessage(call, tr("there is no such file")));
     else if (!program.isExecutable())
-        end(ToolResult::Missing, missingMessage(call, QLatin1String("it is not executable")));
+        end(ToolResult::Missing, missingMessage(call, tr("it is not executable")));
     else if (!fault.isEmpty())
-        end(ToolResult::Stopped, QLatin1String("ERROR: ") + call.name + QLatin1String(" is not run, since ") +
-                                     fault + QLatin1Char('.'));
+        end(ToolResult::Stopped, tr("ERROR: %1 is not run, since %2.").arg(call.name, fault));
     else
         start();
 }
@@ -257,13 +249,15 @@ void ToolRun::readOutput()
     m_result.output += m_process->readAllStandardOutput();
     m_result.errors += m_process->readAllStandardError();
     if (m_result.output.size() > maxToolMessageBytes || m_result.errors.size() > maxToolMessageBytes)
-        stop(writtenMessage(m_call, QLatin1String(" of messages"), maxToolMessageBytes));
+        stop(writtenMessage(m_call, tr("wrote more than %1 of messages and was stopped"),
+                            maxToolMessageBytes));
 }
 
 void ToolRun::measureFolder()
 {
     if (!m_call.writableFolder.isEmpty() && sizeOf(m_call.writableFolder) > m_process->limits.fileBytes)
-        stop(writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
+        stop(writtenMessage(m_call, tr("wrote more than %1 of files and was stopped"),
+                            m_process->limits.fileBytes));
 }
 
 void ToolRun::noteTimeLimit()
@@ -316,8 +310,8 @@ void ToolRun::noteEnd()
         end(ToolResult::Missing,
             missingMessage(m_call, QString::fromLocal8Bit(lastWords().mid(7)).trimmed()));
     else if (signalNumber == SIGXFSZ)
-        end(ToolResult::Stopped,
-            writtenMessage(m_call, QLatin1String(" of files"), m_process->limits.fileBytes));
+        end(ToolResult::Stopped, writtenMessage(m_call, tr("wrote more than %1 of files and was stopped"),
+                                                m_process->limits.fileBytes));
     else if ((m_result.exitCode != 0 || !isGood) && speaksOfMemory(lastWords()))
         end(ToolResult::Stopped, memoryMessage(m_call, m_process->limits.memoryBytes));
     else if (!isGood || (signalNumber > 0 && signalNumber <= SIGSYS))

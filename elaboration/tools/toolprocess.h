@@ -24,7 +24,7 @@ struct ToolCall
     QString outputFile;     // takes the standard output instead of ToolResult::output; may be empty
     QString errorFile;      // likewise for the standard error
     QStringList arguments;
-    const char *deed = "read";     // what it does with the subject
+    const char *deed = QT_TRANSLATE_NOOP("QUARRY::ToolRun", "read"); // what it does with the subject
     int seconds = 0;               // that it may take at most; 0: toolTimeLimit()
     bool evaluatesSources = false; // calls their functions: may write nothing where it cannot be confined
     bool runsSources = false;      // simulates: is not started where it cannot be confined

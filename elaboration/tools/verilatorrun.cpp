@@ -1,5 +1,6 @@
 #include "elaboration/tools/verilatorrun.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +15,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VerilatorRun)
+};
 
 const char systemVerilog[] = "1800-2017";
 const char hiddenFolder[] = "hidden";
@@ -270,7 +276,7 @@ ToolCall VerilatorRun::call(const QStringList &extra) const
     call.environment = rootSetting(call.program);
     call.workingDir = m_workingDir;
     call.writableFolder = m_scratch.path();
-    call.subject = QLatin1String("the Verilog sources");
+    call.subject = Texts::tr("the Verilog sources");
     call.arguments = verilatorReadFlags();
     call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << languageArguments()
                    << folderArguments() << macroArguments() << files;

@@ -1,10 +1,17 @@
 #include "elaboration/tools/vhdlpart.h"
 
+#include <QCoreApplication>
+
 #include "elaboration/tools/designinput.h"
 
 // How the translation of VHDL and the user's Verilog are made to meet.
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlAdapt)
+};
 
 QStringList pinNames(const QList<DumpPin> &pins)
 {
@@ -115,9 +122,10 @@ bool VhdlPart::presentEntity(const DumpCell &cell)
     if (!m_modules.contains(entity)) {
         m_messages += m_refusals.take(entity);
         if (!m_boxed.contains(entity))
-            m_messages.append(QLatin1String("WARNING: VHDL entity ") + m_analysis.entities().value(entity) +
-                              QLatin1String(", which Verilog instantiates, cannot be translated with the "
-                                            "default values of its generics. It is shown as a black box."));
+            m_messages.append(
+                Texts::tr("WARNING: VHDL entity %1, which Verilog instantiates, cannot be translated with "
+                          "the default values of its generics. It is shown as a black box.")
+                    .arg(m_analysis.entities().value(entity)));
         m_boxed.insert(entity);
         return false;
     }
@@ -163,10 +171,9 @@ void VhdlPart::adaptGenerics(const QString &xmlFile, const Then &then)
         unknown.removeDuplicates();
         if (!unknown.isEmpty())
             m_messages.append(
-                QLatin1String("WARNING: The generics that Verilog sets on VHDL entity ") +
-                m_analysis.entities().value(entity) + QLatin1String(" (") +
-                unknown.join(QLatin1String(", ")) +
-                QLatin1String(") have no effect here: the entity is shown with its default values."));
+                Texts::tr("WARNING: The generics that Verilog sets on VHDL entity %1 (%2) have no effect "
+                          "here: the entity is shown with its default values.")
+                    .arg(m_analysis.entities().value(entity), unknown.join(QLatin1String(", "))));
     }
     translate(wanted, true, [=](bool) {
         for (const QString &name : names)
@@ -196,9 +203,9 @@ void VhdlPart::makeChoice(const QString &name)
     }
     if (!refused.isEmpty())
         m_messages.append(
-            QLatin1String("WARNING: VHDL entity ") + m_analysis.entities().value(name.toLower()) +
-            QLatin1String(", which Verilog instantiates, cannot be translated with the generics "
-                          "that it is given. It is shown as a black box."));
+            Texts::tr("WARNING: VHDL entity %1, which Verilog instantiates, cannot be translated with the "
+                      "generics that it is given. It is shown as a black box.")
+                .arg(m_analysis.entities().value(name.toLower())));
 }
 
 } // namespace QUARRY

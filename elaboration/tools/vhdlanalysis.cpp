@@ -1,5 +1,6 @@
 #include "elaboration/tools/vhdlanalysis.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -13,6 +14,15 @@
 #include "host/designmanager.h"
 
 namespace QUARRY {
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlAnalysis)
+};
+
+} // namespace
+
 VhdlAnalysis::VhdlAnalysis(const DesignInput &input, const ScratchDir &scratch, SafeNames &names,
                            SourceCopies &copies, ToolRunner &runner)
     : m_input(input),
@@ -36,7 +46,7 @@ ToolCall VhdlAnalysis::call(const QStringList &arguments, const QString &library
                                            << QLatin1String("ghdl-gcc") << QLatin1String("ghdl"));
     call.workingDir = folder; // where it looks for libraries first
     call.writableFolder = m_scratch.path();
-    call.subject = QLatin1String("the VHDL sources");
+    call.subject = Texts::tr("the VHDL sources");
     call.arguments = QStringList() << arguments.first() << QLatin1String("--std=08")
                                    << QLatin1String("-frelaxed") << QLatin1String("-fsynopsys")
                                    << QLatin1String("--workdir=") + folder << QLatin1String("-P") + folder
@@ -115,9 +125,9 @@ void VhdlAnalysis::dropRepeated(VhdlFile &file)
                 owner = file.path;
             if (owner != file.path) {
                 repeated.insert(name);
-                m_messages.append(QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
-                                  unit.name + QLatin1String(" is declared a second time. What ") + owner +
-                                  QLatin1String(" declares is used."));
+                m_messages.append(
+                    Texts::tr("WARNING: %1:%2: %3 is declared a second time. What %4 declares is used.")
+                        .arg(file.path, QString::number(unit.line), unit.name, owner));
             }
         }
         if (repeated.contains(name))
@@ -154,10 +164,9 @@ void VhdlAnalysis::addBodies()
             if (ending.indexIn(QString::fromLatin1(text.mid(begin, unit.end - begin)).toLower()) < 0)
                 continue;
             bodies += "\narchitecture jex_empty of " + name.toLatin1() + " is begin end;";
-            m_bodiless.insert(name, QString::fromLatin1("WARNING: %1:%2: ").arg(file.path).arg(unit.line) +
-                                        unit.name +
-                                        QLatin1String(" has no architecture and is shown as a black box, "
-                                                      "with nothing inside."));
+            m_bodiless.insert(name, Texts::tr("WARNING: %1:%2: %3 has no architecture and is shown as a "
+                                              "black box, with nothing inside.")
+                                        .arg(file.path, QString::number(unit.line), unit.name));
             m_repairs.faults().hollow.insert(name);
         }
         if (!bodies.isEmpty())

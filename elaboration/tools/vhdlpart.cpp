@@ -1,5 +1,6 @@
 #include "elaboration/tools/vhdlpart.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QRegExp>
@@ -10,6 +11,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlPart)
+};
 
 const char crashed[] = "GHDL Bug occurred";
 
@@ -50,7 +56,7 @@ VhdlPart::VhdlPart(const DesignInput &input, const ScratchDir &scratch, SafeName
 
 void VhdlPart::prepare(const Then &then)
 {
-    m_runner.tellStage(QLatin1String("Reading the VHDL files"));
+    m_runner.tellStage(Texts::tr("Reading the VHDL files"));
     m_analysis.run([=](const ToolResult &result) {
         QStringList messages = m_analysis.takeMessages();
         const bool isGood = result.isGood() && isAnythingLeft();
@@ -124,8 +130,8 @@ void VhdlPart::translate(QList<Wanted> wanted, bool areOptional, const Then &the
     const Wanted next = wanted.takeFirst();
     const auto others = [=] { translate(wanted, areOptional, then); };
     awaitScopes([=] {
-        m_runner.tellStage(QLatin1String("Translating VHDL entity ") +
-                           m_analysis.entities().value(next.entity));
+        m_runner.tellStage(
+            Texts::tr("Translating VHDL entity %1").arg(m_analysis.entities().value(next.entity)));
         m_isStarted = false;
         // What it is to write is known at once where the sources say how much there is.
         if (mayStart() && defaultsOf(next).isEmpty() &&
@@ -162,7 +168,7 @@ ToolCall VhdlPart::synthesis(const Wanted &wanted, const QString &folder) const
     }
     ToolCall call = m_analysis.call(arguments << wanted.entity, m_analysis.libraryOf(wanted.entity), folder);
     call.evaluatesSources = true;
-    call.subject = QLatin1String("VHDL entity ") + m_analysis.entities().value(wanted.entity);
+    call.subject = Texts::tr("VHDL entity %1").arg(m_analysis.entities().value(wanted.entity));
     call.outputFile = m_scratch.file(QLatin1String("entity.v"));
     return call;
 }
@@ -238,9 +244,9 @@ bool VhdlPart::hollowOut(const Wanted &wanted, const ToolResult &result, bool is
             return refuse(wanted, result, isOptional, then);
         QStringList &blamed = m_blamed[entity];
         if (isCrash)
-            blamed.append(QLatin1String("WARNING: GHDL crashed on VHDL entity ") +
-                          m_analysis.entities().value(entity) +
-                          QLatin1String(" and cannot translate what is in it."));
+            blamed.append(
+                Texts::tr("WARNING: GHDL crashed on VHDL entity %1 and cannot translate what is in it.")
+                    .arg(m_analysis.entities().value(entity)));
         else
             report(result, true, blamed);
         m_messages += blamed;
@@ -368,13 +374,14 @@ void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings, QStringL
     if (anyError)
         return;
     const bool isBug = result.errors.contains(crashed);
-    messages.append(QLatin1String(errorsAreWarnings ? "WARNING: " : "ERROR: ") + QLatin1String("GHDL ") +
-                    (isBug ? QString::fromLatin1("crashed")
-                           : QLatin1String("ended with code ") + QString::number(result.exitCode)) +
-                    QLatin1String(" and gave no design. Look for the VHDL source that causes it by leaving "
-                                  "files out, or check that ") +
-                    m_analysis.call(QStringList(QString()), QString()).program +
-                    QLatin1String(" is GHDL 2 or later.") + lastLine(result.errors));
+    messages.append(QLatin1String(errorsAreWarnings ? "WARNING: " : "ERROR: ") +
+                    (isBug ? Texts::tr("GHDL crashed and gave no design.")
+                           : Texts::tr("GHDL ended with code %1 and gave no design.").arg(result.exitCode)) +
+                    QLatin1Char(' ') +
+                    Texts::tr("Look for the VHDL source that causes it by leaving files out, or check that "
+                              "%1 is GHDL 2 or later.")
+                        .arg(m_analysis.call(QStringList(QString()), QString()).program) +
+                    lastLine(result.errors));
 }
 
 QStringList VhdlPart::refusals() const

@@ -1,5 +1,6 @@
 #include "elaboration/tools/vhdlrepairs.h"
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QRegExp>
 
@@ -10,6 +11,11 @@
 
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlRepairs)
+};
 
 const int mostRounds = 200; // each changes something
 
@@ -172,13 +178,15 @@ void VhdlRepairs::note(const QList<ToolMessage> &errors, QStringList &messages) 
 
 QString VhdlRepairs::missingSentence(const MissingPackage &package) const
 {
-    QString text = QString::fromLatin1("WARNING: %1:%2: package %3 is in no file of the project")
-                       .arg(package.file, QString::number(package.line), package.name);
+    const QString line = QString::number(package.line);
     for (const QString &file : m_input.disabledFiles) {
         if (declaresPackage(file, package.name.section(QLatin1Char('.'), -1)))
-            return text + QLatin1String(" that is enabled. It is in ") + file;
+            return Texts::tr("WARNING: %1:%2: package %3 is in no file of the project that is enabled. It is "
+                             "in %4")
+                .arg(package.file, line, package.name, file);
     }
-    return text;
+    return Texts::tr("WARNING: %1:%2: package %3 is in no file of the project")
+        .arg(package.file, line, package.name);
 }
 
 // What was missing is worth a word only where it was not enough to take something empty in its place.

@@ -1,5 +1,6 @@
 #include "elaboration/tools/vhdlpart.h"
 
+#include <QCoreApplication>
 #include <QRegExp>
 
 #include "elaboration/reading/ghdltree.h"
@@ -9,6 +10,11 @@
 // How the first moment of a VHDL entity is simulated, for its signals.
 namespace QUARRY {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::VhdlSimulation)
+};
 
 const int manyInstances = 500;
 
@@ -56,10 +62,11 @@ void VhdlPart::judgeForeign(QList<VhdlBatch> batches, const std::function<void()
 void VhdlPart::forbidRun(const QString &place)
 {
     m_mayRun = false;
-    m_messages.append(QLatin1String("WARNING: ") + place +
-                      QLatin1String("The attribute foreign can run code from outside the design. The VHDL is "
-                                    "therefore not started, and its signals are shown as GHDL translates "
-                                    "them."));
+    m_messages.append(
+        Texts::tr("WARNING: %1The attribute foreign can run code from outside the design. The VHDL is "
+                  "therefore not started, and its signals are shown as GHDL translates "
+                  "them.")
+            .arg(place));
 }
 
 // "/path/a.vhd:12: " of GHDL's "link3.vhd:12:5"
@@ -131,7 +138,7 @@ void VhdlPart::startSimulation(const Wanted &wanted, const QString &folder)
               << QLatin1String(isWave ? "--wave=" : "--vcd=") + m_waveform;
     ToolCall simulation = m_analysis.call(arguments, m_analysis.libraryOf(wanted.entity), folder);
     simulation.subject =
-        QLatin1String("the first moment of VHDL entity ") + m_analysis.entities().value(wanted.entity);
+        Texts::tr("the first moment of VHDL entity %1").arg(m_analysis.entities().value(wanted.entity));
     simulation.outputFile = m_scratch.file(QLatin1String("simulation.log"));
     simulation.seconds = 30;
     simulation.runsSources = true;

@@ -42,14 +42,16 @@ enum MatchFunction {
 struct FunctionText
 {
     const char *word; // in files
-    const char *name; // for people
+    const char *name; // for people, to be translated
     bool comparesNumbers;
     bool hasUpper; // a second value
 };
 inline constexpr FunctionText matchFunctions[] = {
-    {"equal", "Equal", false, false},    {"notEqual", "Not equal", false, false},
-    {"less", "Less", true, false},       {"greater", "Greater", true, false},
-    {"inRange", "In range", true, true},
+    {"equal", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Equal"), false, false},
+    {"notEqual", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Not equal"), false, false},
+    {"less", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Less"), true, false},
+    {"greater", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Greater"), true, false},
+    {"inRange", QT_TRANSLATE_NOOP("JEX::MatchFunction", "In range"), true, true},
 };
 static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
               "each function has a row");

@@ -1,5 +1,6 @@
 #include "model/jex/jexfile.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 #include "host/atomicfile.h"
@@ -11,6 +12,11 @@
 namespace JEX {
 
 namespace {
+
+struct JexFile
+{
+    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
+};
 
 template <class Core>
 QList<Core *> readCores(const QString &path, bool *ok, QString *errorMessage)
@@ -52,7 +58,7 @@ bool writeCores(const CoreList &cores, const QString &path, QString *errorMessag
         return true;
     }
     if (!isMade) {
-        error = QLatin1String("The file \"") + path + QLatin1String("\" is not written: ") + error;
+        error = JexFile::tr("The file \"%1\" is not written: %2").arg(path, error);
     }
     if (errorMessage) {
         *errorMessage = error;

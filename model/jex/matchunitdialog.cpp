@@ -48,14 +48,14 @@ QString digitsHelp(int function, ValueForm form)
 {
     const bool numbers = comparesNumbers(function);
     if (form == DecimalForm) {
-        return QString::fromLatin1("A number of the digits 0 to 9.");
+        return MatchUnitDialog::tr("A number of the digits 0 to 9.");
     }
     if (form == HexForm) {
-        return QString::fromLatin1(numbers ? "Each digit: 0 to 9 and A to F."
-                                           : "Each digit: 0 to 9, A to F, or X for bits of any level.");
+        return numbers ? MatchUnitDialog::tr("Each digit: 0 to 9 and A to F.")
+                       : MatchUnitDialog::tr("Each digit: 0 to 9, A to F, or X for bits of any level.");
     }
-    return QString::fromLatin1(numbers ? "Each bit: 0 or 1; the first one is the most significant."
-                                       : "Each bit: 0, 1, X any level, R rising edge, F falling edge, "
+    return numbers ? MatchUnitDialog::tr("Each bit: 0 or 1; the first one is the most significant.")
+                   : MatchUnitDialog::tr("Each bit: 0, 1, X any level, R rising edge, F falling edge, "
                                          "B either edge, N no edge.");
 }
 
@@ -76,7 +76,7 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
 {
     m_ui->setupUi(this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
-    setWindowTitle(QString::fromLatin1("Match Unit M%1").arg(unit->unitNumber));
+    setWindowTitle(tr("Match Unit M%1").arg(unit->unitNumber));
     offerPorts();
     for (int i = MatchEqual; i < MatchFunctionCount; ++i) {
         m_ui->comboFunction->addItem(matchFunctionName(i));
@@ -208,11 +208,11 @@ void MatchUnitDialog::onPortChange()
 void MatchUnitDialog::onFunctionChange()
 {
     const bool isRange = hasUpperValue(m_ui->comboFunction->currentIndex());
-    m_ui->labelValue->setText(QString::fromLatin1(isRange ? "&Lower Bound:" : "&Value:"));
+    m_ui->labelValue->setText(isRange ? tr("&Lower Bound:") : tr("&Value:"));
     m_ui->labelUpper->setVisible(isRange);
     m_ui->editUpper->setVisible(isRange);
     m_ui->treeBits->setColumnHidden(BitUpper, !isRange);
-    m_ui->treeBits->headerItem()->setText(BitValue, QString::fromLatin1(isRange ? "Lower" : "Value"));
+    m_ui->treeBits->headerItem()->setText(BitValue, isRange ? tr("Lower") : tr("Value"));
     const bool isNumber = comparesNumbers(m_ui->comboFunction->currentIndex());
     m_ui->radioDecimal->setEnabled(port() && isNumber);
     if (!isNumber && m_form == DecimalForm) {
@@ -281,7 +281,7 @@ QString MatchUnitDialog::toForm(ValueForm form)
 // The last thing that a slot does: the dialog may be gone afterwards, with its parent.
 void MatchUnitDialog::warn(const QString &fault)
 {
-    QUtil::messageBox(this, QMessageBox::Warning, QString::fromLatin1("Warning"), fault);
+    QUtil::messageBox(this, QMessageBox::Warning, tr("Warning"), fault);
 }
 
 void MatchUnitDialog::onTextChange()

@@ -8,7 +8,12 @@ namespace JEX {
 
 namespace {
 
-const char *const headers[] = {"Enabled", "Number", "Unit", "Trigger Port", "Function", "Value"};
+const char *const headers[] = {QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Enabled"),
+                               QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Number"),
+                               QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Unit"),
+                               QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Trigger Port"),
+                               QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Function"),
+                               QT_TRANSLATE_NOOP("JEX::MatchUnitModel", "Value")};
 static_assert(sizeof headers / sizeof *headers == MatchUnitModel::ColumnCount, "each column has a header");
 
 QVariant cellText(const MatchUnit &unit, int column)
@@ -111,7 +116,7 @@ QVariant MatchUnitModel::headerData(int section, Qt::Orientation orientation, in
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount) {
         return QAbstractTableModel::headerData(section, orientation, role);
     }
-    return QString::fromLatin1(headers[section]);
+    return tr(headers[section]);
 }
 
 Qt::ItemFlags MatchUnitModel::flags(const QModelIndex &index) const

@@ -1,8 +1,15 @@
 #include "model/jex/matchvalue.h"
 
+#include <QCoreApplication>
+
 namespace JEX {
 
 namespace {
+
+struct MatchValue
+{
+    Q_DECLARE_TR_FUNCTIONS(JEX::MatchValue)
+};
 
 const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
@@ -18,9 +25,9 @@ bool isFunction(int number)
     return number >= MatchEqual && number < MatchFunctionCount;
 }
 
-QString counted(int count, const char *thing)
+QString countedBits(int count)
 {
-    return QString::number(count) + latin(" ") + latin(thing) + latin(count == 1 ? "" : "s");
+    return count == 1 ? MatchValue::tr("1 bit") : MatchValue::tr("%1 bits").arg(count);
 }
 
 // The first character that is not one of these; null when all are.
@@ -35,9 +42,9 @@ QChar strayCharacter(const QString &text, const char *taken)
     return QChar();
 }
 
-QString strayFault(const QString &name, QChar stray, const char *taken)
+QString strayFault(const QString &name, QChar stray, const QString &taken)
 {
-    return name + latin(" cannot hold \"") + stray + latin("\": ") + latin(taken);
+    return MatchValue::tr("%1 cannot hold \"%2\": %3").arg(name, QString(stray), taken);
 }
 
 // How many bits the first digit stands for.
@@ -80,7 +87,7 @@ QString decimalFault(const QString &digits, int width, const QString &name)
 {
     const QChar stray = strayCharacter(digits, "0123456789");
     if (!stray.isNull()) {
-        return strayFault(name, stray, "a decimal number has the digits 0 to 9.");
+        return strayFault(name, stray, MatchValue::tr("a decimal number has the digits 0 to 9."));
     }
     bool isNumber = false;
     const quint64 number = digits.toULongLong(&isNumber);
@@ -88,9 +95,9 @@ QString decimalFault(const QString &digits, int width, const QString &name)
     if (isNumber && number <= limit) {
         return QString();
     }
-    return digits.isEmpty() ? name + latin(" is empty.")
-                            : name + latin(" is larger than ") + QString::number(limit) +
-                                  latin(", the largest number of ") + counted(width, "bit") + latin(".");
+    return digits.isEmpty() ? MatchValue::tr("%1 is empty.").arg(name)
+                            : MatchValue::tr("%1 is larger than %2, the largest number of %3.")
+                                  .arg(name, QString::number(limit), countedBits(width));
 }
 
 } // namespace
@@ -112,7 +119,9 @@ bool hasUpperValue(int function)
 
 QString matchFunctionName(int function)
 {
-    return isFunction(function) ? latin(matchFunctions[function].name) : QString();
+    return isFunction(function)
+               ? QCoreApplication::translate("JEX::MatchFunction", matchFunctions[function].name)
+               : QString();
 }
 
 QString bitsFault(const QString &bits, int function, int width, const QString &name)
@@ -120,20 +129,22 @@ QString bitsFault(const QString &bits, int function, int width, const QString &n
     QChar stray = strayCharacter(bits, bitCharacters);
     if (!stray.isNull()) {
         return strayFault(name, stray,
-                          comparesNumbers(function) ? "each bit is 0 or 1."
-                                                    : "each bit is 0, 1, X (any level), R (rising edge), "
-                                                      "F (falling edge), B (either edge) or N (no edge).");
+                          comparesNumbers(function)
+                              ? MatchValue::tr("each bit is 0 or 1.")
+                              : MatchValue::tr("each bit is 0, 1, X (any level), R (rising edge), "
+                                               "F (falling edge), B (either edge) or N (no edge)."));
     }
     stray = strayCharacter(bits, "01");
     if (comparesNumbers(function) && !stray.isNull()) {
-        return latin("The function \"") + matchFunctionName(function) +
-               latin("\" compares numbers and takes no \"") + stray + latin("\": each bit must be 0 or 1.");
+        return MatchValue::tr(
+                   "The function \"%1\" compares numbers and takes no \"%2\": each bit must be 0 or 1.")
+            .arg(matchFunctionName(function), QString(stray));
     }
     if (bits.size() == width) {
         return QString();
     }
-    return name + latin(" has ") + counted(bits.size(), "bit") + latin(", but the trigger port has ") +
-           QString::number(width) + latin(".");
+    return MatchValue::tr("%1 has %2, but the trigger port has %3.")
+        .arg(name, countedBits(bits.size()), QString::number(width));
 }
 
 QString rangeFault(const QString &lower, const QString &upper)
@@ -142,27 +153,28 @@ QString rangeFault(const QString &lower, const QString &upper)
     if (lower <= upper) {
         return QString();
     }
-    return latin("The lower bound ") + lower + latin(" is above the upper bound ") + upper + latin(".");
+    return MatchValue::tr("The lower bound %1 is above the upper bound %2.").arg(lower, upper);
 }
 
 QString hexFault(const QString &hex, int width, const QString &name)
 {
     const QChar stray = strayCharacter(hex, "0123456789ABCDEFX");
     if (!stray.isNull()) {
-        return strayFault(name, stray,
-                          "each hexadecimal digit is 0 to 9, A to F, or X for bits of any level.");
+        return strayFault(
+            name, stray,
+            MatchValue::tr("each hexadecimal digit is 0 to 9, A to F, or X for bits of any level."));
     }
     const int digits = hexDigitsFor(width);
     if (hex.size() != digits) {
-        return name + latin(" has ") + counted(hex.size(), "hexadecimal digit") + latin(", but the ") +
-               counted(width, "bit") + latin(" of the trigger port take ") + QString::number(digits) +
-               latin(".");
+        const QString has = hex.size() == 1 ? MatchValue::tr("1 hexadecimal digit")
+                                            : MatchValue::tr("%1 hexadecimal digits").arg(hex.size());
+        return MatchValue::tr("%1 has %2, but the %3 of the trigger port take %4.")
+            .arg(name, has, countedBits(width), QString::number(digits));
     }
     const int limit = (1 << firstDigitBits(width)) - 1;
     if (width && digitValue(hex.at(0)) > limit) {
-        return name + latin(" begins with ") + hex.at(0) + latin(", but its first digit stands for ") +
-               counted(firstDigitBits(width), "bit") + latin(" only and is at most ") +
-               QString::number(limit) + latin(".");
+        return MatchValue::tr("%1 begins with %2, but its first digit stands for %3 only and is at most %4.")
+            .arg(name, QString(hex.at(0)), countedBits(firstDigitBits(width)), QString::number(limit));
     }
     return QString();
 }
@@ -234,20 +246,20 @@ QString bitsInForm(const QString &bits, ValueForm form)
 
 QString noFormFault(const QString &bits, ValueForm form)
 {
-    return latin("The value ") + bits +
-           latin(form == DecimalForm
-                     ? " has no decimal form: each bit must be 0 or 1."
-                     : " has no hexadecimal form: the bits of a digit must all be 0 or 1, or all be X.");
+    return (form == DecimalForm ? MatchValue::tr("The value %1 has no decimal form: each bit must be 0 or 1.")
+                                : MatchValue::tr("The value %1 has no hexadecimal form: the bits of a digit "
+                                                 "must all be 0 or 1, or all be X."))
+        .arg(bits);
 }
 
 QString valueName(int function)
 {
-    return latin(hasUpperValue(function) ? "The lower bound" : "The value");
+    return hasUpperValue(function) ? MatchValue::tr("The lower bound") : MatchValue::tr("The value");
 }
 
 QString upperName()
 {
-    return latin("The upper bound");
+    return MatchValue::tr("The upper bound");
 }
 
 QString matchUnitFault(const MatchUnit &unit)
@@ -257,8 +269,8 @@ QString matchUnitFault(const MatchUnit &unit)
     }
     const int width = unit.triggerPort->width();
     if (!width) {
-        return latin("Trigger Port ") + QString::number(unit.triggerPort->portNumber) +
-               latin(" holds no signals: fill it first, or choose another one.");
+        return MatchValue::tr("Trigger Port %1 holds no signals: fill it first, or choose another one.")
+            .arg(unit.triggerPort->portNumber);
     }
     QString fault = bitsFault(unit.value, unit.function, width, valueName(unit.function));
     if (fault.isEmpty() && hasUpperValue(unit.function)) {
@@ -269,20 +281,21 @@ QString matchUnitFault(const MatchUnit &unit)
 
 QString matchValueText(const MatchUnit &unit)
 {
-    return hasUpperValue(unit.function) ? unit.value + latin(" to ") + unit.upperValue : unit.value;
+    return hasUpperValue(unit.function) ? MatchValue::tr("%1 to %2").arg(unit.value, unit.upperValue)
+                                        : unit.value;
 }
 
 QString portText(const TriggerPort *port)
 {
     if (!port) {
-        return latin("Not bound");
+        return MatchValue::tr("Not bound");
     }
-    return QString::number(port->portNumber) + latin(" (") + counted(port->width(), "bit") + latin(")");
+    return MatchValue::tr("%1 (%2)").arg(QString::number(port->portNumber), countedBits(port->width()));
 }
 
 QString portTitle(const TriggerPort *port)
 {
-    return latin(port ? "Trigger Port " : "") + portText(port);
+    return port ? MatchValue::tr("Trigger Port %1").arg(portText(port)) : portText(port);
 }
 
 } // namespace JEX

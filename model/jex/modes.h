@@ -30,10 +30,10 @@ constexpr JexMode modeOf<AOCore_Lite>()
     return LiteMode;
 }
 
-const char *modeName(JexMode mode);       // "Standard", "Lite", as a file has it; null for neither
-JexMode modeNamed(const QString &name);   // in that spelling; InvalidMode for another name
-QStringList modeNames();                  // of all modes
-CoreList emptyListOf(JexMode mode);       // any one for InvalidMode
+const char *modeName(JexMode mode);     // "Standard", "Lite", as a file has it; null for neither
+JexMode modeNamed(const QString &name); // in that spelling; InvalidMode for another name
+QStringList modeNames();                // of all modes
+CoreList emptyListOf(JexMode mode);     // any one for InvalidMode
 void deleteCores(const CoreList &cores);
 
 // A core as the editor makes it.

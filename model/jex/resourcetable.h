@@ -21,7 +21,7 @@ struct Resource
 {
     JEX::Implementation code;
     const char *name;       // for people and in files
-    const char *amountName; // over what a device has of it
+    const char *amountName; // over what a device has of it; to be translated
     const char *usageText;  // before required and available; to be translated
     const char *one, *many; // of what is counted
     const char *liteText;   // what the Lite page looks for in its box
@@ -40,7 +40,7 @@ constexpr Resource resources[] = {
      "memory", "memories", "BSRAM", "block", anyCapture, OneEach, true, true},
     {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
      "memory", "memories", "SSRAM", "distributed", anyCapture, TablesEach, false, false},
-    {JEX::RegImplementation, "REG", "registers",
+    {JEX::RegImplementation, "REG", QT_TRANSLATE_NOOP("JEX_TOOL::Resource", "registers"),
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
      "registers", 512, TablesAndOneEach, true, false},
 };

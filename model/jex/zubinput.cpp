@@ -1,5 +1,6 @@
 #include "model/jex/zubinput.h"
 
+#include <QCoreApplication>
 #include <QRegExp>
 
 #include <cstring>
@@ -11,6 +12,11 @@
 namespace JEX {
 
 namespace {
+
+struct JexFile
+{
+    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
+};
 
 const qint64 sizeLimit = 64 * QUtil::MiB;
 const int attributeLimit = 64; // the XML reader compares each with each
@@ -126,7 +132,7 @@ private:
 
 bool fail(const QString &name, const QString &reason, QString *error)
 {
-    *error = latin("The file \"") + name + latin("\" cannot be read: ") + reason + latin(".");
+    *error = JexFile::tr("The file \"%1\" cannot be read: %2.").arg(name, reason);
     return false;
 }
 

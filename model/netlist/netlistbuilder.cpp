@@ -1,10 +1,20 @@
 #include "model/netlist/netlistbuilder.h"
 
+#include <QCoreApplication>
+
 #include "model/netlist/rtlmodule.h"
 
 #include <algorithm>
 
 namespace QUARRY {
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::NetlistBuilder)
+};
+
+} // namespace
 
 NetlistBuilder::NetlistBuilder() : m_netlist(new RtlNetlist)
 {
@@ -20,10 +30,9 @@ int NetlistBuilder::addModule(const ModuleDecl &module)
     kept.name = module.name;
     kept.isScope = module.isScope;
     if (bits > maxNets)
-        m_overflow =
-            QString::fromLatin1("ERROR: Module %1 has %2 nets, and a design can have %3 here. Look for a "
-                                "range that is too large in it.")
-                .arg(module.name, QString::number(bits), QString::number(maxNets));
+        m_overflow = Texts::tr("ERROR: Module %1 has %2 nets, and a design can have %3 here. Look for a "
+                               "range that is too large in it.")
+                         .arg(module.name, QString::number(bits), QString::number(maxNets));
     else
         kept.nets = module.nets;
     m_netlist->m_modules.push_back(std::make_unique<RtlModule>(kept));
@@ -33,10 +42,9 @@ int NetlistBuilder::addModule(const ModuleDecl &module)
 void NetlistBuilder::expectInstances(qint64 count)
 {
     if (qint64(m_netlist->m_nodes.size()) + count > maxInstances)
-        m_overflow =
-            QString::fromLatin1("ERROR: The design has more than %1 instances. Look for a loop or an array "
-                                "of instances that is too large.")
-                .arg(maxInstances);
+        m_overflow = Texts::tr("ERROR: The design has more than %1 instances. Look for a loop or an array "
+                               "of instances that is too large.")
+                         .arg(maxInstances);
 }
 
 Hierachy *NetlistBuilder::addTop(const QString &instanceName, int module)
@@ -51,10 +59,9 @@ Hierachy *NetlistBuilder::addInstance(Hierachy *parent, const QString &instanceN
     expectInstances(1);
     m_netCount += declarations.slotCount();
     if (m_netCount > maxNets)
-        m_overflow =
-            QString::fromLatin1("ERROR: The design has more than %1 nets. Look for a range, a loop or an "
-                                "array that is too large.")
-                .arg(maxNets);
+        m_overflow = Texts::tr("ERROR: The design has more than %1 nets. Look for a range, a loop or an "
+                               "array that is too large.")
+                         .arg(maxNets);
     m_netlist->m_nodes.emplace_back();
     Hierachy *node = &m_netlist->m_nodes.back();
     node->instanceName = instanceName;

@@ -72,6 +72,39 @@ private Q_SLOTS:
 
     // A window needs a display, and what nobody looks at does not. The notes of the editor are for those who
     // ask for them.
+#ifdef SOC
+    // Windows speak the user's language, and what scripts read is English.
+    void language_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("English") << "C.UTF-8"
+                                 << "--shot" << QByteArray("Message box \"Error: Can not open ");
+        QTest::newRow("German") << "de_DE.UTF-8"
+                                << "--shot" << QByteArray("Message box \"Fehler: ");
+        QTest::newRow("report") << "de_DE.UTF-8"
+                                << "--report" << QByteArray("Message box \"Error: Can not open ");
+    }
+    void language()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, option);
+        QFETCH(QByteArray, text);
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove("LANGUAGE");
+        environment.insert("LC_ALL", locale);
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_dir.path());
+        const QString picture = option == "--shot" ? "=language.png" : "";
+        process.start(WORKBENCH, {option + picture, "a design.v", "bad.zub"});
+        QVERIFY(process.waitForFinished(120000));
+        const QByteArray output = process.readAllStandardOutput();
+        QVERIFY2(output.contains(text), output);
+    }
+#endif
+
     void withoutADisplay_data()
     {
         QTest::addColumn<QStringList>("arguments");
