@@ -31,6 +31,8 @@ const struct
     {"Close All", "window-close"},
     {"Close as Draft", "document-edit"},
     {"Close Project", "project-development-close"},
+    {"Clear", "edit-clear-all"},
+    {"Copy", "edit-copy"},
     {"Copy Signals", "edit-copy"},
     {"Device", "cpu"},
     {"Duplicate Core", "tab-duplicate"},
@@ -55,11 +57,13 @@ const struct
     {"Redo", "edit-redo"},
     {"Reload", "view-refresh"},
     {"Remove Files", "list-remove"},
+    {"Remove from Project", "list-remove"},
     {"Save", "document-save"},
     {"Save All", "document-save-all"},
     {"Save As", "document-save-as"},
     {"Save Project", "document-save"},
     {"Save Project As", "document-save-as"},
+    {"Show", "go-jump"},
     {"Simulate Capture", "media-playback-start"},
     {"Source Command", "utilities-terminal"},
     {"Undo", "edit-undo"},
@@ -105,10 +109,14 @@ void setIcons(QWidget *window, QMenuBar *menus)
 {
     initializeImages();
     window->setWindowIcon(QIcon::fromTheme("jexworkbench", QIcon(":/workbench/jexworkbench.svg")));
-    for (const QMenu *menu : menus->findChildren<QMenu *>()) {
-        for (QAction *action : menu->actions())
-            setIconOf(action);
-    }
+    for (const QMenu *menu : menus->findChildren<QMenu *>())
+        setIcons(menu);
+}
+
+void setIcons(const QMenu *menu)
+{
+    for (QAction *action : menu->actions())
+        setIconOf(action);
 }
 
 } // namespace Workbench

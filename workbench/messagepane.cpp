@@ -19,6 +19,7 @@
 #include "host/atomicfile.h"
 #include "host/modal.h"
 #include "host/rowdelegate.h"
+#include "workbench/icons.h"
 #include "workbench/messagemodel.h"
 
 namespace Workbench {
@@ -281,6 +282,7 @@ void MessagePane::showMenu(const QPoint &position)
     menu->addAction("&Copy", [this] { copy(); })->setShortcut(QKeySequence::Copy);
     menu->addAction("&Save...", [this] { save(); });
     menu->addAction("C&lear", [this] { m_model->clear(); });
+    setIcons(menu.data());
     menu->exec(m_list->viewport()->mapToGlobal(position));
 }
 

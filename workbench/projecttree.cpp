@@ -17,6 +17,7 @@
 #include "host/modal.h"
 #include "host/project.h"
 #include "host/regularfile.h"
+#include "workbench/icons.h"
 #include "workbench/topmodules.h"
 
 namespace Workbench {
@@ -77,7 +78,7 @@ QString deviceText(const DEV::DeviceArg &device)
 
 QString topText(const QString &top)
 {
-    return top.isEmpty() ? "Top module: found from the sources" : "Top module: " + top;
+    return top.isEmpty() ? "Top module: from the sources" : "Top module: " + top;
 }
 
 } // namespace
@@ -277,6 +278,7 @@ QMenu *ProjectTree::createFileMenu()
     open->setShortcut(Qt::Key_Return);
     for (QAction *action : {open, remove})
         action->setShortcutContext(Qt::WidgetShortcut);
+    setIcons(menu);
     return menu;
 }
 

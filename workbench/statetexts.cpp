@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/designmanager.h"
+#include "host/iview.h"
 #include "host/project.h"
 
 namespace Workbench {
@@ -32,6 +33,12 @@ QString deviceText(const DEV::DeviceArg &device)
 {
     return device.partNumber.isEmpty() ? "Device: none, so usages are measured against 0"
                                        : "Device: " + device.partNumber;
+}
+
+QString nameOf(const Core::IView *view)
+{
+    const QString title = view->shortTitle();
+    return title.endsWith(" *") ? title.chopped(2) : title;
 }
 
 } // namespace Workbench
