@@ -27,6 +27,7 @@ QString unconfiningFolder(const Context &context);
 // The groups of rows, one file each.
 void measureNetlist(Context &context);
 void measureSearch(Context &context);
+void measureFilter(Context &context);
 void measureWide();
 void measureConfiguration(Context &context);
 void measureSignals(Context &context);

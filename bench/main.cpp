@@ -67,6 +67,11 @@ int main(int argc, char **argv)
         measureEditor(context);
         return 0;
     }
+    if (application.arguments().contains(QStringLiteral("--filter"))) {
+        context.netlist = context.design.netlist();
+        measureFilter(context);
+        return 0;
+    }
     // First, while no larger tool has run.
     measureInsertion(context);
     if (application.arguments().contains(QStringLiteral("--insertion")))
@@ -75,6 +80,7 @@ int main(int argc, char **argv)
     if (!onlyOpening) {
         measureNetlist(context);
         measureSearch(context);
+        measureFilter(context);
         measureWide();
         measureConfiguration(context);
         measureResultTree(context);

@@ -24,6 +24,7 @@ struct NamedSignals
 // Signals travel as the capture list of a Lite file, so that there is one form of a record.
 const char recordFormat[] = "application/x-jex-signals";
 const int largestClipboard = 64 * 1024 * 1024; // bytes; others can put anything there
+const int mostPasted = 250000;                 // names, which are looked up while the user waits
 
 QString latin(const char *text)
 {
@@ -174,8 +175,14 @@ QMimeData *dataOfSignals(const QList<JEX::SignalItem> &items)
 QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNetlist *netlist,
                                      QStringList *faults)
 {
-    if (!data.hasFormat(latin(recordFormat)))
-        return signalsNamed(netlist, signalNames(data.text().left(largestClipboard)), faults);
+    if (!data.hasFormat(latin(recordFormat))) {
+        const QStringList names = signalNames(data.text().left(largestClipboard));
+        if (names.size() > mostPasted)
+            faults->append(latin("There are %1 names, of which the first %2 were looked up.")
+                               .arg(names.size())
+                               .arg(mostPasted));
+        return signalsNamed(netlist, names.mid(0, mostPasted), faults);
+    }
     QList<JEX::SignalItem> items;
     for (JEX::SignalItem item : recordsOf(data.data(latin(recordFormat)))) {
         const QStringList missing = missingNames(netlist, item);

@@ -43,6 +43,10 @@ const struct
     {"Workbench::RunMenu", "&Insert into Design...", "run-build"},
     {"Workbench::RowMenu", "Move Rows &Down", "go-down"},
     {"Workbench::RowMenu", "Move Rows &Up", "go-up"},
+    {"Workbench::MessagePane", "C&lear", "edit-clear-all"},
+    {"Workbench::MessagePane", "&Copy", "edit-copy"},
+    {"Workbench::MessagePane", "&Save...", "document-save"},
+    {"Workbench::MessagePane", "&Show", "go-jump"},
     {"Workbench::MainWindow", "&New...", "document-new"},
     {"Workbench::MainWindow", "&New Project...", "project-development-new-template"},
     {"Workbench::MainWindow", "&Open...", "document-open"},
@@ -50,6 +54,8 @@ const struct
     {"Workbench::RunMenu", "&Open Waveform", "view-statistics"},
     {"Workbench::MainWindow", "O&ptions...", "configure"},
     {"Workbench::SignalTransfer", "&Paste Signals", "edit-paste"},
+    {"Workbench::ProjectTree", "&Open", "document-open"},
+    {"Workbench::ProjectTree", "&Remove from Project", "list-remove"},
     {"Workbench::MainWindow", "&Quit", "application-exit"},
     {"Workbench::FileMenu", "Recent &Files", "document-open-recent"},
     {"Workbench::FileMenu", "&Recent Projects", "document-open-recent"},
@@ -100,10 +106,14 @@ void setIcons(QWidget *window, QMenuBar *menus)
 {
     initializeImages();
     window->setWindowIcon(QIcon::fromTheme("jexworkbench", QIcon(":/workbench/jexworkbench.svg")));
-    for (const QMenu *menu : menus->findChildren<QMenu *>()) {
-        for (QAction *action : menu->actions())
-            setIconOf(action);
-    }
+    for (const QMenu *menu : menus->findChildren<QMenu *>())
+        setIcons(menu);
+}
+
+void setIcons(const QMenu *menu)
+{
+    for (QAction *action : menu->actions())
+        setIconOf(action);
 }
 
 } // namespace Workbench

@@ -1,5 +1,6 @@
 #pragma once
 
+class QMenu;
 class QMenuBar;
 class QWidget;
 
@@ -11,5 +12,6 @@ void chooseIcons();
 
 // Icons for the entries of the menus, by their texts, and for the window.
 void setIcons(QWidget *window, QMenuBar *menus);
+void setIcons(const QMenu *menu); // of one that a list shows
 
 } // namespace Workbench

@@ -19,6 +19,7 @@
 #include "host/atomicfile.h"
 #include "host/modal.h"
 #include "host/rowdelegate.h"
+#include "workbench/icons.h"
 #include "workbench/messagemodel.h"
 
 namespace Workbench {
@@ -282,6 +283,7 @@ void MessagePane::showMenu(const QPoint &position)
     menu->addAction(tr("&Copy"), [this] { copy(); })->setShortcut(QKeySequence::Copy);
     menu->addAction(tr("&Save..."), [this] { save(); });
     menu->addAction(tr("C&lear"), [this] { m_model->clear(); });
+    setIcons(menu.data());
     menu->exec(m_list->viewport()->mapToGlobal(position));
 }
 

@@ -12,6 +12,7 @@
 #include "model/jex/jexfile.h"
 #include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
+#include "workbench/statetexts.h"
 #include "workbench/workspace.h"
 
 namespace Workbench {
@@ -32,12 +33,6 @@ QString sourceOf(const Core::IView *view)
 }
 
 // The same whether there are edits or not, so that a finding stays the same message.
-QString nameOf(const Core::IView *view)
-{
-    const QString title = view->shortTitle();
-    return title.endsWith(" *") ? title.chopped(2) : title;
-}
-
 Message designMessage(const QString &text)
 {
     Message message;

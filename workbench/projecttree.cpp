@@ -17,6 +17,7 @@
 #include "host/modal.h"
 #include "host/project.h"
 #include "host/regularfile.h"
+#include "workbench/icons.h"
 #include "workbench/topmodules.h"
 
 namespace Workbench {
@@ -78,7 +79,7 @@ QString deviceText(const DEV::DeviceArg &device)
 
 QString topText(const QString &top)
 {
-    return top.isEmpty() ? ProjectTree::tr("Top module: found from the sources")
+    return top.isEmpty() ? ProjectTree::tr("Top module: from the sources")
                          : ProjectTree::tr("Top module: %1").arg(top);
 }
 
@@ -279,6 +280,7 @@ QMenu *ProjectTree::createFileMenu()
     open->setShortcut(Qt::Key_Return);
     for (QAction *action : {open, remove})
         action->setShortcutContext(Qt::WidgetShortcut);
+    setIcons(menu);
     return menu;
 }
 

@@ -17,6 +17,7 @@ namespace {
 
 const char *const stateSuffix = ".state";
 const char *const draftFolder = "drafts";
+const int mostAttempts = 20;
 const qint64 largestState = 256 * QUtil::MiB;
 
 const struct
@@ -88,13 +89,15 @@ bool makePrivate(const QString &folder, QString *error)
     return false;
 }
 
-// With nothing in it but its lock, if so.
+// Under another name first, since somebody may be about to lock it. Its lock is held, and goes with it.
 void removeIfEmpty(const QString &session)
 {
-    if (QDir(session).entryList({QString('*') + stateSuffix}, QDir::Files).isEmpty()) {
-        QFile::remove(lockOf(session));
-        QDir().rmdir(session);
-    }
+    const QString leaving = QFileInfo(session).path() + "/leaving-" + QFileInfo(session).fileName();
+    if (!QDir(session).entryList({QString('*') + stateSuffix}, QDir::Files).isEmpty() ||
+        !QDir().rename(session, leaving))
+        return;
+    QFile::remove(lockOf(leaving));
+    QDir().rmdir(leaving);
 }
 
 } // namespace
@@ -110,10 +113,8 @@ RecoveryStore::~RecoveryStore()
     for (const QString &name : QDir(m_folder).entryList({"session-*"}, QDir::Dirs | QDir::NoSymLinks)) {
         QLockFile lock(lockOf(m_folder + '/' + name));
         lock.setStaleLockTime(0);
-        if (lock.tryLock(0)) {
-            lock.unlock();
+        if (lock.tryLock(0))
             removeIfEmpty(m_folder + '/' + name);
-        }
     }
 }
 
@@ -121,17 +122,24 @@ bool RecoveryStore::openSession(QString *error)
 {
     if (!m_session.isEmpty())
         return true;
-    const QString session = QString("%1/session-%2-%3")
-                                .arg(m_folder)
-                                .arg(QCoreApplication::applicationPid())
-                                .arg(QDateTime::currentMSecsSinceEpoch());
-    if (!makePrivate(m_folder, error) || !makePrivate(session, error))
-        return false;
-    m_lock = std::make_unique<QLockFile>(lockOf(session));
-    m_lock->setStaleLockTime(0); // it lives as long as its process
-    m_lock->tryLock(0);
-    m_session = session;
-    return true;
+    // Another workbench that ends takes a folder that nobody has locked yet for one that was left.
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const QString session = QString("%1/session-%2-%3")
+                                    .arg(m_folder)
+                                    .arg(QCoreApplication::applicationPid())
+                                    .arg(QDateTime::currentMSecsSinceEpoch() + attempt);
+        if (!makePrivate(m_folder, error) || !makePrivate(session, error))
+            return false;
+        m_lock = std::make_unique<QLockFile>(lockOf(session));
+        m_lock->setStaleLockTime(0); // it lives as long as its process
+        if (m_lock->tryLock(0) && QFile::exists(lockOf(session))) {
+            m_session = session;
+            return true;
+        }
+    }
+    *error = "No folder in \"" + QDir::toNativeSeparators(m_folder) +
+             "\", which keeps what is edited for the case of a crash, can be locked.";
+    return false;
 }
 
 QString RecoveryStore::placeOf(const KeptState &state) const

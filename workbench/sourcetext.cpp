@@ -15,6 +15,7 @@ struct Texts
 
 const qint64 sizeLimit = 8 * QUtil::MiB;
 const int colourLimit = 1 << 20; // letters
+const int longColoured = 1000;   // letters of a line: finding colours takes more for each, the more there are
 const int lineLimit = 4000;      // letters that are shown of a line
 const int mostLines = 300000;    // that are shown: each takes the widget memory and time
 
@@ -36,6 +37,16 @@ bool cutEnd(QString &text)
     const bool isCut = end + 1 < text.size();
     text.truncate(isCut ? end : text.size());
     return isCut;
+}
+
+bool hasLongLine(const QString &text)
+{
+    int from = 0, end = 0;
+    for (; (end = text.indexOf('\n', from)) >= 0; from = end + 1) {
+        if (end - from > longColoured)
+            return true;
+    }
+    return text.size() - from > longColoured;
 }
 
 bool cutLines(QString &text)
@@ -80,7 +91,7 @@ SourceText readSourceText(const QString &path)
         if (endsNoLine(letter))
             letter = ' ';
     }
-    source.isLarge = source.text.size() > colourLimit;
+    source.isLarge = source.text.size() > colourLimit || hasLongLine(source.text);
     QStringList notices;
     if (cutEnd(source.text))
         notices << Texts::tr("The first %1 lines are shown.").arg(mostLines);

@@ -10,7 +10,7 @@ struct SourceText
 {
     QString text;
     QString notice;       // what is not shown, or why nothing is; empty: all is shown
-    bool isLarge = false; // too large to be coloured
+    bool isLarge = false; // too large to be coloured, or with too long lines
 };
 
 // Opens nothing but a regular file, and waits for nothing.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/designmanager.h"
+#include "host/iview.h"
 #include "host/project.h"
 
 namespace Workbench {
@@ -36,6 +37,12 @@ QString deviceText(const DEV::DeviceArg &device)
 {
     return device.partNumber.isEmpty() ? Texts::tr("Device: none, so usages are measured against 0")
                                        : Texts::tr("Device: %1").arg(device.partNumber);
+}
+
+QString nameOf(const Core::IView *view)
+{
+    const QString title = view->shortTitle();
+    return title.endsWith(" *") ? title.chopped(2) : title;
 }
 
 } // namespace Workbench

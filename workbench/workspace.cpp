@@ -22,6 +22,7 @@
 #include "model/jex/jexfile.h"
 #include "workbench/projectwatch.h"
 #include "workbench/question.h"
+#include "workbench/statetexts.h"
 
 namespace Workbench {
 
@@ -81,7 +82,7 @@ void Workspace::tellFindings(Core::IView *view)
     });
     Q_EMIT findingsTold(view, findings);
     if (!hasStale && view->property(hadStale).toBool())
-        Q_EMIT message(tr("%1: The design has all signals again.").arg(view->shortTitle()), false);
+        Q_EMIT message(tr("%1: The design has all signals again.").arg(nameOf(view)), false);
     view->setProperty(hadStale, hasStale);
 }
 

@@ -47,6 +47,7 @@ struct BlankedNames
     }
     // Whether the text may use one of them.
     bool areIn(const QByteArray &text) const;
+    bool includesOne(const QByteArray &text) const; // of the includables
 };
 
 } // namespace QUARRY

@@ -89,6 +89,7 @@ class HostileTextsTest : public QObject
 private Q_SLOTS:
     void repairs_data();
     void repairs();
+    void namesInATalkativeSource();
     void caseGenerates();
     void lineFarAway();
     void typesOfPackages();
@@ -133,6 +134,22 @@ void HostileTextsTest::repairs()
     BlankedNames names;
     repairSource(text, VerilogSource, HideAssertions, names);
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+// A source of 8 MiB, and as many names of files as a project may have.
+void HostileTextsTest::namesInATalkativeSource()
+{
+    BlankedNames names;
+    for (int i = 0; i < 5000; ++i)
+        names.includables.insert("lets_of_part_" + QByteArray::number(i) + ".svh", VerilogLets());
+    QByteArray text = QByteArray("  `include \"lets_of_part_x.svh\"\n").repeated(250000);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!names.areIn(text));
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    for (const char *use : {"`include \"lets_of_part_4999.svh\"", "`include <../inc/lets_of_part_0.svh>",
+                            "`define USED \"lets_of_part_7.svh\""})
+        QVERIFY2(names.areIn(text + use), use);
 }
 
 // The selector stands once in the source, and in the condition of each choice.

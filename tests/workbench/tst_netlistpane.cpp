@@ -218,6 +218,10 @@ private Q_SLOTS:
         QVERIFY(messages->model()->rowCount() - before < 100);
         QVERIFY(messages->toPlainText().contains("  And 199950 more like that."));
         QCOMPARE(view()->findChild<QTreeWidget *>("treeWidgetSignal")->topLevelItemCount(), 2);
+        QApplication::clipboard()->setText("top/ready\n" + QString("x\n").repeated(1000000));
+        m_window->findChild<QAction *>("pasteSignals")->trigger();
+        QVERIFY(messages->toPlainText().contains("There are 1000001 names, of which the first 250000 were "
+                                                 "looked up."));
     }
 
     // One step of undo, with what was not saved; at most 16 cores.

@@ -74,6 +74,16 @@ private Q_SLOTS:
         QVERIFY(readSourceText(dir.path("gone")).notice.startsWith("Can not show "));
     }
 
+    // The work grows with more than the length of a line.
+    void longLinesHaveNoColours()
+    {
+        const Folder dir;
+        const QByteArray word = "wire a; ";
+        QVERIFY(!readSourceText(dir.write("a.v", word.repeated(120) + '\n' + word)).isLarge);
+        QVERIFY(readSourceText(dir.write("b.v", word + '\n' + word.repeated(130) + '\n' + word)).isLarge);
+        QVERIFY(readSourceText(dir.write("c.v", word + '\n' + word.repeated(130))).isLarge);
+    }
+
     // Each line takes the widget some hundred bytes, and some time.
     void manyLines()
     {
