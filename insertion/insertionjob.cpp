@@ -5,6 +5,7 @@
 
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/elaborator.h"
+#include "elaboration/tools/toollimits.h"
 #include "insertion/analyzer.h"
 #include "insertion/attaching.h"
 #include "insertion/insertiontexts.h"
@@ -266,9 +267,10 @@ void InsertionJob::prove(const Step &then)
     if (!m_options.prove)
         return then();
     m_runner->tellStage(tr("Proving equivalence"));
-    m_runner->run(m_yosys->proving(m_surgery->prefix, provingSeconds),
-                  [this, then](const ToolResult &result) {
-                      m_report->noteEquivalence(result, provingSeconds);
+    const int seconds = qMin(provingSeconds, toolTimeLimit());
+    m_runner->run(m_yosys->proving(m_surgery->prefix, seconds),
+                  [this, then, seconds](const ToolResult &result) {
+                      m_report->noteEquivalence(result, seconds);
                       then();
                   });
 }

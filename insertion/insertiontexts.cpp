@@ -111,7 +111,8 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
 {
     const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(core.implementation);
     QString line = "Core " + QString::number(core.number) + ": " + QString::number(layout.dataWidth) +
-                   " bits, " + QString::number(core.depth) + " samples in " + resource.name;
+                   (layout.dataWidth == 1 ? " bit, " : " bits, ") + QString::number(core.depth) +
+                   " samples in " + resource.name;
     if (!device)
         return line;
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(*device->family, core.implementation,
