@@ -150,7 +150,9 @@ void ProjectTree::settleColumns()
 {
     int names = 0, folders = 0;
     for (const QTreeWidgetItem *row : fileRows()) {
-        names = qMax(names, visualItemRect(row).left() + sizeHintForIndex(indexFromItem(row, 0)).width());
+        // The row's own rectangle would begin too far left while the column is narrower than its indentation.
+        const QModelIndex name = indexFromItem(row, 0);
+        names = qMax(names, visualRect(name).left() + sizeHintForIndex(name).width());
         folders = qMax(folders, sizeHintForIndex(indexFromItem(row, 1)).width());
     }
     const int whole = viewport()->width();
