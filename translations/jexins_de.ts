@@ -561,6 +561,10 @@
         <source>WARNING: The sources can be read only with the macro VERILATOR, which synthesis does not define. What depends on it may differ in hardware.</source>
         <translation>WARNING: Die Quellen sind nur mit dem Makro VERILATOR lesbar, das die Synthese nicht definiert. Was davon abhängt, kann in der Hardware anders sein.</translation>
     </message>
+    <message>
+        <source>WARNING: %1: What is bound to a single instance is not shown. Bind it to the module.</source>
+        <translation>WARNING: %1: Was an eine einzelne Instanz gebunden ist, wird nicht gezeigt. Binden Sie es an das Modul.</translation>
+    </message>
 </context>
 <context>
     <name>QUARRY::ScratchDir</name>
@@ -600,10 +604,6 @@
     <message>
         <source>ERROR: %1 %2. %3</source>
         <translation>ERROR: %1 %2. %3</translation>
-    </message>
-    <message>
-        <source>ERROR: %1 %2 while it read %3. %4</source>
-        <translation>ERROR: %1 %2 (beim Lesen: %3). %4</translation>
     </message>
     <message>
         <source>did not end within %1 seconds and was stopped</source>
@@ -652,6 +652,14 @@
     <message>
         <source>wrote more than %1 of files and was stopped</source>
         <translation>schrieb mehr als %1 an Dateien und wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>ERROR: %1 %2 while it %3 %4. %5</source>
+        <translation>ERROR: %1 %2 (beim %3: %4). %5</translation>
+    </message>
+    <message>
+        <source>read</source>
+        <translation>Lesen</translation>
     </message>
 </context>
 <context>
@@ -731,6 +739,17 @@
     <message>
         <source>VHDL entity %1</source>
         <translation>VHDL-Entity %1</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::VhdlRepairs</name>
+    <message>
+        <source>WARNING: %1:%2: package %3 is in no file of the project that is enabled. It is in %4</source>
+        <translation>WARNING: %1:%2: Das Package %3 steht in keiner aktiven Datei des Projekts. Es steht in %4</translation>
+    </message>
+    <message>
+        <source>WARNING: %1:%2: package %3 is in no file of the project</source>
+        <translation>WARNING: %1:%2: Das Package %3 steht in keiner Datei des Projekts</translation>
     </message>
 </context>
 <context>
@@ -1138,10 +1157,6 @@
         <translation>Wie viele Fenster nacheinander aufgezeichnet werden, jedes mit einem eigenen Trigger. Der Speicher wird in so viele Teile geteilt oder in die nächste Zweierpotenz.</translation>
     </message>
     <message>
-        <source>What the storage is built from: block memories, memories made of logic cells, or registers, which are offered for small captures only.</source>
-        <translation>Woraus der Speicher besteht: aus Blockspeichern, aus Speichern von Logikzellen oder aus Registern, die nur für kleine Aufzeichnungen angeboten werden.</translation>
-    </message>
-    <message>
         <source>How many samples a window has.</source>
         <translation>Wie viele Abtastwerte ein Fenster hat.</translation>
     </message>
@@ -1172,6 +1187,10 @@
     <message>
         <source>What each sample holds, the most significant bit at the top. Rows that are not captured stay at the end of the list.</source>
         <translation>Was jeder Abtastwert enthält, das höchstwertige Bit zuoberst. Zeilen, die nicht aufgezeichnet werden, bleiben am Ende der Liste.</translation>
+    </message>
+    <message>
+        <source>What the storage is built from. What the device does not have, or not for a capture of this size, is not offered.</source>
+        <translation>Woraus der Speicher besteht. Was der Baustein nicht hat, oder nicht für eine Aufzeichnung dieser Größe, wird nicht angeboten.</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,25 @@
     </message>
 </context>
 <context>
+    <name>Insertion::BenchReading</name>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The test bench has no top module, which nobody instantiates.</source>
+        <translation>Die Testbench hat kein Top-Modul, das niemand instanziiert.</translation>
+    </message>
+    <message>
+        <source>The test bench has several top modules: %1.</source>
+        <translation>Die Testbench hat mehrere Top-Module: %1.</translation>
+    </message>
+    <message>
+        <source>The test bench cannot be read with %1 as its top module.</source>
+        <translation>Die Testbench ist mit %1 als Top-Modul nicht lesbar.</translation>
+    </message>
+</context>
+<context>
     <name>Insertion::InsertionJob</name>
     <message>
         <source>Reading the design with Yosys</source>
@@ -81,6 +100,10 @@
         <source>Synthesizing the design with the analyzer</source>
         <translation>Das Design mit dem Analysator wird synthetisiert</translation>
     </message>
+    <message>
+        <source>it may call foreign functions of the sources, and %1.</source>
+        <translation>Es könnten fremde Funktionen der Quellen aufgerufen werden, und %1.</translation>
+    </message>
 </context>
 <context>
     <name>Insertion::OutputFolder</name>
@@ -120,10 +143,6 @@
 <context>
     <name>Insertion::SimulationJob</name>
     <message>
-        <source>The test bench cannot be read with %1 as its top module.</source>
-        <translation>Die Testbench ist mit %1 als Top-Modul nicht lesbar.</translation>
-    </message>
-    <message>
         <source>A temporary file could not be written. Make room on the disk.</source>
         <translation>Eine temporäre Datei konnte nicht geschrieben werden. Schaffen Sie Platz auf dem Datenträger.</translation>
     </message>
@@ -134,14 +153,6 @@
     <message>
         <source>What the simulation wrote cannot be read (%1): %2.</source>
         <translation>Was die Simulation schrieb, ist nicht lesbar (%1): %2.</translation>
-    </message>
-    <message>
-        <source>The test bench has no top module, which nobody instantiates.</source>
-        <translation>Die Testbench hat kein Top-Modul, das niemand instanziiert.</translation>
-    </message>
-    <message>
-        <source>The test bench has several top modules: %1.</source>
-        <translation>Die Testbench hat mehrere Top-Module: %1.</translation>
     </message>
     <message>
         <source>The test bench failed with code %1.</source>
@@ -178,6 +189,10 @@
     <message>
         <source>Core %1: expression %2, %3, never held.</source>
         <translation>Core %1: Ausdruck %2, %3, war nie erfüllt.</translation>
+    </message>
+    <message>
+        <source>The test bench is not run, since %1.</source>
+        <translation>Die Testbench wird nicht ausgeführt: %1.</translation>
     </message>
 </context>
 <context>
@@ -260,6 +275,13 @@
     <message>
         <source>the question whether both designs are equivalent</source>
         <translation>die Frage, ob beide Designs äquivalent sind</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ToolRun</name>
+    <message>
+        <source>ran</source>
+        <translation>Ausführen</translation>
     </message>
 </context>
 <context>
@@ -440,6 +462,10 @@
         <source>Core %1</source>
         <translation>Core %1</translation>
     </message>
+    <message>
+        <source>Duplicate Core</source>
+        <translation>Core duplizieren</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::EditMenu</name>
@@ -477,6 +503,10 @@
     <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Add Signals</source>
+        <translation>Signale hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -988,6 +1018,10 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
         <source>%1 found</source>
         <translation>%1 gefunden</translation>
     </message>
+    <message>
+        <source>Add Signals</source>
+        <translation>Signale hinzufügen</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::NewFileDialog</name>
@@ -1081,10 +1115,6 @@ Möchten Sie es trotzdem behalten?</translation>
         <translation>Baustein: %1</translation>
     </message>
     <message>
-        <source>Top module: found from the sources</source>
-        <translation>Top-Modul: aus den Quellen ermittelt</translation>
-    </message>
-    <message>
         <source>Top module: %1</source>
         <translation>Top-Modul: %1</translation>
     </message>
@@ -1139,6 +1169,10 @@ Möchten Sie es trotzdem behalten?</translation>
     <message>
         <source>Set as To&amp;p: %1</source>
         <translation>Als To&amp;p-Modul: %1</translation>
+    </message>
+    <message>
+        <source>Top module: from the sources</source>
+        <translation>Top-Modul: aus den Quellen</translation>
     </message>
 </context>
 <context>
@@ -1322,6 +1356,10 @@ Möchten Sie damit weiterarbeiten?</translation>
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 found</source>
+        <translation>%1 gefunden</translation>
     </message>
 </context>
 <context>
