@@ -30,8 +30,9 @@ QByteArray snapshotDigest(const CoreSnapshot &core); // as it has to be
 bool packCore(JEX::CorePointer core, const JEX::LeftOut &leftOut, CoreSnapshot *packed);
 // Appends it to the list.
 bool unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut, JEX::CoreList *cores);
+// For who knows the mode; null when it fails.
 template <class Core>
-Core *unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut) // null when it fails
+Core *unpackCore(const CoreSnapshot &packed, JEX::LeftOut *leftOut)
 {
     JEX::CoreList cores = QList<Core *>();
     return unpackCore(packed, leftOut, &cores) ? std::get<QList<Core *>>(cores).first() : nullptr;
