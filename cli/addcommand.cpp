@@ -89,7 +89,7 @@ bool addTo(const RTLJEX::AnyCore &core, int port, const QList<JEX::SignalItem> &
         return true;
     }
     if (!core.standard) {
-        *error = "A Lite core has no trigger ports.";
+        *error = "The core has no trigger ports.";
         return false;
     }
     JEX::TriggerPort *target = core.standard->getTrigger(port);

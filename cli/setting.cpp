@@ -120,7 +120,7 @@ bool Setting::setInCore(const RTLJEX::AnyCore &core, QString *error) const
     if (m_place.isEmpty())
         return core.visit([&](auto &record) { return setField(record, core.standard, error); });
     if (!core.standard)
-        return fail("A Lite core has no match units and expressions.", error);
+        return fail("The core has no match units and expressions.", error);
     return m_place.startsWith('M') ? setUnit(*core.standard, error) : setExpression(*core.standard, error);
 }
 
@@ -159,7 +159,7 @@ bool Setting::setSignal(const RTLJEX::AnyCore &core, QString *error) const
     const bool isPort = m_place != "capture";
     if (isPort && (!core.standard || port >= JEX::PortCount))
         return fail(core.standard ? QString("Trigger ports have the numbers 0 to %1.").arg(JEX::PortCount - 1)
-                                  : QString("A Lite core has no trigger ports."),
+                                  : QString("The core has no trigger ports."),
                     error);
     QList<JEX::SignalItem> rows = isPort ? core.standard->getTrigger(port)->signalItems : *core.signalRows;
     int row = 0;

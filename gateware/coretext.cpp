@@ -34,10 +34,8 @@ QByteArray ownParameters(const JEX::AOCore_Lite &, const CoreOptions &options)
 }
 
 // The head of the module and all its ports.
-QByteArray head(const AnyCore &core, const CoreModule &module, const CoreOptions &options)
+QByteArray head(const AnyCore &core, const CoreModule &module, const QByteArray &parameters)
 {
-    const QByteArray parameters =
-        core.visit([&options](const auto &record) { return ownParameters(record, options); });
     QByteArray lines = "module " + module.name + parameters + " (\n    input wire clk,\n    input wire " +
                        range(module.layout.dataWidth) + " data,\n";
     if (core.standard) {
@@ -173,7 +171,10 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
         for (const JEX::TriggerPort *port : corePorts(*core.standard))
             module.portNumbers.append(port->portNumber);
     }
-    module.text = head(core, module, options) + core.visit([&](const auto &record) {
+    const QByteArray parameters =
+        core.visit([&options](const auto &record) { return ownParameters(record, options); });
+    module.canStartArmed = parameters.contains("STARTS_ARMED");
+    module.text = head(core, module, parameters) + core.visit([&](const auto &record) {
         return body(record, core, options, module.layout);
     }) + "\nendmodule\n";
     return module;

@@ -47,9 +47,10 @@ struct CoreModule
     QByteArray text; // the module, which needs gatewareSources()
     QString clock;   // full name of the net for the port "clk"
     CoreLayout layout;
-    QList<CoreTap> taps;    // data[0] upwards, then each trigger port from its most significant bit down
-    QList<int> portNumbers; // of the trigger ports that it has, in order
-    QString fault;          // a finished sentence why there can be no such core; then all else is empty
+    QList<CoreTap> taps;        // data[0] upwards, then each trigger port from its most significant bit down
+    QList<int> portNumbers;     // of the trigger ports that it has, in order
+    bool canStartArmed = false; // it has the parameter STARTS_ARMED
+    QString fault;              // a finished sentence why there can be no such core; then all else is empty
 };
 
 CoreModule coreModule(const AnyCore &core, const CoreOptions &options = CoreOptions());

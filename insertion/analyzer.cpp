@@ -76,7 +76,7 @@ QList<QByteArray> Analyzer::controlOutputs() const
 
 QByteArray Analyzer::parametersUnarmed() const
 {
-    return isLite() ? "#(.STARTS_ARMED(1)) " : "";
+    return canStartArmed() ? "#(.STARTS_ARMED(1)) " : "";
 }
 
 QByteArray Analyzer::bitText(const TapBit &bit, int width) const
@@ -123,8 +123,8 @@ QByteArray Analyzer::coresText() const
     ports.chop(2);
     for (const Core &core : m_cores) {
         const QByteArray own = number(core.core.number);
-        body += "    " + core.module.name + (isLite() ? " #(.STARTS_ARMED(STARTS_ARMED))" : "") + " core_" +
-                own + " (\n        .clk(" + bitText(core.clock, 1) + "),\n";
+        body += "    " + core.module.name + (canStartArmed() ? " #(.STARTS_ARMED(STARTS_ARMED))" : "") +
+                " core_" + own + " (\n        .clk(" + bitText(core.clock, 1) + "),\n";
         for (const Port &port : core.ports)
             body += "        ." + port.name + '(' + portText(port) + "),\n";
         for (const char *name : {"clock", "capture", "shift", "update", "tdi"})
@@ -133,7 +133,7 @@ QByteArray Analyzer::coresText() const
                 "),\n        .windows(),\n        .done(),\n        .seen());\n";
     }
     const QByteArray parameters =
-        isLite() ? "#(parameter STARTS_ARMED = " + number(m_startsArmed) + ") " : QByteArray();
+        canStartArmed() ? "#(parameter STARTS_ARMED = " + number(m_startsArmed) + ") " : QByteArray();
     // The remarks that a linter has about a file of several modules, and about pins that are open on purpose.
     return "// Embedded logic analyzers, made from a configuration file.\n\n"
            "/* verilator lint_off DECLFILENAME */\n/* verilator lint_off PINCONNECTEMPTY */\n" +

@@ -43,10 +43,7 @@ public:
     QByteArray parametersUnarmed() const;
 
 private:
-    bool isLite() const // which can start armed
-    {
-        return !m_cores.isEmpty() && std::holds_alternative<JEX::AOCore_Lite *>(m_cores.first().core.core);
-    }
+    bool canStartArmed() const { return !m_cores.isEmpty() && m_cores.first().module.canStartArmed; }
     QByteArray bitText(const TapBit &bit, int width) const;
     QByteArray portText(const Port &port) const;
 

@@ -106,6 +106,11 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
     return list;
 }
 
+bool isLacked(const JEX_TOOL::Resource &resource, const QString &family)
+{
+    return resource.lackedBy && family == resource.lackedBy;
+}
+
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,
                      const JEX_TOOL::Device *device)
 {
@@ -163,10 +168,18 @@ void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &orig
 void InsertionReport::noteFamily(const Analyzer &analyzer, const QString &family)
 {
     for (const Analyzer::Core &core : analyzer.cores()) {
-        if (family == "ice40" && core.core.implementation == JEX::SsramImplementation)
-            warnings << "WARNING: Core " + QString::number(core.core.number) +
-                            " keeps its samples in SSRAM, which an iCE40 does not have, so it cannot be "
-                            "synthesized for one. Choose BSRAM or REG.";
+        const JEX_TOOL::Resource &resource = *JEX_TOOL::resourceOf(core.core.implementation);
+        if (!isLacked(resource, family))
+            continue;
+        QStringList others;
+        for (const JEX_TOOL::Resource &other : JEX_TOOL::resources) {
+            if (!isLacked(other, family))
+                others << other.name;
+        }
+        warnings << "WARNING: Core " + QString::number(core.core.number) + " keeps its samples in " +
+                        resource.name + ", which the family " + family +
+                        " does not have, so it cannot be synthesized for it. Choose " + others.join(" or ") +
+                        '.';
     }
 }
 

@@ -30,6 +30,7 @@ struct Resource
     TriggerNeed triggerNeed;
     bool isAlwaysOffered;  // also for a device that has none
     bool hasInputRegister; // for the initial data of a Lite core
+    const char *lackedBy;  // the family of Yosys that has none; null: all have it
 };
 
 constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
@@ -37,12 +38,12 @@ constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
 // In the order in which they are offered and listed.
 constexpr Resource resources[] = {
     {JEX::BsramImplementation, "BSRAM", "BSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "BSRAM Usage :"),
-     "memory", "memories", "BSRAM", "block", anyCapture, OneEach, true, true},
+     "memory", "memories", "BSRAM", "block", anyCapture, OneEach, true, true, nullptr},
     {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
-     "memory", "memories", "SSRAM", "distributed", anyCapture, TablesEach, false, false},
+     "memory", "memories", "SSRAM", "distributed", anyCapture, TablesEach, false, false, "ice40"},
     {JEX::RegImplementation, "REG", QT_TRANSLATE_NOOP("JEX_TOOL::Resource", "registers"),
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
-     "registers", 512, TablesAndOneEach, true, false},
+     "registers", 512, TablesAndOneEach, true, false, nullptr},
 };
 enum { ResourceCount = sizeof resources / sizeof *resources };
 static_assert(int(ResourceCount) == JEX::ImplementationCount, "each implementation has a row");

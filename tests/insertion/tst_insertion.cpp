@@ -368,7 +368,8 @@ private Q_SLOTS:
             report.noteFamily(analyzer, "ecp5");
             QCOMPARE(report.warnings, QStringList());
             report.noteFamily(analyzer, "ice40");
-            const bool isNamed = report.warnings.join(' ').contains("SSRAM, which an iCE40 does not have");
+            const bool isNamed =
+                report.warnings.join(' ').contains("SSRAM, which the family ice40 does not have");
             QCOMPARE(isNamed, implementation == JEX::SsramImplementation);
         }
     }
