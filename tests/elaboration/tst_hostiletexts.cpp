@@ -126,6 +126,7 @@ void HostileTextsTest::repairs_data()
         << "let a(x) = x" + times(400, "+x") + ";let b(x) = a(x)" + times(15, "+a(x)") + ";" +
                numbered(200, "let c#(x) = 1" + times(99, "+b(x+x)+b(x+x+x+x+x+x+x)") + ";");
     QTest::newRow("instances of checkers") << "checker c; endchecker " + times(30000, "bind a c c [");
+    QTest::newRow("binds") << times(100000, "bind ") + times(50000, "bind , ");
 }
 
 void HostileTextsTest::repairs()
