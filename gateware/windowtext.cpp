@@ -1,14 +1,21 @@
 #include "gateware/windowtext.h"
 
+#include <QCoreApplication>
+
 namespace RTLJEX {
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::CapturedWindow)
+};
+
 enum { WordBits = 32, StatusWords = 3, LevelBit = 8, CountBit = 16 };
 
-bool fail(QString *error, const char *text)
+bool fail(QString *error, const QString &text)
 {
-    *error = QString::fromLatin1(text);
+    *error = text;
     return false;
 }
 
@@ -45,11 +52,11 @@ bool readCapture(const QByteArray &text, const CoreLayout &layout, CapturedCore 
     const QList<QByteArray> lines = text.split('\n');
     QList<quint32> words;
     if (!readWords(lines.first(), &words))
-        return fail(error, "The captured samples have no status: the core was not read.");
+        return fail(error, Texts::tr("The captured samples have no status: the core was not read."));
     if (lines.size() != layout.storedSamples() + 2)
-        return fail(error, "The captured samples are not complete.");
+        return fail(error, Texts::tr("The captured samples are not complete."));
     if (int(words.at(2) & 0xffff) != layout.sampleWidth())
-        return fail(error, "The captured samples are of another core.");
+        return fail(error, Texts::tr("The captured samples are of another core."));
     core->isDone = words.at(0) & 2;
     core->level = words.at(0) >> LevelBit & 0xf;
     core->seen = words.at(1);

@@ -1,5 +1,6 @@
 #include "insertion/flatnetlist.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -9,6 +10,11 @@
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::FlatNetlist)
+};
 
 int constantOf(char digit)
 {
@@ -194,9 +200,9 @@ bool FlatNetlist::read(const QString &path, QString *error)
     }
     isGood = isGood && reader.isDone && reader.isFlat();
     if (!isGood)
-        *error = "What Yosys read back of the design could not be understood, so nothing is proven. If the "
-                 "disk is "
-                 "full, make room on it.";
+        *error = Texts::tr(
+            "What Yosys read back of the design could not be understood, so nothing is proven. If the "
+            "disk is full, make room on it.");
     return isGood;
 }
 

@@ -1,5 +1,6 @@
 #include "insertion/rtlildesign.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -9,6 +10,11 @@
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::RtlilDesign)
+};
 
 qint64 endOfLine(const QByteArray &text, qint64 from)
 {
@@ -130,7 +136,7 @@ bool isSourceNote(const QByteArray &text, qint64 begin, qint64 end)
 QString unwritten(const QFile &file)
 {
     const QString reason = file.error() == QFile::NoError ? QString() : " (" + file.errorString() + ')';
-    return "A temporary file could not be written" + reason + ". Make room on the disk.";
+    return Texts::tr("A temporary file could not be written%1. Make room on the disk.").arg(reason);
 }
 
 // A tri-state buffer drives a wire of Yosys' own, which is joined to the user's net, and other parts of the
@@ -315,7 +321,7 @@ bool RtlilDesign::open(const QString &path, QString *error)
                        ? m_file.map(0, m_file.size())
                        : nullptr;
     if (!bytes) {
-        *error = "Yosys gave no design, or one that is too large.";
+        *error = Texts::tr("Yosys gave no design, or one that is too large.");
         return false;
     }
     const QByteArray all = QByteArray::fromRawData(reinterpret_cast<const char *>(bytes), int(m_file.size()));
@@ -324,7 +330,7 @@ bool RtlilDesign::open(const QString &path, QString *error)
     m_verilog = QByteArray::fromRawData(all.constData() + verilog, all.size() - verilog);
     // Yosys does not look whether it can write.
     if (verilog == 0 || !m_verilog.endsWith("endmodule\n")) {
-        *error = "Yosys gave only a part of the design. Make room on the disk.";
+        *error = Texts::tr("Yosys gave only a part of the design. Make room on the disk.");
         return false;
     }
     RtlilModule *open = nullptr;

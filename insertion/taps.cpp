@@ -1,5 +1,6 @@
 #include "insertion/taps.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -12,6 +13,11 @@
 
 namespace Insertion {
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Insertion::Taps)
+};
 
 QByteArray userName(const QStringList &words)
 {
@@ -126,18 +132,17 @@ QString reasonOf(const Search &search, const Tap &tap, const QSet<QString> &blac
 {
     for (const QUARRY::Hierachy *node : tap.nodes) {
         if (blackBoxes.contains(node->moduleName))
-            return "it is inside " + node->moduleName + ", a module without a definition";
+            return Texts::tr("it is inside %1, a module without a definition").arg(node->moduleName);
     }
     if (search.isMemory())
-        return "it is a word of a memory, and these are no nets";
+        return Texts::tr("it is a word of a memory, and these are no nets");
     if (search.foundWidth() > 0)
-        return "it has " + QString::number(tap.width()) + " bits there and " +
-               QString::number(search.foundWidth()) + " for Yosys";
+        return Texts::tr("it has %1 bits there and %2 for Yosys").arg(tap.width()).arg(search.foundWidth());
     if (tap.isVhdl)
-        return "GHDL keeps no net of this name when it translates " + tap.module;
+        return Texts::tr("GHDL keeps no net of this name when it translates %1").arg(tap.module);
     const QString missing = tap.path.value(search.deepest());
-    return "Yosys does not have " +
-           (missing.isEmpty() ? "a net of this name" : "the scope \"" + missing + '"') + " there";
+    return missing.isEmpty() ? Texts::tr("Yosys does not have a net of this name there")
+                             : Texts::tr("Yosys does not have the scope \"%1\" there").arg(missing);
 }
 
 } // namespace
@@ -197,8 +202,8 @@ QStringList TapList::resolve(RtlilDesign &design, const QSet<QString> &blackBoxe
     for (Tap &tap : m_taps) {
         Search search(design, rounds, tap);
         if (!search.find(design.topModule(), 0))
-            sentences << tap.net + tap.range() + " cannot be tapped: " + reasonOf(search, tap, blackBoxes) +
-                             '.';
+            sentences << Texts::tr("%1 cannot be tapped: %2.")
+                             .arg(tap.net + tap.range(), reasonOf(search, tap, blackBoxes));
     }
     return sentences;
 }

@@ -178,7 +178,7 @@ QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNet
     if (!data.hasFormat(latin(recordFormat))) {
         const QStringList names = signalNames(data.text().left(largestClipboard));
         if (names.size() > mostPasted)
-            faults->append(latin("There are %1 names, of which the first %2 were looked up.")
+            faults->append(NamedSignals::tr("There are %1 names, of which the first %2 were looked up.")
                                .arg(names.size())
                                .arg(mostPasted));
         return signalsNamed(netlist, names.mid(0, mostPasted), faults);

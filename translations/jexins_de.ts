@@ -452,6 +452,10 @@
         <source>%1 more like these are not shown.</source>
         <translation>%1 weitere dieser Art werden nicht gezeigt.</translation>
     </message>
+    <message>
+        <source>These modules have no definition: %1. Add the files that define them to the project.</source>
+        <translation>Diese Module haben keine Definition: %1. Nehmen Sie die Dateien, die sie definieren, in das Projekt auf.</translation>
+    </message>
 </context>
 <context>
     <name>QUARRY::Findings</name>
@@ -1696,6 +1700,10 @@ Ungültige JEX-Datei.</translation>
     <message>
         <source>%1 must not be probed: it is tied to a constant or is a bidirectional pin.</source>
         <translation>%1 darf nicht gemessen werden: Es liegt auf einer Konstanten oder ist ein bidirektionaler Pin.</translation>
+    </message>
+    <message>
+        <source>There are %1 names, of which the first %2 were looked up.</source>
+        <translation>Es sind %1 Namen, von denen die ersten %2 gesucht wurden.</translation>
     </message>
 </context>
 <context>

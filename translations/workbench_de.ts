@@ -43,6 +43,13 @@
     </message>
 </context>
 <context>
+    <name>Insertion::FlatNetlist</name>
+    <message>
+        <source>What Yosys read back of the design could not be understood, so nothing is proven. If the disk is full, make room on it.</source>
+        <translation>Was Yosys vom Design zurückgelesen hat, ließ sich nicht verstehen, daher ist nichts bewiesen. Ist der Datenträger voll, schaffen Sie Platz darauf.</translation>
+    </message>
+</context>
+<context>
     <name>Insertion::InsertionJob</name>
     <message>
         <source>Reading the design with Yosys</source>
@@ -102,7 +109,7 @@
     </message>
     <message>
         <source>it may call foreign functions of the sources, and %1.</source>
-        <translation>Es könnten fremde Funktionen der Quellen aufgerufen werden, und %1.</translation>
+        <translation>Es könnten fremde Funktionen der Quellen aufgerufen werden (%1).</translation>
     </message>
 </context>
 <context>
@@ -138,6 +145,21 @@
     <message>
         <source>What was put into %1 meanwhile is now in %2.</source>
         <translation>Was inzwischen in %1 gelegt wurde, ist jetzt in %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Insertion::RtlilDesign</name>
+    <message>
+        <source>A temporary file could not be written%1. Make room on the disk.</source>
+        <translation>Eine temporäre Datei konnte nicht geschrieben werden%1. Schaffen Sie Platz auf dem Datenträger.</translation>
+    </message>
+    <message>
+        <source>Yosys gave no design, or one that is too large.</source>
+        <translation>Yosys lieferte kein Design oder ein zu großes.</translation>
+    </message>
+    <message>
+        <source>Yosys gave only a part of the design. Make room on the disk.</source>
+        <translation>Yosys lieferte nur einen Teil des Designs. Schaffen Sie Platz auf dem Datenträger.</translation>
     </message>
 </context>
 <context>
@@ -251,6 +273,37 @@
     </message>
 </context>
 <context>
+    <name>Insertion::Taps</name>
+    <message>
+        <source>it is inside %1, a module without a definition</source>
+        <translation>Es liegt in %1, einem Modul ohne Definition</translation>
+    </message>
+    <message>
+        <source>it is a word of a memory, and these are no nets</source>
+        <translation>Es ist ein Wort eines Speichers, und diese sind keine Netze</translation>
+    </message>
+    <message>
+        <source>it has %1 bits there and %2 for Yosys</source>
+        <translation>Es hat dort %1 Bit und für Yosys %2</translation>
+    </message>
+    <message>
+        <source>GHDL keeps no net of this name when it translates %1</source>
+        <translation>GHDL behält beim Übersetzen von %1 kein Netz dieses Namens</translation>
+    </message>
+    <message>
+        <source>Yosys does not have a net of this name there</source>
+        <translation>Yosys hat dort kein Netz dieses Namens</translation>
+    </message>
+    <message>
+        <source>Yosys does not have the scope &quot;%1&quot; there</source>
+        <translation>Yosys hat dort den Bereich „%1“ nicht</translation>
+    </message>
+    <message>
+        <source>%1 cannot be tapped: %2.</source>
+        <translation>%1 lässt sich nicht abgreifen: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Insertion::YosysCalls</name>
     <message>
         <source>The top module has the name &quot;%1&quot;, which cannot be told to Yosys.</source>
@@ -282,6 +335,21 @@
     <message>
         <source>ran</source>
         <translation>Ausführen</translation>
+    </message>
+</context>
+<context>
+    <name>RTLJEX::CapturedWindow</name>
+    <message>
+        <source>The captured samples have no status: the core was not read.</source>
+        <translation>Die Abtastwerte haben keinen Status: Der Core wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The captured samples are not complete.</source>
+        <translation>Die Abtastwerte sind nicht vollständig.</translation>
+    </message>
+    <message>
+        <source>The captured samples are of another core.</source>
+        <translation>Die Abtastwerte stammen von einem anderen Core.</translation>
     </message>
 </context>
 <context>
@@ -1306,6 +1374,10 @@ Möchten Sie damit weiterarbeiten?</translation>
     <message>
         <source>The folder &quot;%1&quot;, which keeps what is edited for the case of a crash, cannot be made.</source>
         <translation>Der Ordner „%1“, der Bearbeitetes für den Fall eines Absturzes aufhebt, lässt sich nicht anlegen.</translation>
+    </message>
+    <message>
+        <source>No folder in &quot;%1&quot;, which keeps what is edited for the case of a crash, can be locked.</source>
+        <translation>In „%1“, das Bearbeitetes für den Fall eines Absturzes aufhebt, lässt sich kein Ordner sperren.</translation>
     </message>
 </context>
 <context>

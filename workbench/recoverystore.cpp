@@ -137,8 +137,9 @@ bool RecoveryStore::openSession(QString *error)
             return true;
         }
     }
-    *error = "No folder in \"" + QDir::toNativeSeparators(m_folder) +
-             "\", which keeps what is edited for the case of a crash, can be locked.";
+    *error =
+        Texts::tr("No folder in \"%1\", which keeps what is edited for the case of a crash, can be locked.")
+            .arg(QDir::toNativeSeparators(m_folder));
     return false;
 }
 

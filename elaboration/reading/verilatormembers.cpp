@@ -5,8 +5,8 @@
 namespace QUARRY {
 namespace {
 
-const int mostElements =
-    1000; // of an array of interfaces or instances: what passes through others is not known
+// Of an array of interfaces or instances: what passes through others is not known.
+const int mostElements = 1000;
 
 bool isInterface(const VerilatorChild &child)
 {
@@ -47,8 +47,9 @@ void InterfaceMembers::find() const
     });
     for (const auto &array : m_module.interfaceArrays) {
         m_module.interfaces.erase(array.first);
-        for (const std::string &path : elements(m_module, array.first))
-            m_module.interfaces.insert(path);
+        const Interfaces elements = interfacesAt(m_module, array.first);
+        for (int i = 0; i < elements.count; ++i)
+            m_module.interfaces.insert(elements.path(i));
     }
     if (!m_module.interfaces.empty())
         m_module.eachScope([this](const VerilatorScope &scope) { addMembers(scope); });
@@ -59,23 +60,25 @@ int InterfaceMembers::elementCount(const VerilatorChild &child)
     return qMin(child.count(), mostElements);
 }
 
-// The interface itself, or those of an array in declared order.
-InterfaceMembers::Paths InterfaceMembers::elements(const VerilatorModule &module, const std::string &path)
+std::string InterfaceMembers::Interfaces::path(int position) const
+{
+    return isArray ? elementOf(name, left < right ? left + position : left - position) : name;
+}
+
+InterfaceMembers::Interfaces InterfaceMembers::interfacesAt(const VerilatorModule &module,
+                                                            const std::string &path)
 {
     const auto array = module.interfaceArrays.find(path);
     if (array == module.interfaceArrays.end())
-        return {path};
+        return {path, 1, false, 0, 0};
     const int left = array->second.left;
     const int right = array->second.right;
-    Paths paths;
-    for (int i = 0; i < qMin(rangeWidth(left, right), mostElements); ++i)
-        paths.push_back(elementOf(path, left < right ? left + i : left - i));
-    return paths;
+    return {path, qMin(rangeWidth(left, right), mostElements), true, left, right};
 }
 
 // The interfaces of this module that a port is given; none when it is given anything else.
-InterfaceMembers::Paths InterfaceMembers::givenTo(const pugi::xml_node &port,
-                                                  const VerilatorScope &scope) const
+InterfaceMembers::Interfaces InterfaceMembers::givenTo(const pugi::xml_node &port,
+                                                       const VerilatorScope &scope) const
 {
     const pugi::xml_node value = port.first_child();
     const bool isElement = is(value, "arraysel");
@@ -85,7 +88,7 @@ InterfaceMembers::Paths InterfaceMembers::givenTo(const pugi::xml_node &port,
     const std::string name = reference.attribute("name").value();
     const std::string path = interfaceNamed(name.substr(0, name.find(interfaceReference)), scope);
     if (!isElement)
-        return path.empty() ? Paths() : elements(m_module, path);
+        return path.empty() ? Interfaces() : interfacesAt(m_module, path);
     const auto array = m_module.interfaceArrays.find(path);
     const pugi::xml_node index = reference.next_sibling();
     if (array == m_module.interfaceArrays.end() || !is(index, "const"))
@@ -93,26 +96,29 @@ InterfaceMembers::Paths InterfaceMembers::givenTo(const pugi::xml_node &port,
     const qint64 lowest = qMin(array->second.left, array->second.right); // from which the index counts
     const std::string element =
         elementOf(path, int(lowest + VerilatorConstant(index.attribute("name").value()).number()));
-    return m_module.interfaces.count(element) ? Paths{element} : Paths();
+    return m_module.interfaces.count(element) ? interfacesAt(m_module, element) : Interfaces();
 }
 
+// An array is dealt out to an array of instances, or given to each as a whole; of the latter the first
+// instances alone are looked at, since the pairs are those of all of them.
 std::vector<std::pair<std::string, std::string>> InterfaceMembers::given(const VerilatorChild &child,
                                                                          const pugi::xml_node &port,
                                                                          const VerilatorScope &scope,
                                                                          int fromRight) const
 {
-    const Paths outside = givenTo(port, scope);
+    const Interfaces outside = givenTo(port, scope);
     std::vector<std::pair<std::string, std::string>> pairs;
-    if (outside.empty() || !child.module)
+    if (outside.count == 0 || !child.module)
         return pairs;
-    const Paths inside =
-        elements(*child.module, std::string(child.module->portName(port.attribute("name").value())));
-    // An array is dealt out to an array of instances.
-    const size_t count = size_t(child.count());
-    const bool isDealt = outside.size() == inside.size() * count;
-    const size_t first = isDealt ? inside.size() * (count - 1 - size_t(fromRight)) : 0;
-    for (size_t i = 0; i < inside.size() && (isDealt || outside.size() == inside.size()); ++i)
-        pairs.emplace_back(outside[first + i], inside[i]);
+    const Interfaces inside =
+        interfacesAt(*child.module, std::string(child.module->portName(port.attribute("name").value())));
+    const qint64 before = qint64(inside.count) * fromRight;
+    const bool isDealt = outside.count == qint64(inside.count) * child.count();
+    if ((!isDealt && outside.count != inside.count) || before >= mostElements)
+        return pairs;
+    const int first = isDealt ? outside.count - inside.count - int(before) : 0;
+    for (int i = 0; i < inside.count; ++i)
+        pairs.emplace_back(outside.path(first + i), inside.path(i));
     return pairs;
 }
 
@@ -124,7 +130,8 @@ void InterfaceMembers::addMembers(const VerilatorScope &scope) const
     for (const VerilatorChild &child : scope.children) {
         for (const pugi::xml_node &port : child.node.children("port")) {
             addMembersIn(port, scope);
-            for (int i = 0; i < elementCount(child) && !givenTo(port, scope).empty(); ++i) {
+            const int count = givenTo(port, scope).count > 0 ? elementCount(child) : 0;
+            for (int i = 0; i < count; ++i) {
                 for (const auto &pair : given(child, port, scope, i)) {
                     for (const auto &member : membersOf(*child.module, pair.second))
                         addMember(pair.first + member.first, child.module->nets[size_t(member.second)]);

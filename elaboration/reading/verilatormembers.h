@@ -27,9 +27,19 @@ public:
     static int elementCount(const VerilatorChild &child); // those that are looked at
 
 private:
-    using Paths = std::vector<std::string>; // of interfaces, "g.bus"
-    static Paths elements(const VerilatorModule &module, const std::string &path);
-    Paths givenTo(const pugi::xml_node &port, const VerilatorScope &scope) const;
+    // An interface, "g.bus", or those of an array in declared order.
+    struct Interfaces
+    {
+        std::string path(int position) const;
+
+        std::string name;
+        int count = 0;
+        bool isArray = false;
+        int left = 0;
+        int right = 0;
+    };
+    static Interfaces interfacesAt(const VerilatorModule &module, const std::string &path);
+    Interfaces givenTo(const pugi::xml_node &port, const VerilatorScope &scope) const;
     // What a port of that element is given, and what it is inside.
     std::vector<std::pair<std::string, std::string>> given(const VerilatorChild &child,
                                                            const pugi::xml_node &port,

@@ -151,8 +151,11 @@ bool VerilatorTies::anyConstant() const
     }
     bool found = false;
     m_module.eachScope([this, &found](const VerilatorScope &scope) {
-        for (const VerilatorChild &child : scope.children)
-            found = found || (child.module && !tiedIn(child, scope, TiedNets(), 0).empty());
+        for (const VerilatorChild &child : scope.children) {
+            const int count = child.module ? InterfaceMembers::elementCount(child) : 0;
+            for (int i = 0; i < count && !found; ++i)
+                found = !tiedIn(child, scope, TiedNets(), i).empty();
+        }
         for (const pugi::xml_node &assignment : scope.assigns)
             found = found || hasTie(m_values.assigned(assignment, scope, TiedNets()));
     });

@@ -333,8 +333,8 @@ Elaborator::Verdict Elaborator::makeBlackBoxes(const DesignDump &dump, const QSt
     if (m_boxes.names().size() > known)
         return makeFiles();
     if (!missing.isEmpty())
-        addError(QLatin1String("These modules have no definition: ") + missing.join(QLatin1String(", ")) +
-                 QLatin1String(". Add the files that define them to the project."));
+        addError(tr("These modules have no definition: %1. Add the files that define them to the project.")
+                     .arg(missing.join(QLatin1String(", "))));
     return Failed;
 }
 

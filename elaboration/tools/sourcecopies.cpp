@@ -202,9 +202,12 @@ bool SourceCopies::update()
         const QByteArray before = text;
         m_blanked.binds.clear();
         const int made = repairSource(text, source->language, wanted, m_blanked);
-        for (const int at : m_blanked.binds)
-            m_lostBinds.append(source.key() + QLatin1Char(':') +
-                               QString::number(before.left(at).count('\n') + 1));
+        int line = 1, counted = 0; // they stand in their order
+        for (const int at : m_blanked.binds) {
+            for (; counted < at; ++counted)
+                line += before.at(counted) == '\n';
+            m_lostBinds.append(source.key() + QLatin1Char(':') + QString::number(line));
+        }
         source->made = wanted;
         source->isEmpty = holdsNothing(text, source->language);
         if ((made & HideEncrypted) && !m_encrypted.contains(source.key()))

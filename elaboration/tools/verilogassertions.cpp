@@ -60,11 +60,9 @@ private:
     // "top.u0 probe p(.*);", "leaf : top.u[1].v probe p(.*);"
     bool isPath(int i) const
     {
-        if (m_tokens.is(i + 1, "["))
-            return true;
-        while (m_tokens.isName(i) || m_tokens.isAny(i, {":", ","}))
-            ++i;
-        return m_tokens.is(i, ".");
+        while (m_tokens.isName(i) && !m_tokens.is(i, "bind") && m_tokens.isAny(i + 1, {":", ","}))
+            i += 2;
+        return m_tokens.isAny(i + 1, {".", "["});
     }
 
     // "@(posedge clk iff enable or negedge reset)": which nets there are does not depend on it.

@@ -67,6 +67,7 @@ bool VhdlRepairs::repair(const QString &library, const QList<ToolMessage> &error
     for (const QString &name : m_names.vhdl.boxes)
         supplyPackage(library, QLatin1String("jex_box_") + name,
                       "component " + name.toLatin1() + " is end component;");
+    m_names.vhdl.boxes.clear(); // another library has others
     const bool isQuoted = !mend(QuoteNames, errors).isEmpty();
     QList<ToolMessage> missing;
     for (const ToolMessage &error : errors) {

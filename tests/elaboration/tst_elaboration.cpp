@@ -76,8 +76,6 @@ void verilogRows()
 }
 
 // Files that no tool takes as they are, and files that it must not take.
-
-// Files that no tool takes as they are, and files that it must not take.
 void repairRows()
 {
     row("copies and what they include", "Top=t\nIncludePath=inc\nDefines=FAR=\"far.vh\"",

@@ -15,6 +15,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <memory>
 #include <sys/resource.h>
 
 using namespace QUARRY;
@@ -103,6 +104,7 @@ private Q_SLOTS:
     void waves_data();
     void waves();
     void nestedScopesOfVcd();
+    void arraysOfInterfaces();
 };
 
 void HostileTextsTest::repairs_data()
@@ -124,6 +126,7 @@ void HostileTextsTest::repairs_data()
         << "let a(x) = x" + times(400, "+x") + ";let b(x) = a(x)" + times(15, "+a(x)") + ";" +
                numbered(200, "let c#(x) = 1" + times(99, "+b(x+x)+b(x+x+x+x+x+x+x)") + ";");
     QTest::newRow("instances of checkers") << "checker c; endchecker " + times(30000, "bind a c c [");
+    QTest::newRow("binds") << times(100000, "bind ") + times(50000, "bind , ");
 }
 
 void HostileTextsTest::repairs()
@@ -331,6 +334,23 @@ void HostileTextsTest::nestedScopesOfVcd()
     Sources sources;
     const QString file = sources.write("a.vcd", times(100000, "$scope module a $end\n"));
     QVERIFY(!readVhdlScopes(file, "a"));
+}
+
+// Through each of them a constant passes to an instance.
+void HostileTextsTest::arraysOfInterfaces()
+{
+    const Sources sources;
+    sources.write("a.sv", "interface link(input c); logic en; endinterface\n"
+                          "module sink(link l, link m, output o); assign o = l.en & m.en; endmodule\n"
+                          "module top(input clk); link a[1000](clk), b[1000](clk); assign a[0].en = 1;\n" +
+                              numbered(8, "wire [999:0] o#; sink s#[1000](.l(a), .m(b), .o(o#));\n") +
+                              "endmodule\n");
+    QElapsedTimer timer;
+    QStringList messages;
+    timer.start();
+    const std::unique_ptr<RtlNetlist> netlist(buildNetlist(sources.input({"a.sv"}), messages));
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(netlist && netlist->findNet("top/a[0]/en")->excluded);
 }
 
 QTEST_GUILESS_MAIN(HostileTextsTest)

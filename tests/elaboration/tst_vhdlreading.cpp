@@ -281,6 +281,26 @@ private Q_SLOTS:
         QCOMPARE(netlist->findNet("top/m/u/Beta")->declaration().line, 4);
     }
 
+    // What stands for missing entities of one library is not made for all others: each is a run of GHDL.
+    void suppliesEachLibraryAlone()
+    {
+        const QByteArray entity = "entity # is port (x : in bit); end;\narchitecture r of # is begin\n"
+                                  "i : entity work.no_# port map (x); end;\n";
+        m_sources->write("la.vhd", QByteArray(entity).replace('#', "la"));
+        m_sources->write("lb.vhd", QByteArray(entity).replace('#', "lb"));
+        m_sources->write("top.vhd", "library la, lb; entity top is port (x : in bit); end;\n"
+                                    "architecture r of top is begin u : entity la.la port map (x);\n"
+                                    "v : entity lb.lb port map (x); end;\n");
+        DesignInput input = m_sources->input({"la.vhd", "lb.vhd", "top.vhd"});
+        for (int i = 0; i < 2; ++i)
+            input.files[i].library = i == 0 ? "la" : "lb";
+        const QByteArray script =
+            "for own in la lb; do case \"$*\" in *--work=$own*made*) for file; do :; done\n"
+            "grep -q no_$own \"$file\" || exit 3;; esac; done; exec ghdl \"$@\"";
+        qputenv("JEX_GHDL", m_sources->script("tool", script).toUtf8());
+        QCOMPARE(built(input), QString("top:top x\ntop/u:la x\ntop/u/i:no_la\ntop/v:lb x\ntop/v/i:no_lb"));
+    }
+
     // When GHDL cannot run the design, what it made of it is shown, without its own names.
     void showsWhatGhdlGave()
     {

@@ -70,8 +70,6 @@ private Q_SLOTS:
         QCOMPARE(picture, arguments.contains("--shot") ? QSize(1280, 800) : QSize(0, 0));
     }
 
-    // A window needs a display, and what nobody looks at does not. The notes of the editor are for those who
-    // ask for them.
 #ifdef SOC
     // Windows speak the user's language, and what scripts read is English.
     void language_data()
@@ -105,6 +103,8 @@ private Q_SLOTS:
     }
 #endif
 
+    // A window needs a display, and what nobody looks at does not. The notes of the editor are for those who
+    // ask for them.
     void withoutADisplay_data()
     {
         QTest::addColumn<QStringList>("arguments");

@@ -4,6 +4,7 @@ module deep(output o); assign o = 1; endmodule
 module below(output o, output [1:0] m, input c); deep d(o); assign m = {1'b0, c}; endmodule
 module pass(input [1:0] i, output [1:0] o); wire [1:0] mid; only p(i[0], o[1]); only r(mid[1], o[0]); assign mid = i; endmodule
 module only(input a, output y); assign y = a; endmodule
+module alone(input x); wire hi, lo; only o[1:0](.a({1'b1, x}), .y({hi, lo})); endmodule
 module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   localparam P = 1;
   supply0 gnd; wire declared = 1; wire assigned; assign assigned = P; wire through; assign through = gnd;
@@ -19,7 +20,7 @@ module top(input clk, inout pad, inout [1:0] pads, output reg q = 1);
   pass p1(.i({clk, 1'b1}), .o(out));
   pass p2(.i({out[1], clk}), .o({back, loop[0]})); only p3(loop[1], loop[1]); only p4(clk, loop[0]);
   below bs[1:0](.o(), .m(each), .c(clk));
-  wire [1:0] dealt; wire all; only pa[1:0](.a({clk, 1'b1}), .y(dealt)); deep da[1:0](all);
+  wire [1:0] dealt; wire all; only pa[1:0](.a({clk, 1'b1}), .y(dealt)); deep da[1:0](all); alone al(clk);
 endmodule
 
 //= top:top clk pad! q gnd! declared! assigned! through! floating contested gw under! back all
@@ -47,3 +48,6 @@ endmodule
 //= top/pa[0]:only a! y!
 //= top/da[1]:deep o!
 //= top/da[0]:deep o!
+//= top/al:alone x hi! lo
+//= top/al/o[1]:only a! y!
+//= top/al/o[0]:only a y
