@@ -126,6 +126,11 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
            (need.required == 1 ? resource.one : resource.many);
 }
 
+QString counted(int count, const char *one, const char *many)
+{
+    return QString::number(count) + ' ' + (count == 1 ? one : many);
+}
+
 } // namespace
 
 void InsertionReport::noteTaps(const Analyzer &analyzer, const FlatNetlist &original)
@@ -268,11 +273,9 @@ QByteArray reportText(const InsertionReport &report, const Analyzer &analyzer,
                      " edge of " + bitName(clock, core.clock);
     }
     if (hasDesign)
-        lines << QString(
-                     "Proof: %1 cells, %2 nets and %3 memories of the original are in design.v, unchanged.")
-                     .arg(report.cells)
-                     .arg(report.nets)
-                     .arg(report.memories)
+        lines << QString("Proof: %1, %2 and %3 of the original are in design.v, unchanged.")
+                     .arg(counted(report.cells, "cell", "cells"), counted(report.nets, "net", "nets"),
+                          counted(report.memories, "memory", "memories"))
               << "Equivalence: " + report.equivalence;
     if (!report.counts[1].isEmpty())
         lines << "Cells counted by Yosys for " + options.family + ", without and with the analyzer:";

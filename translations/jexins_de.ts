@@ -592,7 +592,7 @@
     <name>QUARRY::ToolMessage</name>
     <message>
         <source>(%1 times)</source>
-        <translation>(%1 mal)</translation>
+        <translation>(%1-mal)</translation>
     </message>
     <message>
         <source>Module %1 is declared a second time. What %2:%3 declares is used.</source>

@@ -468,6 +468,10 @@
         <source>The design can be read again.</source>
         <translation>Das Design ist wieder lesbar.</translation>
     </message>
+    <message>
+        <source>WARNING: The design can be read, but: %1</source>
+        <translation>WARNING: Das Design ist lesbar, aber: %1</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::DeviceDialog</name>
@@ -1595,7 +1599,7 @@ Overwrite it, or discard what was edited here?</source>
     </message>
     <message>
         <source>Added to %1.</source>
-        <translation>Hinzugefügt: %1.</translation>
+        <translation>Hinzugefügt in: %1.</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "workbench/designtrial.h"
 
 #include <QAction>
+#include <QRegularExpression>
 #include <QSettings>
 
 #include "elaboration/tools/designinput.h"
@@ -63,26 +64,36 @@ void DesignTrial::want(bool wanted)
         Q_EMIT status(QString());
 }
 
+// What keeps the design from being read, or else what is read without: of two languages one does when the
+// other does not.
+QString DesignTrial::fault() const
+{
+    const QStringList messages = m_design->messages();
+    if (m_design->state() == DesignNetlist::Unreadable) {
+        const auto error = std::find_if(messages.begin(), messages.end(), QUARRY::isError);
+        return tr("The design is not readable yet: %1")
+            .arg(error != messages.end() ? *error : messages.value(0, tr("it has no sources.")));
+    }
+    const int warning = messages.indexOf(QRegularExpression("^WARNING: [^\\n]*:\\d+: .*"));
+    return warning < 0 ? QString()
+                       : tr("WARNING: The design can be read, but: %1").arg(messages.at(warning).mid(9));
+}
+
 void DesignTrial::tell()
 {
     if (!m_isWanted || m_design->isStale() || m_design->state() == DesignNetlist::Reading)
         return;
-    QString fault;
-    if (m_design->state() == DesignNetlist::Unreadable) {
-        const QStringList messages = m_design->messages();
-        const auto error = std::find_if(messages.begin(), messages.end(), QUARRY::isError);
-        fault = tr("The design is not readable yet: %1")
-                    .arg(error != messages.end() ? *error : messages.value(0, tr("it has no sources.")));
-    }
+    const bool isUnreadable = m_design->state() == DesignNetlist::Unreadable;
+    const QString fault = this->fault();
     if (fault != m_told && !fault.isEmpty())
-        Q_EMIT message(fault, true);
+        Q_EMIT message(fault, isUnreadable);
     else if (fault != m_told)
         Q_EMIT message(tr("The design can be read again."), false);
     m_told = fault;
-    Q_EMIT status(fault.section('\n', 0, 0));
+    Q_EMIT status(isUnreadable ? fault.section('\n', 0, 0) : QString());
     // Until it can be read, each change is another try.
-    if (fault.isEmpty())
-        want(false);
+    if (!isUnreadable)
+        m_design->setWanted(this, m_isWanted = false);
 }
 
 } // namespace Workbench

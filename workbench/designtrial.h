@@ -13,7 +13,7 @@ namespace Workbench {
 class DesignNetlist;
 
 // While editors offer to read a changed design again, tries whether it can be read, so that the user learns
-// of an error in a source before an editor stumbles over it.
+// of an error in a source before an editor stumbles over it, or goes on without what is in the source.
 class DesignTrial : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT
@@ -32,6 +32,7 @@ Q_SIGNALS:
 
 private:
     void want(bool wanted);
+    QString fault() const;
     void tell();
 
     DesignNetlist *m_design;

@@ -1,9 +1,9 @@
 #include "workbench/filedrop.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
-#include <QWidget>
 
 #include "host/foreignproject.h"
 #include "workbench/workspace.h"
@@ -23,10 +23,12 @@ QStringList localFiles(const QMimeData *data)
 
 } // namespace
 
-FileDrop::FileDrop(QWidget *window, Workspace *workspace) : QObject(window), m_workspace(workspace)
+// Lists and boxes of the window would take the files for names of signals or for text.
+FileDrop::FileDrop(QWidget *window, Workspace *workspace)
+    : QObject(window), m_window(window), m_workspace(workspace)
 {
     window->setAcceptDrops(true);
-    window->installEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
 // A project goes first: it is what the others are opened in.
@@ -50,7 +52,9 @@ void FileDrop::take(const QStringList &paths)
 // The drop is done with before anything is asked: its source waits for it.
 bool FileDrop::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::DragEnter && event->type() != QEvent::Drop)
+    const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove ||
+                        event->type() == QEvent::Drop;
+    if (!isDrag || !watched->isWidgetType() || static_cast<QWidget *>(watched)->window() != m_window)
         return QObject::eventFilter(watched, event);
     auto *drop = static_cast<QDropEvent *>(event);
     const QStringList paths = localFiles(drop->mimeData());

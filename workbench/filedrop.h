@@ -3,15 +3,14 @@
 #include <QObject>
 #include <QStringList>
 
-class QMimeData;
 class QWidget;
 
 namespace Workbench {
 
 class Workspace;
 
-// Takes files that are dropped on the window: a project or a configuration is opened, any other file is added
-// to the project.
+// Takes files that are dropped anywhere on the window: a project or a configuration is opened, any other file
+// is added to the project.
 class FileDrop : public QObject
 {
     Q_OBJECT
@@ -25,6 +24,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QWidget *m_window;
     Workspace *m_workspace;
 };
 

@@ -46,7 +46,6 @@
 #include "workbench/signaltransfer.h"
 #include "workbench/sourceopener.h"
 #include "workbench/statetexts.h"
-#include "workbench/taborder.h"
 #include "workbench/windowmemory.h"
 #include "workbench/workspace.h"
 
@@ -118,7 +117,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
     // A new view would come after everything else.
-    connect(views, &Core::ViewManager::viewActiveted, this, [this] { putTabOrder(m_center, m_messages); });
+    connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::orderTabs);
     new Session(m_settings, m_workspace);
     new FileDrop(this, m_workspace);
     WindowMemory::use(m_settings);
@@ -153,6 +152,7 @@ void MainWindow::attend(const QString &recoveryFolder)
     setIcons(this, menuBar());
     auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
     layout->insertWidget(layout->indexOf(m_banner) + 1, new ReopenBanner(m_recovery, m_design));
+    orderTabs();
 }
 
 void MainWindow::addMessage(const QString &text, bool isError)

@@ -50,6 +50,7 @@ private:
     void createProjectMenu();
     void createOtherMenus();
     void createDocks();
+    void orderTabs();
     void connectTree();
     void connectBanner();
     void restoreLayout();

@@ -1,6 +1,5 @@
 #include "workbench/taborder.h"
 
-#include <QList>
 #include <QWidget>
 
 namespace Workbench {
@@ -11,7 +10,9 @@ QList<QWidget *> reachedIn(const QWidget *area)
     QList<QWidget *> order;
     QWidget *window = area->window();
     for (QWidget *next = window->nextInFocusChain(); next != window; next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) && (next == area || area->isAncestorOf(next)))
+        // The line of a box goes with the box.
+        if ((next->focusPolicy() & Qt::TabFocus) && !next->focusProxy() &&
+            (next == area || area->isAncestorOf(next)))
             order << next;
     }
     return order;
@@ -19,13 +20,15 @@ QList<QWidget *> reachedIn(const QWidget *area)
 
 } // namespace
 
-void putTabOrder(const QWidget *earlier, const QWidget *later)
+void putTabOrder(const QWidget *window, const QList<QWidget *> &areas)
 {
-    const QList<QWidget *> first = reachedIn(earlier);
-    QWidget *last = first.isEmpty() ? nullptr : first.last();
-    for (QWidget *widget : last ? reachedIn(later) : QList<QWidget *>()) {
-        QWidget::setTabOrder(last, widget);
-        last = widget;
+    QWidget *last = nullptr;
+    for (const QWidget *area : areas) {
+        for (QWidget *widget : area->window() == window ? reachedIn(area) : QList<QWidget *>()) {
+            if (last)
+                QWidget::setTabOrder(last, widget);
+            last = widget;
+        }
     }
 }
 

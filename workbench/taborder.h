@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QList>
+
 class QWidget;
 
 namespace Workbench {
 
-// Lets the Tab key come to what is in `later` after all that is in `earlier`, in the order that it has; of
-// one window.
-void putTabOrder(const QWidget *earlier, const QWidget *later);
+// Lets the Tab key go through these areas of the window one after the other, within each in the order that it
+// has. What is in another window for now, as a dock that floats, is passed over.
+void putTabOrder(const QWidget *window, const QList<QWidget *> &areas);
 
 } // namespace Workbench

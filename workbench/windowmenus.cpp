@@ -1,4 +1,5 @@
 #include <QDockWidget>
+#include <QLayout>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QWhatsThis>
@@ -140,11 +141,19 @@ void MainWindow::createDocks()
     tabifyDockWidget(findChild<QDockWidget *>("projectDock"), netlist);
     findChild<QDockWidget *>("projectDock")->raise();
     // The bar of their tabs is there when the window is laid out.
-    const auto putBar = [this] {
-        for (const QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
-            putTabOrder(m_tree, bar);
-    };
-    QMetaObject::invokeMethod(this, putBar, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &MainWindow::orderTabs, Qt::QueuedConnection);
+}
+
+// As the eye goes: down the docks at the left, down the middle, then the messages.
+void MainWindow::orderTabs()
+{
+    QList<QWidget *> areas{m_tree, m_netlist};
+    for (QTabBar *bar : findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
+        areas << bar;
+    const QLayout *middle = centralWidget()->layout();
+    for (int i = 0; i < middle->count(); ++i)
+        areas << middle->itemAt(i)->widget();
+    putTabOrder(this, areas << m_messages);
 }
 
 } // namespace Workbench

@@ -86,7 +86,7 @@ private Q_SLOTS:
         QString error;
         const auto look = [this](QWidget *window, const QString &name) {
             lookForNames(window, name);
-            lookAtOrder(window, name);
+            lookAtOrder(window->window(), name); // parts of the window that are there at times, too
             lookAtKeys(window, name);
             const bool isPart = name.startsWith("editor-") || name.startsWith("banner-") || name == "guide";
             if (!isPart && Workbench::helpTopic(window) == "index")

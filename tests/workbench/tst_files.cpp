@@ -270,6 +270,14 @@ private Q_SLOTS:
         QVERIFY(drop.isAccepted());
         QTRY_COMPARE(Core::ViewManager::instance()->views().size(), 1);
         QCOMPARE(m_workspace->project()->data().files.last().path, m_dir->path("more.v"));
+        // Lists take drops of their own, which files are not.
+        auto *list = m_window->findChild<QTreeWidget *>("treeWidgetCapSigs");
+        data.setUrls({QUrl::fromLocalFile(m_dir->write("even.v", "module even; endmodule"))});
+        QDragEnterEvent toList(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &toList);
+        QDropEvent onList(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &onList);
+        QTRY_COMPARE(m_workspace->project()->data().files.last().path, m_dir->path("even.v"));
         QMimeData text;
         text.setText("a.zub");
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);

@@ -233,6 +233,16 @@ private Q_SLOTS:
         QVERIFY(!banner->isVisible());
     }
 
+    // Of two languages one is read when the other cannot be: what would be missing is told before the reload.
+    void halfReadableDesign()
+    {
+        m_window->workspace()->project()->addFile(
+            m_dir->write("c.vhd", "entity c is end;\narchitecture a of c is begin x <= ; end;\n"));
+        QTRY_VERIFY_WITH_TIMEOUT(messages().contains("can be read, but: ") && messages().contains("c.vhd:2"),
+                                 30000);
+        QVERIFY(!messages().contains("not readable"));
+    }
+
     // A session manager that lets nobody be asked ends the program by itself, or does not after all.
     void asksNobodyAtTheEnd()
     {
