@@ -1,7 +1,3 @@
-#include <QCheckBox>
-#include <QRadioButton>
-#include <QSpinBox>
-
 #include "host/eventmanager.h"
 #include "model/jex/jextool.h"
 #include "tests/options/pages.h"

@@ -1,8 +1,4 @@
-#include <QListWidget>
 #include <QScrollBar>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QTableView>
 
 #include "check/configuration.h"
 #include "check/snapshot.h"
