@@ -42,6 +42,8 @@ private Q_SLOTS:
         row("our name", "design.v", ours, "made", "*/made holds files that were not made here (design.v), *");
         row("map of another program", "map.json", "{\"top\": \"jex insert\"}", "made",
             "*/made holds files that were not made here (map.json), *");
+        row("map by another program", "map.json", "{\"madeBy\": \"another\"}", "made",
+            "*/made holds files that were not made here (map.json), *");
         row("folder", "design.v/mine", ours, "made", "*/made holds other files (design.v), *");
         row("link", "map.json", ours, "link", "*/link is not a folder. *");
         row("link with a slash", "map.json", ours, "link/", "*/link/ is not a folder. *");
