@@ -60,13 +60,9 @@ private Q_SLOTS:
         const char neither[] = "The file \"FILE\" is no JEX configuration: its outermost element is <html>.";
         row("neither", "<html/>", neither, neither, neither);
     }
-
     void reading()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, free);
-        QFETCH(QString, standard);
-        QFETCH(QString, lite);
+        auto [file, free, standard, lite] = textCells("file", "free", "standard", "lite");
         const Folder folder;
         const QString path = folder.write("a.zub", file.toUtf8());
         const struct
@@ -129,6 +125,29 @@ private Q_SLOTS:
         }
     }
 
+    // What a command does when somebody else writes the file between its reading and its writing.
+    void rewriting()
+    {
+        const QByteArray loose = R"(<jexconfig version="1" mode="Lite"><core number="0"/></jexconfig>)";
+        const QByteArray other = R"(<jexconfig version="1" mode="Lite"><core number="1"/></jexconfig>)";
+        const Folder dir;
+        const QString path = dir.write("a.zub", loose);
+        Configuration configuration;
+        QString error;
+        QVERIFY2(configuration.read(path, &error), qPrintable(error));
+        dir.write("a.zub", other); // of the same size, at the same moment
+        QVERIFY(!configuration.rewrite(path, &error));
+        QCOMPARE(error, "The file \"" + path +
+                            "\" has changed since it was read, and is left as it is. Run the command again.");
+        QCOMPARE(dir.read("a.zub"), other);
+        dir.write("new.zub", loose); // written anew, but the same
+        QVERIFY(QFile::remove(path) && QFile::rename(dir.path("new.zub"), path));
+        QVERIFY2(configuration.rewrite(path, &error), qPrintable(error));
+        QVERIFY(dir.read("a.zub").contains("captureAmount"));
+        QVERIFY(QFile::remove(path)); // nothing is lost
+        QVERIFY(configuration.rewrite(path, &error) && QFile::exists(path));
+    }
+
     // What a file had wrong before is no reason to refuse a new name; the same fault once more is.
     void rebindsWhatWasBroken()
     {
@@ -167,7 +186,6 @@ private Q_SLOTS:
             "Core 0: capture signal top/d is missing in the design");
         row("nothing", R"(<jexconfig version="1" mode="Lite"/>)", "", "");
     }
-
     void judging()
     {
         QFETCH(QString, file);

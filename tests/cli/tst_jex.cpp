@@ -1,9 +1,9 @@
-#include <QProcess>
 #include <QtTest>
 
 #include <csignal>
 
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
 
 // Runs transcripts of terminal sessions and compares what they show with what happens now. In a transcript
 // "== name" begins a file that is written, "==" ends it; "$ words" is a command for the shell, followed by
@@ -31,14 +31,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         for (const QFileInfo &file : QDir(TRANSCRIPTS).entryInfoList({"*.session"}))
-            QTest::newRow(qPrintable(file.baseName())) << QString(contents(file.filePath()));
+            row(qPrintable(file.baseName()), QString(contents(file.filePath())));
         for (const QFileInfo &file :
              QDir(DOCUMENTS).entryInfoList({"*.md"}) + QDir(DOCUMENTS "/guide").entryInfoList({"*.md"})) {
             const QString text = sessions(contents(file.filePath()));
             const QFileInfo then(TRANSCRIPTS "/" + file.baseName() + ".then");
             if (text.contains("$ "))
-                QTest::newRow(qPrintable("document " + file.baseName()))
-                    << text + (then.exists() ? contents(then.filePath()) : QByteArray());
+                row(qPrintable("document " + file.baseName()),
+                    text + (then.exists() ? contents(then.filePath()) : QByteArray()));
         }
     }
     void transcripts()

@@ -1,6 +1,4 @@
 #include <QImage>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QtTest>
 
 #include "tests/support/files.h"

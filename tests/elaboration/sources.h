@@ -1,10 +1,14 @@
 #pragma once
 
 #include "elaboration/elaboration.h"
+#include "host/designmanager.h"
+#include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 
 #include <QRegularExpression>
+
+#include <memory>
 
 // The sources of one design, in a folder of their own.
 class Sources : public Folder
@@ -36,6 +40,30 @@ public:
         return input;
     }
 };
+
+// The design of these sources; where there is none, it is told why.
+inline std::unique_ptr<QUARRY::RtlNetlist> netlistOf(const QUARRY::DesignInput &input)
+{
+    QStringList messages;
+    std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(input, messages));
+    if (!netlist)
+        qWarning("%s", qPrintable(messages.join('\n')));
+    return netlist;
+}
+
+// What a project reads.
+inline QUARRY::DesignInput projectInput(const QString &path)
+{
+    Core::Project project;
+    QString error;
+    if (!project.load(path, &error))
+        qFatal("%s", qPrintable(error));
+    Core::ProjectManager::setCurrentProject(&project);
+    const QUARRY::DesignInput input =
+        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    Core::ProjectManager::setCurrentProject(nullptr);
+    return input;
+}
 
 // In the pattern * stands for any text, such as a tool's own words.
 inline bool fits(const QString &text, const QString &pattern)

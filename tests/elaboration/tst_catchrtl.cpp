@@ -1,14 +1,9 @@
 #include "elaboration/catchrtl.h"
 #include "host/designmanager.h"
 #include "model/netlist/rtlnetlist.h"
+#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPointer>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 #include <functional>

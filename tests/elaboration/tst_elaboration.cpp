@@ -255,9 +255,8 @@ private Q_SLOTS:
         for (const char *name :
              {"two words", "it's \"quoted\"", "a;touch hacked;", "$(touch hacked)", "$HOME", "${HOME}x",
               "`touch hacked`", "-f", "+incdir+x", "new\nline", "back\\slash", "\u00fcml\u00e4ut", "a:3:4:b"})
-            QTest::newRow(name) << QString::fromUtf8(name);
+            row(name, QString::fromUtf8(name));
     }
-
     void takesAnyFileName()
     {
         QFETCH(QString, name);

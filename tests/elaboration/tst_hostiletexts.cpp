@@ -9,9 +9,9 @@
 #include "elaboration/tools/vhdlgenerates.h"
 #include "elaboration/tools/vhdllibraries.h"
 #include "tests/elaboration/sources.h"
+#include "tests/support/intime.h"
+#include "tests/support/tablerow.h"
 
-#include <QElapsedTimer>
-#include <QThread>
 #include <QtTest>
 
 #include <algorithm>
@@ -79,7 +79,58 @@ qint64 memoryUsed()
     return qint64(usage.ru_maxrss) << 10;
 }
 
+template <class Work>
+void inMemory(Work work)
+{
+    const qint64 before = memoryUsed();
+    work();
+    QVERIFY(memoryUsed() - before < mostMemory);
+}
+
+// The readers of sources, each for a text of its own.
+
+void repair(const QByteArray &text)
+{
+    QByteArray source = text;
+    BlankedNames names;
+    repairSource(source, VerilogSource, HideAssertions, names);
+}
+
+void lookForIncludes(const QByteArray &text)
+{
+    const Sources sources;
+    ScratchDir scratch;
+    SafeNames names(scratch);
+    SourceCopies copies(scratch, names);
+    QCOMPARE(copies.look(QStringList(sources.write("a.v", text)), VerilogSource), QStringList());
+}
+
+void lookForLibraries(const QByteArray &text)
+{
+    inMemory([&text] {
+        VhdlFile file;
+        file.path = "a.vhd";
+        file.scan = scanVhdl(text);
+        vhdlLibraries({file});
+    });
+}
+
+void lookForPackages(const QByteArray &text)
+{
+    const Sources sources;
+    ToolMessage error;
+    error.file = sources.write("a.sv", text);
+    error.line = 1;
+    error.text = "syntax error";
+    const QStringList files(error.file);
+    QVERIFY(!withMissingPackages({error}, files, files).isEmpty());
+}
+
+typedef void (*Reader)(const QByteArray &text);
+
 } // namespace
+
+Q_DECLARE_METATYPE(Reader)
 
 // What sources and wave files from strangers may be made of to fill the stack, the memory or the time of the
 // program that reads them.
@@ -88,270 +139,183 @@ class HostileTextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void repairs_data();
-    void repairs();
-    void namesInATalkativeSource();
-    void caseGenerates();
-    void lineFarAway();
-    void typesOfPackages();
-    void includes_data();
-    void includes();
-    void libraries_data();
-    void libraries();
-    void longChainOfFiles();
-    void packages_data();
-    void packages();
-    void waves_data();
-    void waves();
-    void nestedScopesOfVcd();
-    void arraysOfInterfaces();
+    void sources_data()
+    {
+        columns<Reader, QByteArray>("reader", "text");
+        const auto row = [](const char *name, Reader reader, const QByteArray &text) {
+            QTest::newRow(name) << reader << text;
+        };
+        row("nested ifs", repair, "assert property (a) " + times(100000, "if (a) "));
+        row("nested elses", repair, "assert property (a) " + times(100000, "if (a) b; else "));
+        row("no closing words", repair, times(20000, "property sequence checker covergroup "));
+        row("in a macro", repair, "`define m " + times(60000, "property "));
+        row("lets of lets", repair,
+            numbered(60, "let l#(a) = a + a;") + "let k0 = 1;" +
+                times(30, "let k1 = k0 + k0; let k0 = k1 + k1;"));
+        row("uses in uses", repair, "let l(a) = a + a; assign x = " + times(60, "l(") + "1" + times(60, ")"));
+        row("uses without end", repair, "let l(a) = a;" + times(60000, "l( l[ "));
+        row("lets without end", repair, times(30000, "let l(a = (b = "));
+        row("many imports", repair,
+            "package p;" + numbered(2000, "let l# = 1;") + "endpackage " + times(20000, "import p::*;"));
+        row("includes on one line", repair, times(300000, "`include "));
+        row("uses that grow too long", repair,
+            "let a(x) = x" + times(400, "+x") + ";let b(x) = a(x)" + times(15, "+a(x)") + ";" +
+                numbered(200, "let c#(x) = 1" + times(99, "+b(x+x)+b(x+x+x+x+x+x+x)") + ";"));
+        row("instances of checkers", repair, "checker c; endchecker " + times(30000, "bind a c c ["));
+        row("binds", repair, times(100000, "bind ") + times(50000, "bind , "));
+        row("no closing bracket", lookForIncludes, times(100000, "`include <\n"));
+        row("one line", lookForIncludes, times(100000, "`include <"));
+        row("generics without end", lookForLibraries, times(20000, "entity e is generic (a : b;"));
+        row("generics of one type", lookForLibraries,
+            "entity e is generic (" + times(20000, "a, ") + "b : " + times(50000, "x"));
+        row("many of one name", lookForLibraries,
+            times(20000, "entity e is end;architecture a of e is end;") + "library l;use l.e;");
+        row("many libraries", lookForLibraries,
+            "library " + numbered(10000, "l#,") + ";package p is end;" + numbered(10000, "l#.p ") +
+                numbered(10000, "work.w# "));
+        row("typedefs without end", lookForPackages, "p::q\n" + times(20000, "typedef "));
+        row("a long name", lookForPackages, times(100000, "a") + " p::q");
+        row("many packages", lookForPackages, numbered(20000, "a#::b "));
+    }
+    void sources()
+    {
+        QFETCH(Reader, reader);
+        QFETCH(QByteArray, text);
+        inTime(mostMilliseconds, [&] { reader(text); });
+    }
+
+    // A source of 8 MiB, and as many names of files as a project may have.
+    void namesInATalkativeSource()
+    {
+        BlankedNames names;
+        for (int i = 0; i < 5000; ++i)
+            names.includables.insert("lets_of_part_" + QByteArray::number(i) + ".svh", VerilogLets());
+        QByteArray text = QByteArray("  `include \"lets_of_part_x.svh\"\n").repeated(250000);
+        inTime(mostMilliseconds, [&] { QVERIFY(!names.areIn(text)); });
+        for (const char *use : {"`include \"lets_of_part_4999.svh\"", "`include <../inc/lets_of_part_0.svh>",
+                                "`define USED \"lets_of_part_7.svh\""})
+            QVERIFY2(names.areIn(text + use), use);
+    }
+
+    // The selector stands once in the source, and in the condition of each choice.
+    void caseGenerates()
+    {
+        QByteArray text =
+            "g: case " + times(50000, "a") + " generate when 0" + times(50000, "|1") + " => end generate;";
+        inMemory([&text] { replaceCaseGenerates(text); });
+    }
+
+    // "`line" lets a source say where it is.
+    void lineFarAway()
+    {
+        inTime(mostMilliseconds,
+               [] { QCOMPARE(moduleAt("module a;\nendmodule\n", 2000000000), QByteArray()); });
+    }
+
+    // Each type is known to two packages, which see two others.
+    void typesOfPackages()
+    {
+        Sources sources;
+        QByteArray text = "package a40 is type t40 is (x, y); end; package b40 is type t40 is (x, y); end;\n";
+        for (int i = 39; i >= 0; --i) {
+            for (const char *name : {"a", "b"})
+                text += QByteArray("use work.#.t$; package @ is subtype t% is t$; end;\n")
+                            .replace("#", name + QByteArray::number(i + 1))
+                            .replace("@", name + QByteArray::number(i))
+                            .replace("%", QByteArray::number(i))
+                            .replace("$", QByteArray::number(i + 1));
+        }
+        text += "entity e is end; architecture r of e is signal s : work.a0.t0; begin end;\n";
+        const QMap<QString, QString> names;
+        VhdlPlaceTable table;
+        table.open({{"work", sources.write("a.vhd", text)}}, names);
+        QElapsedTimer timer;
+        timer.start();
+        while (table.readSome())
+            QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(table.of("work", "e", "")->declarations.value("s").enumLabels.isEmpty());
+    }
+
+    void longChainOfFiles()
+    {
+        Sources sources;
+        QStringList files, sorted;
+        for (int i = 0; i < 2000; ++i) {
+            const QString text = QString("package p%1; import p%2::*; endpackage").arg(i).arg(i + 1);
+            files.append(sources.write(QString("%1.sv").arg(i), text.toUtf8()));
+        }
+        QScopedPointer<QThread> thread(
+            QThread::create([&files, &sorted] { sorted = orderedByUse(files, VerilogSource); }));
+        thread->setStackSize(256 << 10); // the usual one takes thirty times as many files
+        thread->start();
+        QVERIFY(thread->wait());
+        std::reverse(files.begin(), files.end());
+        QCOMPARE(sorted, files);
+    }
+
+    void waves_data()
+    {
+        columns<QByteArray, QByteArray>("small", "large");
+        const auto row = [](const char *name, QByteArray (*wave)(int size)) {
+            QTest::newRow(name) << head + wave(3) + '\0' << head + wave(20000) + '\0';
+        };
+        row("strings", [](int size) { return strings(times(size, "a"), size) + scopes; });
+        row("labels", [](int size) {
+            return strings(times(size, "a"), 1) +
+                   types(1, char(23) + number(1) + number(size) + times(size, number(2))) + scopes;
+        });
+        row("copies of a record", [](int size) {
+            const int fields = size / 3;
+            return strings("ab", 1) +
+                   types(size + 2, char(25) + number(1) + char(32) + number(1) + number(fields) +
+                                       times(fields, number(1) + number(1)) +
+                                       times(size, char(39) + number(1) + number(2))) +
+                   scopes;
+        });
+        row("members", [](int size) {
+            return strings(times(size, "a"), 1) +
+                   types(2, char(25) + number(1) + char(32) + number(1) + number(size) +
+                                times(size, number(2) + number(1))) +
+                   scopes + char(16) + number(1) + number(2) + times(size, number(1));
+        });
+        row("scopes",
+            [](int size) { return strings("ab", 1) + scopes + times(5 * size, char(3) + number(1)); });
+        row("rounds", [](int size) {
+            return strings(times(size, "a"), 1) + types(1, char(25) + number(1)) + scopes +
+                   times(size, char(5) + number(2) + number(1) + number(3) + char(15));
+        });
+    }
+    void waves()
+    {
+        QFETCH(QByteArray, small);
+        QFETCH(QByteArray, large);
+        VhdlScope all;
+        QVERIFY(readGhwScopes(small, all));
+        inMemory([&] { QVERIFY(!readGhwScopes(large, all)); });
+    }
+
+    void nestedScopesOfVcd()
+    {
+        Sources sources;
+        const QString file = sources.write("a.vcd", times(100000, "$scope module a $end\n"));
+        QVERIFY(!readVhdlScopes(file, "a"));
+    }
+
+    // Through each of them a constant passes to an instance.
+    void arraysOfInterfaces()
+    {
+        const Sources sources;
+        sources.write("a.sv",
+                      "interface link(input c); logic en; endinterface\n"
+                      "module sink(link l, link m, output o); assign o = l.en & m.en; endmodule\n"
+                      "module top(input clk); link a[1000](clk), b[1000](clk); assign a[0].en = 1;\n" +
+                          numbered(8, "wire [999:0] o#; sink s#[1000](.l(a), .m(b), .o(o#));\n") +
+                          "endmodule\n");
+        std::unique_ptr<RtlNetlist> netlist;
+        inTime(mostMilliseconds, [&] { netlist = netlistOf(sources.input({"a.sv"})); });
+        QVERIFY(netlist && netlist->findNet("top/a[0]/en")->excluded);
+    }
 };
-
-void HostileTextsTest::repairs_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("nested ifs") << "assert property (a) " + times(100000, "if (a) ");
-    QTest::newRow("nested elses") << "assert property (a) " + times(100000, "if (a) b; else ");
-    QTest::newRow("no closing words") << times(20000, "property sequence checker covergroup ");
-    QTest::newRow("in a macro") << "`define m " + times(60000, "property ");
-    QTest::newRow("lets of lets") << numbered(60, "let l#(a) = a + a;") + "let k0 = 1;" +
-                                         times(30, "let k1 = k0 + k0; let k0 = k1 + k1;");
-    QTest::newRow("uses in uses") << "let l(a) = a + a; assign x = " + times(60, "l(") + "1" + times(60, ")");
-    QTest::newRow("uses without end") << "let l(a) = a;" + times(60000, "l( l[ ");
-    QTest::newRow("lets without end") << times(30000, "let l(a = (b = ");
-    QTest::newRow("many imports") << "package p;" + numbered(2000, "let l# = 1;") + "endpackage " +
-                                         times(20000, "import p::*;");
-    QTest::newRow("includes on one line") << times(300000, "`include ");
-    QTest::newRow("uses that grow too long")
-        << "let a(x) = x" + times(400, "+x") + ";let b(x) = a(x)" + times(15, "+a(x)") + ";" +
-               numbered(200, "let c#(x) = 1" + times(99, "+b(x+x)+b(x+x+x+x+x+x+x)") + ";");
-    QTest::newRow("instances of checkers") << "checker c; endchecker " + times(30000, "bind a c c [");
-    QTest::newRow("binds") << times(100000, "bind ") + times(50000, "bind , ");
-}
-
-void HostileTextsTest::repairs()
-{
-    QFETCH(QByteArray, text);
-    QElapsedTimer timer;
-    timer.start();
-    BlankedNames names;
-    repairSource(text, VerilogSource, HideAssertions, names);
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-}
-
-// A source of 8 MiB, and as many names of files as a project may have.
-void HostileTextsTest::namesInATalkativeSource()
-{
-    BlankedNames names;
-    for (int i = 0; i < 5000; ++i)
-        names.includables.insert("lets_of_part_" + QByteArray::number(i) + ".svh", VerilogLets());
-    QByteArray text = QByteArray("  `include \"lets_of_part_x.svh\"\n").repeated(250000);
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(!names.areIn(text));
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-    for (const char *use : {"`include \"lets_of_part_4999.svh\"", "`include <../inc/lets_of_part_0.svh>",
-                            "`define USED \"lets_of_part_7.svh\""})
-        QVERIFY2(names.areIn(text + use), use);
-}
-
-// The selector stands once in the source, and in the condition of each choice.
-void HostileTextsTest::caseGenerates()
-{
-    QByteArray text =
-        "g: case " + times(50000, "a") + " generate when 0" + times(50000, "|1") + " => end generate;";
-    const qint64 before = memoryUsed();
-    replaceCaseGenerates(text);
-    QVERIFY(memoryUsed() - before < mostMemory);
-}
-
-// "`line" lets a source say where it is.
-void HostileTextsTest::lineFarAway()
-{
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(moduleAt("module a;\nendmodule\n", 2000000000), QByteArray());
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-}
-
-// Each type is known to two packages, which see two others.
-void HostileTextsTest::typesOfPackages()
-{
-    Sources sources;
-    QByteArray text = "package a40 is type t40 is (x, y); end; package b40 is type t40 is (x, y); end;\n";
-    for (int i = 39; i >= 0; --i) {
-        for (const char *name : {"a", "b"})
-            text += QByteArray("use work.#.t$; package @ is subtype t% is t$; end;\n")
-                        .replace("#", name + QByteArray::number(i + 1))
-                        .replace("@", name + QByteArray::number(i))
-                        .replace("%", QByteArray::number(i))
-                        .replace("$", QByteArray::number(i + 1));
-    }
-    text += "entity e is end; architecture r of e is signal s : work.a0.t0; begin end;\n";
-    const QMap<QString, QString> names;
-    VhdlPlaceTable table;
-    table.open({{"work", sources.write("a.vhd", text)}}, names);
-    QElapsedTimer timer;
-    timer.start();
-    while (table.readSome())
-        QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-    QVERIFY(table.of("work", "e", "")->declarations.value("s").enumLabels.isEmpty());
-}
-
-void HostileTextsTest::includes_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("no closing bracket") << times(100000, "`include <\n");
-    QTest::newRow("one line") << times(100000, "`include <");
-}
-
-void HostileTextsTest::includes()
-{
-    QFETCH(QByteArray, text);
-    Sources sources;
-    const QString file = sources.write("a.v", text);
-    ScratchDir scratch;
-    SafeNames names(scratch);
-    SourceCopies copies(scratch, names);
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(copies.look(QStringList(file), VerilogSource), QStringList());
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-}
-
-void HostileTextsTest::libraries_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("generics without end") << times(20000, "entity e is generic (a : b;");
-    QTest::newRow("generics of one type")
-        << "entity e is generic (" + times(20000, "a, ") + "b : " + times(50000, "x");
-    QTest::newRow("many of one name")
-        << times(20000, "entity e is end;architecture a of e is end;") + "library l;use l.e;";
-    QTest::newRow("many libraries") << "library " + numbered(10000, "l#,") + ";package p is end;" +
-                                           numbered(10000, "l#.p ") + numbered(10000, "work.w# ");
-}
-
-void HostileTextsTest::libraries()
-{
-    QFETCH(QByteArray, text);
-    const qint64 before = memoryUsed();
-    QElapsedTimer timer;
-    timer.start();
-    VhdlFile file;
-    file.path = "a.vhd";
-    file.scan = scanVhdl(text);
-    vhdlLibraries({file});
-    QVERIFY(memoryUsed() - before < mostMemory);
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-}
-
-void HostileTextsTest::longChainOfFiles()
-{
-    Sources sources;
-    QStringList files, sorted;
-    for (int i = 0; i < 2000; ++i) {
-        const QString text = QString("package p%1; import p%2::*; endpackage").arg(i).arg(i + 1);
-        files.append(sources.write(QString("%1.sv").arg(i), text.toUtf8()));
-    }
-    QScopedPointer<QThread> thread(
-        QThread::create([&files, &sorted] { sorted = orderedByUse(files, VerilogSource); }));
-    thread->setStackSize(256 << 10); // the usual one takes thirty times as many files
-    thread->start();
-    QVERIFY(thread->wait());
-    std::reverse(files.begin(), files.end());
-    QCOMPARE(sorted, files);
-}
-
-void HostileTextsTest::packages_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("typedefs without end") << "p::q\n" + times(20000, "typedef ");
-    QTest::newRow("a long name") << times(100000, "a") + " p::q";
-    QTest::newRow("many packages") << numbered(20000, "a#::b ");
-}
-
-void HostileTextsTest::packages()
-{
-    QFETCH(QByteArray, text);
-    Sources sources;
-    ToolMessage error;
-    error.file = sources.write("a.sv", text);
-    error.line = 1;
-    error.text = "syntax error";
-    const QStringList files(error.file);
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(!withMissingPackages({error}, files, files).isEmpty());
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-}
-
-void HostileTextsTest::waves_data()
-{
-    QTest::addColumn<QByteArray>("small");
-    QTest::addColumn<QByteArray>("large");
-    const auto row = [](const char *name, QByteArray (*wave)(int size)) {
-        QTest::newRow(name) << head + wave(3) + '\0' << head + wave(20000) + '\0';
-    };
-    row("strings", [](int size) { return strings(times(size, "a"), size) + scopes; });
-    row("labels", [](int size) {
-        return strings(times(size, "a"), 1) +
-               types(1, char(23) + number(1) + number(size) + times(size, number(2))) + scopes;
-    });
-    row("copies of a record", [](int size) {
-        const int fields = size / 3;
-        return strings("ab", 1) +
-               types(size + 2, char(25) + number(1) + char(32) + number(1) + number(fields) +
-                                   times(fields, number(1) + number(1)) +
-                                   times(size, char(39) + number(1) + number(2))) +
-               scopes;
-    });
-    row("members", [](int size) {
-        return strings(times(size, "a"), 1) +
-               types(2, char(25) + number(1) + char(32) + number(1) + number(size) +
-                            times(size, number(2) + number(1))) +
-               scopes + char(16) + number(1) + number(2) + times(size, number(1));
-    });
-    row("scopes", [](int size) { return strings("ab", 1) + scopes + times(5 * size, char(3) + number(1)); });
-    row("rounds", [](int size) {
-        return strings(times(size, "a"), 1) + types(1, char(25) + number(1)) + scopes +
-               times(size, char(5) + number(2) + number(1) + number(3) + char(15));
-    });
-}
-
-void HostileTextsTest::waves()
-{
-    QFETCH(QByteArray, small);
-    QFETCH(QByteArray, large);
-    VhdlScope all;
-    QVERIFY(readGhwScopes(small, all));
-    const qint64 before = memoryUsed();
-    QVERIFY(!readGhwScopes(large, all));
-    QVERIFY(memoryUsed() - before < mostMemory);
-}
-
-void HostileTextsTest::nestedScopesOfVcd()
-{
-    Sources sources;
-    const QString file = sources.write("a.vcd", times(100000, "$scope module a $end\n"));
-    QVERIFY(!readVhdlScopes(file, "a"));
-}
-
-// Through each of them a constant passes to an instance.
-void HostileTextsTest::arraysOfInterfaces()
-{
-    const Sources sources;
-    sources.write("a.sv", "interface link(input c); logic en; endinterface\n"
-                          "module sink(link l, link m, output o); assign o = l.en & m.en; endmodule\n"
-                          "module top(input clk); link a[1000](clk), b[1000](clk); assign a[0].en = 1;\n" +
-                              numbered(8, "wire [999:0] o#; sink s#[1000](.l(a), .m(b), .o(o#));\n") +
-                              "endmodule\n");
-    QElapsedTimer timer;
-    QStringList messages;
-    timer.start();
-    const std::unique_ptr<RtlNetlist> netlist(buildNetlist(sources.input({"a.sv"}), messages));
-    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
-    QVERIFY(netlist && netlist->findNet("top/a[0]/en")->excluded);
-}
 
 QTEST_GUILESS_MAIN(HostileTextsTest)
 #include "tst_hostiletexts.moc"

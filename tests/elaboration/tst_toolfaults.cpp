@@ -35,11 +35,9 @@ private Q_SLOTS:
             "or let the variable %2 name another program.");
         row("fails", "exit 3", "ERROR: %1 ended with code 3 and gave no design. *");
     }
-
     void reportsFailingTools()
     {
-        QFETCH(QString, body);
-        QFETCH(QString, message);
+        auto [body, message] = textCells("body", "message");
         qputenv("JEX_TOOL_TIMEOUT", "1");
         m_sources->write("a.v", "module a; endmodule");
         m_sources->write("b.vhd", "entity b is end; architecture a of b is begin end;");
@@ -66,7 +64,6 @@ private Q_SLOTS:
         for (const int size : {12, 44, 76, 108, 140})
             QTest::addRow("%d KB", size) << size;
     }
-
     void namesAFullDisk()
     {
         QFETCH(int, kilobytes);
@@ -104,12 +101,9 @@ private Q_SLOTS:
         row("cut waveform", "JEX_GHDL", "ghdl \"$@\"; case $1 in --elab-run) cut scopes0.* 80;; esac",
             "a:a x\na/u:b x");
     }
-
     void distrustsTools()
     {
-        QFETCH(QString, tool);
-        QFETCH(QString, script);
-        QFETCH(QString, outcome);
+        auto [tool, script, outcome] = textCells("tool", "script", "outcome");
         m_sources->write("a.v", "module a(input x); b u(x); endmodule");
         m_sources->write(
             "b.vhd",

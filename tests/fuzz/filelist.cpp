@@ -2,15 +2,14 @@
 #include "tests/fuzz/fuzz.h"
 
 // A list of sources, whose names are looked for beside the example's.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
     Core::ProjectData project;
     QStringList messages;
     const QString folder = QStringLiteral(EXAMPLE_DIR);
-    const bool isRead = Core::readFileList(Fuzz::file(Fuzz::bytes(data, size)), folder, project, messages);
+    const bool isRead = Core::readFileList(Fuzz::file(bytes), folder, project, messages);
     Fuzz::claim(isRead || !messages.isEmpty(), "what is refused comes with a sentence");
     Fuzz::claim(isRead || project.files.isEmpty(), "what is refused changes nothing");
     for (const QString &message : messages)
         Fuzz::claim(message.endsWith(QLatin1Char('.')), "messages are sentences");
-    return 0;
 }

@@ -10,22 +10,18 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// What the fuzz targets have in common. Each is one program: libFuzzer calls this with texts of all kinds,
-// and any crash, finding of a sanitizer or broken claim() ends it with the text that did it in a file.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+// What the fuzz targets have in common. Each is one program, and looks at texts of all kinds: any crash,
+// finding of a sanitizer or broken claim() ends it with the text that did it in a file.
 
 namespace Fuzz {
+
+void look(const QByteArray &bytes);
 
 // Ends the program when what the reader promises does not hold.
 inline void claim(bool holds, const char *promise)
 {
     if (!holds)
         qFatal("broken: %s", promise);
-}
-
-inline QByteArray bytes(const std::uint8_t *data, std::size_t size)
-{
-    return QByteArray(reinterpret_cast<const char *>(data), int(size));
 }
 
 // A file for readers that take no bytes. It is in memory alone, and the next call replaces it.
@@ -42,3 +38,10 @@ inline QString file(const QByteArray &content)
 static const bool isQuiet = (QLoggingCategory::setFilterRules(QStringLiteral("*=false")), true);
 
 } // namespace Fuzz
+
+// What libFuzzer calls.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    Fuzz::look(QByteArray(reinterpret_cast<const char *>(data), int(size)));
+    return 0;
+}

@@ -3,7 +3,7 @@
 
 namespace {
 
-void look(const QList<QUARRY::ToolMessage> &messages)
+void lookAt(const QList<QUARRY::ToolMessage> &messages)
 {
     for (const QUARRY::ToolMessage &message : messages) {
         Fuzz::claim(message.line >= 0 && message.column >= 0, "no place is negative");
@@ -14,10 +14,8 @@ void look(const QList<QUARRY::ToolMessage> &messages)
 } // namespace
 
 // What the tools say.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
-    const QByteArray output = Fuzz::bytes(data, size);
-    look(QUARRY::parseVerilatorMessages(output));
-    look(QUARRY::parseGhdlMessages(output));
-    return 0;
+    lookAt(QUARRY::parseVerilatorMessages(bytes));
+    lookAt(QUARRY::parseGhdlMessages(bytes));
 }

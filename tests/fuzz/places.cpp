@@ -2,9 +2,9 @@
 #include "tests/fuzz/vhdldesign.h"
 
 // VHDL sources, of which only the declarations are read.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
-    const QString file = Fuzz::file(Fuzz::bytes(data, size));
+    const QString file = Fuzz::file(bytes);
     const QMap<QString, QString> names;
     QUARRY::VhdlPlaceTable table;
     table.open({{QStringLiteral("work"), file}}, names);
@@ -17,5 +17,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             Fuzz::claim(place.line >= 0 && place.file.isEmpty() == (place.line == 0), "a place is whole");
     }
     Fuzz::readVhdlDesign(QStringLiteral(CORPUS "/waveform/blocks.vcd"), file);
-    return 0;
 }

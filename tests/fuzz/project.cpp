@@ -2,19 +2,18 @@
 #include "tests/fuzz/fuzz.h"
 
 // A project file.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
     const QString folder = QStringLiteral("/work");
     Core::ProjectData project;
     QString fault;
-    if (!Core::projectFromJson(Fuzz::bytes(data, size), folder, project, fault)) {
+    if (!Core::projectFromJson(bytes, folder, project, fault)) {
         Fuzz::claim(fault.endsWith(QLatin1Char('.')), "what is refused comes with a sentence");
         Fuzz::claim(project.files.isEmpty() && project.name.isEmpty(), "what is refused changes nothing");
-        return 0;
+        return;
     }
     const QByteArray saved = Core::projectToJson(project, folder);
     Core::ProjectData again;
     Fuzz::claim(Core::projectFromJson(saved, folder, again, fault), "what was saved can be read");
     Fuzz::claim(Core::projectToJson(again, folder) == saved, "saving what was saved changes nothing");
-    return 0;
 }

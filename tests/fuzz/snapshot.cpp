@@ -30,12 +30,11 @@ void repack(const CoreSnapshot &packed)
 
 // A state of an editor, as it may lie in a file after a crash. A digest stands before each core; it is put
 // right first, or no text that was made up would get further.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
-    const QByteArray bytes = Fuzz::bytes(data, size);
     Snapshot snapshot;
     if (!Snapshot::fromBytes(bytes, &snapshot))
-        return 0;
+        return;
     Fuzz::claim(snapshot.toBytes().size() <= bytes.size() + 9 * snapshot.file.size(),
                 "it takes no more room");
     for (CoreSnapshot core : snapshot.cores) {
@@ -46,5 +45,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Configuration configuration;
     const bool isRead = readSnapshot(snapshot, &configuration);
     Fuzz::claim(isRead != configuration.cores().isEmpty(), "all cores or none");
-    return 0;
 }

@@ -1,8 +1,7 @@
 #include "tests/fuzz/foreign.h"
 
 // The libraries of a vhdl_ls.toml, whose patterns are looked for beside the example.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
-    Fuzz::readForeignProject(Fuzz::bytes(data, size), Core::projectFromVhdlLs);
-    return 0;
+    Fuzz::readForeignProject(bytes, Core::projectFromVhdlLs);
 }

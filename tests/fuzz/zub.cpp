@@ -58,10 +58,8 @@ void check(const QByteArray &bytes, JEX::JexMode mode)
 } // namespace
 
 // A ".zub" file of either mode, also beside a design.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void Fuzz::look(const QByteArray &bytes)
 {
-    const QByteArray bytes = Fuzz::bytes(data, size);
     check(bytes, JEX::StandardMode);
     check(bytes, JEX::LiteMode);
-    return 0;
 }

@@ -1,10 +1,7 @@
 #include "tests/gateware/simulation.h"
 
-#include <QProcess>
-#include <QtTest>
-
-#include "tests/gateware/controltape.h"
 #include "tests/support/files.h"
+#include "tests/support/tools.h"
 
 using namespace RTLJEX;
 
@@ -77,9 +74,103 @@ int main() {
 }
 )";
 
+// What the control port of a core gets, clock by clock, and what it says at the clocks that are recorded.
+class ControlTape
+{
+public:
+    void command(int code, quint32 argument)
+    {
+        const quint64 bits = quint64(code) << 32 | argument;
+        for (int i = 0; i < 40; ++i)
+            shift(bits >> i & 1 ? '1' : '0', false);
+        update();
+    }
+
+    // The last digit first.
+    void load(const QByteArray &settings)
+    {
+        command(5, 0);
+        for (int i = settings.size() - 1; i >= 0; --i)
+            shift(settings[i], false);
+        update();
+    }
+
+    void read(int words)
+    {
+        add("000011");
+        for (int i = 0; i < 32 * words; ++i)
+            shift('0', true);
+        update();
+    }
+
+    void idleUntil(int clocks) { add("000000", clocks - m_lines.size()); }
+
+    int clocks() const { return m_lines.size(); }
+    QByteArray text() const { return m_lines.join('\n') + '\n'; } // a line for each clock
+
+private:
+    // A line: recorded, tdi, update, shift, capture, select.
+    void add(const char *line, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            m_lines += line;
+    }
+
+    void shift(char bit, bool isRecorded)
+    {
+        const QByteArray line = QByteArray(isRecorded ? "1" : "0") + bit + "0101";
+        m_lines += line;
+    }
+
+    void update()
+    {
+        add("001001");
+        add("000000");
+    }
+
+    QList<QByteArray> m_lines;
+};
+
+// The recorded bits as 32-bit words.
+QList<QByteArray> recordedWords(const QByteArray &bits)
+{
+    QList<QByteArray> words;
+    for (int at = 0; at + 32 <= bits.size(); at += 32) {
+        QByteArray word = bits.mid(at, 32);
+        std::reverse(word.begin(), word.end());
+        words += word;
+    }
+    return words;
+}
+
 QByteArray number(int value)
 {
     return QByteArray::number(value);
+}
+
+// The bits of all inputs of a core: the ports with the highest number on top, then the data; and the
+// connections of a vector "in" of them.
+QByteArray inputLine(const coremodel::Sample &sample)
+{
+    QByteArray bits = sample.data;
+    for (const QByteArray &port : sample.ports)
+        bits = port + bits;
+    return bits;
+}
+
+QByteArray inputPorts(const Bench &bench, int core)
+{
+    const CoreModule &module = bench.modules[core];
+    QByteArray text = ".data(in[" + number(module.layout.dataWidth - 1) + ":0]), ";
+    int low = module.layout.dataWidth;
+    const QMap<int, QByteArray> &sample = bench.cores[core]->halves.first().ports;
+    for (auto it = sample.begin(); it != sample.end(); ++it) {
+        const int top = low + it.value().size() - 1;
+        if (module.portNumbers.contains(it.key()))
+            text += ".trig_" + number(it.key()) + "(in[" + number(top) + ":" + number(low) + "]), ";
+        low = top + 1;
+    }
+    return text;
 }
 
 QByteArray instanceText(const Bench &bench, int i, int clocks)
@@ -172,42 +263,6 @@ void runIn(const Folder &folder, const QByteArray &sources, int edges, Simulator
 }
 
 } // namespace
-
-QByteArray inputLine(const coremodel::Sample &sample)
-{
-    QByteArray bits = sample.data;
-    for (const QByteArray &port : sample.ports)
-        bits = port + bits;
-    return bits;
-}
-
-QByteArray inputPorts(const Bench &bench, int core)
-{
-    const CoreModule &module = bench.modules[core];
-    QByteArray text = ".data(in[" + number(module.layout.dataWidth - 1) + ":0]), ";
-    int low = module.layout.dataWidth;
-    const QMap<int, QByteArray> &sample = bench.cores[core]->halves.first().ports;
-    for (auto it = sample.begin(); it != sample.end(); ++it) {
-        const int top = low + it.value().size() - 1;
-        if (module.portNumbers.contains(it.key()))
-            text += ".trig_" + number(it.key()) + "(in[" + number(top) + ":" + number(low) + "]), ";
-        low = top + 1;
-    }
-    return text;
-}
-
-QByteArray runTool(const QString &folder, const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.setWorkingDirectory(folder);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    const bool isOver = process.waitForFinished(600000);
-    const QByteArray said = process.readAll();
-    if (!isOver || process.exitStatus() != QProcess::NormalExit || process.exitCode())
-        qFatal("%s: %s", qPrintable(program), said.right(4000).constData());
-    return said;
-}
 
 int Bench::edges() const
 {

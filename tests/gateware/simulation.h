@@ -19,11 +19,3 @@ QStringList simulate(const Bench &bench, Simulator simulator);
 
 // A line of its status, and one for each window.
 QString captureText(const RTLJEX::CapturedCore &core);
-
-// The bits of all inputs of a core: the ports with the highest number on top, then the data; and the
-// connections of a vector "in" of them.
-QByteArray inputLine(const coremodel::Sample &sample);
-QByteArray inputPorts(const Bench &bench, int core);
-
-// What it said. Ends the test when it failed.
-QByteArray runTool(const QString &folder, const QString &program, const QStringList &arguments);

@@ -10,6 +10,7 @@
 #include "tests/support/files.h"
 #include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
+#include "tests/support/tools.h"
 
 using namespace RTLJEX;
 
@@ -119,18 +120,15 @@ class GatewareTest : public QObject
 private Q_SLOTS:
     void likeTheModel_data()
     {
-        QTest::addColumn<int>("simulator");
-        QTest::addColumn<int>("first");
+        columns<int, int>("simulator", "first");
         for (int batch = 0; batch < (isFull() ? 13 : 1); ++batch) {
             QTest::addRow("Icarus %d", batch) << int(Icarus) << batch * BatchSize;
             QTest::addRow("Verilator %d", batch) << int(Verilator) << batch * BatchSize;
         }
     }
-
     void likeTheModel()
     {
-        QFETCH(int, simulator);
-        QFETCH(int, first);
+        auto [simulator, first] = cells<int, int>("simulator", "first");
         // What Verilator writes takes long to compile.
         const int count = simulator == Icarus || isFull() ? BatchSize : BatchSize / 2;
         const std::vector<RandomCore> cores = randomCores(first, count, simulator == Icarus);
@@ -206,11 +204,9 @@ private Q_SLOTS:
         row("segment", "base + STEP[AB-1:0]", "base");
         row("input register", ".in({valid_1, force_1, data_1})", ".in({1'b1, force_1, data_1})");
     }
-
     void wrongCoresAreCaught()
     {
-        QFETCH(QString, right);
-        QFETCH(QString, wrong);
+        auto [right, wrong] = textCells("right", "wrong");
         static const std::vector<RandomCore> cores = capturingCores();
         Bench bench = benchOf(cores);
         QVERIFY(bench.sources.contains(right.toLatin1()));
@@ -243,11 +239,8 @@ private Q_SLOTS:
 
     void memoriesAreThoseOfTheEditor_data()
     {
-        QTest::addColumn<QString>("synthesis");
-        QTest::addColumn<QStringList>("device");
-        QTest::addColumn<int>("implementation");
-        QTest::addColumn<int>("signalCount");
-        QTest::addColumn<int>("depth");
+        columns<QString, QStringList, int, int, int>("synthesis", "device", "implementation", "signalCount",
+                                                     "depth");
         const QStringList ice40{"iCE40", "iCE40HX8K"};
         const QStringList ecp5{"ECP5", "LFE5U-25F"};
         const QStringList artix{"Artix-7", "XC7A35T"};
@@ -271,14 +264,11 @@ private Q_SLOTS:
         row("Artix-7 20x64", "synth_xilinx", artix, shadow, 20, 64);
         row("Artix-7 7x16", "synth_xilinx", artix, registers, 7, 16);
     }
-
     void memoriesAreThoseOfTheEditor()
     {
-        QFETCH(QString, synthesis);
-        QFETCH(QStringList, device);
-        QFETCH(int, implementation);
-        QFETCH(int, signalCount);
-        QFETCH(int, depth);
+        auto [synthesis, device, implementation, signalCount, depth] =
+            cells<QString, QStringList, int, int, int>("synthesis", "device", "implementation", "signalCount",
+                                                       "depth");
         const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device[0], device[1]);
         const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(
             *known->family, JEX::Implementation(implementation), signalCount, depth, true);
@@ -325,48 +315,7 @@ private Q_SLOTS:
         QCOMPARE(differences(bench), 0);
     }
 
-    // The reader of simulations, which takes no time of them.
-    void readerSaysTheSame()
-    {
-        unsigned number = 1;
-        while (number % 4 == 0 || !randomCore(number, true).commands.isEmpty())
-            ++number;
-        std::vector<RandomCore> cores = randomCores(number, 1, true);
-        const Bench bench = benchOf(cores);
-        const CoreLayout &layout = bench.modules[0].layout;
-        QByteArray text = bench.sources + readerSource() +
-                          "module bench;\nreg clk = 1'b0;\nreg [%1:0] in = 0;\nwire [6:0] ctl;\n";
-        QByteArray drive;
-        int width = 0;
-        for (int half = 0; half < bench.edges(); ++half) {
-            const QByteArray line = inputLine(cores[0].halves.value(half, cores[0].halves.last()));
-            width = line.size();
-            drive += "in <= " + QByteArray::number(width) + "'b" + line + "; #1 clk = ~clk; #1;\n";
-        }
-        text.replace("%1", QByteArray::number(width - 1));
-        text += "jex_core_0 core(.clk(clk), " + inputPorts(bench, 0) +
-                ".ctl_clock(ctl[0]), .ctl_select(ctl[1]), .ctl_capture(ctl[2]), .ctl_shift(ctl[3]), "
-                ".ctl_update(ctl[4]), .ctl_tdi(ctl[5]), .ctl_tdo(ctl[6]), .windows(), .done(), .seen());\n"
-                "jex_reader #(.SAMPLE_BITS(" +
-                QByteArray::number(layout.sampleWidth()) + "), .SAMPLES(" +
-                QByteArray::number(layout.storedSamples()) +
-                ")) reader(ctl[0], ctl[1], ctl[2], ctl[3], ctl[4], ctl[5], ctl[6]);\n"
-                "initial begin\n" +
-                drive + "reader.read_all;\n$finish;\nend\nendmodule\n";
-        Folder folder;
-        folder.write("bench.v", text);
-        runTool(folder.path(), "iverilog", {"-g2001", "-s", "bench", "-o", "bench.vvp", "bench.v"});
-        runTool(folder.path(), "vvp", {"-n", "bench.vvp"});
-        CapturedCore captured;
-        QString error;
-        QVERIFY2(readCapture(folder.read("capture.txt"), layout, &captured, &error), qPrintable(error));
-        QCOMPARE(captureText(captured), captureText(cores[0].expected(bench.edges())));
-        QVERIFY(!readCapture(folder.read("capture.txt").chopped(2 * layout.sampleWidth()), layout, &captured,
-                             &error));
-        QCOMPARE(error, QString("The captured samples are not complete."));
-    }
-
-    void textOfACore()
+    void tapsOfACore()
     {
         const std::unique_ptr<JEX::AoCore> core = soundCore();
         const CoreModule module = coreModule(anyOf(core.get()));
@@ -377,11 +326,17 @@ private Q_SLOTS:
         QCOMPARE(
             taps.join(", "),
             QString("data[0] a, data[1] b[1], data[2] b[0], trig_2[2] a, trig_2[1] d[1], trig_2[0] d[0]"));
-        QVERIFY(module.text.contains("module jex_core_3 ("));
-        QVERIFY(module.text.contains(".LEVEL(3'b001)"));
-        QVERIFY(module.text.contains("wire expression_0 = (~match[1]);"));
-        core->triggerMode = JEX::StaticTrigger;
-        QVERIFY(coreModule(anyOf(core.get())).text.contains(".TABLE(2'b01)"));
+    }
+
+    void partOfACapture()
+    {
+        CapturedCore captured;
+        QString error;
+        const CoreLayout layout = coreModule(anyOf(soundCore().get())).layout;
+        const QByteArray word(32, '0');
+        QVERIFY(!readCapture("status " + word + ' ' + word + ' ' + word + '\n' + word, layout, &captured,
+                             &error));
+        QCOMPARE(error, QString("The captured samples are not complete."));
     }
 
     void faults()

@@ -49,7 +49,6 @@ private Q_SLOTS:
         row("+c||", "a:1 b:1 a:2 b:2 c:2"); // a new one hears the next
         row("-b +b||", "a:1 a:2");          // and so does one that was away
     }
-
     void delivery()
     {
         const QString scripts = QTest::currentDataTag();

@@ -2,31 +2,11 @@
 
 #include "host/designmanager.h"
 #include "host/foreignproject.h"
+#include "tests/host/projecttext.h"
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
 
 using Core::ProjectData;
-
-namespace {
-
-QString described(const ProjectData &data, const QStringList &notes, const QString &folder)
-{
-    QStringList lines;
-    const auto add = [&lines](const QString &what, const QStringList &values) {
-        if (!values.isEmpty())
-            lines << what + ": " + values.join(' ');
-    };
-    add("top", data.topModule.isEmpty() ? QStringList() : QStringList(data.topModule));
-    for (const Core::SourceFile &file : data.files)
-        lines << file.path + ':' + QString::number(file.type) +
-                     (file.library.isEmpty() ? "" : '@' + file.library);
-    add("I", data.includePaths);
-    add("D", data.defines);
-    add("G", data.parameters);
-    return (lines + notes).join('\n').remove(folder + '/');
-}
-
-} // namespace
 
 class ForeignProjectTest : public QObject
 {
@@ -65,17 +45,17 @@ tool_options:
 toplevel: top
 version: 0.2.1
 )",
-            "top: top\nsrc/a/top.v:2\nsrc/a/pkg.txt:3\n%1b.vhd:4@lib_a\nI: src/a/inc src/b\nD: SLOW=0\n"
-            "G: WIDTH=8 FILE=\"boot.hex\" name=x y fast=true\n"
+            "src/a/top.v:2\nsrc/a/pkg.txt:3\n%1b.vhd:4@lib_a\nI:src/a/inc\nI:src/b\nD:SLOW=0\n"
+            "G:WIDTH=8\nG:FILE=\"boot.hex\"\nG:name=x y\nG:fast=true\ntop:top\n"
             "Not understood, and left out: \"hooks\", \"tool_options\".\n"
             "Left out of the files of type user: \"readme\".\n"
             "Left out of the files of type xdc: \"pins.xdc\", \"more.xdc\".\n"
             "Left out of the parameters of type plusarg: \"vcd\".");
         row("types of their own",
             "files: [a.v, /b.vhd, {name: a.v}, {name: c.v, define: {X: 1}}]\ntoplevel: [t, u]",
-            "top: t\na.v:2\n/b.vhd:4\nc.v:2\nA project here has one top module, \"t\"; left out: \"u\".\n"
+            "a.v:2\n/b.vhd:4\nc.v:2\ntop:t\nA project here has one top module, \"t\"; left out: \"u\".\n"
             "The macros of the file \"c.v\" alone are left out.");
-        row("JSON", R"({"files": [{"name": "a.v"}], "toplevel": "t"})", "top: t\na.v:2");
+        row("JSON", R"({"files": [{"name": "a.v"}], "toplevel": "t"})", "a.v:2\ntop:t");
         row("empty", "", "line 1: it must hold keys and values.");
         row("no files", "name: a\n", "line 1: \"files\" must be a list.");
         row("files no list", "name: a\nfiles: {}\n", "line 2: \"files\" must be a list.");
@@ -151,7 +131,8 @@ unused = 'error'
         QCOMPARE(dir.read("build/demo.eda.yml"), text);
         Core::Project own;
         QVERIFY2(own.load(dir.path("own/demo.jexprj"), &error), qPrintable(error));
-        QCOMPARE(described(own.data(), own.notes(), dir.path()), QString("build/rtl/a.v:2\nI: ../build/inc"));
+        QCOMPARE((projectWords(own.data(), dir.path()) + own.notes()).join('\n'),
+                 QString("build/rtl/a.v:2\nI:../build/inc"));
         const QString damaged = dir.write("vhdl_ls.toml", "[libraries]\na = 1");
         QVERIFY(!own.load(damaged, &error));
         QCOMPARE(error,
@@ -163,8 +144,7 @@ private:
     template <typename Read>
     void check(Read read)
     {
-        QFETCH(QString, text);
-        QFETCH(QString, expected);
+        auto [text, expected] = textCells("text", "expected");
         const Folder dir;
         for (const char *file : {"src/top.vhd", "src/a_pkg.vhd", "src/sub/b_pkg.vhd", "src/sub/deep/d.vhd",
                                  "src/old/c_pkg.vhd", "src/a1.vhdl", "src/c1.vhdl", "src/.git/x_pkg.vhd"})
@@ -180,7 +160,9 @@ private:
         if (expected.isEmpty())
             QVERIFY2(fault.startsWith("line ") && fault.endsWith('.'), qPrintable(fault));
         else
-            QCOMPARE(isRead ? described(data, notes, dir.path()) : fault, expected.replace("%1", above));
+            QCOMPARE(isRead ? (projectWords(data, dir.path()) + notes).join('\n').remove(dir.path() + '/')
+                            : fault,
+                     expected.replace("%1", above));
     }
 };
 

@@ -1,4 +1,3 @@
-#include <QLibraryInfo>
 #include <QtTest>
 
 #include "host/pluginmanager.h"

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "host/rowdelegate.h"
+#include "tests/support/tablerow.h"
 
 using namespace QUtil;
 
@@ -49,21 +50,16 @@ class RowDelegateTest : public QObject
 private Q_SLOTS:
     void rowsCanBeRead_data()
     {
-        QTest::addColumn<bool>("dark");
-        QTest::addColumn<QColor>("colour");
-        QTest::addColumn<double>("least");
+        columns<bool, QColor, double>("dark", "colour", "least");
         for (const bool dark : {false, true}) {
             const QByteArray name = dark ? "dark " : "light ";
-            QTest::newRow(name + "black") << dark << QColor(Qt::black) << 7.0;
-            QTest::newRow(name + "red") << dark << QColor(Qt::red) << 4.5;
+            row(name + "black", dark, QColor(Qt::black), 7.0);
+            row(name + "red", dark, QColor(Qt::red), 4.5);
         }
     }
-
     void rowsCanBeRead()
     {
-        QFETCH(bool, dark);
-        QFETCH(QColor, colour);
-        QFETCH(double, least);
+        auto [dark, colour, least] = cells<bool, QColor, double>("dark", "colour", "least");
         const QImage row = picture(dark, colour, true);
         QVERIFY2(contrastOf(row) >= least, qPrintable(QString::number(contrastOf(row))));
     }

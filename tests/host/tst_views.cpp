@@ -1,14 +1,12 @@
-#include <QAction>
 #include <QCloseEvent>
 #include <QMainWindow>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QtTest>
 
 #include "host/actionmanager.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
 #include "tests/support/tablerow.h"
+#include "tests/support/widgets.h"
 
 using Core::ActionManager;
 using Core::ViewManager;
@@ -113,7 +111,6 @@ private Q_SLOTS:
         row("kill c", "~c, on b, active b");
         row("show a, all", "ask b, closed b, ask c, ~b");
     }
-
     void closing()
     {
         for (const QString &step : QString(QTest::currentDataTag()).split(", ")) {

@@ -2,19 +2,12 @@
 // is, and what they then hold in their memories is what the nets were. Verilator compiles long, so it has its
 // turn in ./dev wave alone.
 
-#include "elaboration/elaboration.h"
 #include "gateware/windowtext.h"
 #include "insertion/analyzer.h"
 #include "insertion/insertionjob.h"
-#include "insertion/simulationjob.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/support/files.h"
-
-#include <QProcess>
-#include <QSignalSpy>
-#include <QtTest>
-
-#include <memory>
+#include "tests/insertion/captures.h"
+#include "tests/support/tablerow.h"
+#include "tests/support/tools.h"
 
 using namespace QUARRY;
 
@@ -62,23 +55,10 @@ module tb;
 endmodule
 )";
 
-JEX::SignalItem bus(const QString &name)
-{
-    JEX::SignalItem item;
-    item.name = name + "[7:0]";
-    item.type = JEX::BusKind;
-    for (int bit = 7; bit >= 0; --bit) {
-        item.members << JEX::SignalItem();
-        item.members.last().name = QString("%1[%2]").arg(name).arg(bit);
-        item.members.last().type = JEX::BusKind;
-    }
-    return item;
-}
-
 // Rows stand with the highest bit of the sample last.
 QList<JEX::SignalItem> rows()
 {
-    QList<JEX::SignalItem> rows{bus("top/lane[1]/u/total"), bus("top/q")};
+    QList<JEX::SignalItem> rows{signalNamed("top/lane[1]/u/total[7:0]"), signalNamed("top/q[7:0]")};
     for (JEX::SignalItem &row : rows)
         std::reverse(row.members.begin(), row.members.end());
     return rows;
@@ -88,26 +68,11 @@ std::unique_ptr<RTLJEX::Configuration> configurationOf(bool isLite)
 {
     std::unique_ptr<RTLJEX::Configuration> made(
         new RTLJEX::Configuration(isLite ? JEX::LiteMode : JEX::StandardMode));
-    if (isLite) {
-        JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-        core->sampleClock = "top/clk";
-        core->captureAmount = 64;
-        core->captureSignals = core->enabledCaptureSignals = rows();
-        made->coresOf<JEX::AOCore_Lite>() << core;
-        return made;
-    }
-    JEX::AoCore *core = new JEX::AoCore(0);
-    core->sampleClock = "top/clk";
-    core->storageSize = core->captureAmount = 64;
-    core->windowNumber = 1;
-    core->triggerPosition = 20;
-    core->captureSignals = core->enabledCaptureSignals = rows();
-    core->triggerPorts[0]->signalItems = {bus("top/lane[0]/u/total")};
-    core->matchUnits[0]->enabled = true;
-    core->matchUnits[0]->triggerPort = core->triggerPorts[0];
-    core->matchUnits[0]->value = "01XXXXXX";
-    core->expressions << "M0";
-    made->coresOf<JEX::AoCore>() << core;
+    if (isLite)
+        addLite(*made, "top/clk", rows(), 64);
+    else
+        addStandard(*made, "top/clk", rows(), 64, 1, signalNamed("top/lane[0]/u/total[7:0]"), "01XXXXXX")
+            .triggerPosition = 20;
     return made;
 }
 
@@ -120,32 +85,26 @@ class AttachingTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_input.workingDir = m_folder.path();
-        DesignSource source;
-        source.path = m_folder.write("design.sv", design);
-        source.type = 3;
-        m_input.files << source;
+        m_folder.write("design.sv", design);
+        m_input = m_folder.input({"design.sv"});
         m_input.top = "top";
-        QStringList messages;
-        m_netlist.reset(buildNetlist(m_input, messages));
-        QVERIFY2(m_netlist, qPrintable(messages.join('\n')));
+        m_netlist = netlistOf(m_input);
+        QVERIFY(m_netlist);
     }
 
     void windows_data()
     {
-        QTest::addColumn<bool>("isLite");
-        QTest::addColumn<bool>("byBind");
-        QTest::newRow("Lite, probe") << true << false;
-        QTest::newRow("Standard, probe") << false << false;
+        columns<bool, bool>("isLite", "byBind");
+        row("Lite, probe", true, false);
+        row("Standard, probe", false, false);
         if (qEnvironmentVariable("JEX_WAVE") != "full")
             return;
-        QTest::newRow("Lite, bind") << true << true;
-        QTest::newRow("Standard, bind") << false << true;
+        row("Lite, bind", true, true);
+        row("Standard, bind", false, true);
     }
     void windows()
     {
-        QFETCH(bool, isLite);
-        QFETCH(bool, byBind);
+        auto [isLite, byBind] = cells<bool, bool>("isLite", "byBind");
         const std::unique_ptr<RTLJEX::Configuration> configuration = configurationOf(isLite);
         Insertion::InsertionOptions options;
         options.instance = "tb.b.chip";
@@ -206,24 +165,9 @@ private Q_SLOTS:
     }
 
 private:
-    template <class Job>
-    static void finish(Job &job)
-    {
-        QSignalSpy end(&job, SIGNAL(finished()));
-        job.start();
-        QVERIFY(end.wait(120000));
-    }
-
-    // What it said; a failure ends the test.
     QByteArray run(const QString &program, const QStringList &arguments)
     {
-        QProcess process;
-        process.setWorkingDirectory(m_folder.path());
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(program, arguments);
-        if (!process.waitForFinished(300000) || process.exitCode() != 0)
-            qFatal("%s failed: %s", qPrintable(program), process.readAll().constData());
-        return process.readAll();
+        return runTool(m_folder.path(), program, arguments);
     }
 
     // The sums of both lanes are in each line: that of lane 1, and that exclusive-or the one of lane 0.
@@ -237,7 +181,7 @@ private:
         return -1;
     }
 
-    Folder m_folder;
+    Sources m_folder;
     DesignInput m_input;
     std::unique_ptr<RtlNetlist> m_netlist;
 };

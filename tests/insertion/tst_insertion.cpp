@@ -8,46 +8,20 @@
 #include "insertion/flatnetlist.h"
 #include "insertion/insertionjob.h"
 #include "insertion/insertiontexts.h"
-#include "tests/elaboration/sources.h"
-
-#include <QProcess>
-#include <QSignalSpy>
-#include <QtTest>
-
-#include <memory>
+#include "tests/insertion/captures.h"
+#include "tests/support/tablerow.h"
+#include "tests/support/tools.h"
 
 using namespace QUARRY;
 
 namespace {
 
-QByteArray run(const QString &program, const QStringList &arguments, const QString &folder)
-{
-    QProcess process;
-    process.setWorkingDirectory(folder);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    if (!process.waitForFinished(120000) || process.exitCode() != 0)
-        return program.toUtf8() + " failed: " + process.readAll();
-    return process.readAll();
-}
-
-JEX::SignalItem rowOf(const QString &name, int kind)
-{
-    JEX::SignalItem item;
-    item.name = name;
-    item.type = kind;
-    return item;
-}
-
 void addRows(const Hierachy &node, QList<JEX::SignalItem> &rows)
 {
     for (const RtlNet *net : node.nets)
-        rows << rowOf(net->fullPathName(), JEX::NetKind);
-    for (const RtlNetBus *bus : node.buses) {
-        rows << rowOf(bus->fullBusName(), JEX::BusKind);
-        for (const RtlNet *bit : bus->members)
-            rows.last().members << rowOf(bit->fullPathName(), JEX::BusKind);
-    }
+        rows << signalNamed(net->fullPathName());
+    for (const RtlNetBus *bus : node.buses)
+        rows << signalNamed(bus->fullBusName());
     for (const Hierachy *child : node.children)
         addRows(*child, rows);
 }
@@ -57,12 +31,7 @@ struct Capture
 {
     Capture(const QString &clock, const QList<JEX::SignalItem> &rows) : configuration(JEX::LiteMode)
     {
-        JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-        core->sampleClock = clock;
-        core->captureAmount = 16;
-        core->captureSignals = rows;
-        core->enabledCaptureSignals = rows;
-        configuration.coresOf<JEX::AOCore_Lite>() << core;
+        addLite(configuration, clock, rows, 16);
     }
     RTLJEX::Configuration configuration;
 };
@@ -129,24 +98,20 @@ class InsertionTest : public QObject
 private Q_SLOTS:
     void everyTap_data()
     {
-        QTest::addColumn<QString>("design");
-        QTest::addColumn<QString>("place");
-        QTest::addColumn<int>("nanoseconds");
-        QTest::addColumn<int>("words"); // of memories
+        // "words": of memories
+        columns<QString, QString, int, int>("design", "place", "nanoseconds", "words");
         const bool isFull = qEnvironmentVariable("JEX_WAVE") == "full";
-        QTest::newRow("clocks, loops, ranges, VHDL") << "mix"
-                                                     << "mix_tb.dut" << (isFull ? 13000 : 4000) << 16;
-        QTest::newRow("example") << "soc"
-                                 << "soc_tb.dut" << (isFull ? 1000000 : 60000) << 24;
+        row("clocks, loops, ranges, VHDL", "mix", "mix_tb.dut", (isFull ? 13000 : 4000), 16);
+        row("example", "soc", "soc_tb.dut", (isFull ? 1000000 : 60000), 24);
     }
     void everyTap()
     {
-        QFETCH(QString, design);
-        QFETCH(QString, place);
-        QFETCH(int, nanoseconds);
-        QFETCH(int, words);
-        const DesignInput input = design == "mix" ? mix() : example();
-        const std::unique_ptr<RtlNetlist> netlist(build(input));
+        auto [design, place, nanoseconds, words] =
+            cells<QString, QString, int, int>("design", "place", "nanoseconds", "words");
+        const DesignInput input = design == "mix"
+                                      ? m_example.input({TEST_DESIGNS "/mix.v", TEST_DESIGNS "/counter.vhd"})
+                                      : example();
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
         QVERIFY(netlist);
         QList<JEX::SignalItem> rows;
         addRows(*netlist->topHierarchy, rows);
@@ -193,90 +158,70 @@ private Q_SLOTS:
     // One small design each, all of whose nets are captured.
     void designs_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QStringList>("parameters");
-        QTest::addColumn<QString>("message"); // one of those, as a pattern; empty: no error
-        QTest::addColumn<QString>("written"); // a pattern for a line of design.v
-        QTest::newRow("open pins")
-            << "a.v"
-            << QByteArray("module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
-                          "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\n"
-                          "endmodule")
-            << QStringList() << ""
-            << "  assign pins = 4'hz;";
-        QTest::newRow("an open pin of an instance")
-            << "a.v" << QByteArray("module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule")
-            << QStringList() << "ERROR: Open bits (z) of the original are not open any more."
-            << "";
-        QTest::newRow("no definition") << "a.v"
-                                       << QByteArray("module top(input clk, output q);\n"
-                                                     "PLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule")
-                                       << QStringList() << ""
-                                       << "  PLL #(";
-        QTest::newRow("parameter")
-            << "a.v"
-            << QByteArray("module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
-                          "assign q = S == \"y s\" ? N : 8'h0; endmodule")
-            << QStringList{"N=77", "S=\"y s\""} << ""
-            << "*8'h4d*";
-        QTest::newRow("parameter that is a command")
-            << "a.v" << QByteArray("module top #(parameter N = 3) (input clk); endmodule")
-            << QStringList{"N=1;!touch owned"}
-            << "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys."
-            << "";
-        QTest::newRow("name of an added port")
-            << "a.v"
-            << QByteArray("module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule")
-            << QStringList() << ""
-            << "  input jexx_ctl_clock;";
-        QTest::newRow("name of a core")
-            << "a.v"
-            << QByteArray("module top(input clk); jex_cores c(clk); endmodule\n"
-                          "module jex_cores(input i); endmodule")
-            << QStringList() << "ERROR: A module of the design has the name of one of the analyzer's."
-            << "";
-        QTest::newRow("text that looks like a name")
-            << "a.v"
-            << QByteArray("module top(input clk);\n"
-                          "PRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule")
-            << QStringList() << ""
-            << "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*";
-        const QByteArray loop =
-            "library ieee; use ieee.std_logic_1164.all;\n"
-            "entity top is port (clk : in std_logic; a : in std_logic_vector(2 downto 0);\n"
-            "q : out std_logic_vector(2 downto 0)); end;\n"
-            "architecture r of top is begin\n"
-            "g : for n in RANGE generate signal s : std_logic_vector(n downto 0);\n"
-            "begin s <= a(n downto 0); q(n) <= s(n) xor s(0) when rising_edge(clk); end generate; end;";
+        // "message": one of those that are told, as a pattern, empty: no error; "written": a pattern for a
+        // line of design.v
+        columns<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
+                                                                 "parameters");
+        const auto refused = [](const QByteArray &name, const char *file, const QString &text,
+                                const char *message, const QStringList &parameters = {}) {
+            row(name, file, text, message, "", parameters);
+        };
+        const auto made = [](const QByteArray &name, const char *file, const QString &text,
+                             const char *written, const QStringList &parameters = {}) {
+            row(name, file, text, "", written, parameters);
+        };
+        made("open pins", "a.v",
+             "module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
+             "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\nendmodule",
+             "  assign pins = 4'hz;");
+        refused("an open pin of an instance", "a.v",
+                "module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule",
+                "ERROR: Open bits (z) of the original are not open any more.");
+        made("no definition", "a.v",
+             "module top(input clk, output q);\nPLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule", "  PLL #(");
+        made("parameter", "a.v",
+             "module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
+             "assign q = S == \"y s\" ? N : 8'h0; endmodule",
+             "*8'h4d*", {"N=77", "S=\"y s\""});
+        refused("parameter that is a command", "a.v", "module top #(parameter N = 3) (input clk); endmodule",
+                "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys.", {"N=1;!touch owned"});
+        made("name of an added port", "a.v",
+             "module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule",
+             "  input jexx_ctl_clock;");
+        refused("name of a core", "a.v",
+                "module top(input clk); jex_cores c(clk); endmodule\nmodule jex_cores(input i); endmodule",
+                "ERROR: A module of the design has the name of one of the analyzer's.");
+        made("text that looks like a name", "a.v",
+             "module top(input clk);\nPRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule",
+             "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*");
+        const auto loop = [](const char *range) {
+            return QString(
+                       "library ieee; use ieee.std_logic_1164.all;\n"
+                       "entity top is port (clk : in std_logic; a : in std_logic_vector(2 downto 0);\n"
+                       "q : out std_logic_vector(2 downto 0)); end;\narchitecture r of top is begin\n"
+                       "g : for n in %1 generate signal s : std_logic_vector(n downto 0);\n"
+                       "begin s <= a(n downto 0); q(n) <= s(n) xor s(0) when rising_edge(clk); end generate; "
+                       "end;")
+                .arg(range);
+        };
         // The width of each round tells whether it is the right one.
-        QTest::newRow("rounds upwards")
-            << "a.vhd" << QByteArray(loop).replace("RANGE", "0 to 2") << QStringList() << ""
-            << "*tap_*(g_n3_s)*";
-        QTest::newRow("rounds downwards")
-            << "a.vhd" << QByteArray(loop).replace("RANGE", "2 downto 0") << QStringList() << ""
-            << "*tap_*(g_n3_s)*";
-        QTest::newRow("rounds of a range") << "a.vhd" << QByteArray(loop).replace("RANGE", "a'range")
-                                           << QStringList() << "ERROR: top/g[0]/s[0:0] cannot be tapped: *"
-                                           << "";
-        QTest::newRow("newer than Yosys")
-            << "a.sv"
-            << QByteArray("module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
-                          "always_ff @(posedge clk) u.v <= 4'h3; endmodule")
-            << QStringList() << "WARNING: There is therefore no design.v. *"
-            << "";
+        made("rounds upwards", "a.vhd", loop("0 to 2"), "*tap_*(g_n3_s)*");
+        made("rounds downwards", "a.vhd", loop("2 downto 0"), "*tap_*(g_n3_s)*");
+        refused("rounds of a range", "a.vhd", loop("a'range"), "ERROR: top/g[0]/s[0:0] cannot be tapped: *");
+        refused("newer than Yosys", "a.sv",
+                "module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
+                "always_ff @(posedge clk) u.v <= 4'h3; endmodule",
+                "WARNING: There is therefore no design.v. *");
     }
     void designs()
     {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, text);
-        QFETCH(QStringList, parameters);
-        QFETCH(QString, message);
-        QFETCH(QString, written);
-        Folder folder;
-        folder.write(file, text);
-        DesignInput input = inputOf(folder.path(), {file});
-        const std::unique_ptr<RtlNetlist> netlist(build(input));
+        auto [file, text, message, written, parameters] =
+            cells<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
+                                                                   "parameters");
+        const Sources folder;
+        folder.write(file, text.toUtf8());
+        DesignInput input = folder.input({file});
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
         QVERIFY(netlist);
         QList<JEX::SignalItem> rows;
         addRows(*netlist->topHierarchy, rows);
@@ -302,7 +247,7 @@ private Q_SLOTS:
     // A constant may call foreign code, which Yosys runs and Verilator does not see.
     void keepsSourcesIn()
     {
-        Folder folder;
+        const Sources folder;
         const QString victim = folder.write("victim", "mine");
         const QByteArray command =
             "for d in $TMPDIR $TMPDIR/.. " + QDir::tempPath().toUtf8() +
@@ -323,10 +268,10 @@ private Q_SLOTS:
                         .toUtf8();
         text += "localparam r = system(1048576);\n`endif\nassign q = clk;\nendmodule\n";
         folder.write("two words.sv", text);
-        const DesignInput input = inputOf(folder.path(), {"two words.sv"});
-        const std::unique_ptr<RtlNetlist> netlist(build(input));
+        const DesignInput input = folder.input({"two words.sv"});
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
         QVERIFY(netlist);
-        const Capture capture("top/clk", {rowOf("top/q", JEX::NetKind)});
+        const Capture capture("top/clk", {signalNamed("top/q")});
         Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
         finish(job);
         QCOMPARE(job.messages().filter("ERROR"), QStringList());
@@ -338,11 +283,11 @@ private Q_SLOTS:
     // A net that flattening took away is not judged by another one.
     void lostTap()
     {
-        Folder folder;
+        const Sources folder;
         folder.write("a.v", "module top(input clk); endmodule");
-        const std::unique_ptr<RtlNetlist> netlist(build(inputOf(folder.path(), {"a.v"})));
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         QVERIFY(netlist);
-        const Capture capture("top/clk", {rowOf("top/clk", JEX::NetKind)});
+        const Capture capture("top/clk", {signalNamed("top/clk")});
         const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
         Insertion::FlatNetlist flat;
         QString error;
@@ -357,11 +302,11 @@ private Q_SLOTS:
     // A family without the memory that a core asks for.
     void noSuchMemory()
     {
-        Folder folder;
+        const Sources folder;
         folder.write("a.v", "module top(input clk); endmodule");
-        const std::unique_ptr<RtlNetlist> netlist(build(inputOf(folder.path(), {"a.v"})));
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         for (int implementation : {JEX::BsramImplementation, JEX::SsramImplementation}) {
-            const Capture capture("top/clk", {rowOf("top/clk", JEX::NetKind)});
+            const Capture capture("top/clk", {signalNamed("top/clk")});
             capture.configuration.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
             const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
             Insertion::InsertionReport report;
@@ -375,21 +320,6 @@ private Q_SLOTS:
     }
 
 private:
-    static DesignInput inputOf(const QString &folder, const QStringList &names)
-    {
-        DesignInput input;
-        input.workingDir = folder;
-        for (const QString &name : names) {
-            DesignSource source;
-            source.path = folder + '/' + name;
-            source.type = name.endsWith(".vhd") ? 4 : name.endsWith(".sv") ? 3 : 2;
-            input.files << source;
-        }
-        return input;
-    }
-
-    static DesignInput mix() { return inputOf(TEST_DESIGNS, {"mix.v", "counter.vhd"}); }
-
     // As its test bench has it.
     DesignInput example()
     {
@@ -401,7 +331,7 @@ private:
             if (!names.contains(name) && !name.endsWith(".vh"))
                 names << name;
         }
-        DesignInput input = inputOf(m_example.path(), names);
+        DesignInput input = m_example.input(names);
         input.top = "soc";
         return input;
     }
@@ -411,31 +341,12 @@ private:
         return design == "mix" ? QString(TEST_DESIGNS "/mix_tb.v") : EXAMPLES "/soc/tb/soc_tb.v";
     }
 
-    static RtlNetlist *build(const DesignInput &input)
-    {
-        QStringList messages;
-        RtlNetlist *netlist = buildNetlist(input, messages);
-        if (!netlist)
-            qWarning("%s", qPrintable(messages.join('\n')));
-        return netlist;
-    }
-
-    static void finish(Insertion::InsertionJob &job)
-    {
-        QSignalSpy end(&job, SIGNAL(finished()));
-        job.start();
-        QVERIFY(end.wait(60000));
-    }
-
     // The Verilog sources, and what GHDL makes of the others.
     static QStringList sources(const DesignInput &input, const Folder &folder)
     {
         QStringList files;
         QUARRY::Elaborator elaborator(input);
-        QSignalSpy end(&elaborator, SIGNAL(finished()));
-        elaborator.start();
-        if (!end.wait(60000))
-            return {};
+        finish(elaborator);
         const std::unique_ptr<Elaboration> design = elaborator.takeResult();
         for (const DesignSource &source : input.files) {
             if (source.type != 4)
@@ -460,22 +371,15 @@ private:
     static QByteArray simulate(const Folder &folder, const QStringList &files, const QString &bench,
                                const QStringList &tops)
     {
-        QStringList options{"-g2012",
-                            "-o",
-                            "simulation",
-                            "-s",
-                            QFileInfo(bench).baseName(),
-                            "-I",
-                            QFileInfo(files.first()).path()};
+        QStringList options{"-g2012", "-o", "simulation", "-s", QFileInfo(bench).baseName()};
+        options << "-I" << QFileInfo(files.first()).path();
         for (const QString &top : tops)
             options << "-s" << top;
-        const QByteArray said = run("iverilog", options + files + QStringList(bench), folder.path());
-        if (said.contains("failed"))
-            return said;
-        return run("vvp", {"-n", "simulation"}, folder.path());
+        runTool(folder.path(), "iverilog", options + files + QStringList(bench));
+        return runTool(folder.path(), "vvp", {"-n", "simulation"});
     }
 
-    Folder m_example;
+    Sources m_example;
 };
 
 QTEST_GUILESS_MAIN(InsertionTest)

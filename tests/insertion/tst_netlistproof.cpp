@@ -1,8 +1,7 @@
 #include "insertion/netlistproof.h"
 #include "tests/support/files.h"
-
-#include <QProcess>
-#include <QtTest>
+#include "tests/support/tablerow.h"
+#include "tests/support/tools.h"
 
 namespace {
 
@@ -48,66 +47,31 @@ private Q_SLOTS:
 
     void faults_data()
     {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QString>("expected"); // the beginning of the first sentence
-        QTest::newRow("none") << ""
-                              << ""
-                              << "";
-        QTest::newRow("constant driver") << "/*more*/"
-                                         << "assign sum[2] = 1'b0;"
-                                         << "Net * is tied to other constants*";
-        QTest::newRow("constant for a net") << "assign r = inner"
-                                            << "assign r = {1'b0, inner[2:0]}"
-                                            << "What is connected at r*";
-        QTest::newRow("gate") << "sum & ~b"
-                              << "sum ^ ~b"
-                              << "Cell *";
-        QTest::newRow("connection") << ".a(inner)"
-                                    << ".a(b)"
-                                    << "What is connected*";
-        QTest::newRow("order of bits") << ".a(inner)"
-                                       << ".a({inner[0], inner[1], inner[2], inner[3]})"
-                                       << "What is connected*";
-        QTest::newRow("inputs of a gate") << "w ? sum & ~b : sum | a"
-                                          << "w ? sum | a : sum & ~b"
-                                          << "Cell *";
-        QTest::newRow("extra driver") << "/*cell*/"
-                                      << "assign inner = a & b;"
-                                      << "Cell * is not in the original.";
-        QTest::newRow("extra driver by the analyzer") << ".ctl_tdo()"
-                                                      << ".ctl_tdo(unused)"
-                                                      << "The analyzer drives*";
-        QTest::newRow("joined nets") << "/*cell*/"
-                                     << "assign unused = w;"
-                                     << "What is connected*";
-        QTest::newRow("initial value") << "4'h5"
-                                       << "4'h4"
-                                       << "*initial value*";
-        QTest::newRow("clock edge") << "posedge clk) q"
-                                    << "negedge clk) q"
-                                    << "Cell *";
-        QTest::newRow("size of a memory") << "[0:7]"
-                                          << "[0:15]"
-                                          << "The memories *";
-        QTest::newRow("black box") << ".y(w)"
-                                   << ".y(inner[1])"
-                                   << "Cell *";
-        QTest::newRow("missing register") << "if (w) words[b[2:0]] <= a;"
-                                          << ";"
-                                          << "Cell *";
-        QTest::newRow("no analyzer") << "jex_cores jex_cores"
-                                     << "VENDOR2 jex_cores"
-                                     << "*";
-        QTest::newRow("tap in the way") << ".jex_tap_1(jex_tap_1)"
-                                        << ".jex_tap_1(r)"
-                                        << "What is connected*";
+        // "expected": the beginning of the first sentence
+        textColumns("from", "to", "expected");
+        row("none", "", "", "");
+        row("constant driver", "/*more*/", "assign sum[2] = 1'b0;", "Net * is tied to other constants*");
+        row("constant for a net", "assign r = inner", "assign r = {1'b0, inner[2:0]}",
+            "What is connected at r*");
+        row("gate", "sum & ~b", "sum ^ ~b", "Cell *");
+        row("connection", ".a(inner)", ".a(b)", "What is connected*");
+        row("order of bits", ".a(inner)", ".a({inner[0], inner[1], inner[2], inner[3]})",
+            "What is connected*");
+        row("inputs of a gate", "w ? sum & ~b : sum | a", "w ? sum | a : sum & ~b", "Cell *");
+        row("extra driver", "/*cell*/", "assign inner = a & b;", "Cell * is not in the original.");
+        row("extra driver by the analyzer", ".ctl_tdo()", ".ctl_tdo(unused)", "The analyzer drives*");
+        row("joined nets", "/*cell*/", "assign unused = w;", "What is connected*");
+        row("initial value", "4'h5", "4'h4", "*initial value*");
+        row("clock edge", "posedge clk) q", "negedge clk) q", "Cell *");
+        row("size of a memory", "[0:7]", "[0:15]", "The memories *");
+        row("black box", ".y(w)", ".y(inner[1])", "Cell *");
+        row("missing register", "if (w) words[b[2:0]] <= a;", ";", "Cell *");
+        row("no analyzer", "jex_cores jex_cores", "VENDOR2 jex_cores", "*");
+        row("tap in the way", ".jex_tap_1(jex_tap_1)", ".jex_tap_1(r)", "What is connected*");
     }
     void faults()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(QString, expected);
+        auto [from, to, expected] = textCells("from", "to", "expected");
         QString text = tapped();
         QVERIFY(text.contains(from));
         if (!from.isEmpty())
@@ -157,16 +121,11 @@ private:
     QString flat(const QByteArray &verilog, const QString &name)
     {
         m_folder.write(name + ".v", verilog);
-        QProcess yosys;
-        yosys.setWorkingDirectory(m_folder.path());
         const QString file = m_folder.path(name + ".flat");
-        yosys.start("yosys", {"-q", "-p",
-                              "read_verilog " + name +
-                                  ".v; blackbox jex_cores; hierarchy -top top; proc; flatten; "
-                                  "write_rtlil " +
-                                  file});
-        if (!yosys.waitForFinished(60000) || yosys.exitCode() != 0)
-            qWarning("%s", yosys.readAllStandardError().constData());
+        runTool(m_folder.path(), "yosys",
+                {"-q", "-p",
+                 "read_verilog " + name +
+                     ".v; blackbox jex_cores; hierarchy -top top; proc; flatten; write_rtlil " + file});
         return file;
     }
 

@@ -2,6 +2,7 @@
 
 #include "insertion/outputfolder.h"
 #include "tests/elaboration/sources.h"
+#include "tests/support/tablerow.h"
 
 #include <QtTest>
 
@@ -33,35 +34,26 @@ private Q_SLOTS:
     // while that was done.
     void foreignFolders_data()
     {
-        QTest::addColumn<QString>("file"); // in the folder "made", to which "link" leads
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("named");
-        QTest::addColumn<QString>("message");
-        const QByteArray ours = "{\"madeBy\": \"jex insert\"}";
-        QTest::newRow("other name") << "mine.txt" << ours << "made"
-                                    << "*/made holds other files (mine.txt), which would be lost. *";
-        QTest::newRow("our name") << "design.v" << ours << "made"
-                                  << "*/made holds files that were not made here (design.v), *";
-        QTest::newRow("map of another program")
-            << "map.json" << QByteArray("{\"top\": \"jex insert\"}") << "made"
-            << "*/made holds files that were not made here (map.json), *";
-        QTest::newRow("folder") << "design.v/mine" << ours << "made"
-                                << "*/made holds other files (design.v), *";
-        QTest::newRow("link") << "map.json" << ours << "link"
-                              << "*/link is not a folder. *";
-        QTest::newRow("link with a slash") << "map.json" << ours << "link/"
-                                           << "*/link/ is not a folder. *";
-        QTest::newRow("source") << "map.json" << ours << "made"
-                                << "*/made is a folder of the sources: map.json is in it. *";
+        // "file": in the folder "made", to which "link" leads
+        textColumns("file", "text", "named", "message");
+        const char ours[] = "{\"madeBy\": \"jex insert\"}";
+        row("other name", "mine.txt", ours, "made",
+            "*/made holds other files (mine.txt), which would be lost. *");
+        row("our name", "design.v", ours, "made", "*/made holds files that were not made here (design.v), *");
+        row("map of another program", "map.json", "{\"top\": \"jex insert\"}", "made",
+            "*/made holds files that were not made here (map.json), *");
+        row("map by another program", "map.json", "{\"madeBy\": \"another\"}", "made",
+            "*/made holds files that were not made here (map.json), *");
+        row("folder", "design.v/mine", ours, "made", "*/made holds other files (design.v), *");
+        row("link", "map.json", ours, "link", "*/link is not a folder. *");
+        row("link with a slash", "map.json", ours, "link/", "*/link/ is not a folder. *");
+        row("source", "map.json", ours, "made", "*/made is a folder of the sources: map.json is in it. *");
     }
     void foreignFolders()
     {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, text);
-        QFETCH(QString, named);
-        QFETCH(QString, message);
+        auto [file, text, named, message] = textCells("file", "text", "named", "message");
         Folder folder;
-        folder.write("made/" + file, text);
+        folder.write("made/" + file, text.toUtf8());
         QFile::link(folder.path("made"), folder.path("link"));
         const bool isSource = QByteArray(QTest::currentDataTag()) == "source";
         const Insertion::OutputFolder output(folder.path() + '/' + named,
@@ -71,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(!output.write({{"map.json", "new"}, {"design.v", "new"}}, &error));
         QVERIFY2(fits(error, message), qPrintable(error));
         QCOMPARE(output.fault(), error);
-        QCOMPARE(folder.read("made/" + file), text);
+        QCOMPARE(QString(folder.read("made/" + file)), text);
         QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList({"link", "made"}));
     }

@@ -1,16 +1,9 @@
 // A captured window is what the nets were: the recorded waveform of all tapped nets is sampled here at the
 // edges of the clock, as a register does, and each window has to be the right part of that.
 
-#include "elaboration/elaboration.h"
 #include "insertion/analyzer.h"
-#include "insertion/simulationjob.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/support/files.h"
-
-#include <QSignalSpy>
-#include <QtTest>
-
-#include <memory>
+#include "tests/insertion/captures.h"
+#include "tests/support/tablerow.h"
 
 using namespace QUARRY;
 
@@ -135,92 +128,65 @@ class SimulationTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_input.workingDir = m_folder.path();
-        DesignSource source;
-        source.path = m_folder.write("design.v", design);
-        source.type = 2;
-        m_input.files << source;
-        source.onlyWhenUsed = true;
-        for (const auto &library :
-             {std::make_pair("unit.v", otherUnit), std::make_pair("follower.v", follower)}) {
-            source.path = m_folder.write(library.first, library.second);
-            m_input.files.prepend(source);
-        }
+        m_folder.write("follower.v", follower);
+        m_folder.write("unit.v", otherUnit);
+        m_folder.write("design.v", design);
+        m_input = m_folder.input({"follower.v", "unit.v", "design.v"});
+        m_input.files[0].onlyWhenUsed = m_input.files[1].onlyWhenUsed = true;
         m_folder.write("tb.v", bench);
-        QStringList messages;
-        m_netlist.reset(buildNetlist(m_input, messages));
-        QVERIFY2(m_netlist, qPrintable(messages.join('\n')));
+        m_netlist = netlistOf(m_input);
+        QVERIFY(m_netlist);
     }
 
     void windows_data()
     {
-        QTest::addColumn<bool>("byNetlist");
-        QTest::addColumn<QString>("clock");
-        QTest::addColumn<int>("edge");
-        QTest::addColumn<int>("amount");
-        QTest::addColumn<int>("position"); // -1: a Lite core
-        QTest::addColumn<int>("segments");
-        QTest::addColumn<QString>("value"); // of the count that triggers
-        struct Row
-        {
-            const char *clock;
-            int edge, amount, position, segments;
-            const char *value;
-        } rows[] = {{"top/clk", 0, 64, -1, 1, ""},         {"top/clk", 1, 64, 10, 4, "00010110"},
-                    {"top/clk2", 0, 32, 0, 2, "XXXX01XX"}, {"top/clk", 0, 16, 12, 8, "XXX00000"},
-                    {"top/clk2", 1, 128, -1, 1, ""},       {"top/clk", 0, 256, 252, 1, "1XXXXXXX"},
-                    {"top/clk2", 0, 16, -1, 1, ""},        {"top/clk", 1, 512, -1, 1, ""},
-                    {"top/clk", 0, 32, 28, 4, "XXXXXX11"}, {"top/clk2", 1, 64, 31, 4, "XXXXX00X"},
-                    {"top/clk", 1, 4, 0, 16, "XXXX1111"},  {"top/clk2", 1, 256, 1, 1, "0XXXXXX1"}};
-        for (int i = 0; i < int(std::size(rows)); ++i) {
-            for (bool byNetlist : {false, true}) {
-                const Row &row = rows[i];
-                QTest::addRow("%d %s", i, byNetlist ? "netlist" : "sources")
-                    << byNetlist << row.clock << row.edge << row.amount << row.position << row.segments
-                    << row.value;
-            }
+        // "position": -1: a Lite core; "value": of the count that triggers
+        columns<QString, int, int, int, int, QString, bool>("clock", "edge", "amount", "position", "segments",
+                                                            "value", "byNetlist");
+        for (bool byNetlist : {false, true}) {
+            const auto both = [byNetlist](const char *clock, int edge, int amount, int position, int segments,
+                                          const char *value) {
+                row(QString("%1 %2 %3 %4 %5")
+                        .arg(clock)
+                        .arg(edge)
+                        .arg(amount)
+                        .arg(position)
+                        .arg(byNetlist)
+                        .toUtf8(),
+                    clock, edge, amount, position, segments, value, byNetlist);
+            };
+            both("top/clk", 0, 64, -1, 1, "");
+            both("top/clk", 1, 64, 10, 4, "00010110");
+            both("top/clk2", 0, 32, 0, 2, "XXXX01XX");
+            both("top/clk", 0, 16, 12, 8, "XXX00000");
+            both("top/clk2", 1, 128, -1, 1, "");
+            both("top/clk", 0, 256, 252, 1, "1XXXXXXX");
+            both("top/clk2", 0, 16, -1, 1, "");
+            both("top/clk", 1, 512, -1, 1, "");
+            both("top/clk", 0, 32, 28, 4, "XXXXXX11");
+            both("top/clk2", 1, 64, 31, 4, "XXXXX00X");
+            both("top/clk", 1, 4, 0, 16, "XXXX1111");
+            both("top/clk2", 1, 256, 1, 1, "0XXXXXX1");
         }
     }
     void windows()
     {
-        QFETCH(bool, byNetlist);
-        QFETCH(QString, clock);
-        QFETCH(int, edge);
-        QFETCH(int, amount);
-        QFETCH(int, position);
-        QFETCH(int, segments);
-        QFETCH(QString, value);
+        auto [clock, edge, amount, position, segments, value, byNetlist] =
+            cells<QString, int, int, int, int, QString, bool>("clock", "edge", "amount", "position",
+                                                              "segments", "value", "byNetlist");
         RTLJEX::Configuration configuration(position < 0 ? JEX::LiteMode : JEX::StandardMode);
-        QList<JEX::SignalItem> rows = {bus("top/lane[1]/u/count", 4, 11),
-                                       net("top/lane[2]/u/never_set"),
-                                       bus("top/out", 3, 0),
-                                       net("top/rst"),
-                                       bus("top/in", 2, 1),
-                                       bus("top/lane[2]/u/out", 0, 3),
-                                       bus("top/all", 0, 3)};
+        QList<JEX::SignalItem> rows;
+        for (const char *name : {"top/lane[1]/u/count[4:11]", "top/lane[2]/u/never_set", "top/out[3:0]",
+                                 "top/rst", "top/in[2:1]", "top/lane[2]/u/out[0:3]", "top/all[0:3]"})
+            rows << signalNamed(name);
         rows[3].alias = "$end"; // would end its declaration in the waveform
         if (position < 0) {
-            JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-            core->sampleClock = clock;
-            core->sampleEdge = edge;
-            core->captureAmount = amount;
-            core->captureSignals = core->enabledCaptureSignals = rows;
-            configuration.coresOf<JEX::AOCore_Lite>() << core;
+            addLite(configuration, clock, rows, amount).sampleEdge = edge;
         } else {
-            JEX::AoCore *core = new JEX::AoCore(0);
-            core->sampleClock = clock;
-            core->sampleEdge = edge;
-            core->storageSize = amount * segments;
-            core->captureAmount = amount;
-            core->windowNumber = segments;
-            core->triggerPosition = position;
-            core->captureSignals = core->enabledCaptureSignals = rows;
-            core->triggerPorts[0]->signalItems = {bus("top/lane[0]/u/count", 11, 4)};
-            core->matchUnits[0]->enabled = true;
-            core->matchUnits[0]->triggerPort = core->triggerPorts[0];
-            core->matchUnits[0]->value = value;
-            core->expressions << "M0";
-            configuration.coresOf<JEX::AoCore>() << core;
+            JEX::AoCore &core = addStandard(configuration, clock, rows, amount, segments,
+                                            signalNamed("top/lane[0]/u/count[11:4]"), value);
+            core.sampleEdge = edge;
+            core.triggerPosition = position;
         }
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, byNetlist);
         QVERIFY2(job->outcome() == Insertion::SimulationJob::Done, qPrintable(job->messages().join('\n')));
@@ -275,15 +241,14 @@ private Q_SLOTS:
         RTLJEX::Configuration configuration(JEX::StandardMode);
         JEX::AoCore *core = new JEX::AoCore(2);
         core->sampleClock = "top/clk";
-        core->captureSignals = core->enabledCaptureSignals = {net("top/rst")};
-        core->triggerPorts[1]->signalItems = {net("top/rst")};
+        core->captureSignals = core->enabledCaptureSignals = {signalNamed("top/rst")};
+        core->triggerPorts[1]->signalItems = {signalNamed("top/rst")};
         for (int unit : {0, 5}) {
             core->matchUnits[unit]->enabled = true;
             core->matchUnits[unit]->triggerPort = core->triggerPorts[1];
             core->matchUnits[unit]->value = unit ? "R" : "F";
         }
-        core->expressions << "M0"
-                          << "M5";
+        core->expressions = QStringList{"M0", "M5"};
         configuration.coresOf<JEX::AoCore>() << core;
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         QCOMPARE(int(job->outcome()), int(Insertion::SimulationJob::Silent));
@@ -301,7 +266,7 @@ private Q_SLOTS:
             "tb.v", "module tb; reg clk = 0; always #5 clk = ~clk; top a(.clk(clk));\n"
                     "initial begin $dumpfile(\"own.vcd\"); $dumpvars(0, tb); #20000 $finish; end endmodule");
         RTLJEX::Configuration configuration(JEX::LiteMode);
-        captureOne(configuration, "top/clk");
+        addLite(configuration, "top/clk", {signalNamed("top/clk")});
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         m_folder.write("tb.v", bench);
         QVERIFY2(job->outcome() == Insertion::SimulationJob::Done, qPrintable(job->messages().join('\n')));
@@ -311,31 +276,28 @@ private Q_SLOTS:
     // What a bench says and does reaches nobody but its reader.
     void benches_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("expected"); // the beginning of the last message
-        QTest::newRow("no instance") << QByteArray("module tb; endmodule")
-                                     << "ERROR: The test bench has no instance of top.";
-        QTest::newRow("comments") << QByteArray("// module tb\n/* module top */ module tb; endmodule")
-                                  << "ERROR: The test bench has no instance of top.";
-        QTest::newRow("two instances") << QByteArray("module tb; top a(); top b(); endmodule")
-                                       << "ERROR: The test bench has several instances of top: tb.a, tb.b. "
-                                          "Name one of them with --instance.";
-        QTest::newRow("does not compile") << QByteArray("module tb; top a(; endmodule") << "ERROR: ";
-        QTest::newRow("fails") << QByteArray("module tb; top a(); initial $fatal(1, \"no\"); endmodule")
-                               << "ERROR: The test bench failed with code 1.";
-        QTest::newRow("writes outside")
-            << QByteArray("module tb; top a(); integer f; initial begin f = $fopen(\"" +
-                          m_folder.path().toUtf8() +
-                          "/escaped\", \"w\"); $display(\"%0d\", f); $finish; end endmodule")
-            << "Core 0 did not fill its window: its sample clock top/clk had too few edges.";
+        // "expected": the beginning of the last message
+        textColumns("text", "expected");
+        const QString none = "ERROR: The test bench has no instance of top.";
+        row("no instance", "module tb; endmodule", none);
+        row("comments", "// module tb\n/* module top */ module tb; endmodule", none);
+        row("two instances", "module tb; top a(); top b(); endmodule",
+            "ERROR: The test bench has several instances of top: tb.a, tb.b. Name one of them with "
+            "--instance.");
+        row("does not compile", "module tb; top a(; endmodule", "ERROR: ");
+        row("fails", "module tb; top a(); initial $fatal(1, \"no\"); endmodule",
+            "ERROR: The test bench failed with code 1.");
+        row("writes outside",
+            "module tb; top a(); integer f; initial begin f = $fopen(\"" + m_folder.path() +
+                "/escaped\", \"w\"); $display(\"%0d\", f); $finish; end endmodule",
+            "Core 0 did not fill its window: its sample clock top/clk had too few edges.");
     }
     void benches()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(QString, expected);
-        m_folder.write("tb.v", text);
+        auto [text, expected] = textCells("text", "expected");
+        m_folder.write("tb.v", text.toUtf8());
         RTLJEX::Configuration configuration(JEX::LiteMode);
-        captureOne(configuration, "top/rst");
+        addLite(configuration, "top/clk", {signalNamed("top/rst")});
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         m_folder.write("tb.v", bench);
         QVERIFY2(job->messages().join('\n').startsWith(expected), qPrintable(job->messages().join('\n')));
@@ -345,24 +307,23 @@ private Q_SLOTS:
     // A bench without an end is cut off, by who waits for it or by the limit, and nothing of it is left.
     void endless_data()
     {
-        QTest::addColumn<QByteArray>("process");
-        QTest::addColumn<bool>("isCancelled");
+        columns<QString, bool>("process", "isCancelled");
         for (bool isCancelled : {true, false}) {
-            const char *end = isCancelled ? "cancelled" : "limit";
-            QTest::addRow("clock, %s", end) << QByteArray("always #1 clk = ~clk;") << isCancelled;
-            QTest::addRow("no time, %s", end) << QByteArray("initial while (1) clk = 0;") << isCancelled;
-            QTest::addRow("talks, %s", end) << QByteArray("always #1 $display(\"tick\");") << isCancelled;
+            const QByteArray end = isCancelled ? "cancelled" : "limit";
+            row("clock, " + end, "always #1 clk = ~clk;", isCancelled);
+            row("no time, " + end, "initial while (1) clk = 0;", isCancelled);
+            row("talks, " + end, "always #1 $display(\"tick\");", isCancelled);
         }
     }
     void endless()
     {
-        QFETCH(QByteArray, process);
-        QFETCH(bool, isCancelled);
-        m_folder.write("tb.v", "module tb; reg clk = 0; top dut(.clk(clk)); " + process + " endmodule");
+        auto [process, isCancelled] = cells<QString, bool>("process", "isCancelled");
+        m_folder.write("tb.v",
+                       "module tb; reg clk = 0; top dut(.clk(clk)); " + process.toUtf8() + " endmodule");
         QVERIFY(QDir(m_folder.path()).mkpath("tmp"));
         qputenv("TMPDIR", m_folder.path("tmp").toUtf8());
         RTLJEX::Configuration configuration(JEX::LiteMode);
-        captureOne(configuration, "top/rst");
+        addLite(configuration, "top/clk", {signalNamed("top/rst")});
         Insertion::SimulationOptions options;
         options.bench << m_folder.path("tb.v");
         auto job = std::make_unique<Insertion::SimulationJob>(m_input, configuration, *m_netlist, options);
@@ -391,32 +352,6 @@ private Q_SLOTS:
     }
 
 private:
-    static JEX::SignalItem net(const QString &name)
-    {
-        JEX::SignalItem item;
-        item.name = name;
-        item.type = JEX::NetKind;
-        return item;
-    }
-
-    static void captureOne(RTLJEX::Configuration &configuration, const QString &name)
-    {
-        JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-        core->sampleClock = "top/clk";
-        core->captureSignals = core->enabledCaptureSignals = {net(name)};
-        configuration.coresOf<JEX::AOCore_Lite>() << core;
-    }
-
-    // Bits from the first to the last, in either direction.
-    static JEX::SignalItem bus(const QString &name, int first, int last)
-    {
-        JEX::SignalItem item = net(QString("%1[%2:%3]").arg(name).arg(first).arg(last));
-        item.type = JEX::BusKind;
-        for (int bit = first; bit != last + (first < last ? 1 : -1); bit += first < last ? 1 : -1)
-            item.members << net(QString("%1[%2]").arg(name).arg(bit));
-        return item;
-    }
-
     static bool matches(const QByteArray &sample, const QString &value)
     {
         for (int i = 0; i < value.size(); ++i) {
@@ -433,14 +368,11 @@ private:
         options.byNetlist = byNetlist;
         options.records = true;
         auto job = std::make_unique<Insertion::SimulationJob>(m_input, configuration, *m_netlist, options);
-        QSignalSpy end(job.get(), SIGNAL(finished()));
-        job->start();
-        if (!end.wait(120000))
-            qFatal("the simulation does not end");
+        finish(*job);
         return job;
     }
 
-    Folder m_folder;
+    Sources m_folder;
     DesignInput m_input;
     std::unique_ptr<RtlNetlist> m_netlist;
 };

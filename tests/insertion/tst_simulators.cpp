@@ -1,17 +1,8 @@
 // Both simulators capture the same, where a core does not fill all of its windows, too; what is unknown may
 // be anything for Verilator. It compiles long, so the example has its turn in ./dev wave alone.
 
-#include "elaboration/elaboration.h"
-#include "host/designmanager.h"
-#include "host/project.h"
-#include "insertion/simulationjob.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/support/files.h"
-
-#include <QSignalSpy>
-#include <QtTest>
-
-#include <memory>
+#include "tests/insertion/captures.h"
+#include "tests/support/tablerow.h"
 
 using namespace QUARRY;
 using Insertion::Simulator;
@@ -39,23 +30,6 @@ module tb;
 endmodule
 )";
 
-JEX::SignalItem net(const QString &name)
-{
-    JEX::SignalItem item;
-    item.name = name;
-    item.type = JEX::NetKind;
-    return item;
-}
-
-JEX::SignalItem bus(const QString &name, int width)
-{
-    JEX::SignalItem item = net(QString("%1[%2:0]").arg(name).arg(width - 1));
-    item.type = JEX::BusKind;
-    for (int bit = width - 1; bit >= 0; --bit)
-        item.members << net(QString("%1[%2]").arg(name).arg(bit));
-    return item;
-}
-
 } // namespace
 
 class SimulatorsTest : public QObject
@@ -66,20 +40,15 @@ private Q_SLOTS:
     void initTestCase()
     {
         // Compiled without optimisation: that takes longer than what is compiled then runs.
-        m_compiler = m_folder.write("compiler", "#!/bin/sh\nexec g++ \"$@\" -O0\n");
-        QVERIFY(QFile::setPermissions(m_compiler, QFile::ReadOwner | QFile::ExeOwner));
+        m_compiler = m_folder.script("compiler", "exec g++ \"$@\" -O0");
     }
 
     void init()
     {
         qputenv("JEX_CXX", QFile::encodeName(m_compiler));
         m_netlist.reset();
-        m_input = DesignInput();
-        m_input.workingDir = m_folder.path();
-        DesignSource source;
-        source.path = m_folder.write("design.v", design);
-        source.type = 2;
-        m_input.files << source;
+        m_folder.write("design.v", design);
+        m_input = m_folder.input({"design.v"});
         m_bench = m_folder.write("tb.v", bench);
     }
 
@@ -88,22 +57,13 @@ private Q_SLOTS:
     {
         RTLJEX::Configuration configuration(JEX::StandardMode);
         for (int number : {0, 1}) {
-            JEX::AoCore *core = new JEX::AoCore(number);
-            core->sampleClock = number ? "top/clk2" : "top/clk";
-            core->sampleEdge = number;
-            core->storageSize = 128;
-            core->captureAmount = 32;
-            core->windowNumber = 4;
-            core->triggerPosition = 7;
-            core->captureImplementation = number ? JEX::RegImplementation : JEX::BsramImplementation;
-            core->captureSignals =
-                core->enabledCaptureSignals = {bus("top/slow", 3), net("top/rst"), net("top/late")};
-            core->triggerPorts[0]->signalItems = {bus("top/count", 8)};
-            core->matchUnits[0]->enabled = true;
-            core->matchUnits[0]->triggerPort = core->triggerPorts[0];
-            core->matchUnits[0]->value = number ? "XXXX01XX" : "00010110";
-            core->expressions << "M0";
-            configuration.coresOf<JEX::AoCore>() << core;
+            JEX::AoCore &core =
+                addStandard(configuration, number ? "top/clk2" : "top/clk",
+                            {signalNamed("top/slow[2:0]"), signalNamed("top/rst"), signalNamed("top/late")},
+                            32, 4, signalNamed("top/count[7:0]"), number ? "XXXX01XX" : "00010110");
+            core.sampleEdge = number;
+            core.triggerPosition = 7;
+            core.captureImplementation = number ? JEX::RegImplementation : JEX::BsramImplementation;
         }
         const auto icarus = simulate(configuration, Simulator::Icarus, Insertion::SimulationJob::Done);
         for (bool byNetlist : {false, true}) {
@@ -123,14 +83,10 @@ private Q_SLOTS:
     {
         if (qEnvironmentVariable("JEX_WAVE") != "full")
             QSKIP("./dev wave does it.");
-        Core::Project project;
         RTLJEX::Configuration configuration;
         QString error;
-        QVERIFY2(project.load(EXAMPLES "/soc/soc.jexprj", &error), qPrintable(error));
         QVERIFY2(configuration.read(EXAMPLES "/soc/trigger.zub", &error), qPrintable(error));
-        Core::ProjectManager::setCurrentProject(&project);
-        m_input = designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-        Core::ProjectManager::setCurrentProject(nullptr);
+        m_input = projectInput(EXAMPLES "/soc/soc.jexprj");
         m_bench = EXAMPLES "/soc/tb/soc_tb.v";
         const auto icarus = simulate(configuration, Simulator::Icarus, Insertion::SimulationJob::Done);
         const auto verilator = simulate(configuration, Simulator::Verilator, Insertion::SimulationJob::Done);
@@ -141,30 +97,21 @@ private Q_SLOTS:
 
     void refusals_data()
     {
-        QTest::addColumn<QByteArray>("compiler");
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("no compiler")
-            << QByteArray("/no/g++") << QByteArray(bench)
-            << "ERROR: A simulation by Verilator needs a C++ compiler, and /no/g++ is "
-               "not there. Install g++ and make, or let the variable JEX_CXX name a "
-               "compiler.";
-        QTest::newRow("what it does not know")
-            << QByteArray() << QByteArray(bench).replace("#33", "#33 $nobody_knows;")
-            << "ERROR: Verilator does not take the test bench.";
+        textColumns("compiler", "text", "message");
+        row("no compiler", "/no/g++", bench,
+            "ERROR: A simulation by Verilator needs a C++ compiler, and /no/g++ is not there. Install g++ "
+            "and make, "
+            "or let the variable JEX_CXX name a compiler.");
+        row("what it does not know", "", QByteArray(bench).replace("#33", "#33 $nobody_knows;"),
+            "ERROR: Verilator does not take the test bench.");
     }
     void refusals()
     {
-        QFETCH(QByteArray, compiler);
-        QFETCH(QByteArray, text);
-        QFETCH(QString, message);
-        m_bench = m_folder.write("tb.v", text);
+        auto [compiler, text, message] = textCells("compiler", "text", "message");
+        m_bench = m_folder.write("tb.v", text.toUtf8());
         RTLJEX::Configuration configuration(JEX::LiteMode);
-        JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-        core->sampleClock = "top/clk";
-        core->captureSignals = core->enabledCaptureSignals = {net("top/rst")};
-        configuration.coresOf<JEX::AOCore_Lite>() << core;
-        qputenv("JEX_CXX", compiler);
+        addLite(configuration, "top/clk", {signalNamed("top/rst")});
+        qputenv("JEX_CXX", compiler.toUtf8());
         const auto job = simulate(configuration, Simulator::Verilator, Insertion::SimulationJob::Failed);
         QCOMPARE(job->messages().value(0), message);
     }
@@ -198,25 +145,21 @@ private:
                                                        Insertion::SimulationJob::Outcome outcome,
                                                        bool byNetlist = false)
     {
-        QStringList messages;
         if (!m_netlist)
-            m_netlist.reset(buildNetlist(m_input, messages));
+            m_netlist = netlistOf(m_input);
         Insertion::SimulationOptions options;
         options.bench << m_bench;
         options.simulator = simulator;
         options.byNetlist = byNetlist;
         options.records = true;
         auto job = std::make_unique<Insertion::SimulationJob>(m_input, configuration, *m_netlist, options);
-        QSignalSpy end(job.get(), SIGNAL(finished()));
-        job->start();
-        if (!end.wait(240000))
-            qFatal("the simulation does not end");
+        finish(*job);
         if (job->outcome() != outcome)
             qWarning("%s", qPrintable(job->messages().join('\n')));
         return job;
     }
 
-    Folder m_folder;
+    Sources m_folder;
     DesignInput m_input;
     QString m_bench, m_compiler;
     int m_known = 0, m_bits = 0; // that were compared last

@@ -1,13 +1,7 @@
 // Members of records and elements of arrays in VHDL: each is captured beside an output that is assigned from
 // it, and both have to be the same at all times.
 
-#include "elaboration/elaboration.h"
-#include "insertion/simulationjob.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/elaboration/sources.h"
-
-#include <QSignalSpy>
-#include <QtTest>
+#include "tests/insertion/captures.h"
 
 using namespace QUARRY;
 
@@ -79,25 +73,6 @@ module tb;
 endmodule
 )";
 
-// "top/o_first[3:0]"; a single net without a range.
-JEX::SignalItem row(const QString &name)
-{
-    JEX::SignalItem item;
-    item.name = name;
-    item.type = JEX::NetKind;
-    const int colon = name.lastIndexOf(':'), open = name.lastIndexOf('[');
-    if (colon < 0)
-        return item;
-    item.type = JEX::BusKind;
-    const int left = name.mid(open + 1, colon - open - 1).toInt(),
-              right = name.mid(colon + 1).chopped(1).toInt();
-    for (int bit = left; bit != right + (left < right ? 1 : -1); bit += left < right ? 1 : -1)
-        item.members << row(name.left(open) + '[' + QString::number(bit) + ']');
-    for (JEX::SignalItem &member : item.members)
-        member.type = JEX::BusKind;
-    return item;
-}
-
 } // namespace
 
 class VhdlElementsTest : public QObject
@@ -123,29 +98,23 @@ private Q_SLOTS:
         Sources folder;
         folder.write("design.vhd", design);
         const DesignInput input = folder.input({"design.vhd"});
-        QStringList messages;
-        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(input, messages));
-        QVERIFY2(netlist, qPrintable(messages.join('\n')));
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        JEX::AOCore_Lite *core = new JEX::AOCore_Lite;
-        core->sampleClock = "top/clk";
-        core->captureAmount = 256;
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
+        QVERIFY(netlist);
+        QList<JEX::SignalItem> rows;
         for (const auto &pair : pairs)
-            core->captureSignals << row("top/" + pair.first) << row("top/" + pair.second);
-        core->enabledCaptureSignals = core->captureSignals;
-        configuration.coresOf<JEX::AOCore_Lite>() << core;
+            rows << signalNamed("top/" + pair.first) << signalNamed("top/" + pair.second);
+        RTLJEX::Configuration configuration(JEX::LiteMode);
+        addLite(configuration, "top/clk", rows, 256);
         Insertion::SimulationOptions options;
         options.bench << folder.write("tb.v", bench);
         Insertion::SimulationJob job(input, configuration, *netlist, options);
-        QSignalSpy end(&job, SIGNAL(finished()));
-        job.start();
-        QVERIFY(end.wait(60000));
+        finish(job);
         QVERIFY2(job.outcome() == Insertion::SimulationJob::Done, qPrintable(job.messages().join('\n')));
         const QList<QByteArray> samples = job.captured().first().windows.first().samples;
         QSet<QByteArray> histories;
         int high = 0;
         for (const auto &pair : pairs) {
-            const int width = row(pair.first).width();
+            const int width = signalNamed(pair.first).width();
             QByteArray element, output;
             for (const QByteArray &sample : samples) {
                 element += sample.mid(sample.size() - high - width, width);

@@ -1,10 +1,10 @@
-#include <QSet>
 #include <QtTest>
 
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jextool.h"
 #include "model/jex/storageneed.h"
+#include "tests/support/tablerow.h"
 
 using namespace JEX_TOOL;
 
@@ -86,30 +86,27 @@ private Q_SLOTS:
 
     void requirements_data()
     {
-        QTest::addColumn<int>("signalCount");
-        QTest::addColumn<int>("depth");
-        QTest::addColumn<QString>("needs");
-        QTest::newRow("nothing") << 0 << 1024 << " 0 0 0 0 0 0";
-        QTest::newRow("no depth") << 8 << 0 << " 0 0 0 0 0 0";
-        QTest::newRow("one bit") << 1 << 2 << " 1 1 1 1 2 4";
-        QTest::newRow("18 bits fit one block") << 18 << 1024 << " 1 2 320 320 18432 19456";
-        QTest::newRow("36 bits of 512") << 36 << 512 << " 1 2 288 320 18432 18944";
-        QTest::newRow("deep and narrow") << 1 << 65536 << " 4 8 4096 4096 65536 131072";
-        QTest::newRow("parity bits") << 9 << 2048 << " 1 2 384 384 18432 20480";
-        QTest::newRow("no parity at this depth") << 9 << 4096 << " 2 3 768 768 36864 40960";
-        QTest::newRow("iCE40/iCE40HX8K") << 18 << 1024 << " 5 5 320 320 18432 19456"; // 4 Kbit, no parity
-        QTest::newRow("MachXO2/LCMXO2-7000") << 18 << 1024 << " 2 3 320 320 18432 19456";
-        QTest::newRow("Artix-7/XC7A35T") << 6 << 64 << " 1 1 2 3 384 448"; // shadow memories are slices
-        QTest::newRow("Cyclone V E/5CEA4") << 20 << 512 << " 1 2 16 32 10240 10752";
-        QTest::newRow("unknown/device") << 18 << 1024 << " 1 2 320 320 18432 19456";
-        QTest::newRow("beyond an int") << INT_MAX << 65536 << QString(" 2147483647").repeated(6);
+        columns<int, int, QString>("signalCount", "depth", "needs");
+        row("nothing", 0, 1024, " 0 0 0 0 0 0");
+        row("no depth", 8, 0, " 0 0 0 0 0 0");
+        row("one bit", 1, 2, " 1 1 1 1 2 4");
+        row("18 bits fit one block", 18, 1024, " 1 2 320 320 18432 19456");
+        row("36 bits of 512", 36, 512, " 1 2 288 320 18432 18944");
+        row("deep and narrow", 1, 65536, " 4 8 4096 4096 65536 131072");
+        row("parity bits", 9, 2048, " 1 2 384 384 18432 20480");
+        row("no parity at this depth", 9, 4096, " 2 3 768 768 36864 40960");
+        row("iCE40/iCE40HX8K", 18, 1024, " 5 5 320 320 18432 19456"); // 4 Kbit, no parity
+        row("MachXO2/LCMXO2-7000", 18, 1024, " 2 3 320 320 18432 19456");
+        row("Artix-7/XC7A35T", 6, 64, " 1 1 2 3 384 448"); // shadow memories are slices
+        row("Cyclone V E/5CEA4", 20, 512, " 1 2 16 32 10240 10752");
+        row("unknown/device", 18, 1024, " 1 2 320 320 18432 19456");
+        row("beyond an int", INT_MAX, 65536, QString(" 2147483647").repeated(6));
     }
 
     // The name of a row with a slash is the project's device.
     void requirements()
     {
-        QFETCH(int, signalCount);
-        QFETCH(int, depth);
+        auto [signalCount, depth] = cells<int, int>("signalCount", "depth");
         const QString device = QTest::currentDataTag();
         const DeviceFamily &family = familyOf(findDevice(device.section('/', 0, 0), device.section('/', 1)));
         QString plain;

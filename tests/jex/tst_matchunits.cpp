@@ -1,9 +1,3 @@
-#include <QAbstractItemModelTester>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTreeWidget>
 #include <QtTest>
 
 #include "model/jex/matchunitdialog.h"

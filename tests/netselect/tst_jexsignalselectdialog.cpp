@@ -1,9 +1,5 @@
 #include <QtTest>
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <functional>
 
 #include "model/netlist/rtlnetlist.h"
@@ -18,6 +14,7 @@
 #include "tests/support/netpicker.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 
@@ -42,6 +39,7 @@ top
 const char advanced[] = "checkBoxAdvancedFilter";
 const char below[] = "checkBoxIncludeSubentries";
 const char modules[] = "checkBoxHierarchyView";
+const char byModules[] = "checkBoxAdvancedFilter checkBoxIncludeSubentries checkBoxHierarchyView";
 
 void click(QDialog *dialog, const QStringList &names)
 {
@@ -87,6 +85,17 @@ QString texts(const QTreeWidgetItem *parent)
         rows += parent->child(i)->text(0) + (children.isEmpty() ? "" : '(' + children + ')');
     }
     return rows.join(' ');
+}
+
+// "u0[uart] 1003 icon(...)": text, type and what is below
+QString drawn(const QTreeWidgetItem *row)
+{
+    QStringList children;
+    for (int i = 0; i < row->childCount(); ++i)
+        children += drawn(row->child(i));
+    QString text = row->text(0) + ' ' + QString::number(row->type());
+    text += row->icon(0).isNull() ? "" : " icon";
+    return text + (children.isEmpty() ? QString() : '(' + children.join(", ") + ')');
 }
 
 } // namespace
@@ -138,32 +147,27 @@ private Q_SLOTS:
 
     void searches_data()
     {
-        QTest::addColumn<QStringList>("clicks");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("rows");
-        const auto row = [](const char *name, const QStringList &clicks, const QString &pattern,
-                            const QString &rows) { QTest::newRow(name) << clicks << pattern << rows; };
-        row("any case", {}, "FULL", "top/u1/u2/Full");
-        row("case", {"checkBoxCaseSensitive"}, "FULL", "");
-        row("wildcard", {"radioButtonWildcard"}, "*f?ll", "top/u1/u2/Full");
-        row("expression", {"radioButtonRegularExpression"}, ".*/(ready|clk)", "top/clk top/u0/ready");
-        row("broken expression", {"radioButtonRegularExpression"}, "(", "");
-        row("advanced: top alone", {advanced}, "ar", "top/part[1:0](top/part[1] top/part[0])");
-        row("advanced: below it, too", {advanced, below}, "rea", "top/u0/ready");
-        row("a hidden panel says nothing", {advanced, modules, advanced}, "ready", "top/u0/ready");
-        row("modules", {advanced, below, modules}, "ll", "top(gap:u1(fifo:u2(Full)))");
-        row("modules: buses first", {advanced, below, modules}, "u0",
-            "top(uart:u0(data[0:1](data[0] data[1]) ready))");
-        row("modules: nothing found", {advanced, below, modules}, "xyz", "top");
+        textColumns("clicks", "pattern", "rows");
+        row("any case", "", "FULL", "top/u1/u2/Full");
+        row("case", "checkBoxCaseSensitive", "FULL", "");
+        row("wildcard", "radioButtonWildcard", "*f?ll", "top/u1/u2/Full");
+        row("expression", "radioButtonRegularExpression", ".*/(ready|clk)", "top/clk top/u0/ready");
+        row("broken expression", "radioButtonRegularExpression", "(", "");
+        row("advanced: top alone", advanced, "ar", "top/part[1:0](top/part[1] top/part[0])");
+        row("advanced: below it, too", QString(advanced) + ' ' + below, "rea", "top/u0/ready");
+        row("a hidden panel says nothing", QStringList{advanced, modules, advanced}.join(' '), "ready",
+            "top/u0/ready");
+        row("modules", byModules, "ll", "top(gap:u1(fifo:u2(Full)))");
+        row("modules: buses first", byModules, "u0", "top(uart:u0(data[0:1](data[0] data[1]) ready))");
+        row("modules: nothing found", byModules, "xyz", "top");
     }
-
     void searches()
     {
-        QFETCH(QStringList, clicks);
+        QFETCH(QString, clicks);
         QFETCH(QString, pattern);
         QString shown;
         run([&](QDialog *dialog) {
-            click(dialog, clicks);
+            click(dialog, clicks.split(' ', Qt::SkipEmptyParts));
             search(dialog, "nothing left of this");
             if (clicks.endsWith(modules))
                 QTest::ignoreMessage(QtDebugMsg, "checked Hierarchy View");
@@ -176,31 +180,6 @@ private Q_SLOTS:
     }
 
     // They make their record and look when asked, and must not differ from those that hold them.
-    void all_data()
-    {
-        QTest::addColumn<QStringList>("clicks");
-        QTest::newRow("flat") << QStringList();
-        QTest::newRow("modules") << QStringList{advanced, below, modules};
-    }
-
-    // Nothing that cannot be used comes along, and no module.
-    void all()
-    {
-        QFETCH(QStringList, clicks);
-        const QString picked = toText(run([&](QDialog *dialog) {
-            click(dialog, clicks);
-            QTreeWidget *tree = search(dialog, "");
-            tree->expandAll();
-            tree->selectAll();
-            for (const QTreeWidgetItem *row : tree->selectedItems())
-                QVERIFY2(!row->text(0).contains(':') || row->text(0).contains('['), qPrintable(row->text(0)));
-            leave(dialog);
-        }));
-        QVERIFY(!picked.contains("~s:") && !picked.contains("~b:top/held") &&
-                picked.contains("s:top/u0/ready"));
-        QVERIFY2(!picked.contains(" ~") && !picked.startsWith("~"), qPrintable(picked));
-    }
-
     void rowsAreThoseOfTheRecords()
     {
         const QUARRY::Hierachy *top = m_netlist->topHierarchy;
@@ -253,38 +232,30 @@ private Q_SLOTS:
 
     void picksAreReturned_data()
     {
-        QTest::addColumn<QStringList>("clicks");
-        QTest::addColumn<QStringList>("chosen");
-        QTest::addColumn<QString>("records");
-        QTest::addColumn<QString>("oneName");
-        const auto row = [](const char *name, const QStringList &clicks, const QString &chosen,
-                            const QString &records, const QString &oneName) {
-            QTest::newRow(name) << clicks << chosen.split(' ', Qt::SkipEmptyParts) << records << oneName;
-        };
+        textColumns("clicks", "chosen", "records", "oneName");
         const QString count = "b:top/count[1:0]{top/count[1],top/count[0]}";
-        row("none", {}, "", "", "");
-        row("in the order of the tree", {}, "top/clk top/count[1:0]", count + " s:top/clk", "top/count[1]");
-        row("a net", {}, "top/clk", "s:top/clk", "top/clk");
-        row("a bus and its bit", {}, "top/count[0] top/count[1:0]", count + " b:top/count[0]",
+        row("none", "", "", "", "");
+        row("in the order of the tree", "", "top/clk top/count[1:0]", count + " s:top/clk", "top/count[1]");
+        row("a net", "", "top/clk", "s:top/clk", "top/clk");
+        row("a bus and its bit", "", "top/count[0] top/count[1:0]", count + " b:top/count[0]",
             "top/count[1]");
-        row("bits of several", {}, "top/u0/data[1] top/part[0] top/count[1]",
+        row("bits of several", "", "top/u0/data[1] top/part[0] top/count[1]",
             "b:top/count[1] b:top/part[0] b:top/u0/data[1]", "top/count[1]");
-        row("a bus's first valid bit", {}, "top/part[1:0]", "b:top/part[1:0]{~top/part[1],top/part[0]}",
+        row("a bus's first valid bit", "", "top/part[1:0]", "b:top/part[1:0]{~top/part[1],top/part[0]}",
             "top/part[0]");
-        row("no valid bit", {}, "top/dead[1:0]", "b:top/dead[1:0]{~top/dead[1],~top/dead[0]}", "");
-        row("what is not valid", {}, "top/tied top/held[1:0] top/held[0] top/part[1]", "", "");
-        row("modules cannot be picked", {advanced, below, modules}, "uart:u0 data[0] ready",
-            "b:top/u0/data[0] s:top/u0/ready", "top/u0/data[0]");
+        row("no valid bit", "", "top/dead[1:0]", "b:top/dead[1:0]{~top/dead[1],~top/dead[0]}", "");
+        row("what is not valid", "", "top/tied top/held[1:0] top/held[0] top/part[1]", "", "");
+        row("modules cannot be picked", byModules, "uart:u0 data[0] ready", "b:top/u0/data[0] s:top/u0/ready",
+            "top/u0/data[0]");
     }
-
     void picksAreReturned()
     {
-        QFETCH(QStringList, clicks);
-        QFETCH(QStringList, chosen);
+        QFETCH(QString, clicks);
+        QFETCH(QString, chosen);
         for (const auto leave : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
             const auto steps = [&](QDialog *dialog) {
-                click(dialog, clicks);
-                pickNets("", chosen, leave)(dialog);
+                click(dialog, clicks.split(' ', Qt::SkipEmptyParts));
+                pickNets("", chosen.split(' ', Qt::SkipEmptyParts), leave)(dialog);
             };
             QString one;
             const QString picked = toText(run(steps));
@@ -295,6 +266,41 @@ private Q_SLOTS:
             } else {
                 QCOMPARE(picked + one, QString());
             }
+        }
+    }
+
+    void rowsOfTheModuleTree()
+    {
+        const QScopedPointer<QUARRY::RtlNetlist> netlist(
+            netlistFromText("top\n  clk\n  u1:uart\n    a[0:1]\n    u3:fifo\n  u0:uart\n"));
+        RtlNetlistTreeView view;
+        QVERIFY(view.isHeaderHidden());
+        view.setNetlistData(netlist.data());
+        QCOMPARE(view.netlistData(), netlist.data());
+        QCOMPARE(view.topLevelItemCount(), 1);
+        const QTreeWidgetItem *top = view.topLevelItem(0);
+        QCOMPARE(drawn(top),
+                 QString("top 1003 icon(u1[uart] 1003 icon(u3[fifo] 1003 icon), u0[uart] 1003 icon)"));
+        QVERIFY(top->isExpanded());
+        QVERIFY(!top->child(0)->isExpanded());
+        const RtlTreeItem *uart = dynamic_cast<const RtlTreeItem *>(top->child(1));
+        QVERIFY(uart);
+        QCOMPARE(uart->netlistObject, netlist->topHierarchy->children.last());
+
+        QUARRY::RtlNet *net = netlist->topHierarchy->nets.first();
+        QUARRY::RtlNetBus *bus = netlist->topHierarchy->children.first()->buses.first();
+        const QScopedPointer<RtlTreeItem> netRow(view.buildNetItem(net));
+        const QScopedPointer<RtlTreeItem> busRow(view.buildNetBusItem(bus));
+        QCOMPARE(drawn(netRow.data()), QString("top/clk 1001"));
+        QCOMPARE(drawn(busRow.data()), QString("top/u1/a[0:1] 1002(top/u1/a[0] 1001, top/u1/a[1] 1001)"));
+        QCOMPARE(netRow->netlistObject, net);
+        QCOMPARE(busRow->netlistObject, bus);
+
+        QUARRY::RtlNetlist empty;
+        for (QUARRY::RtlNetlist *none : {&empty, static_cast<QUARRY::RtlNetlist *>(nullptr)}) {
+            view.setNetlistData(netlist.data());
+            view.setNetlistData(none);
+            QCOMPARE(view.topLevelItemCount(), 0);
         }
     }
 

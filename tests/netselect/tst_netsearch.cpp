@@ -3,7 +3,6 @@
 #include "tests/support/netlisttext.h"
 #include "tests/support/tablerow.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 #include <memory>
@@ -166,8 +165,8 @@ private Q_SLOTS:
 
     void matches_data()
     {
-        QTest::addColumn<int>("syntax"); // -1: substring
-        QTest::addColumn<bool>("caseSensitive");
+        // "syntax": -1: substring
+        columns<int, bool>("syntax", "caseSensitive");
         textColumns("pattern", "expected");
         const int wildcard = QRegExp::WildcardUnix;
         const int regExp = QRegExp::RegExp;
@@ -182,12 +181,10 @@ private Q_SLOTS:
         row("regular", regExp, true, ".*ready", "top/u0/ready top/u3/u4/ready");
         row("invalid", regExp, true, "*(", "");
     }
-
     void matches()
     {
-        QFETCH(int, syntax);
-        QFETCH(bool, caseSensitive);
-        QFETCH(QString, pattern);
+        auto [syntax, caseSensitive, pattern] =
+            cells<int, bool, QString>("syntax", "caseSensitive", "pattern");
         SearchOptions options = search(pattern, m_top);
         setSyntax(options, syntax, caseSensitive);
         QTEST(searched(m_netlist.get(), options), "expected");
@@ -259,21 +256,18 @@ private Q_SLOTS:
     // Any pattern, also a broken one, finds what the match test finds one by one.
     void fastSearchIsExact_data()
     {
-        QTest::addColumn<int>("syntax");
-        QTest::addColumn<QStringList>("pieces");
+        columns<int, QStringList>("syntax", "pieces");
         const QString wildcard = "* * ** ? [ ] [ab] [^a] \\ \\[ \\] \\* \\\\ / *a* $ ( []a] [a";
         const QString regExp =
             ".* .* . .+ * + ? {2} {1,} ( ) (a|b) (a|b)? (?:a) (?=a) | [ab] [^/]* [] [\\]] \\d \\w+ "
             "(a|b)+ (ab|u0)* [^/a] \\W \\b \\1 \\x61 ^ $ \\[ \\. \\\\ \\/ / .*a.*";
-        QTest::newRow("substring") << -1 << namePieces;
-        QTest::newRow("wildcard") << int(QRegExp::WildcardUnix) << wildcard.split(' ') + namePieces;
-        QTest::newRow("regexp") << int(QRegExp::RegExp) << regExp.split(' ') + namePieces;
+        row("substring", -1, namePieces);
+        row("wildcard", int(QRegExp::WildcardUnix), wildcard.split(' ') + namePieces);
+        row("regexp", int(QRegExp::RegExp), regExp.split(' ') + namePieces);
     }
-
     void fastSearchIsExact()
     {
-        QFETCH(int, syntax);
-        QFETCH(QStringList, pieces);
+        auto [syntax, pieces] = cells<int, QStringList>("syntax", "pieces");
         int matched = 0;
         for (quint32 seed = 0; seed < 60; ++seed) {
             Random random(seed);

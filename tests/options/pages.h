@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QComboBox>
-#include <QLabel>
 #include <QtTest>
 #include <memory>
 

@@ -1,7 +1,3 @@
-#include <QCheckBox>
-#include <QRadioButton>
-#include <QSpinBox>
-
 #include "host/eventmanager.h"
 #include "model/jex/jextool.h"
 #include "tests/options/pages.h"
@@ -37,9 +33,14 @@ private Q_SLOTS:
         QTest::newRow("Lite") << false;
     }
 
-    void loadsAndSaves()
+    void init()
     {
         QFETCH_GLOBAL(bool, standard);
+        this->standard = standard;
+    }
+
+    void loadsAndSaves()
+    {
         const Device device(true);
         CapturePage page(standard, "g:group_0[1:0]=both{s:top/clk,^s:top/rst} s:top/u0/ready !s:top/x");
         JEX::AoCore &ao = page.aoCore;
@@ -86,7 +87,6 @@ private Q_SLOTS:
 
     void implementations()
     {
-        QFETCH_GLOBAL(bool, standard);
         const struct
         {
             bool ssram;
@@ -117,7 +117,6 @@ private Q_SLOTS:
 
     void inputRegisterFollowsInitialData()
     {
-        QFETCH_GLOBAL(bool, standard);
         if (standard)
             return; // has no such flag
         const Device device(true);
@@ -137,7 +136,6 @@ private Q_SLOTS:
 
     void edits()
     {
-        QFETCH_GLOBAL(bool, standard);
         CapturePage page(standard, "s:top/u0/ready !s:top/gone !s:top/rst", 65536);
         const QLineEdit *clock = page.open().child<QLineEdit>("editSampleClock");
         page.pick("btnSampleClock", {"top/clk"});
@@ -159,7 +157,6 @@ private Q_SLOTS:
 
     void removesRows()
     {
-        QFETCH_GLOBAL(bool, standard);
         CapturePage page(standard, "s:top/clk " + QString(data8) + nets(50000));
         QTreeWidgetItem *data = page.open().tree()->topLevelItem(1);
         const QPushButton *remove = page.child<QPushButton>("btnRemove");
@@ -190,7 +187,6 @@ private Q_SLOTS:
 
     void deviceChange()
     {
-        QFETCH_GLOBAL(bool, standard);
         Device device(false);
         CapturePage page(standard, "!s:top/rst s:top/clk " + QString(data8), 32);
         Page::choose(page.open().implementation(), "REG");
@@ -216,7 +212,6 @@ private Q_SLOTS:
 
     void dialogOutlivesPage()
     {
-        QFETCH_GLOBAL(bool, standard);
         for (const char *opener : {"btnAdd", "btnSampleClock", "btnAddFromTp"}) {
             CapturePage page(standard);
             page.aoCore.triggerPorts[0]->signalItems = signalsFromText("s:top/clk");
@@ -230,7 +225,6 @@ private Q_SLOTS:
 
     void everyControlReportsAChange()
     {
-        QFETCH_GLOBAL(bool, standard);
         const Device device(true);
         CapturePage page(standard, QString(), 64);
         page.open();
@@ -258,6 +252,9 @@ private Q_SLOTS:
         QMetaObject::invokeMethod(page.tree(), "CapSignalChange"); // only the figures follow
         QCOMPARE(page.modified->size(), 0);
     }
+
+private:
+    bool standard = false; // the editor whose page is tested
 };
 
 QTEST_MAIN(CapturePagesTest)

@@ -1,11 +1,4 @@
-#include <QAbstractItemModelTester>
-#include <QCheckBox>
 #include <QContextMenuEvent>
-#include <QHeaderView>
-#include <QListWidget>
-#include <QMenu>
-#include <QSpinBox>
-#include <QTableView>
 
 #include "options/aooptionwidget.h"
 #include "options/liteaooptionwidget.h"
@@ -161,9 +154,7 @@ private Q_SLOTS:
         };
         core.triggerMode = 1;
         core.triggerImplementation = JEX::RegImplementation;
-        core.expressions << "M1&M2"
-                         << "M11&M2"
-                         << "M3";
+        core.expressions = QStringList{"M1&M2", "M11&M2", "M3"};
         for (int unit : {1, 2, 3, 4, 5, 12})
             core.matchUnits[unit]->enabled = true;
         page.open();
@@ -323,9 +314,7 @@ private Q_SLOTS:
     {
         TriggerPage page;
         page.aoCore.triggerPorts[0]->signalItems = signalsFromText("s:top/clk");
-        page.aoCore.expressions << "M1"
-                                << "M2"
-                                << "M3";
+        page.aoCore.expressions = QStringList{"M1", "M2", "M3"};
         page.open();
         // Two in one batch, the second on a row that the first dialog would make anew.
         QTreeWidgetItem *port = page.ports()->topLevelItem(0);

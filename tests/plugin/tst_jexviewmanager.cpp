@@ -1,8 +1,5 @@
-#include <QAction>
-#include <QCheckBox>
 #include <QDir>
 #include <QPointer>
-#include <QTabWidget>
 #include <QTest>
 
 #include "host/actionmanager.h"

@@ -1,9 +1,4 @@
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
-#include <QTextEdit>
 
 #include "plugin/jexfilewizardfactory.h"
 #include "plugin/jexwizard.h"

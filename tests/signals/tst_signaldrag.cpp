@@ -1,7 +1,5 @@
 #include <QtTest>
 
-#include <QProcess>
-#include <QSignalSpy>
 #include <QVBoxLayout>
 
 #include "signals/signalrows.h"
@@ -65,14 +63,10 @@ private Q_SLOTS:
         row("below", "b a", "", 0.0, enabled, "c a b");
         row("a disabled row", "e", "a", 0.2, rows, "a b c d e");
     }
-
     void dragging()
     {
-        QFETCH(QString, chosen);
-        QFETCH(QString, over);
-        QFETCH(double, share);
-        QFETCH(QString, rows);
-        QFETCH(QString, result);
+        auto [chosen, over, share, rows, result] =
+            cells<QString, QString, double, QString, QString>("chosen", "over", "share", "rows", "result");
         QWidget window;
         QVBoxLayout layout(&window);
         signalTreeWidget tree;

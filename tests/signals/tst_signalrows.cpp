@@ -1,8 +1,5 @@
 #include <QtTest>
 
-#include <QSignalSpy>
-#include <QTreeWidget>
-
 #include "signals/addedrows.h"
 #include "signals/checkrepeat.h"
 #include "signals/rowedit.h"
@@ -131,22 +128,6 @@ private Q_SLOTS:
         QCOMPARE(toText(added), QString("g:group_0[1:0]{s:x,s:y} b:a[1:0]{a[1],a[0]} s:new"));
         QCOMPARE(toText(withoutRepeats(nullptr, added)),
                  toText(added.mid(1, 1) + added.mid(0, 1) + added.mid(2)));
-    }
-
-    void oneRowOfTheCheck()
-    {
-        QTreeWidget tree;
-        insertSignalRows(&tree, signalsFromText("b:a[0] !b:b[0] g:group_0[1:0]{a[0],c[0]}"), 0, 0);
-        QList<SignalItem> buses = signalsFromText("b:a[1:0]{a[1],a[0]} b:b[0]");
-        QList<SignalItem> others;
-        int index = 0;
-        CheckRepeatBus(&tree, index, buses);
-        QCOMPARE(index, -1);
-        CheckRepeatBus(&tree, index = 0, buses);
-        QCOMPARE(index, 0);
-        CheckRepeatGroupBus(&tree, index = 1, others, buses);
-        QCOMPARE(index, 0);
-        QCOMPARE(records(tree) + " | " + toText(buses), QString("b:b[0] | b:c[0] b:a[1:0]{a[1],a[0]}"));
     }
 
     // What a page does at once is what the functions for one row do one after the other.

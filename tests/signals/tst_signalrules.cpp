@@ -5,7 +5,6 @@
 #include "model/netlist/rtlnetlist.h"
 #include "signals/groupnames.h"
 #include "signals/repeatrules.h"
-#include "signals/roworder.h"
 #include "signals/signallistindex.h"
 #include "signals/signalrules.h"
 #include "tests/support/netlisttext.h"
@@ -63,11 +62,9 @@ private Q_SLOTS:
         row("equal entries stay", "", "b:a0 b:a0 b:A{x} b:A{x} b:x{y}", "b:a0 b:a0 b:A{x} b:A{x} b:x{y} | ");
         row("what was dropped does not come back", "b:a0 b:a0", "b:A{a0} b:a0 b:b0", "b:A{a0} b:b0 | ");
     }
-
     void grouping()
     {
-        QFETCH(QString, already);
-        QFETCH(QString, chosen);
+        auto [already, chosen] = textCells("already", "chosen");
         QList<SignalItem> buses = signalsFromText(already);
         QList<SignalItem> others;
         Grouped(signalsFromText(chosen), buses, others);
@@ -108,7 +105,6 @@ private Q_SLOTS:
         row("group: the rest in front is met", "g:G{a0,s:c=x} g:H{a0,s:c=y} b:c | b:A{a0} | ",
             "b:c | s:c=x b:A{a0} | ");
     }
-
     void repeats()
     {
         QFETCH(QString, before);
@@ -121,16 +117,6 @@ private Q_SLOTS:
                 kept.append(item);
         }
         QTEST(joined(kept, buses.records(), others.records()), "after");
-    }
-
-    void onlyTheFirstRepeatLeaves()
-    {
-        QList<SignalItem> list = signalsFromText("s:x s:y !s:x");
-        SignalItem item = signalFromText("!s:x");
-        CheckRepeatSignal(item, list);
-        QCOMPARE(toText(item) + " | " + toText(list), QString("s:x | s:y !s:x"));
-        CheckRepeatSignal(item = signalFromText("!s:z"), list);
-        QCOMPARE(toText(item) + " | " + toText(list), QString("!s:z | s:y !s:x"));
     }
 
     void classification_data()
@@ -146,7 +132,6 @@ private Q_SLOTS:
         row("group", "b:group_0[1:0]{top/clk,s:top/count[0]}", "g:group_0[1:0]{s:top/clk,top/count[0]}");
         row("flags stay", "!~^top/clk=c", "!~^s:top/clk=c");
     }
-
     void classification()
     {
         QFETCH(QString, stored);
@@ -236,21 +221,6 @@ private Q_SLOTS:
         QCOMPARE(groupNameWithRange("group_2", 6), QString("group_2[5:0]"));
         QCOMPARE(groupNameForWidth("group_3[7:0]", 5), QString("group_3[4:0]"));
         QCOMPARE(groupNameForWidth("odd", 5), QString("odd"));
-    }
-
-    void rowOrders()
-    {
-        typedef QList<int> Rows;
-        QCOMPARE(enabledFirstOrder({false, true, false, true}), Rows({1, 3, 0, 2}));
-        QCOMPARE(orderAfterEnabling({true, false, false, false}, {3, 1}), Rows({0, 3, 1, 2}));
-        QCOMPARE(orderAfterEnabling({false, false}, {1, 0}), Rows({1, 0}));
-        QCOMPARE(orderAfterEnabling({false, true, false, true}, {2}), Rows({2, 0, 1, 3}));
-        QCOMPARE(orderAfterMove(5, {2, 4}, 1), Rows({0, 2, 4, 1, 3}));
-        QCOMPARE(orderAfterMove(5, {0, 1}, 4), Rows({2, 3, 0, 1, 4}));
-        QCOMPARE(orderAfterMove(5, {0}, 5), Rows({1, 2, 3, 4, 0}));
-        QCOMPARE(orderAfterMove(5, {1, 3}, 1), Rows({0, 1, 3, 2, 4}));
-        QCOMPARE(dropRow(3, 109, 100, 20), 3);
-        QCOMPARE(dropRow(3, 110, 100, 20), 4);
     }
 };
 

@@ -1,9 +1,5 @@
 #include <QtTest>
 
-#include <QLineEdit>
-#include <QMenu>
-#include <QSignalSpy>
-
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/rowtext.h"
@@ -89,7 +85,6 @@ private Q_SLOTS:
         row("member of a disabled bus", "b[0]", "-, -, Rename, Restore Original Name, -, Enable, -");
         row("member and row", "a[0] clk", "-, -, -, Restore Original Name, -, -, Disable");
     }
-
     void menuActions()
     {
         QFETCH(QString, chosen);
@@ -166,12 +161,9 @@ private Q_SLOTS:
             "s:a s:d b:c{x} !s:b");
         row("rows and members", "s:a=A b:b=B{x=X,y=Y}", "A B Y", "onRestoreOrgName", "s:a b:b{x=X,y}");
     }
-
     void edits()
     {
-        QFETCH(QString, rows);
-        QFETCH(QString, chosen);
-        QFETCH(QString, slot);
+        auto [rows, chosen, slot] = textCells("rows", "chosen", "slot");
         Fixture f(rows);
         f.select(chosen);
         QVERIFY(QMetaObject::invokeMethod(&f.tree, slot.toLatin1()));
@@ -222,8 +214,7 @@ private Q_SLOTS:
     void renaming_data()
     {
         textColumns("name", "typed");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("records");
+        columns<int, QString>("key", "records");
         const QString unchanged = "s:clk b:a[1:0]=bus{a[1],a[0]=low}";
         row("alias", "clk", "C k", int(Qt::Key_Return), "s:clk=C k b:a[1:0]=bus{a[1],a[0]=low}");
         row("keypad", "clk", "C", int(Qt::Key_Enter), "s:clk=C b:a[1:0]=bus{a[1],a[0]=low}");
@@ -235,12 +226,9 @@ private Q_SLOTS:
         row("unchanged", "bus", "bus", int(Qt::Key_Return), unchanged);
         row("escape", "clk", "C", int(Qt::Key_Escape), unchanged);
     }
-
     void renaming()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, typed);
-        QFETCH(int, key);
+        auto [name, typed, key] = cells<QString, QString, int>("name", "typed", "key");
         Fixture f("s:clk b:a[1:0]=bus{a[1],a[0]=low}");
         const QString before = f.records();
         f.tree.expandAll();
@@ -296,6 +284,91 @@ private Q_SLOTS:
         }
         f.tree.finishEdit();
         QCOMPARE(f.reports(), QString("0 dragged 0 changed"));
+    }
+
+    void rowsAreMoved_data()
+    {
+        textColumns("chosen", "up", "down");
+        row("first", "a", "", "s:b s:a s:c b:d[1:0]{d[1],d[0]} !s:x");
+        row("inner", "b", "s:b s:a s:c b:d[1:0]{d[1],d[0]} !s:x", "s:a s:c s:b b:d[1:0]{d[1],d[0]} !s:x");
+        row("last of those that are captured", "d[1:0]", "s:a s:b b:d[1:0]{d[1],d[0]} s:c !s:x", "");
+        row("block", "b c", "s:b s:c s:a b:d[1:0]{d[1],d[0]} !s:x", "s:a b:d[1:0]{d[1],d[0]} s:b s:c !s:x");
+        row("apart", "a c", "s:a s:c s:b b:d[1:0]{d[1],d[0]} !s:x", "s:b b:d[1:0]{d[1],d[0]} s:a s:c !s:x");
+        row("not captured", "x", "", "");
+        row("member", "d[1]", "", "");
+        row("with one that is not captured", "c x", "s:a s:c s:b b:d[1:0]{d[1],d[0]} !s:x",
+            "s:a s:b b:d[1:0]{d[1],d[0]} s:c !s:x");
+        row("nothing", "", "", "");
+    }
+    void rowsAreMoved()
+    {
+        auto [chosen, up, down] = textCells("chosen", "up", "down");
+        const QString rows = "s:a s:b s:c b:d[1:0]{d[1],d[0]} !s:x";
+        for (const auto &[key, expected] : {std::pair(Qt::Key_Up, up), std::pair(Qt::Key_Down, down)}) {
+            Fixture f(rows);
+            f.select(chosen);
+            const QSet<QString> selected = namesOf(f.tree.selectedItems());
+            QTest::keyClick(&f.tree, key, Qt::AltModifier);
+            QCOMPARE(f.records(), expected.isEmpty() ? rows : expected);
+            QCOMPARE(f.order, QString(expected.isEmpty() ? "" : "d"));
+            QCOMPARE(namesOf(f.tree.selectedItems()), selected);
+            const QString looks = rowText(&f.tree);
+            updateCapEnable(&f.tree);
+            QCOMPARE(rowText(&f.tree), looks);
+        }
+    }
+
+    // A word beside each colour, and none where there is none.
+    void statesInWords_data()
+    {
+        textColumns("record", "words");
+        row("usual", "s:a", "");
+        row("not captured", "!s:a", "Not captured");
+        row("faulty", "^s:a", "Marked as faulty in the file");
+    }
+    void statesInWords()
+    {
+        auto [record, words] = textCells("record", "words");
+        signalTreeWidget tree;
+        insertCaptureRows(&tree, signalsFromText(record), 0);
+        QCOMPARE(tree.topLevelItem(0)->toolTip(0), words);
+        const QString read = tree.topLevelItem(0)->data(0, Qt::AccessibleTextRole).toString();
+        QCOMPARE(read, words.isEmpty() ? QString() : "a, " + words);
+    }
+
+    void missingInWords()
+    {
+        QTreeWidget tree; // as in a trigger port
+        insertSignalRows(&tree, signalsFromText("~s:a b:b[1:0]{~b[1],b[0]}"), 0, 0);
+        QCOMPARE(tree.topLevelItem(0)->toolTip(0), QString("Not in the design"));
+        QCOMPARE(tree.topLevelItem(1)->toolTip(0), QString());
+        QCOMPARE(tree.topLevelItem(1)->child(0)->toolTip(0), QString("Not in the design"));
+    }
+
+    void menuShowsTheKeyOfRenaming()
+    {
+        Fixture f("s:a");
+        f.tree.setCurrentItem(f.tree.topLevelItem(0));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1));
+        QCoreApplication::sendEvent(&f.tree, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QStringList keys;
+        for (const QAction *action : menu->actions()) {
+            if (!action->shortcut().isEmpty())
+                keys << action->text() + ' ' + action->shortcut().toString();
+        }
+        menu->close();
+        QCOMPARE(keys, QStringList("Rename F2"));
+    }
+
+private:
+    static QSet<QString> namesOf(const QList<QTreeWidgetItem *> &rows)
+    {
+        QSet<QString> names;
+        for (const QTreeWidgetItem *row : rows)
+            names << row->text(0);
+        return names;
     }
 };
 

@@ -1,15 +1,8 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QSpinBox>
-#include <QStackedWidget>
-#include <QTreeWidget>
-
 #include <algorithm>
+
+#include "tests/support/widgets.h"
 
 // What an editor shows, as lines of text.
 

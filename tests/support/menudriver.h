@@ -2,8 +2,9 @@
 
 #include <QtTest>
 
-#include <QMenu>
 #include <functional>
+
+#include "tests/support/widgets.h"
 
 // Plays the user of the menu that `opens` brings up, whether it waits for the menu or not: clicks the entry,
 // or leaves. Gives what was offered, disabled entries in brackets; nothing when no menu came up.

@@ -1,7 +1,20 @@
 #pragma once
 
-#include <QListView>
 #include <QtTest>
+
+#include "tests/support/widgets.h"
+#include "workbench/messagemodel.h"
+
+// "E error", "W warning", "N note", what is past in brackets.
+inline QStringList messageLines(const Workbench::MessageModel &model)
+{
+    QStringList lines;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QString line = QString("EWN").at(model.message(row).kind) + ' ' + model.message(row).text;
+        lines << (model.isPast(row) ? '(' + line + ')' : line);
+    }
+    return lines;
+}
 
 // The last row of the message list that has the text; invalid: none is shown.
 inline QModelIndex messageRow(const QWidget *pane, const QString &text)

@@ -1,22 +1,26 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QMessageBox>
 #include <QObject>
-#include <QProgressDialog>
-#include <QPushButton>
 #include <QStringList>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
+#include "tests/support/widgets.h"
+
 // Clicks a button of the box that ends a dialog.
 inline void leave(QDialog *dialog, QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)
 {
     QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(button), Qt::LeftButton);
+}
+
+// Chooses a file.
+inline std::function<void(QDialog *)> choosing(const QString &path)
+{
+    return [path](QDialog *dialog) {
+        qobject_cast<QFileDialog *>(dialog)->selectFile(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+    };
 }
 
 // Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the

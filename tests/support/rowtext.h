@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QTreeWidget>
+#include "tests/support/widgets.h"
 
 namespace rowtext {
 
@@ -42,13 +42,17 @@ inline QString rowText(const QTreeWidget *tree)
     return lines.join('\n');
 }
 
-// Top-level rows only, their texts joined by blanks.
-inline QString rowNames(const QTreeWidget *tree)
+// The rows below another one, or those of the top level, their texts joined by blanks.
+inline QString rowNames(const QTreeWidgetItem *parent)
 {
     QStringList names;
-    for (int i = 0; i < tree->topLevelItemCount(); ++i)
-        names.append(tree->topLevelItem(i)->text(0));
+    for (int i = 0; i < parent->childCount(); ++i)
+        names.append(parent->child(i)->text(0));
     return names.join(' ');
+}
+inline QString rowNames(const QTreeWidget *tree)
+{
+    return rowNames(tree->invisibleRootItem());
 }
 
 // The row with that text, at any level; none when there are several.

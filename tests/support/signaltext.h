@@ -36,6 +36,25 @@ inline JEX::SignalItem signalFromText(QString word, int defaultType = -1)
     return item;
 }
 
+// "top/clk" is a net, "top/a[3:0]" a bus with all its bits, in either direction.
+inline JEX::SignalItem signalNamed(const QString &name)
+{
+    JEX::SignalItem item;
+    item.name = name;
+    item.type = JEX::NetKind;
+    const int open = name.lastIndexOf('['), colon = name.indexOf(':', open);
+    if (open < 0 || colon < 0)
+        return item;
+    item.type = JEX::BusKind;
+    const int left = name.mid(open + 1, colon - open - 1).toInt(),
+              right = name.mid(colon + 1).chopped(1).toInt(), step = left < right ? 1 : -1;
+    for (int bit = left; bit != right + step; bit += step) {
+        item.members << signalNamed(QString("%1[%2]").arg(name.left(open)).arg(bit));
+        item.members.last().type = JEX::BusKind;
+    }
+    return item;
+}
+
 inline QList<JEX::SignalItem> signalsFromText(const QString &text)
 {
     QList<JEX::SignalItem> items;

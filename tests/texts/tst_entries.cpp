@@ -1,12 +1,9 @@
-#include <QDir>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QXmlStreamReader>
 #include <QtTest>
 
 #include <algorithm>
 
 #include "host/translation.h"
+#include "tests/support/tablerow.h"
 
 namespace {
 
@@ -118,20 +115,18 @@ private Q_SLOTS:
 
     void languageIsTheUsers_data()
     {
-        QTest::addColumn<QStringList>("variables");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("none") << QStringList() << "Messages";
-        QTest::newRow("C") << QStringList{"LANG=C"} << "Messages";
-        QTest::newRow("C in UTF-8") << QStringList{"LANG=de_DE.UTF-8", "LC_ALL=C.UTF-8"} << "Messages";
-        QTest::newRow("English") << QStringList{"LANG=en_GB.UTF-8"} << "Messages";
-        QTest::newRow("German") << QStringList{"LANG=de_DE.UTF-8"} << "Meldungen";
-        QTest::newRow("of Austria") << QStringList{"LANG=de_AT.UTF-8"} << "Meldungen";
-        QTest::newRow("messages alone")
-            << QStringList{"LANG=en_US.UTF-8", "LC_MESSAGES=de_CH.UTF-8"} << "Meldungen";
-        QTest::newRow("not there") << QStringList{"LANG=fr_FR.UTF-8"} << "Messages";
-        QTest::newRow("the second") << QStringList{"LANG=fr_FR.UTF-8", "LANGUAGE=fr:de:en"} << "Meldungen";
-        QTest::newRow("English first") << QStringList{"LANG=de_DE.UTF-8", "LANGUAGE=en_US:de"} << "Messages";
-        QTest::newRow("no list for C") << QStringList{"LANG=C", "LANGUAGE=de"} << "Messages";
+        columns<QStringList, QString>("variables", "shown");
+        row("none", QStringList(), "Messages");
+        row("C", QStringList{"LANG=C"}, "Messages");
+        row("C in UTF-8", QStringList{"LANG=de_DE.UTF-8", "LC_ALL=C.UTF-8"}, "Messages");
+        row("English", QStringList{"LANG=en_GB.UTF-8"}, "Messages");
+        row("German", QStringList{"LANG=de_DE.UTF-8"}, "Meldungen");
+        row("of Austria", QStringList{"LANG=de_AT.UTF-8"}, "Meldungen");
+        row("messages alone", QStringList{"LANG=en_US.UTF-8", "LC_MESSAGES=de_CH.UTF-8"}, "Meldungen");
+        row("not there", QStringList{"LANG=fr_FR.UTF-8"}, "Messages");
+        row("the second", QStringList{"LANG=fr_FR.UTF-8", "LANGUAGE=fr:de:en"}, "Meldungen");
+        row("English first", QStringList{"LANG=de_DE.UTF-8", "LANGUAGE=en_US:de"}, "Messages");
+        row("no list for C", QStringList{"LANG=C", "LANGUAGE=de"}, "Messages");
     }
     void languageIsTheUsers()
     {

@@ -1,26 +1,17 @@
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
+#include <QAccessible>
 #include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QRadioButton>
-#include <QRegularExpression>
+#include <QShortcut>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
-#include <QTabBar>
 #include <QtTest>
 
 #include "host/translation.h"
 #include "tests/support/files.h"
+#include "tests/support/widgets.h"
 #include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
+#include "workbench/helptopics.h"
 #include "workbench/translations.h"
 
 namespace {
@@ -155,14 +146,85 @@ QStringList ownTexts(const QWidget *widget)
     return texts;
 }
 
+bool inheritsAny(const QWidget *widget, const QStringList &classes)
+{
+    return std::any_of(classes.begin(), classes.end(),
+                       [widget](const QString &name) { return widget->inherits(name.toLatin1()); });
+}
+
+// What the toolkit makes for itself within a control or around a view, and nobody has to name.
+bool isInner(const QWidget *widget)
+{
+    if (widget->objectName().startsWith("qt_") || widget->inherits("QHeaderView"))
+        return true;
+    if (inheritsAny(widget->parentWidget(), {"QDockWidget", "QTableView"}) &&
+        widget->inherits("QAbstractButton"))
+        return true;
+    for (const QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
+        if (inheritsAny(parent, {"QComboBox", "QAbstractSpinBox", "QLineEdit", "QTabBar"}))
+            return true;
+    }
+    return false;
+}
+
+bool isControl(const QWidget *widget)
+{
+    return inheritsAny(widget, {"QAbstractItemView", "QComboBox", "QAbstractSpinBox", "QLineEdit",
+                                "QAbstractButton", "QTextEdit", "QPlainTextEdit"});
+}
+
+// What the key reaches in the window, in its order, beginning anywhere.
+QList<QWidget *> tabOrder(QWidget *window)
+{
+    QList<QWidget *> order;
+    for (QWidget *next = window->nextInFocusChain(); next != window; next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) && next->isVisible() && next->isEnabled() &&
+            window->isAncestorOf(next) && next->window() == window->window() && !next->focusProxy() &&
+            !isInner(next))
+            order << next;
+    }
+    return order;
+}
+
+// Back in its line, or up without coming to another column.
+bool goesBack(const QRect &from, const QRect &to)
+{
+    const bool isLeft = to.right() <= from.left();
+    const bool isAbove = to.bottom() <= from.top();
+    const bool isRight = to.left() >= from.right();
+    const bool isBelow = to.top() >= from.bottom();
+    return (isLeft && !isBelow) || (isAbove && !isRight);
+}
+
+QString nameOf(QWidget *widget)
+{
+    const QAccessibleInterface *face = QAccessible::queryAccessibleInterface(widget);
+    return face ? face->text(QAccessible::Name) : QString();
+}
+
 } // namespace
 
-// Every window of the program, in other languages.
+// Every window of the program, walked through in the user's language and in others.
 class WindowsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void withKeysAndReaders()
+    {
+        const QStringList faults = walk([this](QWidget *window, const QString &name) {
+            const bool isPart = name.startsWith("editor-") || name.startsWith("banner-") || name == "guide";
+            const bool hasNoPage = !isPart && Workbench::helpTopic(window) == "index";
+            return namelessIn(window, name) +
+                   jumpsIn(window->window(), name) + // parts that are there at times, too
+                   clashesIn(window, name) +
+                   QStringList(hasNoPage ? name + ": no page of the guide" : QString());
+        });
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+        QVERIFY2(m_named > 300 && m_steps > 50 && m_keys > 30,
+                 qPrintable(QString("%1 %2 %3").arg(m_named).arg(m_steps).arg(m_keys)));
+    }
+
     void longTextsAreNotCut()
     {
         PseudoTexts texts;
@@ -181,7 +243,7 @@ private Q_SLOTS:
         const auto editor = QUtil::installTranslation("jexins", ":/jexins/texts");
         const Workbench::Translations workbench;
         const QStringList faults = walk([this](QWidget *window, const QString &name) {
-            return cutIn(window, name) + clashesIn(window, name);
+            return cutIn(window, name) + clashesIn(window, name) + entryClashesIn(window, name);
         });
         QLocale::setDefault(QLocale::c());
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
@@ -197,6 +259,7 @@ private:
         if (!tourWindows(SOC "/soc.jexprj", folder.path(), visit, &error))
             found << error;
         found.removeDuplicates();
+        found.removeAll(QString());
         return found;
     }
 
@@ -234,38 +297,96 @@ private:
         return found;
     }
 
-    // One letter leads to one entry of a menu, and to one place in a window.
-    QStringList clashesIn(const QWidget *window, const QString &name)
+    // Every control has a name, which says more than dots.
+    QStringList namelessIn(const QWidget *window, const QString &name)
     {
         QStringList found;
-        const auto look = [&](const QStringList &texts) {
-            QMultiMap<QString, QString> owners;
-            for (const QString &text : texts)
-                owners.insert(QKeySequence::mnemonic(text).toString(), text);
-            owners.remove(QString());
-            for (const QString &key : owners.uniqueKeys()) {
-                if (owners.count(key) > 1)
-                    found << name + ": " + key + ": " + owners.values(key).join(", ");
-            }
-        };
-        QStringList entries, places;
-        if (const auto *menu = qobject_cast<const QMenu *>(window)) {
-            for (const QAction *action : menu->actions())
-                entries << action->text();
+        for (QWidget *widget : window->findChildren<QWidget *>()) {
+            if (!isControl(widget) || isInner(widget))
+                continue;
+            if (nameOf(widget).contains(QRegularExpression("\\w")))
+                ++m_named;
+            else
+                found << name + ": no name: " + widget->metaObject()->className() + ' ' +
+                             widget->objectName();
         }
-        look(entries);
-        for (const QMenuBar *bar : window->findChildren<QMenuBar *>()) {
-            for (const QAction *action : bar->actions())
-                places << action->text();
-        }
-        for (const QLabel *label : window->findChildren<QLabel *>())
-            places << (label->buddy() ? label->text() : QString());
-        for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
-            places << button->text();
-        look(places);
         return found;
     }
 
+    // Tab goes as the eye does.
+    QStringList jumpsIn(QWidget *window, const QString &name)
+    {
+        const QList<QWidget *> order = tabOrder(window);
+        const auto place = [window](const QWidget *widget) {
+            return QRect(widget->mapTo(window, QPoint()), widget->size());
+        };
+        QStringList back;
+        for (int i = 0; i < order.size(); ++i, ++m_steps) {
+            QWidget *next = order.at((i + 1) % order.size());
+            if (goesBack(place(order.at(i)), place(next)))
+                back << name + ": Tab goes back: " + nameOf(order.at(i)) + " > " + nameOf(next);
+        }
+        return back.size() > 1 ? back : QStringList(); // once round is from the end to the beginning
+    }
+
+    // A key of the window is nobody's else: neither of two would
+    // do anything. Parts may have keys in common; those of actions that belong to one widget are there for
+    // the eye alone.
+    QStringList clashesIn(const QWidget *window, const QString &name)
+    {
+        QMultiMap<QString, QString> owners, parts;
+        const auto add = [](QMultiMap<QString, QString> &keys, const QKeySequence &key,
+                            const QString &owner) {
+            if (!key.isEmpty())
+                keys.insert(key.toString(), owner);
+        };
+        for (const QAction *action : window->findChildren<QAction *>()) {
+            if (action->shortcutContext() != Qt::WidgetShortcut) {
+                for (const QKeySequence &key : action->shortcuts())
+                    add(owners, key, action->text());
+            }
+        }
+        for (const QShortcut *shortcut : window->findChildren<QShortcut *>()) {
+            const bool isOfAll =
+                shortcut->context() == Qt::WindowShortcut || shortcut->context() == Qt::ApplicationShortcut;
+            add(isOfAll ? owners : parts, shortcut->key(), "a shortcut");
+        }
+        for (const QLabel *label : window->findChildren<QLabel *>()) {
+            if (label->buddy())
+                add(owners, QKeySequence::mnemonic(label->text()), label->text());
+        }
+        for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
+            add(owners, button->shortcut(), button->text());
+        for (const QMenuBar *bar : window->findChildren<QMenuBar *>()) {
+            for (const QAction *menu : bar->actions())
+                add(owners, QKeySequence::mnemonic(menu->text()), menu->text());
+        }
+        QStringList found;
+        for (const QString &key : owners.uniqueKeys()) {
+            ++m_keys;
+            const QStringList all = owners.values(key) + parts.values(key);
+            if (all.size() > 1)
+                found << name + ": " + key + ": " + all.join(", ");
+        }
+        return found;
+    }
+
+    // One letter leads to one entry of a menu.
+    QStringList entryClashesIn(const QWidget *window, const QString &name)
+    {
+        QStringList found, letters;
+        if (const auto *menu = qobject_cast<const QMenu *>(window)) {
+            for (const QAction *action : menu->actions()) {
+                const QString letter = QKeySequence::mnemonic(action->text()).toString();
+                if (!letter.isEmpty() && letters.contains(letter))
+                    found << name + ": " + letter + ": " + action->text();
+                letters << letter;
+            }
+        }
+        return found;
+    }
+
+    int m_named = 0, m_steps = 0, m_keys = 0;
     int m_looked = 0;
 };
 

@@ -1,4 +1,3 @@
-#include <QProcess>
 #include <QtTest>
 
 #include <fcntl.h>
@@ -60,8 +59,8 @@ private Q_SLOTS:
     void killed_data()
     {
         QTest::addColumn<bool>("inPlace");
-        QTest::newRow("replacing") << false;
-        QTest::newRow("in place") << true;
+        row("replacing", false);
+        row("in place", true);
     }
 
     // Wherever a process dies in a save, the file, or the backup that is offered for it, is one of the two
@@ -121,8 +120,7 @@ private Q_SLOTS:
     // The same, not left to chance: at each call of each function that a save makes.
     void killedAtEachCall()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, function);
+        auto [file, function] = textCells("file", "function");
         const QString path = m_dir->path("a.zub");
         QStringList found;
         for (int number = 1; found.isEmpty() || found.last() != "ended"; ++number) {
@@ -151,8 +149,8 @@ private Q_SLOTS:
         textColumns("file", "fault", "expected");
         const auto failing = [](const char *said, const char *file, const char *call, int cause,
                                 const char *expected) {
-            QTest::newRow(qPrintable(QString("%1 %2:%3").arg(file, call).arg(cause)))
-                << file << QString("%1:%2").arg(call).arg(cause) << expected << QString(said);
+            row(qPrintable(QString("%1 %2:%3").arg(file, call).arg(cause)), file,
+                QString("%1:%2").arg(call).arg(cause), expected, QString(said));
         };
         QTest::addColumn<QString>("said");
         const char *const noRoom = "writing failed (No space left on device).";
@@ -185,13 +183,9 @@ private Q_SLOTS:
         failing("writing failed (Input/output error; what it held is kept in %1/.a.zub.jex-backup).",
                 "linked", "ftruncate:1+", EIO, "damaged, and a backup");
     }
-
     void faults()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, said);
-        QFETCH(QString, expected);
-        QFETCH(QString, fault);
+        auto [file, said, expected, fault] = textCells("file", "said", "expected", "fault");
         const QString path = m_dir->write("a.zub", old);
         prepare(path, file);
         const struct stat before = statusOf(path);
@@ -255,6 +249,7 @@ private Q_SLOTS:
         textColumns("name", "target");
         row("true", "a.zub", "a.zub");
         row(": long", QByteArray(255, 'x'), QByteArray(255, 'x'));
+        row(": letters", "a b 'é'", "a b 'é'");
         row("ln -s a.zub one; ln -s one two", "two", "a.zub");
         row("mkdir -p deep/er; ln -s deep/er short; ln -s ../b.zub deep/er/link", "short/link", "deep/b.zub");
         row("ln -s not/there one; mkdir not", "one", "not/there");
@@ -263,8 +258,7 @@ private Q_SLOTS:
     }
     void names()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, target);
+        auto [name, target] = textCells("name", "target");
         QCOMPARE(QProcess::execute("bash",
                                    {"-c", "cd \"$0\"; " + QString(QTest::currentDataTag()), m_dir->path()}),
                  0);
@@ -289,16 +283,10 @@ private Q_SLOTS:
     void rights_data()
     {
         // Owners and modes of file and folder, and who saves; "in place" where a new file is of no use.
-        QTest::addColumn<uid_t>("owner");
-        QTest::addColumn<mode_t>("mode");
-        QTest::addColumn<mode_t>("folder");
-        QTest::addColumn<uid_t>("user");
-        QTest::addColumn<QString>("expected");
+        columns<uid_t, mode_t, mode_t, uid_t, QString>("owner", "mode", "folder", "user", "expected");
         const uid_t me = ::geteuid();
         const auto row = [](const char *name, uid_t owner, mode_t mode, mode_t folder, uid_t user,
-                            const char *expected) {
-            QTest::newRow(name) << owner << mode << folder << user << QString(expected);
-        };
+                            const char *expected) { ::row(name, owner, mode, folder, user, expected); };
         row("own", me, 0640, 0755, me, "new");
         row("odd mode", me, 0751, 0755, me, "new");
         if (!isRoot()) {
@@ -314,11 +302,8 @@ private Q_SLOTS:
     }
     void rights()
     {
-        QFETCH(uid_t, owner);
-        QFETCH(mode_t, mode);
-        QFETCH(mode_t, folder);
-        QFETCH(uid_t, user);
-        QFETCH(QString, expected);
+        auto [owner, mode, folder, user, expected] =
+            cells<uid_t, mode_t, mode_t, uid_t, QString>("owner", "mode", "folder", "user", "expected");
         const QString path = m_dir->write("folder/a.zub", old);
         QTemporaryDir data;
         const QByteArray name = QFile::encodeName(path);

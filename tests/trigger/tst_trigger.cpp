@@ -1,7 +1,5 @@
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QLabel>
 #include <memory>
 
 #include "model/jex/core.h"
@@ -139,7 +137,6 @@ private Q_SLOTS:
         row("Backspace takes what is being typed", "M4M1<&", "M4&", "");
         row("a unit after the other", "M1M1M1(", "M1M1M1(", "");
     }
-
     void keysAreTokens()
     {
         QFETCH(QString, keys);

@@ -2,13 +2,6 @@
 
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "tests/support/menudriver.h"

@@ -1,6 +1,3 @@
-#include <QDir>
-#include <QTextEdit>
-
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "signals/signaltreewidget.h"

@@ -5,6 +5,7 @@
 
 #include "host/designmanager.h"
 #include "tests/support/rowtext.h"
+#include "tests/support/tablerow.h"
 #include "tests/views/editortest.h"
 #include "views/pathlabel.h"
 
@@ -322,12 +323,7 @@ private Q_SLOTS:
         QTRY_COMPARE(shown.banners(), QStringList(designText));
     }
 
-    void dialogsThatHaveNotReturned_data()
-    {
-        QTest::addColumn<QString>("way");
-        for (const char *way : {"OK", "Cancel", "hidden", "open"})
-            QTest::newRow(way) << way;
-    }
+    void dialogsThatHaveNotReturned_data() { textRows("way", {"OK", "Cancel", "hidden", "open"}); }
 
     // Their rows point into the design that goes, as long as something that runs above them keeps them alive.
     void dialogsThatHaveNotReturned()

@@ -1,8 +1,4 @@
-#include <QListWidget>
 #include <QScrollBar>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QTableView>
 
 #include "check/configuration.h"
 #include "check/snapshot.h"
@@ -46,12 +42,10 @@ private Q_SLOTS:
     // Each edit is taken back and made again by the state alone.
     void restoresEachEdit_data()
     {
-        QTest::addColumn<QString>("edit");
-        for (const char *edit :
-             {"clock",  "falling",    "group",      "rename",         "member", "reverse", "disable",
-              "remove", "amount",     "storage",    "implementation", "flag",   "core",    "removed core",
-              "mode",   "hidden box", "expression", "grey",           "units",  "port"})
-            QTest::newRow(edit) << edit;
+        textRows("edit",
+                 {"clock",  "falling",    "group",      "rename",         "member", "reverse", "disable",
+                  "remove", "amount",     "storage",    "implementation", "flag",   "core",    "removed core",
+                  "mode",   "hidden box", "expression", "grey",           "units",  "port"});
     }
 
     void restoresEachEdit()

@@ -1,19 +1,6 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QComboBox>
 #include <QContextMenuEvent>
-#include <QEventLoop>
-#include <QFileDialog>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPointer>
-#include <QProgressDialog>
-#include <QSpinBox>
-#include <QTabBar>
-#include <QTimer>
 #include <QtTest>
 
 #include <functional>
@@ -22,6 +9,7 @@
 #include "elaboration/catchrtl.h"
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
+#include "tests/support/widgets.h"
 #include "workbench/editmenu.h"
 
 static const char design[] = "module part(input clk, input [3:0] a, output reg [3:0] y, output done);\n"

@@ -1,80 +1,32 @@
-#include <QAction>
-#include <QDragEnterEvent>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QSettings>
-#include <QStackedWidget>
-#include <QTabWidget>
-#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "host/ifileeditor.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
-#include "tests/support/modaldriver.h"
-#include "tests/support/workspace.h"
+#include "tests/support/drops.h"
+#include "tests/support/tablerow.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/devicedialog.h"
-#include "workbench/mainwindow.h"
 #include "workbench/projecttree.h"
-#include "workbench/windowmemory.h"
-#include "workbench/workspace.h"
-
-namespace {
-
-ModalDriver::Step choosing(const QString &path)
-{
-    return [path](QDialog *dialog) {
-        qobject_cast<QFileDialog *>(dialog)->selectFile(path);
-        QMetaObject::invokeMethod(dialog, "accept");
-    };
-}
-
-ModalDriver::Step pressing(const QString &text)
-{
-    return [text](QDialog *dialog) {
-        for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
-            if (button->text().remove('&') == text)
-                return button->click();
-        }
-        dialog->reject();
-    };
-}
-
-} // namespace
 
 // What the File menu does with the real editors, and what is there again at the next start.
-class FilesTest : public QObject
+class FilesTest : public EditorWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        RTLJEX::JexViewManager::instance()->initialize();
-    }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
-
     void init()
     {
         m_user.seen.clear();
-        m_dir.reset(new Folder);
+        makeProject();
         m_dir->write("rtl/top.v", counterDesign);
-        {
-            const Workspace work;
-            for (const char *name : {"a.zub", "b.zub"})
-                m_dir->write(name, contents(work.writeConfig(JEX::StandardMode, name, 2)));
-        }
-        m_project = m_dir->write("p.jexprj", R"({"version": 1, "name": "p", "topModule": "top", "files": [
+        for (const char *name : {"a.zub", "b.zub"})
+            writeConfig(JEX::StandardMode, name, 2);
+        m_dir->write("p.jexprj", R"({"version": 1, "name": "p", "topModule": "top", "files": [
             {"path": "rtl/top.v"}, {"path": "a.zub"}, {"path": "b.zub"}]})");
         m_settings.reset(new QSettings(m_dir->path("settings"), QSettings::IniFormat));
         start();
     }
-    void cleanup() { m_window.reset(); }
 
     void saveAsMovesTheEditor()
     {
@@ -98,20 +50,14 @@ private Q_SLOTS:
 
     void saveAsThatFailsLeavesTheFile_data()
     {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("told");
-        QTest::newRow("open elsewhere") << "b.zub"
-                                        << "b.zub is open in another tab. Close that first.";
-        QTest::newRow("no file") << "pipe.zub"
-                                 << "it is a named pipe, not a regular file.";
-        QTest::newRow("no such folder") << "none/c.zub"
-                                        << "Can not save to";
+        textColumns("target", "told");
+        row("open elsewhere", "b.zub", "b.zub is open in another tab. Close that first.");
+        row("no file", "pipe.zub", "it is a named pipe, not a regular file.");
+        row("no such folder", "none/c.zub", "Can not save to");
     }
-
     void saveAsThatFailsLeavesTheFile()
     {
-        QFETCH(QString, target);
-        QFETCH(QString, told);
+        auto [target, told] = textCells("target", "told");
         const QByteArray before = m_dir->read("b.zub");
         QCOMPARE(mkfifo(m_dir->path("pipe.zub").toLocal8Bit().constData(), 0600), 0);
         m_workspace->openFile(m_dir->path("b.zub"));
@@ -262,28 +208,15 @@ private Q_SLOTS:
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(m_dir->path("more.v")), QUrl::fromLocalFile(m_dir->path("a.zub")),
                       QUrl("http://example.org/b.zub")});
-        QDragEnterEvent entry(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(m_window.get(), &entry);
-        QVERIFY(entry.isAccepted());
-        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(m_window.get(), &drop);
-        QVERIFY(drop.isAccepted());
+        QCOMPARE(dropOn(m_window.get(), data), Qt::CopyAction);
         QTRY_COMPARE(Core::ViewManager::instance()->views().size(), 1);
         QCOMPARE(m_workspace->project()->data().files.last().path, m_dir->path("more.v"));
         // Lists take drops of their own, which files are not.
         auto *list = m_window->findChild<QTreeWidget *>("treeWidgetCapSigs");
         data.setUrls({QUrl::fromLocalFile(m_dir->write("even.v", "module even; endmodule"))});
-        QDragEnterEvent toList(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &toList);
-        QDropEvent onList(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &onList);
+        dropOn(list->viewport(), data);
         QTRY_COMPARE(m_workspace->project()->data().files.last().path, m_dir->path("even.v"));
-        QMimeData text;
-        text.setText("a.zub");
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QCoreApplication::sendEvent(m_window.get(), &enter);
-        QVERIFY(!enter.isAccepted());
+        QCOMPARE(dropOn(m_window.get(), "a.zub"), Qt::IgnoreAction);
     }
 
     void windowsKeepTheirSize()
@@ -303,17 +236,13 @@ private Q_SLOTS:
 private:
     void start()
     {
-        m_window.reset(); // before the next one takes the tabs
-        m_window.reset(new Workbench::MainWindow(m_settings.get()));
-        m_window->show();
-        m_workspace = m_window->workspace();
+        showWindow(m_settings.get());
         m_messages.clear();
         connect(m_workspace, &Workbench::Workspace::message, this,
                 [this](const QString &text) { m_messages << text; });
-        QVERIFY(m_workspace->openProject(m_project));
+        QVERIFY(m_workspace->openProject(m_dir->path("p.jexprj")));
     }
 
-    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
     static QWidget *banner() { return view()->findChild<QWidget *>("RTLJEX__ReloadBanner"); }
 
     void edit()
@@ -332,13 +261,9 @@ private:
 
     bool said(const QString &text) const { return !m_messages.filter(text).isEmpty(); }
 
-    ModalDriver m_user;
     QStringList m_messages;
-    std::unique_ptr<Folder> m_dir;
     std::unique_ptr<QSettings> m_settings;
-    std::unique_ptr<Workbench::MainWindow> m_window;
-    Workbench::Workspace *m_workspace = nullptr;
-    QString m_project;
+    ModalDriver m_user;
 };
 
 QTEST_MAIN(FilesTest)

@@ -1,16 +1,11 @@
-#include <QDialog>
-#include <QDir>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QTimer>
 #include <QtTest>
 
 #include "model/jex/core.h"
 #include "options/captureoptionwidget.h"
 #include "options/litecaptureoptionwidget.h"
+#include "tests/support/widgets.h"
 #include "workbench/guidewindow.h"
 #include "workbench/helptopics.h"
 #include "workbench/icons.h"

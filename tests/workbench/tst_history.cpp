@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "tests/support/tablerow.h"
 #include "workbench/history.h"
 
 using Workbench::ByteDelta;
@@ -26,26 +27,22 @@ class HistoryTest : public QObject
 private Q_SLOTS:
     void leadsBothWays_data()
     {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after");
-        const QByteArray many = manyLines(5000); // more than one block
-        QTest::newRow("same") << many << many;
-        QTest::newRow("none") << QByteArray() << QByteArray();
-        QTest::newRow("from none") << QByteArray() << many;
-        QTest::newRow("to none") << many << QByteArray();
-        QTest::newRow("one inside") << many << QByteArray(many).replace("line 2500\n", "another\n");
-        QTest::newRow("first") << many << 'x' + many.mid(1);
-        QTest::newRow("last") << many << many + 'x';
-        QTest::newRow("twice the same")
-            << QByteArray("aaaa") << QByteArray("aaaaaa"); // prefix and suffix overlap
-        QTest::newRow("shorter") << QByteArray("abab") << QByteArray("ab");
-        QTest::newRow("another") << QByteArray("abc") << QByteArray("xyz");
+        textColumns("before", "after");
+        const QString many = manyLines(5000); // more than one block
+        row("same", many, many);
+        row("none", "", "");
+        row("from none", "", many);
+        row("to none", many, "");
+        row("one inside", many, QString(many).replace("line 2500\n", "another\n"));
+        row("first", many, 'x' + many.mid(1));
+        row("last", many, many + 'x');
+        row("twice the same", "aaaa", "aaaaaa"); // prefix and suffix overlap
+        row("shorter", "abab", "ab");
+        row("another", "abc", "xyz");
     }
-
     void leadsBothWays()
     {
-        QFETCH(QByteArray, before);
-        QFETCH(QByteArray, after);
+        const QByteArray before = textCells("before")[0].toUtf8(), after = textCells("after")[0].toUtf8();
         const ByteDelta delta(before, after);
         QCOMPARE(delta.forward(before), after);
         QCOMPARE(delta.backward(after), before);

@@ -1,29 +1,14 @@
-#include <QAction>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListView>
-#include <QListWidget>
-#include <QMenuBar>
 #include <QStatusBar>
-#include <QTreeWidget>
-#include <QtTest>
 
-#include "host/actionmanager.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
 #include "tests/support/menudriver.h"
 #include "tests/support/messagelist.h"
-#include "tests/support/modaldriver.h"
+#include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
-#include "workbench/messagemodel.h"
-#include "workbench/messagepane.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projecttree.h"
 #include "workbench/sourceedit.h"
 #include "workbench/sourceview.h"
-#include "workbench/workspace.h"
 
 namespace {
 
@@ -45,30 +30,74 @@ const char stale[] = R"(<jexconfig version="1" mode="Standard"><core number="0" 
 <signal name="top/was/k[1:0]" type="bus"><signal name="top/was/k[1]"/><signal name="top/was/k[0]"/></signal>
 <signal name="top/was/s"/><signal name="top/was/gone"/></signals></core></jexconfig>)";
 
+const char staleStandard[] = R"(<jexconfig version="1" mode="Standard">
+<core number="0" clock="top/clk"><signals/></core>
+<core number="4" clock="top/clok">
+<port number="2"><signal name="top/d[3]"/>
+<signal name="top/gone"/></port>
+<signals><signal name="top/clk"/><signal name="group_0[1:0]"><signal name="top/clk"/><signal name="top/k[1]"/>
+</signal></signals></core></jexconfig>)";
+const char staleLite[] = R"(<jexconfig version="1" mode="Lite"><core number="0" clock="top/clk">
+<signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core>
+<core number="3" clock="top/clk"><signals><signal name="top/gone"/></signals></core></jexconfig>)";
+
 } // namespace
 
 // From messages to what they are about, in the real editor in the real window.
-class LeadsTest : public QObject
+class LeadsTest : public EditorWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
-
     void init()
     {
         m_user.seen.clear();
-        m_dir.reset(new Folder);
-        m_source = m_dir->write("top.v", design);
-        m_window.reset(new Workbench::MainWindow(nullptr));
-        m_window->show();
+        makeProject(design);
+        m_source = m_dir->path("top.v");
+        showWindow();
         m_pane = m_window->findChild<Workbench::MessagePane *>();
     }
     void cleanup()
     {
-        m_window.reset();
+        EditorWindowTest::cleanup();
         QVERIFY(m_user.done());
+    }
+
+    // The stale signals of a file, and the way from there to their rows.
+    void listsAndShows_data()
+    {
+        // "findings": line of the pane -> widget that is focused: its row
+        columns<QString, QStringList>("text", "findings");
+        row("Standard", staleStandard,
+            QStringList{"f.zub: Core 4: clock signal top/clok is missing in the design; nearest: top/clk "
+                        "-> editSampleClock: ",
+                        "f.zub: Core 4: trigger port 2 signal top/gone is missing in the design "
+                        "-> treeTrigger: top/gone",
+                        "f.zub: Core 4: capture signal top/k[1] of group_0[1:0] is missing in the design "
+                        "-> treeWidgetCapSigs: top/k[1]"});
+        row("Lite", staleLite,
+            QStringList{"f.zub: Core 0: capture signal top/k[1] is missing in the design "
+                        "-> treeWidgetSignal: top/k[1]",
+                        "f.zub: Core 1: capture signal top/gone is missing in the design "
+                        "-> treeWidgetSignal: top/gone"});
+    }
+    void listsAndShows()
+    {
+        auto [text, findings] = cells<QString, QStringList>("text", "findings");
+        m_dir->write("top.v", counterDesign);
+        open(text.toUtf8());
+        QTRY_VERIFY(pane().contains(findings.last().section(" -> ", 0, 0)));
+        QCOMPARE(pane().count("signal top/"), findings.size());
+        for (const QString &finding : findings) {
+            const QString line = finding.section(" -> ", 0, 0);
+            doubleClickMessage(m_pane, line);
+            QCOMPARE(line + " -> " + focused(), finding);
+        }
+        // The design changes, and the editor reads it again.
+        m_dir->write("top.v", "module top(input clk, clok, gone, input [3:0] d, output [1:0] k);\n"
+                              "  assign k = d[1:0];\nendmodule\n");
+        QMetaObject::invokeMethod(view(), "readRtlNetlist");
+        QTRY_VERIFY(pane().endsWith("The design has all signals again."));
     }
 
     void aRefusedSaveLeadsToItsRows()
@@ -76,7 +105,7 @@ private Q_SLOTS:
         open(stale);
         edit();
         m_user.press(QMessageBox::Ok);
-        save();
+        save()->trigger();
         const struct
         {
             const char *line;
@@ -96,32 +125,28 @@ private Q_SLOTS:
 
     void aSaveSaysSo()
     {
-        {
-            const Workspace work;
-            m_config = contents(work.writeConfig(JEX::StandardMode, "f.zub", 1));
-        }
-        open(m_config);
+        open(contents(writeConfig(JEX::StandardMode, "f.zub")));
         auto *clock = view()->findChild<QLineEdit *>("editSampleClock");
         clock->setText("top/clck");
         m_user.press(QMessageBox::Ok);
-        save();
+        save()->trigger();
         const QString fault = "E f.zub: Core 0: The specified sample clock does not exist";
         const QString lost = "W f.zub: Core 0: clock signal top/clck is missing in the design";
         QTRY_VERIFY2(!lines().filter(lost).isEmpty(), qPrintable(lines().join('\n')));
         QVERIFY(lines().contains(fault));
         clock->setText("top/clk");
-        save();
+        save()->trigger();
         QTRY_VERIFY(!lines().filter('(' + lost).isEmpty());
         QVERIFY(lines().contains('(' + fault + ')'));
         QCOMPARE(lines().filter("Saved "), QStringList("N Saved " + m_dir->path("f.zub") + '.'));
 
-        m_window->workspace()->project()->setOption("Synthesize_tool", "Synplify");
+        m_workspace->project()->setOption("Synthesize_tool", "Synplify");
         edit();
         m_user.press(QMessageBox::Ok);
-        save();
+        save()->trigger();
         QTRY_VERIFY(!lines().filter("E f.zub: For RTL Design").isEmpty());
-        m_window->workspace()->project()->setOption("Synthesize_tool", "");
-        save();
+        m_workspace->project()->setOption("Synthesize_tool", "");
+        save()->trigger();
         QTRY_VERIFY(!lines().filter("(E f.zub: For RTL Design").isEmpty());
     }
 
@@ -203,16 +228,16 @@ private Q_SLOTS:
         m_source = m_dir->write("more.v", "module second(input clk); endmodule");
         m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}, {"path": "more.v"}]})");
         m_user.press(QMessageBox::Ok);
-        QVERIFY(!m_window->workspace()->openFile(m_dir->write("f.zub", stale)));
+        QVERIFY(!m_workspace->openFile(m_dir->write("f.zub", stale)));
         QVERIFY(lines().contains("E Multiple Top Module: Multiple top, please set top module."));
         const QString offer = "Candidate for the top module: %1. A double click takes it.";
         QVERIFY(lines().contains("N " + offer.arg("second")));
         doubleClickMessage(m_pane, offer.arg("top"));
         QTRY_VERIFY(view());
-        QCOMPARE(m_window->workspace()->project()->data().topModule, QString("top"));
+        QCOMPARE(m_workspace->project()->data().topModule, QString("top"));
         QVERIFY(lines().contains("(N " + offer.arg("second") + ')'));
 
-        Workbench::OptionsDialog options(m_window->workspace()->project(), m_window.get());
+        Workbench::OptionsDialog options(m_workspace->project(), m_window.get());
         auto *box = options.findChild<QComboBox *>("topModule");
         QTRY_COMPARE(box->count(), 3);
         QVERIFY(box->isEditable());
@@ -228,16 +253,15 @@ private Q_SLOTS:
             if (action->text() == "Set as To&p: second")
                 action->trigger();
         }
-        QCOMPARE(m_window->workspace()->project()->data().topModule, QString("second"));
+        QCOMPARE(m_workspace->project()->data().topModule, QString("second"));
     }
 
     // All that the tool said stays, leads to the source, and is past when the design reads again.
     void aFailedReading()
     {
         m_dir->write("top.v", QByteArray(design) + "module broken(input a);\n  assign = 1;\nendmodule\n");
-        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
         m_user.then([](QDialog *dialog) { dialog->accept(); });
-        QVERIFY(!m_window->workspace()->openFile(m_dir->write("f.zub", stale)));
+        QVERIFY(!m_workspace->openFile(m_dir->write("f.zub", stale)));
         const QString place = "E ERROR: " + m_source + ":10: ";
         QVERIFY2(!lines().filter(place).isEmpty(), qPrintable(lines().join('\n')));
         QVERIFY(lines().contains("E Design files contain some errors."));
@@ -247,18 +271,15 @@ private Q_SLOTS:
         QCOMPARE(source->edit()->markedLine(), 10);
 
         m_dir->write("top.v", design);
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("f.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("f.zub")));
         QVERIFY(!lines().filter('(' + place).isEmpty());
         QVERIFY(lines().contains("(E Design files contain some errors.)"));
     }
 
 private:
-    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
-
     void open(const QByteArray &configuration)
     {
-        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
-        QVERIFY(m_window->workspace()->openFile(m_dir->write("f.zub", configuration)));
+        QVERIFY(m_workspace->openFile(m_dir->write("f.zub", configuration)));
     }
     static void edit()
     {
@@ -266,7 +287,6 @@ private:
         amount->setCurrentIndex(amount->currentIndex() - 1);
         QVERIFY(view()->editedFile().isModified);
     }
-    static void save() { Core::ActionManager::instance()->command("Core.Action.Save")->trigger(); }
 
     static void showTab(QWidget *widget)
     {
@@ -279,34 +299,25 @@ private:
         }
     }
 
-    // "E error", "W warning", "N note", what is past in brackets.
-    QStringList lines() const
-    {
-        QStringList lines;
-        const Workbench::MessageModel *model = m_pane->model();
-        for (int row = 0; row < model->rowCount(); ++row) {
-            const QString line = QString("EWN").at(model->message(row).kind) + ' ' + model->message(row).text;
-            lines << (model->isPast(row) ? '(' + line + ')' : line);
-        }
-        return lines;
-    }
+    QStringList lines() const { return messageLines(*m_pane->model()); }
 
     static QString rows(const char *name)
     {
         const auto *tree = view()->findChild<QTreeWidget *>(name);
-        const bool isTrigger = qstrcmp(name, "treeTrigger") == 0;
-        const QTreeWidgetItem *parent = isTrigger ? tree->topLevelItem(1) : tree->invisibleRootItem();
-        QStringList rows;
-        for (int i = 0; i < parent->childCount(); ++i)
-            rows << parent->child(i)->text(0);
-        return rows.join(' ');
+        return rowNames(qstrcmp(name, "treeTrigger") == 0 ? tree->topLevelItem(1)
+                                                          : tree->invisibleRootItem());
     }
 
+    // The widget with the focus, and its row.
     QString focused() const
     {
         const QWidget *widget = m_window->focusWidget();
         const auto *list = qobject_cast<const QListWidget *>(widget);
-        return widget->objectName() + ": " + (list && list->currentItem() ? list->currentItem()->text() : "");
+        const auto *tree = qobject_cast<const QTreeWidget *>(widget);
+        const QString row = list && list->currentItem()   ? list->currentItem()->text()
+                            : tree && tree->currentItem() ? tree->currentItem()->text(0)
+                                                          : QString();
+        return widget->objectName() + (widget->isVisible() ? ": " : " (hidden): ") + row;
     }
 
     // An entry of the context menu of a message, which its key brings up.
@@ -322,12 +333,9 @@ private:
         QTest::qWait(0);
     }
 
-    ModalDriver m_user;
-    QByteArray m_config;
     QString m_source;
-    std::unique_ptr<Folder> m_dir;
-    std::unique_ptr<Workbench::MainWindow> m_window;
     Workbench::MessagePane *m_pane = nullptr;
+    ModalDriver m_user;
 };
 
 QTEST_MAIN(LeadsTest)

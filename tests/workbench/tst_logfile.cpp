@@ -1,4 +1,3 @@
-#include <QProcess>
 #include <QtTest>
 
 #include <csignal>
@@ -6,6 +5,7 @@
 #include <unistd.h>
 
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
 #include "workbench/logfile.h"
 
 using namespace Workbench;
@@ -19,26 +19,17 @@ private Q_SLOTS:
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("link") << "link"
-                              << "it is a link";
-        QTest::newRow("pipe") << "pipe"
-                              << "it is not a regular file";
-        QTest::newRow("two names") << "hard"
-                                   << "it belongs to another user, or has several names";
-        QTest::newRow("somebody's file") << "top.v"
-                                         << "it is there already, and is no log";
-        QTest::newRow("no folder") << "none/log"
-                                   << "there is no such folder";
-        QTest::newRow("folder") << "dir"
-                                << "Is a directory";
+        textColumns("name", "expected");
+        row("link", "link", "it is a link");
+        row("pipe", "pipe", "it is not a regular file");
+        row("two names", "hard", "it belongs to another user, or has several names");
+        row("somebody's file", "top.v", "it is there already, and is no log");
+        row("no folder", "none/log", "there is no such folder");
+        row("folder", "dir", "Is a directory");
     }
-
     void refusals()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, expected);
+        auto [name, expected] = textCells("name", "expected");
         const Folder folder;
         folder.write("top.v", "module top; endmodule\n");
         folder.write("dir/x", "");

@@ -1,15 +1,13 @@
 #include <QClipboard>
-#include <QFileDialog>
-#include <QListView>
 #include <QToolButton>
 #include <QtTest>
 
 #include "host/designmanager.h"
 #include "tests/support/files.h"
+#include "tests/support/intime.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
-#include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
 #include "workbench/sourcecommand.h"
 #include "workbench/topmodules.h"
@@ -24,17 +22,6 @@ Message message(Message::Kind kind, const QString &text)
     made.kind = kind;
     made.text = text;
     return made;
-}
-
-// "E first|(N second)": kinds, and what is past in brackets.
-QString drawn(const MessageModel &model)
-{
-    QStringList lines;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QString line = QString("EWN").at(model.message(row).kind) + ' ' + model.message(row).text;
-        lines << (model.isPast(row) ? '(' + line + ')' : line);
-    }
-    return lines.join('|');
 }
 
 QString shown(const MessagePane &pane)
@@ -72,10 +59,10 @@ private Q_SLOTS:
         model.add(message(Message::Note, "Opened."));
         model.setCurrent("view", {a});
         model.setCurrent("design", {c, b});
-        QCOMPARE(drawn(model), QString("(E a)|W b|N Opened.|E a|E c"));
+        QCOMPARE(messageLines(model).join('|'), QString("(E a)|W b|N Opened.|E a|E c"));
         model.setCurrent("design", {a});
         model.setCurrent("view", {});
-        QCOMPARE(drawn(model), QString("(E a)|(W b)|N Opened.|(E a)|(E c)|E a"));
+        QCOMPARE(messageLines(model).join('|'), QString("(E a)|(W b)|N Opened.|(E a)|(E c)|E a"));
         QCOMPARE(model.index(0).data(Qt::AccessibleTextRole).toString(), QString("Error, past: a"));
     }
 
@@ -104,11 +91,7 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text().count('\n'), 1);
 
         ModalDriver user;
-        const QString path = dir.path("kept.txt");
-        user.then([path](QDialog *dialog) {
-            qobject_cast<QFileDialog *>(dialog)->selectFile(path);
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
+        user.then(choosing(dir.path("kept.txt")));
         button(pane, "Save...")->click();
         QCOMPARE(QString(dir.read("kept.txt")), copied);
         button(pane, "Clear")->click();
@@ -161,11 +144,10 @@ private Q_SLOTS:
             messages << Message();
             messages.last().text = "Missing: " + QString::number(i);
         }
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < 3; ++i)
-            pane.model()->setCurrent("view", messages);
-        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        inTime(5000, [&] {
+            for (int i = 0; i < 3; ++i)
+                pane.model()->setCurrent("view", messages);
+        });
         QCOMPARE(pane.model()->rowCount(), 1001);
         QVERIFY(pane.toPlainText().endsWith("And 99000 more like that."));
         pane.model()->setCurrent("view", {});
@@ -174,10 +156,7 @@ private Q_SLOTS:
 
     void placesOfALongText()
     {
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty());
-        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+        inTime(2000, [] { QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty()); });
     }
 
     void followsAPlaceByKeyAndClick()

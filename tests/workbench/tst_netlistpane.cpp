@@ -1,28 +1,14 @@
-#include <QAction>
-#include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDockWidget>
-#include <QDropEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMimeData>
-#include <QTabWidget>
 #include <QTextDocument>
-#include <QTreeView>
-#include <QTreeWidget>
-#include <QtTest>
 
 #include "host/isignaltarget.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
+#include "tests/support/drops.h"
+#include "tests/support/intime.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/messagemodel.h"
-#include "workbench/messagepane.h"
 #include "workbench/netlistpane.h"
-#include "workbench/workspace.h"
 
 namespace {
 
@@ -48,34 +34,24 @@ QString rowsOf(const QAbstractItemModel *model)
 } // namespace
 
 // The real editor in the real window: nets of the design on their way into its lists and from list to list.
-class NetlistPaneTest : public QObject
+class NetlistPaneTest : public EditorWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
-
     void init()
     {
-        m_dir.reset(new Folder);
-        m_dir->write("top.v", design);
-        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
-        {
-            const Workspace work;
-            m_dir->write("s.zub", contents(work.writeConfig(JEX::StandardMode, "s.zub", 1)));
-            m_dir->write("l.zub", contents(work.writeConfig(JEX::LiteMode, "l.zub", 1)));
-        }
-        m_window.reset(new Workbench::MainWindow(nullptr));
-        m_window->show();
-        QVERIFY(m_window->workspace()->openProject(m_dir->path("p.jexprj")));
+        makeProject(design);
+        writeConfig(JEX::StandardMode, "s.zub");
+        writeConfig(JEX::LiteMode, "l.zub");
+        showWindow();
+        QVERIFY(m_workspace->openProject(m_dir->path("p.jexprj")));
         m_pane = m_window->findChild<Workbench::NetlistPane *>();
         m_pattern = m_pane->findChildren<QComboBox *>().first();
         for (QTreeView *view : m_pane->findChildren<QTreeView *>())
             (view->accessibleName() == "Nets" ? m_nets : m_tree) = view;
         m_window->findChild<QDockWidget *>("netlistDock")->raise();
     }
-    void cleanup() { m_window.reset(); }
 
     void filter_data()
     {
@@ -135,14 +111,14 @@ private Q_SLOTS:
         m_dir->write("top.v", "module top(; endmodule\n");
         QTRY_VERIFY_WITH_TIMEOUT(status().contains("cannot be read") && status().contains("top.v:1"), 30000);
         QCOMPARE(rowsOf(m_nets->model()), QString("d[3:0]:4 other[3:0]:4 clk:1"));
-        QVERIFY(m_window->workspace()->closeProject());
+        QVERIFY(m_workspace->closeProject());
         QTRY_COMPARE(rowsOf(m_nets->model()), QString());
     }
 
     void intoTheLists()
     {
         waitForDesign();
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("s.zub")));
         // By Return, to where the user is at work.
         choose("d[3:0]");
         QTest::keyClick(m_nets, Qt::Key_Return);
@@ -154,18 +130,18 @@ private Q_SLOTS:
         QCOMPARE(chosen(), QString("top/clk top/d[3:0]"));
         // By a drag, to where it is dropped. The tree of ports takes none itself, so the editor gets it.
         const QPoint port = ports->visualItemRect(ports->topLevelItem(2)).center();
-        QCOMPARE(drop(view(), ports->viewport()->mapTo(view(), port), "top/u_a/q\n"), Qt::CopyAction);
+        QCOMPARE(dropOn(view(), "top/u_a/q\n", ports->viewport()->mapTo(view(), port)), Qt::CopyAction);
         QCOMPARE(chosen(), QString("top/u_a/q[3:0]"));
         view()->findChild<QTabWidget *>()->setCurrentIndex(1);
         QTreeWidget *list = view()->findChild<QTreeWidget *>("treeWidgetCapSigs");
-        drop(list->viewport(), QPoint(5, 5), "tb.top.u_b.q[1]\tand more\n# no name\ntop/nothing\ntop/tied\n");
+        dropOn(list->viewport(), "tb.top.u_b.q[1]\tand more\n# no name\ntop/nothing\ntop/tied\n");
         list->selectAll();
         QCOMPARE(chosen(), QString("top/clk top/u_b/q[1]"));
-        QVERIFY(messages().contains("top/nothing is missing in the design"));
-        QVERIFY(messages().contains("top/tied must not be probed"));
+        QVERIFY(pane().contains("top/nothing is missing in the design"));
+        QVERIFY(pane().contains("top/tied must not be probed"));
         QVERIFY(view()->editedFile().isModified);
         // A bit gives way to its bus.
-        drop(list->viewport(), QPoint(5, 5), "top/u_b/q");
+        dropOn(list->viewport(), "top/u_b/q");
         list->selectAll();
         QCOMPARE(chosen(), QString("top/clk top/u_b/q[3:0]"));
     }
@@ -173,10 +149,10 @@ private Q_SLOTS:
     // From one file to another with all that the user made of a row.
     void copyAndPaste()
     {
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("s.zub")));
         view()->findChild<QTabWidget *>()->setCurrentIndex(1);
         auto *from = view()->findChild<QTreeWidget *>("treeWidgetCapSigs");
-        drop(from->viewport(), QPoint(5, 5), "top/done\ntop/d\ntop/u_a/q");
+        dropOn(from->viewport(), "top/done\ntop/d\ntop/u_a/q");
         from->clearSelection();
         from->topLevelItem(2)->setSelected(true);
         from->topLevelItem(3)->setSelected(true);
@@ -184,7 +160,7 @@ private Q_SLOTS:
         from->selectAll();
         m_window->findChild<QAction *>("copySignals")->trigger();
         QCOMPARE(QApplication::clipboard()->text().split('\n').first(), QString("top/clk"));
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("l.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("l.zub")));
         m_window->findChild<QAction *>("pasteSignals")->trigger();
         auto *to = view()->findChild<QTreeWidget *>("treeWidgetSignal");
         to->selectAll();
@@ -204,17 +180,14 @@ private Q_SLOTS:
     // A key that was meant for another window.
     void pasteOfALongText()
     {
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("l.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("l.zub")));
         QString text;
         for (int i = 0; i < 200000; ++i)
             text += QString("%1 is a line of a log\n").arg(i);
         QApplication::clipboard()->setText(text + "top/q\n");
-        auto *messages = m_window->findChild<Workbench::MessagePane *>();
+        const auto *messages = m_window->findChild<Workbench::MessagePane *>();
         const int before = messages->model()->rowCount();
-        QElapsedTimer timer;
-        timer.start();
-        m_window->findChild<QAction *>("pasteSignals")->trigger();
-        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        inTime(5000, [this] { m_window->findChild<QAction *>("pasteSignals")->trigger(); });
         QVERIFY(messages->model()->rowCount() - before < 100);
         QVERIFY(messages->toPlainText().contains("  And 199950 more like that."));
         QCOMPARE(view()->findChild<QTreeWidget *>("treeWidgetSignal")->topLevelItemCount(), 2);
@@ -227,12 +200,10 @@ private Q_SLOTS:
     // One step of undo, with what was not saved; at most 16 cores.
     void duplicateCore()
     {
-        QVERIFY(m_window->workspace()->openFile(m_dir->path("s.zub")));
+        QVERIFY(m_workspace->openFile(m_dir->path("s.zub")));
         view()->findChild<QTabWidget *>()->setCurrentIndex(1);
-        drop(view()->findChild<QTreeWidget *>("treeWidgetCapSigs")->viewport(), QPoint(5, 5), "top/done");
-        QMenu *menu = nullptr;
-        for (QMenu *found : m_window->findChildren<QMenu *>())
-            menu = found->title() == "&Duplicate Core" ? found : menu;
+        dropOn(view()->findChild<QTreeWidget *>("treeWidgetCapSigs")->viewport(), "top/done");
+        QMenu *menu = action("Duplicate Core")->menu();
         auto *edit = qobject_cast<QMenu *>(menu->menuAction()->associatedWidgets().first());
         QTreeWidget *cores = view()->findChild<QTreeWidget *>("treeWidget");
         for (int count = 2; count <= 16; ++count) {
@@ -260,10 +231,8 @@ private:
     {
         QTRY_VERIFY_WITH_TIMEOUT(m_tree->model()->rowCount() == 1 && m_nets->model()->rowCount() > 0, 30000);
     }
-    Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
     QString status() { return m_pane->findChildren<QLabel *>().last()->text(); }
-    QString messages() { return m_window->findChild<Workbench::MessagePane *>()->toPlainText(); }
-    QString lastMessage() { return messages().trimmed().section('\n', -1); }
+    QString lastMessage() { return pane().trimmed().section('\n', -1); }
     void choose(const QString &name)
     {
         const QModelIndexList found =
@@ -276,19 +245,7 @@ private:
         const std::unique_ptr<QMimeData> data(dynamic_cast<Core::ISignalTarget *>(view())->chosenSignals());
         return data ? data->text().trimmed().replace('\n', ' ') : QString();
     }
-    Qt::DropAction drop(QWidget *widget, const QPoint &position, const QString &text)
-    {
-        QMimeData data;
-        data.setText(text);
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &enter);
-        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &drop);
-        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
-    }
 
-    std::unique_ptr<Folder> m_dir;
-    std::unique_ptr<Workbench::MainWindow> m_window;
     Workbench::NetlistPane *m_pane = nullptr;
     QComboBox *m_pattern = nullptr;
     QTreeView *m_tree = nullptr;

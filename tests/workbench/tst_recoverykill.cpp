@@ -1,8 +1,4 @@
-#include <QElapsedTimer>
 #include <QLineEdit>
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QTimer>
 #include <QtTest>
 
 #include <cstdio>

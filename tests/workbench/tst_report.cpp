@@ -1,8 +1,8 @@
 #include <QImage>
-#include <QProcess>
 #include <QtTest>
 
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
 
 namespace {
 
@@ -31,11 +31,10 @@ private Q_SLOTS:
 
     void ends_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QStringList>("texts"); // all somewhere in what it prints, %1 is the folder
+        // "texts": all somewhere in what it prints, %1 is the folder
+        columns<QStringList, int, QStringList>("arguments", "code", "texts");
         const auto row = [](const char *name, const QString &arguments, int code, const QStringList &texts) {
-            QTest::newRow(name) << arguments.split(';') << code << texts;
+            ::row(name, arguments.split(';'), code, texts);
         };
         row("wrong use", "none.v", 2, {"jexworkbench: There is no file \"none.v\".\n"});
         row("broken design", "--report;bad.v", 1, {"\nNo netlist.\nERROR: %1/bad.v:1: syntax error"});
@@ -54,18 +53,12 @@ private Q_SLOTS:
     }
     void ends()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QStringList, texts);
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.setWorkingDirectory(m_dir.path());
-        process.start(WORKBENCH, arguments);
-        QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        const QString output = process.readAll();
+        auto [arguments, texts] = cells<QStringList, QStringList>("arguments", "texts");
+        const Ended ended = run(WORKBENCH, arguments);
+        const QString output = ended.output + ended.errors;
         for (const QString &text : qAsConst(texts))
             QVERIFY2(output.contains(QString(text).replace("%1", m_dir.path())), qPrintable(output));
-        QTEST(process.exitCode(), "code");
+        QTEST(ended.code, "code");
         const QSize picture = QImage(m_dir.filePath("window.png")).size();
         QCOMPARE(picture, arguments.contains("--shot") ? QSize(1280, 800) : QSize(0, 0));
     }
@@ -74,32 +67,21 @@ private Q_SLOTS:
     // Windows speak the user's language, and what scripts read is English.
     void language_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("option");
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("English") << "C.UTF-8"
-                                 << "--shot" << QByteArray("Message box \"Error: Can not open ");
-        QTest::newRow("German") << "de_DE.UTF-8"
-                                << "--shot" << QByteArray("Message box \"Fehler: ");
-        QTest::newRow("report") << "de_DE.UTF-8"
-                                << "--report" << QByteArray("Message box \"Error: Can not open ");
+        textColumns("locale", "option", "text");
+        row("English", "C.UTF-8", "--shot", "Message box \"Error: Can not open ");
+        row("German", "de_DE.UTF-8", "--shot", "Message box \"Fehler: ");
+        row("report", "de_DE.UTF-8", "--report", "Message box \"Error: Can not open ");
     }
     void language()
     {
-        QFETCH(QString, locale);
-        QFETCH(QString, option);
-        QFETCH(QByteArray, text);
-        QProcess process;
+        auto [locale, option, text] = textCells("locale", "option", "text");
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove("LANGUAGE");
         environment.insert("LC_ALL", locale);
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_dir.path());
         const QString picture = option == "--shot" ? "=language.png" : "";
-        process.start(WORKBENCH, {option + picture, "a design.v", "bad.zub"});
-        QVERIFY(process.waitForFinished(120000));
-        const QByteArray output = process.readAllStandardOutput();
-        QVERIFY2(output.contains(text), output);
+        const QString output =
+            run(WORKBENCH, {option + picture, "a design.v", "bad.zub"}, environment).output;
+        QVERIFY2(output.contains(text), qPrintable(output));
     }
 #endif
 
@@ -107,88 +89,88 @@ private Q_SLOTS:
     // ask for them.
     void withoutADisplay_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("display");
-        QTest::addColumn<int>("code");
+        columns<QStringList, QString, int>("arguments", "display", "code");
         const QStringList report{"--report", "a design.v"};
-        QTest::newRow("window") << QStringList("a design.v") << "" << 2;
-        QTest::newRow("dead display") << QStringList("a design.v") << ":4711" << 2;
-        QTest::newRow("report") << report << "" << 0;
+        row("window", QStringList("a design.v"), "", 2);
+        row("dead display", QStringList("a design.v"), ":4711", 2);
+        row("report", report, "", 0);
 #ifdef SOC
-        QTest::newRow("editor") << QStringList{"--report", SOC "soc.jexprj", SOC "capture.zub"} << "" << 0;
-        QTest::newRow("verbose") << QStringList{"--report", "--verbose", SOC "soc.jexprj", SOC "capture.zub"}
-                                 << "" << 0;
+        row("editor", QStringList{"--report", SOC "soc.jexprj", SOC "capture.zub"}, "", 0);
+        row("verbose", QStringList{"--report", "--verbose", SOC "soc.jexprj", SOC "capture.zub"}, "", 0);
 #endif
     }
     void withoutADisplay()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, display);
-        QProcess process;
+        auto [arguments, display] = cells<QStringList, QString>("arguments", "display");
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
             environment.remove(name);
         if (!display.isEmpty())
             environment.insert("DISPLAY", display);
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_dir.path());
-        process.start(WORKBENCH, arguments);
-        QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QTEST(process.exitCode(), "code");
-        const QString errors = process.readAllStandardError();
-        QCOMPARE(errors.startsWith("jexworkbench: There is no display"), process.exitCode() == 2);
-        QCOMPARE(errors.contains("--report") && errors.contains("--shot"), process.exitCode() == 2);
-        QCOMPARE(errors.contains("create jexins inserter"), arguments.contains("--verbose"));
+        const Ended ended = run(WORKBENCH, arguments, environment);
+        QTEST(ended.code, "code");
+        QCOMPARE(ended.errors.startsWith("jexworkbench: There is no display"), ended.code == 2);
+        QCOMPARE(ended.errors.contains("--report") && ended.errors.contains("--shot"), ended.code == 2);
+        QCOMPARE(ended.errors.contains("create jexins inserter"), arguments.contains("--verbose"));
     }
 
     // A project that would write beside itself and run a shell when its VHDL is started, in every program
     // that opens it. The plug-in reads it in the workbench.
     void opensHostileProjects_data()
     {
-        QTest::addColumn<QString>("program");
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("jex") << JEX << QStringList{"check", "a.zub", "--project", "p.jexprj"};
-        QTest::newRow("workbench") << WORKBENCH << QStringList{"--report", "p.jexprj", "a.zub"};
+        columns<QString, QStringList>("program", "arguments");
+        row("jex", JEX, QStringList{"check", "a.zub", "--project", "p.jexprj"});
+        row("workbench", WORKBENCH, QStringList{"--report", "p.jexprj", "a.zub"});
     }
     void opensHostileProjects()
     {
-        QFETCH(QString, program);
-        QFETCH(QStringList, arguments);
+        auto [program, arguments] = cells<QString, QStringList>("program", "arguments");
         const Folder folder;
         const QByteArray owned = folder.path("owned").toUtf8();
         const QByteArray start =
             "use std.textio.all;\nentity t is port (x : in bit); end;\narchitecture a of t is\n";
-        const QByteArray hidden = "-- synthesis translate_off\n";
-        const QByteArray shown = "-- synthesis translate_on\nend;\n";
+        const QByteArray hidden = "-- synthesis translate_off\n", shown = "-- synthesis translate_on\n";
         const QByteArray writes =
             start + "begin\n" + hidden + "process file h : text; variable l : line; begin file_open(h, \"" +
             owned + "\", write_mode); write(l, string'(\"x\")); writeline(h, l); wait; end process;\n" +
-            shown;
+            shown + "end;\n";
         const QByteArray calls =
             start +
             "function f(c : string) return integer;\nattribute foreign of f : function is \"VHPIDIRECT "
             "libc.so.6 system\";\nfunction f(c : string) return integer is begin return 0; end;\n" +
-            hidden + "signal s : integer := f(\"touch " + owned +
-            "\" & nul);\n-- synthesis translate_on\nbegin end;\n";
-        folder.write("p.jexprj",
-                     "{\"version\": 1, \"files\": [{\"path\": \"t.vhd\"}, {\"path\": \"a.zub\"}]}");
-        folder.write("a.zub", "<jexconfig version=\"1\" mode=\"Lite\"><core number=\"0\"/></jexconfig>");
+            hidden + "signal s : integer := f(\"touch " + owned + "\" & nul);\n" + shown + "begin end;\n";
+        folder.write("p.jexprj", R"({"version": 1, "files": [{"path": "t.vhd"}, {"path": "a.zub"}]})");
+        folder.write("a.zub", R"(<jexconfig version="1" mode="Lite"><core number="0"/></jexconfig>)");
         for (const QByteArray &source : {writes, calls}) {
             folder.write("t.vhd", source);
-            QProcess process;
-            process.setWorkingDirectory(folder.path());
-            process.setProcessChannelMode(QProcess::MergedChannels);
-            process.start(program, arguments);
-            QVERIFY2(process.waitForFinished(60000), qPrintable(process.errorString()));
-            const QString output = process.readAll();
-            QVERIFY2(output.contains("No sample clock specified"), qPrintable(output)); // it was opened
+            const Ended ended =
+                run(program, arguments, QProcessEnvironment::systemEnvironment(), folder.path());
+            const QString said = ended.output + ended.errors;
+            QVERIFY2(said.contains("No sample clock specified"), qPrintable(said)); // it was opened
             QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                      (QStringList{"a.zub", "p.jexprj", "t.vhd"}));
         }
     }
 
 private:
+    struct Ended
+    {
+        int code;
+        QString output, errors;
+    };
+    Ended run(const QString &program, const QStringList &arguments,
+              const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+              const QString &folder = QString()) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(folder.isEmpty() ? m_dir.path() : folder);
+        process.start(program, arguments);
+        const bool isOver = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+        return {isOver ? process.exitCode() : -1, process.readAllStandardOutput(),
+                process.readAllStandardError()};
+    }
+
     QTemporaryDir m_dir;
 };
 

@@ -1,51 +1,37 @@
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QStackedWidget>
-#include <QTreeWidget>
-#include <QtTest>
-
 #include "host/ifileeditor.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/rowfinder.h"
-#include "workbench/workspace.h"
 
 // Ctrl+F over the capture list of a real editor.
-class RowFinderTest : public QObject
+class RowFinderTest : public EditorWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        RTLJEX::JexViewManager::instance()->initialize();
-        m_dir.write("top.v", counterDesign);
+        EditorWindowTest::initTestCase();
+        makeProject();
         JEX::AoCore core(0);
         core.captureSignals << signalFromText("s:top/clk=Takt")
                             << signalFromText("b:top/q[1:0]{top/q[1],top/q[0]}")
                             << signalFromText("b:top/d[0]");
         QList<JEX::AoCore *> cores = {&core};
-        QVERIFY(JEX::writeJEXConfigToXml(cores, m_dir.path("a.zub")));
-        const QString project = m_dir.write(
-            "p.jexprj", R"({"version": 1, "name": "p", "files": [{"path": "top.v"}, {"path": "a.zub"}]})");
-        m_window.reset(new Workbench::MainWindow(nullptr));
-        m_window->show();
-        QVERIFY(m_window->workspace()->openProject(project));
+        QVERIFY(JEX::writeJEXConfigToXml(cores, m_dir->path("a.zub")));
+        showWindow();
+        QVERIFY(m_workspace->openProject(m_dir->path("p.jexprj")));
         QVERIFY(!action("Find...")->isEnabled());
-        QVERIFY(m_window->workspace()->openFile(m_dir.path("a.zub")));
-        m_view = Core::ViewManager::instance()->currentView();
+        QVERIFY(m_workspace->openFile(m_dir->path("a.zub")));
+        m_view = view();
         dynamic_cast<Core::IFileEditor *>(m_view)->showPlace("core 0 tab 1");
         m_list = m_view->findChild<QTreeWidget *>("treeWidgetCapSigs");
     }
     void cleanupTestCase()
     {
-        m_window.reset();
-        RTLJEX::JexViewManager::instance()->deinit();
+        EditorWindowTest::cleanup();
+        EditorWindowTest::cleanupTestCase();
     }
+    void cleanup() {}
 
     void findsRows()
     {
@@ -119,17 +105,6 @@ private Q_SLOTS:
     }
 
 private:
-    QAction *action(const QString &text)
-    {
-        for (QAction *action : m_window->menuBar()->findChildren<QAction *>()) {
-            if (action->text().remove('&') == text)
-                return action;
-        }
-        qFatal("no action %s", qPrintable(text));
-    }
-
-    Folder m_dir;
-    std::unique_ptr<Workbench::MainWindow> m_window;
     Core::IView *m_view = nullptr;
     QTreeWidget *m_list = nullptr;
 };

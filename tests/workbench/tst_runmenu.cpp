@@ -1,16 +1,8 @@
-#include <QAction>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QMenuBar>
-#include <QProcess>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QSettings>
-#include <QTimer>
 #include <QtTest>
 
 #include "tests/support/files.h"
+#include "tests/support/tablerow.h"
+#include "tests/support/widgets.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
 #include "workbench/runmenu.h"
@@ -58,21 +50,16 @@ private Q_SLOTS:
     // In whatever stage, of a bench without an end, too: nothing is written, and the window goes on.
     void cancelled_data()
     {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("stage"); // a part of what it says then
-        QTest::newRow("reading") << "Read Design"
-                                 << "";
-        QTest::newRow("insertion") << "Insert into Design"
-                                   << "";
-        QTest::newRow("compiling") << "Simulate Capture"
-                                   << "";
-        QTest::newRow("simulation") << "Simulate Capture"
-                                    << "Simulating";
+        // "stage": a part of what it says then
+        textColumns("title", "stage");
+        row("reading", "Read Design", "");
+        row("insertion", "Insert into Design", "");
+        row("compiling", "Simulate Capture", "");
+        row("simulation", "Simulate Capture", "Simulating");
     }
     void cancelled()
     {
-        QFETCH(QString, title);
-        QFETCH(QString, stage);
+        auto [title, stage] = textCells("title", "stage");
         QByteArray bench = contents(SOC "/tb/soc_tb.v");
         const QString endless = m_folder.write("endless.v", bench.replace("$finish", ""));
         MainWindow window(nullptr);

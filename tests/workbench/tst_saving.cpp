@@ -1,28 +1,12 @@
-#include <QAbstractButton>
-#include <QAction>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QStackedWidget>
-#include <QtTest>
-
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "host/actionmanager.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
 #include "tests/support/messagelist.h"
-#include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
-#include "workbench/messagepane.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/projectbanner.h"
-#include "workbench/workspace.h"
 
 namespace {
 
@@ -32,22 +16,10 @@ const char linkedText[] =
     "The file '%1' can not be replaced in one step without a loss: it has 2 names (hard links). "
     "It is written in place, and a backup is kept until that has ended.";
 
-// Presses the button of that text, whose mnemonic does not count.
-ModalDriver::Step pressing(const QString &text)
-{
-    return [text](QDialog *dialog) {
-        for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
-            if (button->text().remove('&') == text)
-                return button->click();
-        }
-        dialog->reject();
-    };
-}
-
 } // namespace
 
 // The real editor in the real window, while somebody else works on the same files.
-class SavingTest : public QObject
+class SavingTest : public EditorWindowTest
 {
     Q_OBJECT
 
@@ -55,29 +27,22 @@ private Q_SLOTS:
     void initTestCase()
     {
         std::signal(SIGXFSZ, SIG_IGN);
-        RTLJEX::JexViewManager::instance()->initialize();
+        EditorWindowTest::initTestCase();
     }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
 
     void init()
     {
         m_user.seen.clear();
-        m_dir.reset(new Folder);
-        m_dir->write("top.v", counterDesign);
-        {
-            const Workspace work;
-            m_loaded = contents(work.writeLite("a.zub", 1));
-            m_other = contents(work.writeLite("a.zub", 2));
-        }
-        m_path = m_dir->write("a.zub", m_loaded);
-        m_projectPath = m_dir->write("p.jexprj", project("top"));
-        m_window.reset(new Workbench::MainWindow(nullptr));
-        m_window->show();
-        m_workspace = m_window->workspace();
+        makeProject();
+        m_other = contents(writeConfig(JEX::LiteMode, "a.zub", 2));
+        m_path = writeConfig(JEX::LiteMode, "a.zub");
+        m_loaded = contents(m_path);
+        m_projectPath = m_dir->path("p.jexprj");
+        showWindow();
     }
     void cleanup()
     {
-        m_window.reset();
+        EditorWindowTest::cleanup();
         QVERIFY(m_user.done());
     }
 
@@ -98,8 +63,7 @@ private Q_SLOTS:
     }
     void saveOfAChangedFile()
     {
-        QFETCH(QString, pressed);
-        QFETCH(QString, asked);
+        auto [pressed, asked] = textCells("pressed", "asked");
         openAndEdit();
         disturb(QString(QTest::currentDataTag()).trimmed());
         if (!pressed.isEmpty())
@@ -205,8 +169,7 @@ private Q_SLOTS:
     }
     void filesThatAreNoConfigurations()
     {
-        QFETCH(QString, box);
-        QFETCH(QString, pane);
+        auto [box, pane] = textCells("box", "pane");
         QCOMPARE(
             QProcess::execute("sh", {"-c", "cd \"$0\"; " + QString(QTest::currentDataTag()), m_dir->path()}),
             0);
@@ -290,15 +253,6 @@ private Q_SLOTS:
     }
 
 private:
-    static QByteArray project(const QByteArray &top)
-    {
-        return QByteArray(R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "TOP"})")
-            .replace("TOP", top);
-    }
-    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
-    static QAction *save() { return Core::ActionManager::instance()->command("Core.Action.Save"); }
-    QString pane() const { return m_window->findChild<Workbench::MessagePane *>()->toPlainText(); }
-
     static void edit(Core::IView *view)
     {
         auto *amount = view->findChild<QComboBox *>("comboCapAmount");
@@ -364,14 +318,11 @@ private:
         }
     }
 
-    std::unique_ptr<Folder> m_dir;
-    std::unique_ptr<Workbench::MainWindow> m_window;
-    Workbench::Workspace *m_workspace = nullptr;
-    ModalDriver m_user;
     QString m_path;
     QString m_projectPath;
     QByteArray m_loaded;
     QByteArray m_other;
+    ModalDriver m_user;
 };
 
 QTEST_MAIN(SavingTest)

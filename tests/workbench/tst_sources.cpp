@@ -1,7 +1,3 @@
-#include <QLabel>
-#include <QLineEdit>
-#include <QSettings>
-#include <QTabWidget>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QtTest>
@@ -10,6 +6,7 @@
 
 #include "host/viewmanager.h"
 #include "tests/support/files.h"
+#include "tests/support/intime.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
 #include "workbench/sourceedit.h"
@@ -34,29 +31,24 @@ private Q_SLOTS:
 
     void texts_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("notice"); // with %1 for the file
-        QTest::newRow("plain") << QByteArray("a\nb\n") << "a\nb\n"
-                               << "";
-        QTest::newRow("line ends") << QByteArray("a\r\nb\rc\xe2\x80\xa8"
-                                                 "d")
-                                   << "a\nb c d"
-                                   << "";
-        QTest::newRow("UTF-8") << QByteArray("\xc3\xa4") << QString::fromUtf8("ä") << "";
-        QTest::newRow("Latin-1") << QByteArray("\xe4\n") << QString::fromUtf8("ä\n") << "";
-        QTest::newRow("long line") << QByteArray("x\n") + QByteArray(9000, 'y') + "\nz"
-                                   << "x\n" + QString(4000, 'y') + "\nz"
-                                   << "Lines are shown up to their first 4000 letters.";
-        QTest::newRow("binary") << QByteArray("a\0b", 3) << ""
-                                << "%1 is a binary file, which is not shown.";
+        // The bytes are letters of Latin-1; in the notice %1 stands for the file.
+        textColumns("bytes", "text", "notice");
+        const auto latin = [](const QByteArray &bytes) {
+            return QString::fromLatin1(bytes.constData(), bytes.size());
+        };
+        row("plain", "a\nb\n", "a\nb\n", "");
+        row("line ends", latin("a\r\nb\rc\xe2\x80\xa8 d"), "a\nb c  d", "");
+        row("UTF-8", latin("\xc3\xa4"), "ä", "");
+        row("Latin-1", latin("\xe4\n"), "ä\n", "");
+        row("long line", "x\n" + QString(9000, 'y') + "\nz", "x\n" + QString(4000, 'y') + "\nz",
+            "Lines are shown up to their first 4000 letters.");
+        row("binary", latin(QByteArray("a\0b", 3)), "", "%1 is a binary file, which is not shown.");
     }
     void texts()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, notice);
+        auto [bytes, notice] = textCells("bytes", "notice");
         const Folder dir;
-        const QString path = dir.write("a.v", bytes);
+        const QString path = dir.write("a.v", bytes.toLatin1());
         const SourceText source = readSourceText(path);
         QTEST(source.text, "text");
         QCOMPARE(source.notice, notice.replace("%1", path));
@@ -89,11 +81,10 @@ private Q_SLOTS:
     {
         const Folder dir;
         const QString path = dir.write("a.v", QByteArray(8 << 20, '\n'));
-        QElapsedTimer timer;
-        timer.start();
-        SourceView::open({path, 7});
-        QCoreApplication::processEvents();
-        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        inTime(5000, [&path] {
+            SourceView::open({path, 7});
+            QCoreApplication::processEvents();
+        });
         const QString notice = current()->findChild<QLabel *>()->text();
         QVERIFY2(notice.startsWith("The first 300000 lines are shown."), qPrintable(notice));
         QCOMPARE(current()->edit()->blockCount(), 300000);

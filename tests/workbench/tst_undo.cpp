@@ -1,32 +1,22 @@
-#include <QAbstractSpinBox>
 #include <QClipboard>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QTableView>
-#include <QtTest>
 
 #include "check/configuration.h"
-#include "host/actionmanager.h"
 #include "host/isignaltarget.h"
 #include "host/isnapshot.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/drawneditor.h"
+#include "tests/support/drops.h"
 #include "tests/support/menudriver.h"
-#include "tests/support/modaldriver.h"
-#include "tests/support/workspace.h"
+#include "tests/support/rowtext.h"
+#include "tests/support/tablerow.h"
+#include "tests/workbench/editorwindow.h"
 #include "views/editorview.h"
 #include "views/reloadbanner.h"
 #include "workbench/editmenu.h"
-#include "workbench/mainwindow.h"
-#include "workbench/workspace.h"
 
 // The Edit menu of the workbench above the real editors, used as by mouse and keyboard; every test runs for
 // both modes.
-class UndoTest : public QObject
+class UndoTest : public EditorWindowTest
 {
     Q_OBJECT
 
@@ -34,41 +24,31 @@ private Q_SLOTS:
     void initTestCase_data()
     {
         QTest::addColumn<int>("mode");
-        QTest::newRow("Standard") << int(JEX::StandardMode);
-        QTest::newRow("Lite") << int(JEX::LiteMode);
+        row("Standard", int(JEX::StandardMode));
+        row("Lite", int(JEX::LiteMode));
     }
-    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
 
     void init()
     {
         QFETCH_GLOBAL(int, mode);
         m_isStandard = mode == JEX::StandardMode;
-        m_folder.reset(new Folder);
-        m_folder->write("top.v", counterDesign);
-        m_folder->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
-        {
-            const Workspace work;
-            RTLJEX::Configuration configuration;
-            QString error;
-            const QString file = work.writeConfig(JEX::JexMode(mode), "a.zub", 1);
-            QVERIFY(configuration.read(file, &error));
-            const RTLJEX::AnyCore core = configuration.cores().first();
-            core.clock->clear();
-            *core.signalRows = *core.enabledRows =
-                signalsFromText("s:top/clk b:top/d[3] b:top/d[1] b:top/q[0]");
-            QVERIFY(configuration.write(m_folder->path("a.zub"), &error));
-        }
-        m_window.reset(new Workbench::MainWindow(nullptr));
-        m_window->show();
+        makeProject();
+        RTLJEX::Configuration configuration;
+        QString error;
+        const QString file = writeConfig(JEX::JexMode(mode), "a.zub");
+        QVERIFY(configuration.read(file, &error));
+        const RTLJEX::AnyCore core = configuration.cores().first();
+        core.clock->clear();
+        *core.signalRows = *core.enabledRows = signalsFromText("s:top/clk b:top/d[3] b:top/d[1] b:top/q[0]");
+        QVERIFY(configuration.write(file, &error));
+        showWindow();
         m_menu = m_window->findChild<Workbench::EditMenu *>();
-        QVERIFY(m_window->workspace()->openFile(m_folder->path("a.zub")));
+        QVERIFY(m_workspace->openFile(file));
         m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         showCapture();
         m_first = state();
     }
-    void cleanup() { m_window.reset(); }
 
     // Each edit is one step of its own name.
     void namesEachEdit()
@@ -170,12 +150,7 @@ private Q_SLOTS:
         chooseRows(1);
         QTest::keyClick(rows(), Qt::Key_V, Qt::ControlModifier);
         QVERIFY2(comesTo("Paste Signals"), qPrintable(texts()));
-        QMimeData net;
-        net.setText("top/d[0]");
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &net, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(rows()->viewport(), &enter);
-        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &net, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(rows()->viewport(), &drop);
+        dropOn(rows()->viewport(), "top/d[0]");
         QVERIFY2(comesTo("Add Signals"), qPrintable(texts()));
         QTest::keyClick(rows(), Qt::Key_Down, Qt::AltModifier);
         QVERIFY2(comesTo("Move"), qPrintable(texts()));
@@ -191,13 +166,10 @@ private Q_SLOTS:
         QCOMPARE(m_menu->historyOf(view())->stepCount(), steps + 2);
         if (!m_isStandard)
             return;
-        for (QMenu *menu : m_window->menuBar()->findChildren<QMenu *>()) {
-            if (menu->title() == "&Duplicate Core") {
-                Q_EMIT static_cast<QMenu *>(menu->parentWidget())->aboutToShow();
-                useMenu([menu] { menu->popup(QPoint()); }, "Core 0");
-                QVERIFY2(comesTo("Duplicate Core"), qPrintable(texts()));
-            }
-        }
+        QMenu *menu = action("Duplicate Core")->menu();
+        Q_EMIT static_cast<QMenu *>(menu->parentWidget())->aboutToShow();
+        useMenu([menu] { menu->popup(QPoint()); }, "Core 0");
+        QVERIFY2(comesTo("Duplicate Core"), qPrintable(texts()));
     }
 
     // A port stays open as long as it is there, and rows of it stay selected.
@@ -266,23 +238,22 @@ private Q_SLOTS:
     {
         const ModalDriver nobodyAsks;
         const auto flag = [&] { click(find<QWidget>("radioButtonFalling")); };
-        auto *save = Core::ActionManager::instance()->command("Core.Action.Save");
         QTest::keyClicks(find<QLineEdit>("editSampleClock"), "top/clk");
-        save->trigger();
+        save()->trigger();
         QCOMPARE(marks(), QString("-"));
-        const QByteArray saved = m_folder->read("a.zub");
+        const QByteArray saved = m_dir->read("a.zub");
         QVERIFY(saved.contains("top/clk\" edge=\"rising"));
         flag();
         QCOMPARE(marks(), QString("*"));
         undo();
         QCOMPARE(marks(), QString("-"));
-        QVERIFY(!save->isEnabled());
+        QVERIFY(!save()->isEnabled());
         undo(); // beyond the save
         QCOMPARE(texts() + ' ' + marks(), QString("Undo | Redo Clock *"));
-        QVERIFY(save->isEnabled());
+        QVERIFY(save()->isEnabled());
         redo();
         QCOMPARE(marks(), QString("-"));
-        QCOMPARE(m_folder->read("a.zub"), saved);
+        QCOMPARE(m_dir->read("a.zub"), saved);
         redo();
         QCOMPARE(texts() + ' ' + marks(), QString("Undo Falling | Redo *"));
     }
@@ -338,18 +309,18 @@ private Q_SLOTS:
         showCapture();
         QTest::keyClicks(find<QLineEdit>("editSampleClock"), "second");
         choose(-1, "Add");
-        QCOMPARE(titles(cores), QString("Core 0, Core 1, Core 2"));
+        QCOMPARE(rowNames(cores), QString("Core 0 Core 1 Core 2"));
         const QStringList three = picture();
         ModalDriver driver;
         driver.press(QMessageBox::Ok);
         choose(1, "Remove");
-        QCOMPARE(texts() + ' ' + titles(cores), QString("Undo Remove | Redo Core 0, Core 1"));
+        QCOMPARE(texts() + ' ' + rowNames(cores), QString("Undo Remove | Redo Core 0 Core 1"));
         undo();
-        QCOMPARE(titles(cores), QString("Core 0, Core 1, Core 2"));
+        QCOMPARE(rowNames(cores), QString("Core 0 Core 1 Core 2"));
         QCOMPARE(picture(), three);
-        for (const char *left : {"Core 0, Core 1", "Core 0, Core 1", "Core 0"}) {
+        for (const char *left : {"Core 0 Core 1", "Core 0 Core 1", "Core 0"}) {
             undo();
-            QCOMPARE(titles(cores), QString(left));
+            QCOMPARE(rowNames(cores), QString(left));
         }
         QCOMPARE(state(), m_first);
         for (int i = 0; i < 3; ++i)
@@ -358,19 +329,11 @@ private Q_SLOTS:
     }
 
 private:
-    static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
     static QByteArray state() { return dynamic_cast<Core::ISnapshot *>(view())->snapshot(); }
     static QStringList picture()
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return drawn(view(), true);
-    }
-    static QString titles(const QTreeWidget *cores)
-    {
-        QStringList texts;
-        for (int i = 0; i < cores->topLevelItemCount(); ++i)
-            texts << cores->topLevelItem(i)->text(0);
-        return texts.join(", ");
     }
     static QString marks()
     {
@@ -422,8 +385,6 @@ private:
     }
 
     bool m_isStandard = false;
-    std::unique_ptr<Folder> m_folder;
-    std::unique_ptr<Workbench::MainWindow> m_window;
     Workbench::EditMenu *m_menu = nullptr;
     QByteArray m_first;
 };

@@ -1,13 +1,4 @@
-#include <QAction>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QSettings>
 #include <QStatusBar>
 #include <QtTest>
 
@@ -285,10 +276,7 @@ private Q_SLOTS:
         QCOMPARE(recentProjects(m_settings.get()).paths(), QStringList(path));
         const QString own = m_dir->filePath("own");
         ModalDriver driver;
-        driver.then([own](QDialog *dialog) {
-            qobject_cast<QFileDialog *>(dialog)->selectFile(own);
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
+        driver.then(choosing(own));
         action("Save Project &As...")->trigger();
         QCOMPARE(m_window->workspace()->project()->filePath(), own + ".jexprj");
         QVERIFY(contents(own + ".jexprj").contains("\"path\": \"a.v\""));
