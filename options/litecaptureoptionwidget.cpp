@@ -51,7 +51,7 @@ void LiteCaptureOptionWidget::connectControls()
 void LiteCaptureOptionWidget::loadCore()
 {
     showClock(*m_ui, *m_core);
-    selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
+    JEX::showValue(m_ui->comboCapAmount, m_core->captureAmount);
     JEX::showFields(this, *m_core);
     m_ui->capIniDataCheckBox->setChecked(m_core->captureInitialData);
     insertCaptureRows(m_ui->treeWidgetSignal, m_core->captureSignals, 0);
@@ -67,7 +67,7 @@ void LiteCaptureOptionWidget::showCore(const JEX::AOCore_Lite &core)
     const bool blocked = blockSignals(true);
     showCaptureRows(m_ui->treeWidgetSignal, core.captureSignals);
     showClock(*m_ui, core);
-    selectNumber(m_ui->comboCapAmount, core.captureAmount);
+    JEX::showValue(m_ui->comboCapAmount, core.captureAmount);
     m_ui->capIniDataCheckBox->setChecked(core.captureInitialData);
     chooseImplementation(m_ui->implementation, captureBits(), JEX::implementationOf(core.implementation));
     JEX::showFields(this, core);
