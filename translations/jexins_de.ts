@@ -1272,6 +1272,14 @@ Möchten Sie sie ersetzen?</translation>
         <source>%1 Nothing was changed.</source>
         <translation>%1 Es wurde nichts geändert.</translation>
     </message>
+    <message>
+        <source>Your settings contain some errors.</source>
+        <translation>Ihre Einstellungen enthalten Fehler.</translation>
+    </message>
+    <message>
+        <source>AO %1</source>
+        <translation>AO %1</translation>
+    </message>
 </context>
 <context>
     <name>RTLJEX::JexLiteInserterView</name>
@@ -1290,14 +1298,6 @@ Möchten Sie sie ersetzen?</translation>
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
-    </message>
-    <message>
-        <source>Your settings contain some errors.</source>
-        <translation>Ihre Einstellungen enthalten Fehler.</translation>
-    </message>
-    <message>
-        <source>AO %1</source>
-        <translation>AO %1</translation>
     </message>
 </context>
 <context>
@@ -1490,17 +1490,6 @@ Ungültige JEX-Datei.</translation>
     <message>
         <source>New RTL JEX Wizard</source>
         <translation>Neue RTL-JEX-Datei</translation>
-    </message>
-</context>
-<context>
-    <name>RTLJEX::LiteAoOptionWidget</name>
-    <message>
-        <source>Capture Options</source>
-        <translation>Aufzeichnungsoptionen</translation>
-    </message>
-    <message>
-        <source>the capture list</source>
-        <translation>Aufzeichnungsliste</translation>
     </message>
 </context>
 <context>
