@@ -13,7 +13,9 @@ void addOwn(JEX::AoCore *core, AnyCore *any)
     any->standard = core;
 }
 
-void addOwn(JEX::AOCore_Lite *core, AnyCore *any)
+// What has no trigger.
+template <class Core>
+void addOwn(Core *core, AnyCore *any)
 {
     any->depth = core->captureAmount;
     any->implementation = JEX::implementationOf(core->implementation);

@@ -5,6 +5,7 @@
 #include "gateware/coretaps.h"
 #include "gateware/expressiontext.h"
 #include "model/jex/matchvalue.h"
+#include "model/jex/zubfields.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
 
@@ -93,13 +94,18 @@ QString ownFault(const JEX::AoCore &core)
     return triggerFault(core);
 }
 
-QString ownFault(const JEX::AOCore_Lite &core)
+// Of what has no trigger.
+template <class Core>
+QString ownFault(const Core &core)
 {
-    if (isPowerOfTwo(core.captureAmount) && core.captureAmount > 1 && core.captureAmount <= largestStorage)
-        return QString();
-    return CoreFault::tr("a capture amount of %1 cannot be made: it is a power of two from 2 to %2.")
-        .arg(core.captureAmount)
-        .arg(largestStorage);
+    for (const JEX::Field<Core> &field : JEX::fieldsOf<Core>()) {
+        if (field.number == &Core::captureAmount && !field.isHeld(core))
+            return CoreFault::tr("a capture amount of %1 cannot be made: it is a power of two from %2 to %3.")
+                .arg(core.captureAmount)
+                .arg(field.rule.low)
+                .arg(field.rule.high);
+    }
+    return QString();
 }
 
 QString faultWithoutCore(const AnyCore &core)

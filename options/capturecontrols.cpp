@@ -14,16 +14,6 @@
 
 namespace RTLJEX {
 
-namespace {
-
-void selectIndex(QComboBox *box, int index)
-{
-    if (index >= 0)
-        box->setCurrentIndex(index);
-}
-
-} // namespace
-
 void fillNumbers(QComboBox *box, const QList<int> &numbers)
 {
     NumberModel *model = dynamic_cast<NumberModel *>(box->model());
@@ -47,14 +37,11 @@ int shownNumber(const QComboBox *box)
     return box->currentText().toInt();
 }
 
-void selectNumber(QComboBox *box, int number)
-{
-    selectIndex(box, box->findData(number));
-}
-
 void selectText(QComboBox *box, const QString &text)
 {
-    selectIndex(box, box->findText(text));
+    const int index = box->findText(text);
+    if (index >= 0)
+        box->setCurrentIndex(index);
 }
 
 JEX::Implementation shownImplementation(const QComboBox *box)

@@ -26,8 +26,7 @@ void fillNumbers(QComboBox *box, const QList<int> &numbers);
 // Fills a box anew and selects the number that it showed, or the last one when that is gone.
 void refillNumbers(QComboBox *box, const QList<int> &numbers);
 int shownNumber(const QComboBox *box); // 0 when the box is empty
-// Select the item with that number or text; one that is not offered changes nothing.
-void selectNumber(QComboBox *box, int number);
+// Selects the item with that text; one that is not offered changes nothing.
 void selectText(QComboBox *box, const QString &text);
 
 // None when the box is empty.

@@ -3,10 +3,10 @@
 #include <QPointer>
 
 #include "model/jex/core.h"
+#include "model/jex/formfields.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
-#include "options/fieldhelp.h"
 #include "signals/signalrows.h"
 #include "signals/signalrules.h"
 #include "signals/signaltreesetup.h"
@@ -29,7 +29,6 @@ CaptureOptionWidget::CaptureOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *
     : QWidget(parent), m_ui(new Ui_CaptureOptionWidget), m_core(core), m_netlist(netlist), m_device(this)
 {
     m_ui->setupUi(this);
-    explainFields(this);
     setUpSignalTree(m_ui->treeWidgetCapSigs, m_ui->btnRemove);
     fillNumbers(m_ui->comboStorageSize, doublingNumbers(smallestStorage, largestStorage));
     connectControls();
@@ -50,37 +49,26 @@ void CaptureOptionWidget::connectControls()
     connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
     connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
     connect(m_ui->btnAddFromTp, SIGNAL(clicked()), SLOT(onAddFromTrigger()));
-    connect(m_ui->chkBoxForceTrigFalling, SIGNAL(toggled(bool)), SIGNAL(modified()));
-    connect(m_ui->chkBoxCaptureInitial, SIGNAL(toggled(bool)), SIGNAL(modified()));
+    JEX::reportFields(this, JEX::FlagField);
     connect(m_ui->treeWidgetCapSigs, SIGNAL(CapSignalChange()), SLOT(onCaptureSignalChange()));
 }
 
 void CaptureOptionWidget::loadCore()
 {
-    showBoxes(*m_core);
+    showClock(*m_ui, *m_core);
+    JEX::showFields(this, *m_core);
     selectText(m_ui->comboImpl, implementationText(m_core->captureImplementation));
     insertCaptureRows(m_ui->treeWidgetCapSigs, m_core->captureSignals, 0);
     updateImplType();
     updateBsramCount();
 }
 
-// Each size fills the boxes of those that depend on it.
-void CaptureOptionWidget::showBoxes(const JEX::AoCore &core)
-{
-    showClock(*m_ui, core);
-    selectNumber(m_ui->comboStorageSize, core.storageSize);
-    selectNumber(m_ui->comboWindowNum, core.windowNumber);
-    selectNumber(m_ui->comboCapAmount, core.captureAmount);
-    m_ui->spinBoxTrigPos->setValue(core.triggerPosition);
-    m_ui->chkBoxForceTrigFalling->setChecked(core.forceTriggerByFallingEdge);
-    m_ui->chkBoxCaptureInitial->setChecked(core.captureInitialData);
-}
-
 void CaptureOptionWidget::showCore(const JEX::AoCore &core)
 {
     const bool blocked = blockSignals(true);
     showCaptureRows(m_ui->treeWidgetCapSigs, core.captureSignals);
-    showBoxes(core);
+    showClock(*m_ui, core);
+    JEX::showFields(this, core);
     chooseImplementation(m_ui->comboImpl, captureBits(), JEX::implementationOf(core.captureImplementation));
     updateBsramCount();
     blockSignals(blocked);
@@ -89,10 +77,7 @@ void CaptureOptionWidget::showCore(const JEX::AoCore &core)
 void CaptureOptionWidget::reportSizes()
 {
     reportChanges(m_ui->editSampleClock, m_ui->radioButtonRising, m_ui->treeWidgetCapSigs, this);
-    connect(m_ui->comboStorageSize, SIGNAL(currentIndexChanged(int)), SIGNAL(modified()));
-    connect(m_ui->comboWindowNum, SIGNAL(currentIndexChanged(int)), SIGNAL(modified()));
-    connect(m_ui->comboCapAmount, SIGNAL(currentIndexChanged(int)), SIGNAL(modified()));
-    connect(m_ui->spinBoxTrigPos, SIGNAL(valueChanged(int)), SIGNAL(modified()));
+    JEX::reportFields(this, JEX::NumberField);
 }
 
 void CaptureOptionWidget::save()
@@ -104,12 +89,7 @@ void CaptureOptionWidget::save()
 void CaptureOptionWidget::collect(JEX::AoCore *core) const
 {
     storeClock(*m_ui, core);
-    core->storageSize = shownNumber(m_ui->comboStorageSize);
-    core->windowNumber = shownNumber(m_ui->comboWindowNum);
-    core->captureAmount = shownNumber(m_ui->comboCapAmount);
-    core->triggerPosition = m_ui->spinBoxTrigPos->value();
-    core->forceTriggerByFallingEdge = m_ui->chkBoxForceTrigFalling->isChecked();
-    core->captureInitialData = m_ui->chkBoxCaptureInitial->isChecked();
+    JEX::collectFields(this, core);
     core->captureImplementation = implementationFromText(m_ui->comboImpl->currentText());
     collectCaptureRows(m_ui->treeWidgetCapSigs, core->enabledCaptureSignals, core->captureSignals);
 }

@@ -58,7 +58,6 @@ private:
     void connectControls();
     void loadCore();
     void reportSizes();
-    void showBoxes(const JEX::AoCore &core);
     qint64 captureBits() const;
     void showAddedRows();
     void updateBsramCount();

@@ -1,11 +1,11 @@
 #include "options/litecaptureoptionwidget.h"
 
 #include "model/jex/core.h"
+#include "model/jex/formfields.h"
 #include "model/jex/resourcetable.h"
 #include "options/capturecontrols.h"
 #include "options/capturemath.h"
 #include "options/capturerows.h"
-#include "options/fieldhelp.h"
 #include "signals/signalrows.h"
 #include "signals/signaltreesetup.h"
 #include "ui_litecaptureoptionwidget.h"
@@ -27,7 +27,6 @@ LiteCaptureOptionWidget::LiteCaptureOptionWidget(JEX::AOCore_Lite *core, QUARRY:
     : QWidget(parent), m_ui(new Ui_LiteCaptureOptionWidget), m_core(core), m_netlist(netlist), m_device(this)
 {
     m_ui->setupUi(this);
-    explainFields(this);
     setUpSignalTree(m_ui->treeWidgetSignal, m_ui->btnRemove);
     fillNumbers(m_ui->comboCapAmount, doublingNumbers(smallestAmount, largestAmount));
     connectControls();
@@ -44,7 +43,7 @@ void LiteCaptureOptionWidget::connectControls()
     connect(m_ui->btnAdd, SIGNAL(clicked()), SLOT(onAddDataSignals()));
     connect(m_ui->btnRemove, SIGNAL(clicked()), SLOT(onRemoveSignals()));
     connect(m_ui->implementation, SIGNAL(currentIndexChanged(int)), SLOT(onImplementation()));
-    connect(m_ui->enableInputRegCheckBox, SIGNAL(toggled(bool)), SIGNAL(modified()));
+    JEX::reportFields(this, JEX::FlagField);
     connect(m_ui->capIniDataCheckBox, SIGNAL(toggled(bool)), SLOT(onCapInitData()));
     connect(m_ui->comboCapAmount, SIGNAL(currentIndexChanged(int)), SLOT(onCapAmountOrDataSigalChanged()));
 }
@@ -52,8 +51,8 @@ void LiteCaptureOptionWidget::connectControls()
 void LiteCaptureOptionWidget::loadCore()
 {
     showClock(*m_ui, *m_core);
-    selectNumber(m_ui->comboCapAmount, m_core->captureAmount);
-    m_ui->enableInputRegCheckBox->setChecked(m_core->enableCaptureDataInputRegister);
+    JEX::showValue(m_ui->comboCapAmount, m_core->captureAmount);
+    JEX::showFields(this, *m_core);
     m_ui->capIniDataCheckBox->setChecked(m_core->captureInitialData);
     insertCaptureRows(m_ui->treeWidgetSignal, m_core->captureSignals, 0);
     // The list on offer depends on the rows and has to stand before the stored choice is looked up in it.
@@ -62,16 +61,16 @@ void LiteCaptureOptionWidget::loadCore()
     updateBsramCount();
 }
 
-// The box of the input register comes last: others set it, too.
+// The fields that need no more than their box come last: others set that of the input register, too.
 void LiteCaptureOptionWidget::showCore(const JEX::AOCore_Lite &core)
 {
     const bool blocked = blockSignals(true);
     showCaptureRows(m_ui->treeWidgetSignal, core.captureSignals);
     showClock(*m_ui, core);
-    selectNumber(m_ui->comboCapAmount, core.captureAmount);
+    JEX::showValue(m_ui->comboCapAmount, core.captureAmount);
     m_ui->capIniDataCheckBox->setChecked(core.captureInitialData);
     chooseImplementation(m_ui->implementation, captureBits(), JEX::implementationOf(core.implementation));
-    m_ui->enableInputRegCheckBox->setChecked(core.enableCaptureDataInputRegister);
+    JEX::showFields(this, core);
     updateBsramCount();
     blockSignals(blocked);
 }
@@ -87,7 +86,7 @@ void LiteCaptureOptionWidget::collect(JEX::AOCore_Lite *core) const
     storeClock(*m_ui, core);
     core->implementation = liteImplementationFromText(m_ui->implementation->currentText());
     core->captureAmount = captureAmount();
-    core->enableCaptureDataInputRegister = m_ui->enableInputRegCheckBox->isChecked();
+    JEX::collectFields(this, core);
     core->captureInitialData = m_ui->capIniDataCheckBox->isChecked();
     collectCaptureRows(m_ui->treeWidgetSignal, core->enabledCaptureSignals, core->captureSignals);
 }

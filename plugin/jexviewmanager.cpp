@@ -85,11 +85,18 @@ bool JexViewManager::openInserterView(const QString &fileName, const DEV::Device
     return true;
 }
 
+// Does not compile without a case for each mode.
 static JexInserterView *viewOfMode(JEX::JexMode mode)
 {
-    if (mode == JEX::StandardMode)
+    switch (mode) {
+    case JEX::StandardMode:
         return new JexStandardInserterView(nullptr);
-    return mode == JEX::LiteMode ? new JexLiteInserterView(nullptr) : nullptr;
+    case JEX::LiteMode:
+        return new JexLiteInserterView(nullptr);
+    case JEX::InvalidMode:
+        break;
+    }
+    return nullptr;
 }
 
 // Tells the user why when it fails.

@@ -9,6 +9,7 @@ namespace RTLJEX {
 JexWizard::JexWizard(const QString &path, QWidget *parent) : Utils::Wizard(parent), m_path(path)
 {
     setWindowTitle(tr("New RTL JEX Wizard"));
+    setProperty("helpTopic", "new");
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setWizardStyle(QWizard::ClassicStyle);
     setOption(QWizard::NoBackButtonOnStartPage, true);

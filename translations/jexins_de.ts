@@ -998,6 +998,58 @@
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>The net whose edges take the samples. What is captured has to be stable there as for any register with this clock.</source>
+        <translation>Das Netz, dessen Flanken abtasten. Was aufgezeichnet wird, muss dort so stabil sein wie für jedes Register mit diesem Takt.</translation>
+    </message>
+    <message>
+        <source>Searches the design for the clock.</source>
+        <translation>Sucht den Takt im Design.</translation>
+    </message>
+    <message>
+        <source>One sample is taken at each rising edge of the clock.</source>
+        <translation>Bei jeder steigenden Flanke des Takts wird abgetastet.</translation>
+    </message>
+    <message>
+        <source>One sample is taken at each falling edge of the clock.</source>
+        <translation>Bei jeder fallenden Flanke des Takts wird abgetastet.</translation>
+    </message>
+    <message>
+        <source>How many samples the core holds, all windows together.</source>
+        <translation>Wie viele Abtastwerte der Core aufnimmt, in allen Fenstern zusammen.</translation>
+    </message>
+    <message>
+        <source>How many windows are captured one after the other, each with a trigger of its own. The storage is cut into as many parts, or into the next power of two.</source>
+        <translation>Wie viele Fenster nacheinander aufgezeichnet werden, jedes mit einem eigenen Trigger. Der Speicher wird in so viele Teile geteilt oder in die nächste Zweierpotenz.</translation>
+    </message>
+    <message>
+        <source>How many samples a window has.</source>
+        <translation>Wie viele Abtastwerte ein Fenster hat.</translation>
+    </message>
+    <message>
+        <source>How many samples of the window come before the sample that triggers. A trigger is passed over until there are that many.</source>
+        <translation>Wie viele Abtastwerte des Fensters vor dem auslösenden liegen. Bis es so viele sind, wird ein Trigger übergangen.</translation>
+    </message>
+    <message>
+        <source>What the storage is built from. What the device does not have, or not for a capture of this size, is not offered.</source>
+        <translation>Woraus der Speicher besteht. Was der Baustein nicht hat, oder nicht für eine Aufzeichnung dieser Größe, wird nicht angeboten.</translation>
+    </message>
+    <message>
+        <source>The first window after configuration begins with the first sample, without a trigger.</source>
+        <translation>Das erste Fenster nach der Konfiguration beginnt mit dem ersten Abtastwert, ohne Trigger.</translation>
+    </message>
+    <message>
+        <source>The line that forces a trigger does so at its falling edge, not at its rising one.</source>
+        <translation>Die Leitung, die einen Trigger erzwingt, tut das bei ihrer fallenden Flanke, nicht bei der steigenden.</translation>
+    </message>
+    <message>
+        <source>What the capture needs of what the device has; in red when it does not fit.</source>
+        <translation>Was die Aufzeichnung von dem braucht, was der Baustein hat; in Rot, wenn es nicht passt.</translation>
+    </message>
+    <message>
+        <source>What each sample holds, the most significant bit at the top. Rows that are not captured stay at the end of the list.</source>
+        <translation>Was jeder Abtastwert enthält, das höchstwertige Bit zuoberst. Zeilen, die nicht aufgezeichnet werden, bleiben am Ende der Liste.</translation>
+    </message>
 </context>
 <context>
     <name>RTLJEX::CaptureUsage</name>
@@ -1135,69 +1187,6 @@
     </message>
 </context>
 <context>
-    <name>RTLJEX::FieldHelp</name>
-    <message>
-        <source>The net whose edges take the samples. What is captured has to be stable there as for any register with this clock.</source>
-        <translation>Das Netz, dessen Flanken abtasten. Was aufgezeichnet wird, muss dort so stabil sein wie für jedes Register mit diesem Takt.</translation>
-    </message>
-    <message>
-        <source>Searches the design for the clock.</source>
-        <translation>Sucht den Takt im Design.</translation>
-    </message>
-    <message>
-        <source>One sample is taken at each rising edge of the clock.</source>
-        <translation>Bei jeder steigenden Flanke des Takts wird abgetastet.</translation>
-    </message>
-    <message>
-        <source>One sample is taken at each falling edge of the clock.</source>
-        <translation>Bei jeder fallenden Flanke des Takts wird abgetastet.</translation>
-    </message>
-    <message>
-        <source>How many samples the core holds, all windows together.</source>
-        <translation>Wie viele Abtastwerte der Core aufnimmt, in allen Fenstern zusammen.</translation>
-    </message>
-    <message>
-        <source>How many windows are captured one after the other, each with a trigger of its own. The storage is cut into as many parts, or into the next power of two.</source>
-        <translation>Wie viele Fenster nacheinander aufgezeichnet werden, jedes mit einem eigenen Trigger. Der Speicher wird in so viele Teile geteilt oder in die nächste Zweierpotenz.</translation>
-    </message>
-    <message>
-        <source>How many samples a window has.</source>
-        <translation>Wie viele Abtastwerte ein Fenster hat.</translation>
-    </message>
-    <message>
-        <source>How many samples of the window come before the sample that triggers. A trigger is passed over until there are that many.</source>
-        <translation>Wie viele Abtastwerte des Fensters vor dem auslösenden liegen. Bis es so viele sind, wird ein Trigger übergangen.</translation>
-    </message>
-    <message>
-        <source>The first window after configuration begins with the first sample, without a trigger.</source>
-        <translation>Das erste Fenster nach der Konfiguration beginnt mit dem ersten Abtastwert, ohne Trigger.</translation>
-    </message>
-    <message>
-        <source>The line that forces a trigger does so at its falling edge, not at its rising one.</source>
-        <translation>Die Leitung, die einen Trigger erzwingt, tut das bei ihrer fallenden Flanke, nicht bei der steigenden.</translation>
-    </message>
-    <message>
-        <source>The window begins with the first sample after configuration, too, not only when the core is armed.</source>
-        <translation>Das Fenster beginnt auch mit dem ersten Abtastwert nach der Konfiguration, nicht nur, wenn der Core scharfgeschaltet wird.</translation>
-    </message>
-    <message>
-        <source>The captured signals go through one register more before they are stored, which makes the clock easier to reach.</source>
-        <translation>Die aufgezeichneten Signale laufen vor dem Speichern durch ein weiteres Register, womit der Takt leichter zu erreichen ist.</translation>
-    </message>
-    <message>
-        <source>What the capture needs of what the device has; in red when it does not fit.</source>
-        <translation>Was die Aufzeichnung von dem braucht, was der Baustein hat; in Rot, wenn es nicht passt.</translation>
-    </message>
-    <message>
-        <source>What each sample holds, the most significant bit at the top. Rows that are not captured stay at the end of the list.</source>
-        <translation>Was jeder Abtastwert enthält, das höchstwertige Bit zuoberst. Zeilen, die nicht aufgezeichnet werden, bleiben am Ende der Liste.</translation>
-    </message>
-    <message>
-        <source>What the storage is built from. What the device does not have, or not for a capture of this size, is not offered.</source>
-        <translation>Woraus der Speicher besteht. Was der Baustein nicht hat, oder nicht für eine Aufzeichnung dieser Größe, wird nicht angeboten.</translation>
-    </message>
-</context>
-<context>
     <name>RTLJEX::JexConfigFilePage</name>
     <message>
         <source>JEX Configure File</source>
@@ -1283,6 +1272,14 @@ Möchten Sie sie ersetzen?</translation>
         <source>%1 Nothing was changed.</source>
         <translation>%1 Es wurde nichts geändert.</translation>
     </message>
+    <message>
+        <source>Your settings contain some errors.</source>
+        <translation>Ihre Einstellungen enthalten Fehler.</translation>
+    </message>
+    <message>
+        <source>AO %1</source>
+        <translation>AO %1</translation>
+    </message>
 </context>
 <context>
     <name>RTLJEX::JexLiteInserterView</name>
@@ -1301,14 +1298,6 @@ Möchten Sie sie ersetzen?</translation>
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
-    </message>
-    <message>
-        <source>Your settings contain some errors.</source>
-        <translation>Ihre Einstellungen enthalten Fehler.</translation>
-    </message>
-    <message>
-        <source>AO %1</source>
-        <translation>AO %1</translation>
     </message>
 </context>
 <context>
@@ -1504,17 +1493,6 @@ Ungültige JEX-Datei.</translation>
     </message>
 </context>
 <context>
-    <name>RTLJEX::LiteAoOptionWidget</name>
-    <message>
-        <source>Capture Options</source>
-        <translation>Aufzeichnungsoptionen</translation>
-    </message>
-    <message>
-        <source>the capture list</source>
-        <translation>Aufzeichnungsliste</translation>
-    </message>
-</context>
-<context>
     <name>RTLJEX::LiteCaptureOptionWidget</name>
     <message>
         <source>Capture Options</source>
@@ -1603,6 +1581,46 @@ Ungültige JEX-Datei.</translation>
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>The net whose edges take the samples. What is captured has to be stable there as for any register with this clock.</source>
+        <translation>Das Netz, dessen Flanken abtasten. Was aufgezeichnet wird, muss dort so stabil sein wie für jedes Register mit diesem Takt.</translation>
+    </message>
+    <message>
+        <source>Searches the design for the clock.</source>
+        <translation>Sucht den Takt im Design.</translation>
+    </message>
+    <message>
+        <source>One sample is taken at each rising edge of the clock.</source>
+        <translation>Bei jeder steigenden Flanke des Takts wird abgetastet.</translation>
+    </message>
+    <message>
+        <source>One sample is taken at each falling edge of the clock.</source>
+        <translation>Bei jeder fallenden Flanke des Takts wird abgetastet.</translation>
+    </message>
+    <message>
+        <source>How many samples a window has.</source>
+        <translation>Wie viele Abtastwerte ein Fenster hat.</translation>
+    </message>
+    <message>
+        <source>What the storage is built from. What the device does not have, or not for a capture of this size, is not offered.</source>
+        <translation>Woraus der Speicher besteht. Was der Baustein nicht hat, oder nicht für eine Aufzeichnung dieser Größe, wird nicht angeboten.</translation>
+    </message>
+    <message>
+        <source>The captured signals go through one register more before they are stored, which makes the clock easier to reach.</source>
+        <translation>Die aufgezeichneten Signale laufen vor dem Speichern durch ein weiteres Register, womit der Takt leichter zu erreichen ist.</translation>
+    </message>
+    <message>
+        <source>The window begins with the first sample after configuration, too, not only when the core is armed.</source>
+        <translation>Das Fenster beginnt auch mit dem ersten Abtastwert nach der Konfiguration, nicht nur, wenn der Core scharfgeschaltet wird.</translation>
+    </message>
+    <message>
+        <source>What the capture needs of what the device has; in red when it does not fit.</source>
+        <translation>Was die Aufzeichnung von dem braucht, was der Baustein hat; in Rot, wenn es nicht passt.</translation>
+    </message>
+    <message>
+        <source>What each sample holds, the most significant bit at the top. Rows that are not captured stay at the end of the list.</source>
+        <translation>Was jeder Abtastwert enthält, das höchstwertige Bit zuoberst. Zeilen, die nicht aufgezeichnet werden, bleiben am Ende der Liste.</translation>
     </message>
 </context>
 <context>

@@ -407,10 +407,6 @@
         <translation>Eine Trigger-Position von %1 passt nicht zu einer Aufzeichnungslänge von %2: Sie reicht von 0 bis %3.</translation>
     </message>
     <message>
-        <source>a capture amount of %1 cannot be made: it is a power of two from 2 to %2.</source>
-        <translation>Eine Aufzeichnungslänge von %1 lässt sich nicht bauen: Sie ist eine Zweierpotenz von 2 bis %2.</translation>
-    </message>
-    <message>
         <source>it captures no signals.</source>
         <translation>Er zeichnet keine Signale auf.</translation>
     </message>
@@ -421,6 +417,10 @@
     <message>
         <source>Core %1 cannot be made: %2</source>
         <translation>Core %1 lässt sich nicht bauen: %2</translation>
+    </message>
+    <message>
+        <source>a capture amount of %1 cannot be made: it is a power of two from %2 to %3.</source>
+        <translation>Eine Aufzeichnungslänge von %1 lässt sich nicht bauen: Sie ist eine Zweierpotenz von %2 bis %3.</translation>
     </message>
 </context>
 <context>

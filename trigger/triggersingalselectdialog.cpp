@@ -24,6 +24,7 @@ TriggerSingalSelectDialog::TriggerSingalSelectDialog(QList<JEX::TriggerPort *> p
     : QDialog(parent), m_ports(ports), m_preview(new QTreeWidget)
 {
     setWindowTitle(tr("Add From Trigger"));
+    setProperty("helpTopic", "capture");
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setSizeGripEnabled(true);
     m_preview->setHeaderHidden(true);

@@ -1,22 +1,8 @@
 #include "views/bannerhost.h"
 
-#include <QFileInfo>
 #include <QHBoxLayout>
 
-#include "views/reloadbanner.h"
-
 namespace RTLJEX {
-namespace {
-
-void showBanner(QWidget *container, ReloadBanner *banner)
-{
-    container->layout()->addWidget(banner);
-    banner->show();
-    container->show();
-}
-
-} // namespace
-
 void initBannerContainer(QWidget *container)
 {
     QHBoxLayout *layout = new QHBoxLayout(container);
@@ -25,25 +11,13 @@ void initBannerContainer(QWidget *container)
     container->hide();
 }
 
-void offerFileReload(QWidget *container, QObject *editor, const QString &fileName)
+ReloadBanner *showBanner(QWidget *container, ReloadBanner::CheckType type, const QString &fileName)
 {
-    const bool exists = QFileInfo(fileName).exists();
-    ReloadBanner *banner =
-        new ReloadBanner(exists ? ReloadBanner::Changed : ReloadBanner::Removed, fileName, container);
-    QObject::connect(banner, SIGNAL(reload()), editor, SLOT(onBannerReload()));
-    QObject::connect(banner, SIGNAL(cancel()), editor, SLOT(onBannerCancel()));
-    QObject::connect(banner, SIGNAL(keepIt()), editor, SLOT(onBannerKeep()));
-    QObject::connect(banner, SIGNAL(closeIt()), editor, SLOT(onBannerClose()));
-    showBanner(container, banner);
-}
-
-void offerDesignReload(QWidget *container, QObject *editor, const QString &question)
-{
-    ReloadBanner *banner = new ReloadBanner(ReloadBanner::Changed, QString(), container);
-    QObject::connect(banner, SIGNAL(reload()), editor, SLOT(onRtlReload()));
-    QObject::connect(banner, SIGNAL(cancel()), editor, SLOT(onReloadCancel()));
-    showBanner(container, banner);
-    banner->setText(question);
+    ReloadBanner *banner = new ReloadBanner(type, fileName, container);
+    container->layout()->addWidget(banner);
+    banner->show();
+    container->show();
+    return banner;
 }
 
 QString bannerText(const QObject *object)

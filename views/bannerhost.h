@@ -1,23 +1,16 @@
 #pragma once
 
-#include <QString>
-
-class QObject;
-class QWidget;
+#include "views/reloadbanner.h"
 
 namespace RTLJEX {
 
-// The banners of an editor, shown side by side in one container of its form. The editor has the slots
-// onBannerReload/Cancel/Keep/Close and onRtlReload/onReloadCancel, which receive the answers.
+// The banners of an editor, shown side by side in one container of its form.
 
 // Gives the container its empty layout and hides it.
 void initBannerContainer(QWidget *container);
 
-// Asks whether to reload the file, or to keep it when it is gone.
-void offerFileReload(QWidget *container, QObject *editor, const QString &fileName);
-
-// Asks whether to read the design again.
-void offerDesignReload(QWidget *container, QObject *editor, const QString &question);
+// Shows one more, which belongs to the container.
+ReloadBanner *showBanner(QWidget *container, ReloadBanner::CheckType type, const QString &fileName);
 
 // What a banner asks; empty for anything that is no banner.
 QString bannerText(const QObject *banner);

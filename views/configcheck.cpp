@@ -140,8 +140,10 @@ QList<CheckError> errorsOf(const QList<JEX::AoCore *> &cores, const QUARRY::RtlN
     return errors;
 }
 
-// Lite cores are told by their position, not by their number, and their enabled signals are taken as such.
-QList<CheckError> errorsOf(const QList<JEX::AOCore_Lite *> &cores, const QUARRY::RtlNetlist *netlist)
+// Cores without a trigger are told by their position, not by their number, and their enabled signals are
+// taken as such.
+template <class Core>
+QList<CheckError> errorsOf(const QList<Core *> &cores, const QUARRY::RtlNetlist *netlist)
 {
     QList<CheckError> errors;
     CoreErrors found(&errors);

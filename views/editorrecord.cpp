@@ -1,6 +1,7 @@
 #include "views/editorrecord.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QPointer>
 #include <QTimer>
 
@@ -349,7 +350,10 @@ void EditorRecord::askAboutTopModule()
 void EditorRecord::askAboutDesign(const QString &question)
 {
     designChangePending = true;
-    offerDesignReload(bannerContainer, m_view, question);
+    ReloadBanner *banner = showBanner(bannerContainer, ReloadBanner::Changed, QString());
+    connect(banner, SIGNAL(reload()), m_view, SLOT(onRtlReload()));
+    connect(banner, SIGNAL(cancel()), m_view, SLOT(onReloadCancel()));
+    banner->setText(question);
 }
 
 void EditorRecord::acceptDesignReload(QObject *banner)
@@ -430,7 +434,13 @@ void EditorRecord::noteFileChange()
 void EditorRecord::askAboutFile()
 {
     fileWatcher->renew(fileName);
-    offerFileReload(bannerContainer, m_view, fileName);
+    const bool exists = QFileInfo(fileName).exists();
+    const ReloadBanner *banner =
+        showBanner(bannerContainer, exists ? ReloadBanner::Changed : ReloadBanner::Removed, fileName);
+    connect(banner, SIGNAL(reload()), m_view, SLOT(onBannerReload()));
+    connect(banner, SIGNAL(cancel()), m_view, SLOT(onBannerCancel()));
+    connect(banner, SIGNAL(keepIt()), m_view, SLOT(onBannerKeep()));
+    connect(banner, SIGNAL(closeIt()), m_view, SLOT(onBannerClose()));
 }
 
 void EditorRecord::acceptFileReload(QObject *banner)

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "options/liteaooptionwidget.h"
-#include "ui_jexliteinserterview.h"
-#include "views/moderecord.h"
+#include "views/plainrecord.h"
 
 namespace RTLJEX {
 
@@ -15,24 +14,17 @@ struct LiteFile
     typedef JexLiteInserterView View;
     typedef JEX::AOCore_Lite Core;
     typedef LiteAoOptionWidget Page;
-    static constexpr JEX::JexMode mode = JEX::LiteMode;
     static constexpr auto showDesign = &LiteAoOptionWidget::setNlsData;
 };
 
 // The state of one Lite editor and its form.
-class JexLiteInserterViewPrivate : public ModeRecord<LiteFile>
+class JexLiteInserterViewPrivate : public PlainRecord<LiteFile>
 {
     Q_OBJECT
 
 public:
     explicit JexLiteInserterViewPrivate(JexLiteInserterView *view);
-    ~JexLiteInserterViewPrivate() override;
 
-    // Null is refused: the pages keep what they have.
-    void setNlsData(QUARRY::RtlNetlist *fresh) override;
-    QWidget *showPage(int core) override; // what the box of cores does not do
-
-    Ui::JexLiteInserterView ui;
     QWidget *changedBanner; // null until it was shown once
 
 public Q_SLOTS:
@@ -44,13 +36,6 @@ public Q_SLOTS:
     void onModified();
     void showChangedBanner(); // for the host to call by name
     void onOKBtn();
-
-private:
-    void showCores() override;
-    void insertPage(LiteAoOptionWidget *page, int number) override;
-    void removePage(LiteAoOptionWidget *page) override;
-    QString errorsText() const override;
-    void addPage(JEX::AOCore_Lite *core, QWidget *parent, int number);
 };
 
 } // namespace private_impl

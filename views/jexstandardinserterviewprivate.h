@@ -16,7 +16,6 @@ struct StandardFile
     typedef JexStandardInserterView View;
     typedef JEX::AoCore Core;
     typedef AoOptionWidget Page;
-    static constexpr JEX::JexMode mode = JEX::StandardMode;
     static constexpr auto showDesign = &AoOptionWidget::setNlsdata;
 };
 

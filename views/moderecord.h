@@ -15,8 +15,8 @@ namespace private_impl {
 
 // The record of an editor of one mode: its cores by their type, and their pages. The pages, which belong to
 // the form, only point at the cores and at the netlist and go first. Mode names the types of a mode, View,
-// Core and Page; mode; and showDesign, the page's function that takes a netlist. A record calls deletePages()
-// in its destructor.
+// Core and Page; and showDesign, the page's function that takes a netlist. A record calls deletePages() in
+// its destructor.
 template <class Mode>
 class ModeRecord : public EditorRecord
 {
@@ -25,7 +25,7 @@ public:
     typedef typename Mode::Page Page;
 
     explicit ModeRecord(typename Mode::View *view)
-        : EditorRecord(view, Mode::mode), q(view), cores(configuration.coresOf<Core>())
+        : EditorRecord(view, Core::mode), q(view), cores(configuration.coresOf<Core>())
     {
     }
 

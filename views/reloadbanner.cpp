@@ -1,6 +1,7 @@
 #include "views/reloadbanner.h"
 
 #include <QDir>
+#include <QPushButton>
 
 #include "ui_reloadbanner.h"
 
@@ -11,10 +12,13 @@ ReloadBanner::ReloadBanner(CheckType type, const QString &fileName, QWidget *par
 {
     m_ui->setupUi(this);
     const bool removed = type == Removed;
-    m_ui->btnA->setText(removed ? tr("Keep It") : tr("Reload"));
-    m_ui->btnB->setText(removed ? tr("Close") : tr("Cancel"));
-    connect(m_ui->btnA, SIGNAL(clicked()), this, removed ? SIGNAL(keepIt()) : SIGNAL(reload()));
-    connect(m_ui->btnB, SIGNAL(clicked()), this, removed ? SIGNAL(closeIt()) : SIGNAL(cancel()));
+    if (removed) {
+        addAnswer(tr("Keep It"), [this] { Q_EMIT keepIt(); });
+        addAnswer(tr("Close"), [this] { Q_EMIT closeIt(); });
+    } else {
+        addAnswer(tr("Reload"), [this] { Q_EMIT reload(); });
+        addAnswer(tr("Cancel"), [this] { Q_EMIT cancel(); });
+    }
     const QString text = removed
                              ? tr("The file '%1' has been removed on disk.\nDo you still want to keep it?")
                              : tr("The file '%1' changed on disk.\nDo you want to reload?");
@@ -24,6 +28,24 @@ ReloadBanner::ReloadBanner(CheckType type, const QString &fileName, QWidget *par
 
 ReloadBanner::~ReloadBanner()
 {
+}
+
+// They are called btnA, btnB and so on.
+void ReloadBanner::addAnswer(const QString &text, const std::function<void()> &answer)
+{
+    QPushButton *button = new QPushButton(text, m_ui->widget);
+    button->setObjectName(QLatin1String("btn") + QChar('A' + m_answers.size()));
+    m_ui->verticalLayout->addWidget(button);
+    connect(button, SIGNAL(clicked()), SLOT(giveAnswer()));
+    m_answers.insert(button, answer);
+}
+
+// A copy, since the answer may be the end of the banner.
+void ReloadBanner::giveAnswer()
+{
+    const std::function<void()> answer = m_answers.value(sender());
+    if (answer)
+        answer();
 }
 
 void ReloadBanner::setText(const QString &text)

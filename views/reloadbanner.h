@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QHash>
 #include <QScopedPointer>
 #include <QString>
 #include <QWidget>
+
+#include <functional>
 
 namespace RTLJEX {
 
@@ -11,7 +14,7 @@ class ReloadBanner;
 }
 
 // A strip above an editor that asks what to do about a file, or a design, that others changed. It only
-// asks: whoever connected the answer hides and deletes it.
+// asks: whoever gets the answer hides it and deletes it later.
 class ReloadBanner : public QWidget
 {
     Q_OBJECT
@@ -27,6 +30,8 @@ public:
 
     void setText(const QString &text);
     QString text() const;
+    // A button below the others, and what a click on it does.
+    void addAnswer(const QString &text, const std::function<void()> &answer);
 
 Q_SIGNALS:
     void reload();
@@ -34,8 +39,12 @@ Q_SIGNALS:
     void keepIt();
     void closeIt();
 
+private Q_SLOTS:
+    void giveAnswer();
+
 private:
     QScopedPointer<Ui::ReloadBanner> m_ui;
+    QHash<const QObject *, std::function<void()>> m_answers; // by button
 };
 
 } // namespace RTLJEX

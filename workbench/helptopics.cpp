@@ -14,22 +14,17 @@ namespace {
 
 const char *const noTopic = "index";
 
-// Windows and pages of the editor, which knows of no guide, and of the workbench.
+// Windows of the workbench. Those of the editor say theirs by the property.
 const struct
 {
     const char *className;
     const char *topic;
 } topics[] = {
-    {"JEX::MatchUnitDialog", "trigger"},         {"RTLJEX::CaptureOptionWidget", "capture"},
-    {"RTLJEX::JexSignalSelectDialog", "search"}, {"RTLJEX::JexWizard", "new"},
-    {"RTLJEX::LiteCaptureOptionWidget", "lite"}, {"RTLJEX::MessageDlg", "messages"},
-    {"RTLJEX::MuExpressionDialog", "trigger"},   {"RTLJEX::TriggerOptionWidget", "trigger"},
-    {"RTLJEX::TriggerPortDialog", "trigger"},    {"RTLJEX::TriggerSingalSelectDialog", "capture"},
-    {"Workbench::DeviceDialog", "project"},      {"Workbench::MainWindow", "window"},
-    {"Workbench::MessagePane", "messages"},      {"Workbench::NewFileDialog", "new"},
-    {"Workbench::NetlistPane", "netlist"},       {"Workbench::OptionsDialog", "project"},
-    {"Workbench::ProjectTree", "project"},       {"Workbench::RecoveryDialog", "recovery"},
-    {"Workbench::ReopenBanner", "recovery"},     {"Workbench::SimulateDialog", "run"},
+    {"Workbench::DeviceDialog", "project"},  {"Workbench::MainWindow", "window"},
+    {"Workbench::MessagePane", "messages"},  {"Workbench::NewFileDialog", "new"},
+    {"Workbench::NetlistPane", "netlist"},   {"Workbench::OptionsDialog", "project"},
+    {"Workbench::ProjectTree", "project"},   {"Workbench::RecoveryDialog", "recovery"},
+    {"Workbench::ReopenBanner", "recovery"}, {"Workbench::SimulateDialog", "run"},
 };
 
 QString ownTopic(const QWidget *widget)

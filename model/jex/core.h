@@ -24,6 +24,8 @@ struct TriggerPort
 
     QList<SignalItem> singleSignals() const; // flattened to bits: each bus replaced by its members
     int width() const { return widthOf(signalItems); }
+
+    static FieldTable<TriggerPort> fields();
 };
 
 // One comparator of a Standard core; owned by the core.
@@ -36,6 +38,8 @@ struct MatchUnit
     QString value;                      // one character a bit of the bound port, in the order of its bits
     QString upperValue;                 // second bound of a range; empty otherwise
     const AoCore *core = nullptr;       // the owner, whose ports the unit can be bound to; null: none
+
+    static FieldTable<MatchUnit> fields();
 };
 
 // What a file and a core hold at most.
@@ -45,6 +49,9 @@ enum Limit { CoreLimit = 16, PortCount = 16, UnitCount = 16, ExpressionLimit = 1
 class AoCore
 {
 public:
+    static constexpr JexMode mode = StandardMode;
+    static FieldTable<AoCore> fields();
+
     // A core with the defaults below, 16 empty ports and 16 units that are disabled and not bound.
     explicit AoCore(int number);
     ~AoCore();
@@ -82,6 +89,9 @@ private:
 // One analyzer core of a Lite file.
 struct AOCore_Lite
 {
+    static constexpr JexMode mode = LiteMode;
+    static FieldTable<AOCore_Lite> fields();
+
     qint32 coreNumber = 0;
     QString sampleClock;
     qint32 sampleEdge = RisingEdge;              // SampleEdge

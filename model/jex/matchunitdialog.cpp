@@ -5,6 +5,7 @@
 
 #include "host/modal.h"
 #include "host/plaintooltip.h"
+#include "model/jex/formfields.h"
 #include "model/jex/matchunitmodel.h"
 #include "model/jex/matchvalue.h"
 #include "ui_matchunitdialog.h"
@@ -79,9 +80,9 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
     setWindowTitle(tr("Match Unit M%1").arg(unit->unitNumber));
     offerPorts();
     for (int i = MatchEqual; i < MatchFunctionCount; ++i) {
-        m_ui->comboFunction->addItem(matchFunctionName(i));
+        m_ui->comboFunction->addItem(matchFunctionName(i), i);
     }
-    m_ui->comboFunction->setCurrentIndex(unit->function);
+    showFields(this, *unit);
     m_ui->editValue->setText(unit->value);
     m_ui->editUpper->setText(unit->upperValue);
     for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
@@ -134,7 +135,9 @@ void MatchUnitDialog::offerPorts()
 void MatchUnitDialog::setReadOnly()
 {
     m_ui->comboPort->setEnabled(false);
-    m_ui->comboFunction->setEnabled(false);
+    for (QWidget *widget : fieldWidgets(this)) {
+        widget->setEnabled(false);
+    }
     m_ui->editValue->setReadOnly(true);
     m_ui->editUpper->setReadOnly(true);
     m_ui->buttonReset->hide();
@@ -159,8 +162,9 @@ QString MatchUnitDialog::bits(const QLineEdit *field) const
 MatchUnit MatchUnitDialog::edited() const
 {
     MatchUnit unit = *m_unit;
+    collectFields(this, &unit);
     unit.triggerPort = m_ports.at(m_ui->comboPort->currentIndex());
-    unit.function = unit.triggerPort ? m_ui->comboFunction->currentIndex() : int(MatchEqual);
+    unit.function = unit.triggerPort ? unit.function : int(MatchEqual);
     unit.value = unit.triggerPort ? bits(m_ui->editValue) : QString();
     unit.upperValue = hasUpperValue(unit.function) ? bits(m_ui->editUpper) : QString();
     return unit;

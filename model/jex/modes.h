@@ -18,16 +18,9 @@ typedef std::variant<AoCore *, AOCore_Lite *> CorePointer;
 typedef std::variant<QList<AoCore *>, QList<AOCore_Lite *>> CoreList;
 
 template <class Core>
-constexpr JexMode modeOf();
-template <>
-constexpr JexMode modeOf<AoCore>()
+constexpr JexMode modeOf()
 {
-    return StandardMode;
-}
-template <>
-constexpr JexMode modeOf<AOCore_Lite>()
-{
-    return LiteMode;
+    return Core::mode;
 }
 
 const char *modeName(JexMode mode);     // "Standard", "Lite", as a file has it; null for neither

@@ -1,5 +1,7 @@
 #include "model/jex/signalitem.h"
 
+#include "model/jex/zubfields.h"
+
 namespace JEX {
 
 // Known by its name as soon as the library is loaded, before the first variant holds one.
@@ -16,8 +18,12 @@ int widthOf(const QList<SignalItem> &items)
 
 bool operator==(const SignalItem &a, const SignalItem &b)
 {
-    return a.type == b.type && a.valid == b.valid && a.auxFlag == b.auxFlag && a.capEnable == b.capEnable &&
-           a.name == b.name && a.alias == b.alias && a.members == b.members;
+    for (const Field<SignalItem> &field : fieldsOf<SignalItem>()) {
+        if (!field.isSame(a, b)) {
+            return false;
+        }
+    }
+    return a.members == b.members;
 }
 
 } // namespace JEX

@@ -8,6 +8,9 @@
 
 namespace JEX {
 
+template <class Record>
+struct FieldTable; // see zubfields.h
+
 // One capture or trigger signal row. A value; stored whole in the rows of signal trees.
 struct SignalItem
 {
@@ -24,6 +27,8 @@ struct SignalItem
     bool isNet() const { return type == NetKind; }
     bool isOfBus() const { return type == BusKind; }
     bool isGroup() const { return type == GroupKind; }
+
+    static FieldTable<SignalItem> fields();
 };
 
 // How many bits they are together.

@@ -128,32 +128,27 @@ constexpr FieldTable<Record> tableOf(const Field<Record> (&fields)[Size])
 
 } // namespace
 
-template <>
-FieldTable<AoCore> fieldsOf<AoCore>()
+FieldTable<AoCore> AoCore::fields()
 {
     return tableOf(standardFields);
 }
 
-template <>
-FieldTable<AOCore_Lite> fieldsOf<AOCore_Lite>()
+FieldTable<AOCore_Lite> AOCore_Lite::fields()
 {
     return tableOf(liteFields);
 }
 
-template <>
-FieldTable<TriggerPort> fieldsOf<TriggerPort>()
+FieldTable<TriggerPort> TriggerPort::fields()
 {
     return tableOf(portFields);
 }
 
-template <>
-FieldTable<MatchUnit> fieldsOf<MatchUnit>()
+FieldTable<MatchUnit> MatchUnit::fields()
 {
     return tableOf(unitFields);
 }
 
-template <>
-FieldTable<SignalItem> fieldsOf<SignalItem>()
+FieldTable<SignalItem> SignalItem::fields()
 {
     return tableOf(signalFields);
 }

@@ -112,17 +112,10 @@ struct FieldTable
 };
 
 template <class Record>
-FieldTable<Record> fieldsOf();
-template <>
-FieldTable<AoCore> fieldsOf<AoCore>();
-template <>
-FieldTable<AOCore_Lite> fieldsOf<AOCore_Lite>();
-template <>
-FieldTable<TriggerPort> fieldsOf<TriggerPort>();
-template <>
-FieldTable<MatchUnit> fieldsOf<MatchUnit>();
-template <>
-FieldTable<SignalItem> fieldsOf<SignalItem>();
+FieldTable<Record> fieldsOf()
+{
+    return Record::fields();
+}
 
 // How deep <signal> may nest; a bus in a group is 3.
 enum { SignalDepthLimit = 8 };

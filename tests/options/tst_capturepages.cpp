@@ -1,5 +1,6 @@
 #include "host/eventmanager.h"
 #include "model/jex/jextool.h"
+#include "model/jex/zubfields.h"
 #include "tests/options/pages.h"
 
 using namespace RTLJEX;
@@ -16,6 +17,17 @@ QString nets(int count)
     for (int i = 0; i < count; ++i)
         rows += QString("s:top/n%1 ").arg(i);
     return rows;
+}
+
+template <class Core>
+QString flagsOf(const Core &core)
+{
+    QString flags;
+    for (const JEX::Field<Core> &field : JEX::fieldsOf<Core>()) {
+        if (field.kind == JEX::FlagField)
+            flags += core.*field.flag ? '1' : '0';
+    }
+    return flags;
 }
 
 } // namespace
@@ -83,6 +95,24 @@ private Q_SLOTS:
         QCOMPARE(toText(page.stored), toText(rows));
         QCOMPARE(toText(standard ? ao.enabledCaptureSignals : lite.enabledCaptureSignals),
                  toText(rows.mid(0, 2)));
+    }
+
+    // Whatever boxes a page has.
+    void boxesAreFlags()
+    {
+        QFETCH_GLOBAL(bool, standard);
+        CapturePage page(standard);
+        const auto saved = [&] {
+            page.save();
+            return standard ? flagsOf(page.aoCore) : flagsOf(page.liteCore);
+        };
+        for (QCheckBox *box : page.open().widget->findChildren<QCheckBox *>()) {
+            const QString before = saved();
+            page.modified->clear();
+            box->click();
+            QCOMPARE(page.modified->size(), 1);
+            QVERIFY2(saved() != before, qPrintable(box->objectName()));
+        }
     }
 
     void implementations()
