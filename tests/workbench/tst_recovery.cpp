@@ -14,6 +14,7 @@
 #include "workbench/messagepane.h"
 #include "workbench/recovery.h"
 #include "workbench/reopenbanner.h"
+#include "workbench/translations.h"
 #include "workbench/workspace.h"
 
 namespace {
@@ -108,6 +109,14 @@ private Q_SLOTS:
         QCOMPARE(list, QString("a.zub: Core 0: edge changed from rising to falling|"));
         QVERIFY(!view());
         QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 0); // this one has taken it
+        QLocale::setDefault(QLocale("de_DE"));
+        auto german = std::make_unique<Workbench::Translations>();
+        list.clear();
+        m_user->then(pressing("Später entscheiden", &list));
+        m_window->recovery()->offer();
+        german.reset();
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(list, QString("a.zub: Core 0: Flanke wurde von steigend in fallend geändert|"));
         m_user->then(pressing("Recover"));
         m_window->recovery()->offer();
         QVERIFY(isFalling() && view()->editedFile().isModified);
