@@ -1,6 +1,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <functional>
+
 #include "tests/support/sessionmanager.h"
 #include "tests/support/workspace.h"
 
@@ -14,7 +16,7 @@ int xdotool(const QStringList &words)
     return tool.waitForFinished() ? tool.exitCode() : -1;
 }
 
-const QString window = ".*JEX Workbench", question = "Save", recovery = "Recover Files"; // titles
+const QString window = ".*JEX Workbench", question = "Save"; // titles
 
 QStringList search(const QString &title)
 {
@@ -26,21 +28,15 @@ bool isShown(const QString &title)
     return xdotool(search(title)) == 0;
 }
 
-// There is no window manager that gives a new window the keys.
-void press(const QString &title, const QStringList &keys)
+// There is no window manager that gives a new window the keys, and one that is busy may not get all of them.
+bool press(const QString &title, const QStringList &keys, const std::function<bool()> &isHeard)
 {
-    xdotool(search(title) + QStringList{"windowfocus", "sleep", "0.2", "key", "--delay", "100"} + keys);
-}
-
-// Waits for the box, and presses the key until that has been heard.
-bool answer(const QString &title, const QString &key)
-{
-    return QTest::qWaitFor([&] { return isShown(title); }, 60000) && QTest::qWaitFor(
-                                                                         [&] {
-                                                                             press(title, {key});
-                                                                             return !isShown(title);
-                                                                         },
-                                                                         20000);
+    for (int i = 0; i < 10; ++i) {
+        xdotool(search(title) + QStringList{"windowfocus", "sleep", "0.2", "key", "--delay", "100"} + keys);
+        if (QTest::qWaitFor(isHeard, 5000))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -61,19 +57,20 @@ private Q_SLOTS:
         start({work.path("p.jexprj"), path});
         QTRY_VERIFY_WITH_TIMEOUT(m_folder.read("log").contains("Opened " + path.toUtf8()), 60000);
         QCOMPARE(told(2), QString("registered saved"));
-        press(window, {"alt+e", "d", "Return"}); // Duplicate Core
-        QTRY_COMPARE_WITH_TIMEOUT(kept(), 1, 20000);
+        // Duplicate Core
+        QVERIFY(press(window, {"Escape", "alt+e", "d", "Return"}, [this] { return kept() == 1; }));
 
         m_manager.endSession(true);
-        QVERIFY(answer(question, "Escape"));
+        QTRY_VERIFY(isShown(question));
+        QVERIFY(press(question, {"Escape"}, [] { return !isShown(question); }));
         QCOMPARE(told(3), QString("asks cancels saved"));
         m_manager.cancelEnd();
 
         m_manager.endSession(false);
         QCOMPARE(told(1), QString("saved"));
         m_manager.cancelEnd();
-        press(window, {"ctrl+q"}); // the session goes on, and so does the asking
-        QTRY_VERIFY(isShown(question));
+        // The session goes on, and so does the asking.
+        QVERIFY(press(window, {"ctrl+q"}, [] { return isShown(question); }));
 
         m_manager.endSession(false); // whatever is open
         QCOMPARE(told(1), QString("saved"));
@@ -82,18 +79,6 @@ private Q_SLOTS:
         QVERIFY(hasEnded());
         QCOMPARE(contents(path), saved);
         QCOMPARE(kept(), 1);
-
-        start({});
-        QVERIFY(answer(recovery, "Return"));
-        QCOMPARE(told(2), QString("registered saved"));
-        // Once more with the project, and at last for what is kept.
-        QTRY_COMPARE_WITH_TIMEOUT(m_folder.read("log").count("Opened " + path.toUtf8()), 3, 60000);
-        m_manager.endSession(true);
-        QVERIFY(answer(question, "Return"));
-        QCOMPARE(told(4), QString("asks asked saved left"));
-        QVERIFY(hasEnded());
-        QVERIFY(contents(path).count("<core ") == 2);
-        QCOMPARE(kept(), 0);
     }
 
 private:
