@@ -1,5 +1,6 @@
 #include "cli/configurationdiff.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 #include <algorithm>
@@ -11,6 +12,53 @@
 
 namespace Cli {
 namespace {
+
+// jex shows them as they are; a window in its language.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Cli::Difference)
+};
+
+// What fields are called and what they hold, where other languages have other words for it.
+[[maybe_unused]] const char *const words[] = {
+    QT_TRANSLATE_NOOP("Cli::Difference", "clock"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "edge"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "triggerMode"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "triggerImplementation"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "captureImplementation"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "implementation"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "storageSize"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "segments"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "captureAmount"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "triggerPosition"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "forceTriggerByFallingEdge"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "captureInitialData"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "inputRegister"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "topModule"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "enabled"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "port"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "function"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "value"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "upperValue"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "shown as"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "type"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "capture"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "valid"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "rising"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "falling"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "dynamic"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "static"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "group"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "net"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "bus"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "equal"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "notEqual"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "less"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "greater"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "inRange"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "true"),
+    QT_TRANSLATE_NOOP("Cli::Difference", "false"),
+};
 
 Json shown(const QString &text)
 {
@@ -46,7 +94,9 @@ template <class Record>
 Json shownValue(const JEX::Field<Record> &field, const Record &record)
 {
     const Json value = valueOf(field, record);
-    return value.is_null() ? Json("none") : value;
+    if (value.is_null())
+        return shown(Texts::tr("none"));
+    return field.rule.kind == JEX::Rule::Words ? shown(Texts::tr(value.get<std::string>().c_str())) : value;
 }
 
 bool areCapturedRows(const RTLJEX::AnyCore &core)
@@ -65,7 +115,7 @@ public:
     void compareFiles(const RTLJEX::Configuration &older, const RTLJEX::Configuration &newer)
     {
         if (older.mode() != newer.mode())
-            add({}, "changed", "mode", shown(older.modeName()), shown(newer.modeName()));
+            add({}, "changed", Texts::tr("mode"), shown(older.modeName()), shown(newer.modeName()));
         QHash<int, RTLJEX::AnyCore> before;
         QStringList numbers, oldNumbers;
         for (const RTLJEX::AnyCore &core : newer.cores())
@@ -110,10 +160,10 @@ private:
         });
         if (a.standard && b.standard)
             compareTriggers(*a.standard, *b.standard);
-        compareRows("capture", *a.signalRows, *b.signalRows);
+        compareRows(Texts::tr("capture"), *a.signalRows, *b.signalRows);
         // What is captured follows from the rows, in every file that an editor wrote.
         if (!areCapturedRows(a) || !areCapturedRows(b))
-            compareRows("captured", *a.enabledRows, *b.enabledRows);
+            compareRows(Texts::tr("captured"), *a.enabledRows, *b.enabledRows);
     }
 
     // What a user set comes first. What only one of two modes has is not worth a line beside the mode.
@@ -124,7 +174,7 @@ private:
             for (const JEX::Field<Newer> &now : JEX::fieldsOf<Newer>()) {
                 const JEX::Field<Older> *before = now.part == part ? counterpart<Older>(now) : nullptr;
                 if (before && differ(*before, a, now, b))
-                    add(place, "changed", now.title, shownValue(*before, a), shownValue(now, b));
+                    add(place, "changed", Texts::tr(now.title), shownValue(*before, a), shownValue(now, b));
             }
         }
     }
@@ -132,10 +182,10 @@ private:
     void compareTriggers(const JEX::AoCore &a, const JEX::AoCore &b)
     {
         for (int i = 0; i < b.triggerPorts.size(); ++i)
-            compareRows(QString("trigger port %1").arg(i), a.triggerPorts.at(i)->signalItems,
+            compareRows(Texts::tr("trigger port %1").arg(i), a.triggerPorts.at(i)->signalItems,
                         b.triggerPorts.at(i)->signalItems);
         for (int i = 0; i < b.matchUnits.size(); ++i)
-            compareFields(QString("match unit M%1").arg(i), *a.matchUnits.at(i), *b.matchUnits.at(i));
+            compareFields(Texts::tr("match unit M%1").arg(i), *a.matchUnits.at(i), *b.matchUnits.at(i));
         for (const RowPair &pair : pairRows(a.expressions, b.expressions))
             addExpression(pair, a.expressions.value(pair.from), b.expressions.value(pair.to));
     }
@@ -143,9 +193,9 @@ private:
     void addExpression(const RowPair &pair, const QString &before, const QString &now)
     {
         if (pair.from >= 0 && pair.to >= 0 && before != now)
-            add({}, "changed", QString("expression %1").arg(pair.to + 1), shown(before), shown(now));
+            add({}, "changed", Texts::tr("expression %1").arg(pair.to + 1), shown(before), shown(now));
         else
-            addPair("expression", pair, before, now);
+            addPair(Texts::tr("expression"), pair, before, now);
     }
 
     void compareRows(const QString &place, const QList<JEX::SignalItem> &a, const QList<JEX::SignalItem> &b)
@@ -189,6 +239,8 @@ private:
 // "1024", "rising"; quotes around what may be empty or hold blanks.
 QString quotedText(const Json &value)
 {
+    if (value.is_boolean())
+        return Texts::tr(value.get<bool>() ? "true" : "false");
     const QString text = valueText(value);
     return text.isEmpty() || text.contains(' ') ? '"' + text + '"' : text;
 }
@@ -208,22 +260,24 @@ QString differenceSentence(const Difference &difference)
     const QString to = quotedText(difference.to);
     const bool isCore = difference.name == "core" && difference.place.isEmpty();
     if (isCore && difference.what != "moved")
-        return QString("Core %1 was %2").arg(difference.core).arg(difference.what);
+        return (difference.what == "added" ? Texts::tr("Core %1 was added")
+                                           : Texts::tr("Core %1 was removed"))
+            .arg(difference.core);
     if (isCore)
-        return QString("Core %1 moved from place %2 to place %3").arg(difference.core).arg(from, to);
-    QString text = difference.core < 0 ? QString("File: ") : QString("Core %1: ").arg(difference.core);
+        return Texts::tr("Core %1 moved from place %2 to place %3").arg(difference.core).arg(from, to);
+    QString text = difference.core < 0 ? Texts::tr("File: ") : Texts::tr("Core %1: ").arg(difference.core);
     if (!difference.place.isEmpty())
         text += difference.place + ": ";
     text += difference.name;
     if (difference.what == "added")
-        return text + " was added at row " + to;
+        return Texts::tr("%1 was added at row %2").arg(text, to);
     if (difference.what == "removed")
-        return text + " was removed from row " + from;
+        return Texts::tr("%1 was removed from row %2").arg(text, from);
     if (difference.what == "moved")
-        return text + " moved from row " + from + " to row " + to;
+        return Texts::tr("%1 moved from row %2 to row %3").arg(text, from, to);
     if (difference.what == "renamed")
-        return text + " was renamed to " + to;
-    return text + " changed from " + from + " to " + to;
+        return Texts::tr("%1 was renamed to %2").arg(text, to);
+    return Texts::tr("%1 changed from %2 to %3").arg(text, from, to);
 }
 
 } // namespace Cli

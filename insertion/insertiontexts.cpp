@@ -123,7 +123,7 @@ QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layo
     const JEX_TOOL::StorageNeed need = JEX_TOOL::storageNeed(*device->family, core.implementation,
                                                              layout.dataWidth, core.depth, layout.hasMark);
     return line + ", by estimate " + QString::number(need.required) + ' ' +
-           (need.required == 1 ? resource.one : resource.many);
+           (need.required == 1 ? resource.one : resource.many) + " of the " + device->device;
 }
 
 QString counted(int count, const char *one, const char *many)

@@ -566,8 +566,8 @@
         <translation>WARNING: Die Quellen sind nur mit dem Makro VERILATOR lesbar, das die Synthese nicht definiert. Was davon abhängt, kann in der Hardware anders sein.</translation>
     </message>
     <message>
-        <source>WARNING: %1: What is bound to a single instance is not shown. Bind it to the module.</source>
-        <translation>WARNING: %1: Was an eine einzelne Instanz gebunden ist, wird nicht gezeigt. Binden Sie es an das Modul.</translation>
+        <source>What is bound to a single instance is not shown. Bind it to the module.</source>
+        <translation>Was an eine einzelne Instanz gebunden ist, wird nicht gezeigt. Binden Sie es an das Modul.</translation>
     </message>
 </context>
 <context>

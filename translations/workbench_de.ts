@@ -2,6 +2,225 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Cli::Difference</name>
+    <message>
+        <source>clock</source>
+        <translation>Takt</translation>
+    </message>
+    <message>
+        <source>edge</source>
+        <translation>Flanke</translation>
+    </message>
+    <message>
+        <source>triggerMode</source>
+        <translation>Trigger-Modus</translation>
+    </message>
+    <message>
+        <source>triggerImplementation</source>
+        <translation>Realisierung des Triggers</translation>
+    </message>
+    <message>
+        <source>captureImplementation</source>
+        <translation>Realisierung der Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>implementation</source>
+        <translation>Realisierung</translation>
+    </message>
+    <message>
+        <source>storageSize</source>
+        <translation>Speichertiefe</translation>
+    </message>
+    <message>
+        <source>segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>captureAmount</source>
+        <translation>Aufzeichnungslänge</translation>
+    </message>
+    <message>
+        <source>triggerPosition</source>
+        <translation>Trigger-Position</translation>
+    </message>
+    <message>
+        <source>forceTriggerByFallingEdge</source>
+        <translation>Trigger durch fallende Flanke erzwingen</translation>
+    </message>
+    <message>
+        <source>captureInitialData</source>
+        <translation>Anfangsdaten aufzeichnen</translation>
+    </message>
+    <message>
+        <source>inputRegister</source>
+        <translation>Eingangsregister</translation>
+    </message>
+    <message>
+        <source>topModule</source>
+        <translation>Top-Modul</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>aktiv</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>Trigger-Port</translation>
+    </message>
+    <message>
+        <source>function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>upperValue</source>
+        <translation>Obergrenze</translation>
+    </message>
+    <message>
+        <source>shown as</source>
+        <translation>Anzeigename</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>valid</source>
+        <translation>gültig</translation>
+    </message>
+    <message>
+        <source>rising</source>
+        <translation>steigend</translation>
+    </message>
+    <message>
+        <source>falling</source>
+        <translation>fallend</translation>
+    </message>
+    <message>
+        <source>dynamic</source>
+        <translation>dynamisch</translation>
+    </message>
+    <message>
+        <source>static</source>
+        <translation>statisch</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>net</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>bus</source>
+        <translation>Bus</translation>
+    </message>
+    <message>
+        <source>equal</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>notEqual</source>
+        <translation>ungleich</translation>
+    </message>
+    <message>
+        <source>less</source>
+        <translation>kleiner</translation>
+    </message>
+    <message>
+        <source>greater</source>
+        <translation>größer</translation>
+    </message>
+    <message>
+        <source>inRange</source>
+        <translation>im Bereich</translation>
+    </message>
+    <message>
+        <source>true</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>false</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>captured</source>
+        <translation>aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>trigger port %1</source>
+        <translation>Trigger-Port %1</translation>
+    </message>
+    <message>
+        <source>match unit M%1</source>
+        <translation>Vergleichseinheit M%1</translation>
+    </message>
+    <message>
+        <source>expression %1</source>
+        <translation>Ausdruck %1</translation>
+    </message>
+    <message>
+        <source>expression</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>Core %1 was added</source>
+        <translation>Core %1 wurde hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Core %1 was removed</source>
+        <translation>Core %1 wurde entfernt</translation>
+    </message>
+    <message>
+        <source>Core %1 moved from place %2 to place %3</source>
+        <translation>Core %1 wurde von Platz %2 nach Platz %3 verschoben</translation>
+    </message>
+    <message>
+        <source>File: </source>
+        <translation>Datei: </translation>
+    </message>
+    <message>
+        <source>Core %1: </source>
+        <translation>Core %1: </translation>
+    </message>
+    <message>
+        <source>%1 was added at row %2</source>
+        <translation>%1 wurde in Zeile %2 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 was removed from row %2</source>
+        <translation>%1 wurde aus Zeile %2 entfernt</translation>
+    </message>
+    <message>
+        <source>%1 moved from row %2 to row %3</source>
+        <translation>%1 wurde von Zeile %2 nach Zeile %3 verschoben</translation>
+    </message>
+    <message>
+        <source>%1 was renamed to %2</source>
+        <translation>%1 wurde in %2 umbenannt</translation>
+    </message>
+    <message>
+        <source>%1 changed from %2 to %3</source>
+        <translation>%1 wurde von %2 in %3 geändert</translation>
+    </message>
+</context>
+<context>
     <name>Insertion::Analyzer</name>
     <message>
         <source>The design has no net %1.</source>
@@ -109,7 +328,7 @@
     </message>
     <message>
         <source>it may call foreign functions of the sources, and %1.</source>
-        <translation>Es könnten fremde Funktionen der Quellen aufgerufen werden (%1).</translation>
+        <translation>Es könnten fremde Funktionen der Quellen aufgerufen werden. %1.</translation>
     </message>
 </context>
 <context>
@@ -1569,6 +1788,11 @@ Overwrite it, or discard what was edited here?</source>
     <message>
         <source>Save</source>
         <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <comment>between reasons</comment>
+        <translation>. </translation>
     </message>
 </context>
 <context>

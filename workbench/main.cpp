@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QSessionManager>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -27,6 +26,7 @@
 #include "workbench/recovery.h"
 #include "workbench/report.h"
 #include "workbench/runmenu.h"
+#include "workbench/sessionend.h"
 #include "workbench/translations.h"
 #include "workbench/workspace.h"
 
@@ -162,17 +162,6 @@ void endProgram(MainWindow &window, CommandLine::EndSignals &ends)
     timer->start(50);
 }
 
-// The same where the desktop lets the user be asked; else what is edited is kept.
-void endSession(MainWindow &window, QSessionManager &manager)
-{
-    window.recovery()->keepNow();
-    if (!manager.allowsInteraction())
-        return window.recovery()->keepForNextStart();
-    if (!window.close())
-        manager.cancel();
-    manager.release();
-}
-
 int run(const StartOptions &options)
 {
     const bool unattended = options.report || !options.shot.isEmpty();
@@ -200,8 +189,7 @@ int run(const StartOptions &options)
                              [&window, &ends] { endProgram(window, ends); });
             // The one folder of the user for all workbenches, which tell each other apart.
             window.attend(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/recovery");
-            QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window,
-                             [&window](QSessionManager &manager) { endSession(window, manager); });
+            new SessionEnd(&window);
             QTimer::singleShot(0, &window, [&start, &window] {
                 start.openAll();
                 window.recovery()->offer();

@@ -71,8 +71,6 @@ void Recovery::follow(Core::IView *view)
 
 void Recovery::noteChange(Core::IView *view, Core::StateChange change)
 {
-    if (change == Core::StateEdited)
-        m_isFrozen = false; // whoever wanted to end all changed his mind
     if (change == Core::StateAtRisk)
         m_atRisk[view] = stateOf(view, KeptFor::UnreadableDesign);
     else if (change == Core::StateAbandoned)

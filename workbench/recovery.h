@@ -29,7 +29,7 @@ public:
 
     void offer();            // what other workbenches left, in a list; nothing happens when there is nothing
     void keepNow();          // before the program ends without having asked
-    void keepForNextStart(); // and whatever closes from now on, until the next edit, changes nothing of it
+    void keepForNextStart(); // and whatever closes from now on changes nothing of it
     bool isKeptForNextStart() const { return m_isFrozen; }
 
     bool recover(const KeptState &state); // opens its file and shows the state in it; false when that failed

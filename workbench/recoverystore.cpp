@@ -89,15 +89,24 @@ bool makePrivate(const QString &folder, QString *error)
     return false;
 }
 
+const char *const leavingPrefix = "leaving-";
+
+// Nobody looks for anything under such a name.
+void removeLeaving(const QString &folder)
+{
+    for (const QString &name : QDir(folder).entryList({"lock*"}, QDir::Files))
+        QFile::remove(folder + '/' + name);
+    QDir().rmdir(folder);
+}
+
 // Under another name first, since somebody may be about to lock it. Its lock is held, and goes with it.
 void removeIfEmpty(const QString &session)
 {
-    const QString leaving = QFileInfo(session).path() + "/leaving-" + QFileInfo(session).fileName();
+    const QString leaving = QFileInfo(session).path() + '/' + leavingPrefix + QFileInfo(session).fileName();
     if (!QDir(session).entryList({QString('*') + stateSuffix}, QDir::Files).isEmpty() ||
         !QDir().rename(session, leaving))
         return;
-    QFile::remove(lockOf(leaving));
-    QDir().rmdir(leaving);
+    removeLeaving(leaving);
 }
 
 } // namespace
@@ -116,6 +125,9 @@ RecoveryStore::~RecoveryStore()
         if (lock.tryLock(0))
             removeIfEmpty(m_folder + '/' + name);
     }
+    for (const QString &name :
+         QDir(m_folder).entryList({QString(leavingPrefix) + '*'}, QDir::Dirs | QDir::NoSymLinks))
+        removeLeaving(m_folder + '/' + name);
 }
 
 bool RecoveryStore::openSession(QString *error)

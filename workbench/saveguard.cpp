@@ -40,7 +40,7 @@ SaveGuard::Answer SaveGuard::ask(const Core::EditedFile &file, Occasion occasion
         facts << Texts::tr(
                      "The file '%1' can not be replaced in one step without a loss: %2. It is written in "
                      "place, and a backup is kept until that has ended.")
-                     .arg(name, now.reasons.join("; "));
+                     .arg(name, now.reasons.join(Texts::tr("; ", "between reasons")));
     buttons << (isChanged ? Texts::tr("&Overwrite") : Texts::tr("&Write in Place"));
     if (occasion == Closing)
         buttons << Texts::tr("&Discard");

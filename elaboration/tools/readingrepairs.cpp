@@ -348,10 +348,17 @@ QStringList ReadingRepairs::notes() const
         notes.append(Texts::tr("WARNING: %1:%2: This is no Verilog, so the file is read as "
                                "SystemVerilog.")
                          .arg(file.key(), QString::number(file.value())));
-    for (const QString &place : m_copies.lostBinds())
-        notes.append(
-            Texts::tr("WARNING: %1: What is bound to a single instance is not shown. Bind it to the module.")
-                .arg(place));
+    QList<ToolMessage> lost;
+    for (const auto &place : m_copies.lostBinds()) {
+        ToolMessage message;
+        message.severity = ToolMessage::Warning;
+        message.file = place.first;
+        message.line = place.second;
+        message.text = Texts::tr("What is bound to a single instance is not shown. Bind it to the module.");
+        lost.append(message);
+    }
+    for (const ToolMessage &message : folded(lost))
+        notes.append(messageText(message, m_names, m_verilator.workingDir()));
     if (m_verilator.definesToolMacro())
         notes.append(Texts::tr("WARNING: The sources can be read only with the macro VERILATOR, which "
                                "synthesis does not define. What depends on it may differ in hardware."));

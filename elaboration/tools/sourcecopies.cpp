@@ -206,7 +206,7 @@ bool SourceCopies::update()
         for (const int at : m_blanked.binds) {
             for (; counted < at; ++counted)
                 line += before.at(counted) == '\n';
-            m_lostBinds.append(source.key() + QLatin1Char(':') + QString::number(line));
+            m_lostBinds.insert({source.key(), line});
         }
         source->made = wanted;
         source->isEmpty = holdsNothing(text, source->language);
@@ -218,8 +218,6 @@ bool SourceCopies::update()
     if (texts.isEmpty())
         return false;
     m_encrypted.sort();
-    m_lostBinds.sort();
-    m_lostBinds.removeDuplicates();
     for (const QString &path : includersOf(texts.keys().toSet())) {
         if (!texts.contains(path) && !m_copies.contains(path))
             texts.insert(path, sourceOf(path));

@@ -4,6 +4,9 @@
 #include <QSet>
 #include <QStringList>
 
+#include <set>
+#include <utility>
+
 #include "elaboration/tools/sourcerepairs.h"
 
 namespace QUARRY {
@@ -47,8 +50,8 @@ public:
     bool update();
 
     QStringList encrypted() const { return m_encrypted; } // files of which a part was left out for that
-    // "FILE:LINE" of each `bind` to a single instance, which no tool reads.
-    QStringList lostBinds() const { return m_lostBinds; }
+    // File and line of each `bind` to a single instance, which no tool reads.
+    std::set<std::pair<QString, int>> lostBinds() const { return m_lostBinds; }
     bool isEmpty(const QString &file) const; // VHDL of which nothing is left to be read
 
 private:
@@ -81,7 +84,7 @@ private:
     BlankedNames m_blanked;
     QSet<QString> m_learnt; // files of which it knows all of them
     QStringList m_encrypted;
-    QStringList m_lostBinds;
+    std::set<std::pair<QString, int>> m_lostBinds;
     int m_wanted = HideSimulation | HideEncrypted | DropByteOrderMark | ReplaceCaseGenerates | SplitGenerics;
 };
 

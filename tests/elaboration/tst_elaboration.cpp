@@ -139,13 +139,12 @@ void repairRows()
         "== p.sv\npackage p;\nlet other = 1;\n`include \"only.svh\"\nendpackage\n== only.svh\nlet no(v) = "
         "~v;\n",
         "top t\nmodules sub t", "t:t x y\nt/u:sub x z");
-    const QString unbound = ": What is bound to a single instance is not shown. Bind it to the module.";
     row("what is bound to instances", "Top=t",
         "== t.sv\nmodule leaf(input a); endmodule\nmodule probe(input p); wire w = p; endmodule\n"
         "module t(input x); leaf u(x); leaf v[1:0](x); endmodule\nbind t.u probe p(.p(a));\n"
         "bind v[1] probe q(.p(a)); bind leaf probe r[1:0](.p(a));\nbind leaf : u, t.u probe s(.p(a));\n",
-        "top t\nmodules leaf probe t\nWARNING: @/t.sv:4" + unbound + "\nWARNING: @/t.sv:5" + unbound +
-            "\nWARNING: @/t.sv:6" + unbound,
+        "top t\nmodules leaf probe t\nWARNING: @/t.sv:4: What is bound to a single instance is not shown. "
+        "Bind it to the module. (3 times)",
         "t:t x\nt/u:leaf a\nt/u/r[1]:probe p w\nt/u/r[0]:probe p w\nt/v[1]:leaf a\nt/v[1]/r[1]:probe p w\n"
         "t/v[1]/r[0]:probe p w\nt/v[0]:leaf a\nt/v[0]/r[1]:probe p w\nt/v[0]/r[0]:probe p w");
     row("a top that uses what is left out", "",
