@@ -15,6 +15,22 @@
 <context>
     <name>Core::ProjectOption</name>
     <message>
+        <source>&amp;Top module:</source>
+        <translation>&amp;Top-Modul:</translation>
+    </message>
+    <message>
+        <source>&amp;Verilog standard:</source>
+        <translation>&amp;Verilog-Standard:</translation>
+    </message>
+    <message>
+        <source>&amp;Synthesis tool:</source>
+        <translation>&amp;Synthesewerkzeug:</translation>
+    </message>
+    <message>
+        <source>By file type</source>
+        <translation>Nach Dateityp</translation>
+    </message>
+    <message>
         <source>Include Paths</source>
         <translation>Include-Pfade</translation>
     </message>
