@@ -2015,6 +2015,10 @@ Möchten Sie sie neu laden?</translation>
         <source>Excluded: tied to a constant, or a bidirectional pin</source>
         <translation>Ausgeschlossen: liegt auf einer Konstanten oder ist ein bidirektionaler Pin</translation>
     </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
 </context>
 <context>
     <name>SignalRow</name>
