@@ -34,11 +34,10 @@ DesignInput designInputFromInfo(const QMap<QString, QVariant> &info)
         source.onlyWhenUsed = file.value(QLatin1String("OnlyWhenUsed")).toBool();
         input.files.append(source);
     }
+    for (const DesignText &known : designTexts)
+        input.*known.text = info.value(QLatin1String(known.name)).toString();
     for (const DesignList &known : designLists)
         input.*known.list = info.value(QLatin1String(known.name)).toStringList();
-    input.top = info.value(QLatin1String("Top")).toString();
-    input.verilogStandard = info.value(QLatin1String("Verilog_Standard")).toString();
-    input.workingDir = info.value(QLatin1String("WorkingDir")).toString();
     return input;
 }
 

@@ -26,9 +26,10 @@ QStringList keyOf(const DesignInput &input)
     QStringList key;
     for (const DesignSource &file : input.files)
         key << file.path << QString::number(file.type) << file.library << QString::number(file.onlyWhenUsed);
+    for (const DesignText &known : designTexts)
+        key << gap << input.*known.text;
     for (const DesignList &known : designLists)
         key << gap << input.*known.list;
-    key << gap << input.top << input.verilogStandard << input.workingDir;
     return key;
 }
 

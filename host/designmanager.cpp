@@ -7,7 +7,7 @@
 
 #include "host/eventmanager.h"
 #include "host/filewatcher.h"
-#include "host/projectoptions.h"
+#include "host/project.h"
 
 namespace TE {
 namespace {
@@ -75,11 +75,9 @@ QMap<QString, QVariant> DesignManager::getSourceFileInfo() const
     info.insert(QLatin1String("Files"), files);
     info.insert(QLatin1String("DisabledFiles"), disabled);
     for (const Core::ProjectOption &option : Core::projectOptions) {
-        if (option.text)
-            info.insert(QLatin1String(option.name), data.*option.text);
-        else
-            info.insert(QLatin1String(option.name),
-                        option.isFolders ? absolutePaths(*project, data.*option.list) : data.*option.list);
+        info.insert(QLatin1String(option.name), option.is(Core::FolderTrait)
+                                                    ? absolutePaths(*project, data.*option.list)
+                                                    : option.valueIn(data));
     }
     info.insert(QLatin1String("WorkingDir"), project->workingDir());
     return info;

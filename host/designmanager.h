@@ -60,9 +60,8 @@ public:
     explicit DesignManager(QObject *parent = nullptr);
 
     // "Top" (text), "Files" (list of maps with "Path" absolute, "Type", "Library" and "OnlyWhenUsed", enabled
-    // design files only, in project order), "DisabledFiles" (absolute list), "IncludePath" "LibraryPath"
-    // (absolute lists), "LibrarySuffix" "Defines" "Undefines" "Parameters" (lists), "Verilog_Standard"
-    // (text), "WorkingDir" (text).
+    // design files only, in project order), "DisabledFiles" (absolute list), "WorkingDir" (text) and the
+    // options by their names in Core::projectOptions, folders absolute.
     QMap<QString, QVariant> getSourceFileInfo() const;
     FileInfo getFileInfo(const QString &path) const;
     QVariant getOptionValue(const QString &option) const; // names as in Core::Project::setOption

@@ -13,7 +13,6 @@
 #include "host/eventmanager.h"
 #include "host/foreignproject.h"
 #include "host/projectfile.h"
-#include "host/projectoptions.h"
 #include "host/regularfile.h"
 
 namespace Core {
@@ -41,20 +40,6 @@ EventData fileData(const SourceFile &file)
     data.insert(QLatin1String("enable"), file.enabled);
     data.insert(QLatin1String("type"), file.type);
     return data;
-}
-
-const ProjectOption *findOption(const QString &name)
-{
-    for (const ProjectOption &option : projectOptions) {
-        if (name == QLatin1String(option.name))
-            return &option;
-    }
-    return nullptr;
-}
-
-QVariant valueOf(const ProjectData &data, const ProjectOption &option)
-{
-    return option.text ? QVariant(data.*option.text) : QVariant(data.*option.list);
 }
 
 void postOptionChange(const QString &option)
@@ -205,7 +190,7 @@ bool Project::reload(QString *errorMessage)
     setData(read);
     postFileChanges(before.files, m_data.files);
     for (const ProjectOption &option : projectOptions) {
-        if (valueOf(before, option) != valueOf(m_data, option))
+        if (option.valueIn(before) != option.valueIn(m_data))
             postOptionChange(QLatin1String(option.name));
     }
     if (!(before.device == m_data.device))
@@ -247,7 +232,7 @@ bool Project::saveAs(const QString &filePath, QString *errorMessage)
     const QString oldFolder = workingDir();
     m_filePath = QFileInfo(filePath).absoluteFilePath();
     for (const ProjectOption &option : projectOptions) {
-        if (option.isFolders)
+        if (option.is(FolderTrait))
             moveRelativePaths(m_data.*option.list, oldFolder, workingDir());
     }
     if (save(errorMessage))
@@ -343,7 +328,7 @@ void Project::setFileLibrary(const QString &path, const QString &library)
 QVariant Project::option(const QString &name) const
 {
     const ProjectOption *option = findOption(name);
-    return option ? valueOf(m_data, *option) : QVariant();
+    return option ? option->valueIn(m_data) : QVariant();
 }
 
 void Project::setOption(const QString &name, const QVariant &value)
@@ -351,12 +336,12 @@ void Project::setOption(const QString &name, const QVariant &value)
     const ProjectOption *option = findOption(name);
     if (!option)
         return;
-    const QVariant before = valueOf(m_data, *option);
+    const QVariant before = option->valueIn(m_data);
     if (option->text)
         m_data.*option->text = value.toString();
     else
         m_data.*option->list = value.toStringList();
-    if (before == valueOf(m_data, *option))
+    if (before == option->valueIn(m_data))
         return;
     finishChange();
     postOptionChange(name);

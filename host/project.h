@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-#include "host/devicearg.h"
 #include "host/filemark.h"
+#include "host/projectdata.h"
 
 namespace Core {
 
@@ -19,35 +19,6 @@ inline const char *projectFileSuffix()
 // A path of a project file, or of a list of sources, as seen from a folder: absolute and clean. The toolkit's
 // own functions take a name that begins with a colon for something else than a file.
 QString absoluteIn(const QString &folder, const QString &path);
-
-// One source file of a project. Paths are absolute in memory and relative to the project's folder in
-// the project file.
-struct SourceFile
-{
-    QString path;
-    int type = 0; // TE::FileType
-    bool enabled = true;
-    QString library;           // of VHDL; empty: as the sources say
-    bool onlyWhenUsed = false; // a library file: modules of it that nothing uses are no part of the design
-};
-
-// All that a project file holds. A value: load, edit and save are separate steps.
-struct ProjectData
-{
-    QString name;
-    QList<SourceFile> files;     // in the order given; design files and ".zub" files alike
-    QString topModule;           // empty: found from the sources
-    QStringList includePaths;    // absolute, or relative to the project's folder
-    QStringList libraryPaths;    // folders searched for modules that no source defines, same forms
-    QStringList librarySuffixes; // of the files in them, with the dot; empty: the usual ones
-    QStringList defines;         // NAME or NAME=VALUE
-    QStringList undefines;       // macros that the tools define and the design shall not see
-    QStringList parameters;      // NAME=VALUE: parameters and generics of the top module
-    QString verilogStandard;     // "1364-1995" "1364-2001" "1364-2005" "1800-2005" ... as the elaborator
-                                 // takes them; empty: by file type
-    QString synthesisTool;
-    DEV::DeviceArg device;
-};
 
 // The open project. Every single change posts the host event that belongs to it (see TE::DesignManager)
 // and marks the project modified; nothing reaches the disk before save().
@@ -95,9 +66,7 @@ public:
     void setFileType(const QString &path, int type);        // posts "TE.File.Change.Type"
     // Posts the event of a type that was set anew: hosts know of none for libraries.
     void setFileLibrary(const QString &path, const QString &library);
-    // Options by the host's names: "TopModule", "IncludePath", "Verilog_Standard", "Synthesize_tool",
-    // "Defines", "LibraryPath", "LibrarySuffix", "Undefines", "Parameters". Posts "TE.Option.Change" when the
-    // value differs.
+    // Options by the host's names, see projectOptions. Posts "TE.Option.Change" when the value differs.
     QVariant option(const QString &name) const; // invalid for a name that is none of these
     void setOption(const QString &name, const QVariant &value);
     void setDevice(const DEV::DeviceArg &device); // posts "TE.Device.Change"

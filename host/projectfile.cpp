@@ -9,7 +9,6 @@
 
 #include "host/designmanager.h"
 #include "host/jsonfault.h"
-#include "host/projectoptions.h"
 
 namespace Core {
 namespace {
@@ -281,10 +280,9 @@ QByteArray projectToJson(const ProjectData &data, const QString &folder)
     for (const SourceFile &file : data.files)
         document["files"].push_back(fileObject(file, folder));
     for (const ProjectOption &option : projectOptions) {
-        if (option.text)
-            document[option.key] = toStd(data.*option.text);
-        else if (!option.isOptional || !(data.*option.list).isEmpty())
-            document[option.key] = textList(data.*option.list);
+        const bool isEmpty = option.text ? (data.*option.text).isEmpty() : (data.*option.list).isEmpty();
+        if (!isEmpty || !option.is(OptionalTrait))
+            document[option.key] = option.text ? Json(toStd(data.*option.text)) : textList(data.*option.list);
     }
     document["device"] = deviceObject(data.device);
     const std::string text = document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';

@@ -66,7 +66,7 @@ JexSignalSelectDialog::JexSignalSelectDialog(QUARRY::RtlNetlist *netlist, QWidge
     m_ui->radioButtonNormal->setChecked(true);
     m_ui->checkBoxAdvancedFilter->setChecked(false);
     m_ui->frameAdvanced->hide();
-    m_ui->treeWidget->setHeaderHidden(true);
+    setUpResultColumns(m_ui->treeWidget);
     QUtil::useRowDelegate(m_ui->treeWidget);
     setUpModuleBox();
     m_ui->treeWidget->setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -24,23 +24,7 @@ const Qt::ItemFlags usable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 class ResultRow : public QTreeWidgetItem
 {
 public:
-    QVariant data(int column, int role) const override
-    {
-        if (column == 0) {
-            if (role == Qt::DisplayRole)
-                return text();
-            if (role == Qt::UserRole)
-                return QVariant::fromValue(record());
-            if (role == Qt::ForegroundRole)
-                return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
-            if (role == Qt::ToolTipRole)
-                return QUtil::plainToolTip(
-                    flags() & Qt::ItemIsSelectable ? toolTip() : toolTip() + QLatin1Char('\n') + excluded());
-            if (role == Qt::AccessibleTextRole && !(flags() & Qt::ItemIsSelectable))
-                return QString(text() + QLatin1String(", ") + excluded());
-        }
-        return QTreeWidgetItem::data(column, role);
-    }
+    QVariant data(int column, int role) const override;
 
     virtual JEX::SignalItem record() const = 0;
     virtual QString text() const = 0;
@@ -59,6 +43,34 @@ protected:
             setFlags(flags() & ~usable);
     }
 };
+
+// A column: its title and the text of a row in it.
+const struct
+{
+    const char *title;
+    QString (ResultRow::*text)() const;
+} columns[] = {
+    {QT_TRANSLATE_NOOP("ResultRow", "Name"), &ResultRow::text},
+};
+const int resultColumns = int(sizeof columns / sizeof *columns);
+
+QVariant ResultRow::data(int column, int role) const
+{
+    if (column >= resultColumns)
+        return QTreeWidgetItem::data(column, role);
+    if (role == Qt::DisplayRole)
+        return (this->*columns[column].text)();
+    if (role == Qt::UserRole && column == 0)
+        return QVariant::fromValue(record());
+    if (role == Qt::ForegroundRole)
+        return flags() & Qt::ItemIsSelectable ? QVariant() : QVariant(QBrush(Qt::gray));
+    if (role == Qt::ToolTipRole)
+        return QUtil::plainToolTip(
+            flags() & Qt::ItemIsSelectable ? toolTip() : toolTip() + QLatin1Char('\n') + excluded());
+    if (role == Qt::AccessibleTextRole && !(flags() & Qt::ItemIsSelectable))
+        return QString((this->*columns[column].text)() + QLatin1String(", ") + excluded());
+    return QTreeWidgetItem::data(column, role);
+}
 
 class NetRow : public ResultRow
 {
@@ -193,6 +205,15 @@ private:
 };
 
 } // namespace
+
+void setUpResultColumns(QTreeWidget *tree)
+{
+    QStringList titles;
+    for (const auto &column : columns)
+        titles << QCoreApplication::translate("ResultRow", column.title);
+    tree->setHeaderLabels(titles);
+    tree->setHeaderHidden(resultColumns == 1);
+}
 
 void showFlatResult(QTreeWidget *tree, const QList<QUARRY::RtlNet *> &nets,
                     const QList<QUARRY::RtlNetBus *> &buses)

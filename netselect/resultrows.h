@@ -19,6 +19,9 @@ struct ModuleForWidget;
 // of signal2TreeItem() would, but makes them when it is asked: a result can have a million rows. Until they
 // are cleared they point into the netlist.
 
+// The header is hidden while there is one column.
+void setUpResultColumns(QTreeWidget *tree);
+
 // Buses with their bits, then single nets, under their full names.
 void showFlatResult(QTreeWidget *tree, const QList<QUARRY::RtlNet *> &nets,
                     const QList<QUARRY::RtlNetBus *> &buses);

@@ -1,16 +1,13 @@
 #pragma once
 
 #include <QMap>
-#include <QScopedPointer>
 #include <QString>
 #include <QVariant>
 #include <QWizardPage>
 
-namespace RTLJEX {
+class QButtonGroup;
 
-namespace Ui {
-class JexModePage;
-}
+namespace RTLJEX {
 
 // Asks for the mode of the new file; writes "jex_mode".
 class JexModePage : public QWizardPage
@@ -19,13 +16,12 @@ class JexModePage : public QWizardPage
 
 public:
     JexModePage(QMap<QString, QVariant> *fields, QWidget *parent);
-    ~JexModePage() override;
 
     bool validatePage() override;
 
 private:
     QMap<QString, QVariant> *m_fields; // the wizard's
-    QScopedPointer<Ui::JexModePage> m_ui;
+    QButtonGroup *m_modes;             // each by its number
 };
 
 } // namespace RTLJEX

@@ -15,6 +15,22 @@
 <context>
     <name>Core::ProjectOption</name>
     <message>
+        <source>&amp;Top module:</source>
+        <translation>&amp;Top-Modul:</translation>
+    </message>
+    <message>
+        <source>&amp;Verilog standard:</source>
+        <translation>&amp;Verilog-Standard:</translation>
+    </message>
+    <message>
+        <source>&amp;Synthesis tool:</source>
+        <translation>&amp;Synthesewerkzeug:</translation>
+    </message>
+    <message>
+        <source>By file type</source>
+        <translation>Nach Dateityp</translation>
+    </message>
+    <message>
         <source>Include Paths</source>
         <translation>Include-Pfade</translation>
     </message>
@@ -2016,6 +2032,10 @@ Möchten Sie sie neu laden?</translation>
     <message>
         <source>Excluded: tied to a constant, or a bidirectional pin</source>
         <translation>Ausgeschlossen: liegt auf einer Konstanten oder ist ein bidirektionaler Pin</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
     </message>
 </context>
 <context>

@@ -1340,24 +1340,8 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
 <context>
     <name>Workbench::OptionsDialog</name>
     <message>
-        <source>By file type</source>
-        <translation>Nach Dateityp</translation>
-    </message>
-    <message>
         <source>Project Options</source>
         <translation>Projektoptionen</translation>
-    </message>
-    <message>
-        <source>&amp;Top module:</source>
-        <translation>&amp;Top-Modul:</translation>
-    </message>
-    <message>
-        <source>&amp;Verilog standard:</source>
-        <translation>&amp;Verilog-Standard:</translation>
-    </message>
-    <message>
-        <source>&amp;Synthesis tool:</source>
-        <translation>&amp;Synthesewerkzeug:</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,8 @@
 #include "host/designmanager.h"
 #include "host/designnews.h"
 #include "host/eventmanager.h"
+#include "host/projectdata.h"
+#include "plugin/jexinserterview.h"
 
 namespace RTLJEX {
 namespace {
@@ -18,13 +20,12 @@ bool isEnabledDesignFile(const QString &path)
     return info.enabled && isDesignType(info.type);
 }
 
-DesignReaction optionReaction(const QString &option)
+QString optionQuestion(const QString &name)
 {
-    if (option == QLatin1String("TopModule"))
-        return TopModuleChanged;
-    if (option == QLatin1String("IncludePath") || option == QLatin1String("Verilog_Standard"))
-        return DesignFilesChanged;
-    return NoReaction;
+    const Core::ProjectOption *option = Core::findOption(name);
+    if (!option || !option->is(Core::ReloadTrait))
+        return QString();
+    return option->text == &Core::ProjectData::topModule ? topModuleQuestion() : designFilesQuestion();
 }
 
 bool designFilesChanged(const QString &topic, const QMap<QString, QVariant> &data)
@@ -54,12 +55,22 @@ void unsubscribeDesignEvents(QUtil::IEventHandler *handler)
         QUtil::EventManager::instance()->unsubscribe(handler, QLatin1String(topic));
 }
 
-DesignReaction designReaction(const QUtil::IEvent *event)
+QString designFilesQuestion()
+{
+    return JexInserterView::tr("Design files changed. Do you want to reload?");
+}
+
+QString topModuleQuestion()
+{
+    return JexInserterView::tr("Top module changed. Do you want to reload?");
+}
+
+QString designQuestion(const QUtil::IEvent *event)
 {
     const QMap<QString, QVariant> data = event->data();
     if (event->topic() == QLatin1String("TE.Option.Change"))
-        return optionReaction(data.value("option").toString());
-    return designFilesChanged(event->topic(), data) ? DesignFilesChanged : NoReaction;
+        return optionQuestion(data.value("option").toString());
+    return designFilesChanged(event->topic(), data) ? designFilesQuestion() : QString();
 }
 
 } // namespace RTLJEX

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace QUtil {
 class IEvent;
 class IEventHandler;
@@ -11,10 +13,12 @@ namespace RTLJEX {
 void subscribeDesignEvents(QUtil::IEventHandler *handler);
 void unsubscribeDesignEvents(QUtil::IEventHandler *handler);
 
-enum DesignReaction { NoReaction, DesignFilesChanged, TopModuleChanged };
+// What an editor asks its user.
+QString designFilesQuestion();
+QString topModuleQuestion();
 
-// What an event means for an editor: only enabled design sources, include paths, the language standard and
-// the top module matter.
-DesignReaction designReaction(const QUtil::IEvent *event);
+// The question that an event makes it ask; empty when it does not matter: only enabled design sources do, and
+// options whose row says so.
+QString designQuestion(const QUtil::IEvent *event);
 
 } // namespace RTLJEX

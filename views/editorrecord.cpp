@@ -330,21 +330,9 @@ void EditorRecord::handleEvent(const QUtil::IEvent *event)
 {
     if (designChangePending)
         return;
-    const DesignReaction reaction = designReaction(event);
-    if (reaction == DesignFilesChanged)
-        askAboutDesignFiles();
-    else if (reaction == TopModuleChanged)
-        askAboutTopModule();
-}
-
-void EditorRecord::askAboutDesignFiles()
-{
-    askAboutDesign(JexInserterView::tr("Design files changed. Do you want to reload?"));
-}
-
-void EditorRecord::askAboutTopModule()
-{
-    askAboutDesign(JexInserterView::tr("Top module changed. Do you want to reload?"));
+    const QString question = designQuestion(event);
+    if (!question.isEmpty())
+        askAboutDesign(question);
 }
 
 void EditorRecord::askAboutDesign(const QString &question)

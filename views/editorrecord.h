@@ -55,8 +55,7 @@ public:
     virtual void setNlsData(QUARRY::RtlNetlist *fresh) = 0;
     DesignReading readNetlist(); // nothing changes while another reading is under way
     void handleEvent(const QUtil::IEvent *event);
-    void askAboutDesignFiles();
-    void askAboutTopModule();
+    void askAboutDesign(const QString &question); // whether it is to be read again
 
     // What is wrong with the cores as they were read or saved last.
     bool check(QString *errors) const;
@@ -117,7 +116,6 @@ private:
     bool readCores(QString *errorMessage); // and shows them
     void collectSignals(Configuration *copy) const;
     void showSignals(const Configuration &copy);
-    void askAboutDesign(const QString &question);
     void endFileBanner(QObject *banner);
     void abandonView();
     void closeView();

@@ -6,6 +6,7 @@
 #include "host/modal.h"
 #include "options/signalpage.h"
 #include "signals/namedsignals.h"
+#include "views/designevents.h"
 #include "views/designreading.h"
 #include "views/editorplace.h"
 #include "views/editorrecord.h"
@@ -191,12 +192,12 @@ QStringList EditorView::includePaths()
 
 void EditorView::designFileChanged()
 {
-    m_record->askAboutDesignFiles();
+    m_record->askAboutDesign(designFilesQuestion());
 }
 
 void EditorView::topModuleChanged()
 {
-    m_record->askAboutTopModule();
+    m_record->askAboutDesign(topModuleQuestion());
 }
 
 bool EditorView::reloadJexFile()

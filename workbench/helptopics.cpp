@@ -6,7 +6,7 @@
 
 static void initializeResources()
 {
-    Q_INIT_RESOURCE(workbench);
+    Q_INIT_RESOURCE(guide);
 }
 
 namespace Workbench {

@@ -8,7 +8,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "host/projectoptions.h"
+#include <iterator>
+
+#include "host/project.h"
 #include "workbench/stringlistedit.h"
 #include "workbench/topmodules.h"
 #include "workbench/windowmemory.h"
@@ -16,77 +18,73 @@
 namespace Workbench {
 namespace {
 
-QString byFileType()
+QString translated(const char *text)
 {
-    return OptionsDialog::tr("By file type");
+    return *text ? QCoreApplication::translate("Core::ProjectOption", text) : QString();
 }
 
-QComboBox *newCombo(const char *objectName, const QStringList &entries, const QString &value)
+QComboBox *newBox(const Core::ProjectData &data, const Core::ProjectOption &option)
 {
-    auto *combo = new QComboBox;
-    combo->setObjectName(objectName);
-    combo->setEditable(true);
-    combo->addItems(entries);
-    combo->setCurrentText(value);
-    return combo;
+    const QString value = data.*option.text;
+    if (option.text == &Core::ProjectData::topModule)
+        return new TopModuleBox(value);
+    auto *box = new QComboBox;
+    box->setEditable(true);
+    box->addItem(translated(option.hint));
+    box->addItems(QString(option.choices).split(' '));
+    box->setCurrentText(value.isEmpty() ? translated(option.hint) : value);
+    return box;
+}
+
+QWidget *newList(const Core::Project &project, const Core::ProjectOption &option)
+{
+    auto *list = new StringListEdit;
+    list->setValues(project.data().*option.list);
+    if (option.is(Core::FolderTrait))
+        list->chooseFoldersFrom(project.workingDir());
+    list->findChild<QListWidget *>()->setAccessibleName(translated(option.title));
+    return list;
 }
 
 } // namespace
 
-OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent)
-    : QDialog(parent),
-      m_project(project),
-      m_top(new TopModuleBox(project->data().topModule)),
-      m_lists(new QTabWidget)
+OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent) : QDialog(parent), m_project(project)
 {
-    const Core::ProjectData &data = project->data();
     setWindowTitle(tr("Project Options"));
     resize(560, 420);
-    m_top->setObjectName("topModule");
-    m_standard = newCombo("verilogStandard",
-                          {byFileType(), "1364-1995", "1364-2001", "1364-2005", "1800-2005", "1800-2009",
-                           "1800-2012", "1800-2017"},
-                          data.verilogStandard.isEmpty() ? byFileType() : data.verilogStandard);
-    m_tool = newCombo("synthesisTool", {"", "TarselSynthesis", "Synplify"}, data.synthesisTool);
-
     auto *form = new QFormLayout;
-    form->addRow(tr("&Top module:"), m_top);
-    form->addRow(tr("&Verilog standard:"), m_standard);
-    form->addRow(tr("&Synthesis tool:"), m_tool);
-    m_lists->setUsesScrollButtons(false);
+    auto *lists = new QTabWidget;
+    lists->setUsesScrollButtons(false);
     for (const Core::ProjectOption &option : Core::projectOptions) {
-        if (!option.list)
-            continue;
-        const QString title = QCoreApplication::translate("Core::ProjectOption", option.title);
-        auto *list = new StringListEdit(this);
-        list->setObjectName(option.key);
-        list->setValues(data.*option.list);
-        if (option.isFolders)
-            list->chooseFoldersFrom(project->workingDir());
-        list->findChild<QListWidget *>()->setAccessibleName(title);
-        m_lists->setTabToolTip(m_lists->addTab(list, title),
-                               QCoreApplication::translate("Core::ProjectOption", option.hint));
+        QWidget *field = option.text ? newBox(project->data(), option) : newList(*project, option);
+        field->setObjectName(option.key);
+        if (option.text)
+            form->addRow(translated(option.title), field);
+        else
+            lists->setTabToolTip(lists->addTab(field, translated(option.title)), translated(option.hint));
     }
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &OptionsDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addWidget(m_lists);
+    layout->addWidget(lists);
     layout->addWidget(buttons);
     WindowMemory::keep(this, "options");
 }
 
 void OptionsDialog::accept()
 {
-    const QString standard = m_standard->currentText().trimmed();
-    for (const Core::ProjectOption &option : Core::projectOptions) {
-        if (option.list)
-            m_project->setOption(option.name, m_lists->findChild<StringListEdit *>(option.key)->values());
+    // The top module is the first and comes last: who asks about the design asks about its sources if it can.
+    for (auto option = std::rbegin(Core::projectOptions); option != std::rend(Core::projectOptions);
+         ++option) {
+        if (option->list) {
+            m_project->setOption(option->name, findChild<StringListEdit *>(option->key)->values());
+            continue;
+        }
+        const QString text = findChild<QComboBox *>(option->key)->currentText().trimmed();
+        m_project->setOption(option->name, text == translated(option->hint) ? QString() : text);
     }
-    m_project->setOption("Verilog_Standard", standard == byFileType() ? QString() : standard);
-    m_project->setOption("Synthesize_tool", m_tool->currentText().trimmed());
-    m_project->setOption("TopModule", m_top->currentText().trimmed());
     QDialog::accept();
 }
 

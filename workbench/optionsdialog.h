@@ -2,17 +2,14 @@
 
 #include <QDialog>
 
-class QComboBox;
-class QTabWidget;
 namespace Core {
 class Project;
 }
 
 namespace Workbench {
 
-class TopModuleBox;
-
-// The options of a project. Accepting sets those that differ, each as one change of the project.
+// The options of a project. Each has a field that is called as its key. Accepting sets those that differ,
+// each as one change of the project.
 class OptionsDialog : public QDialog
 {
     Q_OBJECT
@@ -24,10 +21,6 @@ public:
 
 private:
     Core::Project *m_project; // not owned; open as long as the dialog
-    TopModuleBox *m_top;
-    QComboBox *m_standard;
-    QComboBox *m_tool;
-    QTabWidget *m_lists; // a StringListEdit for each option that is a list, under its key
 };
 
 } // namespace Workbench

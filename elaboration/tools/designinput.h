@@ -32,8 +32,19 @@ struct DesignInput
     QString workingDir;
 };
 
-// The lists of words in it, by the names under which the host hands them over. Taking them from the host and
-// telling whether two designs are read in the same way walk the table.
+// What it holds beside the files, by the names under which the host hands them over. Taking them from the
+// host and telling whether two designs are read in the same way walk the tables.
+struct DesignText
+{
+    const char *name;
+    QString DesignInput::*text;
+};
+inline constexpr DesignText designTexts[] = {
+    {"Top", &DesignInput::top},
+    {"Verilog_Standard", &DesignInput::verilogStandard},
+    {"WorkingDir", &DesignInput::workingDir},
+};
+
 struct DesignList
 {
     const char *name;

@@ -6,15 +6,6 @@ namespace JEX {
 
 namespace {
 
-struct ModeText
-{
-    JexMode mode;
-    const char *name;
-};
-
-const ModeText modes[] = {{StandardMode, "Standard"}, {LiteMode, "Lite"}};
-static_assert(sizeof modes / sizeof *modes == std::variant_size_v<CoreList>, "each mode has a name");
-
 template <class Core>
 JexMode modeOfList(const QList<Core *> &)
 {
@@ -36,7 +27,7 @@ CoreList listOf(JexMode mode)
 
 const char *modeName(JexMode mode)
 {
-    for (const ModeText &text : modes) {
+    for (const ModeText &text : modeTexts) {
         if (text.mode == mode) {
             return text.name;
         }
@@ -46,7 +37,7 @@ const char *modeName(JexMode mode)
 
 JexMode modeNamed(const QString &name)
 {
-    for (const ModeText &text : modes) {
+    for (const ModeText &text : modeTexts) {
         if (name == QLatin1String(text.name)) {
             return text.mode;
         }
@@ -57,7 +48,7 @@ JexMode modeNamed(const QString &name)
 QStringList modeNames()
 {
     QStringList names;
-    for (const ModeText &text : modes) {
+    for (const ModeText &text : modeTexts) {
         names << QLatin1String(text.name);
     }
     return names;

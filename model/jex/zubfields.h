@@ -7,6 +7,10 @@
 
 namespace JEX {
 
+// The newest version of the format. A file says the lowest one that holds what is in it, so that files
+// without anything new keep their bytes and older editors.
+enum { ZubVersion = 1 };
+
 // One table for each record: what its fields are called, what they may hold, and how they are shown. The
 // reader and the writer of the ".zub" format and all that prints or compares records walk it, so that a new
 // field is one row. Lists of other records are no fields.
@@ -35,6 +39,7 @@ struct Field
 
     FieldPart part = SettingPart;
     bool isOptional = false;  // not written when it is as in a new record
+    int version = 1;          // of the format, the first that has the field
     const char *title = name; // for people
     // A table of such records has a column for it: "port 2", "no".
     bool isColumn = true;
@@ -56,6 +61,12 @@ struct Field
     {
         isOptional = true;
         return *this;
+    }
+    // Of a later version, and so optional.
+    constexpr Field &since(int newVersion)
+    {
+        version = newVersion;
+        return optional();
     }
     constexpr Field &titled(const char *newTitle)
     {
@@ -119,7 +130,5 @@ FieldTable<Record> fieldsOf()
 
 // How deep <signal> may nest; a bus in a group is 3.
 enum { SignalDepthLimit = 8 };
-
-enum { ZubVersion = 1 };
 
 } // namespace JEX

@@ -109,7 +109,8 @@ bool ZubReader::readHead(JexMode mode)
                         latin("."));
     }
     const QString version = attributes.value(latin("version")).toString();
-    if (version != QString::number(ZubVersion)) {
+    m_version = version.toInt();
+    if (m_version < 1 || m_version > ZubVersion || version != QString::number(m_version)) {
         return failFile(latin(" has the format version ") + quoted(version) +
                         latin("; this editor reads version ") + QString::number(ZubVersion) + latin("."));
     }
@@ -159,7 +160,7 @@ bool ZubReader::readFields(Record *record)
     bool hasKey = false;
     for (const QXmlStreamAttribute &attribute : attributes) {
         const Field<Record> *field = findField(table, attribute.qualifiedName(), next);
-        if (!field) {
+        if (!field || field->version > m_version) {
             return failUnknownAttribute(attribute);
         }
         if (!readField(attribute, *field, record)) {

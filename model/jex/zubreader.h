@@ -52,6 +52,7 @@ private:
     bool readExpression(AoCore *core);
     bool readSignals(QList<SignalItem> *items, int depth);
 
+    int m_version = 0;         // of the file
     quint32 m_coreNumbers = 0; // bit n: a core n, and likewise below for the core that is being read
     quint32 m_portNumbers = 0;
     quint32 m_unitNumbers = 0;

@@ -62,8 +62,8 @@ class FieldWriter
 public:
     FieldWriter();
 
-    // False, with a sentence, when a reader would not take a value.
-    bool write(const Record &record, QXmlStreamWriter *xml, QString *error) const;
+    // False, with a sentence, when a reader would not take a value. Raises the version to that of the fields.
+    bool write(const Record &record, QXmlStreamWriter *xml, int *version, QString *error) const;
     bool isNew(const Record &record) const; // says nothing but its key
 
 private:
@@ -101,7 +101,8 @@ FieldWriter<Record>::FieldWriter()
 }
 
 template <class Record>
-bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, QString *error) const
+bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, int *version,
+                                QString *error) const
 {
     for (const Attribute &attribute : m_attributes) {
         const Field<Record> &field = *attribute.field;
@@ -115,6 +116,7 @@ bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, QSt
                          .arg(value, attribute.name, field.rule.description());
             return false;
         }
+        *version = qMax(*version, field.version);
         xml->writeAttribute(attribute.name, textOf(record, attribute));
     }
     return true;
@@ -148,10 +150,14 @@ bool FieldWriter<Record>::isNew(const Record &record) const
 class ZubWriter
 {
 public:
-    explicit ZubWriter(QByteArray *bytes) : m_xml(bytes) { m_xml.setAutoFormatting(true); }
+    ZubWriter(QByteArray *bytes, int version) : m_xml(bytes), m_version(version)
+    {
+        m_xml.setAutoFormatting(true);
+    }
 
     template <class Core>
     bool write(const QList<Core *> &cores);
+    int version() const { return m_version; } // that was said, or the one that is needed
 
     QString error;
 
@@ -170,6 +176,7 @@ private:
     bool writeList(const char *element, const QList<SignalItem> &items);
 
     QXmlStreamWriter m_xml;
+    int m_version;
     const FieldWriter<TriggerPort> m_port;
     const FieldWriter<MatchUnit> m_unit;
     const FieldWriter<SignalItem> m_signal;
@@ -196,7 +203,7 @@ bool ZubWriter::write(const QList<Core *> &cores)
     }
     m_xml.writeStartDocument();
     m_xml.writeStartElement(latin("jexconfig"));
-    m_xml.writeAttribute(latin("version"), QString::number(ZubVersion));
+    m_xml.writeAttribute(latin("version"), QString::number(m_version));
     m_xml.writeAttribute(latin("mode"), latin(modeName(modeOf<Core>())));
     const FieldWriter<Core> fields;
     quint32 seen = 0;
@@ -218,7 +225,7 @@ template <class Core>
 bool ZubWriter::writeCore(const Core &core, const FieldWriter<Core> &fields)
 {
     m_xml.writeStartElement(latin("core"));
-    if (!fields.write(core, &m_xml, &error) || !writeTrigger(core) ||
+    if (!fields.write(core, &m_xml, &m_version, &error) || !writeTrigger(core) ||
         !writeList("signals", core.captureSignals)) {
         return false;
     }
@@ -256,7 +263,7 @@ bool ZubWriter::writeTrigger(const AoCore &core)
 bool ZubWriter::writePort(const TriggerPort &port)
 {
     m_xml.writeStartElement(latin("port"));
-    const bool done = m_port.write(port, &m_xml, &error) && writeSignals(port.signalItems, 1);
+    const bool done = m_port.write(port, &m_xml, &m_version, &error) && writeSignals(port.signalItems, 1);
     m_xml.writeEndElement();
     return done;
 }
@@ -264,7 +271,7 @@ bool ZubWriter::writePort(const TriggerPort &port)
 bool ZubWriter::writeUnit(const MatchUnit &unit)
 {
     m_xml.writeEmptyElement(latin("unit"));
-    return m_unit.write(unit, &m_xml, &error);
+    return m_unit.write(unit, &m_xml, &m_version, &error);
 }
 
 bool ZubWriter::writeList(const char *element, const QList<SignalItem> &items)
@@ -287,7 +294,7 @@ bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
         } else {
             m_xml.writeStartElement(m_signalElement);
         }
-        if (!m_signal.write(item, &m_xml, &error)) {
+        if (!m_signal.write(item, &m_xml, &m_version, &error)) {
             return false;
         }
         if (!item.isSingle()) {
@@ -302,12 +309,19 @@ bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
 
 } // namespace
 
+// A field of a later version makes the head another one.
 bool zubFromCores(const CoreList &cores, QByteArray *bytes, QString *error)
 {
-    ZubWriter writer(bytes);
-    const bool done = std::visit([&writer](const auto &list) { return writer.write(list); }, cores);
-    *error = writer.error;
-    return done;
+    for (int version = 1;;) {
+        ZubWriter writer(bytes, version);
+        const bool done = std::visit([&writer](const auto &list) { return writer.write(list); }, cores);
+        *error = writer.error;
+        if (!done || writer.version() == version) {
+            return done;
+        }
+        version = writer.version();
+        bytes->clear();
+    }
 }
 
 } // namespace JEX

@@ -26,10 +26,10 @@ struct ToldEvent : QUtil::IEvent
     const QVariantMap m_values;
 };
 
-DesignReaction reaction(const char *topic, const QVariantMap &data)
+QString question(const char *topic, const QVariantMap &data)
 {
     const ToldEvent event(topic, data);
-    return designReaction(&event);
+    return designQuestion(&event);
 }
 
 } // namespace
@@ -41,6 +41,7 @@ class DesignReadingTest : public QObject
 private Q_SLOTS:
     void events()
     {
+        const QString aboutFiles("Design files changed. Do you want to reload?");
         Core::Project project;
         Core::ProjectData files;
         Core::ProjectManager::setCurrentProject(&project);
@@ -53,25 +54,26 @@ private Q_SLOTS:
         project.setFileEnabled("/p/off.v", false);
         for (const char *topic : {"TE.File.Add", "TE.File.Modified"}) {
             for (const char *path : {"/p/a.v", "/p/b.sv", "/p/c.vhd"})
-                QCOMPARE(reaction(topic, {{"file", path}}), DesignFilesChanged);
+                QCOMPARE(question(topic, {{"file", path}}), aboutFiles);
             for (const char *path : {"/p/off.v", "/p/x.zub", "/p/unknown.v"})
-                QCOMPARE(reaction(topic, {{"file", path}}), NoReaction);
+                QCOMPARE(question(topic, {{"file", path}}), QString());
         }
         Core::ProjectManager::setCurrentProject(nullptr);
 
         for (int type = 1; type <= 5; ++type) {
-            const DesignReaction expected = type >= 2 && type <= 4 ? DesignFilesChanged : NoReaction;
-            QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", true}}), expected);
-            QCOMPARE(reaction("TE.File.Remove", {{"type", type}, {"enable", false}}), NoReaction);
-            QCOMPARE(reaction("TE.File.Change.Enable", {{"type", type}, {"enable", false}}), expected);
-            QCOMPARE(reaction("TE.File.Change.Type", {{"type", type}, {"previous", 1}}), expected);
-            QCOMPARE(reaction("TE.File.Change.Type", {{"type", 0}, {"previous", type}}), expected);
+            const QString expected = type >= 2 && type <= 4 ? aboutFiles : QString();
+            QCOMPARE(question("TE.File.Remove", {{"type", type}, {"enable", true}}), expected);
+            QCOMPARE(question("TE.File.Remove", {{"type", type}, {"enable", false}}), QString());
+            QCOMPARE(question("TE.File.Change.Enable", {{"type", type}, {"enable", false}}), expected);
+            QCOMPARE(question("TE.File.Change.Type", {{"type", type}, {"previous", 1}}), expected);
+            QCOMPARE(question("TE.File.Change.Type", {{"type", 0}, {"previous", type}}), expected);
         }
-        QCOMPARE(reaction("TE.Option.Change", {{"option", "IncludePath"}}), DesignFilesChanged);
-        QCOMPARE(reaction("TE.Option.Change", {{"option", "Verilog_Standard"}}), DesignFilesChanged);
-        QCOMPARE(reaction("TE.Option.Change", {{"option", "TopModule"}}), TopModuleChanged);
-        QCOMPARE(reaction("TE.Option.Change", {{"option", "Synthesize_tool"}}), NoReaction);
-        QCOMPARE(reaction("TE.Device.Change", {{"type", 2}, {"option", "TopModule"}}), NoReaction);
+        QCOMPARE(question("TE.Option.Change", {{"option", "IncludePath"}}), aboutFiles);
+        QCOMPARE(question("TE.Option.Change", {{"option", "Verilog_Standard"}}), aboutFiles);
+        QCOMPARE(question("TE.Option.Change", {{"option", "TopModule"}}),
+                 QString("Top module changed. Do you want to reload?"));
+        QCOMPARE(question("TE.Option.Change", {{"option", "Synthesize_tool"}}), QString());
+        QCOMPARE(question("TE.Device.Change", {{"type", 2}, {"option", "TopModule"}}), QString());
     }
 
     void includePaths()

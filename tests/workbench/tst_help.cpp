@@ -51,15 +51,8 @@ private Q_SLOTS:
                     open << QFileInfo(target).completeBaseName();
             }
         }
-        QStringList files = QDir(GUIDE).entryList({"*.md"});
-        for (const char *page :
-             {"gateware", "hardware-flow", "jex", "project-file", "reliability", "zub-format"})
-            files << QString(page) + ".md";
-        for (QString &file : files)
-            file.chop(3);
-        files.sort();
-        seen.sort();
-        QCOMPARE(seen, files);
+        for (const QString &file : QDir(GUIDE).entryList({"*.md"}))
+            QVERIFY2(seen.contains(file.chopped(3)), qPrintable(file));
         for (const char *name : {"", "../index", "nothing", "Index"})
             QVERIFY(guidePage(name).isEmpty());
     }

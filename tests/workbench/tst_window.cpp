@@ -227,7 +227,10 @@ private Q_SLOTS:
         dialog.findChild<StringListEdit *>("undefines")->setValues({"U"});
         dialog.findChild<StringListEdit *>("parameters")->setValues({"P=1"});
         dialog.findChild<StringListEdit *>("librarySuffixes")->setValues({".vo"});
+        QStringList tops; // the last to change, since an editor asks about the first that it heard of
+        connect(project, &Core::Project::changed, &dialog, [&] { tops << project->data().topModule; });
         dialog.accept();
+        QCOMPARE(tops.indexOf("soc"), tops.size() - 1);
         const Core::ProjectData &data = project->data();
         QCOMPARE(
             QStringList({data.topModule, data.verilogStandard, data.defines.join(' '),
