@@ -449,7 +449,7 @@
 <context>
     <name>Workbench::DesignTrial</name>
     <message>
-        <source>&amp;Try Changed Designs</source>
+        <source>Tr&amp;y Changed Designs</source>
         <translation>Geänderte Designs &amp;testen</translation>
     </message>
     <message>
@@ -592,7 +592,7 @@
         <translation>Speichern &amp;unter...</translation>
     </message>
     <message>
-        <source>Save A&amp;ll</source>
+        <source>Sa&amp;ve All</source>
         <translation>&amp;Alle speichern</translation>
     </message>
     <message>
@@ -808,7 +808,7 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
         <translation>Projekt schl&amp;ießen</translation>
     </message>
     <message>
-        <source>&amp;Add Files...</source>
+        <source>Add &amp;Files...</source>
         <translation>Dateien &amp;hinzufügen...</translation>
     </message>
     <message>
@@ -962,7 +962,7 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>&amp;Save...</source>
+        <source>Sa&amp;ve...</source>
         <translation>&amp;Speichern...</translation>
     </message>
     <message>
@@ -1449,15 +1449,15 @@ Möchten Sie damit weiterarbeiten?</translation>
         <translation>Weitersu&amp;chen</translation>
     </message>
     <message>
-        <source>Find &amp;Previous</source>
+        <source>Find Pre&amp;vious</source>
         <translation>Rückwärts suc&amp;hen</translation>
     </message>
     <message>
-        <source>Move Rows &amp;Up</source>
+        <source>&amp;Move Rows Up</source>
         <translation>Zeilen nach &amp;oben</translation>
     </message>
     <message>
-        <source>Move Rows &amp;Down</source>
+        <source>Move Rows D&amp;own</source>
         <translation>Zeilen nach &amp;unten</translation>
     </message>
 </context>

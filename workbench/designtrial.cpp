@@ -28,7 +28,7 @@ bool isAnyEditorOpen()
 } // namespace
 
 DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *parent)
-    : QObject(parent), m_design(design), m_action(new QAction(tr("&Try Changed Designs"), this))
+    : QObject(parent), m_design(design), m_action(new QAction(tr("Tr&y Changed Designs"), this))
 {
     m_action->setCheckable(true);
     m_action->setChecked(!settings || settings->value(key, true).toBool());

@@ -281,7 +281,7 @@ void MessagePane::showMenu(const QPoint &position)
         menu->addSeparator();
     }
     menu->addAction(tr("&Copy"), [this] { copy(); })->setShortcut(QKeySequence::Copy);
-    menu->addAction(tr("&Save..."), [this] { save(); });
+    menu->addAction(tr("Sa&ve..."), [this] { save(); });
     menu->addAction(tr("C&lear"), [this] { m_model->clear(); });
     setIcons(menu.data());
     menu->exec(m_list->viewport()->mapToGlobal(position));

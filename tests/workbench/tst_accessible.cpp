@@ -2,6 +2,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QShortcut>
@@ -173,10 +174,11 @@ private:
         }
         for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
             add(button->shortcut(), button->text());
-        for (const QMenuBar *bar : window->findChildren<QMenuBar *>()) {
-            for (const QAction *menu : bar->actions())
-                add(QKeySequence::mnemonic(menu->text()), menu->text());
-        }
+        QList<QAction *> entries = qobject_cast<QMenu *>(window) ? window->actions() : QList<QAction *>();
+        for (const QMenuBar *bar : window->findChildren<QMenuBar *>())
+            entries += bar->actions();
+        for (const QAction *entry : qAsConst(entries))
+            add(QKeySequence::mnemonic(entry->text()), entry->text());
         for (const QString &key : owners.uniqueKeys()) {
             ++m_keys;
             const QStringList all = owners.values(key) + parts.values(key);
