@@ -1598,6 +1598,10 @@ Overwrite it, or discard what was edited here?</source>
         <translation>Und %1 weitere dieser Art.</translation>
     </message>
     <message>
+        <source>Nothing was added to %1: it is all there already.</source>
+        <translation>Nichts hinzugefügt in: %1. Es ist schon alles da.</translation>
+    </message>
+    <message>
         <source>Added to %1.</source>
         <translation>Hinzugefügt in: %1.</translation>
     </message>
