@@ -141,11 +141,11 @@ Workspace *MainWindow::workspace() const
 void MainWindow::attend(const QString &recoveryFolder)
 {
     m_recovery = new Recovery(recoveryFolder, m_workspace, this);
-    connect(m_recovery, &Recovery::message, this, &MainWindow::addMessage);
+    connect(m_recovery, &Recovery::message, m_messages, &MessagePane::addMessage);
     QList<QAction *> actions = m_fileMenu->actions();
     m_fileMenu->insertAction(actions.value(actions.indexOf(m_closeAction) + 1), m_recovery->draftAction());
     auto *trial = new DesignTrial(m_design, m_settings, this);
-    connect(trial, &DesignTrial::message, this, &MainWindow::addMessage);
+    connect(trial, &DesignTrial::message, m_messages, &MessagePane::addMessage);
     connect(trial, &DesignTrial::status, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
     m_projectMenu->addAction(trial->action());
