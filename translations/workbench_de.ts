@@ -740,10 +740,6 @@ Edits the configuration of logic analyzers that are built into an FPGA design: c
 Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design eingebaut werden: Netze für die Aufzeichnung wählen, ihren Umfang festlegen und sie für den Implementierungsablauf speichern.</translation>
     </message>
     <message>
-        <source>The desktop has no program for %1.</source>
-        <translation>Der Desktop hat kein Programm für %1.</translation>
-    </message>
-    <message>
         <source>Unnamed project</source>
         <translation>Unbenanntes Projekt</translation>
     </message>
@@ -1598,12 +1594,12 @@ Overwrite it, or discard what was edited here?</source>
         <translation>Und %1 weitere dieser Art.</translation>
     </message>
     <message>
-        <source>Nothing was added to %1: it is all there already.</source>
-        <translation>Nichts hinzugefügt in: %1. Es ist schon alles da.</translation>
-    </message>
-    <message>
         <source>Added to %1.</source>
         <translation>Hinzugefügt in: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was added to %1: it is all there already.</source>
+        <translation>Nichts hinzugefügt in: %1. Es ist schon alles da.</translation>
     </message>
 </context>
 <context>

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -15,7 +14,6 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "elaboration/tools/toollimits.h"
@@ -58,7 +56,7 @@ QLabel *newHint()
 {
     auto *hint = new QLabel;
     hint->setAlignment(Qt::AlignCenter);
-    hint->setEnabled(false);
+    hint->setForegroundRole(QPalette::PlaceholderText);
     return hint;
 }
 
@@ -116,6 +114,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
+    connect(m_workspace, &Workspace::savedAs, m_tree, &ProjectTree::showView);
     // A new view would come after everything else.
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::orderTabs);
     new Session(m_settings, m_workspace);
@@ -368,13 +367,12 @@ void MainWindow::onAbout()
                           .arg(QCoreApplication::applicationVersion()));
 }
 
-// Sources have no editor here: the desktop knows the user's.
 void MainWindow::openFromTree(const QString &path)
 {
     if (m_workspace->canEdit(path))
         m_workspace->openFile(path);
-    else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        addMessage(tr("The desktop has no program for %1.").arg(QDir::toNativeSeparators(path)), true);
+    else
+        m_sources->open({path, 0});
 }
 
 void MainWindow::onProjectReplaced()

@@ -253,6 +253,12 @@ private Q_SLOTS:
         QTreeWidgetItem *source = tree->findItems("top.v", Qt::MatchRecursive).value(0);
         QVERIFY(source);
         QCOMPARE(source->text(1), QString("rtl"));
+        Q_EMIT tree->fileActivated(m_dir->path("rtl/top.v")); // is shown in a tab as well
+        QCOMPARE(tree->selectedFiles(), QStringList(m_dir->path("rtl/top.v")));
+        QTest::keyPress(m_window.get(), Qt::Key_Control, Qt::ControlModifier); // and held, as for Ctrl+W
+        view()->parentWidget()->close();
+        QTest::keyRelease(m_window.get(), Qt::Key_Control);
+        QCOMPARE(tree->selectedFiles(), QStringList(m_dir->path("b.zub")));
         QFile::remove(m_dir->path("rtl/top.v"));
         QEvent activation(QEvent::WindowActivate);
         QCoreApplication::sendEvent(tree, &activation);
