@@ -56,7 +56,6 @@ QLabel *newHint()
 {
     auto *hint = new QLabel;
     hint->setAlignment(Qt::AlignCenter);
-    hint->setForegroundRole(QPalette::PlaceholderText);
     return hint;
 }
 

@@ -180,11 +180,13 @@ QList<QTreeWidgetItem *> ProjectTree::fileRows() const
 
 void ProjectTree::showView(Core::IView *view)
 {
+    // Also while Ctrl is held, which would add it.
+    const auto rowAlone = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
     const auto *source = qobject_cast<SourceView *>(view);
     const QString path = source ? source->path() : view ? view->editedFile().path : QString();
     for (QTreeWidgetItem *row : path.isEmpty() ? QList<QTreeWidgetItem *>() : fileRows()) {
         if (QUtil::isSameFile(row->data(0, PathRole).toString(), path))
-            setCurrentItem(row, 0, QItemSelectionModel::ClearAndSelect); // also while Ctrl is held
+            setCurrentItem(row, 0, rowAlone);
     }
 }
 
