@@ -19,8 +19,8 @@ public:
     // findings then. Returns how many there are.
     virtual int checkShown() const = 0;
 
-    // What the view shows of its file, "core 1 tab 0", by positions, for a host that opens the file again later.
-    // A place that is not there is left alone; it may come from anywhere.
+    // What the view shows of its file, "core 1 tab 0", by positions, for a host that opens the file again
+    // later. A place that is not there is left alone; it may come from anywhere.
     virtual QString shownPlace() const = 0;
     virtual void showPlace(const QString &place) = 0;
 };

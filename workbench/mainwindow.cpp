@@ -194,6 +194,13 @@ void MainWindow::restoreLayout()
     resize(size().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     QUARRY::setToolMemoryLimit(qint64(m_settings->value(toolMemoryKey).toInt()) << 20);
     restoreGeometry(m_settings->value("geometry").toByteArray());
+    // The screen may have been a larger one.
+    const QScreen *screen = QGuiApplication::screenAt(geometry().center());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    QRect place(geometry().topLeft(), size().boundedTo(room.size() - frame));
+    place.moveBottomRight({qMin(place.right(), room.right()), qMin(place.bottom(), room.bottom())});
+    if (!isMaximized() && !isFullScreen() && place != geometry())
+        setGeometry(place);
     restoreState(m_settings->value("layout").toByteArray());
 }
 

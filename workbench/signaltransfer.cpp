@@ -125,8 +125,7 @@ void SignalTransfer::add(const QMimeData &data, QWidget *view, const QWidget *wi
     if (!isTaken)
         return;
     const bool isNew = before.isEmpty() || stateOf(view) != before;
-    const QString text =
-        isNew ? tr("Added to %1.") : tr("Nothing was added to %1: it is all there already.");
+    const QString text = isNew ? tr("Added to %1.") : tr("Nothing was added to %1: it is all there already.");
     Q_EMIT message(text.arg(place), false);
 }
 

@@ -91,10 +91,10 @@ bool Workspace::checkView(Core::IView *view)
     const QString name = QFileInfo(view->editedFile().path).fileName();
     const int found = editor->checkShown();
     tellFindings(view);
-    Q_EMIT message(name + ": " +
-                       (found == 0 ? tr("The check found nothing.")
-                                   : tr("The check found this, in all: %1").arg(found)),
-                   found > 0);
+    Q_EMIT message(
+        name + ": " +
+            (found == 0 ? tr("The check found nothing.") : tr("The check found this, in all: %1").arg(found)),
+        false);
     return found == 0;
 }
 

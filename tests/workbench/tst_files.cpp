@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -298,6 +299,12 @@ private Q_SLOTS:
 
     void windowsKeepTheirSize()
     {
+        // The main window comes back to where as much of it can be seen as there is room for.
+        const QRect room = m_window->screen()->availableGeometry();
+        m_window->setGeometry(QRect(room.center(), m_window->size()));
+        m_window->close();
+        start();
+        QVERIFY(m_window->x() < room.center().x() && room.contains(m_window->geometry().topLeft()));
         const DEV::DeviceArg none;
         {
             Workbench::DeviceDialog dialog(none, m_window.get());
