@@ -1402,6 +1402,10 @@ Möchten Sie damit weiterarbeiten?</translation>
         <source>As soon as the design can be read, it can be opened again.</source>
         <translation>Sobald das Design lesbar ist, kann wieder geöffnet werden.</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>„%1“</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::RowFinder</name>
