@@ -304,7 +304,8 @@ private Q_SLOTS:
         m_window->setGeometry(QRect(room.center(), m_window->size()));
         m_window->close();
         start();
-        QVERIFY(m_window->x() < room.center().x() && room.contains(m_window->geometry().topLeft()));
+        const QPoint corner = m_window->geometry().topLeft();
+        QVERIFY(corner.x() < room.center().x() && room.contains(corner));
         const DEV::DeviceArg none;
         {
             Workbench::DeviceDialog dialog(none, m_window.get());
