@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 namespace Core {
 
@@ -16,12 +15,12 @@ public:
     // false leaves the view with its file.
     virtual bool saveFileAs(const QString &path) = 0;
 
-    // The check of a save, of what the view shows now, without saving: lines of what is wrong, none when
-    // nothing is.
-    virtual QStringList checkShown() const = 0;
+    // The check of a save, of what the view shows now, without saving: what is wrong is among the view's
+    // findings then. Returns how many there are.
+    virtual int checkShown() const = 0;
 
-    // What the view shows of its file, a word without line ends, for a host that opens the file again later.
-    // A place that is not there is left alone; it may come from anywhere.
+    // What the view shows of its file, "core 1 tab 0", by positions, for a host that opens the file again
+    // later. A place that is not there is left alone; it may come from anywhere.
     virtual QString shownPlace() const = 0;
     virtual void showPlace(const QString &place) = 0;
 };

@@ -44,12 +44,12 @@ protected:
     }
 };
 
-// A column: its title and the text of a row in it.
-const struct
+struct Column
 {
     const char *title;
-    QString (ResultRow::*text)() const;
-} columns[] = {
+    QString (ResultRow::*text)() const; // of a row
+};
+constexpr Column columns[] = {
     {QT_TRANSLATE_NOOP("ResultRow", "Name"), &ResultRow::text},
 };
 const int resultColumns = int(sizeof columns / sizeof *columns);

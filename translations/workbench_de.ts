@@ -668,7 +668,7 @@
 <context>
     <name>Workbench::DesignTrial</name>
     <message>
-        <source>&amp;Try Changed Designs</source>
+        <source>Tr&amp;y Changed Designs</source>
         <translation>Geänderte Designs &amp;testen</translation>
     </message>
     <message>
@@ -811,7 +811,7 @@
         <translation>Speichern &amp;unter...</translation>
     </message>
     <message>
-        <source>Save A&amp;ll</source>
+        <source>Sa&amp;ve All</source>
         <translation>&amp;Alle speichern</translation>
     </message>
     <message>
@@ -959,10 +959,6 @@ Edits the configuration of logic analyzers that are built into an FPGA design: c
 Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design eingebaut werden: Netze für die Aufzeichnung wählen, ihren Umfang festlegen und sie für den Implementierungsablauf speichern.</translation>
     </message>
     <message>
-        <source>The desktop has no program for %1.</source>
-        <translation>Der Desktop hat kein Programm für %1.</translation>
-    </message>
-    <message>
         <source>Unnamed project</source>
         <translation>Unbenanntes Projekt</translation>
     </message>
@@ -1027,7 +1023,7 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
         <translation>Projekt schl&amp;ießen</translation>
     </message>
     <message>
-        <source>&amp;Add Files...</source>
+        <source>Add &amp;Files...</source>
         <translation>Dateien &amp;hinzufügen...</translation>
     </message>
     <message>
@@ -1181,7 +1177,7 @@ Bearbeitet die Konfiguration von Logikanalysatoren, die in ein FPGA-Design einge
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>&amp;Save...</source>
+        <source>Sa&amp;ve...</source>
         <translation>&amp;Speichern...</translation>
     </message>
     <message>
@@ -1609,6 +1605,10 @@ Möchten Sie damit weiterarbeiten?</translation>
         <source>As soon as the design can be read, it can be opened again.</source>
         <translation>Sobald das Design lesbar ist, kann wieder geöffnet werden.</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>„%1“</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::RowFinder</name>
@@ -1652,15 +1652,15 @@ Möchten Sie damit weiterarbeiten?</translation>
         <translation>Weitersu&amp;chen</translation>
     </message>
     <message>
-        <source>Find &amp;Previous</source>
+        <source>Find Pre&amp;vious</source>
         <translation>Rückwärts suc&amp;hen</translation>
     </message>
     <message>
-        <source>Move Rows &amp;Up</source>
+        <source>&amp;Move Rows Up</source>
         <translation>Zeilen nach &amp;oben</translation>
     </message>
     <message>
-        <source>Move Rows &amp;Down</source>
+        <source>Move Rows D&amp;own</source>
         <translation>Zeilen nach &amp;unten</translation>
     </message>
 </context>
@@ -1808,6 +1808,10 @@ Overwrite it, or discard what was edited here?</source>
     <message>
         <source>Added to %1.</source>
         <translation>Hinzugefügt in: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was added to %1: it is all there already.</source>
+        <translation>Nichts hinzugefügt in: %1. Es ist schon alles da.</translation>
     </message>
 </context>
 <context>

@@ -186,15 +186,20 @@ bool EditorRecord::check(QString *errors) const
 }
 
 // Of a copy: the stored records are what a design that is read again is compared with.
-QStringList EditorRecord::checkShown()
+int EditorRecord::checkShown()
 {
     Snapshot shown;
     Configuration copy(configuration.mode());
     finishRenaming();
-    if (!Snapshot::fromBytes(snapshot(), &shown) || !readSnapshot(shown, &copy))
-        return QStringList(JexInserterView::tr("What is shown can not be put into a file."));
-    QString errors;
-    return copy.check(netlist, &errors) ? QStringList() : errors.split(QLatin1Char('\n'));
+    QList<CheckError> errors;
+    if (Snapshot::fromBytes(snapshot(), &shown) && readSnapshot(shown, &copy)) {
+        errors = copy.errors(netlist);
+    } else {
+        errors << CheckError();
+        errors.last().line = JexInserterView::tr("What is shown can not be put into a file.");
+    }
+    refuseSave(errors);
+    return errors.size();
 }
 
 QList<StaleSignal> EditorRecord::staleSignals() const

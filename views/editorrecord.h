@@ -59,8 +59,8 @@ public:
 
     // What is wrong with the cores as they were read or saved last.
     bool check(QString *errors) const;
-    QStringList checkShown();                                        // of the pages as they are now
-    const QList<CheckError> &refusals() const { return m_refusals; } // of the last save
+    int checkShown(); // of the pages as they are now; its findings are those that refuse a save
+    const QList<CheckError> &refusals() const { return m_refusals; } // of the last save or check
     // Of those that the pages show. Without a design none is stale.
     QList<StaleSignal> staleSignals() const;
     // Renames the signal, or with `alike` all that moved in the same way, by the rules of a rename; see

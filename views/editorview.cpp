@@ -140,7 +140,7 @@ bool EditorView::saveFileAs(const QString &path)
     return maySave() && m_record->saveFileAs(path);
 }
 
-QStringList EditorView::checkShown() const
+int EditorView::checkShown() const
 {
     return m_record->checkShown();
 }

@@ -48,7 +48,7 @@ public:
     Core::EditedFile editedFile() const override;
     bool reloadFile() override;
     bool saveFileAs(const QString &path) override;
-    QStringList checkShown() const override;
+    int checkShown() const override;
     QString shownPlace() const override; // core and tab
     void showPlace(const QString &place) override;
     // Of the core that is shown.

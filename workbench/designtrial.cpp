@@ -15,6 +15,7 @@ namespace Workbench {
 namespace {
 
 const char *const key = "tryDesigns";
+const char *const messageSource = "trial";
 
 bool isAnyEditorOpen()
 {
@@ -28,7 +29,7 @@ bool isAnyEditorOpen()
 } // namespace
 
 DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *parent)
-    : QObject(parent), m_design(design), m_action(new QAction(tr("&Try Changed Designs"), this))
+    : QObject(parent), m_design(design), m_action(new QAction(tr("Tr&y Changed Designs"), this))
 {
     m_action->setCheckable(true);
     m_action->setChecked(!settings || settings->value(key, true).toBool());
@@ -86,9 +87,9 @@ void DesignTrial::tell()
     const bool isUnreadable = m_design->state() == DesignNetlist::Unreadable;
     const QString fault = this->fault();
     if (fault != m_told && !fault.isEmpty())
-        Q_EMIT message(fault, isUnreadable);
+        Q_EMIT message(fault, isUnreadable, messageSource);
     else if (fault != m_told)
-        Q_EMIT message(tr("The design can be read again."), false);
+        Q_EMIT message(tr("The design can be read again."), false, messageSource);
     m_told = fault;
     Q_EMIT status(isUnreadable ? fault.section('\n', 0, 0) : QString());
     // Until it can be read, each change is another try.

@@ -27,7 +27,7 @@ public:
     void handleIEvent(const QUtil::IEvent *event) override;
 
 Q_SIGNALS:
-    void message(const QString &text, bool isError);
+    void message(const QString &text, bool isError, const QString &source);
     void status(const QString &text); // for the status bar; empty: nothing to say
 
 private:

@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include "check/snapshot.h"
+#include "host/ifileeditor.h"
 #include "host/isnapshot.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
@@ -67,7 +68,10 @@ void DuplicateCore::duplicate(int number)
     // Far from those that the editor counts up, also of cores that were removed.
     copy.identity = (quint64(1) << 48) + quint64(QDateTime::currentMSecsSinceEpoch());
     state.cores << copy;
-    dynamic_cast<Core::ISnapshot *>(view)->restoreSnapshot(state.toBytes());
+    auto *editor = dynamic_cast<Core::IFileEditor *>(view);
+    if (dynamic_cast<Core::ISnapshot *>(view)->restoreSnapshot(state.toBytes()) && editor)
+        editor->showPlace(QString("core %1 ").arg(state.cores.size() - 1) +
+                          editor->shownPlace().section(' ', 2)); // on the tab that was shown
 }
 
 } // namespace Workbench

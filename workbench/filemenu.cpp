@@ -51,7 +51,7 @@ QAction *FileMenu::addAction(const QString &text, const QKeySequence &key, const
 void FileMenu::addSaving()
 {
     m_fileActions << addAction(tr("Save &As..."), QKeySequence(), "saveAs", &FileMenu::onSaveAs);
-    m_viewActions << addAction(tr("Save A&ll"), QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
+    m_viewActions << addAction(tr("Sa&ve All"), QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
 }
 
 void FileMenu::addChecking()

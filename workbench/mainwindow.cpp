@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -15,7 +14,6 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "elaboration/tools/toollimits.h"
@@ -58,7 +56,6 @@ QLabel *newHint()
 {
     auto *hint = new QLabel;
     hint->setAlignment(Qt::AlignCenter);
-    hint->setEnabled(false);
     return hint;
 }
 
@@ -116,6 +113,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::updateState);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &MainWindow::updateState);
     connect(views, &Core::ViewManager::viewActiveted, m_tree, &ProjectTree::showView);
+    connect(m_workspace, &Workspace::savedAs, m_tree, &ProjectTree::showView);
     // A new view would come after everything else.
     connect(views, &Core::ViewManager::viewActiveted, this, &MainWindow::orderTabs);
     new Session(m_settings, m_workspace);
@@ -141,11 +139,11 @@ Workspace *MainWindow::workspace() const
 void MainWindow::attend(const QString &recoveryFolder)
 {
     m_recovery = new Recovery(recoveryFolder, m_workspace, this);
-    connect(m_recovery, &Recovery::message, this, &MainWindow::addMessage);
+    connect(m_recovery, &Recovery::message, m_messages, &MessagePane::addMessage);
     QList<QAction *> actions = m_fileMenu->actions();
     m_fileMenu->insertAction(actions.value(actions.indexOf(m_closeAction) + 1), m_recovery->draftAction());
     auto *trial = new DesignTrial(m_design, m_settings, this);
-    connect(trial, &DesignTrial::message, this, &MainWindow::addMessage);
+    connect(trial, &DesignTrial::message, m_messages, &MessagePane::addMessage);
     connect(trial, &DesignTrial::status, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
     m_projectMenu->addAction(trial->action());
@@ -196,6 +194,13 @@ void MainWindow::restoreLayout()
     resize(size().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     QUARRY::setToolMemoryLimit(qint64(m_settings->value(toolMemoryKey).toInt()) << 20);
     restoreGeometry(m_settings->value("geometry").toByteArray());
+    // The screen may have been a larger one.
+    const QScreen *screen = QGuiApplication::screenAt(geometry().center());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    QRect place(geometry().topLeft(), size().boundedTo(room.size() - frame));
+    place.moveBottomRight({qMin(place.right(), room.right()), qMin(place.bottom(), room.bottom())});
+    if (!isMaximized() && !isFullScreen() && place != geometry())
+        setGeometry(place);
     restoreState(m_settings->value("layout").toByteArray());
 }
 
@@ -368,13 +373,12 @@ void MainWindow::onAbout()
                           .arg(QCoreApplication::applicationVersion()));
 }
 
-// Sources have no editor here: the desktop knows the user's.
 void MainWindow::openFromTree(const QString &path)
 {
     if (m_workspace->canEdit(path))
         m_workspace->openFile(path);
-    else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        addMessage(tr("The desktop has no program for %1.").arg(QDir::toNativeSeparators(path)), true);
+    else
+        m_sources->open({path, 0});
 }
 
 void MainWindow::onProjectReplaced()

@@ -123,7 +123,7 @@ protected:
         if (model()->rowCount() > 0)
             return;
         QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+        painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(4, 4, -4, -4), Qt::AlignTop | Qt::AlignLeft,
                          MessagePane::tr("No messages."));
     }
@@ -215,12 +215,15 @@ void MessagePane::updateCounts()
         m_kinds.at(kind)->setText(tr(words[kind]).arg(m_model->count(Message::Kind(kind))));
 }
 
-void MessagePane::addMessage(const QString &text, bool isError)
+void MessagePane::addMessage(const QString &text, bool isError, const QString &source)
 {
     Message message;
     message.kind = isError ? Message::Error : text.startsWith("WARNING:") ? Message::Warning : Message::Note;
     message.text = text;
-    m_model->add(message);
+    if (source.isEmpty())
+        m_model->add(message);
+    else
+        m_model->setCurrent(source, {message});
 }
 
 // Once for all that come now. Who reads older messages is left there.
@@ -281,7 +284,7 @@ void MessagePane::showMenu(const QPoint &position)
         menu->addSeparator();
     }
     menu->addAction(tr("&Copy"), [this] { copy(); })->setShortcut(QKeySequence::Copy);
-    menu->addAction(tr("&Save..."), [this] { save(); });
+    menu->addAction(tr("Sa&ve..."), [this] { save(); });
     menu->addAction(tr("C&lear"), [this] { m_model->clear(); });
     setIcons(menu.data());
     menu->exec(m_list->viewport()->mapToGlobal(position));

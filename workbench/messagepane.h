@@ -23,8 +23,9 @@ class MessagePane : public QWidget, public Core::INetPlaces
 public:
     explicit MessagePane(QWidget *parent = nullptr);
 
-    // Plain text, may hold line ends. A "WARNING: " of a tool is told from a note.
-    void addMessage(const QString &text, bool isError);
+    // Plain text, may hold line ends. A "WARNING: " of a tool is told from a note. What the source, if there
+    // is one, said before is past.
+    void addMessage(const QString &text, bool isError, const QString &source = QString());
     MessageModel *model() const { return m_model; }
     QString toPlainText() const; // all lines, those that are filtered out too
 

@@ -143,7 +143,8 @@ bool NetlistPane::eventFilter(QObject *object, QEvent *event)
     if (object == m_pattern && (isReturn || key == Qt::Key_Down)) {
         rememberPattern();
         m_list->setFocus();
-        if (!m_list->currentIndex().isValid())
+        // With the focus alone a row is current, not chosen.
+        if (!m_list->selectionModel()->hasSelection())
             m_list->setCurrentIndex(m_nets->index(0, 0));
         return true;
     }

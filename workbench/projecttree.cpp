@@ -18,6 +18,7 @@
 #include "host/project.h"
 #include "host/regularfile.h"
 #include "workbench/icons.h"
+#include "workbench/sourceview.h"
 #include "workbench/topmodules.h"
 
 namespace Workbench {
@@ -179,10 +180,13 @@ QList<QTreeWidgetItem *> ProjectTree::fileRows() const
 
 void ProjectTree::showView(Core::IView *view)
 {
-    const QString path = view ? view->editedFile().path : QString();
+    // Also while Ctrl is held, which would add it.
+    const auto rowAlone = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    const auto *source = qobject_cast<SourceView *>(view);
+    const QString path = source ? source->path() : view ? view->editedFile().path : QString();
     for (QTreeWidgetItem *row : path.isEmpty() ? QList<QTreeWidgetItem *>() : fileRows()) {
         if (QUtil::isSameFile(row->data(0, PathRole).toString(), path))
-            setCurrentItem(row);
+            setCurrentItem(row, 0, rowAlone);
     }
 }
 
@@ -205,7 +209,7 @@ void ProjectTree::paintEvent(QPaintEvent *event)
     if (m_project)
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
                      tr("No project is open."));
 }

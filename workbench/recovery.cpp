@@ -31,6 +31,12 @@ QString shown(const QString &path)
     return QDir::toNativeSeparators(path);
 }
 
+// What is said of a file that was closed, until it is back.
+QString messageSource(const KeptState &state)
+{
+    return "kept " + state.file;
+}
+
 } // namespace
 
 Recovery::Recovery(const QString &folder, Workspace *workspace, QWidget *window)
@@ -163,7 +169,7 @@ void Recovery::abandon(Core::IView *view)
     Q_EMIT message(tr("%1 was closed, since the design cannot be read. What was edited is kept, and comes "
                       "back with the file.")
                        .arg(shown(state.file)),
-                   true);
+                   true, messageSource(state));
     // Behind its end, at which the copy of an open file is dropped.
     QTimer::singleShot(0, this, [this, state] {
         store(state);
@@ -246,7 +252,7 @@ bool Recovery::recover(const KeptState &state)
         Q_EMIT message(tr("What was edited of %1 could not be brought back. It is kept, and offered again at "
                           "the next start.")
                            .arg(shown(state.file)),
-                       true);
+                       true, messageSource(state));
     return isShown;
 }
 
@@ -259,7 +265,7 @@ bool Recovery::showState(const KeptState &state)
         return false;
     keep(view);
     Q_EMIT message(tr("Brought back what was edited of %1. It is not saved yet.").arg(shown(state.file)),
-                   false);
+                   false, messageSource(state));
     return true;
 }
 

@@ -37,7 +37,7 @@ public:
     void recoverWaiting();
 
 Q_SIGNALS:
-    void message(const QString &text, bool isError);
+    void message(const QString &text, bool isError, const QString &source = QString()); // see MessagePane
     void waitingChanged();
 
 private:

@@ -35,7 +35,7 @@ void ReopenBanner::update()
 {
     QStringList names;
     for (const KeptState &state : m_recovery->waiting())
-        names << '\'' + QFileInfo(state.file).fileName() + '\'';
+        names << tr("'%1'").arg(QFileInfo(state.file).fileName());
     m_design->setWanted(this, !names.isEmpty());
     const bool isReady = m_design->state() == DesignNetlist::Ready && !m_design->isStale();
     const QString closed =

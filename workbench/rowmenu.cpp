@@ -35,10 +35,10 @@ RowMenu::RowMenu(QMenu *menu, RowFinder *finder) : QObject(menu)
     menu->addSeparator();
     addFinding(tr("&Find..."), QKeySequence::Find, &RowFinder::ask);
     addFinding(tr("Find &Next"), QKeySequence::FindNext, &RowFinder::next);
-    addFinding(tr("Find &Previous"), QKeySequence::FindPrevious, &RowFinder::previous);
+    addFinding(tr("Find Pre&vious"), QKeySequence::FindPrevious, &RowFinder::previous);
     menu->addSeparator();
-    QAction *up = menu->addAction(tr("Move Rows &Up"), this, [] { press(Qt::Key_Up); });
-    QAction *down = menu->addAction(tr("Move Rows &Down"), this, [] { press(Qt::Key_Down); });
+    QAction *up = menu->addAction(tr("&Move Rows Up"), this, [] { press(Qt::Key_Up); });
+    QAction *down = menu->addAction(tr("Move Rows D&own"), this, [] { press(Qt::Key_Down); });
     up->setShortcut(Qt::ALT + Qt::Key_Up);
     down->setShortcut(Qt::ALT + Qt::Key_Down);
     for (QAction *action : {up, down})

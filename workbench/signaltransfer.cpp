@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "host/isignaltarget.h"
+#include "host/isnapshot.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
 #include "workbench/netlistpane.h"
@@ -21,6 +22,12 @@ const int mostTold = 50; // faults at once: a whole log can be on the clipboard
 Core::ISignalTarget *targetOf(QWidget *view)
 {
     return dynamic_cast<Core::ISignalTarget *>(view);
+}
+
+QByteArray stateOf(QWidget *view)
+{
+    auto *state = dynamic_cast<Core::ISnapshot *>(view);
+    return state ? state->snapshot() : QByteArray();
 }
 
 // Drags over widgets that take none go to the editor above them.
@@ -109,13 +116,17 @@ void SignalTransfer::add(const QMimeData &data, QWidget *view, const QWidget *wi
         return Q_EMIT message(
             tr("Choose a core's capture list or a trigger port first: that is where signals go."), true);
     QStringList faults;
-    const bool isAdded = target->addSignals(data, widget, position, &faults);
+    const QByteArray before = stateOf(view);
+    const bool isTaken = target->addSignals(data, widget, position, &faults);
     for (const QString &fault : faults.mid(0, mostTold))
         Q_EMIT message(fault, true);
     if (faults.size() > mostTold)
         Q_EMIT message(tr("And %1 more like that.").arg(faults.size() - mostTold), true);
-    if (isAdded)
-        Q_EMIT message(tr("Added to %1.").arg(place), false);
+    if (!isTaken)
+        return;
+    const bool isNew = before.isEmpty() || stateOf(view) != before;
+    const QString text = isNew ? tr("Added to %1.") : tr("Nothing was added to %1: it is all there already.");
+    Q_EMIT message(text.arg(place), false);
 }
 
 void SignalTransfer::addChosenNets()

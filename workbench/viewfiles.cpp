@@ -89,14 +89,13 @@ bool Workspace::checkView(Core::IView *view)
     if (!editor)
         return false;
     const QString name = QFileInfo(view->editedFile().path).fileName();
-    const QStringList errors = editor->checkShown();
-    for (const QString &error : errors)
-        Q_EMIT message(name + ": " + error, true);
-    Q_EMIT message(name + ": " +
-                       (errors.isEmpty() ? tr("The check found nothing.")
-                                         : tr("The check found this, in all: %1").arg(errors.size())),
-                   !errors.isEmpty());
-    return errors.isEmpty();
+    const int found = editor->checkShown();
+    tellFindings(view);
+    Q_EMIT message(
+        name + ": " +
+            (found == 0 ? tr("The check found nothing.") : tr("The check found this, in all: %1").arg(found)),
+        false);
+    return found == 0;
 }
 
 bool Workspace::reloadViewNow(Core::IView *view)

@@ -82,7 +82,7 @@ void MainWindow::createProjectMenu()
         addAction(menu, tr("Save Project &As..."), QKeySequence(), &MainWindow::onSaveProjectAs);
     QAction *close = addAction(menu, tr("&Close Project"), QKeySequence(), &MainWindow::onCloseProject);
     menu->addSeparator();
-    QAction *add = addAction(menu, tr("&Add Files..."), QKeySequence(), &MainWindow::onAddFiles);
+    QAction *add = addAction(menu, tr("Add &Files..."), QKeySequence(), &MainWindow::onAddFiles);
     m_removeAction = addAction(menu, tr("&Remove Files"), QKeySequence(), &MainWindow::onRemoveFiles);
     menu->addSeparator();
     QAction *options = addAction(menu, tr("O&ptions..."), QKeySequence("Ctrl+,"), &MainWindow::onOptions);

@@ -243,7 +243,7 @@ private Q_SLOTS:
         const auto editor = QUtil::installTranslation("jexins", ":/jexins/texts");
         const Workbench::Translations workbench;
         const QStringList faults = walk([this](QWidget *window, const QString &name) {
-            return cutIn(window, name) + clashesIn(window, name) + entryClashesIn(window, name);
+            return cutIn(window, name) + clashesIn(window, name);
         });
         QLocale::setDefault(QLocale::c());
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
@@ -357,31 +357,17 @@ private:
         }
         for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
             add(owners, button->shortcut(), button->text());
-        for (const QMenuBar *bar : window->findChildren<QMenuBar *>()) {
-            for (const QAction *menu : bar->actions())
-                add(owners, QKeySequence::mnemonic(menu->text()), menu->text());
-        }
+        QList<QAction *> entries = qobject_cast<const QMenu *>(window) ? window->actions() : QList<QAction *>();
+        for (const QMenuBar *bar : window->findChildren<QMenuBar *>())
+            entries += bar->actions();
+        for (const QAction *entry : qAsConst(entries))
+            add(owners, QKeySequence::mnemonic(entry->text()), entry->text());
         QStringList found;
         for (const QString &key : owners.uniqueKeys()) {
             ++m_keys;
             const QStringList all = owners.values(key) + parts.values(key);
             if (all.size() > 1)
                 found << name + ": " + key + ": " + all.join(", ");
-        }
-        return found;
-    }
-
-    // One letter leads to one entry of a menu.
-    QStringList entryClashesIn(const QWidget *window, const QString &name)
-    {
-        QStringList found, letters;
-        if (const auto *menu = qobject_cast<const QMenu *>(window)) {
-            for (const QAction *action : menu->actions()) {
-                const QString letter = QKeySequence::mnemonic(action->text()).toString();
-                if (!letter.isEmpty() && letters.contains(letter))
-                    found << name + ": " + letter + ": " + action->text();
-                letters << letter;
-            }
         }
         return found;
     }

@@ -1,3 +1,4 @@
+#include <QScreen>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,6 +8,7 @@
 #include "tests/support/tablerow.h"
 #include "tests/workbench/editorwindow.h"
 #include "workbench/devicedialog.h"
+#include "workbench/messagepane.h"
 #include "workbench/projecttree.h"
 
 // What the File menu does with the real editors, and what is there again at the next start.
@@ -130,13 +132,16 @@ private Q_SLOTS:
         view()->findChild<QLineEdit *>("editSampleClock")->setText("top/gone");
         m_messages.clear();
         trigger("check");
-        QCOMPARE(m_messages.size(), 2);
-        QCOMPARE(m_messages.last(), QString("a.zub: The check found this, in all: 1"));
+        QCOMPARE(m_messages, QStringList("a.zub: The check found this, in all: 1"));
+        const Core::Finding finding = view()->findings().first();
+        QCOMPARE(finding.kind, Core::Finding::Refusal);
+        const QString told = finding.text;
+        const auto *pane = m_window->findChild<Workbench::MessagePane *>();
+        QVERIFY(pane->toPlainText().contains("a.zub: " + told));
         QCOMPARE(m_dir->read("a.zub"), before);
         QVERIFY(view()->editedFile().isModified);
         m_user.press(QMessageBox::Ok); // a save finds the same
         m_workspace->saveView(view());
-        const QString told = m_messages.first().mid(QString("a.zub: ").size());
         QVERIFY(told.size() > 10);
         QVERIFY2(m_user.seen.first().contains(told), qPrintable(m_user.seen.first()));
     }
@@ -195,6 +200,12 @@ private Q_SLOTS:
         QTreeWidgetItem *source = tree->findItems("top.v", Qt::MatchRecursive).value(0);
         QVERIFY(source);
         QCOMPARE(source->text(1), QString("rtl"));
+        Q_EMIT tree->fileActivated(m_dir->path("rtl/top.v")); // is shown in a tab as well
+        QCOMPARE(tree->selectedFiles(), QStringList(m_dir->path("rtl/top.v")));
+        QTest::keyPress(m_window.get(), Qt::Key_Control, Qt::ControlModifier); // and held, as for Ctrl+W
+        view()->parentWidget()->close();
+        QTest::keyRelease(m_window.get(), Qt::Key_Control);
+        QCOMPARE(tree->selectedFiles(), QStringList(m_dir->path("b.zub")));
         QFile::remove(m_dir->path("rtl/top.v"));
         QEvent activation(QEvent::WindowActivate);
         QCoreApplication::sendEvent(tree, &activation);
@@ -221,6 +232,13 @@ private Q_SLOTS:
 
     void windowsKeepTheirSize()
     {
+        // The main window comes back to where as much of it can be seen as there is room for.
+        const QRect room = m_window->screen()->availableGeometry();
+        m_window->setGeometry(QRect(room.center(), m_window->size()));
+        m_window->close();
+        start();
+        const QPoint corner = m_window->geometry().topLeft();
+        QVERIFY(corner.x() < room.center().x() && room.contains(corner));
         const DEV::DeviceArg none;
         {
             Workbench::DeviceDialog dialog(none, m_window.get());

@@ -119,14 +119,19 @@ private Q_SLOTS:
     {
         waitForDesign();
         QVERIFY(m_workspace->openFile(m_dir->path("s.zub")));
-        // By Return, to where the user is at work.
-        choose("d[3:0]");
+        // By Return, to where the user is at work; the one before leads from the filter to the list.
+        QApplication::setActiveWindow(m_window.get());
+        m_pattern->setFocus();
+        QTest::keyClick(m_pattern, Qt::Key_Return);
         QTest::keyClick(m_nets, Qt::Key_Return);
         QVERIFY(lastMessage().contains("Choose a"));
+        choose("d[3:0]");
         QTreeWidget *ports = view()->findChild<QTreeWidget *>("treeTrigger");
         ports->setCurrentItem(ports->topLevelItem(0));
         QTest::keyClick(m_nets, Qt::Key_Return);
         QVERIFY(lastMessage().endsWith("Added to trigger port 0."));
+        QTest::keyClick(m_nets, Qt::Key_Return);
+        QVERIFY(lastMessage().endsWith("Nothing was added to trigger port 0: it is all there already."));
         QCOMPARE(chosen(), QString("top/clk top/d[3:0]"));
         // By a drag, to where it is dropped. The tree of ports takes none itself, so the editor gets it.
         const QPoint port = ports->visualItemRect(ports->topLevelItem(2)).center();
@@ -217,7 +222,7 @@ private Q_SLOTS:
         Q_EMIT edit->aboutToShow();
         QVERIFY(!menu->isEnabled());
         QCOMPARE(cores->topLevelItem(15)->text(0), QString("Core 15"));
-        cores->setCurrentItem(cores->topLevelItem(15));
+        QVERIFY(cores->topLevelItem(15)->isSelected()); // the copy is shown
         QTRY_VERIFY(view()->findChildren<QTreeWidget *>("treeWidgetCapSigs").size() == 16);
         QTreeWidget *last = view()->findChildren<QTreeWidget *>("treeWidgetCapSigs").last();
         QCOMPARE(last->topLevelItemCount(), 2);

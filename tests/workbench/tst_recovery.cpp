@@ -11,6 +11,7 @@
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
+#include "workbench/messagemodel.h"
 #include "workbench/messagepane.h"
 #include "workbench/recovery.h"
 #include "workbench/reopenbanner.h"
@@ -242,6 +243,10 @@ private Q_SLOTS:
         open->click();
         QVERIFY(view() && isFalling() && view()->editedFile().isModified);
         QVERIFY(!banner->isVisible());
+        const auto *told = m_window->findChild<Workbench::MessageModel *>();
+        for (int row = 0; row < told->rowCount(); ++row)
+            QVERIFY2(told->isPast(row) || told->message(row).kind == Workbench::Message::Note,
+                     qPrintable(told->line(row)));
     }
 
     // Of two languages one is read when the other cannot be: what would be missing is told before the reload.
