@@ -68,7 +68,7 @@ YosysCalls::YosysCalls(const DesignInput &input, const Elaboration &elaboration)
 {
     for (bool isLibrary : {false, true}) {
         for (const DesignSource &source : input.files) {
-            if (source.type != TE::VhdlFile && source.onlyWhenUsed == isLibrary)
+            if (TE::verilogSuffix(source.type) && source.onlyWhenUsed == isLibrary)
                 m_files << source.path;
         }
     }
@@ -152,7 +152,7 @@ QString YosysCalls::readingScript(bool forSimulation)
     const bool allSystem = verilogLanguage(m_input.verilogStandard).startsWith("1800");
     QSet<QString> systemFiles, libraries;
     for (const DesignSource &source : m_input.files) {
-        if (source.type == TE::SystemVerilogFile)
+        if (TE::verilogSuffix(source.type) == QLatin1String(".sv"))
             systemFiles.insert(source.path);
         if (source.onlyWhenUsed)
             libraries.insert(source.path);
