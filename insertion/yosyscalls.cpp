@@ -164,8 +164,8 @@ QString YosysCalls::readingScript(bool forSimulation)
         script += QString("read_verilog -defer") + (isSystem ? " -sv" : "") +
                   (libraries.contains(path) ? " -nooverwrite" : "") + folders + ' ' + name + '\n';
     }
-    for (const QString &made : m_elaboration.readOptions.generated)
-        script += "read_verilog -defer " + made + '\n';
+    for (const QString &made : m_elaboration.readOptions.generated.keys())
+        script += QString("read_verilog -defer ") + (made.endsWith(".sv") ? "-sv " : "") + made + '\n';
     if (!m_elaboration.readOptions.blackBoxes.isEmpty())
         script += "read_verilog -sv -lib " + m_scratch.file("blackboxes.sv") + '\n';
     return script + topParameters() + "hierarchy -check -top " + m_top + '\n' +

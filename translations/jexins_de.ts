@@ -445,8 +445,8 @@
         <translation>WARNING: Die Verilog-Quellen sind nicht lesbar und werden ausgelassen.</translation>
     </message>
     <message>
-        <source>In the Verilog that GHDL made of the VHDL sources: </source>
-        <translation>Im Verilog, das GHDL aus den VHDL-Quellen gemacht hat: </translation>
+        <source>In the Verilog that %1 made of the %2 sources: </source>
+        <translation>Im Verilog, das %1 aus den %2-Quellen gemacht hat: </translation>
     </message>
     <message>
         <source>%1 more like these are not shown.</source>
