@@ -1002,12 +1002,8 @@
 <context>
     <name>RTLJEX::CaptureUsage</name>
     <message>
-        <source>BSRAM Usage :</source>
-        <translation>BSRAM-Auslastung :</translation>
-    </message>
-    <message>
-        <source>SSRAM Usage :</source>
-        <translation>SSRAM-Auslastung :</translation>
+        <source>%1 Usage :</source>
+        <translation>%1-Auslastung :</translation>
     </message>
     <message>
         <source>Register Usage :</source>
