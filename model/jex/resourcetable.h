@@ -3,8 +3,19 @@
 #include <QtGlobal>
 #include <limits>
 
-#include "model/jex/codes.h"
-#include "model/jex/devicetable.h"
+namespace JEX {
+
+// Of what a trigger or a capture is made: the numbers in records. None holds NoImplementation: a text can
+// fail to name one.
+enum Implementation {
+    NoImplementation = -1,
+    BsramImplementation = 0, // block memory
+    RegImplementation = 1,   // registers
+    SsramImplementation = 2  // shadow memory
+};
+enum { ImplementationCount = 3 };
+
+} // namespace JEX
 
 namespace JEX_TOOL {
 
