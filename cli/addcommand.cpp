@@ -138,7 +138,7 @@ ExitCode add(const QStringList &words, Output &out)
         "the editor: what is there already is enabled, bits give way to their bus. Then checks the file as\n"
         "jex check does. Names are full ones, \"top/u0/state[2:0]\" or \"top/u0/state\", each behind a\n"
         "--signals of its own; a file or \"-\" (what jex nets prints) has one in each line.");
-    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; " + hdlFiles());
     arguments.parser.addOptions({
         {"core", "The number of the core; \"new\" makes one. Not needed where there is just one.", "N"},
         {"port", "The trigger port that gets the signals, in place of the capture list.", "P"},

@@ -36,6 +36,17 @@ QString nearWord(const QString &word, const QStringList &known)
     return nearest;
 }
 
+QString oneOf(const QStringList &words)
+{
+    const QStringList first = words.mid(0, words.size() - 1);
+    return (first.isEmpty() ? QString() : first.join(", ") + " or ") + words.value(words.size() - 1);
+}
+
+QString hdlFiles()
+{
+    return "HDL files of the design (" + TE::sourcePatterns().remove('*') + ").";
+}
+
 Arguments::Arguments(const char *command, const char *form, const char *description)
     : m_command(command), m_form(form)
 {

@@ -10,6 +10,12 @@ namespace Cli {
 // " Did you mean X?" for the known word that is nearly the same; empty when none is.
 QString nearWord(const QString &word, const QStringList &known);
 
+// "ice40, ecp5 or generic": the completions take words of an option from its help text, in this form behind
+// the last colon of the first sentence.
+QString oneOf(const QStringList &words);
+// "HDL files of the design (.v .vhd)." of a command's help text, in which the completions look for it.
+QString hdlFiles();
+
 // The words behind the name of a command. Options are added to `parser` before read().
 class Arguments
 {

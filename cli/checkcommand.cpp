@@ -45,7 +45,7 @@ ExitCode check(const QStringList &words, Output &out)
         "nearest names that exist. DESIGN is a project, or HDL files and the options below; "
         "without\n"
         "any, the only project in the folder of the configuration.");
-    arguments.parser.addPositionalArgument("FILE", "Configurations; HDL files of the design.");
+    arguments.parser.addPositionalArgument("FILE", "Configurations; " + hdlFiles());
     arguments.addDesign();
     arguments.addJson();
     CommandLine::DesignOptions options;

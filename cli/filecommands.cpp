@@ -21,7 +21,7 @@ ExitCode makeNew(const QStringList &words, Output &out)
                         "Makes a configuration without cores. Overwrites nothing.");
     arguments.parser.addPositionalArgument("FILE", "The new file; its name ends in .zub.");
     const QStringList modes = JEX::modeNames();
-    arguments.parser.addOption({"mode", modes.join(" or ").toLower() + '.', "MODE"});
+    arguments.parser.addOption({"mode", oneOf(modes).toLower() + '.', "MODE"});
     if (!arguments.read(words, out))
         return arguments.result();
     const QString mode = modes.value(

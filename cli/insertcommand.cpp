@@ -82,11 +82,13 @@ ExitCode insert(const QStringList &words, Output &out)
         "1 for findings of the check, signals that cannot be tapped, and sources that Yosys cannot read: "
         "then\n"
         "design.v and proof.json are missing.");
-    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; " + hdlFiles());
     arguments.parser.addOptions({
         {{"o", "output"}, "The folder for what is made.", "DIR"},
         {"prove", "Ask Yosys for a proof of formal equivalence, too; it may take two minutes."},
-        {"synth", "Count resources, without and with the cores: ice40, ecp5, xilinx or generic.", "FAMILY"},
+        {"synth",
+         "Count resources, without and with the cores: " + oneOf(Insertion::YosysCalls::families()) + '.',
+         "FAMILY"},
         {"instance", "Where the test bench has the design, for probe.v: \"tb.dut\".", "PATH"},
         {"bench", "A file of the test bench, in which that place is found; may be given several times.",
          "BENCH"},

@@ -1,5 +1,17 @@
 # bash completion for jex. What a command takes is asked of the program itself.
 
+# The words that the help text has for an option of a command, "ice40, ecp5 or generic".
+_jex_words() {
+  jex "$1" --help 2> /dev/null | awk -v option="$2" '$1 ~ /^-/ { on = $1 == option } on' | tr -s ' \n' ' ' |
+    sed 's/^[^>]*> *//; s/^[^.]*: //; s/\..*//; s/, \| or /\n/g'
+}
+
+# What the names of its files end with, "zub|jexprj|f|v|vhd".
+_jex_suffixes() {
+  echo "zub$(jex "$1" --help 2> /dev/null | tr -s ' \n' ' ' |
+    sed -n 's/.*HDL files of the design (\([^)]*\)).*/|jexprj|f\1/p' | sed 's/ *\./|/g')"
+}
+
 _jex() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
   local IFS=$'\n'
@@ -9,10 +21,8 @@ _jex() {
     return
   fi
   case $before in
-    --mode) COMPREPLY=($(compgen -W $'standard\nlite' -- "$word")) ;;
+    --mode | --tool | --synth) COMPREPLY=($(compgen -W "$(_jex_words "$command" "$before")" -- "$word")) ;;
     --trigger) COMPREPLY=($(compgen -W $'levels\nany' -- "$word")) ;;
-    --tool) COMPREPLY=($(compgen -W $'icarus\nverilator' -- "$word")) ;;
-    --synth) COMPREPLY=($(compgen -W $'ice40\necp5\nxilinx\ngeneric' -- "$word")) ;;
     --bench) COMPREPLY=($(shopt -s extglob; compgen -f -X '!*.@(v|sv)' -- "$word") $(compgen -d -- "$word")) ;;
     --device) COMPREPLY=($(compgen -W "$(jex devices | awk 'NR > 1 { print $2 }')" -- "$word")) ;;
     -p | --project)
@@ -24,11 +34,7 @@ _jex() {
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jex "$command" --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
-        *)
-          local files='!*.@(zub|jexprj|v|vh|sv|svh|vhd|vhdl|f)'
-          case $command in show | fmt | usage | diff | set | merge) files='!*.zub' ;; esac
-          COMPREPLY=($(shopt -s extglob; compgen -f -X "$files" -- "$word") $(compgen -d -- "$word"))
-          ;;
+        *) COMPREPLY=($(shopt -s extglob; compgen -f -X "!*.@($(_jex_suffixes "$command"))" -- "$word") $(compgen -d -- "$word")) ;;
       esac
       ;;
   esac

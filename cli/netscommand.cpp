@@ -112,7 +112,7 @@ ExitCode nets(const QStringList &words, Output &out)
         "listed. DESIGN is a project, or HDL files and the options below; without any, the only project in "
         "the\n"
         "folder. 1 when nothing was found.");
-    arguments.parser.addPositionalArgument("PATTERN", "What to look for; HDL files of the design.");
+    arguments.parser.addPositionalArgument("PATTERN", "What to look for; " + hdlFiles());
     arguments.parser.addOptions({
         {"wildcard",
          "PATTERN is the whole name with * ? and [sets]; \\[ and \\] are the brackets themselves."},

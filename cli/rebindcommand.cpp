@@ -75,7 +75,7 @@ ExitCode rebind(const QStringList &words, Output &out)
         "design was changed, and checks the result as jex check does. Only whole components count: top/u0\n"
         "stands for the instance and all below it, top/u0/state for the net or bus and its bits. The file\n"
         "is written when the design has each of the new names.");
-    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; " + hdlFiles());
     arguments.parser.addOptions({
         {"from", "The beginning of the stored names, \"top/u0\".", "PREFIX"},
         {"to", "What takes its place.", "PREFIX"},

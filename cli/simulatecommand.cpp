@@ -48,13 +48,15 @@ ExitCode simulate(const QStringList &words, Output &out)
         "reach nothing but a temporary folder. 1 when a core did not trigger: then it is "
         "said what each match\n"
         "unit and each expression saw.");
-    arguments.parser.addPositionalArgument("FILE", "The configuration; HDL files of the design.");
+    arguments.parser.addPositionalArgument("FILE", "The configuration; " + hdlFiles());
     arguments.parser.addOptions({
         {"bench", "A file of the test bench; may be given several times.", "BENCH"},
         {{"o", "output"}, "The file for the captured windows.", "VCD"},
         {"netlist", "Simulate the netlist with the analyzer inserted in place of the sources."},
         {"instance", "Where the test bench has the design, when it has several: \"tb.dut\".", "PATH"},
-        {"tool", "The simulator: icarus, unless you say verilator, which knows no unknown values.", "TOOL"},
+        {"tool",
+         "The simulator: icarus or verilator. Icarus unless given; verilator knows no unknown values.",
+         "TOOL"},
         {"raw", "The file for all values of the tapped nets, at all times.", "VCD"},
     });
     addTrigger(arguments);

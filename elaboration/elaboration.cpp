@@ -28,7 +28,7 @@ DesignInput designInputFromInfo(const QMap<QString, QVariant> &info)
         DesignSource source;
         source.path = file.value(QLatin1String("Path")).toString();
         source.type = file.value(QLatin1String("Type")).toInt();
-        if (source.type < TE::VerilogFile || source.type > TE::VhdlFile)
+        if (!TE::isDesignFileType(source.type))
             source.type = TE::fileTypeFromName(source.path);
         source.library = file.value(QLatin1String("Library")).toString();
         source.onlyWhenUsed = file.value(QLatin1String("OnlyWhenUsed")).toBool();

@@ -1,7 +1,6 @@
 #include "host/designmanager.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QSet>
 #include <QTimer>
 
@@ -33,18 +32,6 @@ QVariant fileEntry(const Core::SourceFile &file)
 }
 
 } // namespace
-
-FileType fileTypeFromName(const QString &path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == QLatin1String("v") || suffix == QLatin1String("vh") || suffix == QLatin1String("vlg"))
-        return VerilogFile;
-    if (suffix == QLatin1String("sv") || suffix == QLatin1String("svh"))
-        return SystemVerilogFile;
-    if (suffix == QLatin1String("vhd") || suffix == QLatin1String("vhdl"))
-        return VhdlFile;
-    return ConfigFile;
-}
 
 DesignManager::DesignManager(QObject *parent)
     : QObject(parent), m_watcher(new QUtil::FileWatcher(this)), m_postTimer(new QTimer(this))

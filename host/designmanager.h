@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include "host/devicearg.h"
+#include "host/filetypes.h"
 
 class QTimer;
 namespace QUtil {
@@ -14,23 +15,6 @@ class FileWatcher;
 }
 
 namespace TE {
-
-// The host's numbers of file types. 2 to 4 are the kinds of design source.
-enum FileType {
-    UnknownFile = 0,
-    ConfigFile = 1, // ".zub" and everything else that is not design source
-    VerilogFile = 2,
-    SystemVerilogFile = 3,
-    VhdlFile = 4
-};
-
-// The type that a suffix stands for: .v .vh .vlg Verilog, .sv .svh SystemVerilog, .vhd .vhdl VHDL.
-FileType fileTypeFromName(const QString &path);
-
-inline bool isDesignFileType(int type)
-{
-    return type >= VerilogFile && type <= VhdlFile;
-}
 
 // What the project knows of a file.
 struct FileInfo

@@ -3,7 +3,7 @@
 #include <QMap>
 #include <QSet>
 
-#include "host/designmanager.h"
+#include "host/filetypes.h"
 #include "host/foreignproject.h"
 #include "host/yamltext.h"
 
@@ -31,11 +31,11 @@ bool isTrue(const YamlNode &node)
 
 int typeOf(const QString &fileType)
 {
-    if (fileType.startsWith(QLatin1String("verilogSource")))
-        return TE::VerilogFile;
-    if (fileType.startsWith(QLatin1String("systemVerilogSource")))
-        return TE::SystemVerilogFile;
-    return fileType.startsWith(QLatin1String("vhdlSource")) ? TE::VhdlFile : TE::UnknownFile;
+    for (const TE::SourceType &row : TE::sourceTypes) {
+        if (fileType.startsWith(QLatin1String(row.edamName)))
+            return row.type;
+    }
+    return TE::UnknownFile;
 }
 
 class EdamReader

@@ -7,7 +7,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "host/designmanager.h"
+#include "host/filetypes.h"
 #include "host/jsonfault.h"
 
 namespace Core {
@@ -17,10 +17,7 @@ typedef nlohmann::ordered_json Json;
 
 const int formatVersion = 1;
 
-// The names of file types in the file, by TE::FileType.
-const char *const typeNames[] = {"", "Other", "Verilog", "SystemVerilog", "VHDL"};
-const int typeCount = int(sizeof typeNames / sizeof *typeNames);
-static_assert(typeCount == TE::VhdlFile + 1, "each type has a name");
+const char otherType[] = "Other";
 
 QString fromStd(const std::string &text)
 {
@@ -148,13 +145,28 @@ private:
     QStringList m_known;
 };
 
+// The name of a type in the file; empty for one that is written nowhere.
+QString typeName(int type)
+{
+    const TE::SourceType *row = TE::sourceType(type);
+    return row ? QLatin1String(row->name) : QLatin1String(type == TE::ConfigFile ? otherType : "");
+}
+
 int typeFromText(const QString &text)
 {
-    for (int type = 1; type < typeCount; ++type) {
-        if (text == QLatin1String(typeNames[type]))
-            return type;
+    for (const TE::SourceType &row : TE::sourceTypes) {
+        if (text == QLatin1String(row.name))
+            return row.type;
     }
-    return TE::UnknownFile;
+    return text == QLatin1String(otherType) ? TE::ConfigFile : TE::UnknownFile;
+}
+
+QString allTypeNames()
+{
+    QStringList names;
+    for (const TE::SourceType &row : TE::sourceTypes)
+        names.append(QLatin1String(row.name));
+    return names.join(QLatin1String(", ")) + QLatin1String(" or ") + QLatin1String(otherType);
 }
 
 QString readFile(const Json &entry, int index, const QString &folder, SourceFile &file)
@@ -171,8 +183,7 @@ QString readFile(const Json &entry, int index, const QString &folder, SourceFile
     if (path.isEmpty())
         reader.setFault(QString::fromLatin1("%1 is missing.").arg(reader.name("path")));
     if (file.type == TE::UnknownFile)
-        reader.setFault(QString::fromLatin1("%1 must be Verilog, SystemVerilog, VHDL or Other.")
-                            .arg(reader.name("type")));
+        reader.setFault(QString::fromLatin1("%1 must be %2.").arg(reader.name("type"), allTypeNames()));
     return reader.finish();
 }
 
@@ -234,8 +245,9 @@ Json fileObject(const SourceFile &file, const QString &folder)
 {
     Json object;
     object["path"] = toStd(QDir(folder).relativeFilePath(file.path));
-    if (file.type != TE::fileTypeFromName(file.path) && file.type > 0 && file.type < typeCount)
-        object["type"] = typeNames[file.type];
+    const QString type = typeName(file.type);
+    if (file.type != TE::fileTypeFromName(file.path) && !type.isEmpty())
+        object["type"] = toStd(type);
     if (!file.enabled)
         object["enabled"] = false;
     if (!file.library.isEmpty())

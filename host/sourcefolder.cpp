@@ -3,7 +3,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 
-#include "host/designmanager.h"
+#include "host/filetypes.h"
 
 namespace Core {
 namespace {
@@ -14,12 +14,6 @@ const int lookLimit = 200;
 #else
 const int lookLimit = 200000;
 #endif
-
-bool isHeader(const QString &path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    return suffix == QLatin1String("vh") || suffix == QLatin1String("svh");
-}
 
 } // namespace
 
@@ -32,7 +26,7 @@ bool findSources(const QString &folder, int &looked, FolderSources &found, QStri
         if (!files.fileInfo().isFile() || !TE::isDesignFileType(TE::fileTypeFromName(path)))
             continue;
         const QString home = files.fileInfo().path();
-        if (!isHeader(path))
+        if (!TE::isHeaderName(path))
             found.files.append(path);
         else if (found.includeFolders.isEmpty() || found.includeFolders.last() != home)
             found.includeFolders.append(home);

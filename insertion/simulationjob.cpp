@@ -132,7 +132,7 @@ bool SimulationJob::needsNetlist() const
     static const QRegularExpression unnamed("\\bgenblk\\d");
     bool needs = m_options.byNetlist;
     for (const DesignSource &source : m_input.files)
-        needs = needs || source.type == TE::VhdlFile;
+        needs = needs || !TE::verilogSuffix(source.type);
     for (const Tap &tap : m_analyzer->taps().taps())
         needs = needs || unnamed.match(verilogPath(tap)).hasMatch();
     return needs;
@@ -200,9 +200,8 @@ void SimulationJob::addSources(SimulatedSources &sources)
             files << library;
     }
     const QSet<QString> included = includedNames(files + m_options.bench);
-    const QRegularExpression header("\\.s?vh$");
     for (const QString &file : orderedByUse(files, VerilogSource)) {
-        if (!included.contains(QFileInfo(file).fileName()) || !header.match(file).hasMatch())
+        if (!included.contains(QFileInfo(file).fileName()) || !TE::isHeaderName(file))
             sources.files << m_names->file(file, suffixOf(file));
     }
 }

@@ -68,7 +68,7 @@ YosysCalls::YosysCalls(const DesignInput &input, const Elaboration &elaboration)
 {
     for (bool isLibrary : {false, true}) {
         for (const DesignSource &source : input.files) {
-            if (source.type != TE::VhdlFile && source.onlyWhenUsed == isLibrary)
+            if (TE::verilogSuffix(source.type) && source.onlyWhenUsed == isLibrary)
                 m_files << source.path;
         }
     }
@@ -152,7 +152,7 @@ QString YosysCalls::readingScript(bool forSimulation)
     const bool allSystem = verilogLanguage(m_input.verilogStandard).startsWith("1800");
     QSet<QString> systemFiles, libraries;
     for (const DesignSource &source : m_input.files) {
-        if (source.type == TE::SystemVerilogFile)
+        if (TE::verilogSuffix(source.type) == QLatin1String(".sv"))
             systemFiles.insert(source.path);
         if (source.onlyWhenUsed)
             libraries.insert(source.path);
@@ -164,8 +164,8 @@ QString YosysCalls::readingScript(bool forSimulation)
         script += QString("read_verilog -defer") + (isSystem ? " -sv" : "") +
                   (libraries.contains(path) ? " -nooverwrite" : "") + folders + ' ' + name + '\n';
     }
-    for (const QString &made : m_elaboration.readOptions.generated)
-        script += "read_verilog -defer " + made + '\n';
+    for (const QString &made : m_elaboration.readOptions.generated.keys())
+        script += QString("read_verilog -defer ") + (made.endsWith(".sv") ? "-sv " : "") + made + '\n';
     if (!m_elaboration.readOptions.blackBoxes.isEmpty())
         script += "read_verilog -sv -lib " + m_scratch.file("blackboxes.sv") + '\n';
     return script + topParameters() + "hierarchy -check -top " + m_top + '\n' +

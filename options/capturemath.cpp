@@ -104,7 +104,10 @@ QString implementationText(int implementation)
 QString usageName(JEX::Implementation implementation)
 {
     const JEX_TOOL::Resource *resource = JEX_TOOL::resourceOf(implementation);
-    return resource ? CaptureTexts::tr(resource->usageText) : QString();
+    if (!resource)
+        return QString();
+    return resource->usageText ? CaptureTexts::tr(resource->usageText)
+                               : CaptureTexts::tr("%1 Usage :").arg(QLatin1String(resource->name));
 }
 
 CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::Device *device, int signalCount,

@@ -1,5 +1,10 @@
 # bash completion for jexworkbench. What it takes is asked of the program itself.
 
+# What it opens, ".zub|.v|.vhd".
+_jexworkbench_suffixes() {
+  jexworkbench --help 2> /dev/null | sed -n '/^FILE is/,/^$/p' | grep -oE '\.[a-z]+(\.[a-z]+)?' | paste -sd '|'
+}
+
 _jexworkbench() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
   local IFS=$'\n'
@@ -12,7 +17,7 @@ _jexworkbench() {
     *)
       case $word in
         -*) COMPREPLY=($(compgen -W "$(jexworkbench --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')" -- "$word")) ;;
-        *) COMPREPLY=($(shopt -s extglob; compgen -f -X '!*@(.zub|.jexprj|.toml|.eda.yml|.v|.vh|.sv|.svh|.vhd|.vhdl)' -- "$word") $(compgen -d -- "$word")) ;;
+        *) COMPREPLY=($(shopt -s extglob; compgen -f -X "!*@($(_jexworkbench_suffixes))" -- "$word") $(compgen -d -- "$word")) ;;
       esac
       ;;
   esac

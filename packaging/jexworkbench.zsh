@@ -1,6 +1,11 @@
 #compdef jexworkbench
 # What it takes is asked of the program itself.
 
+# What it opens, ".zub|.v|.vhd".
+_jexworkbench_suffixes() {
+  jexworkbench --help 2> /dev/null | sed -n '/^FILE is/,/^$/p' | grep -oE '\.[a-z]+(\.[a-z]+)?' | paste -sd '|'
+}
+
 _jexworkbench() {
   local -a found
   local options
@@ -14,7 +19,7 @@ _jexworkbench() {
     options="$(jexworkbench --help 2> /dev/null | grep -oE '^  -[^<]*' | grep -oE -- '-[A-Za-z-]+')"
     compadd -- ${(f)options}
   else
-    _files -g '*.(zub|jexprj|toml|eda.yml|v|vh|sv|svh|vhd|vhdl)(-.)'
+    _files -g "*($(_jexworkbench_suffixes))(-.)"
   fi
 }
 

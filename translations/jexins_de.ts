@@ -461,8 +461,8 @@
         <translation>WARNING: Die Verilog-Quellen sind nicht lesbar und werden ausgelassen.</translation>
     </message>
     <message>
-        <source>In the Verilog that GHDL made of the VHDL sources: </source>
-        <translation>Im Verilog, das GHDL aus den VHDL-Quellen gemacht hat: </translation>
+        <source>In the Verilog that %1 made of the %2 sources: </source>
+        <translation>Im Verilog, das %1 aus den %2-Quellen gemacht hat: </translation>
     </message>
     <message>
         <source>%1 more like these are not shown.</source>
@@ -1070,12 +1070,8 @@
 <context>
     <name>RTLJEX::CaptureUsage</name>
     <message>
-        <source>BSRAM Usage :</source>
-        <translation>BSRAM-Auslastung :</translation>
-    </message>
-    <message>
-        <source>SSRAM Usage :</source>
-        <translation>SSRAM-Auslastung :</translation>
+        <source>%1 Usage :</source>
+        <translation>%1-Auslastung :</translation>
     </message>
     <message>
         <source>Register Usage :</source>

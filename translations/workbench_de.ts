@@ -925,8 +925,8 @@ Modul %2</translation>
         <translation>Dateien hinzufügen</translation>
     </message>
     <message>
-        <source>Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;All files (*)</source>
-        <translation>Designdateien und Konfigurationen (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;Alle Dateien (*)</translation>
+        <source>Design files and configurations (%1 *.zub);;All files (*)</source>
+        <translation>Designdateien und Konfigurationen (%1 *.zub);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>VHDL Library</source>

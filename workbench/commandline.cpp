@@ -2,6 +2,8 @@
 
 #include <QCommandLineParser>
 
+#include "host/filetypes.h"
+
 namespace Workbench {
 namespace {
 
@@ -9,9 +11,12 @@ void declareOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
         "Edits the configuration of embedded logic analyzers in an FPGA design.\n\n"
+        // The completions take the suffixes from this paragraph.
         "FILE is a project (.jexprj, vhdl_ls.toml, .eda.yml), a configuration to open (.zub), a design\n"
-        "source or a folder of sources. Design sources without a project make a project of their own,\n"
-        "which can be saved later.");
+        "source (" +
+        TE::sourcePatterns().remove('*') +
+        ") or a folder of sources.\n"
+        "Design sources without a project make a project of their own, which can be saved later.");
     parser.addPositionalArgument("FILE", "Project, configurations and design sources.", "[FILE...]");
     CommandLine::declareDesignOptions(parser);
     parser.addOptions({

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "commandline/devicename.h"
+#include "model/jex/devicetable.h"
 #include "model/jex/resourcetable.h"
 #include "workbench/windowmemory.h"
 

@@ -301,8 +301,7 @@ void MainWindow::onAddFiles()
 {
     const QStringList paths = QFileDialog::getOpenFileNames(
         this, tr("Add Files"), startFolder(),
-        tr("Design files and configurations (*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl *.zub);;"
-           "All files (*)"));
+        tr("Design files and configurations (%1 *.zub);;All files (*)").arg(TE::sourcePatterns()));
     for (const QString &path : paths)
         m_workspace->project()->addFile(path);
 }

@@ -261,15 +261,17 @@ QMenu *ProjectTree::createFileMenu()
     if (paths.size() == 1)
         addTopEntries(menu, first);
     QMenu *types = menu->addMenu(tr("File &Type"));
-    const char *const names[] = {QT_TR_NOOP("Other"), "Verilog", "SystemVerilog", "VHDL"};
-    static_assert(sizeof names / sizeof *names == TE::VhdlFile - TE::ConfigFile + 1, "each type has a name");
-    for (int type = TE::ConfigFile; type <= TE::VhdlFile; ++type) {
-        QAction *action = types->addAction(tr(names[type - TE::ConfigFile]));
+    const int current = first->data(0, TypeRole).toInt();
+    const auto addType = [this, types, paths, current](const QString &name, int type) {
+        QAction *action = types->addAction(name);
         action->setCheckable(true);
-        action->setChecked(first->data(0, TypeRole).toInt() == type);
+        action->setChecked(current == type);
         connect(action, &QAction::triggered, this,
                 [this, paths, type] { Q_EMIT typeRequested(paths, type); });
-    }
+    };
+    addType(tr("Other"), TE::ConfigFile);
+    for (const TE::SourceType &row : TE::sourceTypes)
+        addType(row.name, row.type);
     QAction *library = menu->addAction(tr("&Library..."));
     const QList<QTreeWidgetItem *> selected = selectedItems();
     library->setEnabled(std::any_of(selected.begin(), selected.end(), [](const QTreeWidgetItem *item) {

@@ -14,7 +14,8 @@ QStringList modulesOfFile(const QString &path, int type)
     if (type == TE::VhdlFile)
         return QUARRY::vhdlEntities(path);
     // All of them, since no other file can use one here.
-    return TE::isDesignFileType(type) ? QUARRY::SourceNeeds({path}).roots() : QStringList();
+    return TE::isDesignFileType(type) && TE::verilogSuffix(type) ? QUARRY::SourceNeeds({path}).roots()
+                                                                 : QStringList();
 }
 
 // Listed without the top that is set, under which there would be no other candidate.

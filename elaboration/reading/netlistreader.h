@@ -14,16 +14,26 @@ namespace QUARRY {
 
 class RtlNetlist;
 
+// A tool that makes Verilog of sources in another language, and what of its Verilog none of them declares.
+struct VerilogMaker
+{
+    const char *name;                       // as messages have it
+    const char *language;                   // likewise
+    bool (*isOwnName)(const QString &name); // a net that the tool made up; null: there are none
+    bool addsOutputWires;                   // "u0_ready" for the output "ready" of u0
+    bool addsArrays;                        // they are all its own
+};
+
 // What the driver knows and the elaborator's output does not.
 struct ReadOptions
 {
     QString top;              // the top module, and the name of its node; empty: Verilator's choice
     QSet<QString> blackBoxes; // modules that stand for missing definitions: instances of them are nodes
                               // without children, their made-up ports are not nets of the design
-    QSet<QString> generated;  // files that a tool wrote (VHDL turned into Verilog): their line numbers
-                              // mean nothing to the user
-    QString workingDir;       // relative file names in the XML are taken from here
-    QMap<QString, QString> fileNames;   // a file as a tool saw it -> the user's own, absolute
+    QMap<QString, const VerilogMaker *> generated; // files that tools wrote: their line numbers mean nothing
+                                                   // to the user
+    QString workingDir;                            // relative file names in the XML are taken from here
+    QMap<QString, QString> fileNames;              // a file as a tool saw it -> the user's own, absolute
     QMap<QString, QString> moduleNames; // a module that a tool named -> the name that the user gave it
     QSet<QString> choices; // modules that only instantiate the one that was made for the values of their
                            // parameters: it is shown in their place

@@ -105,10 +105,10 @@ void VerilatorDesign::addFiles(const pugi::xml_node &files)
         seen = whole.value(seen, seen);
         File file;
         file.source = QDir::cleanPath(QDir(m_options.workingDir).absoluteFilePath(seen));
-        file.isGenerated = m_options.generated.contains(seen) || m_options.generated.contains(file.source);
+        file.maker = m_options.generated.value(seen, m_options.generated.value(file.source));
         if (m_options.fileNames.contains(seen))
             file.name = m_options.fileNames.value(seen);
-        else if (!file.isGenerated)
+        else if (!file.maker)
             file.name = file.source;
         m_files.emplace(node.attribute("id").value(), file);
     }
@@ -219,7 +219,8 @@ void VerilatorDesign::openModule(VerilatorModule &module)
     module.body->decl.name = module.name;
     m_outputWires.clear();
     m_loopVariablesKnown = false;
-    if (isGenerated(module))
+    const VerilogMaker *maker = fileOf(module.node).maker;
+    if (maker && maker->addsOutputWires)
         findOutputWires(module.node);
     if (!module.isBlackBox)
         readBody(module.node, module, *module.body);
@@ -239,7 +240,6 @@ void VerilatorDesign::closeModule(VerilatorModule &module)
     VerilatorTies(*m_types, module).findOwn();
 }
 
-// GHDL gives every output of an instance a wire, "u0_ready" for port "ready" of u0.
 void VerilatorDesign::findOutputWires(const pugi::xml_node &body)
 {
     for (const pugi::xml_node &instance : body.children("instance")) {
@@ -283,15 +283,16 @@ bool VerilatorDesign::isLoopVariable(const pugi::xml_node &var, const VerilatorM
     return m_loopVariables.count(var.attribute("name").value());
 }
 
-bool VerilatorDesign::isGhdlOwn(const pugi::xml_node &var) const
+bool VerilatorDesign::isMadeUp(const pugi::xml_node &var) const
 {
-    if (!fileOf(var).isGenerated || var.attribute("dir"))
+    const VerilogMaker *maker = fileOf(var).maker;
+    if (!maker || var.attribute("dir"))
         return false;
     const QString name = QString::fromUtf8(var.attribute("name").value());
-    return isGhdlOwnName(name) || m_outputWires.contains(name);
+    return (maker->isOwnName && maker->isOwnName(name)) || m_outputWires.contains(name);
 }
 
-// What GHDL made up is not shown, but a tie may come through it.
+// What a tool made up is not shown, but a tie may come through it.
 void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &module, VerilatorScope &scope)
 {
     const VerilatorType &type = m_types->type(var.attribute("dtype_id").value());
@@ -306,7 +307,7 @@ void VerilatorDesign::readVariable(const pugi::xml_node &var, VerilatorModule &m
     VerilatorNet net(var, type);
     // A vartype is missing on "const logic" alone; an initial value is no child of the variable.
     net.isTied = var.child("const") || (type.isBasic && !*var.attribute("vartype").value());
-    if (!isGhdlOwn(var))
+    if (!isMadeUp(var))
         show(net, declaration(var, type, module), scope);
     else if (type.width() > NetlistBuilder::maxNets)
         return; // of what is shown, the builder says so
@@ -334,7 +335,8 @@ void VerilatorDesign::readArray(const pugi::xml_node &var, VerilatorModule &modu
     const qint64 mostElements = 32;
     const VerilatorArray array = m_types->array(var.attribute("dtype_id").value());
     const qint64 count = array.count();
-    if (array.dimensions.empty() || !array.element.isNet || fileOf(var).isGenerated ||
+    const VerilogMaker *maker = fileOf(var).maker;
+    if (array.dimensions.empty() || !array.element.isNet || (maker && maker->addsArrays) ||
         (!var.attribute("dir") && count > mostElements))
         return;
     VerilatorNet net(var, array.element);
@@ -384,7 +386,7 @@ NetDecl VerilatorDesign::declaration(const pugi::xml_node &var, const VerilatorT
     decl.left = type.left;
     decl.right = type.right;
     const File &file = fileOf(var);
-    if (file.isGenerated) {
+    if (file.maker) {
         if (const VhdlPlaces *places = vhdlPlaces(module)) {
             decl.info = places->place(decl.name);
             decl.info.type = knownType(decl.info.type);

@@ -39,7 +39,7 @@ public:
     // Where the entity's sources declare all that; null when that is not known.
     const VhdlPlaces *vhdlPlaces(const VerilatorModule &module) const;
     const VhdlPlaceTable &vhdlPlaceTable() const { return m_vhdlPlaces; }
-    bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).isGenerated; }
+    bool isGenerated(const VerilatorModule &module) const { return fileOf(module.node).maker; }
     const VerilatorTypes &types() const { return *m_types; }
 
 private:
@@ -52,9 +52,9 @@ private:
     };
     struct File
     {
-        QString name;   // absolute; empty when a tool wrote it
-        QString source; // where it can be read
-        bool isGenerated = false;
+        QString name;                        // absolute; empty when a tool wrote it
+        QString source;                      // where it can be read
+        const VerilogMaker *maker = nullptr; // null: the user
     };
 
     // The module that an instance names; one that the XML does not hold is a black box.
@@ -73,7 +73,7 @@ private:
     void readInstance(const pugi::xml_node &instance, VerilatorModule &module, VerilatorScope &scope);
     bool isNet(const pugi::xml_node &var, const VerilatorModule &module);
     bool isLoopVariable(const pugi::xml_node &var, const VerilatorModule &module);
-    bool isGhdlOwn(const pugi::xml_node &var) const;
+    bool isMadeUp(const pugi::xml_node &var) const;
     NetDecl declaration(const pugi::xml_node &var, const VerilatorType &type, const VerilatorModule &module);
     static void takeWrittenRange(NetDecl &decl);
     const File &fileOf(const pugi::xml_node &node) const;

@@ -60,13 +60,6 @@ QString plainVhdlName(const QString &name)
                                                                              : name;
 }
 
-bool isGhdlOwnName(const QString &name)
-{
-    static const QRegExp pattern(QLatin1String("n\\d+(_[a-z]+)?"));
-    return name.startsWith(QLatin1Char('n')) && name.size() > 1 && name.at(1).isDigit() &&
-           QRegExp(pattern).exactMatch(name);
-}
-
 QString VhdlScope::label() const
 {
     return name.left(name.endsWith(QLatin1Char(')')) ? name.lastIndexOf(QLatin1Char('(')) : -1);

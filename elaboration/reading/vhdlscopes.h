@@ -60,9 +60,6 @@ struct VhdlScope
 // Extended identifiers stand between backslashes, which are no part of the name.
 QString plainVhdlName(const QString &name);
 
-// True for a name in the Verilog that GHDL writes which stands for no signal of the source: "n12_o".
-bool isGhdlOwnName(const QString &name);
-
 // The scope of an entity in the waveform file that "ghdl --elab-run ENTITY --stop-time=0ns --stop-delta=0
 // --vcd=FILE" writes, or --wave=FILE, which knows all types. Null when the file cannot be read or does not
 // hold it.

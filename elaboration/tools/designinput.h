@@ -12,7 +12,7 @@ namespace QUARRY {
 struct DesignSource
 {
     QString path;
-    int type = 0;              // TE::FileType: 2 Verilog, 3 SystemVerilog, 4 VHDL
+    int type = 0;              // TE::FileType
     QString library;           // of VHDL; empty: the one under whose name its units are used, else "work"
     bool onlyWhenUsed = false; // a library file: its unused modules are no candidates for the top
 };

@@ -11,7 +11,6 @@
 #include "elaboration/tools/findings.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorerrors.h"
-#include "host/designmanager.h"
 #include "host/regularfile.h"
 
 namespace QUARRY {
@@ -110,17 +109,22 @@ bool Elaborator::checkSources()
     return !m_result->lists.anyError();
 }
 
+QStringList Elaborator::filesOf(TE::FileType type) const
+{
+    QStringList files;
+    for (const DesignSource &source : m_input.files) {
+        if (source.type == type)
+            files.append(source.path);
+    }
+    return files;
+}
+
 // Files of which no tool can read everything are handed over as copies.
 bool Elaborator::prepareSources()
 {
-    QStringList vhdl;
-    for (const DesignSource &source : m_input.files) {
-        if (source.type == TE::VhdlFile)
-            vhdl.append(source.path);
-    }
     m_copies.setFolders(m_verilator.folders());
     m_result->lists.messages += m_copies.look(m_verilator.files(), VerilogSource);
-    m_result->lists.messages += m_copies.look(vhdl, VhdlSource);
+    m_result->lists.messages += m_copies.look(filesOf(TE::VhdlFile), VhdlSource);
     m_copies.update();
     for (int i = m_input.files.size() - 1; i >= 0; --i) {
         const QString path = m_input.files.at(i).path;
@@ -132,10 +136,7 @@ bool Elaborator::prepareSources()
 
 void Elaborator::readVhdl()
 {
-    bool anyVhdl = false;
-    for (const DesignSource &source : m_input.files)
-        anyVhdl = anyVhdl || source.type == TE::VhdlFile;
-    if (!anyVhdl)
+    if (filesOf(TE::VhdlFile).isEmpty())
         return readDesign();
     m_vhdl.reset(new VhdlPart(m_input, *m_result->scratch, m_names, m_copies, m_runner));
     // Nothing of the VHDL is then translated at first.
@@ -345,11 +346,12 @@ Elaborator::Verdict Elaborator::makeFiles()
     const QString boxes = QLatin1String("blackboxes.sv");
     QStringList files;
     bool isWritten = true;
+    m_result->readOptions.generated.clear();
     if (m_vhdl && !m_vhdl->verilog().isEmpty()) {
         isWritten = scratch.write(vhdl, m_vhdl->verilog().sources());
         files << scratch.file(vhdl);
+        m_result->readOptions.generated.insert(scratch.file(vhdl), &GhdlVerilog::maker);
     }
-    m_result->readOptions.generated = files.toSet();
     if (!m_boxes.isEmpty()) {
         isWritten = scratch.write(boxes, m_boxes.sources()) && isWritten;
         files << scratch.file(boxes);
@@ -369,17 +371,8 @@ QString Elaborator::userName(const QString &module) const
 void Elaborator::finish()
 {
     ReadOptions &options = m_result->readOptions;
-    if (m_vhdl) {
-        options.moduleNames = m_vhdl->verilog().moduleNames();
-        options.vhdlScopes = m_vhdl->waveforms();
-        options.vhdlSources = m_vhdl->sources();
-        options.vhdlLibraries = m_vhdl->libraries();
-        options.choices = m_vhdl->choices();
-        options.fileNames = m_vhdl->fileNames();
-        const QString top = m_vhdl->moduleOf(m_input.top);
-        if (!top.isEmpty())
-            options.moduleNames.insert(top, m_input.top);
-    }
+    if (m_vhdl)
+        m_vhdl->describe(options);
     if (m_topUnknown)
         return tellTops();
     report(m_warnings, ToolMessage::Warning);
@@ -406,7 +399,7 @@ void Elaborator::tellTops()
 {
     if (m_input.top.isEmpty())
         return;
-    QStringList tops, vhdl;
+    QStringList tops;
     QSet<QString> used; // of VHDL by Verilog, in small letters
     for (const QString &module : m_summary.modules + m_boxes.names())
         used.insert(userName(module).toLower());
@@ -414,11 +407,7 @@ void Elaborator::tellTops()
         if (!m_boxes.names().contains(module))
             tops.append(userName(module));
     }
-    for (const DesignSource &source : m_input.files) {
-        if (source.type == TE::VhdlFile)
-            vhdl.append(source.path);
-    }
-    for (const QString &entity : vhdlRoots(vhdl)) {
+    for (const QString &entity : vhdlRoots(filesOf(TE::VhdlFile))) {
         if (!used.contains(entity.toLower()))
             tops.append(entity);
     }
@@ -468,9 +457,10 @@ void Elaborator::report(const QList<ToolMessage> &messages, ToolMessage::Severit
         if (message.severity != severity || message.code == QLatin1String("MULTITOP") ||
             ++count > maxMessages)
             continue;
-        if (m_result->readOptions.generated.contains(message.file)) {
+        if (const VerilogMaker *maker = m_result->readOptions.generated.value(message.file)) {
             message.file.clear();
-            message.text.prepend(tr("In the Verilog that GHDL made of the VHDL sources: "));
+            message.text.prepend(tr("In the Verilog that %1 made of the %2 sources: ")
+                                     .arg(QLatin1String(maker->name), QLatin1String(maker->language)));
         }
         m_result->lists.messages.append(messageText(message, m_names, m_verilator.workingDir()));
     }

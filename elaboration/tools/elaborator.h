@@ -16,6 +16,7 @@
 #include "elaboration/tools/verilatorrun.h"
 #include "elaboration/tools/vhdlpart.h"
 #include "elaboration/tools/xmlsummary.h"
+#include "host/filetypes.h"
 
 namespace QUARRY {
 
@@ -56,6 +57,7 @@ private:
     enum Language { Vhdl, Verilog };
 
     bool checkSources();
+    QStringList filesOf(TE::FileType type) const;
     bool prepareSources();
     void readVhdl();
     void foresee(const ToolResult &result);

@@ -1,5 +1,7 @@
 #include "elaboration/tools/ghdlverilog.h"
 
+#include <QRegExp>
+
 #include <unordered_set>
 
 namespace QUARRY {
@@ -177,7 +179,17 @@ std::string placeIn(std::string_view comment)
     return end == comment.npos || end < 5 ? std::string() : std::string(comment.substr(5, end - 5));
 }
 
+// "n12_o"
+bool isOwnName(const QString &name)
+{
+    static const QRegExp pattern(QLatin1String("n\\d+(_[a-z]+)?"));
+    return name.startsWith(QLatin1Char('n')) && name.size() > 1 && name.at(1).isDigit() &&
+           QRegExp(pattern).exactMatch(name);
+}
+
 } // namespace
+
+const VerilogMaker GhdlVerilog::maker = {"GHDL", "VHDL", isOwnName, true, true};
 
 QString GhdlVerilog::spelledAs(const QString &word, const QStringList &spellings)
 {

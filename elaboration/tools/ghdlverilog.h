@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "elaboration/reading/netlistreader.h"
 #include "elaboration/tools/ghdltext.h"
 
 namespace QUARRY {
@@ -63,6 +64,7 @@ public:
     void remove(const QString &module);
     QSet<QString> instantiated() const; // all modules that any of these instantiates
 
+    static const VerilogMaker maker;
     QByteArray sources() const;
     QMap<QString, QString> moduleNames() const { return m_names; }   // as in the sources() to entities
     QMap<QString, QString> libraries() const { return m_libraries; } // of modules whose entity has a twin

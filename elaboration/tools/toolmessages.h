@@ -28,9 +28,6 @@ struct ToolMessage
 // and carets are left out.
 QList<ToolMessage> parseVerilatorMessages(const QByteArray &output);
 
-// "a.vhd:1:53: text", "a.vhd:9:2:warning: text", "/usr/bin/ghdl-mcode: text"
-QList<ToolMessage> parseGhdlMessages(const QByteArray &output);
-
 // The user's name of the file, absolute; empty when the message has no place.
 QString realFile(const ToolMessage &message, const SafeNames &names, const QString &workingDir);
 

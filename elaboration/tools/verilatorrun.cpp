@@ -78,10 +78,11 @@ VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, 
     : m_input(input), m_scratch(scratch), m_names(names), m_top(input.top), m_workingDir(input.workingDir)
 {
     for (const DesignSource &source : input.files) {
-        if (source.type == TE::VhdlFile)
+        const char *suffix = TE::verilogSuffix(source.type);
+        if (!suffix)
             continue;
         (source.onlyWhenUsed ? m_libraryFiles : m_files).append(source.path);
-        m_suffixes.insert(source.path, QLatin1String(source.type == TE::SystemVerilogFile ? ".sv" : ".v"));
+        m_suffixes.insert(source.path, QLatin1String(suffix));
     }
     if (!QFileInfo(m_workingDir).isDir())
         m_workingDir = m_files.isEmpty() ? scratch.path() : QFileInfo(m_files.first()).absolutePath();

@@ -7,6 +7,7 @@
 #include <QRegExp>
 
 #include "elaboration/tools/designinput.h"
+#include "elaboration/tools/ghdlmessages.h"
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourcecopies.h"

@@ -6,8 +6,8 @@
 #include <QRegExp>
 
 #include "elaboration/tools/designinput.h"
+#include "elaboration/tools/ghdlmessages.h"
 #include "elaboration/tools/scratchdir.h"
-#include "elaboration/tools/toolmessages.h"
 
 namespace QUARRY {
 namespace {
@@ -338,22 +338,22 @@ void VhdlPart::translateWithout(const QSet<QString> &entities, const Wanted &wan
     });
 }
 
-QList<VhdlSourceFile> VhdlPart::sources() const
+void VhdlPart::describe(ReadOptions &options) const
 {
-    QList<VhdlSourceFile> result;
+    options.moduleNames = m_verilog.moduleNames();
+    const QString top = moduleOf(m_input.top);
+    if (!top.isEmpty())
+        options.moduleNames.insert(top, m_input.top);
+    options.vhdlScopes = m_waveforms;
+    options.choices = m_choices;
+    options.fileNames = m_analysis.fileNames();
     for (const VhdlBatch &batch : m_analysis.byLibrary()) {
         for (const QString &file : batch.files)
-            result.append({batch.library, file});
+            options.vhdlSources.append({batch.library, file});
     }
-    return result;
-}
-
-QMap<QString, QString> VhdlPart::libraries() const
-{
-    QMap<QString, QString> libraries = m_verilog.libraries();
+    options.vhdlLibraries = m_verilog.libraries();
     for (auto root = m_modules.begin(); root != m_modules.end(); ++root)
-        libraries.insert(root.value(), m_analysis.libraryOf(root.key()));
-    return libraries;
+        options.vhdlLibraries.insert(root.value(), m_analysis.libraryOf(root.key()));
 }
 
 void VhdlPart::report(const ToolResult &result, bool errorsAreWarnings, QStringList &messages) const

@@ -8,7 +8,6 @@
 
 #include <functional>
 
-#include "elaboration/reading/vhdlplaces.h"
 #include "elaboration/tools/designdump.h"
 #include "elaboration/tools/ghdlverilog.h"
 #include "elaboration/tools/toolrunner.h"
@@ -42,7 +41,7 @@ public:
     // them. Then false when there was nothing to do.
     void adaptGenerics(const QString &xmlFile, const std::function<void(bool)> &then);
 
-    // The signals of an entity are recorded while the work goes on; then waveforms() has them all.
+    // The signals of an entity are recorded while the work goes on; then describe() has them all.
     void awaitScopes(const std::function<void()> &then);
 
     bool didToolFail() const { return m_didToolFail; } // itself, whatever the sources are
@@ -52,12 +51,8 @@ public:
     QStringList untranslated() const { return m_untranslated; } // entities that GHDL refused
     QStringList refusals() const;                               // why
     bool isBoxed(const QString &entity) const { return m_boxed.contains(entity.toLower()); }
-    QMap<QString, QString> waveforms() const { return m_waveforms; } // see ReadOptions::vhdlScopes
-    QList<VhdlSourceFile> sources() const;                           // see ReadOptions::vhdlSources
-    QMap<QString, QString> libraries() const;                        // see ReadOptions::vhdlLibraries
-    QMap<QString, QString> fileNames() const { return m_analysis.fileNames(); }
     const GhdlVerilog &verilog() const { return m_verilog; }
-    const QSet<QString> &choices() const { return m_choices; } // see ReadOptions::choices
+    void describe(ReadOptions &options) const; // of its modules and sources, all that is known in the end
     QStringList takeMessages();
 
 private:

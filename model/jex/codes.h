@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "model/jex/resourcetable.h"
+
 namespace JEX {
 
 // What the numbers in the records stand for. The records hold plain 32-bit integers and keep any value that
@@ -17,16 +19,6 @@ enum SignalKind {
 enum SampleEdge { RisingEdge = 0, FallingEdge = 1 };
 
 enum TriggerMode { DynamicTrigger = 0, StaticTrigger = 1 };
-
-// Of what a trigger or a capture is made, see resourcetable.h. No record holds NoImplementation: a text can
-// fail to name one.
-enum Implementation {
-    NoImplementation = -1,
-    BsramImplementation = 0, // block memory
-    RegImplementation = 1,   // registers
-    SsramImplementation = 2  // shadow memory
-};
-enum { ImplementationCount = 3 };
 
 // What a unit compares for, see matchvalue.h.
 enum MatchFunction {

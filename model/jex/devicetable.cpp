@@ -20,7 +20,7 @@ const DeviceFamily ice40 = {
     "iCE40", {shapes4K, nullptr, nullptr}, "iCE40 LP/HX Family Data Sheet, FPGA-DS-02029"};
 const DeviceFamily ultraPlus = {
     "iCE40UP", {shapes4K, nullptr, nullptr}, "iCE40 UltraPlus Family Data Sheet, FPGA-DS-02008"};
-const DeviceFamily ecp5 = {
+constexpr DeviceFamily ecp5 = {
     "ECP5", {shapes18K, nullptr, shadow16x4}, "ECP5 and ECP5-5G Family Data Sheet, FPGA-DS-02012"};
 const DeviceFamily machXo2 = {
     "MachXO2", {shapes9K, nullptr, shadow16x4}, "MachXO2 Family Data Sheet, FPGA-DS-02056"};
@@ -34,6 +34,17 @@ const DeviceFamily cyclone4 = {
     "Cyclone IV E", {shapes9KWide, nullptr, nullptr}, "Cyclone IV FPGA Device Family Overview, CYIV-51001"};
 const DeviceFamily cyclone5 = {
     "Cyclone V E", {shapes10K, nullptr, shadow32x20}, "Cyclone V Device Overview, CV-51001"};
+
+constexpr bool hasAllMemories(const DeviceFamily &family)
+{
+    for (const Resource &resource : resources) {
+        if (resource.isMemory != (family.shapes[resource.code] != nullptr)) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(hasAllMemories(ecp5), "the usual family has shapes for each memory, and for nothing else");
 
 // Blocks of the 7 series are counted as those of 18 Kbit, two of which make one of 36.
 const Device devices[] = {

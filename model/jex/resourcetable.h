@@ -3,8 +3,19 @@
 #include <QtGlobal>
 #include <limits>
 
-#include "model/jex/codes.h"
-#include "model/jex/devicetable.h"
+namespace JEX {
+
+// Of what a trigger or a capture is made: the numbers in records. None holds NoImplementation: a text can
+// fail to name one.
+enum Implementation {
+    NoImplementation = -1,
+    BsramImplementation = 0, // block memory
+    RegImplementation = 1,   // registers
+    SsramImplementation = 2  // shadow memory
+};
+enum { ImplementationCount = 3 };
+
+} // namespace JEX
 
 namespace JEX_TOOL {
 
@@ -22,10 +33,11 @@ struct Resource
     JEX::Implementation code;
     const char *name;       // for people and in files
     const char *amountName; // over what a device has of it; to be translated
-    const char *usageText;  // before required and available; to be translated
+    const char *usageText;  // before required and available, to be translated; null: with the name
     const char *one, *many; // of what is counted
     const char *liteText;   // what the Lite page looks for in its box
     const char *style;      // of a memory in Verilog
+    bool isMemory;          // and counted by its shapes, which every family or else the usual one has
     qint64 largestCapture;  // bits; a larger one is not offered
     TriggerNeed triggerNeed;
     bool isAlwaysOffered;  // also for a device that has none
@@ -37,13 +49,13 @@ constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
 
 // In the order in which they are offered and listed.
 constexpr Resource resources[] = {
-    {JEX::BsramImplementation, "BSRAM", "BSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "BSRAM Usage :"),
-     "memory", "memories", "BSRAM", "block", anyCapture, OneEach, true, true, nullptr},
-    {JEX::SsramImplementation, "SSRAM", "SSRAM", QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "SSRAM Usage :"),
-     "memory", "memories", "SSRAM", "distributed", anyCapture, TablesEach, false, false, "ice40"},
+    {JEX::BsramImplementation, "BSRAM", "BSRAM", nullptr, "memory", "memories", "BSRAM", "block", true,
+     anyCapture, OneEach, true, true, nullptr},
+    {JEX::SsramImplementation, "SSRAM", "SSRAM", nullptr, "memory", "memories", "SSRAM", "distributed", true,
+     anyCapture, TablesEach, false, false, "ice40"},
     {JEX::RegImplementation, "REG", QT_TRANSLATE_NOOP("JEX_TOOL::Resource", "registers"),
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
-     "registers", 512, TablesAndOneEach, true, false, nullptr},
+     "registers", false, 512, TablesAndOneEach, true, false, nullptr},
 };
 enum { ResourceCount = sizeof resources / sizeof *resources };
 static_assert(int(ResourceCount) == JEX::ImplementationCount, "each implementation has a row");

@@ -1,4 +1,4 @@
-#include "elaboration/tools/toolmessages.h"
+#include "elaboration/tools/ghdlmessages.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

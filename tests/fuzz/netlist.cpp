@@ -1,4 +1,4 @@
-#include "elaboration/reading/netlistreader.h"
+#include "elaboration/tools/ghdlverilog.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/fuzz/fuzz.h"
 
@@ -9,7 +9,7 @@ void Fuzz::look(const QByteArray &bytes)
 {
     QUARRY::ReadOptions options;
     options.workingDir = QStringLiteral(EXAMPLE_DIR "/rtl");
-    options.generated.insert(QStringLiteral("made.v"));
+    options.generated.insert(QStringLiteral("made.v"), &QUARRY::GhdlVerilog::maker);
     QUARRY::NetlistReader reader(Fuzz::file(bytes), options);
     while (reader.readSlice())
         ;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "elaboration/reading/netlistreader.h"
+#include "elaboration/tools/ghdlverilog.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/fuzz/fuzz.h"
 
@@ -13,7 +13,7 @@ namespace Fuzz {
 inline void readVhdlDesign(const QString &waveform, const QString &vhdl)
 {
     QUARRY::ReadOptions options;
-    options.generated.insert(QStringLiteral("made.v"));
+    options.generated.insert(QStringLiteral("made.v"), &QUARRY::GhdlVerilog::maker);
     options.vhdlScopes.insert(QStringLiteral("blocks"), waveform);
     options.vhdlScopes.insert(QStringLiteral("leaf"), waveform);
     options.vhdlSources.append({QStringLiteral("work"), vhdl});

@@ -36,11 +36,11 @@ std::optional<bool> bitFits(char wanted, char now, std::optional<char> before)
 
 bool unitMatches(const JEX::MatchUnit &unit, const QByteArray &now, const QByteArray *before)
 {
-    if (unit.function >= JEX::MatchLess) {
+    if (JEX::matchFunctions[unit.function].comparesNumbers) {
         if (now.contains('x') || now.contains('z'))
             return false;
         const QByteArray value = unit.value.toLatin1(); // as long as the port, so that texts order as numbers
-        if (unit.function == JEX::MatchInRange)
+        if (JEX::matchFunctions[unit.function].hasUpper)
             return value <= now && now <= unit.upperValue.toLatin1();
         return unit.function == JEX::MatchLess ? now < value : now > value;
     }

@@ -149,11 +149,11 @@ private:
         const int half = 2 + below(core.halves.size() - 2);
         const QByteArray before = core.halves[half - 2].ports[port];
         const QByteArray now = core.halves[half].ports[port];
-        const bool isNumber = unit->function >= JEX::MatchLess;
+        const bool isNumber = JEX::matchFunctions[unit->function].comparesNumbers;
         unit->value = unit->upperValue = QString();
         for (int i = 0; i < now.size(); ++i)
             unit->value += character(before[i], now[i], isNumber);
-        if (unit->function != JEX::MatchInRange)
+        if (!JEX::matchFunctions[unit->function].hasUpper)
             return;
         for (int i = 0; i < now.size(); ++i)
             unit->upperValue += QChar(oneIn(3) ? '1' : now[i] == '1' ? '1' : '0');

@@ -83,6 +83,16 @@ private Q_SLOTS:
         QCOMPARE(project.data().files.at(0).path, dir.path("p/rtl/top.v"));
     }
 
+    void typesOfNames()
+    {
+        QString types;
+        for (const char *name :
+             {"a.v", "b.VH", "c.vlg", "d.sv", "e.svh", "f.vhd", "g.VHDL", "h.zub", "i.vp", "v"})
+            types += QString::number(TE::fileTypeFromName(name)) + (TE::isHeaderName(name) ? "h " : " ");
+        QCOMPARE(types, QString("2 2h 2 3 3h 4 4 1 1 1 "));
+        QCOMPARE(TE::sourcePatterns(), QString("*.v *.vh *.vlg *.sv *.svh *.vhd *.vhdl"));
+    }
+
     void refusedFiles_data()
     {
         textColumns("text");

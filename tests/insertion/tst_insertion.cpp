@@ -353,7 +353,7 @@ private:
                 files << source.path;
         }
         if (!design->readOptions.generated.isEmpty()) {
-            folder.write("vhdl.v", contents(*design->readOptions.generated.begin()));
+            folder.write("vhdl.v", contents(design->readOptions.generated.firstKey()));
             files << "vhdl.v";
         }
         return files;

@@ -329,9 +329,8 @@ private:
         return back.size() > 1 ? back : QStringList(); // once round is from the end to the beginning
     }
 
-    // A key of the window is nobody's else: neither of two would
-    // do anything. Parts may have keys in common; those of actions that belong to one widget are there for
-    // the eye alone.
+    // A key of the window, or a letter of a menu, is nobody's else: neither of two would do anything. Parts may
+    // have keys in common; those of actions that belong to one widget are there for the eye alone.
     QStringList clashesIn(const QWidget *window, const QString &name)
     {
         QMultiMap<QString, QString> owners, parts;
