@@ -58,8 +58,9 @@ QVariant ResultRow::data(int column, int role) const
 {
     if (column >= resultColumns)
         return QTreeWidgetItem::data(column, role);
+    const auto textOf = columns[column].text;
     if (role == Qt::DisplayRole)
-        return (this->*columns[column].text)();
+        return (this->*textOf)();
     if (role == Qt::UserRole && column == 0)
         return QVariant::fromValue(record());
     if (role == Qt::ForegroundRole)
@@ -68,7 +69,7 @@ QVariant ResultRow::data(int column, int role) const
         return QUtil::plainToolTip(
             flags() & Qt::ItemIsSelectable ? toolTip() : toolTip() + QLatin1Char('\n') + excluded());
     if (role == Qt::AccessibleTextRole && !(flags() & Qt::ItemIsSelectable))
-        return QString((this->*columns[column].text)() + QLatin1String(", ") + excluded());
+        return QString((this->*textOf)() + QLatin1String(", ") + excluded());
     return QTreeWidgetItem::data(column, role);
 }
 

@@ -329,8 +329,8 @@ private:
         return back.size() > 1 ? back : QStringList(); // once round is from the end to the beginning
     }
 
-    // A key of the window, or a letter of a menu, is nobody's else: neither of two would do anything. Parts may
-    // have keys in common; those of actions that belong to one widget are there for the eye alone.
+    // A key of the window, or a letter of a menu, is nobody's else: neither of two would do anything. Parts
+    // may have keys in common; those of actions that belong to one widget are there for the eye alone.
     QStringList clashesIn(const QWidget *window, const QString &name)
     {
         QMultiMap<QString, QString> owners, parts;
@@ -356,7 +356,8 @@ private:
         }
         for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
             add(owners, button->shortcut(), button->text());
-        QList<QAction *> entries = qobject_cast<const QMenu *>(window) ? window->actions() : QList<QAction *>();
+        QList<QAction *> entries =
+            qobject_cast<const QMenu *>(window) ? window->actions() : QList<QAction *>();
         for (const QMenuBar *bar : window->findChildren<QMenuBar *>())
             entries += bar->actions();
         for (const QAction *entry : qAsConst(entries))
