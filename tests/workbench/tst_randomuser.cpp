@@ -17,7 +17,7 @@ private Q_SLOTS:
     void cleanupTestCase()
     {
         qInfo("%d saved states were compared", m_compared);
-        QVERIFY(m_compared > 0);
+        QVERIFY(m_rounds == 0 || m_compared > 0);
         EditorWindowTest::cleanupTestCase();
     }
 
@@ -46,6 +46,7 @@ private Q_SLOTS:
             if (round % 8 == 7)
                 m_dir->write("a.zub", m_dir->read("b.zub")); // somebody else does
             user.act(13);
+            ++m_rounds;
             QString fault;
             if (view() && !isRight(fault)) {
                 qWarning("seed %d, round %d: %s\n%s", seed, round, qPrintable(fault),
@@ -242,6 +243,7 @@ private:
     Workbench::EditMenu *m_menu = nullptr;
     QList<Place> m_places;
     QString m_fault;
+    int m_rounds = 0;
     int m_compared = 0;
 };
 
