@@ -31,7 +31,7 @@ QComboBox *newBox(const Core::ProjectData &data, const Core::ProjectOption &opti
     auto *box = new QComboBox;
     box->setEditable(true);
     box->addItem(translated(option.hint));
-    box->addItems(QString(option.choices).split(' '));
+    box->addItems(QString(option.choices).split(' ', Qt::SkipEmptyParts));
     box->setCurrentText(value.isEmpty() ? translated(option.hint) : value);
     return box;
 }

@@ -2,7 +2,6 @@
 
 #include "elaboration/reading/vhdldeclarations.h"
 
-#include "elaboration/reading/verilatorloops.h"
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
 #include "host/regularfile.h"
@@ -20,12 +19,6 @@
 namespace QUARRY {
 
 namespace {
-
-// The loop variables of generate loops stand among the variables; the user's own are marked public.
-bool isGenvar(const pugi::xml_node &var)
-{
-    return std::strcmp(var.attribute("vartype").value(), "integer") == 0 && !var.attribute("public");
-}
 
 // Of "c,12,8,12,15": file, first line, first column, last line, column behind the last.
 struct Location
@@ -240,18 +233,6 @@ void VerilatorDesign::closeModule(VerilatorModule &module)
     VerilatorTies(*m_types, module).findOwn();
 }
 
-void VerilatorDesign::findOutputWires(const pugi::xml_node &body)
-{
-    for (const pugi::xml_node &instance : body.children("instance")) {
-        for (const pugi::xml_node &port : instance.children("port")) {
-            const QString wire = QString::fromUtf8(instance.attribute("name").value()) + QLatin1Char('_') +
-                                 QString::fromUtf8(port.attribute("name").value());
-            if (std::strcmp(port.attribute("direction").value(), "in") != 0)
-                m_outputWires.insert(wire);
-        }
-    }
-}
-
 void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &module, VerilatorScope &scope)
 {
     for (const pugi::xml_node &node : body.children()) {
@@ -264,32 +245,6 @@ void VerilatorDesign::readBody(const pugi::xml_node &body, VerilatorModule &modu
         else if (is(node, "contassign"))
             scope.assigns.push_back(node);
     }
-}
-
-bool VerilatorDesign::isNet(const pugi::xml_node &var, const VerilatorModule &module)
-{
-    return !var.attribute("param") && !var.attribute("localparam") && !isGenvar(var) &&
-           !isVerilatorOwnName(var.attribute("origName").value()) && !isLoopVariable(var, module);
-}
-
-bool VerilatorDesign::isLoopVariable(const pugi::xml_node &var, const VerilatorModule &module)
-{
-    const char *type = var.attribute("vartype").value();
-    if (std::strcmp(type, "integer") != 0 && std::strcmp(type, "int") != 0)
-        return false;
-    if (!m_loopVariablesKnown)
-        m_loopVariables = verilatorLoopVariables(module.node);
-    m_loopVariablesKnown = true;
-    return m_loopVariables.count(var.attribute("name").value());
-}
-
-bool VerilatorDesign::isMadeUp(const pugi::xml_node &var) const
-{
-    const VerilogMaker *maker = fileOf(var).maker;
-    if (!maker || var.attribute("dir"))
-        return false;
-    const QString name = QString::fromUtf8(var.attribute("name").value());
-    return (maker->isOwnName && maker->isOwnName(name)) || m_outputWires.contains(name);
 }
 
 // What a tool made up is not shown, but a tie may come through it.
