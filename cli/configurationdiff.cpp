@@ -19,46 +19,11 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Cli::Difference)
 };
 
-// What fields are called and what they hold, where other languages have other words for it.
-[[maybe_unused]] const char *const words[] = {
-    QT_TRANSLATE_NOOP("Cli::Difference", "clock"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "edge"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "triggerMode"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "triggerImplementation"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "captureImplementation"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "implementation"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "storageSize"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "segments"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "captureAmount"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "triggerPosition"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "forceTriggerByFallingEdge"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "captureInitialData"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "inputRegister"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "topModule"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "enabled"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "port"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "function"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "value"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "upperValue"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "shown as"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "type"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "capture"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "valid"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "rising"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "falling"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "dynamic"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "static"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "group"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "net"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "bus"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "equal"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "notEqual"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "less"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "greater"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "inRange"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "true"),
-    QT_TRANSLATE_NOOP("Cli::Difference", "false"),
-};
+// The name of a field, or a word that it holds.
+QString wordOf(const char *word)
+{
+    return QCoreApplication::translate("JEX", word);
+}
 
 Json shown(const QString &text)
 {
@@ -96,7 +61,7 @@ Json shownValue(const JEX::Field<Record> &field, const Record &record)
     const Json value = valueOf(field, record);
     if (value.is_null())
         return shown(Texts::tr("none"));
-    return field.rule.kind == JEX::Rule::Words ? shown(Texts::tr(value.get<std::string>().c_str())) : value;
+    return field.rule.kind == JEX::Rule::Words ? shown(wordOf(value.get<std::string>().c_str())) : value;
 }
 
 bool areCapturedRows(const RTLJEX::AnyCore &core)
@@ -174,7 +139,7 @@ private:
             for (const JEX::Field<Newer> &now : JEX::fieldsOf<Newer>()) {
                 const JEX::Field<Older> *before = now.part == part ? counterpart<Older>(now) : nullptr;
                 if (before && differ(*before, a, now, b))
-                    add(place, "changed", Texts::tr(now.title), shownValue(*before, a), shownValue(now, b));
+                    add(place, "changed", wordOf(now.title), shownValue(*before, a), shownValue(now, b));
             }
         }
     }
@@ -240,7 +205,7 @@ private:
 QString quotedText(const Json &value)
 {
     if (value.is_boolean())
-        return Texts::tr(value.get<bool>() ? "true" : "false");
+        return value.get<bool>() ? Texts::tr("true") : Texts::tr("false");
     const QString text = valueText(value);
     return text.isEmpty() || text.contains(' ') ? '"' + text + '"' : text;
 }

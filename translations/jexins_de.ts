@@ -80,6 +80,149 @@
     </message>
 </context>
 <context>
+    <name>JEX</name>
+    <message>
+        <source>equal</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>notEqual</source>
+        <translation>ungleich</translation>
+    </message>
+    <message>
+        <source>less</source>
+        <translation>kleiner</translation>
+    </message>
+    <message>
+        <source>greater</source>
+        <translation>größer</translation>
+    </message>
+    <message>
+        <source>inRange</source>
+        <translation>im Bereich</translation>
+    </message>
+    <message>
+        <source>rising</source>
+        <translation>steigend</translation>
+    </message>
+    <message>
+        <source>falling</source>
+        <translation>fallend</translation>
+    </message>
+    <message>
+        <source>dynamic</source>
+        <translation>dynamisch</translation>
+    </message>
+    <message>
+        <source>static</source>
+        <translation>statisch</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>net</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>bus</source>
+        <translation>Bus</translation>
+    </message>
+    <message>
+        <source>clock</source>
+        <translation>Takt</translation>
+    </message>
+    <message>
+        <source>edge</source>
+        <translation>Flanke</translation>
+    </message>
+    <message>
+        <source>triggerMode</source>
+        <translation>Trigger-Modus</translation>
+    </message>
+    <message>
+        <source>triggerImplementation</source>
+        <translation>Realisierung des Triggers</translation>
+    </message>
+    <message>
+        <source>captureImplementation</source>
+        <translation>Realisierung der Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>storageSize</source>
+        <translation>Speichertiefe</translation>
+    </message>
+    <message>
+        <source>segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>captureAmount</source>
+        <translation>Aufzeichnungslänge</translation>
+    </message>
+    <message>
+        <source>triggerPosition</source>
+        <translation>Trigger-Position</translation>
+    </message>
+    <message>
+        <source>forceTriggerByFallingEdge</source>
+        <translation>Trigger durch fallende Flanke erzwingen</translation>
+    </message>
+    <message>
+        <source>captureInitialData</source>
+        <translation>Anfangsdaten aufzeichnen</translation>
+    </message>
+    <message>
+        <source>topModule</source>
+        <translation>Top-Modul</translation>
+    </message>
+    <message>
+        <source>implementation</source>
+        <translation>Realisierung</translation>
+    </message>
+    <message>
+        <source>inputRegister</source>
+        <translation>Eingangsregister</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>aktiv</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>Trigger-Port</translation>
+    </message>
+    <message>
+        <source>function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>upperValue</source>
+        <translation>Obergrenze</translation>
+    </message>
+    <message>
+        <source>shown as</source>
+        <translation>Anzeigename</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>valid</source>
+        <translation>gültig</translation>
+    </message>
+</context>
+<context>
     <name>JEX::JexFile</name>
     <message>
         <source>The file &quot;%1&quot; is not written: %2</source>

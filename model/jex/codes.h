@@ -33,17 +33,17 @@ enum MatchFunction {
 // By their numbers. Everyone who names, reads, writes or offers a function walks the table.
 struct FunctionText
 {
-    const char *word; // in files
+    const char *word; // in files, see zubfields.cpp
     const char *name; // for people, to be translated
     bool comparesNumbers;
     bool hasUpper; // a second value
 };
 inline constexpr FunctionText matchFunctions[] = {
-    {"equal", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Equal"), false, false},
-    {"notEqual", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Not equal"), false, false},
-    {"less", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Less"), true, false},
-    {"greater", QT_TRANSLATE_NOOP("JEX::MatchFunction", "Greater"), true, false},
-    {"inRange", QT_TRANSLATE_NOOP("JEX::MatchFunction", "In range"), true, true},
+    {QT_TR_NOOP("equal"), QT_TRANSLATE_NOOP("JEX::MatchFunction", "Equal"), false, false},
+    {QT_TR_NOOP("notEqual"), QT_TRANSLATE_NOOP("JEX::MatchFunction", "Not equal"), false, false},
+    {QT_TR_NOOP("less"), QT_TRANSLATE_NOOP("JEX::MatchFunction", "Less"), true, false},
+    {QT_TR_NOOP("greater"), QT_TRANSLATE_NOOP("JEX::MatchFunction", "Greater"), true, false},
+    {QT_TR_NOOP("inRange"), QT_TRANSLATE_NOOP("JEX::MatchFunction", "In range"), true, true},
 };
 static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
               "each function has a row");

@@ -6,9 +6,11 @@ namespace JEX {
 
 namespace {
 
-const char *const edgeWords[] = {"rising", "falling"};
-const char *const triggerModeWords[] = {"dynamic", "static"};
-const char *const kindWords[] = {"group", "net", "bus"};
+// What a difference between two configurations is told with is marked, to be translated with the context
+// "JEX"; files and JSON have it as it is.
+const char *const edgeWords[] = {QT_TR_NOOP("rising"), QT_TR_NOOP("falling")};
+const char *const triggerModeWords[] = {QT_TR_NOOP("dynamic"), QT_TR_NOOP("static")};
+const char *const kindWords[] = {QT_TR_NOOP("group"), QT_TR_NOOP("net"), QT_TR_NOOP("bus")};
 
 // By their numbers.
 struct ResourceWords
@@ -73,29 +75,29 @@ constexpr Field<Record> field(const char *name, TriggerPort *Record::*member)
 // small for the chosen number of segments.
 constexpr Field<AoCore> standardFields[] = {
     field("number", {Rule::Range, 0, CoreLimit - 1}, &AoCore::coreNumber).key(),
-    field("clock", &AoCore::sampleClock),
-    field("edge", edgeRule, &AoCore::sampleEdge),
-    field("triggerMode", triggerModeRule, &AoCore::triggerMode),
-    field("triggerImplementation", implementationRule, &AoCore::triggerImplementation),
-    field("captureImplementation", implementationRule, &AoCore::captureImplementation),
-    field("storageSize", {Rule::PowerOfTwo, 4, 65536}, &AoCore::storageSize),
-    field("segments", {Rule::Range, 1, 16384}, &AoCore::windowNumber),
-    field("captureAmount", {Rule::PowerOfTwoOrZero, 4, 65536}, &AoCore::captureAmount),
-    field("triggerPosition", {Rule::Range, -4, 65532}, &AoCore::triggerPosition),
-    field("forceTriggerByFallingEdge", &AoCore::forceTriggerByFallingEdge),
-    field("captureInitialData", &AoCore::captureInitialData),
-    field("topModule", &AoCore::topModuleName),
+    field(QT_TR_NOOP("clock"), &AoCore::sampleClock),
+    field(QT_TR_NOOP("edge"), edgeRule, &AoCore::sampleEdge),
+    field(QT_TR_NOOP("triggerMode"), triggerModeRule, &AoCore::triggerMode),
+    field(QT_TR_NOOP("triggerImplementation"), implementationRule, &AoCore::triggerImplementation),
+    field(QT_TR_NOOP("captureImplementation"), implementationRule, &AoCore::captureImplementation),
+    field(QT_TR_NOOP("storageSize"), {Rule::PowerOfTwo, 4, 65536}, &AoCore::storageSize),
+    field(QT_TR_NOOP("segments"), {Rule::Range, 1, 16384}, &AoCore::windowNumber),
+    field(QT_TR_NOOP("captureAmount"), {Rule::PowerOfTwoOrZero, 4, 65536}, &AoCore::captureAmount),
+    field(QT_TR_NOOP("triggerPosition"), {Rule::Range, -4, 65532}, &AoCore::triggerPosition),
+    field(QT_TR_NOOP("forceTriggerByFallingEdge"), &AoCore::forceTriggerByFallingEdge),
+    field(QT_TR_NOOP("captureInitialData"), &AoCore::captureInitialData),
+    field(QT_TR_NOOP("topModule"), &AoCore::topModuleName),
 };
 
 constexpr Field<AOCore_Lite> liteFields[] = {
     field("number", {Rule::Range, 0, CoreLimit - 1}, &AOCore_Lite::coreNumber).key(),
-    field("clock", &AOCore_Lite::sampleClock),
-    field("edge", edgeRule, &AOCore_Lite::sampleEdge),
-    field("implementation", implementationRule, &AOCore_Lite::implementation),
-    field("captureAmount", {Rule::PowerOfTwo, 2, 65536}, &AOCore_Lite::captureAmount),
-    field("inputRegister", &AOCore_Lite::enableCaptureDataInputRegister),
-    field("captureInitialData", &AOCore_Lite::captureInitialData),
-    field("topModule", &AOCore_Lite::topModuleName),
+    field(QT_TR_NOOP("clock"), &AOCore_Lite::sampleClock),
+    field(QT_TR_NOOP("edge"), edgeRule, &AOCore_Lite::sampleEdge),
+    field(QT_TR_NOOP("implementation"), implementationRule, &AOCore_Lite::implementation),
+    field(QT_TR_NOOP("captureAmount"), {Rule::PowerOfTwo, 2, 65536}, &AOCore_Lite::captureAmount),
+    field(QT_TR_NOOP("inputRegister"), &AOCore_Lite::enableCaptureDataInputRegister),
+    field(QT_TR_NOOP("captureInitialData"), &AOCore_Lite::captureInitialData),
+    field(QT_TR_NOOP("topModule"), &AOCore_Lite::topModuleName),
 };
 
 constexpr Field<TriggerPort> portFields[] = {
@@ -104,19 +106,19 @@ constexpr Field<TriggerPort> portFields[] = {
 
 constexpr Field<MatchUnit> unitFields[] = {
     field("number", {Rule::Range, 0, UnitCount - 1}, &MatchUnit::unitNumber).key().shownAs("M"),
-    field("enabled", &MatchUnit::enabled).shownAs("", "disabled", "enabled"),
-    field("port", &MatchUnit::triggerPort).optional().shownAs("port ", "not bound"),
-    field("function", functionRule, &MatchUnit::function),
-    field("value", &MatchUnit::value, bitsRule),
-    field("upperValue", &MatchUnit::upperValue, bitsRule).optional(),
+    field(QT_TR_NOOP("enabled"), &MatchUnit::enabled).shownAs("", "disabled", "enabled"),
+    field(QT_TR_NOOP("port"), &MatchUnit::triggerPort).optional().shownAs("port ", "not bound"),
+    field(QT_TR_NOOP("function"), functionRule, &MatchUnit::function),
+    field(QT_TR_NOOP("value"), &MatchUnit::value, bitsRule),
+    field(QT_TR_NOOP("upperValue"), &MatchUnit::upperValue, bitsRule).optional(),
 };
 
 constexpr Field<SignalItem> signalFields[] = {
     field("name", &SignalItem::name).key().titled("signal"),
-    field("alias", &SignalItem::alias).optional().titled("shown as"),
-    field("type", kindRule, &SignalItem::type).nature(),
-    field("capture", &SignalItem::capEnable).optional().shownAs("", "no", "yes"),
-    field("valid", &SignalItem::valid).optional().noColumn(),
+    field("alias", &SignalItem::alias).optional().titled(QT_TR_NOOP("shown as")),
+    field(QT_TR_NOOP("type"), kindRule, &SignalItem::type).nature(),
+    field(QT_TR_NOOP("capture"), &SignalItem::capEnable).optional().shownAs("", "no", "yes"),
+    field(QT_TR_NOOP("valid"), &SignalItem::valid).optional().noColumn(),
     field("aux", &SignalItem::auxFlag).optional().noColumn(),
 };
 

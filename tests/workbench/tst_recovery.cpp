@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "host/translation.h"
 #include "host/viewmanager.h"
 #include "plugin/jexinserterview.h"
 #include "plugin/jexviewmanager.h"
@@ -112,10 +113,12 @@ private Q_SLOTS:
         QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 0); // this one has taken it
         QLocale::setDefault(QLocale("de_DE"));
         auto german = std::make_unique<Workbench::Translations>();
+        auto plugin = QUtil::installTranslation("jexins", ":/jexins/texts"); // as the plug-in does
         list.clear();
         m_user->then(pressing("Später entscheiden", &list));
         m_window->recovery()->offer();
         german.reset();
+        plugin.reset();
         QLocale::setDefault(QLocale::c());
         QCOMPARE(list, QString("a.zub: Core 0: Flanke wurde von steigend in fallend geändert|"));
         m_user->then(pressing("Recover"));
