@@ -74,6 +74,21 @@ function(jex_precompile name kind)
   endif()
 endfunction()
 
+# jex_sources(VARIABLE [ONLY | EXCEPT names...]): the sources of this folder and of those in it, to which a new
+# one belongs by itself; only those of these names, less their suffixes, or all but those.
+function(jex_sources variable)
+  cmake_parse_arguments(S "" "" "ONLY;EXCEPT" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+  list(JOIN S_ONLY "|" only)
+  list(JOIN S_EXCEPT "|" except)
+  if(only)
+    list(FILTER sources INCLUDE REGEX "/(${only})\\.[a-z]+$")
+  elseif(except)
+    list(FILTER sources EXCLUDE REGEX "/(${except})\\.[a-z]+$")
+  endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # jex_core_library(NAME SHARED|STATIC|OBJECT sources...): code that needs no widget. It links QtCore alone,
 # so a widget include that creeps in fails the build.
 function(jex_core_library name kind)
