@@ -148,6 +148,7 @@ void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
     busList = merge.records();
 }
 
+// Two at least, all of them enabled for capture or none.
 bool canGroup(const QList<JEX::SignalItem> &chosen, bool hasMembers)
 {
     for (const JEX::SignalItem &item : chosen) {

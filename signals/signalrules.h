@@ -44,8 +44,7 @@ void CheckBus(QList<JEX::SignalItem> &list, JEX::SignalItem item);
 void Grouped(QList<JEX::SignalItem> newItems, QList<JEX::SignalItem> &busList,
              QList<JEX::SignalItem> &otherList);
 
-// Whether the chosen rows may become one group: two at least, all of them enabled for capture or none, and no
-// member of a bus or group among them.
+// Whether the chosen rows may become one group; `hasMembers`: a member of a bus or group is among them.
 bool canGroup(const QList<JEX::SignalItem> &chosen, bool hasMembers);
 
 // Bits that the record contributes to a capture: none while it is disabled.

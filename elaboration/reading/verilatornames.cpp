@@ -71,6 +71,7 @@ void joinLetters(QByteArray &xml)
     xml.truncate(int(out - xml.constData()));
 }
 
+// A user's own double underscore is encoded, so that "__V" never comes from the source.
 bool isVerilatorOwnName(const char *origName)
 {
     return std::strstr(origName, "__V") && !isHashedVerilatorName(origName);

@@ -13,8 +13,7 @@ QString decodedVerilatorName(const char *name);
 // in the whole text.
 void joinLetters(QByteArray &xml);
 
-// True for a name that Verilator made up. A user's own double underscore is encoded, so that "__V" in an
-// `origName` never comes from the source.
+// True for a name that Verilator made up, as `origName` has it.
 bool isVerilatorOwnName(const char *origName);
 
 // Verilator replaces the tail of a name of more than 127 characters by a hash.
