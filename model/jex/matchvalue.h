@@ -8,10 +8,9 @@ namespace JEX {
 
 // The rules for the value that a match unit compares its port with, on plain values.
 //
-// A value has one character for each bit of the port, in the order of TriggerPort::singleSignals(). Equal and
-// not equal take 0 and 1, X (any level), and the edges R (rising), F (falling), B (either) and N (none).
-// Less, greater and in range compare numbers, of which the first bit is the most significant, and take 0 and
-// 1 only; both bounds of a range are in it.
+// A value has one character for each bit of the port, in the order of TriggerPort::singleSignals(): 0 and 1,
+// X (any level), and the edges R (rising), F (falling), B (either) and N (none). A function that compares
+// numbers takes 0 and 1 only, the most significant first; both bounds of a range are in it.
 //
 // A fault is a finished sentence about what is wrong, empty when nothing is. `name` begins it: "The value".
 
