@@ -7,7 +7,7 @@
 
 namespace RTLJEX {
 
-// A core of either mode: what both have, and the core itself for who visits it. Points into the
+// A core of any mode: what all have, and the core itself for who visits it. Points into the
 // configuration.
 struct AnyCore
 {

@@ -93,7 +93,7 @@ bool Configuration::read(const QString &path, QString *error)
         if (m_mode == JEX::InvalidMode)
             m_mode = JEX::zubMode(bytes);
         JEX::ZubReader reader(bytes, path);
-        // The reader says what is wrong with a file of neither mode, too.
+        // The reader says what is wrong with a file of no mode, too.
         m_cores = reader.cores(m_mode);
         fault = reader.error();
     }

@@ -22,7 +22,7 @@ struct FileFindings
     bool isEmpty() const { return errors.isEmpty() && stale.isEmpty(); }
 };
 
-// A configuration file of either mode in memory, for everyone who reads, judges or writes one. Owns its
+// A configuration file of any mode in memory, for everyone who reads, judges or writes one. Owns its
 // cores.
 class Configuration
 {

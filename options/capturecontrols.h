@@ -52,7 +52,7 @@ void showUsage(QLabel *name, QLabel *value, JEX::Implementation implementation, 
 void reportChanges(const QLineEdit *clock, const QRadioButton *rising, const signalTreeWidget *tree,
                    QWidget *page);
 
-// Form and core of either editor name the fields of the sample clock alike.
+// Form and core of every editor name the fields of the sample clock alike.
 template <class Form, class Core>
 void showClock(const Form &form, const Core &core)
 {

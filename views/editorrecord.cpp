@@ -428,7 +428,7 @@ void EditorRecord::askAboutFile()
 {
     fileWatcher->renew(fileName);
     const bool exists = QFileInfo(fileName).exists();
-    const ReloadBanner *banner =
+    ReloadBanner *banner =
         showBanner(bannerContainer, exists ? ReloadBanner::Changed : ReloadBanner::Removed, fileName);
     connect(banner, SIGNAL(reload()), m_view, SLOT(onBannerReload()));
     connect(banner, SIGNAL(cancel()), m_view, SLOT(onBannerCancel()));

@@ -27,7 +27,7 @@ class SignalPage;
 
 namespace private_impl {
 
-// What both editors do with their file, their design and the banners above their pages. The private record of
+// What all editors do with their file, their design and the banners above their pages. The private record of
 // each is one and adds its cores; the slots that hosts, forms and banners know by name stay with the views
 // and records, and call one function each. Dialogs are open in many of these: the editor, and the record with
 // it, may be gone when they return.

@@ -22,7 +22,7 @@ namespace private_impl {
 class EditorRecord;
 }
 
-// The operations that editors of both modes have. Watches file and design, and asks in banners before it
+// The operations that editors of all modes have. Watches file and design, and asks in banners before it
 // reads either again. Opens only with a design that can be parsed. The slots are each editor's own, since
 // hosts, forms and banners know them by name.
 class EditorView : public JexInserterView,

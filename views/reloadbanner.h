@@ -21,8 +21,8 @@ class ReloadBanner : public QWidget
 
 public:
     enum CheckType {
-        Changed = 0, // answered by reload() or cancel()
-        Removed = 1  // answered by keepIt() or closeIt()
+        Changed = 0, // has the answers reload() and cancel()
+        Removed = 1  // has keepIt() and closeIt()
     };
 
     ReloadBanner(CheckType type, const QString &fileName, QWidget *parent);

@@ -48,7 +48,7 @@ inline constexpr FunctionText matchFunctions[] = {
 static_assert(sizeof matchFunctions / sizeof *matchFunctions == MatchFunctionCount,
               "each function has a row");
 
-// "BSRAM", "REG", "SSRAM", for people and in files.
+// By its row, for people and in files.
 QString implementationName(Implementation implementation); // empty for none
 Implementation implementationNamed(const QString &name);
 // What a number in a record is taken for; block memory when it stands for none.

@@ -11,7 +11,7 @@ namespace JEX {
 
 class AoCore;
 
-// The mode of a configuration file; any other value means neither.
+// The mode of a configuration file; any other value means none.
 enum JexMode { InvalidMode = 0, StandardMode = 10087, LiteMode = 10088 };
 
 // One trigger port of a Standard core; owned by the core.

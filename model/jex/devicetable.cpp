@@ -46,6 +46,7 @@ constexpr bool hasAllMemories(const DeviceFamily &family)
 }
 static_assert(hasAllMemories(ecp5), "the usual family has shapes for each memory, and for nothing else");
 
+// Family, device, package, part; then block memories, registers, shadow memories, by JEX::Implementation.
 // Blocks of the 7 series are counted as those of 18 Kbit, two of which make one of 36.
 const Device devices[] = {
     // FPGA-DS-02029: logic cells with one register each, EBR4K blocks; no distributed memory

@@ -32,8 +32,7 @@ struct Device
     const char *device;
     const char *package;
     const char *partNumber;
-    // For each JEX::Implementation: block memories, registers of the logic cells, of which those of pins do
-    // not count, and shadow memories, see jextool.h.
+    // For each JEX::Implementation. Registers of the logic cells, of which those of pins do not count.
     int amounts[JEX::ImplementationCount];
 };
 

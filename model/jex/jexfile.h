@@ -13,7 +13,7 @@ namespace JEX {
 // described in docs/zub-format.md.
 constexpr char NotWrittenTopic[] = "JEX.File.NotWritten";
 
-// The mode of a file; InvalidMode when it cannot be read or says neither.
+// The mode of a file; InvalidMode when it cannot be read or says none.
 JexMode jexModeFromJexConfigFile(const QString &path);
 
 // True when the whole file is well-formed XML and of the mode. What its values are worth is judged by

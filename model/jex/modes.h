@@ -41,7 +41,7 @@ inline constexpr ModeText modeTexts[] = {
 };
 static_assert(sizeof modeTexts / sizeof *modeTexts == std::variant_size_v<CoreList>, "each mode has texts");
 
-const char *modeName(JexMode mode);     // "Standard", "Lite", as a file has it; null for neither
+const char *modeName(JexMode mode);     // "Standard", "Lite", as a file has it; null for no mode
 JexMode modeNamed(const QString &name); // in that spelling; InvalidMode for another name
 QStringList modeNames();                // of all modes
 CoreList emptyListOf(JexMode mode);     // any one for InvalidMode

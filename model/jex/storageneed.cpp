@@ -29,8 +29,8 @@ qint64 countOf(const MemoryShape &shape, int width, int depth)
 } // namespace
 
 // With W bits in a sample, the mark included:
-//   block and shadow memories   the least of ceil(depth / D) * ceil(W / B) over the shapes D x B of one
-//   memory registers                   depth * W
+//   memories    the least of ceil(depth / D) * ceil(W / B) over the shapes D x B of one memory
+//   registers   depth * W
 // An 18 Kbit block, say, is 16384x1, 8192x2, 4096x4, 2048x9, 1024x18 or 512x36, so 18 bits of 1024 samples
 // take one and 19 take two. For a family without shadow memories these are 16x4.
 StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implementation, int signalCount,
