@@ -11,10 +11,7 @@ class LiteAoOptionWidget : public PlainPage<JEX::AOCore_Lite, LiteCaptureOptionW
     Q_OBJECT
 
 public:
-    LiteAoOptionWidget(JEX::AOCore_Lite *core, QUARRY::RtlNetlist *netlist, QWidget *parent = nullptr);
-
-Q_SIGNALS:
-    void modified();
+    using PlainPage::PlainPage;
 };
 
 } // namespace RTLJEX
