@@ -26,11 +26,6 @@ const char recordFormat[] = "application/x-jex-signals";
 const int largestClipboard = 64 * 1024 * 1024; // bytes; others can put anything there
 const int mostPasted = 250000;                 // names, which are looked up while the user waits
 
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 // The bus that is named without its range, below the node; null when there is none.
 const QUARRY::RtlNetBus *findWholeBus(const QUARRY::Hierachy &node, const QString &name, int from)
 {
@@ -96,13 +91,13 @@ QString missingFault(const QString &name, const QStringList &nearest)
 {
     return nearest.isEmpty() ? NamedSignals::tr("%1 is missing in the design.").arg(name)
                              : NamedSignals::tr("%1 is missing in the design; nearest: %2.")
-                                   .arg(name, nearest.join(latin(", ")));
+                                   .arg(name, nearest.join(QLatin1String(", ")));
 }
 
 QList<JEX::SignalItem> recordsOf(const QByteArray &bytes)
 {
     QList<JEX::SignalItem> items;
-    const QString name = latin("clipboard");
+    const QString name = QLatin1String("clipboard");
     QString fault;
     if (bytes.size() > largestClipboard || !JEX::keepsZubBounds(bytes, name, &fault))
         return items;
@@ -168,14 +163,14 @@ QMimeData *dataOfSignals(const QList<JEX::SignalItem> &items)
     QByteArray bytes;
     QString error;
     if (JEX::zubFromCores(QList<JEX::AOCore_Lite *>() << &core, &bytes, &error))
-        data->setData(latin(recordFormat), bytes);
+        data->setData(QLatin1String(recordFormat), bytes);
     return data;
 }
 
 QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNetlist *netlist,
                                      QStringList *faults)
 {
-    if (!data.hasFormat(latin(recordFormat))) {
+    if (!data.hasFormat(QLatin1String(recordFormat))) {
         const QStringList names = signalNames(data.text().left(largestClipboard));
         if (names.size() > mostPasted)
             faults->append(NamedSignals::tr("There are %1 names, of which the first %2 were looked up.")
@@ -184,7 +179,7 @@ QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNet
         return signalsNamed(netlist, names.mid(0, mostPasted), faults);
     }
     QList<JEX::SignalItem> items;
-    for (JEX::SignalItem item : recordsOf(data.data(latin(recordFormat)))) {
+    for (JEX::SignalItem item : recordsOf(data.data(QLatin1String(recordFormat)))) {
         const QStringList missing = missingNames(netlist, item);
         for (const QString &name : missing)
             faults->append(missingFault(name, QStringList()));

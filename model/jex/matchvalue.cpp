@@ -15,11 +15,6 @@ const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };
 
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 bool isFunction(int number)
 {
     return number >= MatchEqual && number < MatchFunctionCount;
@@ -33,7 +28,7 @@ QString countedBits(int count)
 // The first character that is not one of these; null when all are.
 QChar strayCharacter(const QString &text, const char *taken)
 {
-    const QString all = latin(taken);
+    const QString all = QString::fromLatin1(taken);
     for (QChar c : text) {
         if (!all.contains(c)) {
             return c;
@@ -55,7 +50,7 @@ int firstDigitBits(int width)
 
 int digitValue(QChar digit)
 {
-    return latin(hexDigits).indexOf(digit);
+    return QString::fromLatin1(hexDigits).indexOf(digit);
 }
 
 // The digit for up to four bits; null when they are no whole one.

@@ -6,11 +6,6 @@ namespace JEX_TOOL {
 
 namespace {
 
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 // Null for what is not made of memories.
 const MemoryShape *shapesOf(const DeviceFamily &family, JEX::Implementation implementation)
 {
@@ -58,9 +53,9 @@ QString storageFormula(const StorageNeed &need, int depth)
 {
     const QString samples = QString::number(depth);
     if (need.shape.depth == 0) {
-        return samples + latin(" x ") + QString::number(need.width);
+        return samples + QLatin1String(" x ") + QString::number(need.width);
     }
-    return latin("ceil(%1 / %2) x ceil(%3 / %4)")
+    return QString::fromLatin1("ceil(%1 / %2) x ceil(%3 / %4)")
         .arg(samples)
         .arg(need.shape.depth)
         .arg(need.width)

@@ -10,11 +10,6 @@ namespace JEX {
 
 namespace {
 
-inline QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 bool isXmlAt(const QString &text, int i)
 {
     const ushort c = text.at(i).unicode();
@@ -112,7 +107,7 @@ bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, int
         if (!field.isHeld(record)) {
             const QString value =
                 field.kind == TextField ? record.*field.text : QString::number(field.numberOf(record));
-            *error = latin("The value %1 of \"%2\" must be %3.")
+            *error = QString::fromLatin1("The value %1 of \"%2\" must be %3.")
                          .arg(value, attribute.name, field.rule.description());
             return false;
         }
@@ -180,7 +175,7 @@ private:
     const FieldWriter<TriggerPort> m_port;
     const FieldWriter<MatchUnit> m_unit;
     const FieldWriter<SignalItem> m_signal;
-    const QString m_signalElement = latin("signal");
+    const QString m_signalElement = QLatin1String("signal");
 };
 
 bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
@@ -198,7 +193,7 @@ template <class Core>
 bool ZubWriter::write(const QList<Core *> &cores)
 {
     if (cores.size() > CoreLimit) {
-        error = latin("There are more than %1 cores.").arg(int(CoreLimit));
+        error = QString::fromLatin1("There are more than %1 cores.").arg(int(CoreLimit));
         return false;
     }
     m_xml.writeStartDocument();
@@ -212,7 +207,7 @@ bool ZubWriter::write(const QList<Core *> &cores)
             return false;
         }
         if (seen & (1u << core->coreNumber)) {
-            error = latin("There are two cores of the number %1.").arg(core->coreNumber);
+            error = QString::fromLatin1("There are two cores of the number %1.").arg(core->coreNumber);
             return false;
         }
         seen |= 1u << core->coreNumber;
@@ -240,7 +235,7 @@ bool ZubWriter::writeCore(const Core &core, const FieldWriter<Core> &fields)
 bool ZubWriter::writeTrigger(const AoCore &core)
 {
     if (core.expressions.size() > ExpressionLimit) {
-        error = latin("A core has more than %1 expressions.").arg(int(ExpressionLimit));
+        error = QString::fromLatin1("A core has more than %1 expressions.").arg(int(ExpressionLimit));
         return false;
     }
     for (const TriggerPort *port : core.availableTriggers()) {
@@ -285,7 +280,7 @@ bool ZubWriter::writeList(const char *element, const QList<SignalItem> &items)
 bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
 {
     if (depth > SignalDepthLimit && !items.isEmpty()) {
-        error = latin("Signals are nested more than %1 deep.").arg(int(SignalDepthLimit));
+        error = QString::fromLatin1("Signals are nested more than %1 deep.").arg(int(SignalDepthLimit));
         return false;
     }
     for (const SignalItem &item : items) {
