@@ -48,11 +48,10 @@ private:
 void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, CoreErrors *found)
 {
     found->setPlace(CheckError::Clock);
-    if (clock.isEmpty()) {
+    if (clock.isEmpty())
         found->add(ConfigCheck::tr("No sample clock specified"));
-    } else if (!netlist || !netlist->findNet(clock)) {
+    else if (!netlist || !netlist->findNet(clock))
         found->add(ConfigCheck::tr("The specified sample clock does not exist"));
-    }
 }
 
 void checkUnit(const JEX::MatchUnit &unit, CoreErrors *found)
@@ -93,32 +92,26 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, CoreErr
 void checkTrigger(const JEX::AoCore &core, CoreErrors *found)
 {
     found->setPlace(CheckError::Ports);
-    if (core.availableTriggers().isEmpty()) {
+    if (core.availableTriggers().isEmpty())
         found->add(ConfigCheck::tr("No available trigger ports"));
-    }
     const QList<JEX::MatchUnit *> units = core.enabledMatchUnits();
     found->setPlace(CheckError::Units);
-    if (units.isEmpty()) {
+    if (units.isEmpty())
         found->add(ConfigCheck::tr("No available match units"));
-    }
-    for (const JEX::MatchUnit *unit : units) {
+    for (const JEX::MatchUnit *unit : units)
         checkUnit(*unit, found);
-    }
     found->setPlace(CheckError::Expressions);
-    if (core.expressions.isEmpty()) {
+    if (core.expressions.isEmpty())
         found->add(ConfigCheck::tr("No expressions specified"));
-    }
-    for (const QString &expression : core.expressions) {
+    for (const QString &expression : core.expressions)
         checkExpression(core, expression, found);
-    }
 }
 
 bool anyEnabled(const QList<JEX::SignalItem> &items)
 {
     for (const JEX::SignalItem &item : items) {
-        if (item.capEnable) {
+        if (item.capEnable)
             return true;
-        }
     }
     return false;
 }
@@ -168,12 +161,10 @@ QList<CheckError> coreErrors(const JEX::CoreList &cores, const QUARRY::RtlNetlis
 bool checkCores(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
 {
     QStringList lines;
-    for (const CheckError &error : coreErrors(cores, netlist)) {
+    for (const CheckError &error : coreErrors(cores, netlist))
         lines << error.line;
-    }
-    if (errors) {
+    if (errors)
         *errors = lines.join(QLatin1String("\n"));
-    }
     return lines.isEmpty();
 }
 

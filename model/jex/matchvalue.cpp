@@ -30,9 +30,8 @@ QChar strayCharacter(const QString &text, const char *taken)
 {
     const QString all = QString::fromLatin1(taken);
     for (QChar c : text) {
-        if (!all.contains(c)) {
+        if (!all.contains(c))
             return c;
-        }
     }
     return QChar();
 }
@@ -56,9 +55,8 @@ int digitValue(QChar digit)
 // The digit for up to four bits; null when they are no whole one.
 QChar digitFromBits(const QString &bits)
 {
-    if (bits.count(QLatin1Char('X')) == bits.size()) {
+    if (bits.count(QLatin1Char('X')) == bits.size())
         return QLatin1Char('X');
-    }
     bool isNumber = false;
     const int value = bits.toInt(&isNumber, 2);
     return isNumber ? QLatin1Char(hexDigits[value]) : QChar();
@@ -81,15 +79,13 @@ QString filledUp(const QString &digits, ValueForm form, int width)
 QString decimalFault(const QString &digits, int width, const QString &name)
 {
     const QChar stray = strayCharacter(digits, "0123456789");
-    if (!stray.isNull()) {
+    if (!stray.isNull())
         return strayFault(name, stray, MatchValue::tr("a decimal number has the digits 0 to 9."));
-    }
     bool isNumber = false;
     const quint64 number = digits.toULongLong(&isNumber);
     const quint64 limit = width >= TriggerPort::WidthLimit ? ~quint64(0) : (quint64(1) << width) - 1;
-    if (isNumber && number <= limit) {
+    if (isNumber && number <= limit)
         return QString();
-    }
     return digits.isEmpty() ? MatchValue::tr("%1 is empty.").arg(name)
                             : MatchValue::tr("%1 is larger than %2, the largest number of %3.")
                                   .arg(name, QString::number(limit), countedBits(width));
@@ -135,9 +131,8 @@ QString bitsFault(const QString &bits, int function, int width, const QString &n
                    "The function \"%1\" compares numbers and takes no \"%2\": each bit must be 0 or 1.")
             .arg(matchFunctionName(function), QString(stray));
     }
-    if (bits.size() == width) {
+    if (bits.size() == width)
         return QString();
-    }
     return MatchValue::tr("%1 has %2, but the trigger port has %3.")
         .arg(name, countedBits(bits.size()), QString::number(width));
 }
@@ -145,9 +140,8 @@ QString bitsFault(const QString &bits, int function, int width, const QString &n
 QString rangeFault(const QString &lower, const QString &upper)
 {
     // Of the same length, so that their order as texts is that of the numbers.
-    if (lower <= upper) {
+    if (lower <= upper)
         return QString();
-    }
     return MatchValue::tr("The lower bound %1 is above the upper bound %2.").arg(lower, upper);
 }
 
@@ -192,9 +186,8 @@ QString hexFromBits(const QString &bits)
     int size = firstDigitBits(bits.size());
     for (int at = 0; at < bits.size(); at += size, size = DigitBits) {
         const QChar digit = digitFromBits(bits.mid(at, size));
-        if (digit.isNull()) {
+        if (digit.isNull())
             return QString();
-        }
         hex += digit;
     }
     return hex;
@@ -204,27 +197,24 @@ QString cleanDigits(const QString &typed)
 {
     QString digits;
     for (QChar c : typed) {
-        if (!c.isSpace() && c != QLatin1Char('_')) {
+        if (!c.isSpace() && c != QLatin1Char('_'))
             digits += c.toUpper();
-        }
     }
     return digits;
 }
 
 QString formFault(const QString &digits, ValueForm form, int width, const QString &name)
 {
-    if (form == HexForm) {
+    if (form == HexForm)
         return hexFault(filledUp(digits, form, width), width, name);
-    }
     return form == DecimalForm ? decimalFault(digits, width, name) : QString();
 }
 
 QString bitsFromForm(const QString &digits, ValueForm form, int width)
 {
     const QString whole = filledUp(digits, form, width);
-    if (form == BinaryForm || !formFault(digits, form, width, QString()).isEmpty()) {
+    if (form == BinaryForm || !formFault(digits, form, width, QString()).isEmpty())
         return form == BinaryForm ? whole : QString();
-    }
     return form == HexForm ? bitsFromHex(whole, width)
                            : QString::number(digits.toULongLong(), 2).rightJustified(width, QLatin1Char('0'));
 }
@@ -259,18 +249,16 @@ QString upperName()
 
 QString matchUnitFault(const MatchUnit &unit)
 {
-    if (!unit.triggerPort) {
+    if (!unit.triggerPort)
         return QString();
-    }
     const int width = unit.triggerPort->width();
     if (!width) {
         return MatchValue::tr("Trigger Port %1 holds no signals: fill it first, or choose another one.")
             .arg(unit.triggerPort->portNumber);
     }
     QString fault = bitsFault(unit.value, unit.function, width, valueName(unit.function));
-    if (fault.isEmpty() && hasUpperValue(unit.function)) {
+    if (fault.isEmpty() && hasUpperValue(unit.function))
         fault = bitsFault(unit.upperValue, unit.function, width, upperName());
-    }
     return fault.isEmpty() && hasUpperValue(unit.function) ? rangeFault(unit.value, unit.upperValue) : fault;
 }
 
@@ -282,9 +270,8 @@ QString matchValueText(const MatchUnit &unit)
 
 QString portText(const TriggerPort *port)
 {
-    if (!port) {
+    if (!port)
         return MatchValue::tr("Not bound");
-    }
     return MatchValue::tr("%1 (%2)").arg(QString::number(port->portNumber), countedBits(port->width()));
 }
 

@@ -151,21 +151,18 @@ bool keepsZubBounds(const QByteArray &bytes, const QString &name, QString *error
 bool readZubFile(const QString &path, QByteArray *bytes, QString *error)
 {
     QString reason = QUtil::pendingBackupFault(path);
-    if (!reason.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, bytes, &reason)) {
+    if (!reason.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, bytes, &reason))
         return fail(path, reason, error);
-    }
     return keepsZubBounds(*bytes, path, error);
 }
 
 bool readZubInput(const QString &word, QByteArray *bytes, QString *error)
 {
-    if (!QUtil::isStreamName(word)) {
+    if (!QUtil::isStreamName(word))
         return readZubFile(word, bytes, error);
-    }
     QString reason;
-    if (!QUtil::readFileOrStream(word, sizeLimit, bytes, &reason)) {
+    if (!QUtil::readFileOrStream(word, sizeLimit, bytes, &reason))
         return fail(word, reason, error);
-    }
     return keepsZubBounds(*bytes, word, error);
 }
 
