@@ -7,11 +7,6 @@
 namespace Insertion {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Insertion::Analyzer)
-};
-
 using RTLJEX::decimal;
 
 } // namespace
@@ -40,7 +35,8 @@ Analyzer::Analyzer(const RTLJEX::Configuration &configuration, const RTLJEX::Cor
         const auto find = [this](const QString &net) {
             const TapBit bit = m_taps.add(net);
             if (bit.tap < 0)
-                m_faults << Texts::tr("The design has no net %1.").arg(net);
+                m_faults << QCoreApplication::translate("Insertion::Analyzer", "The design has no net %1.")
+                                .arg(net);
             return bit;
         };
         core.clock = find(core.module.clock);

@@ -16,7 +16,7 @@ namespace RTLJEX {
 
 namespace {
 
-struct NamedSignals
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::NamedSignals)
 };
@@ -89,8 +89,8 @@ QStringList missingNames(const QUARRY::RtlNetlist *netlist, const JEX::SignalIte
 
 QString missingFault(const QString &name, const QStringList &nearest)
 {
-    return nearest.isEmpty() ? NamedSignals::tr("%1 is missing in the design.").arg(name)
-                             : NamedSignals::tr("%1 is missing in the design; nearest: %2.")
+    return nearest.isEmpty() ? Texts::tr("%1 is missing in the design.").arg(name)
+                             : Texts::tr("%1 is missing in the design; nearest: %2.")
                                    .arg(name, nearest.join(QLatin1String(", ")));
 }
 
@@ -115,7 +115,7 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
 {
     QList<JEX::SignalItem> items;
     if (!netlist || !netlist->topHierarchy) {
-        faults->append(NamedSignals::tr("There is no design to look the signals up in."));
+        faults->append(Texts::tr("There is no design to look the signals up in."));
         return items;
     }
     QStringList missing;
@@ -128,7 +128,7 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
             missing << name;
         else if (!item.valid)
             faults->append(
-                NamedSignals::tr("%1 must not be probed: it is tied to a constant or is a bidirectional pin.")
+                Texts::tr("%1 must not be probed: it is tied to a constant or is a bidirectional pin.")
                     .arg(item.name));
         else
             items.append(item);
@@ -173,7 +173,7 @@ QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNet
     if (!data.hasFormat(QLatin1String(recordFormat))) {
         const QStringList names = signalNames(data.text().left(largestClipboard));
         if (names.size() > mostPasted)
-            faults->append(NamedSignals::tr("There are %1 names, of which the first %2 were looked up.")
+            faults->append(Texts::tr("There are %1 names, of which the first %2 were looked up.")
                                .arg(names.size())
                                .arg(mostPasted));
         return signalsNamed(netlist, names.mid(0, mostPasted), faults);

@@ -13,11 +13,6 @@ namespace JEX {
 
 namespace {
 
-struct JexFile
-{
-    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
-};
-
 template <class Core>
 QList<Core *> readCores(const QString &path, bool *ok, QString *errorMessage)
 {
@@ -55,7 +50,8 @@ bool writeCores(const CoreList &cores, const QString &path, QString *errorMessag
     if (isMade && QUtil::writeFileAtomically(path, bytes, &error))
         return true;
     if (!isMade)
-        error = JexFile::tr("The file \"%1\" is not written: %2").arg(path, error);
+        error = QCoreApplication::translate("JEX::JexFile", "The file \"%1\" is not written: %2")
+                    .arg(path, error);
     if (errorMessage)
         *errorMessage = error;
     else

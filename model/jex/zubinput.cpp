@@ -13,11 +13,6 @@ namespace JEX {
 
 namespace {
 
-struct JexFile
-{
-    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
-};
-
 const qint64 sizeLimit = 64 * QUtil::MiB;
 const int attributeLimit = 64; // the XML reader compares each with each
 
@@ -132,7 +127,8 @@ private:
 
 bool fail(const QString &name, const QString &reason, QString *error)
 {
-    *error = JexFile::tr("The file \"%1\" cannot be read: %2.").arg(name, reason);
+    *error =
+        QCoreApplication::translate("JEX::JexFile", "The file \"%1\" cannot be read: %2.").arg(name, reason);
     return false;
 }
 
