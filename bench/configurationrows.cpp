@@ -31,17 +31,15 @@ JEX::AOCore_Lite *makeCore(const Context &context, int number)
         for (const QUARRY::RtlNetBus *bus : instance->buses) {
             JEX::SignalItem record = item(bus->fullBusName(), 1);
             record.alias = bus->BusName();
-            for (const QUARRY::RtlNet *bit : bus->members) {
+            for (const QUARRY::RtlNet *bit : bus->members)
                 record.members.append(item(bit->fullPathName(), 1));
-            }
             core->captureSignals.append(record);
         }
     }
     core->captureSignals = core->captureSignals.mid(0, 5000);
     for (const JEX::SignalItem &record : core->captureSignals) {
-        if (record.capEnable) {
+        if (record.capEnable)
             core->enabledCaptureSignals.append(record);
-        }
     }
     return core;
 }
@@ -59,9 +57,8 @@ QList<Token> tokensOf(const QByteArray &bytes)
     QXmlStreamReader xml(bytes);
     while (!xml.atEnd()) {
         xml.readNext();
-        if (xml.isStartElement() || xml.isEndElement()) {
+        if (xml.isStartElement() || xml.isEndElement())
             tokens.append({xml.isStartElement(), xml.name().toString(), xml.attributes()});
-        }
     }
     return tokens;
 }
@@ -93,18 +90,16 @@ QByteArray written(const QList<Token> &tokens)
 void measureConfiguration(Context &context)
 {
     QList<JEX::AOCore_Lite *> cores;
-    for (int i = 0; i < JEX::CoreLimit; ++i) {
+    for (int i = 0; i < JEX::CoreLimit; ++i)
         cores.append(makeCore(context, i));
-    }
     const QString path = context.dir.filePath(QStringLiteral("large.zub"));
     JEX::writeJEXConfigToXml_Lite(cores, path);
     QFile file(path);
     file.open(QIODevice::ReadOnly);
     const QByteArray bytes = file.readAll();
     const QList<Token> tokens = tokensOf(bytes);
-    if (written(tokens) != bytes) {
+    if (written(tokens) != bytes)
         qFatal("the writer alone gives other bytes");
-    }
     const auto read = [&] {
         const QList<JEX::AOCore_Lite *> read = JEX::readJEXConfigFromXml_Lite(path, nullptr, nullptr);
         keep(read);
@@ -112,9 +107,8 @@ void measureConfiguration(Context &context)
     };
     const auto readPlainly = [&] {
         QXmlStreamReader xml(bytes);
-        while (!xml.atEnd()) {
+        while (!xml.atEnd())
             keep(xml.readNext());
-        }
     };
     const auto write = [&] { keep(JEX::writeJEXConfigToXml_Lite(cores, path)); };
     const Times reading = inTurn(5, read, readPlainly);

@@ -8,7 +8,7 @@
 namespace RTLJEX {
 namespace {
 
-struct DesignReading
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::DesignReading)
 };
@@ -30,30 +30,29 @@ QString DesignFault::sentence() const
 
 DesignFault judgeFiles(const QStringList &files)
 {
-    return files.isEmpty()
-               ? fault(DesignReading::tr("Error"), DesignReading::tr("Design files are not exist."))
-               : DesignFault();
+    return files.isEmpty() ? fault(Texts::tr("Error"), Texts::tr("Design files are not exist."))
+                           : DesignFault();
 }
 
 DesignFault judgeModules(const QString &top, const QUARRY::ModuleList &found)
 {
     if (found.anyError()) {
-        DesignFault errors = fault(DesignReading::tr("Design files contain some errors."), QString());
+        DesignFault errors = fault(Texts::tr("Design files contain some errors."), QString());
         errors.details = found.messages;
         return errors;
     }
-    const DesignFault noModule = fault(DesignReading::tr("Design files contain some errors"),
-                                       DesignReading::tr("Get no module from design."));
+    const DesignFault noModule =
+        fault(Texts::tr("Design files contain some errors"), Texts::tr("Get no module from design."));
     if (found.modules.isEmpty() && top.isEmpty())
         return noModule;
     if (found.modules.isEmpty())
-        return fault(DesignReading::tr("Invalid Top Module"),
-                     DesignReading::tr("No module named \"%1\", please reset top module.").arg(top));
+        return fault(Texts::tr("Invalid Top Module"),
+                     Texts::tr("No module named \"%1\", please reset top module.").arg(top));
     if (found.topModules.size() == 1)
         return DesignFault();
-    return top.isEmpty() ? fault(DesignReading::tr("Multiple Top Module"),
-                                 DesignReading::tr("Multiple top, please set top module."))
-                         : noModule;
+    return top.isEmpty()
+               ? fault(Texts::tr("Multiple Top Module"), Texts::tr("Multiple top, please set top module."))
+               : noModule;
 }
 
 DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist)
@@ -62,12 +61,11 @@ DesignFault judgeNetlist(const QString &top, const QUARRY::RtlNetlist *netlist)
         return DesignFault();
     const QString received = netlist->topHierarchy ? netlist->topHierarchy->instanceName : QString();
     if (!top.isEmpty() && received != top)
-        return fault(DesignReading::tr("Error"),
-                     DesignReading::tr("Get module \"%1\" failed, just received default module \"%2\".")
-                         .arg(top, received));
+        return fault(
+            Texts::tr("Error"),
+            Texts::tr("Get module \"%1\" failed, just received default module \"%2\".").arg(top, received));
     if (netlist->usesTsJtag)
-        return fault(DesignReading::tr("Error"),
-                     DesignReading::tr("TS_JTAG used in design conflicts with ZUB."));
+        return fault(Texts::tr("Error"), Texts::tr("TS_JTAG used in design conflicts with ZUB."));
     return DesignFault();
 }
 

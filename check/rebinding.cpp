@@ -6,11 +6,6 @@
 namespace RTLJEX {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RTLJEX::Rebinding)
-};
-
 // New names that the design does not have as they are now stored.
 QStringList unbound(const Rebinding &made)
 {
@@ -38,7 +33,8 @@ Rebinding judged(const Renaming::Changes &changes, const QStringList &brokenBefo
     for (const QString &sentence : brokenBefore)
         added.removeOne(sentence);
     if (!lost.isEmpty())
-        made.refusal = Texts::tr("The design does not have %1 so.").arg(lost.join(QLatin1String(", ")));
+        made.refusal = QCoreApplication::translate("RTLJEX::Rebinding", "The design does not have %1 so.")
+                           .arg(lost.join(QLatin1String(", ")));
     else if (broken.size() > brokenBefore.size())
         made.refusal = added.first();
     return made;

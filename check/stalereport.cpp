@@ -16,7 +16,7 @@ namespace RTLJEX {
 
 namespace {
 
-struct StaleReport
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::StaleReport)
 };
@@ -217,29 +217,28 @@ QString staleSentence(const StaleSignal &signal)
     if (!signal.alias.isEmpty())
         name += QLatin1String(" \"") + signal.alias + QLatin1Char('"');
     if (!signal.group.isEmpty())
-        name = StaleReport::tr("%1 of %2").arg(name, signal.group);
-    QString subject = StaleReport::tr("Core %1: capture signal %2").arg(QString::number(signal.shown), name);
+        name = Texts::tr("%1 of %2").arg(name, signal.group);
+    QString subject = Texts::tr("Core %1: capture signal %2").arg(QString::number(signal.shown), name);
     if (signal.place == StaleSignal::Clock)
-        subject = StaleReport::tr("Core %1: clock signal %2").arg(QString::number(signal.shown), name);
+        subject = Texts::tr("Core %1: clock signal %2").arg(QString::number(signal.shown), name);
     else if (signal.place == StaleSignal::Trigger)
-        subject = StaleReport::tr("Core %1: trigger port %2 signal %3")
+        subject = Texts::tr("Core %1: trigger port %2 signal %3")
                       .arg(QString::number(signal.shown), QString::number(signal.port), name);
     QString text;
     switch (signal.fault) {
     case StaleSignal::Missing:
-        text = StaleReport::tr("%1 is missing in the design").arg(subject);
+        text = Texts::tr("%1 is missing in the design").arg(subject);
         break;
     case StaleSignal::WidthChanged:
-        return StaleReport::tr("%1 changed in width, it is now %2").arg(subject, signal.now);
+        return Texts::tr("%1 changed in width, it is now %2").arg(subject, signal.now);
     case StaleSignal::Excluded:
-        return StaleReport::tr("%1 is now excluded from probing").arg(subject);
+        return Texts::tr("%1 is now excluded from probing").arg(subject);
     case StaleSignal::Moved:
-        text = StaleReport::tr("%1 moved, it is now %2").arg(subject, signal.now);
+        text = Texts::tr("%1 moved, it is now %2").arg(subject, signal.now);
         break;
     }
     const QStringList others = signal.nearest.mid(signal.fault == StaleSignal::Moved ? 1 : 0);
-    return others.isEmpty() ? text
-                            : StaleReport::tr("%1; nearest: %2").arg(text, others.join(QLatin1String(", ")));
+    return others.isEmpty() ? text : Texts::tr("%1; nearest: %2").arg(text, others.join(QLatin1String(", ")));
 }
 
 } // namespace RTLJEX

@@ -27,7 +27,7 @@ QString wordOf(const char *word)
 
 Json shown(const QString &text)
 {
-    return toStd(text);
+    return QUtil::toUtf8(text);
 }
 
 // Of the same record kind it is the field itself; a core of the other mode may not have it (null).

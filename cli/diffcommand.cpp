@@ -8,9 +8,9 @@ Json differenceJson(const Difference &difference)
 {
     Json json;
     json["core"] = difference.core < 0 ? Json(nullptr) : Json(difference.core);
-    json["place"] = toStd(difference.place);
-    json["what"] = toStd(difference.what);
-    json["name"] = toStd(difference.name);
+    json["place"] = QUtil::toUtf8(difference.place);
+    json["what"] = QUtil::toUtf8(difference.what);
+    json["name"] = QUtil::toUtf8(difference.name);
     json["from"] = difference.from;
     json["to"] = difference.to;
     return json;

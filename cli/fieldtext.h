@@ -15,19 +15,20 @@ template <class Record>
 Json valueOf(const JEX::Field<Record> &field, const Record &record)
 {
     if (field.kind == JEX::TextField)
-        return toStd(record.*field.text);
+        return QUtil::toUtf8(record.*field.text);
     if (field.kind == JEX::FlagField)
         return record.*field.flag;
     const int number = field.numberOf(record);
     if (field.kind == JEX::PortField && number < 0)
         return nullptr;
-    return field.rule.kind == JEX::Rule::Words ? Json(toStd(field.rule.toText(number))) : Json(number);
+    return field.rule.kind == JEX::Rule::Words ? Json(QUtil::toUtf8(field.rule.toText(number)))
+                                               : Json(number);
 }
 
 // Without quotes around a text.
 inline QString valueText(const Json &value)
 {
-    return value.is_string() ? fromStd(value.get<std::string>()) : fromStd(value.dump());
+    return value.is_string() ? QUtil::fromUtf8(value.get<std::string>()) : QUtil::fromUtf8(value.dump());
 }
 
 // All fields, by their names.

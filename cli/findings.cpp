@@ -13,11 +13,11 @@ Json staleJson(const RTLJEX::StaleSignal &signal)
     json["place"] = places[signal.place];
     if (signal.place == StaleSignal::Trigger)
         json["port"] = signal.port;
-    json["name"] = toStd(signal.name);
-    json["alias"] = toStd(signal.alias);
-    json["group"] = toStd(signal.group);
-    json["fault"] = toStd(RTLJEX::staleWord(signal.fault));
-    json["now"] = toStd(signal.now);
+    json["name"] = QUtil::toUtf8(signal.name);
+    json["alias"] = QUtil::toUtf8(signal.alias);
+    json["group"] = QUtil::toUtf8(signal.group);
+    json["fault"] = QUtil::toUtf8(RTLJEX::staleWord(signal.fault));
+    json["now"] = QUtil::toUtf8(signal.now);
     json["nearest"] = toJson(signal.nearest);
     return json;
 }
@@ -38,8 +38,8 @@ Json findingsJson(const QString &file, const RTLJEX::Configuration &configuratio
                   const RTLJEX::FileFindings &findings)
 {
     Json json;
-    json["file"] = toStd(file);
-    json["mode"] = toStd(configuration.modeName());
+    json["file"] = QUtil::toUtf8(file);
+    json["mode"] = QUtil::toUtf8(configuration.modeName());
     json["errors"] = toJson(findings.errors);
     json["stale"] = Json::array();
     for (const RTLJEX::StaleSignal &signal : findings.stale)

@@ -13,7 +13,7 @@ namespace {
 
 std::string quoted(const QString &text)
 {
-    return Json(toStd(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
+    return Json(QUtil::toUtf8(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 void append(std::string &out, const QChar *text, int length)
@@ -22,7 +22,7 @@ void append(std::string &out, const QChar *text, int length)
     out.resize(before + size_t(length));
     for (int i = 0; i < length; ++i) {
         if (text[i].unicode() >= 128) {
-            out.replace(before, std::string::npos, toStd(QString(text, length)));
+            out.replace(before, std::string::npos, QUtil::toUtf8(QString(text, length)));
             return;
         }
         out[before + size_t(i)] = char(text[i].unicode());
@@ -101,7 +101,7 @@ void NetListing::printTree(const RTLJEX::ModuleForWidget &module)
 {
     const std::string indent = m_indent;
     if (m_form == Lines) {
-        write(m_indent + toStd(module.name) + '\n');
+        write(m_indent + QUtil::toUtf8(module.name) + '\n');
         m_indent += "  ";
         m_node = nullptr;
         add(module.nets, module.buses);
@@ -213,7 +213,7 @@ void NetListing::appendJson(const RtlModule &module, quint32 number)
     text += quoted(module.shortName(entry)).substr(1);
     text += ", \"width\": " + std::to_string(entry.width());
     text += std::string(", \"bus\": ") + (entry.isBus ? "true" : "false");
-    text += ", \"file\": " + quoted(fromStd(shownFile(info.file)));
+    text += ", \"file\": " + quoted(QUtil::fromUtf8(shownFile(info.file)));
     text += ", \"line\": " + std::to_string(info.line) + ", \"type\": " + quoted(info.type);
     text += ", \"enumLabels\": " + toJson(info.enumLabels).dump();
     if (!info.members.isEmpty())
@@ -225,7 +225,7 @@ const std::string &NetListing::shownFile(const QString &file)
 {
     if (!file.isSharedWith(m_file) && file != m_file) {
         m_file = file;
-        m_shownFile = toStd(file.startsWith(m_folder) ? file.mid(m_folder.size()) : file);
+        m_shownFile = QUtil::toUtf8(file.startsWith(m_folder) ? file.mid(m_folder.size()) : file);
     }
     return m_shownFile;
 }

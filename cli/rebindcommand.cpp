@@ -39,7 +39,8 @@ Json outcomeJson(const QString &file, const RTLJEX::Configuration &configuration
     Json json = findingsJson(file, configuration, outcome.findings);
     json["renamed"] = Json::array();
     for (const auto &change : outcome.changes)
-        json["renamed"].push_back({{"from", toStd(change.first)}, {"to", toStd(change.second)}});
+        json["renamed"].push_back(
+            {{"from", QUtil::toUtf8(change.first)}, {"to", QUtil::toUtf8(change.second)}});
     json["written"] = outcome.isWritten;
     return json;
 }

@@ -160,7 +160,7 @@ ExitCode show(const QStringList &words, Output &out)
     const QList<RTLJEX::AnyCore> cores = configuration.cores();
     if (arguments.json()) {
         Json json;
-        json["mode"] = toStd(configuration.modeName());
+        json["mode"] = QUtil::toUtf8(configuration.modeName());
         json["cores"] = Json::array();
         for (const RTLJEX::AnyCore &core : cores)
             json["cores"].push_back(coreJson(core));

@@ -31,7 +31,7 @@ QString tableText(const QList<UsageRow> &rows)
 
 Json rowJson(const UsageRow &row)
 {
-    return {{"implementation", toStd(JEX::implementationName(row.implementation))},
+    return {{"implementation", QUtil::toUtf8(JEX::implementationName(row.implementation))},
             {"chosen", row.isChosen},
             {"required", row.required},
             {"available", row.available}};
@@ -117,10 +117,10 @@ DEV::DeviceArg deviceOf(const Design &design)
 
 Json deviceJson(const DEV::DeviceArg &device)
 {
-    return {{"series", toStd(device.series)},
-            {"device", toStd(device.device)},
-            {"package", toStd(device.package)},
-            {"partNumber", toStd(device.partNumber)}};
+    return {{"series", QUtil::toUtf8(device.series)},
+            {"device", QUtil::toUtf8(device.device)},
+            {"package", QUtil::toUtf8(device.package)},
+            {"partNumber", QUtil::toUtf8(device.partNumber)}};
 }
 
 } // namespace
@@ -201,7 +201,8 @@ ExitCode devices(const QStringList &words, Output &out)
         Json json = deviceJson(known);
         for (const Resource &resource : resources) {
             cells << QString::number(JEX_TOOL::amountOf(row, resource.code));
-            json[toStd(QString(resource.amountName).toLower())] = JEX_TOOL::amountOf(row, resource.code);
+            json[QUtil::toUtf8(QString(resource.amountName).toLower())] =
+                JEX_TOOL::amountOf(row, resource.code);
         }
         table.add(cells);
         json["source"] = row->family->source;

@@ -217,19 +217,18 @@ bool addFiles(const QStringList &files, DesignOptions &options, QStringList &mes
     for (const QString &file : files) {
         const QString suffix = QFileInfo(file).suffix().toLower();
         const bool isStream = QUtil::isStreamName(file);
-        if (!isStream && QFileInfo(file).isDir()) {
+        if (!isStream && QFileInfo(file).isDir())
             options.sources << file;
-        } else if (!isStream && !QFileInfo(file).isFile()) {
+        else if (!isStream && !QFileInfo(file).isFile())
             messages << missingFile(file);
-        } else if (isStream || suffix == "zub") {
+        else if (isStream || suffix == "zub")
             options.editorFiles << file;
-        } else if (!Core::isProjectName(file)) {
+        else if (!Core::isProjectName(file))
             options.sources << file;
-        } else if (options.projectFile.isEmpty()) {
+        else if (options.projectFile.isEmpty())
             options.projectFile = file;
-        } else {
+        else
             messages << "Only one project can be open: \"" + options.projectFile + "\" or \"" + file + "\".";
-        }
     }
     if (!namesProject(options) && !options.editorFiles.isEmpty())
         options.projectFile = projectBeside(options.editorFiles.first());

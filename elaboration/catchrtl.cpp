@@ -17,7 +17,7 @@ namespace {
 
 const int modulesDelayMs = 500;
 
-struct CatchRtl
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(QUARRY::CatchRtl)
 };
@@ -55,7 +55,7 @@ bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *paren
 
 QString busyMessage()
 {
-    return CatchRtl::tr("ERROR: A design is being read already. Try again when that is done.");
+    return Texts::tr("ERROR: A design is being read already. Try again when that is done.");
 }
 
 void tellMessages(const ReadingJob &job)
@@ -72,10 +72,9 @@ void showFailure(const QStringList &messages, QWidget *parent)
 {
     const auto found = std::find_if(messages.begin(), messages.end(), isError);
     const QString first = found == messages.end() ? QString() : *found;
-    QUtil::Modal<QMessageBox> box(
-        new QMessageBox(QMessageBox::Critical, CatchRtl::tr("Error"),
-                        CatchRtl::tr("The design could not be read.") + QLatin1String("\n\n") + first,
-                        QMessageBox::Ok, parent));
+    QUtil::Modal<QMessageBox> box(new QMessageBox(
+        QMessageBox::Critical, Texts::tr("Error"),
+        Texts::tr("The design could not be read.") + QLatin1String("\n\n") + first, QMessageBox::Ok, parent));
     box->setTextFormat(Qt::PlainText);
     box->setDetailedText(messages.join(QLatin1String("\n")));
     box->exec();
@@ -90,7 +89,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
     ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
                    ReadingJob::Netlist);
     const QPointer<QWidget> owner(parent);
-    if (!runAlone(job, CatchRtl::tr("Read Design"), 0, parent)) {
+    if (!runAlone(job, Texts::tr("Read Design"), 0, parent)) {
         messages.append(busyMessage());
         return false;
     }
@@ -107,7 +106,7 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
 {
     const NewsKept news;
     ReadingJob job(designInputFromInfo(info), ReadingJob::Modules);
-    if (!runAlone(job, CatchRtl::tr("Read Modules"), modulesDelayMs, parent)) {
+    if (!runAlone(job, Texts::tr("Read Modules"), modulesDelayMs, parent)) {
         messages.append(busyMessage());
         return false;
     }
@@ -117,7 +116,7 @@ bool catchRtlModules(QStringList &topModules, QStringList &modules, QStringList 
     modules = found.modules;
     messages = found.messages;
     if (job.isCancelled())
-        messages.append(CatchRtl::tr("ERROR: Reading the design was cancelled."));
+        messages.append(Texts::tr("ERROR: Reading the design was cancelled."));
     return !job.isCancelled() && !found.anyError();
 }
 

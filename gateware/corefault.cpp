@@ -13,7 +13,7 @@ namespace RTLJEX {
 
 namespace {
 
-struct CoreFault
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::CoreFault)
 };
@@ -30,12 +30,12 @@ bool isPowerOfTwo(int number)
 QString unitFault(const JEX::MatchUnit &unit)
 {
     if (!unit.triggerPort)
-        return CoreFault::tr("it is not bound to a trigger port.");
+        return Texts::tr("it is not bound to a trigger port.");
     if (unit.triggerPort->width() > JEX::TriggerPort::WidthLimit)
-        return CoreFault::tr("its trigger port holds more than %1 signals.")
+        return Texts::tr("its trigger port holds more than %1 signals.")
             .arg(int(JEX::TriggerPort::WidthLimit));
     if (unit.function < 0 || unit.function >= JEX::MatchFunctionCount)
-        return CoreFault::tr("it compares by a function that does not exist.");
+        return Texts::tr("it compares by a function that does not exist.");
     return JEX::matchUnitFault(unit);
 }
 
@@ -43,13 +43,13 @@ QString expressionFault(const JEX::AoCore &core, const QString &text)
 {
     const Expression expression(text);
     if (!expression.isValid())
-        return CoreFault::tr("it is not well formed.");
+        return Texts::tr("it is not well formed.");
     for (int number : expression.units()) {
         const JEX::MatchUnit *unit = core.matchUnit(number);
         if (!unit || !unit->enabled)
-            return CoreFault::tr("M%1 is not enabled.").arg(number);
+            return Texts::tr("M%1 is not enabled.").arg(number);
         if (core.isStatic() && number >= StaticUnitCount)
-            return CoreFault::tr("M%1 does not exist in Static mode.").arg(number);
+            return Texts::tr("M%1 does not exist in Static mode.").arg(number);
     }
     return QString();
 }
@@ -59,16 +59,16 @@ QString triggerFault(const JEX::AoCore &core)
     for (const JEX::MatchUnit *unit : coreUnits(core)) {
         const QString fault = unitFault(*unit);
         if (!fault.isEmpty())
-            return CoreFault::tr("M%1 cannot be made: %2").arg(QString::number(unit->unitNumber), fault);
+            return Texts::tr("M%1 cannot be made: %2").arg(QString::number(unit->unitNumber), fault);
     }
     if (core.expressions.isEmpty())
-        return CoreFault::tr("it has no trigger expression, so it would never trigger.");
+        return Texts::tr("it has no trigger expression, so it would never trigger.");
     if (core.expressions.size() > JEX::ExpressionLimit)
-        return CoreFault::tr("it has more than %1 trigger expressions.").arg(int(JEX::ExpressionLimit));
+        return Texts::tr("it has more than %1 trigger expressions.").arg(int(JEX::ExpressionLimit));
     for (const QString &text : core.expressions) {
         const QString fault = expressionFault(core, text);
         if (!fault.isEmpty())
-            return CoreFault::tr("the expression \"%1\" cannot be made: %2").arg(text, fault);
+            return Texts::tr("the expression \"%1\" cannot be made: %2").arg(text, fault);
     }
     return QString();
 }
@@ -76,18 +76,17 @@ QString triggerFault(const JEX::AoCore &core)
 QString ownFault(const JEX::AoCore &core)
 {
     if (!isPowerOfTwo(core.storageSize) || core.storageSize > largestStorage)
-        return CoreFault::tr("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
+        return Texts::tr("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
             .arg(core.storageSize)
             .arg(largestStorage);
     if (!captureAmounts(core.storageSize, core.windowNumber).contains(core.captureAmount))
-        return CoreFault::tr(
+        return Texts::tr(
                    "a capture amount of %1 does not fit into one of %2 segments of a storage of %3 samples.")
             .arg(core.captureAmount)
             .arg(core.windowNumber)
             .arg(core.storageSize);
     if (core.triggerPosition < 0 || core.triggerPosition > lastTriggerPosition(core.captureAmount))
-        return CoreFault::tr(
-                   "a trigger position of %1 does not suit a capture amount of %2: it is from 0 to %3.")
+        return Texts::tr("a trigger position of %1 does not suit a capture amount of %2: it is from 0 to %3.")
             .arg(core.triggerPosition)
             .arg(core.captureAmount)
             .arg(lastTriggerPosition(core.captureAmount));
@@ -100,7 +99,7 @@ QString ownFault(const Core &core)
 {
     for (const JEX::Field<Core> &field : JEX::fieldsOf<Core>()) {
         if (field.number == &Core::captureAmount && !field.isHeld(core))
-            return CoreFault::tr("a capture amount of %1 cannot be made: it is a power of two from %2 to %3.")
+            return Texts::tr("a capture amount of %1 cannot be made: it is a power of two from %2 to %3.")
                 .arg(core.captureAmount)
                 .arg(field.rule.low)
                 .arg(field.rule.high);
@@ -112,9 +111,9 @@ QString faultWithoutCore(const AnyCore &core)
 {
     const int bits = capturedBits(core).size();
     if (bits == 0)
-        return CoreFault::tr("it captures no signals.");
+        return Texts::tr("it captures no signals.");
     if (bits >= widestSample)
-        return CoreFault::tr("it captures %1 bits, and a core stores at most %2.")
+        return Texts::tr("it captures %1 bits, and a core stores at most %2.")
             .arg(bits)
             .arg(widestSample - 1);
     return core.visit([](const auto &record) { return ownFault(record); });
@@ -125,9 +124,8 @@ QString faultWithoutCore(const AnyCore &core)
 QString coreFault(const AnyCore &core)
 {
     const QString fault = faultWithoutCore(core);
-    return fault.isEmpty()
-               ? fault
-               : CoreFault::tr("Core %1 cannot be made: %2").arg(QString::number(core.number), fault);
+    return fault.isEmpty() ? fault
+                           : Texts::tr("Core %1 cannot be made: %2").arg(QString::number(core.number), fault);
 }
 
 } // namespace RTLJEX

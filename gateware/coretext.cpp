@@ -30,7 +30,7 @@ QByteArray ownParameters(const JEX::AoCore &, const CoreOptions &)
 
 QByteArray ownParameters(const JEX::AOCore_Lite &, const CoreOptions &options)
 {
-    return " #(\n    parameter STARTS_ARMED = " + text(options.startsArmed) + "\n)";
+    return " #(\n    parameter STARTS_ARMED = " + decimal(options.startsArmed) + "\n)";
 }
 
 // The head of the module and all its ports.
@@ -163,7 +163,7 @@ CoreModule coreModule(const AnyCore &core, const CoreOptions &options)
     module.fault = coreFault(core);
     if (!module.fault.isEmpty())
         return module;
-    module.name = "jex_core_" + text(core.number);
+    module.name = "jex_core_" + decimal(core.number);
     module.clock = *core.clock;
     module.layout = layoutOf(core);
     module.taps = tapsOf(core);

@@ -15,7 +15,7 @@ enum { UnitBits = 16 }; // wires for the units, and for the expressions
 
 QByteArray triggerName(const JEX::TriggerPort &port)
 {
-    return "trig_" + text(port.portNumber);
+    return "trig_" + decimal(port.portNumber);
 }
 
 TriggerText::TriggerText(const JEX::AoCore &core)
@@ -37,8 +37,8 @@ QByteArray TriggerText::body() const
 {
     QByteArray lines = "    wire " + range(width()) + " now;\n    wire " + range(width()) +
                        " changed;\n    wire [15:0] match;\n    wire [15:0] holds;\n    wire load;\n" +
-                       "    wire [" + text(m_units.size()) + ":0] chain; // of the settings\n" +
-                       "    assign chain[" + text(m_units.size()) + "] = ctl_tdi;\n" +
+                       "    wire [" + decimal(m_units.size()) + ":0] chain; // of the settings\n" +
+                       "    assign chain[" + decimal(m_units.size()) + "] = ctl_tdi;\n" +
                        "    wire unused = &{1'b0, load, chain[0]};\n\n";
     for (int i = 0; i < m_units.size(); ++i)
         lines += unit(i);
@@ -60,9 +60,9 @@ int TriggerText::lowestBitOf(const JEX::TriggerPort *wanted) const
 QByteArray TriggerText::unit(int position) const
 {
     const JEX::MatchUnit &unit = *m_units.at(position);
-    const QByteArray number = text(unit.unitNumber);
+    const QByteArray number = decimal(unit.unitNumber);
     const int low = lowestBitOf(unit.triggerPort);
-    const QByteArray bits = "[" + text(low + unit.triggerPort->width() - 1) + ":" + text(low) + "]";
+    const QByteArray bits = "[" + decimal(low + unit.triggerPort->width() - 1) + ":" + decimal(low) + "]";
     Connections parameters;
     add(&parameters, "WIDTH", unit.triggerPort->width());
     add(&parameters, "LOADABLE", m_core.isStatic() ? 0 : 1);
@@ -75,8 +75,8 @@ QByteArray TriggerText::unit(int position) const
     add(&ports, "match", "match[" + number + "]");
     add(&ports, "load_clock", "ctl_clock");
     add(&ports, "load", "load");
-    add(&ports, "load_in", "chain[" + text(m_units.size() - position) + "]");
-    add(&ports, "load_out", "chain[" + text(m_units.size() - position - 1) + "]");
+    add(&ports, "load_in", "chain[" + decimal(m_units.size() - position) + "]");
+    add(&ports, "load_out", "chain[" + decimal(m_units.size() - position - 1) + "]");
     return instance("jex_unit", "unit_" + number, parameters, ports);
 }
 
@@ -85,7 +85,7 @@ QByteArray TriggerText::unitsWithout() const
     QByteArray lines;
     for (int i = 0; i < UnitBits; ++i) {
         if (!m_numbers.contains(i))
-            lines += "    assign match[" + text(i) + "] = 1'b0;\n";
+            lines += "    assign match[" + decimal(i) + "] = 1'b0;\n";
     }
     return lines;
 }
@@ -93,7 +93,7 @@ QByteArray TriggerText::unitsWithout() const
 QByteArray TriggerText::noExpressions() const
 {
     const int rest = UnitBits - m_core.expressions.size();
-    return rest ? text(rest) + "'d0" : QByteArray();
+    return rest ? decimal(rest) + "'d0" : QByteArray();
 }
 
 // Registered, as tables are.
@@ -102,10 +102,10 @@ QByteArray TriggerText::logic() const
     QByteArray lines;
     QByteArray all = noExpressions();
     for (int i = m_core.expressions.size() - 1; i >= 0; --i)
-        all += (all.isEmpty() ? "expression_" : ", expression_") + text(i);
+        all += (all.isEmpty() ? "expression_" : ", expression_") + decimal(i);
     for (int i = 0; i < m_core.expressions.size(); ++i)
-        lines +=
-            "    wire expression_" + text(i) + " = " + Expression(m_core.expressions.at(i)).logic() + ";\n";
+        lines += "    wire expression_" + decimal(i) + " = " + Expression(m_core.expressions.at(i)).logic() +
+                 ";\n";
     Connections parameters;
     add(&parameters, "WIDTH", int(UnitBits));
     Connections ports;
@@ -119,7 +119,7 @@ QByteArray TriggerText::tables() const
 {
     QByteArray units;
     for (int number : m_numbers)
-        units = "match[" + text(number) + "]" + (units.isEmpty() ? "" : ", ") + units;
+        units = "match[" + decimal(number) + "]" + (units.isEmpty() ? "" : ", ") + units;
     QByteArray lines;
     for (int i = 0; i < m_core.expressions.size(); ++i) {
         Connections parameters;
@@ -129,12 +129,12 @@ QByteArray TriggerText::tables() const
         Connections ports;
         add(&ports, "clk", "clk");
         add(&ports, "match", "{" + units + "}");
-        add(&ports, "holds", "holds[" + text(i) + "]");
-        lines += instance("jex_table", "expression_" + text(i), parameters, ports);
+        add(&ports, "holds", "holds[" + decimal(i) + "]");
+        lines += instance("jex_table", "expression_" + decimal(i), parameters, ports);
     }
     const int count = m_core.expressions.size();
     if (count < UnitBits)
-        lines += "    assign holds[15:" + text(count) + "] = " + noExpressions() + ";\n";
+        lines += "    assign holds[15:" + decimal(count) + "] = " + noExpressions() + ";\n";
     return lines;
 }
 

@@ -17,19 +17,19 @@ QByteArray connected(const Connections &list)
 
 } // namespace
 
-QByteArray text(int number)
+QByteArray decimal(int number)
 {
     return QByteArray::number(number);
 }
 
 QByteArray range(int width)
 {
-    return "[" + text(width - 1) + ":0]";
+    return "[" + decimal(width - 1) + ":0]";
 }
 
 QByteArray binary(const QByteArray &digits)
 {
-    return text(digits.size()) + "'b" + digits;
+    return decimal(digits.size()) + "'b" + digits;
 }
 
 QByteArray style(qint32 implementation)
@@ -44,7 +44,7 @@ void add(Connections *list, const QByteArray &name, const QByteArray &value)
 
 void add(Connections *list, const QByteArray &name, int value)
 {
-    add(list, name, text(value));
+    add(list, name, decimal(value));
 }
 
 QByteArray instance(const QByteArray &module, const QByteArray &name, const Connections &parameters,

@@ -15,7 +15,7 @@ typedef QList<Connection> Connections;
 void add(Connections *list, const QByteArray &name, const QByteArray &value);
 void add(Connections *list, const QByteArray &name, int value);
 
-QByteArray text(int number);
+QByteArray decimal(int number);
 QByteArray range(int width);                 // "[7:0]"
 QByteArray binary(const QByteArray &digits); // "3'b01x"
 QByteArray style(qint32 implementation);     // as the memories know it, in quotes

@@ -1,7 +1,5 @@
 #include "host/atomicfile.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <cerrno>
 #include <memory>
@@ -17,11 +15,6 @@
 namespace QUtil {
 namespace {
 
-struct Saving
-{
-    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
-};
-
 // The new file for a target, with all that the old one has but its content; or what speaks against it.
 class Replacement
 {
@@ -30,11 +23,11 @@ public:
     {
         const mode_t mode = target.exists ? 0600 : 0666;
         if (target.exists && target.info.st_nlink > 1)
-            losses << Saving::tr("it has %1 names (hard links)").arg(target.info.st_nlink);
+            losses << SaveFault::tr("it has %1 names (hard links)").arg(target.info.st_nlink);
         else if (m_file.create(target.folder, mode))
             fault = target.exists ? copyAttributes(target, m_file.descriptor(), losses) : SaveFault();
         else if (target.exists && (errno == EACCES || errno == EPERM || errno == EROFS))
-            losses << Saving::tr("its folder cannot be written to");
+            losses << SaveFault::tr("its folder cannot be written to");
         else
             fault = faultOf(QT_TRANSLATE_NOOP("QUtil::Saving", "creating a file in its folder"));
     }

@@ -1,6 +1,5 @@
 #include "host/backupfile.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -17,11 +16,6 @@
 
 namespace QUtil {
 namespace {
-
-struct Saving
-{
-    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
-};
 
 const qint64 sizeLimit = 256 * MiB;
 const char suffix[] = ".jex-backup";
@@ -89,7 +83,7 @@ public:
             // One whose save did not end holds the last good state, which the file itself may not.
             m_path = place;
             return lockFile(m_found.number()) ? SaveFault()
-                                              : fault(Saving::tr("another program is saving it"));
+                                              : fault(SaveFault::tr("another program is saving it"));
         }
         bool isElsewhere = false;
         SaveFault failed = make(target, content, places[0], &isElsewhere);
@@ -135,7 +129,7 @@ private:
         if (!unkept)
             unkept = flushFolder(folder);
         if (unkept)
-            unkept.step = Saving::tr("keeping a backup");
+            unkept.step = SaveFault::tr("keeping a backup");
         return unkept;
     }
 
@@ -177,7 +171,7 @@ SaveFault writeInPlace(const SaveTarget &target, const QByteArray &bytes)
     SaveFault fault;
     QByteArray old;
     if (!readRegularFile(QFile::decodeName(target.path), sizeLimit, &old, &fault.reason)) {
-        fault.step = Saving::tr("reading what it holds for a backup");
+        fault.step = SaveFault::tr("reading what it holds for a backup");
         return fault;
     }
     const Descriptor file(::open(target.path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -190,7 +184,7 @@ SaveFault writeInPlace(const SaveTarget &target, const QByteArray &bytes)
     fault = overwrite(file.number(), bytes);
     if (fault && overwrite(file.number(), old))
         fault.reason =
-            Saving::tr("%1; what it held is kept in %2").arg(fault.reason, nativeName(backup.path()));
+            SaveFault::tr("%1; what it held is kept in %2").arg(fault.reason, nativeName(backup.path()));
     else if (!fault || !backup.isOlder())
         backup.remove();
     return fault;
@@ -221,8 +215,9 @@ QString pendingBackupFault(const QString &path)
     const QString backup = pendingBackup(path);
     if (backup.isEmpty())
         return QString();
-    return Saving::tr("its last save did not end; what it held before is kept in %1, which is to be put in "
-                      "its place or removed")
+    return SaveFault::tr(
+               "its last save did not end; what it held before is kept in %1, which is to be put in "
+               "its place or removed")
         .arg(QDir::toNativeSeparators(backup));
 }
 
@@ -233,7 +228,7 @@ bool restoreBackup(const QString &path, QString *errorMessage)
     SaveFault fault = target.fault;
     QByteArray content;
     if (!fault && !readRegularFile(backup, sizeLimit, &content, &fault.reason))
-        fault.step = Saving::tr("reading the backup");
+        fault.step = SaveFault::tr("reading the backup");
     if (!fault) {
         const Descriptor file(
             ::open(target.path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));

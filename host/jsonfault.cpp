@@ -6,6 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/utf8.h"
+
 namespace Core {
 namespace {
 
@@ -33,7 +35,7 @@ public:
     bool key(string_t &text) override
     {
         Level &level = m_levels.last();
-        level.key = QString::fromStdString(text);
+        level.key = QUtil::fromUtf8(text);
         if (!level.keys.contains(level.key)) {
             level.keys.insert(level.key);
             return true;
@@ -50,10 +52,10 @@ public:
     {
         // "[json.exception.parse_error.101] parse error at line 3, column 5: ... - unexpected '}'; expected
         // ..."
-        const QString text = QString::fromStdString(cause.what());
+        const QString text = QUtil::fromUtf8(cause.what());
         const QString reason =
             cause.id == outOfRange
-                ? QString::fromLatin1("the number %1 is too large").arg(QString::fromStdString(last))
+                ? QString::fromLatin1("the number %1 is too large").arg(QUtil::fromUtf8(last))
                 : text.mid(text.indexOf(QLatin1String(" - ")) + 3);
         const int line = 1 + m_bytes.left(int(at) - 1).count('\n');
         return fail(QString::fromLatin1("line %1: %2.").arg(QString::number(line), reason));

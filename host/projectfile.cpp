@@ -9,6 +9,7 @@
 
 #include "host/filetypes.h"
 #include "host/jsonfault.h"
+#include "host/utf8.h"
 
 namespace Core {
 namespace {
@@ -18,17 +19,6 @@ typedef nlohmann::ordered_json Json;
 const int formatVersion = 1;
 
 const char otherType[] = "Other";
-
-QString fromStd(const std::string &text)
-{
-    return QString::fromUtf8(text.data(), int(text.size()));
-}
-
-std::string toStd(const QString &text)
-{
-    const QByteArray utf8 = text.toUtf8();
-    return std::string(utf8.constData(), size_t(utf8.size()));
-}
 
 // Takes values out of one object of the document and remembers the first thing that is wrong with it.
 class ObjectReader
@@ -122,7 +112,7 @@ public:
     QString finish()
     {
         for (Json::const_iterator it = m_object.begin(); m_object.is_object() && it != m_object.end(); ++it) {
-            const QString key = fromStd(it.key());
+            const QString key = QUtil::fromUtf8(it.key());
             if (!m_known.contains(key))
                 setFault(QString::fromLatin1("%1 is not known here.").arg(name(key.toUtf8().constData())));
         }
@@ -133,7 +123,7 @@ private:
     // The system takes the first NUL of a name for its end.
     QString text(const char *key, const Json &value)
     {
-        const QString text = fromStd(value.get_ref<const std::string &>());
+        const QString text = QUtil::fromUtf8(value.get_ref<const std::string &>());
         if (text.contains(QChar(0)))
             setFault(QString::fromLatin1("%1 holds a NUL character.").arg(name(key)));
         return text;
@@ -207,7 +197,7 @@ QString readProject(const Json &document, const QString &folder, ProjectData &da
     const int version = reader.number("version", 0);
     if (version > formatVersion)
         return QString::fromLatin1("its version %1 is newer than this program.")
-            .arg(fromStd(document.at("version").dump()));
+            .arg(QUtil::fromUtf8(document.at("version").dump()));
     if (version < 1)
         reader.setFault(QLatin1String(document.contains("version") ? "\"version\" must be 1."
                                                                    : "\"version\" is missing."));
@@ -236,7 +226,7 @@ Json textList(const QStringList &texts)
 {
     Json list = Json::array();
     for (const QString &text : texts)
-        list.push_back(toStd(text));
+        list.push_back(QUtil::toUtf8(text));
     return list;
 }
 
@@ -244,14 +234,14 @@ Json textList(const QStringList &texts)
 Json fileObject(const SourceFile &file, const QString &folder)
 {
     Json object;
-    object["path"] = toStd(QDir(folder).relativeFilePath(file.path));
+    object["path"] = QUtil::toUtf8(QDir(folder).relativeFilePath(file.path));
     const QString type = typeName(file.type);
     if (file.type != TE::fileTypeFromName(file.path) && !type.isEmpty())
-        object["type"] = toStd(type);
+        object["type"] = QUtil::toUtf8(type);
     if (!file.enabled)
         object["enabled"] = false;
     if (!file.library.isEmpty())
-        object["library"] = toStd(file.library);
+        object["library"] = QUtil::toUtf8(file.library);
     if (file.onlyWhenUsed)
         object["onlyWhenUsed"] = true;
     return object;
@@ -260,10 +250,10 @@ Json fileObject(const SourceFile &file, const QString &folder)
 Json deviceObject(const DEV::DeviceArg &device)
 {
     Json object;
-    object["series"] = toStd(device.series);
-    object["device"] = toStd(device.device);
-    object["package"] = toStd(device.package);
-    object["partNumber"] = toStd(device.partNumber);
+    object["series"] = QUtil::toUtf8(device.series);
+    object["device"] = QUtil::toUtf8(device.device);
+    object["package"] = QUtil::toUtf8(device.package);
+    object["partNumber"] = QUtil::toUtf8(device.partNumber);
     return object;
 }
 
@@ -287,14 +277,15 @@ QByteArray projectToJson(const ProjectData &data, const QString &folder)
 {
     Json document;
     document["version"] = formatVersion;
-    document["name"] = toStd(data.name);
+    document["name"] = QUtil::toUtf8(data.name);
     document["files"] = Json::array();
     for (const SourceFile &file : data.files)
         document["files"].push_back(fileObject(file, folder));
     for (const ProjectOption &option : projectOptions) {
         const bool isEmpty = option.text ? (data.*option.text).isEmpty() : (data.*option.list).isEmpty();
         if (!isEmpty || !option.is(OptionalTrait))
-            document[option.key] = option.text ? Json(toStd(data.*option.text)) : textList(data.*option.list);
+            document[option.key] =
+                option.text ? Json(QUtil::toUtf8(data.*option.text)) : textList(data.*option.list);
     }
     document["device"] = deviceObject(data.device);
     const std::string text = document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';

@@ -1,6 +1,5 @@
 #include "host/savetarget.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -14,11 +13,6 @@
 
 namespace QUtil {
 namespace {
-
-struct Saving
-{
-    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
-};
 
 const int linkLimit = 40; // as the kernel has it
 
@@ -64,15 +58,15 @@ SaveFault refusal(const QString &reason)
 QString SaveFault::sentence(const QString &path) const
 {
     const QString name = QDir::toNativeSeparators(path);
-    return step.isEmpty() ? Saving::tr("Can not save to %1: %2.").arg(name, reason)
-                          : Saving::tr("Can not save to %1: %2 failed (%3).").arg(name, step, reason);
+    return step.isEmpty() ? SaveFault::tr("Can not save to %1: %2.").arg(name, reason)
+                          : SaveFault::tr("Can not save to %1: %2 failed (%3).").arg(name, step, reason);
 }
 
 SaveFault faultOf(const char *step)
 {
     SaveFault fault;
     fault.reason = errorWords(errno);
-    fault.step = Saving::tr(step);
+    fault.step = SaveFault::tr(step);
     return fault;
 }
 

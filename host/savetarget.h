@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <sys/stat.h>
@@ -16,6 +17,8 @@ struct SaveFault
 
     explicit operator bool() const { return !reason.isEmpty(); }
     QString sentence(const QString &path) const; // "Can not save to PATH: ..."
+
+    Q_DECLARE_TR_FUNCTIONS(QUtil::Saving)
 };
 SaveFault faultOf(const char *step); // with the present errno
 

@@ -2,18 +2,12 @@
 
 #include <QCoreApplication>
 
+#include "gateware/verilogtext.h"
+
 namespace Insertion {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Insertion::Analyzer)
-};
-
-QByteArray number(int value)
-{
-    return QByteArray::number(value);
-}
+using RTLJEX::decimal;
 
 } // namespace
 
@@ -41,7 +35,8 @@ Analyzer::Analyzer(const RTLJEX::Configuration &configuration, const RTLJEX::Cor
         const auto find = [this](const QString &net) {
             const TapBit bit = m_taps.add(net);
             if (bit.tap < 0)
-                m_faults << Texts::tr("The design has no net %1.").arg(net);
+                m_faults << QCoreApplication::translate("Insertion::Analyzer", "The design has no net %1.")
+                                .arg(net);
             return bit;
         };
         core.clock = find(core.module.clock);
@@ -62,7 +57,7 @@ QList<QByteArray> Analyzer::controlInputs() const
 {
     QList<QByteArray> names{"ctl_clock", "ctl_capture", "ctl_shift", "ctl_update", "ctl_tdi"};
     for (const Core &core : m_cores)
-        names << "ctl_select_" + number(core.core.number);
+        names << "ctl_select_" + decimal(core.core.number);
     return names;
 }
 
@@ -70,7 +65,7 @@ QList<QByteArray> Analyzer::controlOutputs() const
 {
     QList<QByteArray> names;
     for (const Core &core : m_cores)
-        names << "ctl_tdo_" + number(core.core.number);
+        names << "ctl_tdo_" + decimal(core.core.number);
     return names;
 }
 
@@ -81,11 +76,11 @@ QByteArray Analyzer::parametersUnarmed() const
 
 QByteArray Analyzer::bitText(const TapBit &bit, int width) const
 {
-    const QByteArray name = "tap_" + number(bit.tap);
+    const QByteArray name = "tap_" + decimal(bit.tap);
     if (m_taps.taps().at(bit.tap).width() == 1)
         return name;
-    const QByteArray low = number(bit.place);
-    return name + '[' + (width > 1 ? number(bit.place + width - 1) + ':' + low : low) + ']';
+    const QByteArray low = decimal(bit.place);
+    return name + '[' + (width > 1 ? decimal(bit.place + width - 1) + ':' + low : low) + ']';
 }
 
 // The highest bit first; bits that stand in one row in their net are one part.
@@ -112,9 +107,9 @@ QByteArray Analyzer::coresText() const
     QByteArray ports, body;
     for (int i = 0; i < m_taps.taps().size(); ++i) {
         const int width = m_taps.taps().at(i).width();
-        const QByteArray range = width > 1 ? '[' + number(width - 1) + ":0] " : QByteArray();
-        ports += "    input wire " + range + "tap_" + number(i) + ", // " + m_taps.taps().at(i).net.toUtf8() +
-                 '\n';
+        const QByteArray range = width > 1 ? '[' + decimal(width - 1) + ":0] " : QByteArray();
+        ports += "    input wire " + range + "tap_" + decimal(i) + ", // " +
+                 m_taps.taps().at(i).net.toUtf8() + '\n';
     }
     for (const QByteArray &name : controlInputs())
         ports += "    input wire " + name + ",\n";
@@ -122,7 +117,7 @@ QByteArray Analyzer::coresText() const
         ports += "    output wire " + name + ",\n";
     ports.chop(2);
     for (const Core &core : m_cores) {
-        const QByteArray own = number(core.core.number);
+        const QByteArray own = decimal(core.core.number);
         body += "    " + core.module.name + (canStartArmed() ? " #(.STARTS_ARMED(STARTS_ARMED))" : "") +
                 " core_" + own + " (\n        .clk(" + bitText(core.clock, 1) + "),\n";
         for (const Port &port : core.ports)
@@ -133,7 +128,7 @@ QByteArray Analyzer::coresText() const
                 "),\n        .windows(),\n        .done(),\n        .seen());\n";
     }
     const QByteArray parameters =
-        canStartArmed() ? "#(parameter STARTS_ARMED = " + number(m_startsArmed) + ") " : QByteArray();
+        canStartArmed() ? "#(parameter STARTS_ARMED = " + decimal(m_startsArmed) + ") " : QByteArray();
     // The remarks that a linter has about a file of several modules, and about pins that are open on purpose.
     return "// Embedded logic analyzers, made from a configuration file.\n\n"
            "/* verilator lint_off DECLFILENAME */\n/* verilator lint_off PINCONNECTEMPTY */\n" +

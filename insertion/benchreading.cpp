@@ -85,7 +85,7 @@ void BenchReading::take()
     m_elaborator.reset();
     const ModuleList &lists = bench->lists;
     if (lists.anyError())
-        return end(lists.messages.filter(QRegularExpression("^ERROR")));
+        return end(lists.errors());
     QStringList tops;
     for (const QString &module : modules()) {
         if (lists.topModules.contains(module))

@@ -11,11 +11,6 @@
 namespace Insertion {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Insertion::FlatNetlist)
-};
-
 int constantOf(char digit)
 {
     switch (digit) {
@@ -200,7 +195,8 @@ bool FlatNetlist::read(const QString &path, QString *error)
     }
     isGood = isGood && reader.isDone && reader.isFlat();
     if (!isGood)
-        *error = Texts::tr(
+        *error = QCoreApplication::translate(
+            "Insertion::FlatNetlist",
             "What Yosys read back of the design could not be understood, so nothing is proven. If the "
             "disk is full, make room on it.");
     return isGood;

@@ -9,10 +9,7 @@ namespace {
 
 const char *const sharedControls[] = {"clock", "capture", "shift", "update", "tdi"};
 
-QByteArray number(int value)
-{
-    return QByteArray::number(value);
-}
+using RTLJEX::decimal;
 
 class Harness
 {
@@ -63,20 +60,20 @@ private:
 
     void addReader(const Analyzer::Core &core)
     {
-        const QByteArray own = number(core.core.number);
+        const QByteArray own = decimal(core.core.number);
         QByteArray ports;
         for (const char *control : {"clock", "select", "capture", "shift", "update", "tdi"}) {
             add(QByteArray("wire ") + control + '_' + own + ';');
             ports += QByteArray(".ctl_") + control + '(' + control + '_' + own + "), ";
         }
         add("wire tdo_" + own + ";\nreg want_" + own + ";\ninitial want_" + own + " = 1'b0;");
-        add("jex_reader #(.SAMPLE_BITS(" + number(core.module.layout.sampleWidth()) + "), .SAMPLES(" +
-            number(core.module.layout.storedSamples()) + "), .FILE(" + file("core_" + own + ".txt") +
+        add("jex_reader #(.SAMPLE_BITS(" + decimal(core.module.layout.sampleWidth()) + "), .SAMPLES(" +
+            decimal(core.module.layout.storedSamples()) + "), .FILE(" + file("core_" + own + ".txt") +
             ")) reader_" + own + " (" + ports + ".ctl_tdo(tdo_" + own + "));");
         const QByteArray windows = cores() + ".core_" + own + ".windows";
         add("always @(" + windows + ") if (" + windows +
-            " == " + number(m_windows.value(core.core.number, core.module.layout.windows)) + ") want_" + own +
-            " = 1'b1;");
+            " == " + decimal(m_windows.value(core.core.number, core.module.layout.windows)) + ") want_" +
+            own + " = 1'b1;");
     }
 
     // Readers that have nothing to do hold their lines at 0.
@@ -84,7 +81,7 @@ private:
     {
         QByteArray any;
         for (const Analyzer::Core &core : m_analyzer.cores())
-            any += (any.isEmpty() ? "" : " | ") + control + '_' + number(core.core.number);
+            any += (any.isEmpty() ? "" : " | ") + control + '_' + decimal(core.core.number);
         add("wire all_" + control + " = " + any + ';');
     }
 
@@ -93,10 +90,10 @@ private:
         QByteArray ports;
         const QList<Tap> &taps = m_analyzer.taps().taps();
         for (int i = 0; i < taps.size(); ++i) {
-            const QByteArray range = '[' + number(taps.at(i).width() - 1) + ":0] ";
-            add("wire " + range + "tap_" + number(i) + " = " + m_place.instance.toUtf8() + '.' +
+            const QByteArray range = '[' + decimal(taps.at(i).width() - 1) + ":0] ";
+            add("wire " + range + "tap_" + decimal(i) + " = " + m_place.instance.toUtf8() + '.' +
                 verilogPath(taps.at(i)) + ';');
-            ports += ".tap_" + number(i) + "(tap_" + number(i) + "),\n    ";
+            ports += ".tap_" + decimal(i) + "(tap_" + decimal(i) + "),\n    ";
         }
         ports.chop(6);
         add("jex_cores cores (\n    " + ports + ");");
@@ -112,12 +109,12 @@ private:
         for (const char *control : sharedControls)
             add("    force " + port + control + " = all_" + control + ';');
         for (const Analyzer::Core &core : m_analyzer.cores()) {
-            const QByteArray own = number(core.core.number);
+            const QByteArray own = decimal(core.core.number);
             add("    force " + port + "select_" + own + " = select_" + own + ';');
         }
         add("end");
         for (const Analyzer::Core &core : m_analyzer.cores()) {
-            const QByteArray own = number(core.core.number);
+            const QByteArray own = decimal(core.core.number);
             add("assign tdo_" + own + " = " + port + "tdo_" + own + ';');
         }
     }
@@ -127,10 +124,10 @@ private:
     {
         QByteArray any;
         for (const Analyzer::Core &core : m_analyzer.cores())
-            any += (any.isEmpty() ? "want_" : " | want_") + number(core.core.number);
+            any += (any.isEmpty() ? "want_" : " | want_") + decimal(core.core.number);
         add("always begin\n    wait (" + any + ");");
         for (const Analyzer::Core &core : m_analyzer.cores()) {
-            const QByteArray own = number(core.core.number);
+            const QByteArray own = decimal(core.core.number);
             add("    if (want_" + own + ") begin reader_" + own + ".read_all; want_" + own + " = 1'b0; end");
         }
         add("end");
@@ -141,7 +138,7 @@ private:
         add("integer file;\ninteger at;\nfinal begin\n    file = $fopen(" + this->file("end.txt") +
             ", \"w\");");
         for (const Analyzer::Core &core : m_analyzer.cores()) {
-            const QByteArray own = number(core.core.number), name = cores() + ".core_" + own;
+            const QByteArray own = decimal(core.core.number), name = cores() + ".core_" + own;
             add("    $fwrite(file, \"" + own + " %b %b\\n\", " + name + ".windows, " + name + ".seen);");
         }
         add("    $fclose(file);");
@@ -155,13 +152,13 @@ private:
     // What the reader would write of the core.
     void addLook(const Analyzer::Core &core)
     {
-        const QByteArray own = number(core.core.number), name = cores() + ".core_" + own;
+        const QByteArray own = decimal(core.core.number), name = cores() + ".core_" + own;
         const RTLJEX::CoreLayout &layout = core.module.layout;
         QByteArray style = RTLJEX::style(core.core.implementation);
         add("    file = $fopen(" + file("core_" + own + ".txt") +
             ", \"w\");\n    $fwrite(file, \"status %b%b " + "%b %b\\n\", " + name + ".windows, {14'd0, " +
-            name + ".done, 1'b0}, " + name + ".seen, 32'd" + number(layout.sampleWidth()) +
-            ");\n    for (at = 0; at < " + number(layout.storedSamples()) +
+            name + ".done, 1'b0}, " + name + ".seen, 32'd" + decimal(layout.sampleWidth()) +
+            ");\n    for (at = 0; at < " + decimal(layout.storedSamples()) +
             "; at = at + 1)\n        $fwrite(file, \"%b\\n\", " + name + ".core.memory." +
             style.replace('"', "") + ".words[at]);\n    $fclose(file);");
     }
@@ -174,7 +171,7 @@ private:
             ", \"w\");\n    if (noted != $time) begin noted = $time; $fwrite(raw, \"#%0d\\n\", noted); end\n"
             "end\nendtask");
         for (int i = 0; i < m_analyzer.taps().taps().size(); ++i) {
-            const QByteArray name = "tap_" + number(i), tap = cores() + '.' + name;
+            const QByteArray name = "tap_" + decimal(i), tap = cores() + '.' + name;
             add("always begin\n    note_time;\n    $fwrite(raw, \"b%b " + name + "\\n\", " + tap +
                 ");\n    @(" + tap + ");\nend");
         }
@@ -198,9 +195,9 @@ QByteArray recordHead(const Analyzer &analyzer)
     QByteArray text = "$timescale 1ps $end\n$scope module taps $end\n";
     const QList<Tap> &taps = analyzer.taps().taps();
     for (int i = 0; i < taps.size(); ++i) {
-        const QByteArray name = "tap_" + number(i), width = number(taps.at(i).width());
+        const QByteArray name = "tap_" + decimal(i), width = decimal(taps.at(i).width());
         text += "$var wire " + width + ' ' + name + ' ' + name +
-                (taps.at(i).width() > 1 ? " [" + number(taps.at(i).width() - 1) + ":0]" : QByteArray()) +
+                (taps.at(i).width() > 1 ? " [" + decimal(taps.at(i).width() - 1) + ":0]" : QByteArray()) +
                 " $end\n";
     }
     return text + "$upscope $end\n$enddefinitions $end\n";

@@ -134,7 +134,7 @@ void InsertionJob::takeElaboration()
     m_elaboration = m_elaborator->takeResult();
     m_elaborator.reset();
     if (!m_elaboration->usable)
-        return fail(Failed, m_elaboration->lists.messages.filter(QRegularExpression("^ERROR")));
+        return fail(Failed, m_elaboration->lists.errors());
     m_yosys.reset(new YosysCalls(m_input, *m_elaboration));
     if (!m_yosys->fault().isEmpty())
         return fail(Failed, {m_yosys->fault()});

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "elaboration/tools/toolprocess.h"
+#include "host/utf8.h"
 #include "insertion/analyzer.h"
 #include "insertion/flatnetlist.h"
 #include "insertion/insertionjob.h"
@@ -19,12 +20,6 @@ namespace {
 
 typedef nlohmann::ordered_json Json;
 
-std::string text(const QString &words)
-{
-    const QByteArray bytes = words.toUtf8();
-    return std::string(bytes.constData(), size_t(bytes.size()));
-}
-
 QByteArray jsonText(const Json &json)
 {
     return QByteArray::fromStdString(json.dump(2, ' ', false, Json::error_handler_t::replace)) + '\n';
@@ -34,7 +29,7 @@ Json listed(const QStringList &sentences)
 {
     Json list = Json::array();
     for (const QString &sentence : sentences)
-        list.push_back(text(sentence));
+        list.push_back(QUtil::toUtf8(sentence));
     return list;
 }
 
@@ -91,14 +86,15 @@ QSet<int> drivenNets(const FlatNetlist &netlist)
 Json bitJson(const Analyzer &analyzer, const TapBit &bit)
 {
     const Tap &tap = analyzer.taps().taps().at(bit.tap);
-    return {{"net", text(bitName(tap, bit))}, {"tap", bit.tap}, {"bit", bit.place}};
+    return {{"net", QUtil::toUtf8(bitName(tap, bit))}, {"tap", bit.tap}, {"bit", bit.place}};
 }
 
 Json rowsJson(const QList<JEX::SignalItem> &rows)
 {
     Json list = Json::array();
     for (const JEX::SignalItem &row : rows) {
-        Json json{{"name", text(row.name)}, {"display", text(row.alias.isEmpty() ? row.name : row.alias)}};
+        Json json{{"name", QUtil::toUtf8(row.name)},
+                  {"display", QUtil::toUtf8(row.alias.isEmpty() ? row.name : row.alias)}};
         if (!row.members.isEmpty())
             json["members"] = rowsJson(row.members);
         list.push_back(json);
@@ -220,7 +216,7 @@ void InsertionReport::noteCounts(const QByteArray &output, bool isOriginal)
         return;
     const Json cells = json["design"].value("num_cells_by_type", Json::object());
     for (auto it = cells.begin(); it != cells.end(); ++it)
-        counts[isOriginal ? 0 : 1].insert(QString::fromStdString(it.key()), it.value().get<int>());
+        counts[isOriginal ? 0 : 1].insert(QUtil::fromUtf8(it.key()), it.value().get<int>());
 }
 
 QByteArray proofText(const InsertionReport &report)
@@ -231,20 +227,20 @@ QByteArray proofText(const InsertionReport &report)
                     {"memories", report.memories},
                     {"differences", listed(report.differences)},
                     {"problemsOfTheOriginal", listed(report.problemsBefore)},
-                    {"equivalence", text(report.equivalence)}};
+                    {"equivalence", QUtil::toUtf8(report.equivalence)}};
     return jsonText(json);
 }
 
 QByteArray mapText(const Analyzer &analyzer, const Surgery &surgery, const QString &topModule)
 {
     Json json{{makerMember, makerText},
-              {"top", text(topModule)},
+              {"top", QUtil::toUtf8(topModule)},
               {"taps", Json::array()},
               {"cores", Json::array()}};
     const QList<Tap> &taps = analyzer.taps().taps();
     for (int i = 0; i < taps.size(); ++i)
         json["taps"].push_back({{"tap", i},
-                                {"net", text(taps.at(i).net + taps.at(i).range())},
+                                {"net", QUtil::toUtf8(taps.at(i).net + taps.at(i).range())},
                                 {"wire", surgery.tapName(i).toStdString()}});
     for (const Analyzer::Core &core : analyzer.cores()) {
         Json entry{{"core", core.core.number},

@@ -10,7 +10,7 @@ using namespace QUARRY;
 namespace Insertion {
 namespace {
 
-struct Simulators
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(Insertion::Simulators)
 };
@@ -37,10 +37,10 @@ public:
         for (const QString &suffix : m_sources.librarySuffixes)
             arguments << "-Y" + suffix;
         add("Icarus Verilog", "JEX_IVERILOG", findTool("JEX_IVERILOG", {"iverilog"}), arguments + shared());
-        last().stage = Simulators::tr("Compiling the test bench");
-        last().refusal = Simulators::tr("Icarus Verilog does not take the test bench.");
+        last().stage = Texts::tr("Compiling the test bench");
+        last().refusal = Texts::tr("Icarus Verilog does not take the test bench.");
         add("Icarus Verilog", "JEX_VVP", findTool("JEX_VVP", {"vvp"}), {"-n", compiled});
-        last().stage = Simulators::tr("Simulating");
+        last().stage = Texts::tr("Simulating");
         last().call.deed = QT_TRANSLATE_NOOP("QUARRY::ToolRun", "ran");
         return m_steps;
     }
@@ -61,15 +61,15 @@ public:
         for (const QString &suffix : m_sources.librarySuffixes)
             arguments << "+libext+" + suffix;
         add("Verilator", "JEX_VERILATOR", VerilatorRun::program(), arguments + shared());
-        last().stage = Simulators::tr("Compiling the test bench");
-        last().refusal = Simulators::tr("Verilator does not take the test bench.");
+        last().stage = Texts::tr("Compiling the test bench");
+        last().refusal = Texts::tr("Verilator does not take the test bench.");
         add("make", "JEX_MAKE", findTool("JEX_MAKE", {"make"}),
             {"-s", "-j2", "-C", made, "-f", QString(program) + ".mk", "VM_PARALLEL_BUILDS=1",
              "OBJCACHE=", "OPT_FAST=-O1", "OPT_GLOBAL=-O1", "CXX=" + compiler(), "LINK=" + compiler()});
-        last().stage = Simulators::tr("Compiling what Verilator made of the test bench");
-        last().refusal = Simulators::tr("What Verilator made of the test bench cannot be compiled.");
+        last().stage = Texts::tr("Compiling what Verilator made of the test bench");
+        last().refusal = Texts::tr("What Verilator made of the test bench cannot be compiled.");
         add("The simulation", "JEX_VERILATOR", made + '/' + program, {});
-        last().stage = Simulators::tr("Simulating");
+        last().stage = Texts::tr("Simulating");
         last().call.deed = QT_TRANSLATE_NOOP("QUARRY::ToolRun", "ran");
         return m_steps;
     }
@@ -93,7 +93,7 @@ private:
         step.call.program = tool;
         step.call.workingDir = m_sources.workingDir;
         step.call.writableFolder = m_sources.folder;
-        step.call.subject = Simulators::tr("the test bench");
+        step.call.subject = Texts::tr("the test bench");
         step.call.arguments = arguments;
         step.call.runsSources = true;
         m_steps << step;
@@ -123,17 +123,17 @@ QString missingFor(Simulator simulator)
         QString program;
         QString remedy;
     } needs[] = {
-        {Simulators::tr("its program"), VerilatorRun::program(),
-         Simulators::tr("Install verilator, or let the variable JEX_VERILATOR name the program.")},
-        {Simulators::tr("a C++ compiler"), compiler(),
-         Simulators::tr("Install g++ and make, or let the variable JEX_CXX name a compiler.")},
+        {Texts::tr("its program"), VerilatorRun::program(),
+         Texts::tr("Install verilator, or let the variable JEX_VERILATOR name the program.")},
+        {Texts::tr("a C++ compiler"), compiler(),
+         Texts::tr("Install g++ and make, or let the variable JEX_CXX name a compiler.")},
         {"make", findTool("JEX_MAKE", {"make"}),
-         Simulators::tr("Install make, or let the variable JEX_MAKE name the program.")},
+         Texts::tr("Install make, or let the variable JEX_MAKE name the program.")},
     };
     for (const auto &each : needs) {
         const QString path = each.program.contains('/') ? each.program : findProgram(each.program);
         if (!QFileInfo(path).isExecutable())
-            return Simulators::tr("A simulation by Verilator needs %1, and %2 is not there. %3")
+            return Texts::tr("A simulation by Verilator needs %1, and %2 is not there. %3")
                 .arg(each.need, each.program, each.remedy);
     }
     return QString();

@@ -23,17 +23,15 @@ const Qt::ItemFlags usable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 
 class ResultRow : public QTreeWidgetItem
 {
+    Q_DECLARE_TR_FUNCTIONS(ResultRow)
+
 public:
     QVariant data(int column, int role) const override;
 
     virtual JEX::SignalItem record() const = 0;
     virtual QString text() const = 0;
     virtual QString toolTip() const { return record().name; }
-    static QString excluded()
-    {
-        return QCoreApplication::translate("ResultRow",
-                                           "Excluded: tied to a constant, or a bidirectional pin");
-    }
+    static QString excluded() { return tr("Excluded: tied to a constant, or a bidirectional pin"); }
 
 protected:
     // At the end of construction: it holds for the rows below, too.
@@ -211,7 +209,7 @@ void setUpResultColumns(QTreeWidget *tree)
 {
     QStringList titles;
     for (const auto &column : columns)
-        titles << QCoreApplication::translate("ResultRow", column.title);
+        titles << ResultRow::tr(column.title);
     tree->setHeaderLabels(titles);
     tree->setHeaderHidden(resultColumns == 1);
 }

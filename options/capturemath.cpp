@@ -11,7 +11,7 @@ namespace {
 
 const int smallestCapture = 4; // samples of a Standard core
 
-struct CaptureTexts
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::CaptureUsage)
 };
@@ -106,8 +106,8 @@ QString usageName(JEX::Implementation implementation)
     const JEX_TOOL::Resource *resource = JEX_TOOL::resourceOf(implementation);
     if (!resource)
         return QString();
-    return resource->usageText ? CaptureTexts::tr(resource->usageText)
-                               : CaptureTexts::tr("%1 Usage :").arg(QLatin1String(resource->name));
+    return resource->usageText ? Texts::tr(resource->usageText)
+                               : Texts::tr("%1 Usage :").arg(QLatin1String(resource->name));
 }
 
 CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::Device *device, int signalCount,
@@ -124,7 +124,7 @@ CaptureUsage captureUsage(JEX::Implementation implementation, const JEX_TOOL::De
 QString usageText(int required, int available)
 {
     if (available < required)
-        return CaptureTexts::tr("<font color = red>%1</font>").arg(required) + QLatin1Char('/') +
+        return Texts::tr("<font color = red>%1</font>").arg(required) + QLatin1Char('/') +
                QString::number(available);
     return QString::fromLatin1("%1/%2").arg(required).arg(available);
 }

@@ -71,11 +71,10 @@ void TriggerOptionWidget::showExpListContextMenu(const QPoint &position)
     const QAction *chosen = menu->exec(list->viewport()->mapToGlobal(position));
     if (!alive)
         return;
-    if (chosen == add) {
+    if (chosen == add)
         addExpression(tr("Warning"));
-    } else if (chosen == remove) {
+    else if (chosen == remove)
         removeExpressions();
-    }
     if (alive)
         updateBsramNumber();
 }

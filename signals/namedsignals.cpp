@@ -16,7 +16,7 @@ namespace RTLJEX {
 
 namespace {
 
-struct NamedSignals
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::NamedSignals)
 };
@@ -25,11 +25,6 @@ struct NamedSignals
 const char recordFormat[] = "application/x-jex-signals";
 const int largestClipboard = 64 * 1024 * 1024; // bytes; others can put anything there
 const int mostPasted = 250000;                 // names, which are looked up while the user waits
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 // The bus that is named without its range, below the node; null when there is none.
 const QUARRY::RtlNetBus *findWholeBus(const QUARRY::Hierachy &node, const QString &name, int from)
@@ -94,15 +89,15 @@ QStringList missingNames(const QUARRY::RtlNetlist *netlist, const JEX::SignalIte
 
 QString missingFault(const QString &name, const QStringList &nearest)
 {
-    return nearest.isEmpty() ? NamedSignals::tr("%1 is missing in the design.").arg(name)
-                             : NamedSignals::tr("%1 is missing in the design; nearest: %2.")
-                                   .arg(name, nearest.join(latin(", ")));
+    return nearest.isEmpty() ? Texts::tr("%1 is missing in the design.").arg(name)
+                             : Texts::tr("%1 is missing in the design; nearest: %2.")
+                                   .arg(name, nearest.join(QLatin1String(", ")));
 }
 
 QList<JEX::SignalItem> recordsOf(const QByteArray &bytes)
 {
     QList<JEX::SignalItem> items;
-    const QString name = latin("clipboard");
+    const QString name = QLatin1String("clipboard");
     QString fault;
     if (bytes.size() > largestClipboard || !JEX::keepsZubBounds(bytes, name, &fault))
         return items;
@@ -120,7 +115,7 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
 {
     QList<JEX::SignalItem> items;
     if (!netlist || !netlist->topHierarchy) {
-        faults->append(NamedSignals::tr("There is no design to look the signals up in."));
+        faults->append(Texts::tr("There is no design to look the signals up in."));
         return items;
     }
     QStringList missing;
@@ -133,7 +128,7 @@ QList<JEX::SignalItem> signalsNamed(const QUARRY::RtlNetlist *netlist, const QSt
             missing << name;
         else if (!item.valid)
             faults->append(
-                NamedSignals::tr("%1 must not be probed: it is tied to a constant or is a bidirectional pin.")
+                Texts::tr("%1 must not be probed: it is tied to a constant or is a bidirectional pin.")
                     .arg(item.name));
         else
             items.append(item);
@@ -168,23 +163,23 @@ QMimeData *dataOfSignals(const QList<JEX::SignalItem> &items)
     QByteArray bytes;
     QString error;
     if (JEX::zubFromCores(QList<JEX::AOCore_Lite *>() << &core, &bytes, &error))
-        data->setData(latin(recordFormat), bytes);
+        data->setData(QLatin1String(recordFormat), bytes);
     return data;
 }
 
 QList<JEX::SignalItem> signalsOfData(const QMimeData &data, const QUARRY::RtlNetlist *netlist,
                                      QStringList *faults)
 {
-    if (!data.hasFormat(latin(recordFormat))) {
+    if (!data.hasFormat(QLatin1String(recordFormat))) {
         const QStringList names = signalNames(data.text().left(largestClipboard));
         if (names.size() > mostPasted)
-            faults->append(NamedSignals::tr("There are %1 names, of which the first %2 were looked up.")
+            faults->append(Texts::tr("There are %1 names, of which the first %2 were looked up.")
                                .arg(names.size())
                                .arg(mostPasted));
         return signalsNamed(netlist, names.mid(0, mostPasted), faults);
     }
     QList<JEX::SignalItem> items;
-    for (JEX::SignalItem item : recordsOf(data.data(latin(recordFormat)))) {
+    for (JEX::SignalItem item : recordsOf(data.data(QLatin1String(recordFormat)))) {
         const QStringList missing = missingNames(netlist, item);
         for (const QString &name : missing)
             faults->append(missingFault(name, QStringList()));

@@ -1,7 +1,5 @@
 #include "signals/signalrow.h"
 
-#include <QCoreApplication>
-
 #include "host/rowdelegate.h"
 
 namespace RTLJEX {
@@ -12,11 +10,11 @@ QString stateText(const QTreeWidgetItem *row)
 {
     switch (QUtil::rowState(row->data(0, Qt::ForegroundRole), row->flags())) {
     case QUtil::IdleRow:
-        return QCoreApplication::translate("SignalRow", "Not captured");
+        return SignalRow::tr("Not captured");
     case QUtil::UnusableRow:
-        return QCoreApplication::translate("SignalRow", "Not in the design");
+        return SignalRow::tr("Not in the design");
     case QUtil::FaultyRow:
-        return QCoreApplication::translate("SignalRow", "Marked as faulty in the file");
+        return SignalRow::tr("Marked as faulty in the file");
     default:
         return QString();
     }

@@ -11,7 +11,7 @@ namespace RTLJEX {
 
 namespace {
 
-struct ConfigCheck
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::ConfigCheck)
 };
@@ -25,7 +25,7 @@ public:
     void setCore(int position, int shown)
     {
         m_place.core = position;
-        m_prefix = ConfigCheck::tr("Core %1: ").arg(shown);
+        m_prefix = Texts::tr("Core %1: ").arg(shown);
     }
     void setPlace(CheckError::Place place, int unit = -1, const QString &expression = QString())
     {
@@ -48,11 +48,10 @@ private:
 void checkClock(const QString &clock, const QUARRY::RtlNetlist *netlist, CoreErrors *found)
 {
     found->setPlace(CheckError::Clock);
-    if (clock.isEmpty()) {
-        found->add(ConfigCheck::tr("No sample clock specified"));
-    } else if (!netlist || !netlist->findNet(clock)) {
-        found->add(ConfigCheck::tr("The specified sample clock does not exist"));
-    }
+    if (clock.isEmpty())
+        found->add(Texts::tr("No sample clock specified"));
+    else if (!netlist || !netlist->findNet(clock))
+        found->add(Texts::tr("The specified sample clock does not exist"));
 }
 
 void checkUnit(const JEX::MatchUnit &unit, CoreErrors *found)
@@ -60,13 +59,12 @@ void checkUnit(const JEX::MatchUnit &unit, CoreErrors *found)
     found->setPlace(CheckError::Units, unit.unitNumber);
     const JEX::TriggerPort *port = unit.triggerPort;
     if (!port) {
-        found->add(ConfigCheck::tr("M%1 doesn't bind a trigger port").arg(unit.unitNumber));
+        found->add(Texts::tr("M%1 doesn't bind a trigger port").arg(unit.unitNumber));
     } else if (port->signalItems.isEmpty()) {
-        found->add(ConfigCheck::tr("Trigger port %1 for M%2 is not available")
-                       .arg(port->portNumber)
-                       .arg(unit.unitNumber));
+        found->add(
+            Texts::tr("Trigger port %1 for M%2 is not available").arg(port->portNumber).arg(unit.unitNumber));
     } else if (unit.value.size() != port->width()) {
-        found->add(ConfigCheck::tr("Length of M%1 is not equal to trigger port %2")
+        found->add(Texts::tr("Length of M%1 is not equal to trigger port %2")
                        .arg(unit.unitNumber)
                        .arg(port->portNumber));
     }
@@ -84,8 +82,8 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, CoreErr
         const int number = digits.cap().toInt(&isNumber);
         const JEX::MatchUnit *unit = core.matchUnit(number);
         if (isNumber && !(unit && unit->enabled)) {
-            found->add(ConfigCheck::tr("M%1 in expression \"%2\" is not enable")
-                           .arg(QString::number(number), expression));
+            found->add(
+                Texts::tr("M%1 in expression \"%2\" is not enable").arg(QString::number(number), expression));
         }
     }
 }
@@ -93,32 +91,26 @@ void checkExpression(const JEX::AoCore &core, const QString &expression, CoreErr
 void checkTrigger(const JEX::AoCore &core, CoreErrors *found)
 {
     found->setPlace(CheckError::Ports);
-    if (core.availableTriggers().isEmpty()) {
-        found->add(ConfigCheck::tr("No available trigger ports"));
-    }
+    if (core.availableTriggers().isEmpty())
+        found->add(Texts::tr("No available trigger ports"));
     const QList<JEX::MatchUnit *> units = core.enabledMatchUnits();
     found->setPlace(CheckError::Units);
-    if (units.isEmpty()) {
-        found->add(ConfigCheck::tr("No available match units"));
-    }
-    for (const JEX::MatchUnit *unit : units) {
+    if (units.isEmpty())
+        found->add(Texts::tr("No available match units"));
+    for (const JEX::MatchUnit *unit : units)
         checkUnit(*unit, found);
-    }
     found->setPlace(CheckError::Expressions);
-    if (core.expressions.isEmpty()) {
-        found->add(ConfigCheck::tr("No expressions specified"));
-    }
-    for (const QString &expression : core.expressions) {
+    if (core.expressions.isEmpty())
+        found->add(Texts::tr("No expressions specified"));
+    for (const QString &expression : core.expressions)
         checkExpression(core, expression, found);
-    }
 }
 
 bool anyEnabled(const QList<JEX::SignalItem> &items)
 {
     for (const JEX::SignalItem &item : items) {
-        if (item.capEnable) {
+        if (item.capEnable)
             return true;
-        }
     }
     return false;
 }
@@ -134,7 +126,7 @@ QList<CheckError> errorsOf(const QList<JEX::AoCore *> &cores, const QUARRY::RtlN
         checkClock(core.sampleClock, netlist, &found);
         if (!anyEnabled(core.enabledCaptureSignals)) {
             found.setPlace(CheckError::Capture);
-            found.add(ConfigCheck::tr("No capture signals specified"));
+            found.add(Texts::tr("No capture signals specified"));
         }
     }
     return errors;
@@ -152,7 +144,7 @@ QList<CheckError> errorsOf(const QList<Core *> &cores, const QUARRY::RtlNetlist 
         checkClock(cores.at(i)->sampleClock, netlist, &found);
         if (cores.at(i)->enabledCaptureSignals.isEmpty()) {
             found.setPlace(CheckError::Capture);
-            found.add(ConfigCheck::tr("No capture signals specified"));
+            found.add(Texts::tr("No capture signals specified"));
         }
     }
     return errors;
@@ -168,12 +160,10 @@ QList<CheckError> coreErrors(const JEX::CoreList &cores, const QUARRY::RtlNetlis
 bool checkCores(const JEX::CoreList &cores, const QUARRY::RtlNetlist *netlist, QString *errors)
 {
     QStringList lines;
-    for (const CheckError &error : coreErrors(cores, netlist)) {
+    for (const CheckError &error : coreErrors(cores, netlist))
         lines << error.line;
-    }
-    if (errors) {
+    if (errors)
         *errors = lines.join(QLatin1String("\n"));
-    }
     return lines.isEmpty();
 }
 

@@ -9,7 +9,7 @@
 namespace RTLJEX {
 namespace {
 
-struct Saving
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RTLJEX::Saving)
 };
@@ -21,7 +21,7 @@ QString synthesisToolFault()
     const QVariant tool = TE::TaskEngine::instance()->designManager()->getOptionValue("Synthesize_tool");
     if (tool.toString() != QLatin1String("Synplify"))
         return QString();
-    return Saving::tr(
+    return Texts::tr(
         "For RTL Design, JEX is only available for TarselSynthesis. Please change Synthesis Tool to "
         "TarselSynthesis in Configurations.");
 }
@@ -29,7 +29,7 @@ QString synthesisToolFault()
 void showErrors(QWidget *editor, const QString &text, const QString &errors)
 {
     QUtil::Modal<QMessageBox> box(
-        new QMessageBox(QMessageBox::Critical, Saving::tr("Error"), text, QMessageBox::Ok, editor));
+        new QMessageBox(QMessageBox::Critical, Texts::tr("Error"), text, QMessageBox::Ok, editor));
     box->setTextFormat(Qt::PlainText);
     box->setDetailedText(errors);
     box->setDefaultButton(QMessageBox::Ok);
@@ -39,14 +39,14 @@ void showErrors(QWidget *editor, const QString &text, const QString &errors)
 
 void showWriteFailure(QWidget *editor, const QString &fileName, const QString &reason)
 {
-    showErrors(editor, Saving::tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)), reason);
+    showErrors(editor, Texts::tr("Can not save to %1").arg(QDir::toNativeSeparators(fileName)), reason);
 }
 
 SaveAnswer askSaveChanges(QWidget *editor, const QString &fileName)
 {
-    const QString text = Saving::tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(fileName));
+    const QString text = Texts::tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(fileName));
     const int answer =
-        QUtil::messageBox(editor, QMessageBox::Question, Saving::tr("Save"), text,
+        QUtil::messageBox(editor, QMessageBox::Question, Texts::tr("Save"), text,
                           QMessageBox::Ok | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Ok);
     if (answer == QMessageBox::Ok)
         return SaveChanges;

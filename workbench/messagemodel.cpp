@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "elaboration/tools/designinput.h"
+
 namespace Workbench {
 namespace {
 
@@ -28,6 +30,16 @@ const KindLook looks[] = {
 static_assert(sizeof looks / sizeof *looks == Message::Note + 1, "each kind has a look");
 
 } // namespace
+
+Message taggedMessage(const QString &text)
+{
+    Message message;
+    message.kind = QUARRY::isError(text)         ? Message::Error
+                   : text.startsWith("WARNING:") ? Message::Warning
+                                                 : Message::Note;
+    message.text = text;
+    return message;
+}
 
 MessageModel::MessageModel(QObject *parent) : QAbstractListModel(parent)
 {

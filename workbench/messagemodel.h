@@ -31,6 +31,8 @@ struct Message
     bool isSameAs(const Message &other) const { return kind == other.kind && text == other.text; }
 };
 
+Message taggedMessage(const QString &text); // of the kind that it begins with, as messages of tools do
+
 // What happened so far, in order, at most a few thousand messages. A message of a source stands for the past
 // when the source does not say it any more.
 class MessageModel : public QAbstractListModel

@@ -211,15 +211,16 @@ void MessagePane::updateCounts()
 {
     const char *const words[] = {QT_TR_NOOP("Errors (%1)"), QT_TR_NOOP("Warnings (%1)"),
                                  QT_TR_NOOP("Notes (%1)")};
+    static_assert(sizeof words / sizeof *words == Message::Note + 1, "each kind has a word");
     for (int kind = Message::Error; kind <= Message::Note; ++kind)
         m_kinds.at(kind)->setText(tr(words[kind]).arg(m_model->count(Message::Kind(kind))));
 }
 
 void MessagePane::addMessage(const QString &text, bool isError, const QString &source)
 {
-    Message message;
-    message.kind = isError ? Message::Error : text.startsWith("WARNING:") ? Message::Warning : Message::Note;
-    message.text = text;
+    Message message = taggedMessage(text);
+    if (isError)
+        message.kind = Message::Error;
     if (source.isEmpty())
         m_model->add(message);
     else

@@ -32,17 +32,6 @@ QString sourceOf(const Core::IView *view)
     return "view " + QString::number(quintptr(view));
 }
 
-// The same whether there are edits or not, so that a finding stays the same message.
-Message designMessage(const QString &text)
-{
-    Message message;
-    message.kind = QUARRY::isError(text)         ? Message::Error
-                   : text.startsWith("WARNING:") ? Message::Warning
-                                                 : Message::Note;
-    message.text = text;
-    return message;
-}
-
 } // namespace
 
 Messenger::Messenger(Workspace *workspace, MessagePane *pane)
@@ -85,7 +74,7 @@ void Messenger::tellDesign(const QStringList &messages)
     once.removeDuplicates();
     QList<Message> current;
     for (const QString &text : qAsConst(once))
-        current << designMessage(text);
+        current << taggedMessage(text);
     m_pane->model()->setCurrent(refusalSource, QList<Message>());
     m_pane->model()->setCurrent(designSource, current);
 }

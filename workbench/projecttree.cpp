@@ -72,7 +72,7 @@ QTreeWidgetItem *fileItem(const Core::SourceFile &file, const QDir &folder, cons
     return item;
 }
 
-QString deviceText(const DEV::DeviceArg &device)
+QString deviceRowText(const DEV::DeviceArg &device)
 {
     return device == DEV::DeviceArg() ? ProjectTree::tr("Device: none chosen")
                                       : ProjectTree::tr("Device: %1").arg(device.partNumber);
@@ -124,7 +124,7 @@ void ProjectTree::showProject(const Core::Project *project)
     for (QTreeWidgetItem *group : {design, others})
         group->setText(0, group->text(0) + QString(" (%1)").arg(group->childCount()));
     root->addChildren({newItem(topText(data.topModule), TopItem),
-                       newItem(deviceText(data.device), DeviceItem), design, others});
+                       newItem(deviceRowText(data.device), DeviceItem), design, others});
     addTopLevelItem(root);
     expandAll();
     spanOtherRows();

@@ -5,6 +5,7 @@
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
 #include "host/regularfile.h"
+#include "host/utf8.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -138,7 +139,7 @@ VerilatorModule *VerilatorDesign::top()
 VerilatorModule *VerilatorDesign::module(const char *defName)
 {
     const QString name = decodedVerilatorName(defName);
-    VerilatorModule *&module = m_byName[name.toStdString()];
+    VerilatorModule *&module = m_byName[QUtil::toUtf8(name)];
     if (!module) {
         m_modules.emplace_back(new VerilatorModule);
         module = m_modules.back().get();

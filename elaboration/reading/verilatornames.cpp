@@ -90,7 +90,7 @@ QString scopeBaseName(const QString &scope)
 
 std::string verilatorPathPart(QByteArray name)
 {
-    return name.replace("[", "__BRA__").replace("]", "__KET__").toStdString();
+    return name.replace("[", "__BRA__").replace("]", "__KET__").constData();
 }
 
 } // namespace QUARRY

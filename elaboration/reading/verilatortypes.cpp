@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "host/utf8.h"
+
 namespace QUARRY {
 
 namespace {
@@ -291,7 +293,7 @@ void VerilatorTypes::addEnumeration(const pugi::xml_node &node)
     if (scopeEnd > 0 && full[scopeEnd] == ':')
         --scopeEnd;
     Enumeration enumeration;
-    enumeration.scope = QString::fromUtf8(full.data(), int(scopeEnd));
+    enumeration.scope = QUtil::fromUtf8(full.substr(0, scopeEnd));
     enumeration.base = node.attribute("sub_dtype_id").value();
     for (const pugi::xml_node &item : node.children("enumitem"))
         enumeration.labels += enumLabel(item);

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 
 namespace QUARRY {
 
@@ -75,6 +76,12 @@ struct ModuleList
     bool cancelled = false;
 
     bool anyError() const { return std::any_of(messages.begin(), messages.end(), isError); }
+    QStringList errors() const
+    {
+        QStringList errors;
+        std::copy_if(messages.begin(), messages.end(), std::back_inserter(errors), isError);
+        return errors;
+    }
 };
 
 } // namespace QUARRY

@@ -8,7 +8,7 @@
 #include <cerrno>
 
 #include "elaboration/tools/confinement.h"
-#include "elaboration/tools/findings.h"
+#include "elaboration/tools/readingsentences.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorerrors.h"
 #include "host/regularfile.h"

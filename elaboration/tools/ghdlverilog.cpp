@@ -4,20 +4,12 @@
 
 #include <unordered_set>
 
+#include "host/utf8.h"
+
 namespace QUARRY {
 namespace {
 
 const int longestName = 60; // Verilator puts a hash in the place of a name of more than 127 characters
-
-QString text(std::string_view line)
-{
-    return QString::fromUtf8(line.data(), int(line.size()));
-}
-
-std::string bytes(const QString &line)
-{
-    return line.toStdString();
-}
 
 bool startsWith(std::string_view line, std::string_view start)
 {
@@ -254,7 +246,7 @@ bool GhdlVerilog::takeSome()
         m_at += int(line.size()) + 1;
         if (startsWith(line, "module ")) {
             module = Module();
-            module.name = text(line.substr(7)).trimmed();
+            module.name = QUtil::fromUtf8(line.substr(7)).trimmed();
         }
         if (startsWith(line, "  /*") && !m_given.twins.isEmpty())
             module.places[module.lines.size()] = placeIn(line);
@@ -282,7 +274,8 @@ QString GhdlVerilog::libraryOf(const Module &module) const
     QHash<QString, int> votes;
     QString most;
     for (const std::string &place : module.places) {
-        const QString library = m_given.libraries.value(text(place).section(QLatin1Char(':'), 0, -2));
+        const QString library =
+            m_given.libraries.value(QUtil::fromUtf8(place).section(QLatin1Char(':'), 0, -2));
         if (!candidates.isEmpty() && !candidates.contains(library))
             continue;
         if (++votes[library] > votes.value(most) || most.isEmpty())
@@ -293,7 +286,7 @@ QString GhdlVerilog::libraryOf(const Module &module) const
 
 QString GhdlVerilog::targetOf(const QString &written, const std::string &place, const QString &library) const
 {
-    return hasTwin(written) ? m_given.targets.value(text(place), library) : QString();
+    return hasTwin(written) ? m_given.targets.value(QUtil::fromUtf8(place), library) : QString();
 }
 
 // The module without a statement that an instance with these pins means, in a library where none is known;
@@ -361,7 +354,8 @@ void GhdlVerilog::take(Module &module)
         anyBody = anyBody || (kind != Lines::Head && !line.empty() && line != "endmodule");
         if (isHollow && kind != Lines::Head && line != "endmodule")
             continue;
-        if (m_given.undriven.contains(text(ghdlSignal(line)).toLower()) && line.find("'bX;") != line.npos)
+        if (m_given.undriven.contains(QUtil::fromUtf8(ghdlSignal(line)).toLower()) &&
+            line.find("'bX;") != line.npos)
             continue;
         lines.push_back(renamedGhdlLine(line, scan.renames));
         std::string &out = lines.back();
@@ -369,19 +363,19 @@ void GhdlVerilog::take(Module &module)
         if (isVerilogKeyword(label.name) && line[label.begin] != '\\')
             out.replace(label.begin, label.name.size(), escapedGhdlName(label.name));
         if (isFirst) {
-            out = "module " + bytes(module.name);
+            out = "module " + QUtil::toUtf8(module.name);
         } else if (kind == Lines::Pin) {
             out = renamedGhdlPin(out, scan.pinRenames);
         } else if (kind == Lines::Start) {
             ++m_instances;
             const GhdlWord &word = kinds.module();
-            const QString given = text(word.name);
+            const QString given = QUtil::fromUtf8(word.name);
             const QString inLibrary = targetOf(given, module.places.value(i), library);
             const QString empty = emptyTwin(given, inLibrary, module.lines, i);
             const QString target = empty.isEmpty() ? moduleName(given, inLibrary) : empty;
             module.instantiated.insert(target);
             if (target != given)
-                out.replace(word.begin, word.end - word.begin, bytes(target));
+                out.replace(word.begin, word.end - word.begin, QUtil::toUtf8(target));
         }
     }
     module.lines = std::move(lines);
@@ -405,7 +399,7 @@ bool GhdlVerilog::present(const QString &module, const QString &asName, const QS
     Module copy = *found;
     GhdlRenames renames;
     for (std::string &port : copy.ports) {
-        const std::string spelling = bytes(spelledAs(text(port), ports));
+        const std::string spelling = QUtil::toUtf8(spelledAs(QUtil::fromUtf8(port), ports));
         if (spelling != port)
             renames[port] = spelling;
         port = spelling;
@@ -413,7 +407,7 @@ bool GhdlVerilog::present(const QString &module, const QString &asName, const QS
     if (module == asName && renames.empty())
         return false;
     copy.name = asName;
-    copy.lines[0] = "module " + bytes(asName);
+    copy.lines[0] = "module " + QUtil::toUtf8(asName);
     for (size_t i = 1; i < copy.lines.size() && !renames.empty(); ++i)
         copy.lines[i] = renamedGhdlLine(copy.lines[i], renames);
     const Module *known = find(asName);
@@ -437,15 +431,16 @@ bool GhdlVerilog::renameInstances(const QString &component, const QString &modul
             const Lines::Kind kind = kinds.kindOf(line);
             if (kind == Lines::Start) {
                 const GhdlWord word = kinds.module();
-                inside = text(word.name) == component;
+                inside = QUtil::fromUtf8(word.name) == component;
                 if (inside)
-                    line.replace(word.begin, word.end - word.begin, bytes(module));
+                    line.replace(word.begin, word.end - word.begin, QUtil::toUtf8(module));
             } else if (kind == Lines::Pin && inside) {
                 GhdlWords words(line);
                 GhdlWord pin;
                 if (words.next(pin) && pin.isPin)
-                    line = renamedGhdlPin(line,
-                                          {{std::string(pin.name), bytes(spelledAs(text(pin.name), ports))}});
+                    line =
+                        renamedGhdlPin(line, {{std::string(pin.name),
+                                               QUtil::toUtf8(spelledAs(QUtil::fromUtf8(pin.name), ports))}});
             }
             changed = changed || line != before;
         }

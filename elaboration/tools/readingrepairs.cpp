@@ -107,9 +107,8 @@ bool ReadingRepairs::tryAgain(const QStringList &filesRead)
 {
     m_guess = NoGuess;
     QStringList files;
-    for (const QString &file : filesRead) {
+    for (const QString &file : filesRead)
         files.append(m_names.real(QDir(m_verilator.workingDir()).absoluteFilePath(file)));
-    }
     return lookLate(files, false);
 }
 

@@ -17,11 +17,6 @@
 namespace QUARRY {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(QUARRY::ScratchDir)
-};
-
 void removeTree(const QString &folder)
 {
     const QFileInfoList entries =
@@ -85,8 +80,10 @@ QString fullDiskMessage(const QString &path)
     const bool hasRoom = quint64(disk.f_bavail) * disk.f_frsize >= least;
     if (hasRoom && (disk.f_files == 0 || disk.f_favail > 0))
         return QString();
-    return Texts::tr("ERROR: The temporary folder %1 is full. Make room on its disk, or let the variable "
-                     "TMPDIR name another folder.")
+    return QCoreApplication::translate(
+               "QUARRY::ScratchDir",
+               "ERROR: The temporary folder %1 is full. Make room on its disk, or let the variable "
+               "TMPDIR name another folder.")
         .arg(temporaryRoot());
 }
 

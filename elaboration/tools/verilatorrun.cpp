@@ -16,11 +16,6 @@
 namespace QUARRY {
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(QUARRY::VerilatorRun)
-};
-
 const char systemVerilog[] = "1800-2017";
 const char hiddenFolder[] = "hidden";
 const char *const toolMacros[] = {"VERILATOR", "verilator", "verilator3"};
@@ -277,7 +272,7 @@ ToolCall VerilatorRun::call(const QStringList &extra) const
     call.environment = rootSetting(call.program);
     call.workingDir = m_workingDir;
     call.writableFolder = m_scratch.path();
-    call.subject = Texts::tr("the Verilog sources");
+    call.subject = QCoreApplication::translate("QUARRY::VerilatorRun", "the Verilog sources");
     call.arguments = verilatorReadFlags();
     call.arguments << QLatin1String("--prefix") << QLatin1String("Vdesign") << extra << languageArguments()
                    << folderArguments() << macroArguments() << files;

@@ -15,9 +15,8 @@ QString implementationName(Implementation implementation)
 Implementation implementationNamed(const QString &name)
 {
     for (const Resource &resource : JEX_TOOL::resources) {
-        if (name == QLatin1String(resource.name)) {
+        if (name == QLatin1String(resource.name))
             return resource.code;
-        }
     }
     return NoImplementation;
 }
@@ -25,9 +24,8 @@ Implementation implementationNamed(const QString &name)
 Implementation implementationOf(qint32 number)
 {
     for (const Resource &resource : JEX_TOOL::resources) {
-        if (number == resource.code) {
+        if (number == resource.code)
             return resource.code;
-        }
     }
     return BsramImplementation;
 }

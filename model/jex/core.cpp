@@ -8,11 +8,10 @@ QList<SignalItem> TriggerPort::singleSignals() const
 {
     QList<SignalItem> bits;
     for (const SignalItem &item : signalItems) {
-        if (item.isSingle()) {
+        if (item.isSingle())
             bits.append(item);
-        } else {
+        else
             bits += item.members;
-        }
     }
     return bits;
 }
@@ -40,9 +39,8 @@ QList<TriggerPort *> AoCore::availableTriggers() const
 {
     QList<TriggerPort *> ports;
     for (TriggerPort *port : triggerPorts) {
-        if (!port->signalItems.isEmpty()) {
+        if (!port->signalItems.isEmpty())
             ports.append(port);
-        }
     }
     return ports;
 }
@@ -51,9 +49,8 @@ QList<MatchUnit *> AoCore::enabledMatchUnits() const
 {
     QList<MatchUnit *> units;
     for (MatchUnit *unit : matchUnits) {
-        if (unit->enabled) {
+        if (unit->enabled)
             units.append(unit);
-        }
     }
     return units;
 }

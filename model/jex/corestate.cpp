@@ -8,13 +8,12 @@ AoCore *copyOf(const AoCore &from)
 {
     AoCore *to = new AoCore(from.coreNumber);
     for (const Field<AoCore> &field : fieldsOf<AoCore>()) {
-        if (field.number) {
+        if (field.number)
             to->*field.number = from.*field.number;
-        } else if (field.flag) {
+        else if (field.flag)
             to->*field.flag = from.*field.flag;
-        } else if (field.text) {
+        else if (field.text)
             to->*field.text = from.*field.text;
-        }
     }
     to->expressions = from.expressions;
     to->enabledCaptureSignals = from.enabledCaptureSignals;
@@ -25,9 +24,8 @@ AoCore *copyOf(const AoCore &from)
 
 void copyTrigger(const AoCore &from, AoCore *to)
 {
-    for (int i = 0; i < to->triggerPorts.size(); ++i) {
+    for (int i = 0; i < to->triggerPorts.size(); ++i)
         *to->triggerPorts.at(i) = *from.triggerPorts.at(i);
-    }
     for (int i = 0; i < to->matchUnits.size(); ++i) {
         MatchUnit *unit = to->matchUnits.at(i);
         *unit = *from.matchUnits.at(i);

@@ -38,9 +38,8 @@ const DeviceFamily cyclone5 = {
 constexpr bool hasAllMemories(const DeviceFamily &family)
 {
     for (const Resource &resource : resources) {
-        if (resource.isMemory != (family.shapes[resource.code] != nullptr)) {
+        if (resource.isMemory != (family.shapes[resource.code] != nullptr))
             return false;
-        }
     }
     return true;
 }
@@ -129,9 +128,8 @@ int amountOf(const Device *device, JEX::Implementation implementation)
 const Device *findDevice(const QString &series, const QString &device)
 {
     for (const Device &row : devices) {
-        if (device == QLatin1String(row.device) && series == QLatin1String(row.family->series)) {
+        if (device == QLatin1String(row.device) && series == QLatin1String(row.family->series))
             return &row;
-        }
     }
     return nullptr;
 }

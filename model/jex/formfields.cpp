@@ -11,9 +11,8 @@ QHash<QString, QWidget *> fieldWidgets(const QWidget *form)
     QHash<QString, QWidget *> widgets;
     for (QWidget *widget : form->findChildren<QWidget *>()) {
         const QVariant field = widget->property("field");
-        if (field.isValid()) {
+        if (field.isValid())
             widgets.insert(field.toString(), widget);
-        }
     }
     return widgets;
 }
@@ -32,9 +31,8 @@ void showValue(QWidget *widget, const QVariant &value)
 
 QVariant shownValue(const QWidget *widget)
 {
-    if (const QComboBox *box = qobject_cast<const QComboBox *>(widget)) {
+    if (const QComboBox *box = qobject_cast<const QComboBox *>(widget))
         return box->itemData(box->currentIndex());
-    }
     return widget->property(qobject_cast<const QCheckBox *>(widget) ? "checked" : "value");
 }
 
@@ -42,9 +40,8 @@ void reportFields(QWidget *form, FieldKind kind)
 {
     for (QWidget *widget : fieldWidgets(form)) {
         const bool isFlag = qobject_cast<QCheckBox *>(widget);
-        if (isFlag != (kind == FlagField)) {
+        if (isFlag != (kind == FlagField))
             continue;
-        }
         const char *change = isFlag                             ? SIGNAL(toggled(bool))
                              : qobject_cast<QSpinBox *>(widget) ? SIGNAL(valueChanged(int))
                                                                 : SIGNAL(currentIndexChanged(int));

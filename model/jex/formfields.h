@@ -40,11 +40,10 @@ void collectFields(const QWidget *form, Record *record)
     const QHash<QString, QWidget *> widgets = fieldWidgets(form);
     for (const Field<Record> &field : fieldsOf<Record>()) {
         const QWidget *widget = widgets.value(QLatin1String(field.name));
-        if (widget && field.kind == FlagField) {
+        if (widget && field.kind == FlagField)
             record->*field.flag = shownValue(widget).toBool();
-        } else if (widget) {
+        else if (widget)
             record->*field.number = shownValue(widget).toInt();
-        }
     }
 }
 

@@ -13,11 +13,6 @@ namespace JEX {
 
 namespace {
 
-struct JexFile
-{
-    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
-};
-
 template <class Core>
 QList<Core *> readCores(const QString &path, bool *ok, QString *errorMessage)
 {
@@ -29,12 +24,10 @@ QList<Core *> readCores(const QString &path, bool *ok, QString *errorMessage)
         cores = reader.cores<Core>();
         error = reader.error();
     }
-    if (ok) {
+    if (ok)
         *ok = error.isEmpty();
-    }
-    if (errorMessage && !error.isEmpty()) {
+    if (errorMessage && !error.isEmpty())
         *errorMessage = error;
-    }
     return cores;
 }
 
@@ -54,17 +47,15 @@ bool writeCores(const CoreList &cores, const QString &path, QString *errorMessag
     QByteArray bytes;
     QString error;
     const bool isMade = zubFromCores(cores, &bytes, &error);
-    if (isMade && QUtil::writeFileAtomically(path, bytes, &error)) {
+    if (isMade && QUtil::writeFileAtomically(path, bytes, &error))
         return true;
-    }
-    if (!isMade) {
-        error = JexFile::tr("The file \"%1\" is not written: %2").arg(path, error);
-    }
-    if (errorMessage) {
+    if (!isMade)
+        error = QCoreApplication::translate("JEX::JexFile", "The file \"%1\" is not written: %2")
+                    .arg(path, error);
+    if (errorMessage)
         *errorMessage = error;
-    } else {
+    else
         qWarning() << "configuration not written:" << path << error;
-    }
     tellNotWritten(path, error);
     return false;
 }
@@ -126,11 +117,10 @@ bool writeJEXConfigToXml_Lite(const QList<AOCore_Lite *> &cores, const QString &
 
 void fillInfoForEmptyJexConfig(const QString &path, JexMode mode)
 {
-    if (modeName(mode)) {
+    if (modeName(mode))
         writeCores(emptyListOf(mode), path, nullptr);
-    } else {
+    else
         qWarning() << "no configuration of mode" << int(mode) << "exists:" << path;
-    }
 }
 
 } // namespace JEX

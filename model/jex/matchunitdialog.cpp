@@ -48,9 +48,8 @@ int missingBits(int width)
 QString digitsHelp(int function, ValueForm form)
 {
     const bool numbers = comparesNumbers(function);
-    if (form == DecimalForm) {
+    if (form == DecimalForm)
         return MatchUnitDialog::tr("A number of the digits 0 to 9.");
-    }
     if (form == HexForm) {
         return numbers ? MatchUnitDialog::tr("Each digit: 0 to 9 and A to F.")
                        : MatchUnitDialog::tr("Each digit: 0 to 9, A to F, or X for bits of any level.");
@@ -64,9 +63,8 @@ QString digitsHelp(int function, ValueForm form)
 int positionOfDigit(const QString &text, int digit)
 {
     int position = 0;
-    while (position < text.size() && cleanDigits(text.left(position + 1)).size() <= digit) {
+    while (position < text.size() && cleanDigits(text.left(position + 1)).size() <= digit)
         ++position;
-    }
     return position;
 }
 
@@ -79,9 +77,8 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     setWindowTitle(tr("Match Unit M%1").arg(unit->unitNumber));
     offerPorts();
-    for (int i = MatchEqual; i < MatchFunctionCount; ++i) {
+    for (int i = MatchEqual; i < MatchFunctionCount; ++i)
         m_ui->comboFunction->addItem(matchFunctionName(i), i);
-    }
     showFields(this, *unit);
     m_ui->editValue->setText(unit->value);
     m_ui->editUpper->setText(unit->upperValue);
@@ -93,18 +90,16 @@ MatchUnitDialog::MatchUnitDialog(MatchUnit *unit, bool readOnly, QWidget *parent
     }
     connect(m_ui->comboPort, SIGNAL(currentIndexChanged(int)), this, SLOT(onPortChange()));
     connect(m_ui->comboFunction, SIGNAL(currentIndexChanged(int)), this, SLOT(onFunctionChange()));
-    for (QRadioButton *form : {m_ui->radioBinary, m_ui->radioHex, m_ui->radioDecimal}) {
+    for (QRadioButton *form : {m_ui->radioBinary, m_ui->radioHex, m_ui->radioDecimal})
         connect(form, SIGNAL(toggled(bool)), this, SLOT(onFormatChange()));
-    }
     connect(m_ui->buttonReset, SIGNAL(clicked()), this, SLOT(onReset()));
     connect(m_ui->treeBits, SIGNAL(itemClicked(QTreeWidgetItem *, int)), this,
             SLOT(onBitClick(QTreeWidgetItem *, int)));
     connect(m_ui->buttonBox, SIGNAL(accepted()), this, SLOT(accept()));
     connect(m_ui->buttonBox, SIGNAL(rejected()), this, SLOT(reject()));
     onPortChange();
-    if (readOnly) {
+    if (readOnly)
         setReadOnly();
-    }
     (unit->triggerPort ? static_cast<QWidget *>(m_ui->editValue) : m_ui->comboPort)->setFocus();
     resize(QSize(42, 28) * fontMetrics().height()); // shows all bits of the widest port
 }
@@ -115,29 +110,25 @@ MatchUnitDialog::~MatchUnitDialog() = default;
 void MatchUnitDialog::offerPorts()
 {
     QList<TriggerPort *> ports;
-    if (m_unit->core) {
+    if (m_unit->core)
         ports = m_unit->core->triggerPorts;
-    } else if (m_unit->triggerPort) {
+    else if (m_unit->triggerPort)
         ports.append(m_unit->triggerPort);
-    }
     m_ports.append(nullptr);
     for (TriggerPort *port : ports) {
-        if (port == m_unit->triggerPort || !port->signalItems.isEmpty()) {
+        if (port == m_unit->triggerPort || !port->signalItems.isEmpty())
             m_ports.append(port);
-        }
     }
-    for (const TriggerPort *port : m_ports) {
+    for (const TriggerPort *port : m_ports)
         m_ui->comboPort->addItem(portTitle(port));
-    }
     m_ui->comboPort->setCurrentIndex(qMax(0, m_ports.indexOf(m_unit->triggerPort)));
 }
 
 void MatchUnitDialog::setReadOnly()
 {
     m_ui->comboPort->setEnabled(false);
-    for (QWidget *widget : fieldWidgets(this)) {
+    for (QWidget *widget : fieldWidgets(this))
         widget->setEnabled(false);
-    }
     m_ui->editValue->setReadOnly(true);
     m_ui->editUpper->setReadOnly(true);
     m_ui->buttonReset->hide();
@@ -174,12 +165,10 @@ QString MatchUnitDialog::fault() const
 {
     const MatchUnit unit = edited();
     QString fault;
-    if (m_width) {
+    if (m_width)
         fault = formFault(cleanDigits(m_ui->editValue->text()), m_form, m_width, valueName(unit.function));
-    }
-    if (m_width && fault.isEmpty() && hasUpperValue(unit.function)) {
+    if (m_width && fault.isEmpty() && hasUpperValue(unit.function))
         fault = formFault(cleanDigits(m_ui->editUpper->text()), m_form, m_width, upperName());
-    }
     return fault.isEmpty() ? matchUnitFault(unit) : fault;
 }
 
@@ -200,9 +189,8 @@ void MatchUnitDialog::onPortChange()
     m_width = port() ? port()->width() : 0;
     for (int i = 0; i < m_ui->settingsLayout->count(); ++i) {
         QWidget *widget = m_ui->settingsLayout->itemAt(i)->widget();
-        if (widget != m_ui->labelPort && widget != m_ui->comboPort) {
+        if (widget != m_ui->labelPort && widget != m_ui->comboPort)
             widget->setEnabled(port());
-        }
     }
     m_ui->labelDigits->setEnabled(port());
     showNames();
@@ -219,9 +207,8 @@ void MatchUnitDialog::onFunctionChange()
     m_ui->treeBits->headerItem()->setText(BitValue, isRange ? tr("Lower") : tr("Value"));
     const bool isNumber = comparesNumbers(m_ui->comboFunction->currentIndex());
     m_ui->radioDecimal->setEnabled(port() && isNumber);
-    if (!isNumber && m_form == DecimalForm) {
+    if (!isNumber && m_form == DecimalForm)
         m_ui->radioBinary->setChecked(true);
-    }
     fillFields(false);
     onTextChange();
 }
@@ -232,9 +219,8 @@ void MatchUnitDialog::fillFields(bool all)
     const int function = m_ui->comboFunction->currentIndex();
     for (QLineEdit *field : {m_ui->editValue, m_ui->editUpper}) {
         const bool isUpper = field == m_ui->editUpper;
-        if ((isUpper && !hasUpperValue(function)) || !(all || isNeutral(cleanDigits(field->text())))) {
+        if ((isUpper && !hasUpperValue(function)) || !(all || isNeutral(cleanDigits(field->text()))))
             continue;
-        }
         const QString neutral = neutralBits(function, m_width, isUpper);
         field->setText(bitsInForm(neutral, m_form));
     }
@@ -250,18 +236,16 @@ void MatchUnitDialog::onReset()
 // is: it may have been meant in the new one.
 void MatchUnitDialog::onFormatChange()
 {
-    if (chosenForm() == m_form) {
+    if (chosenForm() == m_form)
         return;
-    }
     const QString fault = toForm(chosenForm());
     if (!fault.isEmpty()) {
         QRadioButton *const forms[] = {m_ui->radioBinary, m_ui->radioHex, m_ui->radioDecimal};
         forms[m_form]->setChecked(true);
     }
     onTextChange();
-    if (!fault.isEmpty()) {
+    if (!fault.isEmpty())
         warn(fault);
-    }
 }
 
 // Why it cannot be done, and then nothing is changed. A bound that is not asked for cannot prevent it.
@@ -272,9 +256,8 @@ QString MatchUnitDialog::toForm(ValueForm form)
         const QString value = bits(field);
         const bool isRight = bitsFault(value, MatchEqual, m_width, QString()).isEmpty();
         texts.append(isRight ? bitsInForm(value, form) : field->text());
-        if (isRight && texts.last().isEmpty() && !field->isHidden()) {
+        if (isRight && texts.last().isEmpty() && !field->isHidden())
             return noFormFault(value, form);
-        }
     }
     m_form = form;
     m_ui->editValue->setText(texts.first());
@@ -345,9 +328,8 @@ void MatchUnitDialog::onBitClick(QTreeWidgetItem *item, int column)
     const int bit = m_ui->treeBits->indexOfTopLevelItem(item);
     const int digit = (m_form == HexForm ? (bit + missingBits(m_width)) / 4 : bit) - missingDigits(field);
     field->setFocus();
-    if (m_form != DecimalForm && digit >= 0) {
+    if (m_form != DecimalForm && digit >= 0)
         field->setSelection(positionOfDigit(field->text(), digit), 1);
-    }
     m_ui->treeBits->setCurrentItem(item);
 }
 

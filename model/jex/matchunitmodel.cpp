@@ -37,19 +37,15 @@ QVariant cellText(const MatchUnit &unit, int column)
 // A value can stop fitting when the port is filled anew: it is red then, and the tool tip says why.
 QVariant valueLook(const MatchUnit &unit, int role)
 {
-    if (role == Qt::FontRole) {
+    if (role == Qt::FontRole)
         return bitFont();
-    }
-    if (role != Qt::ToolTipRole && role != Qt::ForegroundRole && role != Qt::AccessibleTextRole) {
+    if (role != Qt::ToolTipRole && role != Qt::ForegroundRole && role != Qt::AccessibleTextRole)
         return QVariant();
-    }
     const QString fault = matchUnitFault(unit);
-    if (fault.isEmpty()) {
+    if (fault.isEmpty())
         return QVariant();
-    }
-    if (role == Qt::AccessibleTextRole) {
+    if (role == Qt::AccessibleTextRole)
         return matchValueText(unit) + QLatin1String(", ") + fault;
-    }
     return role == Qt::ToolTipRole ? QVariant(fault) : QVariant(QBrush(Qt::red));
 }
 
@@ -81,9 +77,8 @@ MatchUnit *MatchUnitModel::muFromIndex(const QModelIndex &index) const
 
 void MatchUnitModel::updateRow(int row)
 {
-    if (row >= 0 && row < m_units.size()) {
+    if (row >= 0 && row < m_units.size())
         Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
-    }
 }
 
 int MatchUnitModel::rowCount(const QModelIndex &parent) const
@@ -99,23 +94,19 @@ int MatchUnitModel::columnCount(const QModelIndex &parent) const
 QVariant MatchUnitModel::data(const QModelIndex &index, int role) const
 {
     const MatchUnit *unit = muFromIndex(index);
-    if (!unit) {
+    if (!unit)
         return QVariant();
-    }
-    if (role == Qt::DisplayRole) {
+    if (role == Qt::DisplayRole)
         return cellText(*unit, index.column());
-    }
-    if (role == Qt::CheckStateRole && index.column() == EnabledColumn) {
+    if (role == Qt::CheckStateRole && index.column() == EnabledColumn)
         return int(unit->enabled ? Qt::Checked : Qt::Unchecked);
-    }
     return index.column() == ValueColumn ? valueLook(*unit, role) : QVariant();
 }
 
 QVariant MatchUnitModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount) {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
         return QAbstractTableModel::headerData(section, orientation, role);
-    }
     return tr(headers[section]);
 }
 
@@ -128,9 +119,8 @@ Qt::ItemFlags MatchUnitModel::flags(const QModelIndex &index) const
 bool MatchUnitModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     MatchUnit *unit = muFromIndex(index);
-    if (!unit || index.column() != EnabledColumn || role != Qt::CheckStateRole) {
+    if (!unit || index.column() != EnabledColumn || role != Qt::CheckStateRole)
         return false;
-    }
     const bool enabled = value.toInt() == Qt::Checked;
     if (unit->enabled != enabled) {
         unit->enabled = enabled;

@@ -6,7 +6,7 @@ namespace JEX {
 
 namespace {
 
-struct MatchValue
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(JEX::MatchValue)
 };
@@ -15,11 +15,6 @@ const char hexDigits[] = "0123456789ABCDEF";
 const char bitCharacters[] = "01XRFBN";
 enum { DigitBits = 4 };
 
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 bool isFunction(int number)
 {
     return number >= MatchEqual && number < MatchFunctionCount;
@@ -27,24 +22,23 @@ bool isFunction(int number)
 
 QString countedBits(int count)
 {
-    return count == 1 ? MatchValue::tr("1 bit") : MatchValue::tr("%1 bits").arg(count);
+    return count == 1 ? Texts::tr("1 bit") : Texts::tr("%1 bits").arg(count);
 }
 
 // The first character that is not one of these; null when all are.
 QChar strayCharacter(const QString &text, const char *taken)
 {
-    const QString all = latin(taken);
+    const QString all = QString::fromLatin1(taken);
     for (QChar c : text) {
-        if (!all.contains(c)) {
+        if (!all.contains(c))
             return c;
-        }
     }
     return QChar();
 }
 
 QString strayFault(const QString &name, QChar stray, const QString &taken)
 {
-    return MatchValue::tr("%1 cannot hold \"%2\": %3").arg(name, QString(stray), taken);
+    return Texts::tr("%1 cannot hold \"%2\": %3").arg(name, QString(stray), taken);
 }
 
 // How many bits the first digit stands for.
@@ -55,15 +49,14 @@ int firstDigitBits(int width)
 
 int digitValue(QChar digit)
 {
-    return latin(hexDigits).indexOf(digit);
+    return QString::fromLatin1(hexDigits).indexOf(digit);
 }
 
 // The digit for up to four bits; null when they are no whole one.
 QChar digitFromBits(const QString &bits)
 {
-    if (bits.count(QLatin1Char('X')) == bits.size()) {
+    if (bits.count(QLatin1Char('X')) == bits.size())
         return QLatin1Char('X');
-    }
     bool isNumber = false;
     const int value = bits.toInt(&isNumber, 2);
     return isNumber ? QLatin1Char(hexDigits[value]) : QChar();
@@ -86,17 +79,15 @@ QString filledUp(const QString &digits, ValueForm form, int width)
 QString decimalFault(const QString &digits, int width, const QString &name)
 {
     const QChar stray = strayCharacter(digits, "0123456789");
-    if (!stray.isNull()) {
-        return strayFault(name, stray, MatchValue::tr("a decimal number has the digits 0 to 9."));
-    }
+    if (!stray.isNull())
+        return strayFault(name, stray, Texts::tr("a decimal number has the digits 0 to 9."));
     bool isNumber = false;
     const quint64 number = digits.toULongLong(&isNumber);
     const quint64 limit = width >= TriggerPort::WidthLimit ? ~quint64(0) : (quint64(1) << width) - 1;
-    if (isNumber && number <= limit) {
+    if (isNumber && number <= limit)
         return QString();
-    }
-    return digits.isEmpty() ? MatchValue::tr("%1 is empty.").arg(name)
-                            : MatchValue::tr("%1 is larger than %2, the largest number of %3.")
+    return digits.isEmpty() ? Texts::tr("%1 is empty.").arg(name)
+                            : Texts::tr("%1 is larger than %2, the largest number of %3.")
                                   .arg(name, QString::number(limit), countedBits(width));
 }
 
@@ -130,50 +121,46 @@ QString bitsFault(const QString &bits, int function, int width, const QString &n
     if (!stray.isNull()) {
         return strayFault(name, stray,
                           comparesNumbers(function)
-                              ? MatchValue::tr("each bit is 0 or 1.")
-                              : MatchValue::tr("each bit is 0, 1, X (any level), R (rising edge), "
-                                               "F (falling edge), B (either edge) or N (no edge)."));
+                              ? Texts::tr("each bit is 0 or 1.")
+                              : Texts::tr("each bit is 0, 1, X (any level), R (rising edge), "
+                                          "F (falling edge), B (either edge) or N (no edge)."));
     }
     stray = strayCharacter(bits, "01");
     if (comparesNumbers(function) && !stray.isNull()) {
-        return MatchValue::tr(
-                   "The function \"%1\" compares numbers and takes no \"%2\": each bit must be 0 or 1.")
+        return Texts::tr("The function \"%1\" compares numbers and takes no \"%2\": each bit must be 0 or 1.")
             .arg(matchFunctionName(function), QString(stray));
     }
-    if (bits.size() == width) {
+    if (bits.size() == width)
         return QString();
-    }
-    return MatchValue::tr("%1 has %2, but the trigger port has %3.")
+    return Texts::tr("%1 has %2, but the trigger port has %3.")
         .arg(name, countedBits(bits.size()), QString::number(width));
 }
 
 QString rangeFault(const QString &lower, const QString &upper)
 {
     // Of the same length, so that their order as texts is that of the numbers.
-    if (lower <= upper) {
+    if (lower <= upper)
         return QString();
-    }
-    return MatchValue::tr("The lower bound %1 is above the upper bound %2.").arg(lower, upper);
+    return Texts::tr("The lower bound %1 is above the upper bound %2.").arg(lower, upper);
 }
 
 QString hexFault(const QString &hex, int width, const QString &name)
 {
     const QChar stray = strayCharacter(hex, "0123456789ABCDEFX");
     if (!stray.isNull()) {
-        return strayFault(
-            name, stray,
-            MatchValue::tr("each hexadecimal digit is 0 to 9, A to F, or X for bits of any level."));
+        return strayFault(name, stray,
+                          Texts::tr("each hexadecimal digit is 0 to 9, A to F, or X for bits of any level."));
     }
     const int digits = hexDigitsFor(width);
     if (hex.size() != digits) {
-        const QString has = hex.size() == 1 ? MatchValue::tr("1 hexadecimal digit")
-                                            : MatchValue::tr("%1 hexadecimal digits").arg(hex.size());
-        return MatchValue::tr("%1 has %2, but the %3 of the trigger port take %4.")
+        const QString has = hex.size() == 1 ? Texts::tr("1 hexadecimal digit")
+                                            : Texts::tr("%1 hexadecimal digits").arg(hex.size());
+        return Texts::tr("%1 has %2, but the %3 of the trigger port take %4.")
             .arg(name, has, countedBits(width), QString::number(digits));
     }
     const int limit = (1 << firstDigitBits(width)) - 1;
     if (width && digitValue(hex.at(0)) > limit) {
-        return MatchValue::tr("%1 begins with %2, but its first digit stands for %3 only and is at most %4.")
+        return Texts::tr("%1 begins with %2, but its first digit stands for %3 only and is at most %4.")
             .arg(name, QString(hex.at(0)), countedBits(firstDigitBits(width)), QString::number(limit));
     }
     return QString();
@@ -197,9 +184,8 @@ QString hexFromBits(const QString &bits)
     int size = firstDigitBits(bits.size());
     for (int at = 0; at < bits.size(); at += size, size = DigitBits) {
         const QChar digit = digitFromBits(bits.mid(at, size));
-        if (digit.isNull()) {
+        if (digit.isNull())
             return QString();
-        }
         hex += digit;
     }
     return hex;
@@ -209,27 +195,24 @@ QString cleanDigits(const QString &typed)
 {
     QString digits;
     for (QChar c : typed) {
-        if (!c.isSpace() && c != QLatin1Char('_')) {
+        if (!c.isSpace() && c != QLatin1Char('_'))
             digits += c.toUpper();
-        }
     }
     return digits;
 }
 
 QString formFault(const QString &digits, ValueForm form, int width, const QString &name)
 {
-    if (form == HexForm) {
+    if (form == HexForm)
         return hexFault(filledUp(digits, form, width), width, name);
-    }
     return form == DecimalForm ? decimalFault(digits, width, name) : QString();
 }
 
 QString bitsFromForm(const QString &digits, ValueForm form, int width)
 {
     const QString whole = filledUp(digits, form, width);
-    if (form == BinaryForm || !formFault(digits, form, width, QString()).isEmpty()) {
+    if (form == BinaryForm || !formFault(digits, form, width, QString()).isEmpty())
         return form == BinaryForm ? whole : QString();
-    }
     return form == HexForm ? bitsFromHex(whole, width)
                            : QString::number(digits.toULongLong(), 2).rightJustified(width, QLatin1Char('0'));
 }
@@ -246,56 +229,52 @@ QString bitsInForm(const QString &bits, ValueForm form)
 
 QString noFormFault(const QString &bits, ValueForm form)
 {
-    return (form == DecimalForm ? MatchValue::tr("The value %1 has no decimal form: each bit must be 0 or 1.")
-                                : MatchValue::tr("The value %1 has no hexadecimal form: the bits of a digit "
-                                                 "must all be 0 or 1, or all be X."))
+    return (form == DecimalForm ? Texts::tr("The value %1 has no decimal form: each bit must be 0 or 1.")
+                                : Texts::tr("The value %1 has no hexadecimal form: the bits of a digit "
+                                            "must all be 0 or 1, or all be X."))
         .arg(bits);
 }
 
 QString valueName(int function)
 {
-    return hasUpperValue(function) ? MatchValue::tr("The lower bound") : MatchValue::tr("The value");
+    return hasUpperValue(function) ? Texts::tr("The lower bound") : Texts::tr("The value");
 }
 
 QString upperName()
 {
-    return MatchValue::tr("The upper bound");
+    return Texts::tr("The upper bound");
 }
 
 QString matchUnitFault(const MatchUnit &unit)
 {
-    if (!unit.triggerPort) {
+    if (!unit.triggerPort)
         return QString();
-    }
     const int width = unit.triggerPort->width();
     if (!width) {
-        return MatchValue::tr("Trigger Port %1 holds no signals: fill it first, or choose another one.")
+        return Texts::tr("Trigger Port %1 holds no signals: fill it first, or choose another one.")
             .arg(unit.triggerPort->portNumber);
     }
     QString fault = bitsFault(unit.value, unit.function, width, valueName(unit.function));
-    if (fault.isEmpty() && hasUpperValue(unit.function)) {
+    if (fault.isEmpty() && hasUpperValue(unit.function))
         fault = bitsFault(unit.upperValue, unit.function, width, upperName());
-    }
     return fault.isEmpty() && hasUpperValue(unit.function) ? rangeFault(unit.value, unit.upperValue) : fault;
 }
 
 QString matchValueText(const MatchUnit &unit)
 {
-    return hasUpperValue(unit.function) ? MatchValue::tr("%1 to %2").arg(unit.value, unit.upperValue)
-                                        : unit.value;
+    return hasUpperValue(unit.function) ? Texts::tr("%1 to %2").arg(unit.value, unit.upperValue) : unit.value;
 }
 
 QString portText(const TriggerPort *port)
 {
-    if (!port) {
-        return MatchValue::tr("Not bound");
-    }
-    return MatchValue::tr("%1 (%2)").arg(QString::number(port->portNumber), countedBits(port->width()));
+    if (!port)
+        return Texts::tr("Not bound");
+    return Texts::tr("%1 (%2)").arg(QString::number(port->portNumber), countedBits(port->width()));
 }
 
 QString portTitle(const TriggerPort *port)
 {
-    return port ? MatchValue::tr("Trigger Port %1").arg(portText(port)) : portText(port);
+    return port ? Texts::tr("Trigger Port %1").arg(portText(port)) : portText(port);
 }
 
 } // namespace JEX

@@ -17,9 +17,8 @@ CoreList listOf(JexMode mode)
 {
     CoreList cores(std::in_place_index<Index>);
     const JexMode own = std::visit([](const auto &list) { return modeOfList(list); }, cores);
-    if constexpr (Index + 1 < std::variant_size_v<CoreList>) {
+    if constexpr (Index + 1 < std::variant_size_v<CoreList>)
         return own == mode ? cores : listOf<Index + 1>(mode);
-    }
     return cores;
 }
 
@@ -28,9 +27,8 @@ CoreList listOf(JexMode mode)
 const char *modeName(JexMode mode)
 {
     for (const ModeText &text : modeTexts) {
-        if (text.mode == mode) {
+        if (text.mode == mode)
             return text.name;
-        }
     }
     return nullptr;
 }
@@ -38,9 +36,8 @@ const char *modeName(JexMode mode)
 JexMode modeNamed(const QString &name)
 {
     for (const ModeText &text : modeTexts) {
-        if (name == QLatin1String(text.name)) {
+        if (name == QLatin1String(text.name))
             return text.mode;
-        }
     }
     return InvalidMode;
 }
@@ -48,9 +45,8 @@ JexMode modeNamed(const QString &name)
 QStringList modeNames()
 {
     QStringList names;
-    for (const ModeText &text : modeTexts) {
+    for (const ModeText &text : modeTexts)
         names << QLatin1String(text.name);
-    }
     return names;
 }
 

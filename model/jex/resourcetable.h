@@ -64,9 +64,8 @@ static_assert(int(ResourceCount) == JEX::ImplementationCount, "each implementati
 constexpr const Resource *resourceOf(JEX::Implementation implementation)
 {
     for (const Resource &resource : resources) {
-        if (resource.code == implementation) {
+        if (resource.code == implementation)
             return &resource;
-        }
     }
     return nullptr;
 }

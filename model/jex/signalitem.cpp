@@ -10,18 +10,16 @@ static const int signalItemType = qRegisterMetaType<SignalItem>("JEX::SignalItem
 int widthOf(const QList<SignalItem> &items)
 {
     int bits = 0;
-    for (const SignalItem &item : items) {
+    for (const SignalItem &item : items)
         bits += item.width();
-    }
     return bits;
 }
 
 bool operator==(const SignalItem &a, const SignalItem &b)
 {
     for (const Field<SignalItem> &field : fieldsOf<SignalItem>()) {
-        if (!field.isSame(a, b)) {
+        if (!field.isSame(a, b))
             return false;
-        }
     }
     return a.members == b.members;
 }

@@ -6,11 +6,6 @@ namespace JEX_TOOL {
 
 namespace {
 
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 // Null for what is not made of memories.
 const MemoryShape *shapesOf(const DeviceFamily &family, JEX::Implementation implementation)
 {
@@ -37,9 +32,8 @@ StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implemen
                         int depth, bool adjusted)
 {
     StorageNeed need;
-    if (signalCount <= 0 || depth <= 0 || implementation == JEX::NoImplementation) {
+    if (signalCount <= 0 || depth <= 0 || implementation == JEX::NoImplementation)
         return need;
-    }
     need.width = adjusted && signalCount < INT_MAX ? signalCount + 1 : signalCount;
     const MemoryShape *shape = shapesOf(family, implementation);
     qint64 least = shape ? countOf(*shape, need.width, depth) : qint64(need.width) * depth;
@@ -57,10 +51,9 @@ StorageNeed storageNeed(const DeviceFamily &family, JEX::Implementation implemen
 QString storageFormula(const StorageNeed &need, int depth)
 {
     const QString samples = QString::number(depth);
-    if (need.shape.depth == 0) {
-        return samples + latin(" x ") + QString::number(need.width);
-    }
-    return latin("ceil(%1 / %2) x ceil(%3 / %4)")
+    if (need.shape.depth == 0)
+        return samples + QLatin1String(" x ") + QString::number(need.width);
+    return QString::fromLatin1("ceil(%1 / %2) x ceil(%3 / %4)")
         .arg(samples)
         .arg(need.shape.depth)
         .arg(need.width)

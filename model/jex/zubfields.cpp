@@ -19,9 +19,8 @@ struct ResourceWords
 
     constexpr ResourceWords()
     {
-        for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources) {
+        for (const JEX_TOOL::Resource &resource : JEX_TOOL::resources)
             words[resource.code] = resource.name;
-        }
     }
 };
 constexpr ResourceWords resourceWords;
@@ -32,9 +31,8 @@ struct FunctionWords
 
     constexpr FunctionWords()
     {
-        for (int i = 0; i < MatchFunctionCount; ++i) {
+        for (int i = 0; i < MatchFunctionCount; ++i)
             words[i] = matchFunctions[i].word;
-        }
     }
 };
 constexpr FunctionWords functionWords;

@@ -13,11 +13,6 @@ namespace JEX {
 
 namespace {
 
-struct JexFile
-{
-    Q_DECLARE_TR_FUNCTIONS(JEX::JexFile)
-};
-
 const qint64 sizeLimit = 64 * QUtil::MiB;
 const int attributeLimit = 64; // the XML reader compares each with each
 
@@ -132,7 +127,8 @@ private:
 
 bool fail(const QString &name, const QString &reason, QString *error)
 {
-    *error = JexFile::tr("The file \"%1\" cannot be read: %2.").arg(name, reason);
+    *error =
+        QCoreApplication::translate("JEX::JexFile", "The file \"%1\" cannot be read: %2.").arg(name, reason);
     return false;
 }
 
@@ -151,21 +147,18 @@ bool keepsZubBounds(const QByteArray &bytes, const QString &name, QString *error
 bool readZubFile(const QString &path, QByteArray *bytes, QString *error)
 {
     QString reason = QUtil::pendingBackupFault(path);
-    if (!reason.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, bytes, &reason)) {
+    if (!reason.isEmpty() || !QUtil::readRegularFile(path, sizeLimit, bytes, &reason))
         return fail(path, reason, error);
-    }
     return keepsZubBounds(*bytes, path, error);
 }
 
 bool readZubInput(const QString &word, QByteArray *bytes, QString *error)
 {
-    if (!QUtil::isStreamName(word)) {
+    if (!QUtil::isStreamName(word))
         return readZubFile(word, bytes, error);
-    }
     QString reason;
-    if (!QUtil::readFileOrStream(word, sizeLimit, bytes, &reason)) {
+    if (!QUtil::readFileOrStream(word, sizeLimit, bytes, &reason))
         return fail(word, reason, error);
-    }
     return keepsZubBounds(*bytes, word, error);
 }
 

@@ -30,9 +30,8 @@ const Field<Record> *findField(const FieldTable<Record> &table, const QStringRef
 {
     for (int i = 0; i < table.size; ++i, ++from) {
         from = from == table.end() ? table.begin() : from;
-        if (isWord(name, from->name)) {
+        if (isWord(name, from->name))
             return from;
-        }
     }
     return nullptr;
 }
@@ -42,9 +41,8 @@ QList<SignalItem> enabledOf(const QList<SignalItem> &items)
     QList<SignalItem> enabled;
     enabled.reserve(items.size());
     for (const SignalItem &item : items) {
-        if (item.capEnable) {
+        if (item.capEnable)
             enabled.append(item);
-        }
     }
     return enabled;
 }
@@ -62,9 +60,8 @@ JexMode zubMode(QXmlStreamReader *xml)
 {
     // A document type declaration is no part of a configuration, and its entities could blow up the text.
     while (!xml->atEnd() && xml->readNext() != QXmlStreamReader::DTD) {
-        if (xml->isStartElement()) {
+        if (xml->isStartElement())
             return modeOf(*xml);
-        }
     }
     return InvalidMode;
 }
@@ -77,9 +74,8 @@ JexMode zubMode(const QByteArray &bytes)
 
 bool ZubReader::isWellFormed(JexMode mode)
 {
-    if (zubMode(&m_xml) != mode) {
+    if (zubMode(&m_xml) != mode)
         return false;
-    }
     // The reader keeps a record for each element that is open.
     for (int depth = 1; !m_xml.atEnd() && depth <= ElementDepthLimit;) {
         m_xml.readNext();
@@ -91,18 +87,16 @@ bool ZubReader::isWellFormed(JexMode mode)
 CoreList ZubReader::cores(JexMode mode)
 {
     CoreList cores = emptyListOf(mode);
-    if (readHead(mode) && std::visit([this](auto &list) { return readCores(&list); }, cores) && readToEnd()) {
+    if (readHead(mode) && std::visit([this](auto &list) { return readCores(&list); }, cores) && readToEnd())
         return cores;
-    }
     deleteCores(cores);
     return emptyListOf(mode);
 }
 
 bool ZubReader::readHead(JexMode mode)
 {
-    if (!nextChild()) {
+    if (!nextChild())
         return false;
-    }
     const QXmlStreamAttributes attributes = m_xml.attributes();
     if (!isElement("jexconfig")) {
         return failFile(latin(" is no JEX configuration: its outermost element is ") + element() +
@@ -124,9 +118,8 @@ bool ZubReader::readHead(JexMode mode)
                         latin(modeName(mode)) + latin(" one."));
     }
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.qualifiedName() != latin("version") && attribute.qualifiedName() != latin("mode")) {
+        if (attribute.qualifiedName() != latin("version") && attribute.qualifiedName() != latin("mode"))
             return failUnknownAttribute(attribute);
-        }
     }
     return true;
 }
@@ -135,18 +128,15 @@ template <class Core>
 bool ZubReader::readCores(QList<Core *> *cores)
 {
     while (nextChild()) {
-        if (!isElement("core")) {
+        if (!isElement("core"))
             return failUnknownElement();
-        }
-        if (cores->size() == CoreLimit) {
+        if (cores->size() == CoreLimit)
             return fail(latin("there are more than ") + QString::number(CoreLimit) + latin(" cores."));
-        }
         Core *core = newCore<Core>(0);
         cores->append(core);
         if (!readNumberOnce(fieldsOf<Core>().key().rule, &m_coreNumbers, &core->coreNumber) ||
-            !readFields(core) || !readSignalLists(core)) {
+            !readFields(core) || !readSignalLists(core))
             return false;
-        }
     }
     return m_error.isEmpty();
 }
@@ -160,12 +150,10 @@ bool ZubReader::readFields(Record *record)
     bool hasKey = false;
     for (const QXmlStreamAttribute &attribute : attributes) {
         const Field<Record> *field = findField(table, attribute.qualifiedName(), next);
-        if (!field || field->version > m_version) {
+        if (!field || field->version > m_version)
             return failUnknownAttribute(attribute);
-        }
-        if (!readField(attribute, *field, record)) {
+        if (!readField(attribute, *field, record))
             return false;
-        }
         hasKey = hasKey || field->part == KeyPart;
         next = field + 1;
     }
@@ -187,9 +175,8 @@ bool ZubReader::readField(const QXmlStreamAttribute &attribute, const Field<Reco
     case PortField:
         break;
     }
-    if (!readNumber(attribute, field.rule, &number)) {
+    if (!readNumber(attribute, field.rule, &number))
         return false;
-    }
     record->*field.port = portOf(*record, number);
     return true;
 }
@@ -203,47 +190,39 @@ bool ZubReader::readSignalLists(Core *core)
     while (nextChild()) {
         const bool isSignals = isElement("signals");
         if (!isSignals && !isElement("enabled")) {
-            if (!readCoreChild(core)) {
+            if (!readCoreChild(core))
                 return false;
-            }
             continue;
         }
         bool &seen = isSignals ? m_hasSignals : m_hasEnabled;
-        if (seen) {
+        if (seen)
             return fail(latin("the core has a second ") + element() + latin("."));
-        }
         seen = true;
         if (!hasOnly(nullptr) ||
-            !readSignals(isSignals ? &core->captureSignals : &core->enabledCaptureSignals, 1)) {
+            !readSignals(isSignals ? &core->captureSignals : &core->enabledCaptureSignals, 1))
             return false;
-        }
     }
-    if (!m_hasEnabled) {
+    if (!m_hasEnabled)
         core->enabledCaptureSignals = enabledOf(core->captureSignals);
-    }
     return m_error.isEmpty();
 }
 
 bool ZubReader::readCoreChild(AoCore *core)
 {
-    if (isElement("port")) {
+    if (isElement("port"))
         return readPort(core);
-    }
-    if (isElement("unit")) {
+    if (isElement("unit"))
         return readUnit(core);
-    }
-    if (isElement("expression")) {
+    if (isElement("expression"))
         return readExpression(core);
-    }
     return failUnknownElement();
 }
 
 bool ZubReader::readPort(AoCore *core)
 {
     int number = 0;
-    if (!readNumberOnce(fieldsOf<TriggerPort>().key().rule, &m_portNumbers, &number)) {
+    if (!readNumberOnce(fieldsOf<TriggerPort>().key().rule, &m_portNumbers, &number))
         return false;
-    }
     TriggerPort *port = core->triggerPorts.at(number);
     return readFields(port) && readSignals(&port->signalItems, 1);
 }
@@ -251,9 +230,8 @@ bool ZubReader::readPort(AoCore *core)
 bool ZubReader::readUnit(AoCore *core)
 {
     int number = 0;
-    if (!readNumberOnce(fieldsOf<MatchUnit>().key().rule, &m_unitNumbers, &number)) {
+    if (!readNumberOnce(fieldsOf<MatchUnit>().key().rule, &m_unitNumbers, &number))
         return false;
-    }
     return readFields(core->matchUnits.at(number)) && readNoChildren();
 }
 
@@ -263,13 +241,11 @@ bool ZubReader::readExpression(AoCore *core)
         return fail(latin("the core has more than ") + QString::number(ExpressionLimit) +
                     latin(" expressions."));
     }
-    if (!hasOnly("text")) {
+    if (!hasOnly("text"))
         return false;
-    }
     const QXmlStreamAttributes attributes = m_xml.attributes();
-    if (attributes.isEmpty()) {
+    if (attributes.isEmpty())
         return failMissing("text");
-    }
     core->expressions.append(attributes.first().value().toString());
     return readNoChildren();
 }
@@ -277,20 +253,17 @@ bool ZubReader::readExpression(AoCore *core)
 bool ZubReader::readSignals(QList<SignalItem> *items, int depth)
 {
     while (nextChild()) {
-        if (!isElement("signal")) {
+        if (!isElement("signal"))
             return failUnknownElement();
-        }
         if (depth > SignalDepthLimit) {
             return fail(latin("signals are nested more than ") + QString::number(SignalDepthLimit) +
                         latin(" deep."));
         }
-        if (items->isEmpty()) {
+        if (items->isEmpty())
             items->reserve(8); // the usual width of a bus
-        }
         items->append(SignalItem());
-        if (!readFields(&items->last()) || !readSignals(&items->last().members, depth + 1)) {
+        if (!readFields(&items->last()) || !readSignals(&items->last().members, depth + 1))
             return false;
-        }
     }
     return m_error.isEmpty();
 }

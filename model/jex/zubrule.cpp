@@ -61,21 +61,18 @@ bool Rule::fromText(const QStringRef &text, int *value) const
 
 QString Rule::description() const
 {
-    if (kind == Bits) {
+    if (kind == Bits)
         return QLatin1String("made of 0, 1, X, R, F, B and N");
-    }
     if (kind == Words) {
         QStringList list;
-        for (int i = low; i <= high; ++i) {
+        for (int i = low; i <= high; ++i)
             list.append(toText(i));
-        }
         return QLatin1String("one of ") + list.join(QLatin1String(", "));
     }
     QString text = kind == Range ? QLatin1String("a number from %1 to %2")
                                  : QLatin1String("a power of two from %1 to %2");
-    if (kind == PowerOfTwoOrZero) {
+    if (kind == PowerOfTwoOrZero)
         text += QLatin1String(", or 0");
-    }
     return text.arg(low).arg(high);
 }
 

@@ -4,6 +4,11 @@
 
 namespace JEX {
 
+inline QLatin1String latin(const char *text)
+{
+    return QLatin1String(text);
+}
+
 // The names and words of the format are short and ASCII, and there are a million of them in a large file, so
 // they are compared in place.
 inline bool isWord(const QStringRef &text, const char *word)

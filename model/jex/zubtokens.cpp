@@ -55,9 +55,8 @@ bool ZubTokens::hasOnly(const char *name)
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (!name || !isWord(attribute.qualifiedName(), name)) {
+        if (!name || !isWord(attribute.qualifiedName(), name))
             return failUnknownAttribute(attribute);
-        }
     }
     return true;
 }
@@ -77,12 +76,10 @@ bool ZubTokens::readNumberOnce(const Rule &rule, quint32 *seen, int *value)
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (!isWord(attribute.qualifiedName(), "number")) {
+        if (!isWord(attribute.qualifiedName(), "number"))
             continue;
-        }
-        if (!readNumber(attribute, rule, value)) {
+        if (!readNumber(attribute, rule, value))
             return false;
-        }
         if (*seen & (1u << *value)) {
             return fail(latin("there is a second ") + element() + latin(" with the number ") +
                         QString::number(*value) + latin("."));

@@ -8,11 +8,6 @@
 
 namespace JEX {
 
-inline QLatin1String latin(const char *text)
-{
-    return QLatin1String(text);
-}
-
 // The elements of a strict XML file, one after another, and the sentence about the first fault in it. What
 // fails gives false, so that a reader ends with `return fail(...)`.
 class ZubTokens

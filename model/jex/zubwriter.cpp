@@ -10,20 +10,13 @@ namespace JEX {
 
 namespace {
 
-inline QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 bool isXmlAt(const QString &text, int i)
 {
     const ushort c = text.at(i).unicode();
-    if (QChar(c).isHighSurrogate()) {
+    if (QChar(c).isHighSurrogate())
         return i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-    }
-    if (QChar(c).isLowSurrogate()) {
+    if (QChar(c).isLowSurrogate())
         return i > 0 && text.at(i - 1).isHighSurrogate();
-    }
     return (c >= 0x20 && c < 0xfffe) || c == '\t' || c == '\n' || c == '\r';
 }
 
@@ -33,9 +26,8 @@ QString xmlText(const QString &text)
     const QChar *const characters = text.constData();
     for (int i = 0; i < text.size(); ++i) {
         const bool isUsual = characters[i] >= QLatin1Char(' ') && characters[i].unicode() < 0xd800;
-        if (!isUsual && !isXmlAt(text, i)) {
+        if (!isUsual && !isXmlAt(text, i))
             clean[i] = QChar(QChar::ReplacementCharacter);
-        }
     }
     return clean;
 }
@@ -85,16 +77,13 @@ FieldWriter<Record>::FieldWriter()
 {
     for (FieldPart part : {KeyPart, NaturePart, SettingPart}) {
         for (const Field<Record> &field : fieldsOf<Record>()) {
-            if (field.part != part) {
+            if (field.part != part)
                 continue;
-            }
             QStringList words;
-            if (field.kind == FlagField) {
+            if (field.kind == FlagField)
                 words << latin("false") << latin("true");
-            }
-            for (int i = field.rule.low; field.rule.kind == Rule::Words && i <= field.rule.high; ++i) {
+            for (int i = field.rule.low; field.rule.kind == Rule::Words && i <= field.rule.high; ++i)
                 words << field.rule.toText(i);
-            }
             m_attributes.push_back({&field, latin(field.name), words});
         }
     }
@@ -106,13 +95,12 @@ bool FieldWriter<Record>::write(const Record &record, QXmlStreamWriter *xml, int
 {
     for (const Attribute &attribute : m_attributes) {
         const Field<Record> &field = *attribute.field;
-        if (field.isOptional && field.isSame(record, m_new)) {
+        if (field.isOptional && field.isSame(record, m_new))
             continue;
-        }
         if (!field.isHeld(record)) {
             const QString value =
                 field.kind == TextField ? record.*field.text : QString::number(field.numberOf(record));
-            *error = latin("The value %1 of \"%2\" must be %3.")
+            *error = QString::fromLatin1("The value %1 of \"%2\" must be %3.")
                          .arg(value, attribute.name, field.rule.description());
             return false;
         }
@@ -126,12 +114,10 @@ template <class Record>
 QString FieldWriter<Record>::textOf(const Record &record, const Attribute &attribute)
 {
     const Field<Record> &field = *attribute.field;
-    if (field.kind == TextField) {
+    if (field.kind == TextField)
         return xmlText(record.*field.text);
-    }
-    if (field.kind == FlagField) {
+    if (field.kind == FlagField)
         return attribute.words.at(record.*field.flag);
-    }
     const int number = field.numberOf(record);
     return attribute.words.isEmpty() ? QString::number(number) : attribute.words.at(number - field.rule.low);
 }
@@ -140,9 +126,8 @@ template <class Record>
 bool FieldWriter<Record>::isNew(const Record &record) const
 {
     for (const Attribute &attribute : m_attributes) {
-        if (attribute.field->part != KeyPart && !attribute.field->isSame(record, m_new)) {
+        if (attribute.field->part != KeyPart && !attribute.field->isSame(record, m_new))
             return false;
-        }
     }
     return true;
 }
@@ -180,16 +165,15 @@ private:
     const FieldWriter<TriggerPort> m_port;
     const FieldWriter<MatchUnit> m_unit;
     const FieldWriter<SignalItem> m_signal;
-    const QString m_signalElement = latin("signal");
+    const QString m_signalElement = QLatin1String("signal");
 };
 
 bool isFilterOf(const QList<SignalItem> &enabled, const QList<SignalItem> &all)
 {
     int next = 0;
     for (const SignalItem &item : all) {
-        if (item.capEnable && (next == enabled.size() || enabled.at(next++) != item)) {
+        if (item.capEnable && (next == enabled.size() || enabled.at(next++) != item))
             return false;
-        }
     }
     return next == enabled.size();
 }
@@ -198,7 +182,7 @@ template <class Core>
 bool ZubWriter::write(const QList<Core *> &cores)
 {
     if (cores.size() > CoreLimit) {
-        error = latin("There are more than %1 cores.").arg(int(CoreLimit));
+        error = QString::fromLatin1("There are more than %1 cores.").arg(int(CoreLimit));
         return false;
     }
     m_xml.writeStartDocument();
@@ -208,11 +192,10 @@ bool ZubWriter::write(const QList<Core *> &cores)
     const FieldWriter<Core> fields;
     quint32 seen = 0;
     for (const Core *core : cores) {
-        if (!writeCore(*core, fields)) {
+        if (!writeCore(*core, fields))
             return false;
-        }
         if (seen & (1u << core->coreNumber)) {
-            error = latin("There are two cores of the number %1.").arg(core->coreNumber);
+            error = QString::fromLatin1("There are two cores of the number %1.").arg(core->coreNumber);
             return false;
         }
         seen |= 1u << core->coreNumber;
@@ -226,13 +209,11 @@ bool ZubWriter::writeCore(const Core &core, const FieldWriter<Core> &fields)
 {
     m_xml.writeStartElement(latin("core"));
     if (!fields.write(core, &m_xml, &m_version, &error) || !writeTrigger(core) ||
-        !writeList("signals", core.captureSignals)) {
+        !writeList("signals", core.captureSignals))
         return false;
-    }
     if (!isFilterOf(core.enabledCaptureSignals, core.captureSignals) &&
-        !writeList("enabled", core.enabledCaptureSignals)) {
+        !writeList("enabled", core.enabledCaptureSignals))
         return false;
-    }
     m_xml.writeEndElement();
     return true;
 }
@@ -240,18 +221,16 @@ bool ZubWriter::writeCore(const Core &core, const FieldWriter<Core> &fields)
 bool ZubWriter::writeTrigger(const AoCore &core)
 {
     if (core.expressions.size() > ExpressionLimit) {
-        error = latin("A core has more than %1 expressions.").arg(int(ExpressionLimit));
+        error = QString::fromLatin1("A core has more than %1 expressions.").arg(int(ExpressionLimit));
         return false;
     }
     for (const TriggerPort *port : core.availableTriggers()) {
-        if (!writePort(*port)) {
+        if (!writePort(*port))
             return false;
-        }
     }
     for (const MatchUnit *unit : core.matchUnits) {
-        if (!m_unit.isNew(*unit) && !writeUnit(*unit)) {
+        if (!m_unit.isNew(*unit) && !writeUnit(*unit))
             return false;
-        }
     }
     for (const QString &expression : core.expressions) {
         m_xml.writeEmptyElement(latin("expression"));
@@ -285,22 +264,19 @@ bool ZubWriter::writeList(const char *element, const QList<SignalItem> &items)
 bool ZubWriter::writeSignals(const QList<SignalItem> &items, int depth)
 {
     if (depth > SignalDepthLimit && !items.isEmpty()) {
-        error = latin("Signals are nested more than %1 deep.").arg(int(SignalDepthLimit));
+        error = QString::fromLatin1("Signals are nested more than %1 deep.").arg(int(SignalDepthLimit));
         return false;
     }
     for (const SignalItem &item : items) {
-        if (item.isSingle()) {
+        if (item.isSingle())
             m_xml.writeEmptyElement(m_signalElement);
-        } else {
+        else
             m_xml.writeStartElement(m_signalElement);
-        }
-        if (!m_signal.write(item, &m_xml, &m_version, &error)) {
+        if (!m_signal.write(item, &m_xml, &m_version, &error))
             return false;
-        }
         if (!item.isSingle()) {
-            if (!writeSignals(item.members, depth + 1)) {
+            if (!writeSignals(item.members, depth + 1))
                 return false;
-            }
             m_xml.writeEndElement();
         }
     }
@@ -316,9 +292,8 @@ bool zubFromCores(const CoreList &cores, QByteArray *bytes, QString *error)
         ZubWriter writer(bytes, version);
         const bool done = std::visit([&writer](const auto &list) { return writer.write(list); }, cores);
         *error = writer.error;
-        if (!done || writer.version() == version) {
+        if (!done || writer.version() == version)
             return done;
-        }
         version = writer.version();
         bytes->clear();
     }

@@ -1,4 +1,4 @@
-#include "elaboration/tools/findings.h"
+#include "elaboration/tools/readingsentences.h"
 
 #include <QCoreApplication>
 
@@ -7,7 +7,7 @@
 namespace QUARRY {
 namespace {
 
-struct Findings
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(QUARRY::Findings)
 };
@@ -27,31 +27,30 @@ QStringList topsSentences(const QString &wrongTop, const QStringList &tops)
     return tops.isEmpty()
                ? tops
                : QStringList(
-                     Findings::tr("WARNING: No module is named \"%1\". The top modules of the design are: %2")
+                     Texts::tr("WARNING: No module is named \"%1\". The top modules of the design are: %2")
                          .arg(wrongTop, tops.join(QLatin1String(", "))));
 }
 
 QStringList encryptedSentences(const QStringList &files)
 {
     return sentences(
-        Findings::tr(
-            "WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1"),
+        Texts::tr("WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1"),
         files);
 }
 
 QStringList blackBoxSentences(const QStringList &modules, const QMap<QString, QString> &strays,
                               const QStringList &disabledFiles)
 {
-    QStringList all = sentences(Findings::tr("WARNING: These modules have no definition and are shown as "
-                                             "black boxes, with nothing inside: %1"),
+    QStringList all = sentences(Texts::tr("WARNING: These modules have no definition and are shown as "
+                                          "black boxes, with nothing inside: %1"),
                                 modules);
     for (const QString &module : modules) {
         const QString disabled = fileOfModule(module, disabledFiles);
         if (!disabled.isEmpty())
-            all.append(Findings::tr("WARNING: Module %1 is in %2, which the project has disabled.")
+            all.append(Texts::tr("WARNING: Module %1 is in %2, which the project has disabled.")
                            .arg(module, disabled));
         else if (strays.contains(module))
-            all.append(Findings::tr("WARNING: Module %1 is in %2, which is no source of the project.")
+            all.append(Texts::tr("WARNING: Module %1 is in %2, which is no source of the project.")
                            .arg(module, strays.value(module)));
     }
     return all;
