@@ -4,7 +4,7 @@
 #include <QMessageBox>
 
 #include "elaboration/elaboration.h"
-#include "elaboration/elaborationdialog.h"
+#include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
 #include "host/designmanager.h"
 #include "host/designnews.h"
@@ -47,7 +47,7 @@ bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *paren
     if (isReading)
         return false;
     isReading = true;
-    ElaborationDialog(title, delayMs, parent).run(job);
+    JobDialog(title, delayMs, parent).run(job);
     isReading = false;
     wasCancelled = job.isCancelled();
     return true;

@@ -1,17 +1,15 @@
 #include "workbench/runmenu.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
 #include <QProcess>
-#include <QProgressDialog>
 #include <QUrl>
 
 #include "check/configuration.h"
 #include "elaboration/elaboration.h"
+#include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
 #include "elaboration/tools/toolprocess.h"
 #include "host/designmanager.h"
@@ -135,36 +133,10 @@ void RunMenu::onOpenWaveform()
         fail(tr("No program was found that shows %1. Install Debian's package gtkwave.").arg(m_waveform));
 }
 
-template <class Job>
-bool RunMenu::runBelowDialog(const QString &title, Job &job)
+bool RunMenu::runBelowDialog(const QString &title, QUARRY::Job &job)
 {
     const QPointer<RunMenu> alive(this);
-    const QPointer<QProgressDialog> dialog(new QProgressDialog(m_window));
-    auto *label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 48);
-    dialog->setLabel(label);
-    dialog->setWindowTitle(title);
-    dialog->setWindowModality(Qt::ApplicationModal);
-    dialog->setRange(0, 0);
-    dialog->setAutoClose(false);
-    dialog->setAutoReset(false);
-    connect(&job, &Job::stageChanged, dialog.data(), &QProgressDialog::setLabelText);
-    connect(dialog.data(), &QProgressDialog::canceled, &job, &Job::cancel);
-    connect(dialog.data(), &QObject::destroyed, &job, &Job::cancel);
-    dialog->show();
-    job.start();
-    // Whoever ends the program hides the window and waits for this loop.
-    const bool wasShown = m_window && m_window->isVisible();
-    while (!job.isFinished()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        if (wasShown && !(m_window && m_window->isVisible()))
-            job.cancel();
-    }
-    if (dialog) {
-        dialog->disconnect(&job);
-        delete dialog.data();
-    }
+    QUARRY::JobDialog(title, 0, m_window).run(job);
     return alive;
 }
 
