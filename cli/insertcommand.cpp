@@ -106,14 +106,12 @@ ExitCode insert(const QStringList &words, Output &out)
         return arguments.refuse("Name the folder for what is made, with --output.");
     JudgedInput input;
     ExitCode result = Fine;
-    if (!input.open(arguments, options, "insert", &result))
+    if (!input.open(arguments, options, &result))
         return result;
     const Insertion::OutputFolder output(folder, sourcesOf(input.design, input.file));
     QString error = output.fault();
-    if (!error.isEmpty()) {
-        say("jex insert: " + error);
-        return CouldNotRun;
-    }
+    if (!error.isEmpty())
+        return arguments.fail(error);
     if (!input.judge(out, &result))
         return result;
     const QStringList bench = arguments.parser.values("bench");
@@ -128,10 +126,8 @@ ExitCode insert(const QStringList &words, Output &out)
     result = judged(job);
     if (job.files().isEmpty())
         return result;
-    if (!output.write(job.files(), &error)) {
-        say("jex insert: " + error);
-        return CouldNotRun;
-    }
+    if (!output.write(job.files(), &error))
+        return arguments.fail(error);
     out.line(input.file + ": " + QString::number(cores) + (cores == 1 ? " core in " : " cores in ") + folder);
     return result;
 }
