@@ -2,6 +2,7 @@
 
 #include "cli/judgedinput.h"
 #include "cli/waiting.h"
+#include "elaboration/elaboration.h"
 #include "host/regularfile.h"
 #include "insertion/simulationjob.h"
 
@@ -89,7 +90,7 @@ ExitCode simulate(const QStringList &words, Output &out)
     ExitCode result = Fine;
     if (!input.open(arguments, options, &result) || !input.judge(out, &result))
         return result;
-    Job job(Design::input(), input.configuration, *input.design.netlist(), how);
+    Job job(QUARRY::projectInput(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
     result = judged(job);
     QString error;

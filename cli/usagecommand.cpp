@@ -110,11 +110,6 @@ bool addCore(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device, Json *
     return over;
 }
 
-DEV::DeviceArg deviceOf(const Design &design)
-{
-    return design.project().data().device;
-}
-
 Json deviceJson(const DEV::DeviceArg &device)
 {
     return {{"series", toStd(device.series)},
@@ -154,7 +149,7 @@ ExitCode usage(const QStringList &words, Output &out)
     Design design;
     if (!design.open(options))
         return CouldNotRun;
-    const DEV::DeviceArg device = deviceOf(design);
+    const DEV::DeviceArg device = design.project().data().device;
     if (device.device.isEmpty())
         return arguments.refuse("Name the device with --device, or with --project a project that has one.");
     const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device.series, device.device);

@@ -6,7 +6,6 @@
 #include "elaboration/elaboration.h"
 #include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
-#include "host/designmanager.h"
 #include "host/designnews.h"
 #include "host/eventmanager.h"
 #include "host/modal.h"
@@ -87,8 +86,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
 {
     const NewsKept news;
     *netlist = nullptr;
-    ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
-                   ReadingJob::Netlist);
+    ReadingJob job(projectInput(), ReadingJob::Netlist);
     const QPointer<QWidget> owner(parent);
     if (!runAlone(job, CatchRtl::tr("Read Design"), 0, parent)) {
         messages.append(busyMessage());

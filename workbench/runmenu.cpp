@@ -12,7 +12,6 @@
 #include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
 #include "elaboration/tools/toolprocess.h"
-#include "host/designmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
@@ -25,14 +24,6 @@
 #include "workbench/simulatedialog.h"
 
 namespace Workbench {
-namespace {
-
-QUARRY::DesignInput designInput()
-{
-    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-}
-
-} // namespace
 
 RunMenu::RunMenu(QMenu *menu, QSettings *settings, QWidget *window)
     : QObject(menu),
@@ -146,7 +137,7 @@ bool RunMenu::open(const QString &file, RTLJEX::Configuration &configuration,
     QString error;
     if (!configuration.read(file, &error))
         return fail(error);
-    QUARRY::ReadingJob reading(designInput(), QUARRY::ReadingJob::Netlist);
+    QUARRY::ReadingJob reading(QUARRY::projectInput(), QUARRY::ReadingJob::Netlist);
     if (!runBelowDialog(tr("Read Design"), reading))
         return false;
     if (reading.isCancelled())
@@ -169,7 +160,7 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     RTLJEX::Configuration configuration;
     std::unique_ptr<QUARRY::RtlNetlist> netlist;
     QStringList sources{file};
-    for (const QUARRY::DesignSource &source : designInput().files)
+    for (const QUARRY::DesignSource &source : QUARRY::projectInput().files)
         sources << source.path;
     const Insertion::OutputFolder output(folder, sources);
     QString error = output.fault();
@@ -180,7 +171,7 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     Insertion::InsertionOptions options;
     if (const Core::Project *project = Core::ProjectManager::currentProject())
         options.device = JEX_TOOL::findDevice(project->data().device.series, project->data().device.device);
-    Insertion::InsertionJob job(designInput(), configuration, *netlist, options);
+    Insertion::InsertionJob job(QUARRY::projectInput(), configuration, *netlist, options);
     if (!runBelowDialog(tr("Insert into Design"), job))
         return false;
     tell(job.messages());
@@ -206,7 +197,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     Insertion::SimulationOptions options;
     options.bench = bench;
     options.simulator = simulator;
-    Insertion::SimulationJob job(designInput(), configuration, *netlist, options);
+    Insertion::SimulationJob job(QUARRY::projectInput(), configuration, *netlist, options);
     if (!runBelowDialog(tr("Simulate Capture"), job))
         return false;
     const QString words = QString::fromUtf8(job.benchWords()).trimmed();
