@@ -4,7 +4,6 @@
 #include "elaboration/elaboration.h"
 #include "elaboration/tools/verilatorflags.h"
 
-#include "host/designmanager.h"
 #include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -66,8 +65,7 @@ double exampleTime(const QByteArray &folder)
     Core::ProjectManager::setCurrentProject(&project);
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", folder.isEmpty() ? path : folder + ':' + path);
-    const DesignInput input =
-        designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    const DesignInput input = projectInput();
     const double time = fastest(3, [&input] {
         const QStringList found = listModules(input).topModules;
         QStringList messages;

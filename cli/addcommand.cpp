@@ -8,12 +8,6 @@
 namespace Cli {
 namespace {
 
-ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
-{
-    say("jex add: " + sentence);
-    return code;
-}
-
 bool readNames(const QString &source, QStringList &names, QString *error)
 {
     QByteArray bytes;
@@ -106,23 +100,23 @@ bool addTo(const RTLJEX::AnyCore &core, int port, const QList<JEX::SignalItem> &
 }
 
 ExitCode addToFile(const QString &file, const Target &target, const QStringList &names,
-                   const QUARRY::RtlNetlist &netlist, Output &out)
+                   const QUARRY::RtlNetlist &netlist, const Arguments &arguments, Output &out)
 {
     RTLJEX::Configuration configuration;
     RTLJEX::AnyCore core;
     QString error;
-    if (!configuration.read(file, &error))
-        return fail(error);
+    if (!arguments.open(file, configuration))
+        return CouldNotRun;
     if (!findCore(configuration, target, &core, &error))
-        return fail(error + " Nothing was changed.");
+        return arguments.fail(error + " Nothing was changed.");
     QStringList faults;
     const QList<JEX::SignalItem> chosen = RTLJEX::signalsNamed(&netlist, names, &faults);
     if (!faults.isEmpty())
-        return fail(faults.join("\njex add: ") + "\njex add: Nothing was changed.", Findings);
+        return arguments.fail(faults.join("\njex add: ") + "\njex add: Nothing was changed.", Findings);
     if (!addTo(core, target.port, chosen, &error))
-        return fail(error + " Nothing was changed.", Findings);
+        return arguments.fail(error + " Nothing was changed.", Findings);
     if (!configuration.rewrite(file, &error))
-        return fail(error);
+        return arguments.fail(error);
     const RTLJEX::FileFindings findings = configuration.judge(netlist);
     printFindings(file, findings, out);
     return findings.isEmpty() ? Fine : Findings;
@@ -156,24 +150,22 @@ ExitCode add(const QStringList &words, Output &out)
         return arguments.refuse(error);
     if (!arguments.readDesign(arguments.files(), options))
         return arguments.result();
-    if (options.editorFiles.size() != 1)
-        return arguments.refuse("Name one configuration (.zub).");
+    const QString file = arguments.takeConfigurations(options).value(0);
+    if (file.isEmpty())
+        return arguments.result();
     QStringList lists = arguments.parser.values("signals-from");
     for (const QString &name : arguments.parser.values("signals"))
         (name == "-" ? lists : names) << name;
     for (const QString &list : lists) {
         if (!readNames(list, names, &error))
-            return fail(error);
+            return arguments.fail(error);
     }
     if (names.isEmpty())
         return arguments.refuse("Name the signals, with --signals.");
-    const QString file = options.editorFiles.takeFirst();
-    if (!CommandLine::namesProject(options))
-        return arguments.refuse("Name the design, with --project or by its HDL files.");
     Design design;
     if (!design.open(options) || !design.elaborate())
         return CouldNotRun;
-    return addToFile(file, target, names, *design.netlist(), out);
+    return addToFile(file, target, names, *design.netlist(), arguments, out);
 }
 
 } // namespace Cli

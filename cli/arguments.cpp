@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "check/configuration.h"
 #include "check/nearestnames.h"
 #include "commandline/devicename.h"
 #include "host/designmanager.h"
@@ -95,8 +96,13 @@ QString Arguments::nearOption() const
 
 ExitCode Arguments::refuse(const QString &sentence) const
 {
-    say("jex " + m_command + ": " + sentence + " See jex " + m_command + " --help.");
-    return WrongUse;
+    return fail(sentence + " See jex " + m_command + " --help.", WrongUse);
+}
+
+ExitCode Arguments::fail(const QString &sentence, ExitCode code) const
+{
+    say("jex " + m_command + ": " + sentence);
+    return code;
 }
 
 bool Arguments::accept(const CommandLine::DesignOptions &options)
@@ -139,7 +145,7 @@ bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions 
         all.prepend(parser.value("project"));
     if (!CommandLine::addFiles(all, options, faults)) {
         for (const QString &fault : qAsConst(faults))
-            say("jex " + m_command + ": " + fault);
+            fail(fault);
         m_result = CouldNotRun;
         return false;
     }
@@ -147,6 +153,27 @@ bool Arguments::readDesign(const QStringList &files, CommandLine::DesignOptions 
     if (odd != options.sources.end())
         m_result = refuse("\"" + *odd + "\" is no HDL file. A list of sources follows -f.");
     return odd == options.sources.end();
+}
+
+QStringList Arguments::takeConfigurations(CommandLine::DesignOptions &options, int most)
+{
+    QStringList files;
+    if (options.editorFiles.isEmpty() || options.editorFiles.size() > most)
+        m_result = refuse(QString("Name %1 configuration (.zub).").arg(most == 1 ? "one" : "a"));
+    else if (!CommandLine::namesProject(options))
+        m_result = refuse("Name the design, with --project or by its HDL files.");
+    else
+        files.swap(options.editorFiles);
+    return files;
+}
+
+bool Arguments::open(const QString &file, RTLJEX::Configuration &configuration) const
+{
+    QString error;
+    if (configuration.read(file, &error))
+        return true;
+    fail(error);
+    return false;
 }
 
 } // namespace Cli

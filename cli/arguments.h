@@ -5,6 +5,10 @@
 #include "cli/command.h"
 #include "commandline/designoptions.h"
 
+namespace RTLJEX {
+class Configuration;
+}
+
 namespace Cli {
 
 // " Did you mean X?" for the known word that is nearly the same; empty when none is.
@@ -32,8 +36,9 @@ public:
     bool read(const QStringList &words, Output &out);
     ExitCode result() const { return m_result; }
 
-    // Says what is wrong with the words.
+    // Says what is wrong with the words, and what went wrong else.
     ExitCode refuse(const QString &sentence) const;
+    ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun) const;
 
     QStringList files() const { return parser.positionalArguments(); }
     bool json() const { return parser.isSet("json"); }
@@ -41,6 +46,11 @@ public:
     bool accept(const CommandLine::DesignOptions &options);
     // What the options and these files name; false after a refusal.
     bool readDesign(const QStringList &files, CommandLine::DesignOptions &options);
+    // The configurations among that, which are then no part of it any more; empty after a refusal, also when
+    // no design is named.
+    QStringList takeConfigurations(CommandLine::DesignOptions &options, int most = 1);
+    // Reads one, or says what is wrong with it.
+    bool open(const QString &file, RTLJEX::Configuration &configuration) const;
 
 private:
     QString nearOption() const; // to the first that is not known

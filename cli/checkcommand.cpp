@@ -6,15 +6,14 @@ namespace Cli {
 namespace {
 
 // Each file is judged, whatever is wrong with the others.
-ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist, bool asJson, Output &out)
+ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist, const Arguments &arguments,
+                    Output &out)
 {
     ExitCode result = Fine;
     Json all = Json::array();
     for (const QString &file : files) {
         RTLJEX::Configuration configuration;
-        QString error;
-        if (!configuration.read(file, &error)) {
-            say("jex check: " + error);
+        if (!arguments.open(file, configuration)) {
             result = CouldNotRun;
             continue;
         }
@@ -23,12 +22,12 @@ ExitCode checkFiles(const QStringList &files, const QUARRY::RtlNetlist &netlist,
             findings.errors << "There are no cores, so nothing is captured";
         if (!findings.isEmpty() && result == Fine)
             result = Findings;
-        if (asJson)
+        if (arguments.json())
             all.push_back(findingsJson(file, configuration, findings));
         else
             printFindings(file, findings, out);
     }
-    if (asJson)
+    if (arguments.json())
         printJson(Json{{"files", all}}, out);
     return result;
 }
@@ -51,16 +50,13 @@ ExitCode check(const QStringList &words, Output &out)
     CommandLine::DesignOptions options;
     if (!arguments.read(words, out) || !arguments.readDesign(arguments.files(), options))
         return arguments.result();
-    if (options.editorFiles.isEmpty())
-        return arguments.refuse("Name a configuration (.zub).");
-    if (!CommandLine::namesProject(options))
-        return arguments.refuse("Name the design, with --project or by its HDL files.");
-    const QStringList files = options.editorFiles;
-    options.editorFiles.clear();
+    const QStringList files = arguments.takeConfigurations(options, options.editorFiles.size());
+    if (files.isEmpty())
+        return arguments.result();
     Design design;
     if (!design.open(options) || !design.elaborate())
         return CouldNotRun;
-    return checkFiles(files, *design.netlist(), arguments.json(), out);
+    return checkFiles(files, *design.netlist(), arguments, out);
 }
 
 } // namespace Cli

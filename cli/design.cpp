@@ -6,7 +6,6 @@
 #include "cli/waiting.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
-#include "host/designmanager.h"
 
 namespace Cli {
 namespace {
@@ -46,14 +45,9 @@ bool Design::open(const CommandLine::DesignOptions &options)
     return good;
 }
 
-QUARRY::DesignInput Design::input()
-{
-    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-}
-
 bool Design::elaborate()
 {
-    const QUARRY::DesignInput input = this->input();
+    const QUARRY::DesignInput input = QUARRY::projectInput();
     QStringList files;
     for (const QUARRY::DesignSource &file : input.files)
         files << file.path;

@@ -4,7 +4,6 @@
 
 #include "cli/command.h"
 #include "commandline/designoptions.h"
-#include "elaboration/tools/designinput.h"
 #include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -20,8 +19,6 @@ public:
     bool open(const CommandLine::DesignOptions &options);
     // Runs the tools; an interrupt ends them and cleans up. False too when an editor would refuse the design.
     bool elaborate();
-
-    static QUARRY::DesignInput input(); // of the open project
 
     const Core::Project &project() const { return m_project; }
     QUARRY::RtlNetlist *netlist() const { return m_netlist.get(); } // not null once elaborated

@@ -32,11 +32,8 @@ ExitCode diff(const QStringList &words, Output &out)
     if (arguments.files().size() != 2)
         return arguments.refuse("Name two configurations (.zub).");
     RTLJEX::Configuration older, newer;
-    QString error;
-    if (!older.read(arguments.files().at(0), &error) || !newer.read(arguments.files().at(1), &error)) {
-        say("jex diff: " + error);
+    if (!arguments.open(arguments.files().at(0), older) || !arguments.open(arguments.files().at(1), newer))
         return CouldNotRun;
-    }
     const QList<Difference> found = differences(older, newer);
     Json json = Json::array();
     for (const Difference &difference : found) {

@@ -5,15 +5,6 @@
 #include "host/regularfile.h"
 
 namespace Cli {
-namespace {
-
-ExitCode failFor(const char *command, const QString &error)
-{
-    say(QString("jex ") + command + ": " + error);
-    return CouldNotRun;
-}
-
-} // namespace
 
 ExitCode makeNew(const QStringList &words, Output &out)
 {
@@ -34,10 +25,10 @@ ExitCode makeNew(const QStringList &words, Output &out)
     if (!file.endsWith(".zub", Qt::CaseInsensitive))
         return arguments.refuse("The name of a configuration ends in .zub, \"" + file + "\" does not.");
     if (QFileInfo::exists(file) || QFileInfo(file).isSymLink())
-        return failFor("new", "The file \"" + file + "\" exists already. Name another one, or remove it.");
+        return arguments.fail("The file \"" + file + "\" exists already. Name another one, or remove it.");
     const RTLJEX::Configuration empty(JEX::modeNamed(mode));
     QString error;
-    return empty.rewrite(file, &error) ? Fine : failFor("new", error);
+    return empty.rewrite(file, &error) ? Fine : arguments.fail(error);
 }
 
 ExitCode format(const QStringList &words, Output &out)
@@ -70,7 +61,7 @@ ExitCode format(const QStringList &words, Output &out)
             result = qMax(result, Findings);
         }
         if (!done)
-            result = failFor("fmt", error);
+            result = arguments.fail(error);
     }
     return result;
 }

@@ -2,6 +2,7 @@
 
 #include "cli/judgedinput.h"
 #include "cli/waiting.h"
+#include "elaboration/elaboration.h"
 #include "insertion/benchreading.h"
 #include "insertion/insertionjob.h"
 #include "insertion/outputfolder.h"
@@ -29,7 +30,7 @@ QStringList sourcesOf(const Design &design, const QString &configuration)
     QStringList sources{configuration};
     if (!design.project().filePath().isEmpty())
         sources << design.project().filePath();
-    for (const QUARRY::DesignSource &source : Design::input().files)
+    for (const QUARRY::DesignSource &source : QUARRY::projectInput().files)
         sources << source.path;
     return sources;
 }
@@ -40,7 +41,7 @@ bool findInstance(const QStringList &bench, const QString &top, QString *instanc
     QStringList files;
     for (const QString &file : bench)
         files << QFileInfo(file).absoluteFilePath();
-    Insertion::BenchReading reading(Design::input(), files, top, *instance);
+    Insertion::BenchReading reading(QUARRY::projectInput(), files, top, *instance);
     runUntilInterrupted(reading);
     for (const QString &error : reading.errors())
         say("jex insert: " + error);
@@ -106,14 +107,12 @@ ExitCode insert(const QStringList &words, Output &out)
         return arguments.refuse("Name the folder for what is made, with --output.");
     JudgedInput input;
     ExitCode result = Fine;
-    if (!input.open(arguments, options, "insert", &result))
+    if (!input.open(arguments, options, &result))
         return result;
     const Insertion::OutputFolder output(folder, sourcesOf(input.design, input.file));
     QString error = output.fault();
-    if (!error.isEmpty()) {
-        say("jex insert: " + error);
-        return CouldNotRun;
-    }
+    if (!error.isEmpty())
+        return arguments.fail(error);
     if (!input.judge(out, &result))
         return result;
     const QStringList bench = arguments.parser.values("bench");
@@ -123,15 +122,13 @@ ExitCode insert(const QStringList &words, Output &out)
     const int cores = input.configuration.cores().size();
     const DEV::DeviceArg &device = input.design.project().data().device;
     how.device = JEX_TOOL::findDevice(device.series, device.device);
-    Insertion::InsertionJob job(Design::input(), input.configuration, *input.design.netlist(), how);
+    Insertion::InsertionJob job(QUARRY::projectInput(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
     result = judged(job);
     if (job.files().isEmpty())
         return result;
-    if (!output.write(job.files(), &error)) {
-        say("jex insert: " + error);
-        return CouldNotRun;
-    }
+    if (!output.write(job.files(), &error))
+        return arguments.fail(error);
     out.line(input.file + ": " + QString::number(cores) + (cores == 1 ? " core in " : " cores in ") + folder);
     return result;
 }

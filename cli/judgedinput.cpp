@@ -4,28 +4,11 @@
 
 namespace Cli {
 
-bool JudgedInput::open(Arguments &arguments, const CommandLine::DesignOptions &named, const char *command,
-                       ExitCode *result)
+bool JudgedInput::open(Arguments &arguments, CommandLine::DesignOptions options, ExitCode *result)
 {
-    CommandLine::DesignOptions options = named;
-    *result = WrongUse;
-    if (options.editorFiles.size() != 1) {
-        arguments.refuse("Name one configuration (.zub).");
-        return false;
-    }
-    if (!CommandLine::namesProject(options)) {
-        arguments.refuse("Name the design, with --project or by its HDL files.");
-        return false;
-    }
-    file = options.editorFiles.takeFirst();
-    *result = CouldNotRun;
-    QString error;
-    if (!design.open(options))
-        return false;
-    if (configuration.read(file, &error))
-        return true;
-    say(QString("jex ") + command + ": " + error);
-    return false;
+    file = arguments.takeConfigurations(options).value(0);
+    *result = file.isEmpty() ? arguments.result() : CouldNotRun;
+    return !file.isEmpty() && design.open(options) && arguments.open(file, configuration);
 }
 
 bool JudgedInput::judge(Output &out, ExitCode *result)

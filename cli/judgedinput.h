@@ -18,8 +18,7 @@ struct JudgedInput
 
     // The configuration and the design that the words name; false when the command is over, then `result` is
     // set.
-    bool open(Arguments &arguments, const CommandLine::DesignOptions &options, const char *command,
-              ExitCode *result);
+    bool open(Arguments &arguments, CommandLine::DesignOptions options, ExitCode *result);
     bool judge(Output &out, ExitCode *result);
 };
 

@@ -6,12 +6,6 @@
 namespace Cli {
 namespace {
 
-ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
-{
-    say("jex merge: " + sentence);
-    return code;
-}
-
 // What both sides added has an empty file for its base.
 bool isEmptyFile(const QString &path)
 {
@@ -19,7 +13,8 @@ bool isEmptyFile(const QString &path)
     return info.isFile() && info.size() == 0;
 }
 
-ExitCode write(const RTLJEX::Configuration &configuration, const QString &file, Output &out)
+ExitCode write(const RTLJEX::Configuration &configuration, const QString &file, const Arguments &arguments,
+               Output &out)
 {
     QByteArray bytes;
     QString error;
@@ -27,7 +22,7 @@ ExitCode write(const RTLJEX::Configuration &configuration, const QString &file, 
         out.write(bytes.constData(), size_t(bytes.size()));
     else if (file != "-")
         configuration.rewrite(file, &error);
-    return error.isEmpty() ? Fine : fail(error);
+    return error.isEmpty() ? Fine : arguments.fail(error);
 }
 
 } // namespace
@@ -49,22 +44,22 @@ ExitCode merge(const QStringList &words, Output &out)
     if (arguments.files().size() != 3)
         return arguments.refuse("Name three configurations (.zub).");
     RTLJEX::Configuration ours, theirs;
-    QString error;
-    if (!ours.read(arguments.files().at(1), &error) || !theirs.read(arguments.files().at(2), &error))
-        return fail(error);
+    if (!arguments.open(arguments.files().at(1), ours) || !arguments.open(arguments.files().at(2), theirs))
+        return CouldNotRun;
     const bool isAdded = isEmptyFile(arguments.files().at(0));
     RTLJEX::Configuration base(isAdded ? ours.mode() : JEX::InvalidMode);
-    if (!isAdded && !base.read(arguments.files().at(0), &error))
-        return fail(error);
+    if (!isAdded && !arguments.open(arguments.files().at(0), base))
+        return CouldNotRun;
     if (theirs.mode() != ours.mode() || base.mode() != ours.mode())
-        return fail("The files are " + base.modeName() + ", " + ours.modeName() + " and " +
-                    theirs.modeName() + "; only those of one mode can be merged. Nothing was changed.");
+        return arguments.fail("The files are " + base.modeName() + ", " + ours.modeName() + " and " +
+                              theirs.modeName() +
+                              "; only those of one mode can be merged. Nothing was changed.");
     const QStringList conflicts = mergeConfigurations(base, theirs, ours);
     const QString output = arguments.parser.value("output");
-    const ExitCode written = write(ours, output.isEmpty() ? arguments.files().at(1) : output, out);
+    ExitCode result = write(ours, output.isEmpty() ? arguments.files().at(1) : output, arguments, out);
     for (const QString &conflict : conflicts)
-        say("jex merge: " + conflict + '.');
-    return conflicts.isEmpty() ? written : qMax(written, Findings);
+        result = qMax(result, arguments.fail(conflict + '.', Findings));
+    return result;
 }
 
 } // namespace Cli

@@ -146,16 +146,14 @@ ExitCode nets(const QStringList &words, Output &out)
     search.searchInModule = true;
     search.module = isWhole ? top : findInstance(top, instance);
     search.includeSubentries = isWhole || arguments.parser.isSet("recursive");
-    if (!search.module) {
-        say("jex nets: The design has no instance \"" + instance +
-            "\"; jex nets --tree shows those that it has.");
-        return CouldNotRun;
-    }
+    if (!search.module)
+        return arguments.fail("The design has no instance \"" + instance +
+                              "\"; jex nets --tree shows those that it has.");
     if (printFound(search, design.netlist(), arguments.parser.isSet("tree"), arguments.json(), out))
         return Fine;
-    say(search.pattern.isEmpty() ? QString("jex nets: There are no nets.")
-                                 : "jex nets: No net matches \"" + search.pattern + "\".");
-    return Findings;
+    return arguments.fail(search.pattern.isEmpty() ? QString("There are no nets.")
+                                                   : "No net matches \"" + search.pattern + "\".",
+                          Findings);
 }
 
 } // namespace Cli

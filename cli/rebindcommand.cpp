@@ -6,12 +6,6 @@
 namespace Cli {
 namespace {
 
-ExitCode fail(const QString &sentence, ExitCode code = CouldNotRun)
-{
-    say("jex rebind: " + sentence);
-    return code;
-}
-
 struct Outcome : RTLJEX::Rebinding
 {
     bool isWritten = false;
@@ -50,8 +44,8 @@ ExitCode rebindFile(const QString &file, const RTLJEX::Renaming &renaming, const
 {
     RTLJEX::Configuration configuration;
     QString error;
-    if (!configuration.read(file, &error))
-        return fail(error);
+    if (!arguments.open(file, configuration))
+        return CouldNotRun;
     Outcome outcome = rename(file, renaming, netlist, configuration);
     if (outcome.refusal.isEmpty() && !arguments.parser.isSet("dry-run"))
         outcome.isWritten = configuration.rewrite(file, &error);
@@ -60,9 +54,9 @@ ExitCode rebindFile(const QString &file, const RTLJEX::Renaming &renaming, const
     else
         print(file, outcome, out);
     if (!outcome.refusal.isEmpty())
-        return fail(outcome.refusal + " Nothing was changed.", Findings);
+        return arguments.fail(outcome.refusal + " Nothing was changed.", Findings);
     if (!error.isEmpty())
-        return fail(error);
+        return arguments.fail(error);
     return outcome.findings.isEmpty() ? Fine : Findings;
 }
 
@@ -95,11 +89,9 @@ ExitCode rebind(const QStringList &words, Output &out)
         return arguments.refuse(error);
     if (!arguments.readDesign(arguments.files(), options))
         return arguments.result();
-    if (options.editorFiles.size() != 1)
-        return arguments.refuse("Name one configuration (.zub).");
-    if (!CommandLine::namesProject(options))
-        return arguments.refuse("Name the design, with --project or by its HDL files.");
-    const QString file = options.editorFiles.takeFirst();
+    const QString file = arguments.takeConfigurations(options).value(0);
+    if (file.isEmpty())
+        return arguments.result();
     Design design;
     if (!design.open(options) || !design.elaborate())
         return CouldNotRun;

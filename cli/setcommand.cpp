@@ -4,15 +4,6 @@
 #include "gateware/corefault.h"
 
 namespace Cli {
-namespace {
-
-ExitCode fail(const QString &sentence, ExitCode code)
-{
-    say("jex set: " + sentence);
-    return code;
-}
-
-} // namespace
 
 ExitCode set(const QStringList &words, Output &out)
 {
@@ -33,24 +24,24 @@ ExitCode set(const QStringList &words, Output &out)
         return arguments.refuse("Name one configuration (.zub) and what is to be set.");
     RTLJEX::Configuration before, configuration;
     QString error;
-    if (!before.read(file, &error) || !configuration.read(file, &error))
-        return fail(error, CouldNotRun);
+    if (!arguments.open(file, before) || !arguments.open(file, configuration))
+        return CouldNotRun;
     for (const QString &word : arguments.files().mid(1)) {
         Setting setting;
         if (!setting.read(word, &error))
             return arguments.refuse(error);
         if (!setting.apply(configuration, &error))
-            return fail(error + " Nothing was changed.", WrongUse);
+            return arguments.fail(error + " Nothing was changed.", WrongUse);
     }
     for (const Difference &difference : differences(before, configuration))
         out.line(differenceSentence(difference));
     if (!arguments.parser.isSet("dry-run") && !configuration.rewrite(file, &error))
-        return fail(error, CouldNotRun);
+        return arguments.fail(error);
     ExitCode result = Fine;
     for (const RTLJEX::AnyCore &core : configuration.cores()) {
         const QString fault = RTLJEX::coreFault(core);
         if (!fault.isEmpty())
-            result = fail(fault, Findings);
+            result = arguments.fail(fault, Findings);
     }
     return result;
 }

@@ -152,11 +152,8 @@ ExitCode show(const QStringList &words, Output &out)
     if (arguments.files().size() != 1)
         return arguments.refuse("Name one configuration (.zub).");
     RTLJEX::Configuration configuration;
-    QString error;
-    if (!configuration.read(arguments.files().first(), &error)) {
-        say("jex show: " + error);
+    if (!arguments.open(arguments.files().first(), configuration))
         return CouldNotRun;
-    }
     const QList<RTLJEX::AnyCore> cores = configuration.cores();
     if (arguments.json()) {
         Json json;

@@ -2,6 +2,7 @@
 
 #include "cli/judgedinput.h"
 #include "cli/waiting.h"
+#include "elaboration/elaboration.h"
 #include "host/regularfile.h"
 #include "insertion/simulationjob.h"
 
@@ -87,16 +88,14 @@ ExitCode simulate(const QStringList &words, Output &out)
     how.records = !raw.isEmpty();
     JudgedInput input;
     ExitCode result = Fine;
-    if (!input.open(arguments, options, "simulate", &result) || !input.judge(out, &result))
+    if (!input.open(arguments, options, &result) || !input.judge(out, &result))
         return result;
-    Job job(Design::input(), input.configuration, *input.design.netlist(), how);
+    Job job(QUARRY::projectInput(), input.configuration, *input.design.netlist(), how);
     runUntilInterrupted(job);
     result = judged(job);
     QString error;
-    if (!job.write(output, raw, &error)) {
-        say("jex simulate: " + error);
-        return CouldNotRun;
-    }
+    if (!job.write(output, raw, &error))
+        return arguments.fail(error);
     if (!job.waveform().isEmpty())
         out.line(input.file + ": " + QString::number(windowCount(job)) +
                  (windowCount(job) == 1 ? " window in " : " windows in ") + output);

@@ -110,11 +110,6 @@ bool addCore(const RTLJEX::AnyCore &core, const JEX_TOOL::Device &device, Json *
     return over;
 }
 
-DEV::DeviceArg deviceOf(const Design &design)
-{
-    return design.project().data().device;
-}
-
 Json deviceJson(const DEV::DeviceArg &device)
 {
     return {{"series", QUtil::toUtf8(device.series)},
@@ -152,22 +147,18 @@ ExitCode usage(const QStringList &words, Output &out)
         options.projectFile = CommandLine::projectBeside(arguments.files().first());
     RTLJEX::Configuration configuration;
     Design design;
-    QString error;
     if (!design.open(options))
         return CouldNotRun;
-    const DEV::DeviceArg device = deviceOf(design);
+    const DEV::DeviceArg device = design.project().data().device;
     if (device.device.isEmpty())
         return arguments.refuse("Name the device with --device, or with --project a project that has one.");
     const JEX_TOOL::Device *known = JEX_TOOL::findDevice(device.series, device.device);
-    if (!known) {
-        say("jex usage: The device \"" + device.device +
+    if (!known)
+        return arguments.fail(
+            "The device \"" + device.device +
             "\" of the project is not known. Name one that jex devices lists with --device.");
+    if (!arguments.open(arguments.files().first(), configuration))
         return CouldNotRun;
-    }
-    if (!configuration.read(arguments.files().first(), &error)) {
-        say("jex usage: " + error);
-        return CouldNotRun;
-    }
     bool over = false;
     Json json{{"device", deviceJson(device)}, {"cores", Json::array()}};
     if (!arguments.json())

@@ -4,9 +4,8 @@
 #include <QMessageBox>
 
 #include "elaboration/elaboration.h"
-#include "elaboration/elaborationdialog.h"
+#include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
-#include "host/designmanager.h"
 #include "host/designnews.h"
 #include "host/eventmanager.h"
 #include "host/modal.h"
@@ -47,7 +46,7 @@ bool runAlone(ReadingJob &job, const QString &title, int delayMs, QWidget *paren
     if (isReading)
         return false;
     isReading = true;
-    ElaborationDialog(title, delayMs, parent).run(job);
+    JobDialog(title, delayMs, parent).run(job);
     isReading = false;
     wasCancelled = job.isCancelled();
     return true;
@@ -86,8 +85,7 @@ bool catchRtlNetsWithProgressDialog(RtlNetlist **netlist, QStringList &messages,
 {
     const NewsKept news;
     *netlist = nullptr;
-    ReadingJob job(designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
-                   ReadingJob::Netlist);
+    ReadingJob job(projectInput(), ReadingJob::Netlist);
     const QPointer<QWidget> owner(parent);
     if (!runAlone(job, Texts::tr("Read Design"), 0, parent)) {
         messages.append(busyMessage());

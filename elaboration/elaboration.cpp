@@ -41,6 +41,11 @@ DesignInput designInputFromInfo(const QMap<QString, QVariant> &info)
     return input;
 }
 
+DesignInput projectInput()
+{
+    return designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+}
+
 ModuleList listModules(const DesignInput &input)
 {
     ReadingJob job(input, ReadingJob::Modules);

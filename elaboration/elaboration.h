@@ -12,6 +12,7 @@ class RtlNetlist;
 
 // From the information map of TE::DesignManager::getSourceFileInfo(); missing keys are empty.
 DesignInput designInputFromInfo(const QMap<QString, QVariant> &info);
+DesignInput projectInput(); // of the project that is open
 
 // For programs without a window: each waits for a ReadingJob, in an event loop of its own. The second uses
 // what the first already elaborated while the sources are unchanged, and gives null, with messages, when the

@@ -50,38 +50,19 @@ void ReadingJob::start()
     runningJobs().insert(this);
     std::unique_ptr<Elaboration> known = takeLastDesign(m_input);
     if (m_goal == Netlist && known)
-        return takeLists(std::move(known));
+        return takeElaboration(std::move(known));
     m_start = QDateTime::currentDateTime();
-    m_elaborator.reset(new Elaborator(m_input));
-    // Queued, so that who hears of it may cancel or delete the job.
-    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
-            Qt::QueuedConnection);
-    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeElaboration()), Qt::QueuedConnection);
-    m_elaborator->start();
+    elaborate(m_input);
 }
 
-void ReadingJob::cancel()
+void ReadingJob::drop()
 {
-    if (m_isFinished)
-        return;
-    m_elaborator.reset();
     m_reader.reset();
     m_design.reset();
     m_lists = ModuleList();
-    m_lists.cancelled = true;
-    finish();
 }
 
-void ReadingJob::takeElaboration()
-{
-    if (!m_elaborator)
-        return;
-    std::unique_ptr<Elaboration> design = m_elaborator->takeResult();
-    m_elaborator.reset();
-    takeLists(std::move(design));
-}
-
-void ReadingJob::takeLists(std::unique_ptr<Elaboration> design)
+void ReadingJob::takeElaboration(std::unique_ptr<Elaboration> design)
 {
     m_lists = design->lists;
     if (m_goal == Modules) {
@@ -118,13 +99,6 @@ void ReadingJob::readNetlist()
 RtlNetlist *ReadingJob::takeNetlist()
 {
     return m_netlist.release();
-}
-
-void ReadingJob::finish()
-{
-    m_isFinished = true;
-    runningJobs().remove(this);
-    Q_EMIT finished();
 }
 
 } // namespace QUARRY

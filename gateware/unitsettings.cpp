@@ -1,7 +1,5 @@
 #include "gateware/unitsettings.h"
 
-#include "gateware/coretaps.h"
-
 namespace RTLJEX {
 
 namespace {
@@ -34,16 +32,6 @@ QList<UnitSetting> unitSettings(const JEX::MatchUnit &unit)
             {"CARE", among(unit.value, "01RF")},
             {"LEVEL", among(unit.value, "1RB")},
             {"UPPER", among(unit.upperValue, "1").leftJustified(unit.value.size(), '0', true)}};
-}
-
-QByteArray loadedSettings(const JEX::AoCore &core)
-{
-    QByteArray all;
-    for (const JEX::MatchUnit *unit : coreUnits(core)) {
-        for (const UnitSetting &setting : unitSettings(*unit))
-            all += setting.digits;
-    }
-    return all;
 }
 
 } // namespace RTLJEX

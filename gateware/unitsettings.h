@@ -16,8 +16,4 @@ struct UnitSetting
 // What a match unit compares for, in the order of its registers. The unit must be without fault.
 QList<UnitSetting> unitSettings(const JEX::MatchUnit &unit);
 
-// The settings of all units of a core as one number. They are loaded through its control port with the last
-// digit first; see docs/gateware.md.
-QByteArray loadedSettings(const JEX::AoCore &core);
-
 } // namespace RTLJEX

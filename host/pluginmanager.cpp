@@ -79,12 +79,4 @@ void PluginManager::shutDown()
         m_plugins.takeLast().plugin->shutDown();
 }
 
-QStringList PluginManager::loadedFiles() const
-{
-    QStringList files;
-    for (const Loaded &loaded : m_plugins)
-        files.append(loaded.path);
-    return files;
-}
-
 } // namespace ExtSys

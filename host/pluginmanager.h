@@ -26,8 +26,6 @@ public:
     // In reverse order. Afterwards no plug-in is left.
     void shutDown();
 
-    QStringList loadedFiles() const; // in order of loading
-
 private:
     struct Loaded
     {

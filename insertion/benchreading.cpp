@@ -17,27 +17,15 @@ BenchReading::BenchReading(const DesignInput &design, const QStringList &bench, 
 {
 }
 
-BenchReading::~BenchReading() = default;
-
 void BenchReading::start()
 {
     read(QString());
 }
 
-void BenchReading::cancel()
-{
-    if (m_isOver)
-        return;
-    m_elaborator.reset();
-    m_isCancelled = true;
-    end({});
-}
-
 void BenchReading::end(const QStringList &errors)
 {
-    m_isOver = true;
     m_errors = errors;
-    Q_EMIT finished();
+    finish();
 }
 
 void BenchReading::read(const QString &top)
@@ -52,11 +40,7 @@ void BenchReading::read(const QString &top)
         input.files << source;
     }
     m_top = top;
-    m_elaborator.reset(new Elaborator(input));
-    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
-            Qt::QueuedConnection);
-    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(take()), Qt::QueuedConnection);
-    m_elaborator->start();
+    elaborate(input);
 }
 
 // Of the files of the bench.
@@ -77,12 +61,8 @@ QStringList BenchReading::modules()
     return names;
 }
 
-void BenchReading::take()
+void BenchReading::takeElaboration(std::unique_ptr<Elaboration> bench)
 {
-    if (!m_elaborator)
-        return;
-    const std::unique_ptr<Elaboration> bench = m_elaborator->takeResult();
-    m_elaborator.reset();
     const ModuleList &lists = bench->lists;
     if (lists.anyError())
         return end(lists.errors());

@@ -1,6 +1,7 @@
 #include "insertion/insertionjob.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include "elaboration/tools/confinement.h"
@@ -59,17 +60,17 @@ int openConstants(const QByteArray &verilog)
 
 InsertionJob::InsertionJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
                            const RtlNetlist &netlist, const InsertionOptions &options)
-    : m_input(input),
+    : AnalyzerJob(input, configuration, options.cores, netlist),
       m_options(options),
-      m_analyzer(new Analyzer(configuration, options.cores, netlist)),
-      m_runner(new ToolRunner),
       m_surgery(new Surgery),
       m_report(new InsertionReport)
 {
-    connect(m_runner.get(), &ToolRunner::stageChanged, this, &InsertionJob::stageChanged);
 }
 
-InsertionJob::~InsertionJob() = default;
+InsertionJob::~InsertionJob()
+{
+    m_runner.reset(); // the tools end before their folder goes
+}
 
 QStringList InsertionJob::fileNames()
 {
@@ -81,58 +82,19 @@ QByteArray InsertionJob::prefix() const
     return m_surgery->prefix;
 }
 
-void InsertionJob::start()
+QString InsertionJob::scratchPath() const
 {
-    QMetaObject::invokeMethod(this, "begin", Qt::QueuedConnection);
-}
-
-void InsertionJob::cancel()
-{
-    if (m_isOver)
-        return;
-    m_runner.reset();
-    m_elaborator.reset();
-    m_files.clear();
-    end(Cancelled);
-}
-
-void InsertionJob::end(Outcome outcome)
-{
-    if (m_isOver)
-        return;
-    m_isOver = true;
-    m_outcome = outcome;
-    Q_EMIT finished();
-}
-
-void InsertionJob::fail(Outcome outcome, const QStringList &sentences)
-{
-    const QString full = m_elaboration ? fullDiskMessage(m_elaboration->scratch->path()) : QString();
-    for (const QString &sentence : full.isEmpty() ? sentences : QStringList(full))
-        m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
-    m_files.clear();
-    end(outcome);
+    return m_elaboration ? m_elaboration->scratch->path() : QString();
 }
 
 void InsertionJob::begin()
 {
-    if (m_isOver)
-        return;
-    if (!m_analyzer->faults().isEmpty())
-        return fail(Refused, m_analyzer->faults());
-    m_elaborator.reset(new Elaborator(m_input));
-    connect(m_elaborator.get(), SIGNAL(stageChanged(QString)), SIGNAL(stageChanged(QString)),
-            Qt::QueuedConnection);
-    connect(m_elaborator.get(), SIGNAL(finished()), SLOT(takeElaboration()), Qt::QueuedConnection);
-    m_elaborator->start();
+    elaborate(m_input);
 }
 
-void InsertionJob::takeElaboration()
+void InsertionJob::takeElaboration(std::unique_ptr<Elaboration> design)
 {
-    if (!m_elaborator)
-        return;
-    m_elaboration = m_elaborator->takeResult();
-    m_elaborator.reset();
+    m_elaboration = std::move(design);
     if (!m_elaboration->usable)
         return fail(Failed, m_elaboration->lists.errors());
     m_yosys.reset(new YosysCalls(m_input, *m_elaboration));
@@ -198,7 +160,7 @@ void InsertionJob::tap()
     insertTaps(design, m_analyzer->taps().taps(), *m_surgery);
     if (!design.write(m_yosys->tappedFile(), &error))
         return fail(Failed, {error});
-    if (!put(m_yosys->coresFile(), m_analyzer->coresText()))
+    if (!m_elaboration->scratch->write(QFileInfo(m_yosys->coresFile()).fileName(), m_analyzer->coresText()))
         return fail(Failed, {tr("A temporary file could not be written. Make room on the disk.")});
     m_runner->tellStage(tr("Putting the analyzer into the design"));
     m_runner->run(m_yosys->tapping(), [this](const ToolResult &result) {
@@ -327,14 +289,6 @@ bool InsertionJob::take(const QString &path, QByteArray *bytes)
     }
     fail(Failed, {tr("Yosys did not write what it was asked for, or too much of it.")});
     return false;
-}
-
-bool InsertionJob::put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    file.remove(); // it may be a link
-    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(bytes) == bytes.size() &&
-           file.flush();
 }
 
 } // namespace Insertion

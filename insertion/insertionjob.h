@@ -1,19 +1,8 @@
 #pragma once
 
 #include <QMap>
-#include <QObject>
-#include <QStringList>
 
-#include <memory>
-
-#include "elaboration/tools/designinput.h"
-#include "elaboration/tools/toolrunner.h"
-#include "gateware/coretext.h"
-
-namespace QUARRY {
-class Elaborator;
-struct Elaboration;
-} // namespace QUARRY
+#include "insertion/analyzerjob.h"
 
 namespace JEX_TOOL {
 struct Device;
@@ -21,7 +10,6 @@ struct Device;
 
 namespace Insertion {
 
-class Analyzer;
 class YosysCalls;
 struct InsertionReport;
 struct Surgery;
@@ -37,53 +25,27 @@ struct InsertionOptions
 };
 
 // Makes the analyzer of a configuration, puts it into the design and proves that nothing else of the design
-// changed. Works from the event loop, like a ReadingJob; deleting it kills the tools. Nothing is written but
-// temporary files: what was made is a result.
-class InsertionJob : public QObject
+// changed. Nothing is written but temporary files: what was made is a result.
+class InsertionJob : public AnalyzerJob
 {
     Q_OBJECT
 
 public:
-    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the
-    // job.
     InsertionJob(const QUARRY::DesignInput &input, const RTLJEX::Configuration &configuration,
                  const QUARRY::RtlNetlist &netlist, const InsertionOptions &options);
     ~InsertionJob() override;
 
-    void start();
-
-    enum Outcome {
-        Cancelled,
-        Failed,    // a tool could not do its work, or the disk is full
-        Refused,   // a signal cannot be tapped, or the proof failed: the errors say why
-        CoresOnly, // Yosys cannot read the sources: there is no design
-        Done
-    };
-    Outcome outcome() const { return m_outcome; }
-    bool isFinished() const { return m_isOver; }
-    const QStringList &messages() const
-    {
-        return m_messages;
-    }                               // sentences; those that end the job begin with ERROR
-    static QStringList fileNames(); // that files() may have
+    static QStringList fileNames();                                    // that files() may have
     const QMap<QString, QByteArray> &files() const { return m_files; } // by name
     const Analyzer &analyzer() const { return *m_analyzer; }
     QByteArray prefix() const; // of the names that were added to the design
 
-public Q_SLOTS:
-    void cancel();
-
-Q_SIGNALS:
-    void stageChanged(const QString &text); // "Reading 12 source files"
-    void finished();                        // once
-
-private Q_SLOTS:
-    void begin();
-    void takeElaboration();
-
 private:
     typedef std::function<void()> Step;
 
+    void begin() override;
+    void takeElaboration(std::unique_ptr<QUARRY::Elaboration> design) override;
+    QString scratchPath() const override;
     void read();
     void judgeReading(const QUARRY::ToolResult &result);
     void giveCoresOnly(const QString &reason);
@@ -96,23 +58,13 @@ private:
     void finishDesign();
     // Reads what the tool wrote; a failure ends the job.
     bool take(const QString &path, QByteArray *bytes);
-    bool put(const QString &path, const QByteArray &bytes);
-    void fail(Outcome outcome, const QStringList &sentences);
-    void end(Outcome outcome);
 
-    const QUARRY::DesignInput m_input;
     const InsertionOptions m_options;
-    std::unique_ptr<Analyzer> m_analyzer;
-    std::unique_ptr<QUARRY::ToolRunner> m_runner;
-    std::unique_ptr<QUARRY::Elaborator> m_elaborator;
     std::unique_ptr<QUARRY::Elaboration> m_elaboration;
     std::unique_ptr<YosysCalls> m_yosys;
     std::unique_ptr<Surgery> m_surgery;
     std::unique_ptr<InsertionReport> m_report;
-    QStringList m_messages;
     QMap<QString, QByteArray> m_files;
-    Outcome m_outcome = Cancelled;
-    bool m_isOver = false;
 };
 
 } // namespace Insertion

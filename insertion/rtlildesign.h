@@ -46,7 +46,6 @@ public:
     const RtlilModule *module(const QByteArray &name); // null when there is none
     QByteArray topModule() const { return m_top; }     // marked as such; empty when there is none
     bool mentions(const QByteArray &word) const { return m_text.contains(word); }
-    QList<QByteArray> moduleNames() const { return m_modules.keys(); }
 
     // Lines before what stands at that place; at one place in the order of the calls.
     void insert(qint64 place, const QByteArray &lines) { m_insertions.emplace_back(place, lines); }

@@ -42,69 +42,50 @@ QStringList lastLines(const QByteArray &words)
     return lines.mid(qMax(0, lines.size() - maxShownLines));
 }
 
+RTLJEX::CoreOptions coreOptions(const SimulationOptions &options)
+{
+    RTLJEX::CoreOptions cores;
+    cores.triggerByAny = options.triggerByAny;
+    cores.startsArmed = true;
+    return cores;
+}
+
 } // namespace
 
 SimulationJob::SimulationJob(const DesignInput &input, const RTLJEX::Configuration &configuration,
                              const RtlNetlist &netlist, const SimulationOptions &options)
-    : m_input(input),
+    : AnalyzerJob(input, configuration, coreOptions(options), netlist),
       m_configuration(configuration),
       m_netlist(netlist),
       m_options(options),
       m_scratch(new ScratchDir),
       m_names(new SafeNames(*m_scratch)),
-      m_runner(new ToolRunner),
       m_top(netlist.topHierarchy->moduleName)
 {
-    RTLJEX::CoreOptions cores;
-    cores.triggerByAny = options.triggerByAny;
-    cores.startsArmed = true;
-    m_analyzer.reset(new Analyzer(configuration, cores, netlist));
-    connect(m_runner.get(), &ToolRunner::stageChanged, this, &SimulationJob::stageChanged);
 }
 
-SimulationJob::~SimulationJob() = default;
-
-void SimulationJob::start()
+SimulationJob::~SimulationJob()
 {
-    QMetaObject::invokeMethod(this, "begin", Qt::QueuedConnection);
+    m_runner.reset(); // the tools end before their folder goes
 }
 
-void SimulationJob::cancel()
+QString SimulationJob::scratchPath() const
 {
-    if (m_isOver)
-        return;
-    m_runner.reset();
+    return m_scratch->path();
+}
+
+void SimulationJob::drop()
+{
+    AnalyzerJob::drop();
     m_bench.reset();
     if (m_insertion) {
         m_insertion->disconnect(this);
         m_insertion->cancel();
     }
-    end(Cancelled);
-}
-
-void SimulationJob::end(Outcome outcome)
-{
-    if (m_isOver)
-        return;
-    m_isOver = true;
-    m_outcome = outcome;
-    Q_EMIT finished();
-}
-
-void SimulationJob::fail(Outcome outcome, const QStringList &sentences)
-{
-    const QString full = m_scratch ? fullDiskMessage(m_scratch->path()) : QString();
-    for (const QString &sentence : full.isEmpty() ? sentences : QStringList(full))
-        m_messages << (isError(sentence) ? sentence : "ERROR: " + sentence);
-    end(outcome);
 }
 
 void SimulationJob::begin()
 {
-    if (m_isOver)
-        return;
-    if (!m_analyzer->faults().isEmpty())
-        return fail(Refused, m_analyzer->faults());
     const QString fault = confinementFault();
     if (!fault.isEmpty())
         return fail(Failed, {tr("The test bench is not run, since %1.").arg(fault)});
@@ -119,7 +100,7 @@ void SimulationJob::begin()
 
 void SimulationJob::takeBench()
 {
-    if (m_isOver)
+    if (isFinished())
         return;
     if (!m_bench->errors().isEmpty())
         return fail(Failed, m_bench->errors());
@@ -148,8 +129,7 @@ void SimulationJob::prepare()
     if (!needsNetlist())
         return compile();
     InsertionOptions options;
-    options.cores.triggerByAny = m_options.triggerByAny;
-    options.cores.startsArmed = true;
+    options.cores = coreOptions(m_options);
     options.forSimulation = true;
     m_input.parameters = m_bench->instance().parameters;
     m_insertion.reset(new InsertionJob(m_input, m_configuration, m_netlist, options));
@@ -160,7 +140,7 @@ void SimulationJob::prepare()
 
 void SimulationJob::takeNetlist()
 {
-    if (m_isOver)
+    if (isFinished())
         return;
     m_messages += m_insertion->messages();
     if (m_insertion->outcome() == InsertionJob::Done)

@@ -1,15 +1,9 @@
 #pragma once
 
 #include <QMap>
-#include <QObject>
-#include <QStringList>
 
-#include <memory>
-
-#include "elaboration/tools/designinput.h"
-#include "elaboration/tools/toolrunner.h"
-#include "gateware/coretext.h"
 #include "gateware/windowtext.h"
+#include "insertion/analyzerjob.h"
 #include "insertion/simulators.h"
 
 namespace QUARRY {
@@ -19,7 +13,6 @@ class ScratchDir;
 
 namespace Insertion {
 
-class Analyzer;
 class BenchReading;
 class InsertionJob;
 
@@ -33,35 +26,18 @@ struct SimulationOptions
     bool records = false; // keeps the whole waveform of all taps
 };
 
-// Runs a test bench with the analyzer of a configuration and collects the captured windows. Works from the
-// event loop; deleting it kills the tools. The bench runs confined: it can write into a temporary folder and
-// nowhere else, in which it finds what is in the folder of the project.
-class SimulationJob : public QObject
+// Runs a test bench with the analyzer of a configuration and collects the captured windows. The bench runs
+// confined: it can write into a temporary folder and nowhere else, in which it finds what is in the folder of
+// the project.
+class SimulationJob : public AnalyzerJob
 {
     Q_OBJECT
 
 public:
-    // The configuration has no findings on the netlist, which is of the same design. Both must outlive the
-    // job.
     SimulationJob(const QUARRY::DesignInput &input, const RTLJEX::Configuration &configuration,
                   const QUARRY::RtlNetlist &netlist, const SimulationOptions &options);
     ~SimulationJob() override;
 
-    void start();
-
-    enum Outcome {
-        Cancelled,
-        Failed,  // a tool could not do its work, or the bench failed
-        Refused, // a signal cannot be reached
-        Silent,  // a core has no window; what it saw is among the messages
-        Done
-    };
-    bool isFinished() const { return m_isOver; }
-    Outcome outcome() const { return m_outcome; }
-    const QStringList &messages() const
-    {
-        return m_messages;
-    } // sentences; those that end the job begin with ERROR
     const QByteArray &benchWords() const { return m_words; }  // what the bench printed
     const QByteArray &waveform() const { return m_waveform; } // see waveformText(); empty without any window
     // Writes what there is of both, and beside the waveform what makes a viewer show it as the editor does
@@ -73,19 +49,14 @@ public:
         return m_captured;
     } // as the cores of the configuration
 
-public Q_SLOTS:
-    void cancel();
-
-Q_SIGNALS:
-    void stageChanged(const QString &text);
-    void finished(); // once
-
 private Q_SLOTS:
-    void begin();
     void takeBench();
     void takeNetlist();
 
 private:
+    void begin() override;
+    void drop() override;
+    QString scratchPath() const override;
     void prepare();
     bool needsNetlist() const;
     void compile();
@@ -100,27 +71,19 @@ private:
     bool put(const QString &name, const QByteArray &bytes);
     bool take(const QString &name, QByteArray *bytes); // false: the job is over
     void linkProject() const;
-    void fail(Outcome outcome, const QStringList &sentences);
-    void end(Outcome outcome);
 
-    QUARRY::DesignInput m_input;
     const RTLJEX::Configuration &m_configuration;
     const QUARRY::RtlNetlist &m_netlist;
     const SimulationOptions m_options;
     std::unique_ptr<QUARRY::ScratchDir> m_scratch;
     std::unique_ptr<QUARRY::SafeNames> m_names;
-    std::unique_ptr<Analyzer> m_analyzer;
     std::unique_ptr<InsertionJob> m_insertion; // null unless the netlist is simulated
-    std::unique_ptr<QUARRY::ToolRunner> m_runner;
     std::unique_ptr<BenchReading> m_bench;
     QString m_top;                 // of the design
     QList<SimulationStep> m_steps; // that are to be done
     QMap<int, int> m_windows;      // of a core that is read before all of its windows are finished
     QList<RTLJEX::CapturedCore> m_captured;
-    QStringList m_messages;
     QByteArray m_words, m_waveform, m_record;
-    Outcome m_outcome = Cancelled;
-    bool m_isOver = false;
 };
 
 } // namespace Insertion

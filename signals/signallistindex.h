@@ -19,9 +19,8 @@ public:
 
     explicit SignalListIndex(const QList<JEX::SignalItem> &list);
 
-    // The entries of that name, and the buses that have a member of that name, in list order.
+    // The entries of that name, and of them, or of the buses that have a member of that name, the first.
     QList<int> named(const QString &name) const { return alive(m_byName.value(name)); }
-    QList<int> holding(const QString &memberName) const { return alive(m_byMember.value(memberName)); }
     int firstNamed(const QString &name) const { return first(m_byName.value(name)); }
     int firstHolding(const QString &memberName) const { return first(m_byMember.value(memberName)); }
 

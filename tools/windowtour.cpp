@@ -268,9 +268,7 @@ bool tourWindows(const QString &projectFile, const QString &folder, const Visito
         return false;
     Core::ProjectManager::setCurrentProject(&project);
     QStringList messages;
-    const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(
-        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo()),
-        messages));
+    const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(QUARRY::projectInput(), messages));
     visitEditors(visit, project);
     visitSearch(visit, netlist.get());
     visitMatchUnit(visit, netlist.get());

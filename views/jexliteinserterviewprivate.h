@@ -14,7 +14,7 @@ struct LiteFile
     typedef JexLiteInserterView View;
     typedef JEX::AOCore_Lite Core;
     typedef LiteAoOptionWidget Page;
-    static constexpr auto showDesign = &LiteAoOptionWidget::setNlsData;
+    static void showDesign(Page *page, QUARRY::RtlNetlist *netlist) { page->setNlsData(netlist); }
 };
 
 // The state of one Lite editor and its form.

@@ -16,7 +16,7 @@ struct StandardFile
     typedef JexStandardInserterView View;
     typedef JEX::AoCore Core;
     typedef AoOptionWidget Page;
-    static constexpr auto showDesign = &AoOptionWidget::setNlsdata;
+    static void showDesign(Page *page, QUARRY::RtlNetlist *netlist) { page->setNlsdata(netlist); }
 };
 
 // The state of one Standard editor. Cores are told by their position in the list; the number that a core

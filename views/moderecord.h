@@ -15,8 +15,7 @@ namespace private_impl {
 
 // The record of an editor of one mode: its cores by their type, and their pages. The pages, which belong to
 // the form, only point at the cores and at the netlist and go first. Mode names the types of a mode, View,
-// Core and Page; and showDesign, the page's function that takes a netlist. A record calls deletePages() in
-// its destructor.
+// Core and Page; its showDesign() gives a netlist to a page. A record calls deletePages() in its destructor.
 template <class Mode>
 class ModeRecord : public EditorRecord
 {
@@ -120,7 +119,7 @@ template <class Mode>
 void ModeRecord<Mode>::handNetlistToPages()
 {
     for (Page *page : aoWidgets)
-        (page->*Mode::showDesign)(netlist);
+        Mode::showDesign(page, netlist);
 }
 
 template <class Mode>

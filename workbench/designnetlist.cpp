@@ -2,7 +2,6 @@
 
 #include "elaboration/elaboration.h"
 #include "elaboration/readingjob.h"
-#include "host/designmanager.h"
 #include "host/designnews.h"
 #include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
@@ -67,8 +66,7 @@ void DesignNetlist::handleIEvent(const QUtil::IEvent *)
 
 void DesignNetlist::start()
 {
-    const QMap<QString, QVariant> info = TE::TaskEngine::instance()->designManager()->getSourceFileInfo();
-    m_job.reset(new QUARRY::ReadingJob(QUARRY::designInputFromInfo(info), QUARRY::ReadingJob::Netlist));
+    m_job.reset(new QUARRY::ReadingJob(QUARRY::projectInput(), QUARRY::ReadingJob::Netlist));
     connect(m_job.get(), &QUARRY::ReadingJob::finished, this, &DesignNetlist::finish, Qt::QueuedConnection);
     m_isStale = false;
     setState(Reading);

@@ -16,7 +16,6 @@ public:
     explicit GuideWindow(QWidget *parent);
 
     void showTopic(const QString &topic); // "index" for a page that there is not
-    QString topic() const { return m_topic; }
 
 private:
     void follow(const QUrl &link);

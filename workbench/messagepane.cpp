@@ -243,14 +243,6 @@ void MessagePane::followEnd()
         Qt::QueuedConnection);
 }
 
-QString MessagePane::toPlainText() const
-{
-    QStringList lines;
-    for (int row = 0; row < m_model->rowCount(); ++row)
-        lines << m_model->line(row);
-    return lines.join('\n');
-}
-
 int MessagePane::currentRow() const
 {
     return m_filter->mapToSource(m_list->currentIndex()).row();

@@ -27,7 +27,6 @@ public:
     // is one, said before is past.
     void addMessage(const QString &text, bool isError, const QString &source = QString());
     MessageModel *model() const { return m_model; }
-    QString toPlainText() const; // all lines, those that are filtered out too
 
     QString focusedNet() const override;
     Core::NetPlace placeOf(const QString &net) const override;

@@ -242,22 +242,4 @@ Core::NetPlace NetlistPane::placeOf(const QString &net) const
     return RTLJEX::netPlace(m_design->netlist(), net);
 }
 
-void NetlistPane::showNet(const QString &name)
-{
-    if (!m_design->netlist())
-        return;
-    const QUARRY::RtlNetBus *bus = m_design->netlist()->findBus(name);
-    const QUARRY::RtlNet *net = bus ? nullptr : m_design->netlist()->findNet(name);
-    if (!bus && !net)
-        return;
-    m_pattern->clearEditText();
-    m_tree->setCurrentIndex(m_instances->indexOf(bus ? bus->module() : net->module()));
-    for (int row = 0; row < m_nets->rowCount() || m_nets->canFetchMore({}); ++row) {
-        if (row == m_nets->rowCount())
-            m_nets->fetchMore({});
-        if (m_nets->fullName(m_nets->index(row, 0)) == name)
-            return m_list->setCurrentIndex(m_nets->index(row, 0));
-    }
-}
-
 } // namespace Workbench

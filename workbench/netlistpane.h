@@ -33,7 +33,6 @@ public:
     QMimeData *chosenNets() const; // the caller's; null when none is chosen
     QString focusedNet() const override;
     Core::NetPlace placeOf(const QString &net) const override;
-    void showNet(const QString &name); // in its instance, without a filter
 
 Q_SIGNALS:
     void addRequested(); // of the nets that are chosen

@@ -179,14 +179,6 @@ void RecoveryStore::drop(const QString &file)
         QFile::remove(placeOf(state));
 }
 
-void RecoveryStore::dropDraft(const QString &file)
-{
-    KeptState state;
-    state.file = file;
-    state.reason = KeptFor::Draft;
-    QFile::remove(placeOf(state));
-}
-
 void RecoveryStore::discard(const KeptState &state)
 {
     if (state.place.startsWith(m_folder + '/'))
@@ -212,11 +204,6 @@ QList<KeptState> RecoveryStore::left()
     std::sort(states.begin(), states.end(),
               [](const KeptState &a, const KeptState &b) { return a.time > b.time; });
     return states;
-}
-
-QList<KeptState> RecoveryStore::drafts() const
-{
-    return statesIn(m_folder + '/' + draftFolder);
 }
 
 bool RecoveryStore::findDraft(const QString &file, KeptState *state) const

@@ -36,11 +36,9 @@ public:
     // In place of what was kept of that file, by this workbench or as a draft. False with a sentence.
     bool keep(const KeptState &state, QString *error);
     void drop(const QString &file); // of this workbench; drafts stay
-    void dropDraft(const QString &file);
     void discard(const KeptState &state);
 
     QList<KeptState> left(); // by workbenches that are no more, the newest first
-    QList<KeptState> drafts() const;
     bool findDraft(const QString &file, KeptState *state) const;
 
 private:

@@ -6,7 +6,6 @@
 
 #include "check/configuration.h"
 #include "elaboration/elaboration.h"
-#include "host/designmanager.h"
 #include "host/project.h"
 #include "model/netlist/rtlmodule.h"
 #include "model/netlist/rtlnetlist.h"
@@ -55,11 +54,6 @@ void reportConfiguration(const QString &path, const QUARRY::RtlNetlist *netlist,
     report.good = report.good && ok;
 }
 
-QUARRY::DesignInput currentDesign()
-{
-    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-}
-
 } // namespace
 
 DesignReport designReport(const QStringList &configurations)
@@ -67,7 +61,7 @@ DesignReport designReport(const QStringList &configurations)
     const Core::Project *project = Core::ProjectManager::currentProject();
     if (!project)
         return {{"No project is open."}, false};
-    const QUARRY::DesignInput input = currentDesign();
+    const QUARRY::DesignInput input = QUARRY::projectInput();
     const QUARRY::ModuleList modules = QUARRY::listModules(input);
     QStringList messages = modules.messages;
     const std::unique_ptr<QUARRY::RtlNetlist> netlist(QUARRY::buildNetlist(input, messages));

@@ -1,20 +1,17 @@
 #include "workbench/runmenu.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
 #include <QProcess>
-#include <QProgressDialog>
 #include <QUrl>
 
 #include "check/configuration.h"
 #include "elaboration/elaboration.h"
+#include "elaboration/jobdialog.h"
 #include "elaboration/readingjob.h"
 #include "elaboration/tools/toolprocess.h"
-#include "host/designmanager.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
@@ -27,14 +24,6 @@
 #include "workbench/simulatedialog.h"
 
 namespace Workbench {
-namespace {
-
-QUARRY::DesignInput designInput()
-{
-    return QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
-}
-
-} // namespace
 
 RunMenu::RunMenu(QMenu *menu, QSettings *settings, QWidget *window)
     : QObject(menu),
@@ -135,36 +124,10 @@ void RunMenu::onOpenWaveform()
         fail(tr("No program was found that shows %1. Install Debian's package gtkwave.").arg(m_waveform));
 }
 
-template <class Job>
-bool RunMenu::runBelowDialog(const QString &title, Job &job)
+bool RunMenu::runBelowDialog(const QString &title, QUARRY::Job &job)
 {
     const QPointer<RunMenu> alive(this);
-    const QPointer<QProgressDialog> dialog(new QProgressDialog(m_window));
-    auto *label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 48);
-    dialog->setLabel(label);
-    dialog->setWindowTitle(title);
-    dialog->setWindowModality(Qt::ApplicationModal);
-    dialog->setRange(0, 0);
-    dialog->setAutoClose(false);
-    dialog->setAutoReset(false);
-    connect(&job, &Job::stageChanged, dialog.data(), &QProgressDialog::setLabelText);
-    connect(dialog.data(), &QProgressDialog::canceled, &job, &Job::cancel);
-    connect(dialog.data(), &QObject::destroyed, &job, &Job::cancel);
-    dialog->show();
-    job.start();
-    // Whoever ends the program hides the window and waits for this loop.
-    const bool wasShown = m_window && m_window->isVisible();
-    while (!job.isFinished()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        if (wasShown && !(m_window && m_window->isVisible()))
-            job.cancel();
-    }
-    if (dialog) {
-        dialog->disconnect(&job);
-        delete dialog.data();
-    }
+    QUARRY::JobDialog(title, 0, m_window).run(job);
     return alive;
 }
 
@@ -174,7 +137,7 @@ bool RunMenu::open(const QString &file, RTLJEX::Configuration &configuration,
     QString error;
     if (!configuration.read(file, &error))
         return fail(error);
-    QUARRY::ReadingJob reading(designInput(), QUARRY::ReadingJob::Netlist);
+    QUARRY::ReadingJob reading(QUARRY::projectInput(), QUARRY::ReadingJob::Netlist);
     if (!runBelowDialog(tr("Read Design"), reading))
         return false;
     if (reading.isCancelled())
@@ -197,7 +160,7 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     RTLJEX::Configuration configuration;
     std::unique_ptr<QUARRY::RtlNetlist> netlist;
     QStringList sources{file};
-    for (const QUARRY::DesignSource &source : designInput().files)
+    for (const QUARRY::DesignSource &source : QUARRY::projectInput().files)
         sources << source.path;
     const Insertion::OutputFolder output(folder, sources);
     QString error = output.fault();
@@ -208,7 +171,7 @@ bool RunMenu::insert(const QString &file, const QString &folder)
     Insertion::InsertionOptions options;
     if (const Core::Project *project = Core::ProjectManager::currentProject())
         options.device = JEX_TOOL::findDevice(project->data().device.series, project->data().device.device);
-    Insertion::InsertionJob job(designInput(), configuration, *netlist, options);
+    Insertion::InsertionJob job(QUARRY::projectInput(), configuration, *netlist, options);
     if (!runBelowDialog(tr("Insert into Design"), job))
         return false;
     tell(job.messages());
@@ -234,7 +197,7 @@ bool RunMenu::simulate(const QString &file, const QStringList &bench, const QStr
     Insertion::SimulationOptions options;
     options.bench = bench;
     options.simulator = simulator;
-    Insertion::SimulationJob job(designInput(), configuration, *netlist, options);
+    Insertion::SimulationJob job(QUARRY::projectInput(), configuration, *netlist, options);
     if (!runBelowDialog(tr("Simulate Capture"), job))
         return false;
     const QString words = QString::fromUtf8(job.benchWords()).trimmed();

@@ -14,13 +14,10 @@ class QMenu;
 class QSettings;
 class QWidget;
 
-namespace Insertion {
-class InsertionJob;
-class SimulationJob;
-} // namespace Insertion
 namespace QUARRY {
+class Job;
 class RtlNetlist;
-}
+} // namespace QUARRY
 namespace RTLJEX {
 class Configuration;
 }
@@ -56,8 +53,7 @@ private:
     bool open(const QString &file, RTLJEX::Configuration &configuration,
               std::unique_ptr<QUARRY::RtlNetlist> &netlist);
     void tell(const QStringList &messages);
-    template <class Job>
-    bool runBelowDialog(const QString &title, Job &job); // false when this died meanwhile
+    bool runBelowDialog(const QString &title, QUARRY::Job &job); // false when this died meanwhile
 
     QSettings *m_settings;
     QPointer<QWidget> m_window;

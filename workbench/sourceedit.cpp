@@ -44,6 +44,8 @@ SourceEdit::SourceEdit(QWidget *parent) : QPlainTextEdit(parent), m_numbers(new 
     setFont(fixedFont());
     setTabStopDistance(4 * fontMetrics().horizontalAdvance(' '));
     connect(this, &QPlainTextEdit::blockCountChanged, this, &SourceEdit::placeNumbers);
+    connect(this, &QPlainTextEdit::textChanged, this,
+            &SourceEdit::showMark); // a new text takes it to its end
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &changed, int moved) {
         if (moved)
             m_numbers->scroll(0, moved);

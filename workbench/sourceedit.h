@@ -13,7 +13,6 @@ public:
     explicit SourceEdit(QWidget *parent = nullptr);
 
     void markLine(int line); // from 1; 0: none. Brings it into view.
-    int markedLine() const { return m_marked; }
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

@@ -27,8 +27,7 @@ TopModuleBox::TopModuleBox(const QString &top, QWidget *parent) : QComboBox(pare
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setCurrentText(top);
     lineEdit()->setPlaceholderText(tr("Found from the sources"));
-    QUARRY::DesignInput design =
-        QUARRY::designInputFromInfo(TE::TaskEngine::instance()->designManager()->getSourceFileInfo());
+    QUARRY::DesignInput design = QUARRY::projectInput();
     design.top.clear();
     m_job.reset(new QUARRY::ReadingJob(design, QUARRY::ReadingJob::Modules));
     connect(m_job.get(), &QUARRY::ReadingJob::finished, this, &TopModuleBox::fill);

@@ -86,20 +86,7 @@ int GhwInput::number()
     return int(qMin(value, quint32(1) << 30));
 }
 
-quint64 GhwInput::unsignedNumber()
-{
-    quint64 value = 0;
-    for (int shift = 0; shift < 64; shift += 7) {
-        const int part = byte();
-        value |= quint64(part & 127) << shift;
-        if (part < 128)
-            return value;
-    }
-    m_isBad = true;
-    return 0;
-}
-
-qint64 GhwInput::signedNumber()
+quint64 GhwInput::packed(bool isSigned)
 {
     quint64 value = 0;
     for (int shift = 0; shift < 64; shift += 7) {
@@ -107,9 +94,9 @@ qint64 GhwInput::signedNumber()
         value |= quint64(part & 127) << shift;
         if (part >= 128)
             continue;
-        if ((part & 64) && shift + 7 < 64)
+        if (isSigned && (part & 64) && shift + 7 < 64)
             value |= ~quint64(0) << (shift + 7);
-        return qint64(value);
+        return value;
     }
     m_isBad = true;
     return 0;

@@ -21,9 +21,9 @@ public:
     int byte();
     QByteArray text(int size);
     bool skip(int size);
-    int number();             // of four bytes, least first
-    quint64 unsignedNumber(); // of seven bits a byte
-    qint64 signedNumber();
+    int number(); // of four bytes, least first
+    quint64 unsignedNumber() { return packed(false); }
+    qint64 signedNumber() { return qint64(packed(true)); }
     bool isBad() const { return m_isBad; }
     void setBad() { m_isBad = true; }
     // To be called for all that is larger in memory than in the file.
@@ -31,6 +31,8 @@ public:
     void spend(const QString &text) { spend(size_t(text.size()) * sizeof(QChar)); }
 
 private:
+    quint64 packed(bool isSigned); // of seven bits a byte
+
     const QByteArray m_bytes;
     qint64 m_memory; // that is left
     int m_at = 0;

@@ -56,7 +56,6 @@ struct VerilatorScope
 {
     const VerilatorScope *outer = nullptr;
     std::string path; // in the module, as Verilator writes it in front of names: "g." or empty
-    int firstNet = 0; // number in VerilatorModule::nets of the scope's first declaration
     int builderModule = -1;
     ModuleDecl decl;                                 // emptied once the builder has it
     std::unordered_map<std::string_view, int> names; // to numbers in VerilatorModule::nets

@@ -11,10 +11,18 @@ QString escaped(const QString &name)
     return QLatin1Char('\\') + name + QLatin1Char(' ');
 }
 
-void extend(QStringList &names, int count, const char *prefix)
+// The name of what the pin connects, which is among those of the box from now on.
+QString enter(const DumpPin &pin, const char *prefix, QStringList &names, int *positional)
 {
-    while (names.size() < count)
+    if (!pin.position) {
+        if (!names.contains(pin.name))
+            names.append(pin.name);
+        return pin.name;
+    }
+    *positional = qMax(*positional, pin.position);
+    while (names.size() < *positional)
         names.append(QLatin1String(prefix) + QString::number(names.size() + 1));
+    return names.at(pin.position - 1);
 }
 
 // .bus(b), .bus(b.modport) and .bus(array[0]) where b is an interface
@@ -56,30 +64,16 @@ void BlackBoxes::add(const DumpCell &cell, const DesignDump &dump)
         m_names.append(cell.target);
     Box &box = m_boxes[cell.target];
     for (const DumpPin &pin : cell.ports) {
-        QString port = pin.name;
-        if (port.isEmpty() && !pin.position)
+        if (pin.name.isEmpty() && !pin.position)
             continue; // "u0()"
-        if (pin.position) {
-            box.positionalPorts = qMax(box.positionalPorts, pin.position);
-            extend(box.ports, box.positionalPorts, "port");
-            port = box.ports.at(pin.position - 1);
-        } else if (!box.ports.contains(port)) {
-            box.ports.append(port);
-        }
+        const QString port = enter(pin, "port", box.ports, &box.positionalPorts);
         place(pin, cell.target, port);
         const QString interfaceName = interfaceOf(pin, cell, dump);
         if (!interfaceName.isEmpty())
             box.interfaces.insert(port, interfaceName);
     }
     for (const DumpPin &pin : cell.parameters) {
-        QString parameter = pin.name;
-        if (pin.position) {
-            box.positionalParameters = qMax(box.positionalParameters, pin.position);
-            extend(box.parameters, box.positionalParameters, "PARAMETER");
-            parameter = box.parameters.at(pin.position - 1);
-        } else if (!box.parameters.contains(parameter)) {
-            box.parameters.append(parameter);
-        }
+        const QString parameter = enter(pin, "PARAMETER", box.parameters, &box.positionalParameters);
         if (pin.isType)
             box.typeParameters.insert(parameter);
     }

@@ -73,7 +73,6 @@ struct ModuleList
     QStringList topModules; // the modules that no other instantiates, or the one that `top` names
     QStringList modules;
     QStringList messages;
-    bool cancelled = false;
 
     bool anyError() const { return std::any_of(messages.begin(), messages.end(), isError); }
     QStringList errors() const

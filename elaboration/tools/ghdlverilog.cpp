@@ -54,7 +54,6 @@ public:
         return m_inInstance ? Start : Other;
     }
 
-    bool inHead() const { return m_inHead; }
     const GhdlWord &module() const { return m_module; } // of the line that starts an instance
     const GhdlWord &label() const { return m_label; }   // of an instance, in the line that has it
     const std::string &instance() const { return m_name; }

@@ -25,7 +25,6 @@ public:
     QString real(const QString &handedOver) const;
     // Folders of files that were linked out of them: what they include from there is found only here.
     QStringList includeFolders() const { return m_includeFolders; }
-    bool anyLinks() const { return !m_real.isEmpty(); }
 
 private:
     QString link(const QString &path, const QString &suffix);

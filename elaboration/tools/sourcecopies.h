@@ -29,7 +29,6 @@ public:
     // a tool would wait at a pipe or read a device without end.
     QStringList look(const QStringList &files, SourceLanguage language);
     bool hasSeen(const QString &file) const { return m_sources.contains(file); }
-    bool isIncluded(const QString &file) const { return m_sources.value(file).isIncluded; }
     QStringList includedFiles() const;
     // Those files and all that include one of them, through others, too.
     QSet<QString> includersOf(QSet<QString> files) const;

@@ -1,5 +1,6 @@
 #include "tests/gateware/randomcores.h"
 
+#include "gateware/coretaps.h"
 #include "gateware/unitsettings.h"
 
 using namespace RTLJEX;
@@ -7,6 +8,17 @@ using coremodel::Command;
 using coremodel::Sample;
 
 namespace {
+
+// Of all units, as one number that is loaded through the control port with the last digit first.
+QByteArray loadedSettings(const JEX::AoCore &core)
+{
+    QByteArray all;
+    for (const JEX::MatchUnit *unit : coreUnits(core)) {
+        for (const UnitSetting &setting : unitSettings(*unit))
+            all += setting.digits;
+    }
+    return all;
+}
 
 class Drawing
 {

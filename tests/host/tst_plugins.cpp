@@ -20,7 +20,6 @@ private Q_SLOTS:
         QCOMPARE(error, QString("The plug-in " PLUGIN_ONE " can not be used: it is loaded already."));
         QCOMPARE(manager.initialize(),
                  QStringList("The plug-in " PLUGIN_REFUSING " is not used: it could not start."));
-        QCOMPARE(manager.loadedFiles(), QStringList({PLUGIN_ONE, PLUGIN_TWO}));
         QVERIFY(!editor("a.refusing") && !editor("a.refusing2"));
         QVERIFY(editor("a.one") && editor("a.one2") && editor("a.both") == editor("a.two"));
         QCOMPARE(Core::FileWizardRegistry::announced().size(), 2);
@@ -46,7 +45,7 @@ private Q_SLOTS:
             ExtSys::PluginManager manager;
             QString error;
             QVERIFY(!manager.load(row[0], &error));
-            QCOMPARE(manager.loadedFiles(), QStringList());
+            QCOMPARE(manager.initialize(), QStringList()); // has none
             QVERIFY2(error.startsWith("The plug-in " + row[0] + " can not be used: " + row[1]),
                      qPrintable(error));
             QVERIFY(error.endsWith('.'));

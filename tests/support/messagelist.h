@@ -16,6 +16,11 @@ inline QStringList messageLines(const Workbench::MessageModel &model)
     return lines;
 }
 
+inline QString messageText(const QWidget &window)
+{
+    return messageLines(*window.findChild<Workbench::MessageModel *>()).join('\n');
+}
+
 // The last row of the message list that has the text; invalid: none is shown.
 inline QModelIndex messageRow(const QWidget *pane, const QString &text)
 {

@@ -5,6 +5,7 @@
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "plugin/jexviewmanager.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
@@ -57,7 +58,7 @@ protected:
 
     static Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
     static QAction *save() { return Core::ActionManager::instance()->command("Core.Action.Save"); }
-    QString pane() const { return m_window->findChild<Workbench::MessagePane *>()->toPlainText(); }
+    QString pane() const { return messageText(*m_window); }
 
     // Of a menu, by its text without the letter that is underlined.
     QAction *action(const QString &text) const

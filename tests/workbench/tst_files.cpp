@@ -8,7 +8,6 @@
 #include "tests/support/tablerow.h"
 #include "tests/workbench/editorwindow.h"
 #include "workbench/devicedialog.h"
-#include "workbench/messagepane.h"
 #include "workbench/projecttree.h"
 
 // What the File menu does with the real editors, and what is there again at the next start.
@@ -136,8 +135,7 @@ private Q_SLOTS:
         const Core::Finding finding = view()->findings().first();
         QCOMPARE(finding.kind, Core::Finding::Refusal);
         const QString told = finding.text;
-        const auto *pane = m_window->findChild<Workbench::MessagePane *>();
-        QVERIFY(pane->toPlainText().contains("a.zub: " + told));
+        QVERIFY(pane().contains("a.zub: " + told));
         QCOMPARE(m_dir->read("a.zub"), before);
         QVERIFY(view()->editedFile().isModified);
         m_user.press(QMessageBox::Ok); // a save finds the same

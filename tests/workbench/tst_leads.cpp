@@ -217,7 +217,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         QTest::keyClick(m_window->focusWidget(), Qt::Key_F12);
         const auto *source = qobject_cast<Workbench::SourceView *>(view());
-        QTEST(source ? QString::number(source->edit()->markedLine())
+        QTEST(source ? QString::number(source->edit()->textCursor().blockNumber() + 1)
                      : m_window->statusBar()->currentMessage(),
               "place");
     }
@@ -268,7 +268,7 @@ private Q_SLOTS:
         doubleClickMessage(m_pane, place.mid(2));
         const auto *source = qobject_cast<Workbench::SourceView *>(view());
         QVERIFY(source);
-        QCOMPARE(source->edit()->markedLine(), 10);
+        QCOMPARE(source->edit()->textCursor().blockNumber() + 1, 10);
 
         m_dir->write("top.v", design);
         QVERIFY(m_workspace->openFile(m_dir->path("f.zub")));

@@ -194,12 +194,11 @@ private Q_SLOTS:
         const int before = messages->model()->rowCount();
         inTime(5000, [this] { m_window->findChild<QAction *>("pasteSignals")->trigger(); });
         QVERIFY(messages->model()->rowCount() - before < 100);
-        QVERIFY(messages->toPlainText().contains("  And 199950 more like that."));
+        QVERIFY(pane().contains("E And 199950 more like that."));
         QCOMPARE(view()->findChild<QTreeWidget *>("treeWidgetSignal")->topLevelItemCount(), 2);
         QApplication::clipboard()->setText("top/ready\n" + QString("x\n").repeated(1000000));
         m_window->findChild<QAction *>("pasteSignals")->trigger();
-        QVERIFY(messages->toPlainText().contains("There are 1000001 names, of which the first 250000 were "
-                                                 "looked up."));
+        QVERIFY(pane().contains("There are 1000001 names, of which the first 250000 were looked up."));
     }
 
     // One step of undo, with what was not saved; at most 16 cores.

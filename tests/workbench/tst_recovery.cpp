@@ -9,11 +9,11 @@
 #include "host/viewmanager.h"
 #include "plugin/jexinserterview.h"
 #include "plugin/jexviewmanager.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagemodel.h"
-#include "workbench/messagepane.h"
 #include "workbench/recovery.h"
 #include "workbench/reopenbanner.h"
 #include "workbench/translations.h"
@@ -292,7 +292,7 @@ private:
         m_window.reset();
     }
     Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
-    QString messages() { return m_window->findChild<Workbench::MessagePane *>()->toPlainText(); }
+    QString messages() { return messageText(*m_window); }
     void setFalling(bool on)
     {
         view()->findChild<QRadioButton *>(on ? "radioButtonFalling" : "radioButtonRising")->click();

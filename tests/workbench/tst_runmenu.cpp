@@ -1,10 +1,10 @@
 #include <QtTest>
 
 #include "tests/support/files.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/widgets.h"
 #include "workbench/mainwindow.h"
-#include "workbench/messagepane.h"
 #include "workbench/runmenu.h"
 #include "workbench/simulatedialog.h"
 #include "workbench/workspace.h"
@@ -125,7 +125,7 @@ private:
         return texts;
     }
 
-    static QString told(const MainWindow &window) { return window.findChild<MessagePane *>()->toPlainText(); }
+    static QString told(const MainWindow &window) { return messageText(window); }
 
     Folder m_folder;
 };

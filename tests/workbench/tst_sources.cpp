@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(tabs->count(), 2);
         QCOMPARE(tabs->tabText(tabs->currentIndex()), QString("a.v"));
         const SourceEdit *edit = current()->edit();
-        QCOMPARE(edit->markedLine(), 20);
+        QCOMPARE(edit->extraSelections().value(0).cursor.blockNumber(), 19);
         QCOMPARE(edit->textCursor().blockNumber(), 19);
         QVERIFY(edit->isReadOnly());
         // Colours of the language.
@@ -117,7 +117,7 @@ private Q_SLOTS:
         const SourceEdit *edit = current()->edit();
         dir.write("a.v", "one\ntwo\nthree\n");
         QTRY_COMPARE(edit->toPlainText(), QString("one\ntwo\nthree\n"));
-        QCOMPARE(edit->markedLine(), 2);
+        QCOMPARE(edit->extraSelections().value(0).cursor.blockNumber(), 1);
         QVERIFY(QFile::remove(path));
         QTRY_VERIFY(current()->findChild<QLabel *>()->text().startsWith("Can not show "));
     }

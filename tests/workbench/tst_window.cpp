@@ -8,10 +8,10 @@
 #include "host/project.h"
 #include "host/viewmanager.h"
 #include "tests/support/files.h"
+#include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "workbench/devicedialog.h"
 #include "workbench/mainwindow.h"
-#include "workbench/messagepane.h"
 #include "workbench/optionsdialog.h"
 #include "workbench/projecttree.h"
 #include "workbench/recentlist.h"
@@ -115,7 +115,7 @@ private Q_SLOTS:
         for (const QLabel *label : m_window->statusBar()->findChildren<QLabel *>())
             labels << label->text();
         QCOMPARE(labels.join(" | "), QString("Top: top | Device: PN"));
-        const QString messages = m_window->findChild<MessagePane *>()->toPlainText();
+        const QString messages = messageText(*m_window);
         QVERIFY(messages.contains("Opened the project " + m_dir->filePath("demo.jexprj")));
         QVERIFY(messages.contains("The project's file " + m_dir->filePath("gone.sv") + " is missing."));
         QCOMPARE(recentProjects(m_settings.get()).paths(), QStringList(m_dir->filePath("demo.jexprj")));
@@ -273,7 +273,7 @@ private Q_SLOTS:
         const QByteArray text = "name: other\nfiles: [a.v]\ntoplevel: a\nhooks: {}\n";
         put(path, text);
         QVERIFY(m_window->workspace()->openFile(path));
-        const QString messages = m_window->findChild<MessagePane *>()->toPlainText();
+        const QString messages = messageText(*m_window);
         QVERIFY(messages.contains("Read the project " + path + ". Save Project As"));
         QVERIFY(messages.contains("Not understood, and left out: \"hooks\"."));
         QCOMPARE(recentProjects(m_settings.get()).paths(), QStringList(path));
