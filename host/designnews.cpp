@@ -3,11 +3,28 @@
 #include <QTimer>
 
 namespace TE {
+namespace {
+
+const char *const designTopics[] = {"TE.File.Add",         "TE.File.Remove",   "TE.File.Change.Enable",
+                                    "TE.File.Change.Type", "TE.File.Modified", "TE.Option.Change"};
+
+} // namespace
+
+void subscribeDesignEvents(QUtil::IEventHandler *handler)
+{
+    for (const char *topic : designTopics)
+        QUtil::EventManager::instance()->subscribe(handler, QLatin1String(topic));
+}
+
+void unsubscribeDesignEvents(QUtil::IEventHandler *handler)
+{
+    for (const char *topic : designTopics)
+        QUtil::EventManager::instance()->unsubscribe(handler, QLatin1String(topic));
+}
 
 DesignNews::DesignNews()
 {
-    for (const char *topic : designTopics)
-        QUtil::EventManager::instance()->subscribe(this, QLatin1String(topic));
+    subscribeDesignEvents(this);
 }
 
 DesignNews::~DesignNews()
@@ -23,8 +40,7 @@ void DesignNews::handleIEvent(const QUtil::IEvent *event)
 
 void DesignNews::end()
 {
-    for (const char *topic : designTopics)
-        QUtil::EventManager::instance()->unsubscribe(this, QLatin1String(topic));
+    unsubscribeDesignEvents(this);
     QTimer::singleShot(0, this, SLOT(post()));
 }
 

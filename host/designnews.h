@@ -11,11 +11,10 @@
 
 namespace TE {
 
-// The events that make what was read of a design out of date; what each of them tells is said in
+// To the events that make what was read of a design out of date; what each of them tells is said in
 // designmanager.h.
-inline constexpr const char *designTopics[] = {"TE.File.Add",           "TE.File.Remove",
-                                               "TE.File.Change.Enable", "TE.File.Change.Type",
-                                               "TE.File.Modified",      "TE.Option.Change"};
+void subscribeDesignEvents(QUtil::IEventHandler *handler);
+void unsubscribeDesignEvents(QUtil::IEventHandler *handler);
 
 // Notes the events about the design while one is read, and posts each of them again when that has ended: who
 // waits for a design pays no heed to them, although what is read may be without what they tell of. Make one

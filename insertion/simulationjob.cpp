@@ -221,10 +221,11 @@ void SimulationJob::compile()
     for (const QString &bench : m_options.bench)
         sources.files << m_names->file(bench, suffixOf(bench));
     sources.files << m_scratch->file("harness.sv");
-    const bool isWritten = QDir().mkpath(m_scratch->file("run")) &&
-                           put("harness.sv", harnessText(analyzer(), place, m_windows)) &&
-                           (isByNetlist ? put("design.v", simulatedDesign())
-                                        : put("cores.v", "`timescale 1ns / 1ps\n" + m_analyzer->coresText()));
+    const bool isWritten =
+        QDir().mkpath(m_scratch->file("run")) &&
+        m_scratch->write("harness.sv", harnessText(analyzer(), place, m_windows)) &&
+        (isByNetlist ? m_scratch->write("design.v", simulatedDesign())
+                     : m_scratch->write("cores.v", "`timescale 1ns / 1ps\n" + m_analyzer->coresText()));
     if (!isWritten)
         return fail(Failed, {tr("A temporary file could not be written. Make room on the disk.")});
     linkProject();
@@ -369,11 +370,6 @@ void SimulationJob::tellSilence(const Analyzer &analyzer, int core, quint32 seen
                                : tr("Core %1: expression %2, %3, never held."))
                           .arg(number, QString::number(i + 1), any.standard->expressions.at(i));
     }
-}
-
-bool SimulationJob::put(const QString &name, const QByteArray &bytes)
-{
-    return m_scratch->write(name, bytes);
 }
 
 bool SimulationJob::take(const QString &name, QByteArray *bytes)

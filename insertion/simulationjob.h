@@ -68,7 +68,6 @@ private:
     bool collect();
     void tellSilence(const Analyzer &analyzer, int core, quint32 seen);
     const Analyzer &analyzer() const;
-    bool put(const QString &name, const QByteArray &bytes);
     bool take(const QString &name, QByteArray *bytes); // false: the job is over
     void linkProject() const;
 

@@ -1,7 +1,6 @@
 #include "views/designevents.h"
 
 #include "host/designmanager.h"
-#include "host/designnews.h"
 #include "host/eventmanager.h"
 #include "host/projectdata.h"
 #include "plugin/jexinserterview.h"
@@ -42,18 +41,6 @@ bool designFilesChanged(const QString &topic, const QMap<QString, QVariant> &dat
 }
 
 } // namespace
-
-void subscribeDesignEvents(QUtil::IEventHandler *handler)
-{
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->subscribe(handler, QLatin1String(topic));
-}
-
-void unsubscribeDesignEvents(QUtil::IEventHandler *handler)
-{
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->unsubscribe(handler, QLatin1String(topic));
-}
 
 QString designFilesQuestion()
 {

@@ -4,14 +4,9 @@
 
 namespace QUtil {
 class IEvent;
-class IEventHandler;
-} // namespace QUtil
+}
 
 namespace RTLJEX {
-
-// The host events that make a parsed design out of date.
-void subscribeDesignEvents(QUtil::IEventHandler *handler);
-void unsubscribeDesignEvents(QUtil::IEventHandler *handler);
 
 // What an editor asks its user.
 QString designFilesQuestion();

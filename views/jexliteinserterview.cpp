@@ -1,7 +1,7 @@
 #include "views/jexliteinserterview.h"
 
+#include "host/designnews.h"
 #include "host/filewatcher.h"
-#include "views/designevents.h"
 #include "views/jexliteinserterviewprivate.h"
 
 namespace RTLJEX {
@@ -29,12 +29,12 @@ void JexLiteInserterView::onFileChanged()
 
 void JexLiteInserterView::subscribeEvent()
 {
-    subscribeDesignEvents(this);
+    TE::subscribeDesignEvents(this);
 }
 
 void JexLiteInserterView::unsubscribeEvent()
 {
-    unsubscribeDesignEvents(this);
+    TE::unsubscribeDesignEvents(this);
 }
 
 bool JexLiteInserterView::readRtlNetlist()

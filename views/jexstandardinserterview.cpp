@@ -5,12 +5,12 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include "host/designnews.h"
 #include "host/filewatcher.h"
 #include "host/modal.h"
 #include "ui_jexstandardinserterview.h"
 #include "views/bannerhost.h"
 #include "views/changedbanner.h"
-#include "views/designevents.h"
 #include "views/jexstandardinserterviewprivate.h"
 
 namespace RTLJEX {
@@ -155,12 +155,12 @@ void JexStandardInserterView::onFileChange()
 
 void JexStandardInserterView::subscribeEvent()
 {
-    subscribeDesignEvents(this);
+    TE::subscribeDesignEvents(this);
 }
 
 void JexStandardInserterView::unsubscribeEvent()
 {
-    unsubscribeDesignEvents(this);
+    TE::unsubscribeDesignEvents(this);
 }
 
 bool JexStandardInserterView::readRtlNetlist()

@@ -18,15 +18,13 @@ DesignNetlist::DesignNetlist(QObject *parent) : QObject(parent)
     m_delay.setSingleShot(true);
     m_delay.setInterval(quietTime);
     connect(&m_delay, &QTimer::timeout, this, &DesignNetlist::start);
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->subscribe(this, topic);
+    TE::subscribeDesignEvents(this);
 }
 
 DesignNetlist::~DesignNetlist()
 {
     Q_EMIT netlistAboutToGo();
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->unsubscribe(this, topic);
+    TE::unsubscribeDesignEvents(this);
 }
 
 void DesignNetlist::setWanted(const QObject *who, bool wanted)

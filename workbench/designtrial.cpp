@@ -41,14 +41,12 @@ DesignTrial::DesignTrial(DesignNetlist *design, QSettings *settings, QObject *pa
         want(on && m_isWanted);
     });
     connect(design, &DesignNetlist::stateChanged, this, &DesignTrial::tell);
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->subscribe(this, topic);
+    TE::subscribeDesignEvents(this);
 }
 
 DesignTrial::~DesignTrial()
 {
-    for (const char *topic : TE::designTopics)
-        QUtil::EventManager::instance()->unsubscribe(this, topic);
+    TE::unsubscribeDesignEvents(this);
 }
 
 void DesignTrial::handleIEvent(const QUtil::IEvent *)

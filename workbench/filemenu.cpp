@@ -38,32 +38,39 @@ FileMenu::FileMenu(QMenu *menu, Workspace *workspace, QSettings *settings)
 }
 
 QAction *FileMenu::addAction(const QString &text, const QKeySequence &key, const char *name,
-                             void (FileMenu::*slot)())
+                             const std::function<void(Core::IView *)> &deed)
 {
     QAction *action = m_menu->addAction(text);
     action->setObjectName(name);
     action->setShortcut(key);
     action->setEnabled(false);
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, [deed] {
+        if (Core::IView *view = Core::ViewManager::instance()->currentView())
+            deed(view);
+    });
     return action;
 }
 
 void FileMenu::addSaving()
 {
-    m_fileActions << addAction(tr("Save &As..."), QKeySequence(), "saveAs", &FileMenu::onSaveAs);
-    m_viewActions << addAction(tr("Sa&ve All"), QKeySequence("Ctrl+Alt+S"), "saveAll", &FileMenu::onSaveAll);
+    m_fileActions << addAction(tr("Save &As..."), QKeySequence(), "saveAs",
+                               [this](Core::IView *view) { m_workspace->saveViewAs(view); });
+    m_viewActions << addAction(tr("Sa&ve All"), QKeySequence("Ctrl+Alt+S"), "saveAll",
+                               [this](Core::IView *) { m_workspace->saveAll(); });
 }
 
 void FileMenu::addChecking()
 {
-    m_fileActions << addAction(tr("Chec&k"), QKeySequence("F7"), "check", &FileMenu::onCheck);
-    m_viewActions << addAction(tr("Re&load"), QKeySequence::Refresh, "reload", &FileMenu::onReload);
+    m_fileActions << addAction(tr("Chec&k"), QKeySequence("F7"), "check",
+                               [this](Core::IView *view) { m_workspace->checkView(view); });
+    m_viewActions << addAction(tr("Re&load"), QKeySequence::Refresh, "reload",
+                               [this](Core::IView *view) { m_workspace->reloadViewNow(view); });
 }
 
 void FileMenu::addClosing()
 {
     m_viewActions << addAction(tr("Clos&e All"), QKeySequence("Ctrl+Shift+W"), "closeAll",
-                               &FileMenu::onCloseAll);
+                               [](Core::IView *) { Core::ViewManager::instance()->closeAllViews(); });
 }
 
 void FileMenu::addRecent()
@@ -72,34 +79,6 @@ void FileMenu::addRecent()
     connect(files, &QMenu::aboutToShow, this, [this, files] { fillFiles(files); });
     QMenu *projects = m_menu->addMenu(tr("&Recent Projects"));
     connect(projects, &QMenu::aboutToShow, this, [this, projects] { fillProjects(projects); });
-}
-
-void FileMenu::onSaveAs()
-{
-    if (Core::IView *view = Core::ViewManager::instance()->currentView())
-        m_workspace->saveViewAs(view);
-}
-
-void FileMenu::onSaveAll()
-{
-    m_workspace->saveAll();
-}
-
-void FileMenu::onCheck()
-{
-    if (Core::IView *view = Core::ViewManager::instance()->currentView())
-        m_workspace->checkView(view);
-}
-
-void FileMenu::onReload()
-{
-    if (Core::IView *view = Core::ViewManager::instance()->currentView())
-        m_workspace->reloadViewNow(view);
-}
-
-void FileMenu::onCloseAll()
-{
-    Core::ViewManager::instance()->closeAllViews();
 }
 
 void FileMenu::noteView(Core::IView *view)

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QAction;
 class QMenu;
 class QSettings;
@@ -29,13 +31,9 @@ public:
     void addRecent();
 
 private:
+    // For the view in front.
     QAction *addAction(const QString &text, const QKeySequence &key, const char *name,
-                       void (FileMenu::*slot)());
-    void onSaveAs();
-    void onSaveAll();
-    void onCheck();
-    void onReload();
-    void onCloseAll();
+                       const std::function<void(Core::IView *)> &deed);
     void noteView(Core::IView *view);
     void fillFiles(QMenu *menu);
     void fillProjects(QMenu *menu);

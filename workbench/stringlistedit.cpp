@@ -17,12 +17,13 @@ StringListEdit::StringListEdit(QWidget *parent) : QWidget(parent), m_list(new QL
     layout->addLayout(buttons);
     addButton(buttons, tr("Add"), &StringListEdit::onAdd);
     addButton(buttons, tr("Remove"), &StringListEdit::onRemove);
-    addButton(buttons, tr("Up"), &StringListEdit::onUp);
-    addButton(buttons, tr("Down"), &StringListEdit::onDown);
+    addButton(buttons, tr("Up"), [this] { moveBy(-1); });
+    addButton(buttons, tr("Down"), [this] { moveBy(1); });
     buttons->addStretch();
 }
 
-void StringListEdit::addButton(QVBoxLayout *layout, const QString &text, void (StringListEdit::*slot)())
+template <class Slot>
+void StringListEdit::addButton(QVBoxLayout *layout, const QString &text, Slot slot)
 {
     auto *button = new QPushButton(text, this);
     button->setAutoDefault(false);
@@ -76,16 +77,6 @@ void StringListEdit::onAdd()
 void StringListEdit::onRemove()
 {
     delete m_list->currentItem();
-}
-
-void StringListEdit::onUp()
-{
-    moveBy(-1);
-}
-
-void StringListEdit::onDown()
-{
-    moveBy(1);
 }
 
 void StringListEdit::moveBy(int rows)

@@ -22,11 +22,10 @@ public:
     QStringList values() const; // without empty ones
 
 private:
-    void addButton(QVBoxLayout *layout, const QString &text, void (StringListEdit::*slot)());
+    template <class Slot>
+    void addButton(QVBoxLayout *layout, const QString &text, Slot slot);
     void onAdd();
     void onRemove();
-    void onUp();
-    void onDown();
     void append(const QString &text);
     void moveBy(int rows);
 
