@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <memory>
-
 #include "check/configuration.h"
 #include "check/rebinding.h"
 #include "model/netlist/rtlnetlist.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "check/nearestnames.h"
 #include "check/stalereport.h"
 #include "model/netlist/rtlnetlist.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <csignal>
 
 #include "tests/support/files.h"

@@ -3,8 +3,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <memory>
-
 using namespace QUARRY;
 
 // What is told of modules that nobody defines.

@@ -1,13 +1,10 @@
 #include "elaboration/catchrtl.h"
 #include "host/designmanager.h"
 #include "model/netlist/rtlnetlist.h"
-#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
 
 #include <QtTest>
-
-#include <functional>
-#include <memory>
+#include <QtWidgets>
 
 using namespace QUARRY;
 

@@ -4,9 +4,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
-#include <memory>
 #include <sys/stat.h>
 
 using namespace QUARRY;

@@ -2,8 +2,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
 using namespace QUARRY;
 
 namespace {

@@ -1,7 +1,5 @@
 // The cores against the plain model of them, and the tools that have to take them.
 
-#include <QtTest>
-
 #include <cmath>
 
 #include "gateware/coretext.h"

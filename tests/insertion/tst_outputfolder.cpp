@@ -4,8 +4,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
 class OutputFolderTest : public QObject
 {
     Q_OBJECT

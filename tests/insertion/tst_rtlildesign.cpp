@@ -4,8 +4,6 @@
 #include "tests/support/files.h"
 #include "tests/support/intime.h"
 
-#include <QtTest>
-
 class RtlilDesignTest : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,3 @@
-#include <QtTest>
-
-#include <memory>
 #include <sys/stat.h>
 
 #include "host/eventmanager.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jextool.h"

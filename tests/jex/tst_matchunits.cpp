@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "model/jex/matchunitdialog.h"
 #include "model/jex/matchunitmodel.h"
 #include "model/jex/matchvalue.h"

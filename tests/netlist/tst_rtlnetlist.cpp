@@ -4,8 +4,6 @@
 
 #include <QtTest>
 
-#include <memory>
-
 using namespace QUARRY;
 
 namespace {

@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <functional>
-
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "netselect/netsearch.h"
@@ -9,10 +5,8 @@
 #include "netselect/rtlnetlisttreeview.h"
 #include "signals/addedrows.h"
 #include "signals/signalrows.h"
-#include "tests/support/modaldriver.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"
-#include "tests/support/rowtext.h"
 #include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 

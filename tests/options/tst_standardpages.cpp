@@ -1,5 +1,3 @@
-#include <QContextMenuEvent>
-
 #include "options/aooptionwidget.h"
 #include "options/liteaooptionwidget.h"
 #include "tests/options/pages.h"

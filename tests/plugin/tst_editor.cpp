@@ -1,9 +1,4 @@
-#include <QMainWindow>
-#include <QPluginLoader>
-#include <QWizard>
-#include <QtTest>
-
-#include <memory>
+#include <QtWidgets>
 
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
@@ -15,7 +10,6 @@
 #include "tests/support/configtext.h"
 #include "tests/support/menudriver.h"
 #include "tests/support/netpicker.h"
-#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
 
 namespace {

@@ -7,7 +7,6 @@
 #include "signals/signalrules.h"
 #include "tests/support/randomsignals.h"
 #include "tests/support/rowtext.h"
-#include "tests/support/signaltext.h"
 
 using namespace RTLJEX;
 using JEX::SignalItem;

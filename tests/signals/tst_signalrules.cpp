@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <algorithm>
-
 #include "model/netlist/rtlnetlist.h"
 #include "signals/groupnames.h"
 #include "signals/repeatrules.h"
@@ -9,7 +5,6 @@
 #include "signals/signalrules.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/randomsignals.h"
-#include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;

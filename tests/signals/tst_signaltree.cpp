@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/rowtext.h"

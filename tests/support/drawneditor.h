@@ -1,8 +1,6 @@
 #pragma once
 
-#include <algorithm>
-
-#include "tests/support/widgets.h"
+#include <QtWidgets>
 
 // What an editor shows, as lines of text.
 

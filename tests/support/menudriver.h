@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QtTest>
-
-#include <functional>
-
-#include "tests/support/widgets.h"
+#include <QtWidgets>
 
 // Plays the user of the menu that `opens` brings up, whether it waits for the menu or not: clicks the entry,
 // or leaves. Gives what was offered, disabled entries in brackets; nothing when no menu came up.

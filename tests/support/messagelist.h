@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QtTest>
+#include <QtWidgets>
 
-#include "tests/support/widgets.h"
 #include "workbench/messagemodel.h"
 
 // "E error", "W warning", "N note", what is past in brackets.

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <QObject>
-#include <QStringList>
-#include <QTest>
-#include <QTimer>
-#include <functional>
-
-#include "tests/support/widgets.h"
+#include <QtTest>
+#include <QtWidgets>
 
 // Clicks a button of the box that ends a dialog.
 inline void leave(QDialog *dialog, QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)

@@ -2,8 +2,6 @@
 
 #include <QtTest>
 
-#include <array>
-
 // Columns of a test's table, by their types, and those of texts alone.
 template <class... Types, class... Names>
 void columns(Names... names)

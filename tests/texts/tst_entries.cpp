@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <algorithm>
-
 #include "host/translation.h"
 #include "tests/support/tablerow.h"
 

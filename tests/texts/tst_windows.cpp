@@ -1,14 +1,8 @@
-#include <QAccessible>
-#include <QGroupBox>
-#include <QShortcut>
-#include <QStyle>
-#include <QStyleOptionButton>
-#include <QStyleOptionComboBox>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "host/translation.h"
 #include "tests/support/files.h"
-#include "tests/support/widgets.h"
 #include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
 #include "workbench/helptopics.h"

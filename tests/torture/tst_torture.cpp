@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <fcntl.h>
 #include <random>
 #include <sys/stat.h>

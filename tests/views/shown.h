@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QtTest>
-
-#include <QVBoxLayout>
-
 #include "tests/support/menudriver.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"

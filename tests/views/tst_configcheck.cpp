@@ -1,7 +1,5 @@
 #include <QtTest>
 
-#include <memory>
-
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"

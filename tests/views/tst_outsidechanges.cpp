@@ -1,5 +1,3 @@
-#include <QTextDocumentFragment>
-
 #include <cstdio>
 #include <unistd.h>
 

@@ -1,5 +1,3 @@
-#include <QScrollBar>
-
 #include "check/configuration.h"
 #include "check/snapshot.h"
 #include "host/isnapshot.h"

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QtTest>
-
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "plugin/jexviewmanager.h"
 #include "tests/support/modaldriver.h"
-#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"

@@ -1,7 +1,3 @@
-#include <QDir>
-#include <QSignalSpy>
-#include <QtTest>
-
 #include <csignal>
 
 #include "commandline/devicename.h"

@@ -1,5 +1,3 @@
-#include <QScreen>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,7 +6,6 @@
 #include "tests/support/tablerow.h"
 #include "tests/workbench/editorwindow.h"
 #include "workbench/devicedialog.h"
-#include "workbench/messagepane.h"
 #include "workbench/projecttree.h"
 
 // What the File menu does with the real editors, and what is there again at the next start.

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <random>
 
 #include "tests/support/tablerow.h"

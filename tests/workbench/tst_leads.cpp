@@ -1,5 +1,3 @@
-#include <QStatusBar>
-
 #include "tests/support/menudriver.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/rowtext.h"

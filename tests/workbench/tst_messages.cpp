@@ -1,7 +1,3 @@
-#include <QClipboard>
-#include <QToolButton>
-#include <QtTest>
-
 #include "host/designmanager.h"
 #include "tests/support/files.h"
 #include "tests/support/intime.h"

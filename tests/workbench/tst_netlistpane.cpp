@@ -1,7 +1,3 @@
-#include <QClipboard>
-#include <QDockWidget>
-#include <QTextDocument>
-
 #include "host/isignaltarget.h"
 #include "tests/support/drops.h"
 #include "tests/support/intime.h"

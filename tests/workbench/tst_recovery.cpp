@@ -1,10 +1,3 @@
-#include <QAction>
-#include <QFileDialog>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTreeWidget>
-#include <QtTest>
-
 #include "host/viewmanager.h"
 #include "plugin/jexinserterview.h"
 #include "plugin/jexviewmanager.h"

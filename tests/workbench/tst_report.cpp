@@ -1,5 +1,4 @@
 #include <QImage>
-#include <QtTest>
 
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"

@@ -1,8 +1,7 @@
-#include <QtTest>
+#include <QtWidgets>
 
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/widgets.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
 #include "workbench/runmenu.h"

@@ -1,7 +1,4 @@
-#include <QProcess>
 #include <QtTest>
-
-#include <functional>
 
 #include "tests/support/sessionmanager.h"
 #include "tests/support/workspace.h"

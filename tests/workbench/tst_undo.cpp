@@ -1,5 +1,3 @@
-#include <QClipboard>
-
 #include "check/configuration.h"
 #include "host/isignaltarget.h"
 #include "host/isnapshot.h"

@@ -1,7 +1,3 @@
-#include <QCloseEvent>
-#include <QStatusBar>
-#include <QtTest>
-
 #include "host/editorregistry.h"
 #include "host/filewizard.h"
 #include "host/iview.h"
