@@ -61,19 +61,16 @@ private Q_SLOTS:
         auto [file, free, standard, lite] = textCells("file", "free", "standard", "lite");
         const Folder folder;
         const QString path = folder.write("a.zub", file.toUtf8());
-        const struct
-        {
-            JEX::JexMode mode;
-            QString expected;
-        } modes[] = {{JEX::InvalidMode, free}, {JEX::StandardMode, standard}, {JEX::LiteMode, lite}};
-        for (const auto &row : modes) {
-            Configuration configuration(row.mode);
+        const Rows<JEX::JexMode, QString> modes = {
+            {JEX::InvalidMode, free}, {JEX::StandardMode, standard}, {JEX::LiteMode, lite}};
+        for (const auto &[mode, expected] : modes) {
+            Configuration configuration(mode);
             QString error, found = configuration.accepts(path) ? "accepted " : "";
             const bool ok = configuration.read(path, &error);
             QCOMPARE(ok, error.isEmpty());
             QCOMPARE(configuration.cores().isEmpty(), !ok);
             found += ok ? shown(configuration) : error.replace(path, "FILE");
-            QCOMPARE(found, row.expected);
+            QCOMPARE(found, expected);
         }
     }
 

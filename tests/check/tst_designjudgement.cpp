@@ -4,6 +4,7 @@
 #include "elaboration/elaboration.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
+#include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 
@@ -29,11 +30,7 @@ private Q_SLOTS:
         const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
         QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
             jtag(netlistFromText("b\n  TS_JTAG!\n"));
-        const struct
-        {
-            DesignFault found;
-            const char *expected;
-        } rows[] = {
+        const Rows<DesignFault, const char *> rows = {
             {judgeModules("a", {one, two, harmless}), ""},
             {judgeModules("", {none, none, {"WARNING: x", "ERROR: a.v:1: y"}}),
              "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
@@ -47,8 +44,8 @@ private Q_SLOTS:
             {judgeNetlist("%2", jtag.data()),
              "Error | Get module \"%2\" failed, just received default module \"b\"."},
         };
-        for (const auto &row : rows)
-            QCOMPARE(shown(row.found), QString(row.expected));
+        for (const auto &[found, expected] : rows)
+            QCOMPARE(shown(found), QString(expected));
     }
 };
 

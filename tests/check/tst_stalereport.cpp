@@ -153,14 +153,11 @@ private Q_SLOTS:
 
     void distances()
     {
-        const struct
-        {
-            const char *a, *b;
-            int limit, distance;
-        } cases[] = {{"", "abc", 9, 3},  {"state", "State", 9, 0}, {"kitten", "sitting", 9, 3},
-                     {"ab", "ba", 9, 2}, {"abc", "xyz", 1, 2},     {"abcd", "a", 2, 3}};
-        for (const auto &row : cases)
-            QCOMPARE(editDistance(row.a, row.b, row.limit), row.distance);
+        const Rows<const char *, const char *, int, int> cases = {
+            {"", "abc", 9, 3},  {"state", "State", 9, 0}, {"kitten", "sitting", 9, 3},
+            {"ab", "ba", 9, 2}, {"abc", "xyz", 1, 2},     {"abcd", "a", 2, 3}};
+        for (const auto &[a, b, limit, distance] : cases)
+            QCOMPARE(editDistance(a, b, limit), distance);
     }
 };
 

@@ -89,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.readAllStandardError(), QByteArray("jex: Interrupted.\n"));
         QCOMPARE(process.exitCode(), 3);
-        QCOMPARE(QDir(dir.filePath("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+        QCOMPARE(entriesOf(dir.filePath("tmp")), QStringList());
     }
 
 private:

@@ -339,11 +339,7 @@ private Q_SLOTS:
 
     void faults()
     {
-        const struct
-        {
-            std::function<void(JEX::AoCore *)> change;
-            const char *fault;
-        } table[] = {
+        const Rows<std::function<void(JEX::AoCore *)>, const char *> table = {
             {[](JEX::AoCore *core) { core->enabledCaptureSignals.clear(); }, "it captures no signals."},
             {[](JEX::AoCore *core) { core->windowNumber = 3; },
              "a capture amount of 1024 does not fit into one of 3 segments of a storage of 1024 samples."},
@@ -364,10 +360,10 @@ private Q_SLOTS:
             {[](JEX::AoCore *core) { core->matchUnits[1]->value = "01"; },
              "M1 cannot be made: The value has 2 bits, but the trigger port has 3."},
         };
-        for (const auto &row : table) {
+        for (const auto &[change, fault] : table) {
             const std::unique_ptr<JEX::AoCore> core = soundCore();
-            row.change(core.get());
-            QCOMPARE(coreModule(anyOf(core.get())).fault, "Core 3 cannot be made: " + QString(row.fault));
+            change(core.get());
+            QCOMPARE(coreModule(anyOf(core.get())).fault, "Core 3 cannot be made: " + QString(fault));
         }
     }
 };

@@ -26,16 +26,6 @@ void addRows(const Hierachy &node, QList<JEX::SignalItem> &rows)
         addRows(*child, rows);
 }
 
-// A Lite core that captures these nets.
-struct Capture
-{
-    Capture(const QString &clock, const QList<JEX::SignalItem> &rows) : configuration(JEX::LiteMode)
-    {
-        addLite(configuration, clock, rows, 16);
-    }
-    RTLJEX::Configuration configuration;
-};
-
 // In place of the cores: writes all that arrives whenever something changed.
 QByteArray monitor(const Insertion::Analyzer &analyzer, int nanoseconds)
 {
@@ -118,8 +108,8 @@ private Q_SLOTS:
         const QString clock = rows.first().members.isEmpty() ? rows.first().name : design + "/clk_a";
         Insertion::InsertionOptions options;
         options.forSimulation = true;
-        const Capture all(clock, rows);
-        Insertion::InsertionJob refusing(input, all.configuration, *netlist, options);
+        const LiteConfiguration all(clock, rows, 16);
+        Insertion::InsertionJob refusing(input, all, *netlist, options);
         finish(refusing);
         const QStringList lost = refusing.messages().filter("cannot be tapped");
         for (const QString &sentence : lost)
@@ -130,8 +120,8 @@ private Q_SLOTS:
             if (lost.join('\n').contains(' ' + rows.at(i).name + ' '))
                 rows.removeAt(i);
         }
-        const Capture capture(clock, rows);
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, options);
+        const LiteConfiguration capture(clock, rows, 16);
+        Insertion::InsertionJob job(input, capture, *netlist, options);
         finish(job);
         QVERIFY2(job.outcome() == Insertion::InsertionJob::Done, qPrintable(job.messages().join('\n')));
 
@@ -225,9 +215,9 @@ private Q_SLOTS:
         QVERIFY(netlist);
         QList<JEX::SignalItem> rows;
         addRows(*netlist->topHierarchy, rows);
-        const Capture capture("top/clk", rows);
+        const LiteConfiguration capture("top/clk", rows);
         input.parameters = parameters;
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        Insertion::InsertionJob job(input, capture, *netlist, Insertion::InsertionOptions());
         finish(job);
         const QString said = job.messages().join('\n');
         const auto any = [](const QStringList &lines, const QString &pattern) {
@@ -271,8 +261,8 @@ private Q_SLOTS:
         const DesignInput input = folder.input({"two words.sv"});
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
         QVERIFY(netlist);
-        const Capture capture("top/clk", {signalNamed("top/q")});
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        const LiteConfiguration capture("top/clk", {signalNamed("top/q")});
+        Insertion::InsertionJob job(input, capture, *netlist, Insertion::InsertionOptions());
         finish(job);
         QCOMPARE(job.messages().filter("ERROR"), QStringList());
         QVERIFY(job.files().contains("design.v"));
@@ -287,8 +277,8 @@ private Q_SLOTS:
         folder.write("a.v", "module top(input clk); endmodule");
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         QVERIFY(netlist);
-        const Capture capture("top/clk", {signalNamed("top/clk")});
-        const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+        const LiteConfiguration capture("top/clk", {signalNamed("top/clk")});
+        const Insertion::Analyzer analyzer(capture, RTLJEX::CoreOptions(), *netlist);
         Insertion::FlatNetlist flat;
         QString error;
         const QByteArray text =
@@ -306,9 +296,9 @@ private Q_SLOTS:
         folder.write("a.v", "module top(input clk); endmodule");
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         for (int implementation : {JEX::BsramImplementation, JEX::SsramImplementation}) {
-            const Capture capture("top/clk", {signalNamed("top/clk")});
-            capture.configuration.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
-            const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+            const LiteConfiguration capture("top/clk", {signalNamed("top/clk")});
+            capture.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
+            const Insertion::Analyzer analyzer(capture, RTLJEX::CoreOptions(), *netlist);
             Insertion::InsertionReport report;
             report.noteFamily(analyzer, "ecp5");
             QCOMPARE(report.warnings, QStringList());

@@ -109,8 +109,7 @@ private Q_SLOTS:
     {
         auto [compiler, text, message] = textCells("compiler", "text", "message");
         m_bench = m_folder.write("tb.v", text.toUtf8());
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        addLite(configuration, "top/clk", {signalNamed("top/rst")});
+        const LiteConfiguration configuration("top/clk", {signalNamed("top/rst")});
         qputenv("JEX_CXX", compiler.toUtf8());
         const auto job = simulate(configuration, Simulator::Verilator, Insertion::SimulationJob::Failed);
         QCOMPARE(job->messages().value(0), message);

@@ -103,8 +103,7 @@ private Q_SLOTS:
         QList<JEX::SignalItem> rows;
         for (const auto &pair : pairs)
             rows << signalNamed("top/" + pair.first) << signalNamed("top/" + pair.second);
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        addLite(configuration, "top/clk", rows, 256);
+        const LiteConfiguration configuration("top/clk", rows, 256);
         Insertion::SimulationOptions options;
         options.bench << folder.write("tb.v", bench);
         Insertion::SimulationJob job(input, configuration, *netlist, options);

@@ -3,6 +3,16 @@
 #include <QtTest>
 #include <QtWidgets>
 
+// The one with that text, whose mnemonic does not count: a test has no use for going on without it.
+inline QAction *named(const QString &text, const QList<QAction *> &actions)
+{
+    for (QAction *action : actions) {
+        if (action->text().remove('&') == text)
+            return action;
+    }
+    qFatal("no action %s", qPrintable(text));
+}
+
 // Plays the user of the menu that `opens` brings up, whether it waits for the menu or not: clicks the entry,
 // or leaves. Gives what was offered, disabled entries in brackets; nothing when no menu came up.
 inline QStringList useMenu(const std::function<void()> &opens, const QString &entry = QString())

@@ -18,6 +18,27 @@ inline std::function<void(QDialog *)> choosing(const QString &path)
     };
 }
 
+// The button that is shown with that text, whose mnemonic does not count; none where there is none.
+inline QAbstractButton *shownButton(const QWidget *parent, const QString &text)
+{
+    for (QAbstractButton *button : parent->findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && button->text().remove('&') == text)
+            return button;
+    }
+    return nullptr;
+}
+
+// Presses that button, or leaves where there is none.
+inline std::function<void(QDialog *)> pressing(const QString &text)
+{
+    return [text](QDialog *dialog) {
+        if (QAbstractButton *button = shownButton(dialog, text))
+            button->click();
+        else
+            dialog->reject();
+    };
+}
+
 // Plays the user of modal dialogs, which it meets from a timer: one step for each dialog, in order. What the
 // message boxes said is kept as "icon | title | text | buttons | details", with a star at the default button.
 // Progress dialogs are left alone. A dialog that nobody expected is noted and rejected, so that a test

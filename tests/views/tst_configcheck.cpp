@@ -4,6 +4,7 @@
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
 #include "views/configcheck.h"
 
 using namespace JEX;
@@ -33,11 +34,7 @@ class ConfigCheckTest : public QObject
 private Q_SLOTS:
     void standard()
     {
-        const struct
-        {
-            void (*change)(AoCore *core);
-            const char *errors;
-        } rows[] = {
+        const Rows<void (*)(AoCore *), const char *> rows = {
             {[](AoCore *) {}, ""},
             {[](AoCore *core) {
                  core->getTrigger(2)->signalItems.clear();
@@ -76,13 +73,13 @@ private Q_SLOTS:
             {[](AoCore *core) { core->enabledCaptureSignals[0].capEnable = false; },
              "Core 5: No capture signals specified"},
         };
-        for (const auto &row : rows) {
+        for (const auto &[change, errors] : rows) {
             AoCore core(5);
             fill(&core);
-            row.change(&core);
+            change(&core);
             QString found = "old";
             const bool ok = checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), &found);
-            QCOMPARE(found, QString(row.errors));
+            QCOMPARE(found, QString(errors));
             QCOMPARE(ok, found.isEmpty());
             QCOMPARE(checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), nullptr), ok);
         }

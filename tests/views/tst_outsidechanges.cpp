@@ -154,14 +154,12 @@ private Q_SLOTS:
 
     void invalidFileOnReload()
     {
-        const struct
-        {
-            const char *from, *to;
-        } damages[] = {{"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
+        const Rows<const char *, const char *> damages = {
+            {"mode=\"", "mode=\"X"}, {"</core>", ""}, {"\"rising\"", "\"raising\""}};
         Shown other(m_mode, config("other.zub"));
-        for (const auto &damage : damages) {
+        for (const auto &[from, to] : damages) {
             Shown shown(m_mode, config("a.zub"));
-            m_work->write("a.zub", m_work->read("a.zub").replace(damage.from, damage.to));
+            m_work->write("a.zub", m_work->read("a.zub").replace(from, to));
             QTRY_COMPARE(shown.banners(), QStringList(changedText));
             ModalDriver driver;
             driver.then([&shown](QDialog *dialog) {

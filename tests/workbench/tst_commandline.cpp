@@ -18,14 +18,12 @@ private Q_SLOTS:
     void initTestCase()
     {
         QDir::setCurrent(m_work.dir.path());
-        for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub"})
+        for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub", "tree/b.vhd", "tree/a/c.sv",
+                                 "tree/a/h.svh", "tree/.git/d.v", "tree/notes.txt"})
             m_work.write(file, "");
         m_work.write("p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}], "topModule": "own"})");
         m_work.write("q.jexprj", "{}");
         m_work.write("sub/list.f", "x.v +define+L");
-        for (const char *file :
-             {"tree/b.vhd", "tree/a/c.sv", "tree/a/h.svh", "tree/.git/d.v", "tree/notes.txt"})
-            m_work.write(file, "");
         QDir().mkpath("none");
         m_work.write("sub/r.jexprj", R"({"version": 1, "files": [{"path": "x.v"}]})");
     }
@@ -90,12 +88,7 @@ private Q_SLOTS:
     // A part whose package nobody knows has the figures of its die.
     void devicesByName_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("found"); // device, part number and package
-        QTest::addColumn<QString>("hint");
-        const auto row = [](const char *name, const char *found, const char *hint) {
-            QTest::newRow(name) << QString(name) << QString(found) << QString(hint);
-        };
+        textColumns("found", "hint"); // device, part number and package
         row("LFE5U-25F-6BG256C", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
         row("lfe5u-25f", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
         row("LFE5U-25F-7BG381I", "LFE5U-25F LFE5U-25F-7BG381I ", "");
@@ -108,23 +101,19 @@ private Q_SLOTS:
         row("a pear", "", "-");
         row("", "", "-");
     }
-
     void devicesByName()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, found);
-        QFETCH(QString, hint);
+        auto [found, hint] = textCells("found", "hint");
         DEV::DeviceArg device;
-        const bool isKnown = CommandLine::findDevice(name, device);
+        const bool isKnown = CommandLine::findDevice(QTest::currentDataTag(), device);
         QCOMPARE(isKnown, !found.isEmpty());
-        if (isKnown)
+        if (isKnown) {
             QCOMPARE(device.device + ' ' + device.partNumber + ' ' + device.package, found);
-        else if (hint == "-")
-            QCOMPARE(CommandLine::deviceHint(name), QString());
-        else
-            QVERIFY2(CommandLine::deviceHint(name).contains(hint), qPrintable(CommandLine::deviceHint(name)));
-        if (isKnown)
             QVERIFY(JEX_TOOL::findDevice(device.series, device.device));
+        } else {
+            const QString said = CommandLine::deviceHint(QTest::currentDataTag());
+            QVERIFY2(hint == "-" ? said.isEmpty() : said.contains(hint), qPrintable(said));
+        }
     }
 
     // Between two jobs nobody looks; the second one hears of it.

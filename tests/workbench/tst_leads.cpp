@@ -1,4 +1,3 @@
-#include "tests/support/menudriver.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
@@ -104,21 +103,18 @@ private Q_SLOTS:
         edit();
         m_user.press(QMessageBox::Ok);
         save()->trigger();
-        const struct
-        {
-            const char *line;
-            const char *place;
-        } leads[] = {{"E f.zub: Core 0: No available match units", "tableMu: "},
-                     {"E f.zub: Core 0: M7 in expression \"M7\" is not enable", "listExpression: M7"},
-                     {"E f.zub: Core 0: The specified sample clock does not exist", "editSampleClock: "}};
-        for (const auto &lead : leads) {
-            QTRY_VERIFY2(lines().contains(lead.line), qPrintable(lines().join('\n')));
-            doubleClickMessage(m_pane, QString(lead.line).mid(2));
-            QCOMPARE(focused(), QString(lead.place));
+        const QString units = "E f.zub: Core 0: No available match units";
+        for (const auto &[line, place] : Rows<QString, QString>{
+                 {units, "tableMu: "},
+                 {"E f.zub: Core 0: M7 in expression \"M7\" is not enable", "listExpression: M7"},
+                 {"E f.zub: Core 0: The specified sample clock does not exist", "editSampleClock: "}}) {
+            QTRY_VERIFY2(lines().contains(line), qPrintable(lines().join('\n')));
+            doubleClickMessage(m_pane, line.mid(2));
+            QCOMPARE(focused(), place);
         }
         m_user.press(QMessageBox::Discard);
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
-        QVERIFY(lines().contains(QString("(%1)").arg(leads[0].line)));
+        QVERIFY(lines().contains('(' + units + ')'));
     }
 
     void aSaveSaysSo()
@@ -204,7 +200,7 @@ private Q_SLOTS:
         if (auto *tree = view()->findChild<QTreeWidget *>(widget)) {
             showTab(tree);
             tree->setFocus();
-            tree->setCurrentItem(tree->findItems(row, Qt::MatchExactly | Qt::MatchRecursive).first());
+            tree->setCurrentItem(rowNamed(tree, row));
         } else {
             QTRY_VERIFY(messageRow(m_pane, row).isValid());
             auto *list = m_pane->findChild<QListView *>();
@@ -245,12 +241,9 @@ private Q_SLOTS:
         QCOMPARE(candidates.join(' ') + " before " + box->itemText(2), QString("second top before sub"));
 
         auto *files = m_window->findChild<Workbench::ProjectTree *>();
-        files->findItems("more.v", Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+        rowNamed(files, "more.v")->setSelected(true);
         const std::unique_ptr<QMenu> menu(files->createFileMenu());
-        for (QAction *action : menu->actions()) {
-            if (action->text() == "Set as To&p: second")
-                action->trigger();
-        }
+        named("Set as Top: second", menu->actions())->trigger();
         QCOMPARE(m_workspace->project()->data().topModule, QString("second"));
     }
 

@@ -29,15 +29,6 @@ QString shown(const MessagePane &pane)
     return lines.join('|');
 }
 
-QToolButton *button(const MessagePane &pane, const QString &text)
-{
-    for (QToolButton *button : pane.findChildren<QToolButton *>()) {
-        if (button->text() == text)
-            return button;
-    }
-    qFatal("no button %s", qPrintable(text));
-}
-
 } // namespace
 
 // The list of messages, the places that they name, and the command that shows those.
@@ -72,10 +63,10 @@ private Q_SLOTS:
         pane.addMessage("WARNING: odd", false);
         pane.addMessage("fine", false);
         QCOMPARE(shown(pane), QString("bad\nreally|WARNING: odd|fine"));
-        button(pane, "Warnings (1)")->click();
+        shownButton(&pane, "Warnings (1)")->click();
         QCOMPARE(shown(pane), QString("bad\nreally|fine"));
 
-        button(pane, "Copy")->click();
+        shownButton(&pane, "Copy")->click();
         const QString copied = QGuiApplication::clipboard()->text();
         QVERIFY(copied.contains("bad\nreally\n") && copied.endsWith("fine\n") && !copied.contains("odd"));
         auto *list = pane.findChild<QListView *>();
@@ -88,9 +79,9 @@ private Q_SLOTS:
 
         ModalDriver user;
         user.then(choosing(dir.path("kept.txt")));
-        button(pane, "Save...")->click();
+        shownButton(&pane, "Save...")->click();
         QCOMPARE(QString(dir.read("kept.txt")), copied);
-        button(pane, "Clear")->click();
+        shownButton(&pane, "Clear")->click();
         QCOMPARE(pane.toPlainText(), QString());
     }
 

@@ -64,8 +64,7 @@ private Q_SLOTS:
     void saveOfAChangedFile()
     {
         auto [pressed, asked] = textCells("pressed", "asked");
-        openAndEdit();
-        disturb(QString(QTest::currentDataTag()).trimmed());
+        openAndDisturb();
         if (!pressed.isEmpty())
             m_user.then(pressing(pressed));
         save()->trigger();
@@ -113,8 +112,7 @@ private Q_SLOTS:
     void closing()
     {
         QFETCH(QString, pressed);
-        openAndEdit();
-        disturb(QString(QTest::currentDataTag()).trimmed());
+        openAndDisturb();
         m_user.then(pressing(pressed));
         Core::ViewManager::instance()->closeView(view());
         QCOMPARE(m_user.seen.size(), 1); // the editor does not ask as well
@@ -224,14 +222,14 @@ private Q_SLOTS:
         QTRY_VERIFY(banner->isVisible());
         QCOMPARE(texts(banner), "The project '" + m_projectPath +
                                     "' changed on disk.\nDo you want to reload it? | Reload | Keep It");
-        press(banner, "Reload");
+        shownButton(banner, "Reload")->click();
         QVERIFY(!banner->isVisible());
         QCOMPARE(m_workspace->project()->data().topModule, QString("theirs"));
         QVERIFY(!m_workspace->project()->isModified());
 
         m_dir->write("p.jexprj", project("again"));
         QTRY_VERIFY(banner->isVisible());
-        press(banner, "Keep It");
+        shownButton(banner, "Keep It")->click();
         QVERIFY(!banner->isVisible());
         m_workspace->project()->setOption("TopModule", "ours");
         m_user.then(pressing("Cancel"));
@@ -247,7 +245,7 @@ private Q_SLOTS:
         QCOMPARE(texts(banner),
                  "The project '" + m_projectPath +
                      "' has been removed on disk.\nDo you still want to keep it? | Keep It | Close");
-        press(banner, "Keep It");
+        shownButton(banner, "Keep It")->click();
         QVERIFY(!banner->isVisible() && m_workspace->project()->isModified());
         QVERIFY(m_workspace->saveProject() && QFile::exists(m_projectPath));
     }
@@ -263,6 +261,11 @@ private:
     {
         QVERIFY(m_workspace->openFile(m_path));
         edit(view());
+    }
+    void openAndDisturb()
+    {
+        openAndEdit();
+        disturb(QString(QTest::currentDataTag()).trimmed());
     }
     void disturb(const QString &how)
     {
@@ -310,14 +313,6 @@ private:
         }
         return texts.join(" | ");
     }
-    static void press(const QWidget *banner, const QString &text)
-    {
-        for (QPushButton *button : banner->findChildren<QPushButton *>()) {
-            if (button->isVisible() && button->text().remove('&') == text)
-                return QTest::mouseClick(button, Qt::LeftButton);
-        }
-    }
-
     QString m_path;
     QString m_projectPath;
     QByteArray m_loaded;

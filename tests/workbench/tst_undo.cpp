@@ -4,7 +4,6 @@
 #include "signals/signaltreewidget.h"
 #include "tests/support/drawneditor.h"
 #include "tests/support/drops.h"
-#include "tests/support/menudriver.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
 #include "tests/workbench/editorwindow.h"
@@ -278,11 +277,7 @@ private Q_SLOTS:
         click(find<QWidget>("btnRemove"));
         const QStringList before = picture();
         static_cast<RTLJEX::EditorView *>(view())->designFileChanged();
-        for (QPushButton *button :
-             view()->findChild<RTLJEX::ReloadBanner *>()->findChildren<QPushButton *>()) {
-            if (button->text() == "Reload")
-                click(button);
-        }
+        click(shownButton(view()->findChild<RTLJEX::ReloadBanner *>(), "Reload"));
         QTRY_COMPARE(rows()->topLevelItemCount(), 4);
         QCoreApplication::processEvents();
         QCOMPARE(texts(), QString("Undo Reload | Redo"));
