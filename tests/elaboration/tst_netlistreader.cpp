@@ -76,7 +76,8 @@ private Q_SLOTS:
             row(qPrintable(file), TEST_DESIGNS "/" + file);
     }
 
-    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= ".
+    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= "; there
+    // a[0..2] stands for a[0] a[1] a[2], and so does what follows.
     void tree()
     {
         QFETCH(QString, file);
@@ -84,6 +85,15 @@ private Q_SLOTS:
         for (const QString &line : QString(contents(file)).split('\n')) {
             if (line.startsWith("//= ") || line.startsWith("--= "))
                 expected += line.mid(4).simplified().split(' ');
+        }
+        const QRegularExpression several("\\[(\\d+)\\.\\.(\\d+)\\]");
+        for (int i = 0; i < expected.size(); ++i) {
+            const QString pattern = expected.at(i);
+            const QRegularExpressionMatch range = several.match(pattern);
+            for (int k = range.captured(2).toInt(); range.hasMatch() && k >= range.captured(1).toInt(); --k)
+                expected.insert(i + 1, QString(pattern).replace(several, QString("[%1]").arg(k)));
+            if (range.hasMatch())
+                expected.removeAt(i);
         }
         QVERIFY(!expected.isEmpty());
         QCOMPARE(drawn(read(file).get()).join(' ').split(' '), expected);

@@ -84,7 +84,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         m_work.reset(new Workspace);
     }
 

@@ -64,6 +64,11 @@ public:
         };
     }
     bool done() const { return m_steps.isEmpty(); }
+    void beginAnew()
+    {
+        seen.clear();
+        m_steps.clear();
+    }
 
     static QString describe(QDialog *dialog)
     {

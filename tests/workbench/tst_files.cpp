@@ -16,7 +16,7 @@ class FilesTest : public EditorWindowTest
 private Q_SLOTS:
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         makeProject();
         m_dir->write("rtl/top.v", counterDesign);
         for (const char *name : {"a.zub", "b.zub"})

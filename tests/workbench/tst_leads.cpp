@@ -48,7 +48,7 @@ class LeadsTest : public EditorWindowTest
 private Q_SLOTS:
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         makeProject(design);
         m_source = m_dir->path("top.v");
         showWindow();

@@ -13,6 +13,7 @@ class RecoveryTest : public EditorWindowTest
 private Q_SLOTS:
     void init()
     {
+        m_user.beginAnew();
         makeProject();
         m_path = writeConfig(JEX::LiteMode, "a.zub");
         m_folder = m_dir->path("kept");

@@ -32,7 +32,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         makeProject();
         m_other = contents(writeConfig(JEX::LiteMode, "a.zub", 2));
         m_path = writeConfig(JEX::LiteMode, "a.zub");

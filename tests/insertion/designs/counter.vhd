@@ -1,6 +1,4 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 
 entity stage is
   port (clk, rst, enable : in std_logic; q : out std_logic; carry : out std_logic);
@@ -22,10 +20,7 @@ begin
   carry <= enable and held;
 end architecture;
 
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 entity counter is
   port (clk, rst : in std_logic; value : out std_logic_vector(2 downto 0); stages : out std_logic_vector(1 to 3));
 end entity;

@@ -1,9 +1,5 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-library vendorcells;
-use vendorcells.components.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
+library vendorcells; use vendorcells.components.all;
 entity accumulator is
   generic (WIDTH : positive; TAP_COUNT : natural := 2; NOTES : string := "");
   port (

@@ -1,9 +1,5 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-library common;
-use common.common_pkg.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
+library common; use common.common_pkg.all;
 package axis_pkg is
   type side_t is record
     last : std_logic;

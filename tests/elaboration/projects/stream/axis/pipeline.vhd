@@ -1,8 +1,5 @@
-library ieee;
-use ieee.std_logic_1164.all;
-library axis;
-use axis.axis_pkg.all;
-
+library ieee; use ieee.std_logic_1164.all;
+library axis; use axis.axis_pkg.all;
 entity pipeline is
   generic (DEPTH : positive; USER_BITS : natural := 0);
   port (

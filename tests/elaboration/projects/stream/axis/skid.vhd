@@ -1,9 +1,6 @@
 -- One register with a side channel that is only there when it has a width.
-library ieee;
-use ieee.std_logic_1164.all;
-
+library ieee; use ieee.std_logic_1164.all;
 use work.axis_pkg.all;
-
 entity skid is
   generic (USER_BITS : natural := 0);
   port (

@@ -1,6 +1,4 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 
 package Common_Pkg is
   type mode_t is (Idle, Fill, Drain, Fault);

@@ -1,5 +1,4 @@
-library ieee;
-use ieee.std_logic_1164.all;
+library ieee; use ieee.std_logic_1164.all;
 
 entity synchroniser is
   generic (STAGES : positive range 2 to 8 := 2);

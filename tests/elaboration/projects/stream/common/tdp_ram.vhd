@@ -1,8 +1,5 @@
 -- The usual memory with two ports, each with a clock and a width of its own address.
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 entity tdp_ram is
   generic (DATA_BITS : positive := 8; ADDR_BITS : positive);
   port (
