@@ -102,11 +102,7 @@ std::unique_ptr<JEX::AoCore> soundCore()
 
 AnyCore anyOf(JEX::AoCore *core)
 {
-    RandomCore holder;
-    holder.standard.reset(core);
-    const AnyCore any = holder.any();
-    holder.standard.release();
-    return any;
+    return anyCores(QList<JEX::AoCore *>{core}).first();
 }
 
 } // namespace

@@ -9,30 +9,13 @@
 
 namespace {
 
-bool openNothing(const QString &, const DEV::DeviceArg &)
-{
-    return false;
-}
-
-bool openNothingLater(const QString &, const DEV::DeviceArg &)
-{
-    return false;
-}
-
-Core::IFileWizardFactory *makeNothing()
-{
-    return nullptr;
-}
-
-bool announce()
-{
-    Core::EditorRegistry::announce(NAME, openNothing);
-    Core::EditorRegistry::announce("both", openNothing);
-    Core::FileWizardRegistry::announce(makeNothing);
+const bool announced = [] {
+    const auto opensNothing = [](const QString &, const DEV::DeviceArg &) { return false; };
+    Core::EditorRegistry::announce(NAME, opensNothing);
+    Core::EditorRegistry::announce("both", opensNothing);
+    Core::FileWizardRegistry::announce([]() -> Core::IFileWizardFactory * { return nullptr; });
     return true;
-}
-
-const bool announced = announce();
+}();
 
 } // namespace
 
@@ -46,7 +29,8 @@ public:
     bool initialize() override
     {
         note("initialize");
-        Core::EditorRegistry::announce(NAME "2", openNothingLater);
+        Core::EditorRegistry::announce(NAME "2",
+                                       [](const QString &, const DEV::DeviceArg &) { return false; });
         return !REFUSES;
     }
     void extensionsInitialized() override { note("extensions"); }

@@ -192,12 +192,7 @@ private Q_SLOTS:
         QCOMPARE(remains(m_dir->path()), QStringList());
     }
 
-    void fullDisk_data()
-    {
-        textColumns("file");
-        row("replacing", "plain");
-        row("in place", "linked");
-    }
+    void fullDisk_data() { textRows("file", {"plain", "linked"}); }
 
     // A disk of 64 KiB, where one may be mounted; else a limit on the size of files stands for it.
     void fullDisk()
@@ -318,6 +313,31 @@ private Q_SLOTS:
         QCOMPARE(int(::getxattr(qPrintable(path), "user.jex", value, sizeof value)), 5);
         QCOMPARE(QByteArray(value), QByteArray("label"));
         QCOMPARE(contents(path), QByteArray("new"));
+    }
+
+    void refusesFoldersAsFiles()
+    {
+        QString error;
+        QVERIFY(!QUtil::writeFileAtomically(m_dir->path(), "x", &error));
+        QCOMPARE(error, "Can not save to " + m_dir->path() + ": opening failed (Is a directory).");
+        QVERIFY(!QUtil::writeFileAtomically(m_dir->path("none/x"), "x", &error));
+        QCOMPARE(error, "Can not save to " + m_dir->path("none/x") +
+                            ": creating a file in its folder failed (No such file or directory).");
+    }
+
+    // The last one cannot be written: those before it are as they were, whether they were there or not.
+    void allOrNone()
+    {
+        const QString there = m_dir->write("all/there", "old"), added = m_dir->path("all/added");
+        QString error;
+        QVERIFY(!QUtil::writeFilesAtomically({{there, "new"}, {added, "new"}, {m_dir->path("none/x"), "new"}},
+                                             &error));
+        QVERIFY2(error.contains("none/x"), qPrintable(error));
+        QCOMPARE(contents(there), QByteArray("old"));
+        QCOMPARE(entriesOf(m_dir->path("all")), QStringList("there"));
+        QVERIFY2(QUtil::writeFilesAtomically({{there, "new"}, {added, "newer"}}, &error), qPrintable(error));
+        QCOMPARE(contents(there) + contents(added), QByteArray("newnewer"));
+        QCOMPARE(entriesOf(m_dir->path("all")).size(), 2);
     }
 
 private:

@@ -57,11 +57,6 @@ public:
     }
 };
 
-Core::IFileWizardFactory *makeWizard()
-{
-    return new TestWizard;
-}
-
 const char *const projectText =
     R"({"version": 1, "name": "demo", "topModule": "top", "device": {"partNumber": "PN"},
     "files": [{"path": "a.v"}, {"path": "gone.sv"}, {"path": "b.vhd", "enabled": false}, {"path": "c.zub"}]})";
@@ -76,7 +71,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         Core::EditorRegistry::announce("zub", openInEditor);
-        Core::FileWizardRegistry::announce(makeWizard);
+        Core::FileWizardRegistry::announce([]() -> Core::IFileWizardFactory * { return new TestWizard; });
         Core::FileWizardRegistry::createFactories();
     }
     void cleanupTestCase() { Core::FileWizardRegistry::clear(); }
