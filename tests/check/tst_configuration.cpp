@@ -1,5 +1,7 @@
 #include "check/configuration.h"
+#include "check/designjudgement.h"
 #include "check/rebinding.h"
+#include "elaboration/elaboration.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 #include "tests/support/netlisttext.h"
@@ -197,6 +199,32 @@ private Q_SLOTS:
         QTEST(findings.errors.join('\n'), "errors");
         QTEST(stale.join('\n'), "stale");
         QCOMPARE(findings.isEmpty(), errors.isEmpty() && stale.isEmpty());
+    }
+
+    // What real designs give is tested with the editors; here is what they hardly do.
+    void designs()
+    {
+        const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
+        QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
+            jtag(netlistFromText("b\n  TS_JTAG!\n"));
+        const Rows<DesignFault, const char *> rows = {
+            {judgeModules("a", {one, two, harmless}), ""},
+            {judgeModules("", {none, none, {"WARNING: x", "ERROR: a.v:1: y"}}),
+             "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
+            {judgeModules("a%1\"b", {one, none, none}),
+             "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
+            {judgeModules("a", {two, two, none}),
+             "Design files contain some errors | Get no module from design."},
+            {judgeNetlist("a", nullptr), ""},
+            {judgeNetlist("b", plain.data()), ""},
+            {judgeNetlist("", plain.data()), ""},
+            {judgeNetlist("%2", jtag.data()),
+             "Error | Get module \"%2\" failed, just received default module \"b\"."},
+        };
+        for (const auto &[found, expected] : rows) {
+            const QString told = found.title + " | " + found.text + found.details.join(" / ");
+            QCOMPARE(found.isNull() ? QString() : told, QString(expected));
+        }
     }
 };
 

@@ -4,8 +4,6 @@
 
 using namespace QUARRY;
 
-namespace {
-
 const char verilogTypes[] = R"(package p1; typedef enum {X, Y=-5} e_t; endpackage
 package p2; typedef enum {Z} e_t; endpackage
 module top(input wire signed [7:0] a);
@@ -61,8 +59,6 @@ begin named : sub port map (a, r, open);
       signal y : bit; begin y <= x; second : sub port map (y, r, open); end block;
   end generate;
 end;)";
-
-} // namespace
 
 class NetlistReaderTest : public QObject
 {

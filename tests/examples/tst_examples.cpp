@@ -4,11 +4,7 @@
 #include "model/jex/devicetable.h"
 #include "tests/elaboration/sources.h"
 
-namespace {
-
 const QString folder = QStringLiteral(EXAMPLES_DIR "/soc/");
-
-} // namespace
 
 class ExamplesTest : public QObject
 {

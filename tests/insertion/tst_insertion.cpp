@@ -150,40 +150,32 @@ private Q_SLOTS:
     {
         // "message": one of those that are told, as a pattern, empty: no error; "written": a pattern for a
         // line of design.v
-        columns<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
-                                                                 "parameters");
-        const auto refused = [](const QByteArray &name, const char *file, const QString &text,
-                                const char *message, const QStringList &parameters = {}) {
-            row(name, file, text, message, "", parameters);
-        };
-        const auto made = [](const QByteArray &name, const char *file, const QString &text,
-                             const char *written, const QStringList &parameters = {}) {
-            row(name, file, text, "", written, parameters);
-        };
-        made("open pins", "a.v",
-             "module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
-             "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\nendmodule",
-             "  assign pins = 4'hz;");
-        refused("an open pin of an instance", "a.v",
-                "module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule",
-                "ERROR: Open bits (z) of the original are not open any more.");
-        made("no definition", "a.v",
-             "module top(input clk, output q);\nPLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule", "  PLL #(");
-        made("parameter", "a.v",
-             "module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
-             "assign q = S == \"y s\" ? N : 8'h0; endmodule",
-             "*8'h4d*", {"N=77", "S=\"y s\""});
-        refused("parameter that is a command", "a.v", "module top #(parameter N = 3) (input clk); endmodule",
-                "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys.", {"N=1;!touch owned"});
-        made("name of an added port", "a.v",
-             "module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule",
-             "  input jexx_ctl_clock;");
-        refused("name of a core", "a.v",
-                "module top(input clk); jex_cores c(clk); endmodule\nmodule jex_cores(input i); endmodule",
-                "ERROR: A module of the design has the name of one of the analyzer's.");
-        made("text that looks like a name", "a.v",
-             "module top(input clk);\nPRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule",
-             "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*");
+        textColumns("file", "text", "message", "written", "parameters");
+        row("open pins", "a.v",
+            "module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
+            "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\nendmodule",
+            "", "  assign pins = 4'hz;", "");
+        row("an open pin of an instance", "a.v",
+            "module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule",
+            "ERROR: Open bits (z) of the original are not open any more.", "", "");
+        row("no definition", "a.v",
+            "module top(input clk, output q);\nPLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule", "", "  PLL #(",
+            "");
+        row("parameter", "a.v",
+            "module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
+            "assign q = S == \"y s\" ? N : 8'h0; endmodule",
+            "", "*8'h4d*", "N=77|S=\"y s\"");
+        row("parameter that is a command", "a.v", "module top #(parameter N = 3) (input clk); endmodule",
+            "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys.", "", "N=1;!touch owned");
+        row("name of an added port", "a.v",
+            "module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule", "",
+            "  input jexx_ctl_clock;", "");
+        row("name of a core", "a.v",
+            "module top(input clk); jex_cores c(clk); endmodule\nmodule jex_cores(input i); endmodule",
+            "ERROR: A module of the design has the name of one of the analyzer's.", "", "");
+        row("text that looks like a name", "a.v",
+            "module top(input clk);\nPRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule",
+            "", "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*", "");
         const auto loop = [](const char *range) {
             return QString(
                        "library ieee; use ieee.std_logic_1164.all;\n"
@@ -195,19 +187,19 @@ private Q_SLOTS:
                 .arg(range);
         };
         // The width of each round tells whether it is the right one.
-        made("rounds upwards", "a.vhd", loop("0 to 2"), "*tap_*(g_n3_s)*");
-        made("rounds downwards", "a.vhd", loop("2 downto 0"), "*tap_*(g_n3_s)*");
-        refused("rounds of a range", "a.vhd", loop("a'range"), "ERROR: top/g[0]/s[0:0] cannot be tapped: *");
-        refused("newer than Yosys", "a.sv",
-                "module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
-                "always_ff @(posedge clk) u.v <= 4'h3; endmodule",
-                "WARNING: There is therefore no design.v. *");
+        row("rounds upwards", "a.vhd", loop("0 to 2"), "", "*tap_*(g_n3_s)*", "");
+        row("rounds downwards", "a.vhd", loop("2 downto 0"), "", "*tap_*(g_n3_s)*", "");
+        row("rounds of a range", "a.vhd", loop("a'range"), "ERROR: top/g[0]/s[0:0] cannot be tapped: *", "",
+            "");
+        row("newer than Yosys", "a.sv",
+            "module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
+            "always_ff @(posedge clk) u.v <= 4'h3; endmodule",
+            "WARNING: There is therefore no design.v. *", "", "");
     }
     void designs()
     {
         auto [file, text, message, written, parameters] =
-            cells<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
-                                                                   "parameters");
+            textCells("file", "text", "message", "written", "parameters");
         const Sources folder;
         folder.write(file, text.toUtf8());
         DesignInput input = folder.input({file});
@@ -216,7 +208,7 @@ private Q_SLOTS:
         QList<JEX::SignalItem> rows;
         addRows(*netlist->topHierarchy, rows);
         const LiteConfiguration capture("top/clk", rows);
-        input.parameters = parameters;
+        input.parameters = parameters.split('|', Qt::SkipEmptyParts);
         Insertion::InsertionJob job(input, capture, *netlist, Insertion::InsertionOptions());
         finish(job);
         const QString said = job.messages().join('\n');

@@ -8,8 +8,6 @@
 using namespace QUARRY;
 using Insertion::Simulator;
 
-namespace {
-
 const char design[] = R"(
 module top #(parameter STEP = 3) (input clk, input clk2, input rst, output reg [7:0] count, output reg [2:0] slow,
            output reg late);
@@ -96,8 +94,6 @@ module tb;
   initial #3000 $finish;
 endmodule
 )";
-
-} // namespace
 
 class SimulatorsTest : public QObject
 {

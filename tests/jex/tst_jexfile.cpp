@@ -7,8 +7,6 @@
 
 using namespace JEX;
 
-namespace {
-
 const char liteFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <jexconfig version="1" mode="Lite">
     <core number="0" clock="top/clk" edge="falling" implementation="SSRAM" captureAmount="64" inputRegister="true" captureInitialData="false" topModule="">
@@ -56,8 +54,6 @@ const char standardFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 const char core1[] = "<core number=\"1\"";
 const char m0[] = "<expression text=\"M0\"/>";
-
-} // namespace
 
 class JexFileTest : public QObject
 {

@@ -6,8 +6,6 @@
 
 using namespace QUARRY;
 
-namespace {
-
 const char *const design = R"(
   top
     clk
@@ -30,8 +28,6 @@ const char *const design = R"(
     u0:uart
       late
 )";
-
-} // namespace
 
 class RtlNetlistTest : public QObject
 {

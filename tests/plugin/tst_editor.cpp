@@ -333,14 +333,6 @@ private:
         QCOMPARE(m_work->project.data().files.last().path, path("probe1.zub"));
     }
 
-    // Until the dialogs that it opens are done with.
-    void doubleClick(QAbstractItemView *list, const QPoint &at)
-    {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTRY_VERIFY(m_user.done());
-    }
-
     void fillPort(int port, const QStringList &names)
     {
         m_user.then([](QDialog *dialog) {
@@ -349,9 +341,9 @@ private:
         });
         m_user.then(pickNets("", names));
         QTreeWidget *ports = find<QTreeWidget>("treeTrigger");
-        QTreeWidgetItem *row = ports->topLevelItem(port);
-        ports->scrollToItem(row);
-        doubleClick(ports, ports->visualItemRect(row).center());
+        const QTreeWidgetItem *row = ports->topLevelItem(port);
+        doubleClick(ports, ports->model()->index(port, 0));
+        QTRY_VERIFY(m_user.done());
         QVERIFY(row->isExpanded());
         QCOMPARE(row->childCount(), names.size());
     }
@@ -369,8 +361,8 @@ private:
         });
         QTableView *units = find<QTableView>("tableMu");
         const QModelIndex row = units->model()->index(unit, 0);
-        units->scrollTo(row);
-        doubleClick(units, units->visualRect(row).center());
+        doubleClick(units, row);
+        QTRY_VERIFY(m_user.done());
         QCOMPARE(row.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
     }
 
@@ -381,8 +373,8 @@ private:
                 click(dialog, qPrintable("btn" + button));
             leave(dialog);
         });
-        QListWidget *list = find<QListWidget>("listExpression");
-        doubleClick(list, list->viewport()->rect().bottomRight() - QPoint(5, 5));
+        doubleClick(find<QListWidget>("listExpression"), QModelIndex());
+        QTRY_VERIFY(m_user.done());
     }
 
     void setCapture(const QString &clock, const QStringList &names)

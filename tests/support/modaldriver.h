@@ -9,6 +9,15 @@ inline void leave(QDialog *dialog, QDialogButtonBox::StandardButton button = QDi
     QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(button), Qt::LeftButton);
 }
 
+// A view takes a double click only behind a click at the same place; below the rows when there is none.
+inline void doubleClick(QAbstractItemView *view, const QModelIndex &row)
+{
+    view->scrollTo(row);
+    const QPoint at = row.isValid() ? view->visualRect(row).center() : view->viewport()->rect().bottomRight();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+}
+
 // Chooses a file.
 inline std::function<void(QDialog *)> choosing(const QString &path)
 {

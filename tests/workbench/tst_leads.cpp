@@ -7,8 +7,6 @@
 #include "workbench/sourceedit.h"
 #include "workbench/sourceview.h"
 
-namespace {
-
 const char design[] = R"(module sub(input clk, output reg [1:0] k, output s);
   assign s = clk;
   always @(posedge clk) k <= k + 1;
@@ -37,8 +35,6 @@ const char staleStandard[] = R"(<jexconfig version="1" mode="Standard">
 const char staleLite[] = R"(<jexconfig version="1" mode="Lite"><core number="0" clock="top/clk">
 <signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core>
 <core number="3" clock="top/clk"><signals><signal name="top/gone"/></signals></core></jexconfig>)";
-
-} // namespace
 
 // From messages to what they are about, in the real editor in the real window.
 class LeadsTest : public EditorWindowTest

@@ -3,15 +3,11 @@
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
 
-namespace {
-
 const QByteArray design = "module top(input clk, input [3:0] a, output [1:0] y);\n"
                           "  child u0(.clk(clk), .d(a[1:0]), .q(y));\n"
                           "  if (1) begin : scope child u1(.clk(clk), .d(a[3:2]), .q()); end\nendmodule\n"
                           "module child(input clk, input [1:0] d, output reg [1:0] q);\n"
                           "  always @(posedge clk) q <= d;\nendmodule\n";
-
-} // namespace
 
 // The program as scripts start it: nobody looks at the screen, and the exit code tells how it went.
 class ReportTest : public QObject

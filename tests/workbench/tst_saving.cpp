@@ -8,15 +8,11 @@
 #include "tests/workbench/editorwindow.h"
 #include "workbench/projectbanner.h"
 
-namespace {
-
 const char changedText[] = "The file '%1' changed on disk since it was read or saved here.\n"
                            "Overwrite it, or reload it and lose what was edited here?";
 const char linkedText[] =
     "The file '%1' can not be replaced in one step without a loss: it has 2 names (hard links). "
     "It is written in place, and a backup is kept until that has ended.";
-
-} // namespace
 
 // The real editor in the real window, while somebody else works on the same files.
 class SavingTest : public EditorWindowTest

@@ -126,9 +126,7 @@ private Q_SLOTS:
             QTest::keyClicks(dialog->findChild<QLineEdit *>("editValue"), "0");
             leave(dialog);
         });
-        const QPoint at = units->visualRect(units->model()->index(0, 2)).center();
-        QTest::mouseClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTest::mouseDClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        doubleClick(units, units->model()->index(0, 2));
         QTRY_VERIFY(driver.done());
         QTRY_COMPARE(texts(), QString("Undo Match Unit M0 | Redo"));
         const QPoint box = units->visualRect(units->model()->index(0, 0)).topLeft() + QPoint(8, 8);
