@@ -9,8 +9,6 @@
 
 using namespace RTLJEX;
 
-namespace {
-
 const char standardFile[] = R"(<jexconfig version="1" mode="Standard">
 <core number="4" clock="top/clok" topModule="top"><signals><signal name="top/d"/></signals></core>
 <core number="2"/></jexconfig>)";
@@ -18,7 +16,7 @@ const char liteFile[] = R"(<jexconfig version="1" mode="Lite">
 <core number="3" clock="top/clok"><signals><signal name="top/d"/></signals></core></jexconfig>)";
 
 // "Standard: 4 top/clok top 1+1 standard, ..." with the rows and those of them that are enabled.
-QString shown(const Configuration &configuration)
+static QString shown(const Configuration &configuration)
 {
     QStringList cores;
     for (const AnyCore &core : configuration.cores())
@@ -30,8 +28,6 @@ QString shown(const Configuration &configuration)
                      (core.standard ? " standard" : " lite");
     return configuration.modeName() + ": " + cores.join(", ");
 }
-
-} // namespace
 
 class ConfigurationTest : public QObject
 {

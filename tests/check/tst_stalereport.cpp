@@ -7,8 +7,6 @@
 
 using namespace RTLJEX;
 
-namespace {
-
 const char design[] = R"(
 top
   clk
@@ -38,7 +36,7 @@ top
 
 // "name type", with members behind it: "a[1:0] bus = a[1] a[0]"; a bus without them has all its bits, unless
 // they would fill the memory.
-JEX::SignalItem itemFromText(const QString &text)
+static JEX::SignalItem itemFromText(const QString &text)
 {
     JEX::SignalItem item;
     if (!text.contains(" = ") && !text.contains(":-"))
@@ -49,8 +47,6 @@ JEX::SignalItem itemFromText(const QString &text)
         item.members << signalNamed(name);
     return item;
 }
-
-} // namespace
 
 class StaleReportTest : public QObject
 {

@@ -96,9 +96,7 @@ private:
     // The blocks that show a terminal, and those with the name of a file.
     static QString sessions(const QString &markdown)
     {
-        static const QRegularExpression fence("^```(\\w+)(?: (\\S+))?\\n(.*?)^```$",
-                                              QRegularExpression::MultilineOption |
-                                                  QRegularExpression::DotMatchesEverythingOption);
+        static const QRegularExpression fence("(?ms)^```(\\w+)(?: (\\S+))?\\n(.*?)^```$");
         QString text;
         for (auto blocks = fence.globalMatch(markdown); blocks.hasNext();) {
             const QRegularExpressionMatch block = blocks.next();

@@ -9,8 +9,7 @@ namespace {
 QStringList matches(const QString &pattern, const QString &text, int group = 1)
 {
     QStringList found;
-    const QRegularExpression expression(pattern, QRegularExpression::MultilineOption);
-    for (auto all = expression.globalMatch(text); all.hasNext();)
+    for (auto all = QRegularExpression("(?m)" + pattern).globalMatch(text); all.hasNext();)
         found << all.next().captured(group);
     return found;
 }
@@ -26,9 +25,7 @@ QMap<QString, QString> markdownPages()
     QMap<QString, QString> pages;
     for (const char *folder : {SOURCES, SOURCES "/docs", SOURCES "/docs/guide", SOURCES "/examples"}) {
         for (const QFileInfo &file : QDir(folder).entryInfoList({"*.md"})) {
-            const QRegularExpression block("^```.*?^```$",
-                                           QRegularExpression::MultilineOption |
-                                               QRegularExpression::DotMatchesEverythingOption);
+            const QRegularExpression block("(?ms)^```.*?^```$");
             pages[file.absoluteFilePath()] = QString(contents(file.filePath())).remove(block);
         }
     }
@@ -113,15 +110,12 @@ private Q_SLOTS:
     void sampleOfThePage()
     {
         const auto unindented = [](const char *file) {
-            const QRegularExpression blanks("^ +", QRegularExpression::MultilineOption);
-            return QString(contents(file)).remove(blanks);
+            return QString(contents(file)).remove(QRegularExpression("(?m)^ +"));
         };
         const QString page = unindented(SOURCES "/docs/guide/host.md");
         const QString program = unindented(SOURCES "/examples/host/main.cpp");
         const QString sample = program + unindented(SOURCES "/examples/host/CMakeLists.txt");
-        const QRegularExpression block("^```(?:cpp|cmake)\\n(.*?)^```$",
-                                       QRegularExpression::MultilineOption |
-                                           QRegularExpression::DotMatchesEverythingOption);
+        const QRegularExpression block("(?ms)^```(?:cpp|cmake)\\n(.*?)^```$");
         int count = 0;
         for (auto all = block.globalMatch(page); all.hasNext(); ++count) {
             const QString text = all.next().captured(1);

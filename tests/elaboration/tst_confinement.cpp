@@ -5,11 +5,9 @@
 
 #include <sys/stat.h>
 
-namespace {
-
 // Each entity has a port x and a signal s; the rest tries what a source must not be able to do. @ is the
 // folder of the sources.
-QByteArray entity(const QByteArray &declarations, const QByteArray &statements)
+static QByteArray entity(const QByteArray &declarations, const QByteArray &statements)
 {
     return "library std; use std.textio.all;\nentity t is port (x : in bit); end;\narchitecture a of t is\n" +
            declarations + "signal s : bit;\nbegin s <= x;\n" + statements + "end;\n";
@@ -21,8 +19,6 @@ const char writer[] = "impure function f return natural is file h : text; variab
 const char shell[] = "function f(c : string) return integer;\n"
                      "attribute Foreign of f : function is \"VHPIDIRECT libc.so.6 system\";\n"
                      "function f(c : string) return integer is begin return 0; end;\n";
-
-} // namespace
 
 // What a source can do to the machine and to its user while it is read: nothing.
 class ConfinementTest : public ReadingTest

@@ -65,15 +65,14 @@ class NetlistReaderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= "; there
+    // a[0..2] stands for a[0] a[1] a[2], and so does what follows.
     void tree_data()
     {
         QTest::addColumn<QString>("file");
         for (const QString &file : QDir(TEST_DESIGNS).entryList(QDir::Files))
             row(qPrintable(file), TEST_DESIGNS "/" + file);
     }
-
-    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= "; there
-    // a[0..2] stands for a[0] a[1] a[2], and so does what follows.
     void tree()
     {
         QFETCH(QString, file);

@@ -217,6 +217,7 @@ private Q_SLOTS:
         compare(known, shown, ours.mayBeUnknown);
     }
 
+    // What GHDL simulates, where it has the generics and the components that the project has.
     void sameAsGhdl_data()
     {
         textColumns("project", "node", "libraries", "run", "noVhdl", "notShown");
@@ -228,8 +229,6 @@ private Q_SLOTS:
         row("both languages", "mixed", "mixed_top/summing", "vendorcells CELLS\nwork vhdl/accumulator",
             "--work=work accumulator -gWIDTH=12 -gNOTES=twelve", "\\.detector\\.", "^$");
     }
-
-    // What GHDL simulates, where it has the generics and the components that the project has.
     void sameAsGhdl()
     {
         auto [project, node, libraries, run, noVhdl, notShown] =
@@ -272,14 +271,13 @@ private Q_SLOTS:
             QVERIFY2(whole.contains(QRegularExpression(notShown)), qPrintable(whole));
     }
 
+    // Of the mixed design it takes no interfaces and no arrays as ports.
     void sameAsYosys_data()
     {
         textColumns("node", "module", "file");
         row("vendor's components", "mixed_top/clock_tree", "clockgen", "rtl/clockgen.v");
         row("Verilog in VHDL", "mixed_top/summing/detector", "edge_detect", "lib/edge_detect.v");
     }
-
-    // Of the mixed design it takes no interfaces and no arrays as ports.
     void sameAsYosys()
     {
         auto [node, module, file] = textCells("node", "module", "file");

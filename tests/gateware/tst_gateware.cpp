@@ -281,9 +281,8 @@ private Q_SLOTS:
         // The register of what is read is no part of the storage.
         int count = implementation == JEX::RegImplementation ? -need.width : 0;
         QRegularExpression cell(
-            "^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
-            "|TRELLIS_FF|FDRE) +([0-9]+)$",
-            QRegularExpression::MultilineOption);
+            "(?m)^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
+            "|TRELLIS_FF|FDRE) +([0-9]+)$");
         for (auto it = cell.globalMatch(said.mid(said.lastIndexOf("Number of cells"))); it.hasNext();) {
             const QRegularExpressionMatch match = it.next();
             const bool isRegister = match.captured(1).contains(QRegularExpression("FF|FD"));

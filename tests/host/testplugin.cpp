@@ -7,8 +7,6 @@
 #include "host/filewizard.h"
 #include "host/iplugin.h"
 
-namespace {
-
 const bool announced = [] {
     const auto opensNothing = [](const QString &, const DEV::DeviceArg &) { return false; };
     Core::EditorRegistry::announce(NAME, opensNothing);
@@ -16,8 +14,6 @@ const bool announced = [] {
     Core::FileWizardRegistry::announce([]() -> Core::IFileWizardFactory * { return nullptr; });
     return true;
 }();
-
-} // namespace
 
 class TestPlugin : public ExtSys::IPlugin
 {

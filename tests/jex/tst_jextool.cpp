@@ -82,6 +82,7 @@ private Q_SLOTS:
         }
     }
 
+    // The name of a row with a slash is the project's device.
     void requirements_data()
     {
         columns<int, int, QString>("signalCount", "depth", "needs");
@@ -100,8 +101,6 @@ private Q_SLOTS:
         row("unknown/device", 18, 1024, " 1 2 320 320 18432 19456");
         row("beyond an int", INT_MAX, 65536, QString(" 2147483647").repeated(6));
     }
-
-    // The name of a row with a slash is the project's device.
     void requirements()
     {
         auto [signalCount, depth] = cells<int, int>("signalCount", "depth");

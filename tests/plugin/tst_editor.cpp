@@ -12,8 +12,6 @@
 #include "tests/support/netpicker.h"
 #include "tests/support/workspace.h"
 
-namespace {
-
 const char counterSource[] = R"(
 module counter(input clk, input rst, output reg [3:0] count, output tick);
   assign tick = &count;
@@ -39,12 +37,10 @@ module top(input clk, input rst, input [3:0] din, output reg [3:0] dout, output 
 endmodule
 )";
 
-void click(QDialog *dialog, const char *button)
+static void click(QDialog *dialog, const char *button)
 {
     QTest::mouseClick(dialog->findChild<QPushButton *>(button), Qt::LeftButton);
 }
-
-} // namespace
 
 // The editor as it ships: the plug-in's library in a host with a window, on a design that is elaborated
 // from its sources, worked with mouse and keys.

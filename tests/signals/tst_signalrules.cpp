@@ -10,8 +10,6 @@
 using namespace RTLJEX;
 using JEX::SignalItem;
 
-namespace {
-
 const char design[] = R"(
 top
   clk
@@ -23,12 +21,11 @@ top
       odd[0]
 )";
 
-QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses, const QList<SignalItem> &others)
+static QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses,
+                      const QList<SignalItem> &others)
 {
     return toText(rows) + " | " + toText(buses) + " | " + toText(others);
 }
-
-} // namespace
 
 class SignalRulesTest : public QObject
 {

@@ -91,6 +91,7 @@ private Q_SLOTS:
         qInfo("%d processes killed, %d left the old state, %d backups used", rounds, found["old"], backups);
     }
 
+    // The same, not left to chance: at each call of each function that a save makes.
     void killedAtEachCall_data()
     {
         textColumns("file", "function");
@@ -100,8 +101,6 @@ private Q_SLOTS:
                 row(qPrintable(QString("%1 %2").arg(file, function)), file, function);
         }
     }
-
-    // The same, not left to chance: at each call of each function that a save makes.
     void killedAtEachCall()
     {
         auto [file, function] = textCells("file", "function");
@@ -192,9 +191,8 @@ private Q_SLOTS:
         QCOMPARE(remains(m_dir->path()), QStringList());
     }
 
-    void fullDisk_data() { textRows("file", {"plain", "linked"}); }
-
     // A disk of 64 KiB, where one may be mounted; else a limit on the size of files stands for it.
+    void fullDisk_data() { textRows("file", {"plain", "linked"}); }
     void fullDisk()
     {
         QFETCH(QString, file);

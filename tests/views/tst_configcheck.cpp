@@ -10,10 +10,8 @@
 using namespace JEX;
 using namespace RTLJEX;
 
-namespace {
-
 // Everything in order: port 2 of three bits, M3 bound to it.
-void fill(AoCore *core)
+static void fill(AoCore *core)
 {
     core->getTrigger(2)->signalItems = signalsFromText("b:top/a[1:0]{top/a[1],top/a[0]} s:top/b");
     MatchUnit *unit = core->matchUnit(3);
@@ -24,8 +22,6 @@ void fill(AoCore *core)
     core->sampleClock = "top/clk";
     core->enabledCaptureSignals = signalsFromText("s:top/b");
 }
-
-} // namespace
 
 class ConfigCheckTest : public QObject
 {

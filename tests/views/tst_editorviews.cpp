@@ -28,7 +28,6 @@ private Q_SLOTS:
             "critical | Multiple Top Module | Multiple top, please set top module. | OK");
         row("TS_JTAG", jtag, "", "critical | Error | TS_JTAG used in design conflicts with ZUB. | OK");
     }
-
     void openJudgesTheDesign()
     {
         QFETCH(QString, design);

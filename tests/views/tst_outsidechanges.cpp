@@ -313,9 +313,8 @@ private Q_SLOTS:
         QTRY_COMPARE(shown.banners(), QStringList(designText));
     }
 
-    void dialogsThatHaveNotReturned_data() { textRows("way", {"OK", "Cancel", "hidden", "open"}); }
-
     // Their rows point into the design that goes, as long as something that runs above them keeps them alive.
+    void dialogsThatHaveNotReturned_data() { textRows("way", {"OK", "Cancel", "hidden", "open"}); }
     void dialogsThatHaveNotReturned()
     {
         QFETCH(QString, way);

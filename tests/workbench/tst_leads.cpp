@@ -1,3 +1,4 @@
+#include "host/ifileeditor.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
@@ -194,7 +195,8 @@ private Q_SLOTS:
         open(QByteArray(stale).replace("top/was/gone", "top/now/k"));
         const QString row = QString(QTest::currentDataTag()).trimmed();
         if (auto *tree = view()->findChild<QTreeWidget *>(widget)) {
-            showTab(tree);
+            const char *const place = widget == "treeTrigger" ? "core 0 tab 0" : "core 0 tab 1";
+            dynamic_cast<Core::IFileEditor *>(view())->showPlace(place);
             tree->setFocus();
             tree->setCurrentItem(rowNamed(tree, row));
         } else {
@@ -273,17 +275,6 @@ private:
         auto *amount = view()->findChild<QComboBox *>("comboCapAmount");
         amount->setCurrentIndex(amount->currentIndex() - 1);
         QVERIFY(view()->editedFile().isModified);
-    }
-
-    static void showTab(QWidget *widget)
-    {
-        for (QWidget *page = widget; page; page = page->parentWidget()) {
-            auto *tabs = page->parentWidget()
-                             ? qobject_cast<QTabWidget *>(page->parentWidget()->parentWidget())
-                             : nullptr;
-            if (tabs && tabs->indexOf(page) >= 0)
-                tabs->setCurrentWidget(page);
-        }
     }
 
     QStringList lines() const { return messageLines(*m_pane->model()); }
