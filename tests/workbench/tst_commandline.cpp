@@ -4,6 +4,7 @@
 #include "commandline/endsignals.h"
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
+#include "tests/host/projecttext.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/commandline.h"
@@ -30,22 +31,22 @@ private Q_SLOTS:
 
     void projects_data()
     {
-        textColumns("expected"); // files, top, device, macros, folders, or what was wrong
-        row("", "|||");
-        row("a.v b.vhd ./a.v --top t", "a.v b.vhd|t||");
-        row("p.jexprj", "a.v|own||");
-        row("p.jexprj b.vhd c.zub --top t", "a.v b.vhd c.zub|t||");
-        row("sub/d.zub --top t", "sub/x.v sub/d.zub|t||"); // the project beside it
-        row("c.zub a.v", "a.v c.zub|||");
-        row("a.v -DX=1 -D Y -Isub -y sub", "a.v|||X=1 Y sub sub");
-        row("-f sub/list.f", "sub/x.v|||L");
-        row("-F sub/list.f a.v", "a.v sub/x.v|||L");
+        textColumns("expected"); // the words of the project, and its device; or what was wrong
+        row("", "");
+        row("a.v b.vhd ./a.v --top t", "a.v:2 b.vhd:4 top:t");
+        row("p.jexprj", "a.v:2 top:own");
+        row("p.jexprj b.vhd c.zub --top t", "a.v:2 b.vhd:4 c.zub:1 top:t");
+        row("sub/d.zub --top t", "sub/x.v:2 sub/d.zub:1 top:t"); // the project beside it
+        row("c.zub a.v", "a.v:2 c.zub:1");
+        row("a.v -DX=1 -D Y -Isub -y sub", "a.v:2 I:sub y:sub D:X=1 D:Y");
+        row("-f sub/list.f", "sub/x.v:2 D:L");
+        row("-F sub/list.f a.v", "a.v:2 sub/x.v:2 D:L");
         row("+define+X=1+Y -UZ +incdir+sub+tree -GN=4 -pvalue+M=2 -v a.v -y sub +libext+.v+.vo --top-module "
             "t",
-            "a.v?|t||X=1 Y sub tree sub -Z N=4 M=2 .v .vo");
-        row("-sv a.v b.vhd -work lib sub/x.v", "a.v:3 b.vhd@lib sub/x.v:3|||");
-        row("tree c.zub", "tree/a/c.sv tree/b.vhd c.zub|||tree/a");
-        row("a.v --device lfe5u-25f", "a.v||LFE5U-25F|");
+            "a.v:2? I:sub I:tree y:sub ext:.v ext:.vo D:X=1 D:Y U:Z G:N=4 G:M=2 top:t");
+        row("-sv a.v b.vhd -work lib sub/x.v", "a.v:3 b.vhd:4@lib sub/x.v:3");
+        row("tree c.zub", "tree/a/c.sv:3 tree/b.vhd:4 c.zub:1 I:tree/a");
+        row("a.v --device lfe5u-25f", "a.v:2 LFE5U-25F");
         row("a.v --device none", "The device \"none\" is not known. Project > Device shows those that are.");
         row("z.v", "There is no file \"z.v\".");
         row("y.v a.v z.v -v x.v",
@@ -57,7 +58,7 @@ private Q_SLOTS:
     }
     void projects()
     {
-        const QString words = QTest::currentDataTag();
+        const QString words = QTest::currentDataTag(), here = QDir::currentPath();
         QFETCH(QString, expected);
         StartOptions options;
         QStringList faults;
@@ -65,23 +66,9 @@ private Q_SLOTS:
         const QStringList arguments = QStringList("jexworkbench") + words.split(' ', Qt::SkipEmptyParts);
         if (parseCommandLine(arguments, options, faults))
             fillProject(options, project, faults);
-        const QDir here(QDir::currentPath());
-        const Core::ProjectData &data = project.data();
-        QStringList files;
-        for (const Core::SourceFile &file : data.files) {
-            const bool isRetyped = file.type != TE::fileTypeFromName(file.path);
-            files << here.relativeFilePath(file.path) + (isRetyped ? ":" + QString::number(file.type) : "") +
-                         (file.library.isEmpty() ? "" : "@" + file.library) + (file.onlyWhenUsed ? "?" : "");
-        }
-        QStringList rest = data.defines;
-        for (const QString &path : data.includePaths + data.libraryPaths)
-            rest << here.relativeFilePath(path);
-        for (const QString &name : data.undefines)
-            rest << "-" + name;
-        rest += data.parameters + data.librarySuffixes;
-        const QString found =
-            files.join(' ') + '|' + data.topModule + '|' + data.device.device + '|' + rest.join(' ');
-        QCOMPARE(faults.isEmpty() ? found : faults.join('\n'), expected.replace("%1", here.path()));
+        const QStringList found = projectWords(project.data(), here) << project.data().device.device;
+        QCOMPARE(faults.isEmpty() ? found.join(' ').trimmed() : faults.join('\n'),
+                 expected.replace("%1", here));
         QVERIFY(!project.isModified());
     }
 

@@ -13,7 +13,6 @@ entity skid is
     m_ready  : in  std_logic
   );
 end entity;
-
 architecture rtl of skid is
   signal held      : beat_t := NO_BEAT;
   signal held_user : std_logic_vector(USER_BITS - 1 downto 0);
