@@ -115,13 +115,10 @@ private Q_SLOTS:
         const QString page = unindented(SOURCES "/docs/guide/host.md");
         const QString program = unindented(SOURCES "/examples/host/main.cpp");
         const QString sample = program + unindented(SOURCES "/examples/host/CMakeLists.txt");
-        const QRegularExpression block("(?ms)^```(?:cpp|cmake)\\n(.*?)^```$");
-        int count = 0;
-        for (auto all = block.globalMatch(page); all.hasNext(); ++count) {
-            const QString text = all.next().captured(1);
+        const QStringList blocks = matches("(?s)^```(?:cpp|cmake)\\n(.*?)^```$", page);
+        for (const QString &text : blocks)
             QVERIFY2(sample.contains(text), qPrintable(text));
-        }
-        QVERIFY(count >= 6);
+        QVERIFY(blocks.size() >= 6);
         QVERIFY(program.count('\n') <= 100);
     }
 

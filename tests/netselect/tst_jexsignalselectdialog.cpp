@@ -157,8 +157,7 @@ private Q_SLOTS:
     }
     void searches()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, pattern);
+        auto [clicks, pattern] = textCells("clicks", "pattern");
         QString shown;
         run([&](QDialog *dialog) {
             click(dialog, clicks.split(' ', Qt::SkipEmptyParts));
@@ -244,8 +243,7 @@ private Q_SLOTS:
     }
     void picksAreReturned()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, chosen);
+        auto [clicks, chosen] = textCells("clicks", "chosen");
         for (const auto leave : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
             const auto steps = [&](QDialog *dialog) {
                 click(dialog, clicks.split(' ', Qt::SkipEmptyParts));

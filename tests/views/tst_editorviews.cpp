@@ -30,9 +30,7 @@ private Q_SLOTS:
     }
     void openJudgesTheDesign()
     {
-        QFETCH(QString, design);
-        QFETCH(QString, top);
-        QFETCH(QString, said);
+        auto [design, top, said] = textCells("design", "top", "said");
         if (design.isEmpty())
             m_work->project.removeFile(m_work->path("design.sv"));
         m_work->write("design.sv", design.toUtf8());

@@ -58,8 +58,7 @@ private Q_SLOTS:
         m_window->recovery()->offer();
         Workbench::RecoveryStore other(m_folder);
         QCOMPARE(other.left().size(), 0);
-        die();
-        start();
+        dieAndStart();
         QCOMPARE(offered({"Decide Later"}), QString("a.zub: Core 0: edge changed from rising to falling|"));
         QVERIFY(!view());
         QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 0); // this one has taken it
@@ -88,8 +87,7 @@ private Q_SLOTS:
         QCOMPARE(kept(), 0);
         keep(false);
         QCOMPARE(kept(), 1);
-        die();
-        start();
+        dieAndStart();
         QCOMPARE(offered({"Recover"}), QString("b.zub: Core 0: edge changed from falling to rising|"));
         QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
         QVERIFY(!isFalling());
@@ -228,12 +226,13 @@ private:
         return m_list;
     }
     // As if the program had been killed: its lock names a process that is no more.
-    void die()
+    void dieAndStart()
     {
         m_window->recovery()->keepForNextStart();
         m_user.then(pressing("Discard"));
         Core::ViewManager::instance()->closeAllViews();
         m_window.reset();
+        start();
     }
     void setFalling(bool on)
     {
