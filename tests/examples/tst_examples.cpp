@@ -16,15 +16,13 @@ private Q_SLOTS:
         Core::Project project;
         QString error;
         const QByteArray text = contents(EXAMPLES_DIR "/soc/soc.jexprj");
-        const QString path = put(m_dir.filePath("soc/soc.jexprj"), text);
+        const Folder folder;
+        const QString path = folder.write("soc/soc.jexprj", text);
         QVERIFY2(project.load(path, &error), qPrintable(error));
         QVERIFY(JEX_TOOL::knownDevices().contains(project.data().device));
         QVERIFY2(project.save(&error), qPrintable(error));
         QCOMPARE(contents(path), text);
     }
-
-private:
-    QTemporaryDir m_dir;
 };
 
 QTEST_GUILESS_MAIN(ExamplesTest)

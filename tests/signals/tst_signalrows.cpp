@@ -13,11 +13,6 @@ using JEX::SignalItem;
 
 namespace {
 
-QString records(const QTreeWidget &tree)
-{
-    return toText(topLevelRecords(&tree));
-}
-
 QString memberRecords(const QTreeWidgetItem *row)
 {
     QStringList texts;
@@ -257,6 +252,9 @@ private Q_SLOTS:
         QCOMPARE(selection.count(), 1);
         QVERIFY(!removeChosenRows(&tree));
     }
+
+private:
+    static QString records(const QTreeWidget &tree) { return toText(topLevelRecords(&tree)); }
 };
 
 QTEST_MAIN(SignalRowsTest)

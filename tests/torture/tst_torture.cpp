@@ -33,11 +33,6 @@ QStringList remains(const QString &folder)
     return QDir(folder).entryList({".*jex-*"}, QDir::Files | QDir::Hidden);
 }
 
-bool isRoot()
-{
-    return ::geteuid() == 0;
-}
-
 } // namespace
 
 // What a save must live through. JEX_TORTURE=full in the environment repeats what depends on chance as often
@@ -339,6 +334,8 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isRoot() { return ::geteuid() == 0; }
+
     void prepare(const QString &path, const QString &kind)
     {
         const QByteArray name = QFile::encodeName(path);

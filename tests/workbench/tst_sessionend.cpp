@@ -20,11 +20,6 @@ QStringList search(const QString &title)
     return {"search", "--onlyvisible", "--name", '^' + title + '$'};
 }
 
-bool isShown(const QString &title)
-{
-    return xdotool(search(title)) == 0;
-}
-
 // There is no window manager that gives a new window the keys, and one that is busy may not get all of them.
 bool press(const QString &title, const QStringList &keys, const std::function<bool()> &isHeard)
 {
@@ -79,6 +74,7 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isShown(const QString &title) { return xdotool(search(title)) == 0; }
     void start(const QStringList &files)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
