@@ -1,17 +1,13 @@
-#include <QtTest>
-
-#include <memory>
-
 #include "check/configuration.h"
+#include "check/designjudgement.h"
 #include "check/rebinding.h"
+#include "elaboration/elaboration.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/files.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
-
-namespace {
 
 const char standardFile[] = R"(<jexconfig version="1" mode="Standard">
 <core number="4" clock="top/clok" topModule="top"><signals><signal name="top/d"/></signals></core>
@@ -20,7 +16,7 @@ const char liteFile[] = R"(<jexconfig version="1" mode="Lite">
 <core number="3" clock="top/clok"><signals><signal name="top/d"/></signals></core></jexconfig>)";
 
 // "Standard: 4 top/clok top 1+1 standard, ..." with the rows and those of them that are enabled.
-QString shown(const Configuration &configuration)
+static QString shown(const Configuration &configuration)
 {
     QStringList cores;
     for (const AnyCore &core : configuration.cores())
@@ -32,8 +28,6 @@ QString shown(const Configuration &configuration)
                      (core.standard ? " standard" : " lite");
     return configuration.modeName() + ": " + cores.join(", ");
 }
-
-} // namespace
 
 class ConfigurationTest : public QObject
 {
@@ -65,19 +59,16 @@ private Q_SLOTS:
         auto [file, free, standard, lite] = textCells("file", "free", "standard", "lite");
         const Folder folder;
         const QString path = folder.write("a.zub", file.toUtf8());
-        const struct
-        {
-            JEX::JexMode mode;
-            QString expected;
-        } modes[] = {{JEX::InvalidMode, free}, {JEX::StandardMode, standard}, {JEX::LiteMode, lite}};
-        for (const auto &row : modes) {
-            Configuration configuration(row.mode);
+        const Rows<JEX::JexMode, QString> modes = {
+            {JEX::InvalidMode, free}, {JEX::StandardMode, standard}, {JEX::LiteMode, lite}};
+        for (const auto &[mode, expected] : modes) {
+            Configuration configuration(mode);
             QString error, found = configuration.accepts(path) ? "accepted " : "";
             const bool ok = configuration.read(path, &error);
             QCOMPARE(ok, error.isEmpty());
             QCOMPARE(configuration.cores().isEmpty(), !ok);
             found += ok ? shown(configuration) : error.replace(path, "FILE");
-            QCOMPARE(found, row.expected);
+            QCOMPARE(found, expected);
         }
     }
 
@@ -204,6 +195,32 @@ private Q_SLOTS:
         QTEST(findings.errors.join('\n'), "errors");
         QTEST(stale.join('\n'), "stale");
         QCOMPARE(findings.isEmpty(), errors.isEmpty() && stale.isEmpty());
+    }
+
+    // What real designs give is tested with the editors; here is what they hardly do.
+    void designs()
+    {
+        const QStringList none, one("a"), two({"a", "b"}), harmless({"WARNING: x", "see ERROR", "error: y"});
+        QScopedPointer<QUARRY::RtlNetlist> plain(netlistFromText("b\n  clk\n")),
+            jtag(netlistFromText("b\n  TS_JTAG!\n"));
+        const Rows<DesignFault, const char *> rows = {
+            {judgeModules("a", {one, two, harmless}), ""},
+            {judgeModules("", {none, none, {"WARNING: x", "ERROR: a.v:1: y"}}),
+             "Design files contain some errors. | WARNING: x / ERROR: a.v:1: y"},
+            {judgeModules("a%1\"b", {one, none, none}),
+             "Invalid Top Module | No module named \"a%1\"b\", please reset top module."},
+            {judgeModules("a", {two, two, none}),
+             "Design files contain some errors | Get no module from design."},
+            {judgeNetlist("a", nullptr), ""},
+            {judgeNetlist("b", plain.data()), ""},
+            {judgeNetlist("", plain.data()), ""},
+            {judgeNetlist("%2", jtag.data()),
+             "Error | Get module \"%2\" failed, just received default module \"b\"."},
+        };
+        for (const auto &[found, expected] : rows) {
+            const QString told = found.title + " | " + found.text + found.details.join(" / ");
+            QCOMPARE(found.isNull() ? QString() : told, QString(expected));
+        }
     }
 };
 

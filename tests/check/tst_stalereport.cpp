@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "check/nearestnames.h"
 #include "check/stalereport.h"
 #include "model/netlist/rtlnetlist.h"
@@ -8,8 +6,6 @@
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
-
-namespace {
 
 const char design[] = R"(
 top
@@ -40,7 +36,7 @@ top
 
 // "name type", with members behind it: "a[1:0] bus = a[1] a[0]"; a bus without them has all its bits, unless
 // they would fill the memory.
-JEX::SignalItem itemFromText(const QString &text)
+static JEX::SignalItem itemFromText(const QString &text)
 {
     JEX::SignalItem item;
     if (!text.contains(" = ") && !text.contains(":-"))
@@ -51,8 +47,6 @@ JEX::SignalItem itemFromText(const QString &text)
         item.members << signalNamed(name);
     return item;
 }
-
-} // namespace
 
 class StaleReportTest : public QObject
 {
@@ -155,14 +149,11 @@ private Q_SLOTS:
 
     void distances()
     {
-        const struct
-        {
-            const char *a, *b;
-            int limit, distance;
-        } cases[] = {{"", "abc", 9, 3},  {"state", "State", 9, 0}, {"kitten", "sitting", 9, 3},
-                     {"ab", "ba", 9, 2}, {"abc", "xyz", 1, 2},     {"abcd", "a", 2, 3}};
-        for (const auto &row : cases)
-            QCOMPARE(editDistance(row.a, row.b, row.limit), row.distance);
+        const Rows<const char *, const char *, int, int> cases = {
+            {"", "abc", 9, 3},  {"state", "State", 9, 0}, {"kitten", "sitting", 9, 3},
+            {"ab", "ba", 9, 2}, {"abc", "xyz", 1, 2},     {"abcd", "a", 2, 3}};
+        for (const auto &[a, b, limit, distance] : cases)
+            QCOMPARE(editDistance(a, b, limit), distance);
     }
 };
 

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <csignal>
 
 #include "tests/support/files.h"
@@ -91,16 +89,14 @@ private Q_SLOTS:
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.readAllStandardError(), QByteArray("jex: Interrupted.\n"));
         QCOMPARE(process.exitCode(), 3);
-        QCOMPARE(QDir(dir.filePath("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+        QCOMPARE(entriesOf(dir.filePath("tmp")), QStringList());
     }
 
 private:
     // The blocks that show a terminal, and those with the name of a file.
     static QString sessions(const QString &markdown)
     {
-        static const QRegularExpression fence("^```(\\w+)(?: (\\S+))?\\n(.*?)^```$",
-                                              QRegularExpression::MultilineOption |
-                                                  QRegularExpression::DotMatchesEverythingOption);
+        static const QRegularExpression fence("(?ms)^```(\\w+)(?: (\\S+))?\\n(.*?)^```$");
         QString text;
         for (auto blocks = fence.globalMatch(markdown); blocks.hasNext();) {
             const QRegularExpressionMatch block = blocks.next();

@@ -3,8 +3,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <memory>
-
 using namespace QUARRY;
 
 // What is told of modules that nobody defines.
@@ -19,7 +17,7 @@ class ReadingTest : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+protected Q_SLOTS:
     void init()
     {
         m_sources.reset(new Sources);
@@ -29,7 +27,8 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        for (const char *variable : {"JEX_VERILATOR", "JEX_GHDL", "JEX_TOOL_TIMEOUT", "TMPDIR"})
+        for (const char *variable :
+             {"JEX_VERILATOR", "JEX_GHDL", "JEX_TOOL_TIMEOUT", "JEX_TOOL_MEMORY", "JEX_TOOL_DISK", "TMPDIR"})
             qunsetenv(variable);
         listModules(DesignInput()); // drops the remembered design
         QCOMPARE(leftInTemp(), QStringList());
@@ -88,9 +87,11 @@ protected:
     }
 
     QString path(const QString &name) const { return m_sources->path(name); }
-    QStringList leftInTemp() const
+    QStringList leftInTemp() const { return entriesOf(path("tmp")); }
+    // The sources' folder is @, with its slash.
+    QString told(const QStringList &messages) const
     {
-        return QDir(path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        return messages.join('\n').replace(path("") + "/", "@");
     }
 
     std::unique_ptr<Sources> m_sources;

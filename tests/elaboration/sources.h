@@ -21,11 +21,6 @@ public:
         return file;
     }
 
-    QStringList files() const
-    {
-        return QDir(path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
-    }
-
     // The language goes by the suffix.
     QUARRY::DesignInput input(const QStringList &names) const
     {

@@ -1,13 +1,9 @@
 #include "elaboration/catchrtl.h"
-#include "host/designmanager.h"
-#include "model/netlist/rtlnetlist.h"
-#include "tests/support/widgets.h"
+#include "tests/elaboration/sources.h"
 #include "tests/support/workspace.h"
 
 #include <QtTest>
-
-#include <functional>
-#include <memory>
+#include <QtWidgets>
 
 using namespace QUARRY;
 
@@ -140,12 +136,7 @@ private Q_SLOTS:
 
 private:
     // It would go on for longer than a test may.
-    void slowTool()
-    {
-        const QString tool = m_work->write("slow", "#!/bin/sh\nsleep 600");
-        QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
-        qputenv("JEX_VERILATOR", tool.toUtf8());
-    }
+    void slowTool() { qputenv("JEX_VERILATOR", m_tools.script("slow", "sleep 600").toUtf8()); }
 
     bool readModules()
     {
@@ -161,6 +152,7 @@ private:
         return ok;
     }
 
+    const Sources m_tools;
     std::unique_ptr<Workspace> m_work;
     QStringList m_tops, m_modules, m_messages;
     std::unique_ptr<RtlNetlist> m_netlist;

@@ -1,21 +1,13 @@
 #include "elaboration/tools/confinement.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/toolprocess.h"
-#include "tests/elaboration/sources.h"
-#include "tests/support/tablerow.h"
+#include "tests/elaboration/readingtest.h"
 
-#include <QtTest>
-
-#include <memory>
 #include <sys/stat.h>
-
-using namespace QUARRY;
-
-namespace {
 
 // Each entity has a port x and a signal s; the rest tries what a source must not be able to do. @ is the
 // folder of the sources.
-QByteArray entity(const QByteArray &declarations, const QByteArray &statements)
+static QByteArray entity(const QByteArray &declarations, const QByteArray &statements)
 {
     return "library std; use std.textio.all;\nentity t is port (x : in bit); end;\narchitecture a of t is\n" +
            declarations + "signal s : bit;\nbegin s <= x;\n" + statements + "end;\n";
@@ -28,28 +20,22 @@ const char shell[] = "function f(c : string) return integer;\n"
                      "attribute Foreign of f : function is \"VHPIDIRECT libc.so.6 system\";\n"
                      "function f(c : string) return integer is begin return 0; end;\n";
 
-} // namespace
-
 // What a source can do to the machine and to its user while it is read: nothing.
-class ConfinementTest : public QObject
+class ConfinementTest : public ReadingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_sources.reset(new Sources);
+        ReadingTest::init();
         m_path = qgetenv("PATH");
-        QVERIFY(QDir().mkpath(m_sources->path("tmp")));
-        qputenv("TMPDIR", m_sources->path("tmp").toUtf8());
     }
 
     void cleanup()
     {
-        for (const char *name :
-             {"JEX_VERILATOR", "JEX_TOOL_MEMORY", "JEX_TOOL_DISK", "JEX_TOOL_TIMEOUT", "TMPDIR"})
-            qunsetenv(name);
         qputenv("PATH", m_path);
+        ReadingTest::cleanup();
     }
 
     void keepsSourcesIn_data()
@@ -118,16 +104,14 @@ private Q_SLOTS:
         auto [source, setting, message, design] = textCells("source", "setting", "message", "design");
         if (!setting.isEmpty())
             qputenv(qPrintable(setting.section('=', 0, 0)), setting.section('=', 1).toUtf8());
-        m_sources->write("t.vhd", source.replace("@", m_sources->path("") + "/").toUtf8());
+        m_sources->write("t.vhd", source.replace("@", path("") + "/").toUtf8());
         QStringList messages;
         const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"t.vhd"}), messages));
-        const QString text = messages.join('\n').replace(m_sources->path("") + "/", "@");
-        QVERIFY2(fits(text, message), qPrintable(text));
+        QVERIFY2(fits(told(messages), message), qPrintable(told(messages)));
         const QString drawing = drawn(netlist.get()).join('\n');
         QVERIFY2(fits(drawing, design), qPrintable(drawing));
-        QCOMPARE(m_sources->files(), (QStringList{"t.vhd", "tmp"}));
-        QCOMPARE(QDir(m_sources->path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList());
+        QCOMPARE(entriesOf(path("")), (QStringList{"t.vhd", "tmp"}));
+        QCOMPARE(leftInTemp(), QStringList());
     }
 
     // What a tool that was taken over would find.
@@ -137,7 +121,7 @@ private Q_SLOTS:
         const QByteArray script =
             "say() { echo \"%Error: $1\" >&2; }\n"
             "touch '" +
-            m_sources->path("owned").toUtf8() +
+            path("owned").toUtf8() +
             "' 2>/dev/null && say 'wrote beside the sources'\n"
             "touch \"$HOME/jex-owned\" /tmp/jex-owned /dev/jex-owned 2>/dev/null && say 'wrote elsewhere'\n"
             "touch \"$TMPDIR/own\" || say 'cannot write into its folder'\n"
@@ -152,9 +136,9 @@ private Q_SLOTS:
             "say 'is over'\n";
         qputenv("JEX_VERILATOR", m_sources->script("tool", script).toUtf8());
         m_sources->write("a.v", "module a; endmodule");
-        const QFile held(m_sources->path("a.v"));
+        const QFile held(path("a.v"));
         QCOMPARE(listModules(m_sources->input({"a.v"})).messages, QStringList("ERROR: is over"));
-        QCOMPARE(m_sources->files(), (QStringList{"a.v", "tmp", "tool"}));
+        QCOMPARE(entriesOf(path("")), (QStringList{"a.v", "tmp", "tool"}));
         qunsetenv("SECRET_VALUE");
     }
 
@@ -171,12 +155,12 @@ private Q_SLOTS:
     void runsNothingUnconfined()
     {
         auto [bubblewrap, reason, remedy] = textCells("bubblewrap", "reason", "remedy");
-        QVERIFY(QDir().mkpath(m_sources->path("bin")));
+        QVERIFY(QDir().mkpath(path("bin")));
         for (const char *tool : {"ghdl-mcode", "verilator_bin"})
-            QFile::link(QStandardPaths::findExecutable(tool), m_sources->path(QString("bin/") + tool));
+            QFile::link(QStandardPaths::findExecutable(tool), path(QString("bin/") + tool));
         if (!bubblewrap.isEmpty())
             m_sources->script("bin/bwrap", bubblewrap.toUtf8());
-        qputenv("PATH", m_sources->path("bin").toUtf8());
+        qputenv("PATH", path("bin").toUtf8());
         const QString warning =
             "WARNING: The tools that read the design run with your rights, since " + reason +
             ". VHDL is therefore not started, and its signals are shown as GHDL translates "
@@ -189,18 +173,15 @@ private Q_SLOTS:
                                      {entity(writer + QByteArray("constant c : natural := f;\n"), ""),
                                       warning + "\nERROR: @t.vhd:5: cannot open file: @owned"}};
         for (const QStringList &text : texts) {
-            m_sources->write("t.vhd", QString(text.at(0)).replace("@", m_sources->path("") + "/").toUtf8());
-            const QStringList messages = listModules(m_sources->input({"t.vhd"})).messages;
-            QCOMPARE(messages.join('\n').replace(m_sources->path("") + "/", "@"), text.at(1));
-            QCOMPARE(m_sources->files(), (QStringList{"bin", "t.vhd", "tmp"}));
+            m_sources->write("t.vhd", QString(text.at(0)).replace("@", path("") + "/").toUtf8());
+            QCOMPARE(told(listModules(m_sources->input({"t.vhd"})).messages), text.at(1));
+            QCOMPARE(entriesOf(path("")), (QStringList{"bin", "t.vhd", "tmp"}));
         }
         // Declared ranges come from the sources then.
         m_sources->write(
             "t.vhd", "entity t is port (x : in bit_vector(1 to 4); y : out bit_vector(7 downto 4)); end;\n"
                      "architecture a of t is begin y <= x; end;\n");
-        QStringList messages;
-        const std::unique_ptr<RtlNetlist> netlist(buildNetlist(m_sources->input({"t.vhd"}), messages));
-        QCOMPARE(drawn(netlist.get()).join('\n'), QString("t:t x[1:4] y[7:4]"));
+        QCOMPARE(built(m_sources->input({"t.vhd"})), QString("t:t x[1:4] y[7:4]"));
     }
 
     void refusesWhatTakesTheMachine_data()
@@ -229,31 +210,28 @@ private Q_SLOTS:
         auto [source, message] = textCells("source", "message");
         m_sources->write("t.sv", source.toUtf8());
         m_sources->write("inner.vh", "`include <pipe.vh>");
-        QCOMPARE(mkfifo(qPrintable(m_sources->path("pipe.vh")), 0600), 0);
+        QCOMPARE(mkfifo(qPrintable(path("pipe.vh")), 0600), 0);
         QStringList messages;
         QVERIFY(!std::unique_ptr<RtlNetlist>(buildNetlist(m_sources->input({"t.sv"}), messages)));
-        const QString text = messages.join('\n').replace(m_sources->path("") + "/", "@");
-        QVERIFY2(fits(text, message), qPrintable(text));
+        QVERIFY2(fits(told(messages), message), qPrintable(told(messages)));
     }
 
     void stopsFloods_data()
     {
-        textColumns("script", "message");
-        row("one file", "exec yes > \"$TMPDIR/big\"",
-            "ERROR: Verilator wrote more than 20 MB of files and was stopped while it read the Verilog "
-            "sources. *");
-        row("many files", "i=0; while :; do i=$((i+1)); head -c 4000000 /bin/bash > \"$TMPDIR/$i\"; done",
-            "ERROR: Verilator wrote more than 20 MB of files and was stopped while it read the Verilog "
-            "sources. *");
+        textColumns("script");
+        row("one file", "exec yes > \"$TMPDIR/big\"");
+        row("many files", "i=0; while :; do i=$((i+1)); head -c 4000000 /bin/bash > \"$TMPDIR/$i\"; done");
     }
     void stopsFloods()
     {
-        auto [script, message] = textCells("script", "message");
+        QFETCH(QString, script);
         qputenv("JEX_TOOL_DISK", "20");
         qputenv("JEX_VERILATOR", m_sources->script("tool", script.toUtf8()).toUtf8());
         m_sources->write("a.v", "module a; endmodule");
-        const QStringList messages = listModules(m_sources->input({"a.v"})).messages;
-        QVERIFY2(fits(messages.join('\n'), message), qPrintable(messages.join('\n').left(1000)));
+        const QString said = listModules(m_sources->input({"a.v"})).messages.join('\n');
+        const QString limit = "ERROR: Verilator wrote more than 20 MB of files and was stopped while it read "
+                              "the Verilog sources. *";
+        QVERIFY2(fits(said, limit), qPrintable(said.left(1000)));
     }
 
     // Who is killed writes nothing more: the folder can go at once.
@@ -279,7 +257,6 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<Sources> m_sources;
     QByteArray m_path;
 };
 

@@ -231,7 +231,6 @@ private Q_SLOTS:
         verilogRows();
         repairRows();
     }
-
     void readsDesigns() { readDesign(); }
 
     void refusesUtf16()

@@ -12,10 +12,6 @@
 #include "tests/support/intime.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
-#include <algorithm>
-#include <memory>
 #include <sys/resource.h>
 
 using namespace QUARRY;

@@ -2,11 +2,7 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
 using namespace QUARRY;
-
-namespace {
 
 const char verilogTypes[] = R"(package p1; typedef enum {X, Y=-5} e_t; endpackage
 package p2; typedef enum {Z} e_t; endpackage
@@ -64,21 +60,19 @@ begin named : sub port map (a, r, open);
   end generate;
 end;)";
 
-} // namespace
-
 class NetlistReaderTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= "; there
+    // a[0..2] stands for a[0] a[1] a[2], and so does what follows.
     void tree_data()
     {
         QTest::addColumn<QString>("file");
         for (const QString &file : QDir(TEST_DESIGNS).entryList(QDir::Files))
             row(qPrintable(file), TEST_DESIGNS "/" + file);
     }
-
-    // Each design ends in the netlist that it must give, in comments that begin with "//= " or "--= ".
     void tree()
     {
         QFETCH(QString, file);
@@ -86,6 +80,15 @@ private Q_SLOTS:
         for (const QString &line : QString(contents(file)).split('\n')) {
             if (line.startsWith("//= ") || line.startsWith("--= "))
                 expected += line.mid(4).simplified().split(' ');
+        }
+        const QRegularExpression several("\\[(\\d+)\\.\\.(\\d+)\\]");
+        for (int i = 0; i < expected.size(); ++i) {
+            const QString pattern = expected.at(i);
+            const QRegularExpressionMatch range = several.match(pattern);
+            for (int k = range.captured(2).toInt(); range.hasMatch() && k >= range.captured(1).toInt(); --k)
+                expected.insert(i + 1, QString(pattern).replace(several, QString("[%1]").arg(k)));
+            if (range.hasMatch())
+                expected.removeAt(i);
         }
         QVERIFY(!expected.isEmpty());
         QCOMPARE(drawn(read(file).get()).join(' ').split(' '), expected);

@@ -206,22 +206,18 @@ private Q_SLOTS:
             files.removeAll(file);
         }
         files += m_sources.write("vhdl.v", translated);
-        runTool(m_sources.path(), "yosys",
-                {"-q", "-p",
-                 QString("read_verilog -sv -I%1 %2; hierarchy -top %3; proc; write_json yosys.json")
-                     .arg(input.includePaths.first(), files.join(' '), input.top)});
-        QSet<QString> known;
-        YosysDesign(m_sources.read("yosys.json"), vhdl).add(input.top, input.top, known);
+        const QSet<QString> known = knownToYosys("-I" + input.includePaths.first() + ' ' + files.join(' '),
+                                                 input.top, input.top, vhdl);
 
         Names ours;
         addOurs(netlist->topHierarchy, vhdl, ours);
         const QSet<QString> shown(ours.all.begin(), ours.all.end());
         QVERIFY2(ours.all.size() >= 5, "too few names to tell anything");
         QCOMPARE(ours.all.size(), shown.size()); // none twice
-        QCOMPARE(QStringList((known - shown).values()).join('\n'), QString());
-        QCOMPARE(QStringList((shown - known - ours.mayBeUnknown).values()).join('\n'), QString());
+        compare(known, shown, ours.mayBeUnknown);
     }
 
+    // What GHDL simulates, where it has the generics and the components that the project has.
     void sameAsGhdl_data()
     {
         textColumns("project", "node", "libraries", "run", "noVhdl", "notShown");
@@ -233,8 +229,6 @@ private Q_SLOTS:
         row("both languages", "mixed", "mixed_top/summing", "vendorcells CELLS\nwork vhdl/accumulator",
             "--work=work accumulator -gWIDTH=12 -gNOTES=twelve", "\\.detector\\.", "^$");
     }
-
-    // What GHDL simulates, where it has the generics and the components that the project has.
     void sameAsGhdl()
     {
         auto [project, node, libraries, run, noVhdl, notShown] =
@@ -272,43 +266,53 @@ private Q_SLOTS:
             else if (!name.contains(QRegularExpression(noVhdl)))
                 shown += name.toLower();
         }
-        QCOMPARE(QStringList((dumped - shown).values()).join('\n'), QString());
-        QCOMPARE(QStringList((shown - dumped).values()).join('\n'), QString());
+        compare(dumped, shown);
         for (const QString &whole : others - members)
             QVERIFY2(whole.contains(QRegularExpression(notShown)), qPrintable(whole));
     }
 
+    // Of the mixed design it takes no interfaces and no arrays as ports.
     void sameAsYosys_data()
     {
         textColumns("node", "module", "file");
         row("vendor's components", "mixed_top/clock_tree", "clockgen", "rtl/clockgen.v");
         row("Verilog in VHDL", "mixed_top/summing/detector", "edge_detect", "lib/edge_detect.v");
     }
-
-    // Of the mixed design it takes no interfaces and no arrays as ports.
     void sameAsYosys()
     {
         auto [node, module, file] = textCells("node", "module", "file");
-        runTool(m_sources.path(), "yosys",
-                {"-q", "-p",
-                 QString("read_verilog -sv -DSYNTHESIS %1; hierarchy -top %2; proc; write_json yosys.json")
-                     .arg(PROJECTS "/mixed/" + file, module)});
-        QSet<QString> known;
-        YosysDesign(m_sources.read("yosys.json"), QString()).add(module, asYosysWritesIt(node), known);
+        const QSet<QString> known =
+            knownToYosys("-DSYNTHESIS " PROJECTS "/mixed/" + file, module, asYosysWritesIt(node));
         const std::unique_ptr<RtlNetlist> netlist = open("mixed");
         QVERIFY(netlist && find(netlist->topHierarchy, node));
         Names ours;
         addOurs(find(netlist->topHierarchy, node), QString(), ours);
         const QSet<QString> shown(ours.all.begin(), ours.all.end());
         QVERIFY(!known.isEmpty());
-        QCOMPARE(QStringList((known - shown).values()).join('\n'), QString());
-        QCOMPARE(QStringList((shown - known).values()).join('\n'), QString());
+        compare(known, shown);
     }
 
 private:
     std::unique_ptr<RtlNetlist> open(const QString &name) const
     {
         return netlistOf(projectInput(PROJECTS "/" + name + '/' + name + ".jexprj"));
+    }
+
+    // The names of a module and of what is below it, as if it were the instance `path`.
+    QSet<QString> knownToYosys(const QString &sources, const QString &module, const QString &path,
+                               const QString &vhdl = QString()) const
+    {
+        const QString script = "read_verilog -sv %1; hierarchy -top %2; proc; write_json yosys.json";
+        runTool(m_sources.path(), "yosys", {"-q", "-p", script.arg(sources, module)});
+        QSet<QString> known;
+        YosysDesign(m_sources.read("yosys.json"), vhdl).add(module, path, known);
+        return known;
+    }
+    static void compare(const QSet<QString> &known, const QSet<QString> &shown,
+                        const QSet<QString> &mayBeUnknown = {})
+    {
+        QCOMPARE(QStringList((known - shown).values()).join('\n'), QString());
+        QCOMPARE(QStringList((shown - known - mayBeUnknown).values()).join('\n'), QString());
     }
 
     Sources m_sources;

@@ -247,7 +247,6 @@ private Q_SLOTS:
         libraryRows();
         mixedRows();
     }
-
     void readsDesigns() { readDesign(); }
 
     // GHDL gives both the same name.

@@ -5,17 +5,13 @@
 
 using namespace RTLJEX;
 
-namespace {
-
-int count(const QStringList &tokens, bool (*isOne)(const QString &))
+static int count(const QStringList &tokens, bool (*isOne)(const QString &))
 {
     int found = 0;
     for (const QString &token : tokens)
         found += isOne(token);
     return found;
 }
-
-} // namespace
 
 // A trigger expression as the buttons make it. The letters from a on are the match units, all but them, the
 // operators and the brackets is passed over.

@@ -1,16 +1,12 @@
 #include "elaboration/reading/vhdlscopes.h"
 #include "tests/fuzz/vhdldesign.h"
 
-namespace {
-
-void lookAt(const QUARRY::VhdlScope &scope)
+static void lookAt(const QUARRY::VhdlScope &scope)
 {
     Fuzz::claim(scope.shownName().isEmpty() == scope.name.isEmpty(), "what has a name shows one");
     for (const auto &child : scope.children)
         lookAt(*child);
 }
-
-} // namespace
 
 // The head of a waveform that GHDL writes.
 void Fuzz::look(const QByteArray &bytes)

@@ -1,7 +1,5 @@
 // The cores against the plain model of them, and the tools that have to take them.
 
-#include <QtTest>
-
 #include <cmath>
 
 #include "gateware/coretext.h"
@@ -104,11 +102,7 @@ std::unique_ptr<JEX::AoCore> soundCore()
 
 AnyCore anyOf(JEX::AoCore *core)
 {
-    RandomCore holder;
-    holder.standard.reset(core);
-    const AnyCore any = holder.any();
-    holder.standard.release();
-    return any;
+    return anyCores(QList<JEX::AoCore *>{core}).first();
 }
 
 } // namespace
@@ -287,9 +281,8 @@ private Q_SLOTS:
         // The register of what is read is no part of the storage.
         int count = implementation == JEX::RegImplementation ? -need.width : 0;
         QRegularExpression cell(
-            "^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
-            "|TRELLIS_FF|FDRE) +([0-9]+)$",
-            QRegularExpression::MultilineOption);
+            "(?m)^ +(SB_RAM40_4K|DP16KD|RAMB18E1|RAMB36E1|TRELLIS_DPR16X4|RAM32M|RAM64M|SB_DFFE?"
+            "|TRELLIS_FF|FDRE) +([0-9]+)$");
         for (auto it = cell.globalMatch(said.mid(said.lastIndexOf("Number of cells"))); it.hasNext();) {
             const QRegularExpressionMatch match = it.next();
             const bool isRegister = match.captured(1).contains(QRegularExpression("FF|FD"));
@@ -341,11 +334,7 @@ private Q_SLOTS:
 
     void faults()
     {
-        const struct
-        {
-            std::function<void(JEX::AoCore *)> change;
-            const char *fault;
-        } table[] = {
+        const Rows<std::function<void(JEX::AoCore *)>, const char *> table = {
             {[](JEX::AoCore *core) { core->enabledCaptureSignals.clear(); }, "it captures no signals."},
             {[](JEX::AoCore *core) { core->windowNumber = 3; },
              "a capture amount of 1024 does not fit into one of 3 segments of a storage of 1024 samples."},
@@ -366,10 +355,10 @@ private Q_SLOTS:
             {[](JEX::AoCore *core) { core->matchUnits[1]->value = "01"; },
              "M1 cannot be made: The value has 2 bits, but the trigger port has 3."},
         };
-        for (const auto &row : table) {
+        for (const auto &[change, fault] : table) {
             const std::unique_ptr<JEX::AoCore> core = soundCore();
-            row.change(core.get());
-            QCOMPARE(coreModule(anyOf(core.get())).fault, "Core 3 cannot be made: " + QString(row.fault));
+            change(core.get());
+            QCOMPARE(coreModule(anyOf(core.get())).fault, "Core 3 cannot be made: " + QString(fault));
         }
     }
 };

@@ -7,34 +7,13 @@
 #include "host/filewizard.h"
 #include "host/iplugin.h"
 
-namespace {
-
-bool openNothing(const QString &, const DEV::DeviceArg &)
-{
-    return false;
-}
-
-bool openNothingLater(const QString &, const DEV::DeviceArg &)
-{
-    return false;
-}
-
-Core::IFileWizardFactory *makeNothing()
-{
-    return nullptr;
-}
-
-bool announce()
-{
-    Core::EditorRegistry::announce(NAME, openNothing);
-    Core::EditorRegistry::announce("both", openNothing);
-    Core::FileWizardRegistry::announce(makeNothing);
+const bool announced = [] {
+    const auto opensNothing = [](const QString &, const DEV::DeviceArg &) { return false; };
+    Core::EditorRegistry::announce(NAME, opensNothing);
+    Core::EditorRegistry::announce("both", opensNothing);
+    Core::FileWizardRegistry::announce([]() -> Core::IFileWizardFactory * { return nullptr; });
     return true;
-}
-
-const bool announced = announce();
-
-} // namespace
+}();
 
 class TestPlugin : public ExtSys::IPlugin
 {
@@ -46,7 +25,8 @@ public:
     bool initialize() override
     {
         note("initialize");
-        Core::EditorRegistry::announce(NAME "2", openNothingLater);
+        Core::EditorRegistry::announce(NAME "2",
+                                       [](const QString &, const DEV::DeviceArg &) { return false; });
         return !REFUSES;
     }
     void extensionsInitialized() override { note("extensions"); }

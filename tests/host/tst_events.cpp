@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "host/eventmanager.h"
 #include "tests/support/tablerow.h"
 

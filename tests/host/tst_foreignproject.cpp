@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "host/designmanager.h"
 #include "host/foreignproject.h"
 #include "tests/host/projecttext.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -1,5 +1,4 @@
 #include <QListWidget>
-#include <QtTest>
 #include <cmath>
 
 #include "host/rowdelegate.h"

@@ -1,12 +1,9 @@
-#include <QCloseEvent>
-#include <QMainWindow>
-#include <QtTest>
+#include <QtWidgets>
 
 #include "host/actionmanager.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/widgets.h"
 
 using Core::ActionManager;
 using Core::ViewManager;

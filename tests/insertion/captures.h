@@ -18,6 +18,16 @@ inline JEX::AOCore_Lite &addLite(RTLJEX::Configuration &configuration, const QSt
     return *core;
 }
 
+// One such core alone.
+struct LiteConfiguration : RTLJEX::Configuration
+{
+    LiteConfiguration(const QString &clock, const QList<JEX::SignalItem> &rows, int amount = 1024)
+        : Configuration(JEX::LiteMode)
+    {
+        addLite(*this, clock, rows, amount);
+    }
+};
+
 // Adds a Standard core that captures windows of these signals when the one of its trigger has the value.
 inline JEX::AoCore &addStandard(RTLJEX::Configuration &configuration, const QString &clock,
                                 const QList<JEX::SignalItem> &rows, int amount, int windows,

@@ -64,17 +64,17 @@ QList<JEX::SignalItem> rows()
     return rows;
 }
 
-std::unique_ptr<RTLJEX::Configuration> configurationOf(bool isLite)
+struct Capture : RTLJEX::Configuration
 {
-    std::unique_ptr<RTLJEX::Configuration> made(
-        new RTLJEX::Configuration(isLite ? JEX::LiteMode : JEX::StandardMode));
-    if (isLite)
-        addLite(*made, "top/clk", rows(), 64);
-    else
-        addStandard(*made, "top/clk", rows(), 64, 1, signalNamed("top/lane[0]/u/total[7:0]"), "01XXXXXX")
-            .triggerPosition = 20;
-    return made;
-}
+    explicit Capture(bool isLite) : Configuration(isLite ? JEX::LiteMode : JEX::StandardMode)
+    {
+        if (isLite)
+            addLite(*this, "top/clk", rows(), 64);
+        else
+            addStandard(*this, "top/clk", rows(), 64, 1, signalNamed("top/lane[0]/u/total[7:0]"), "01XXXXXX")
+                .triggerPosition = 20;
+    }
+};
 
 } // namespace
 
@@ -105,10 +105,10 @@ private Q_SLOTS:
     void windows()
     {
         auto [isLite, byBind] = cells<bool, bool>("isLite", "byBind");
-        const std::unique_ptr<RTLJEX::Configuration> configuration = configurationOf(isLite);
+        const Capture configuration(isLite);
         Insertion::InsertionOptions options;
         options.instance = "tb.b.chip";
-        Insertion::InsertionJob job(m_input, *configuration, *m_netlist, options);
+        Insertion::InsertionJob job(m_input, configuration, *m_netlist, options);
         finish(job);
         QCOMPARE(int(job.outcome()), int(Insertion::InsertionJob::CoresOnly));
         QVERIFY(job.messages().join(' ').contains("bind.sv and probe.v attach the analyzer"));
@@ -152,12 +152,12 @@ private Q_SLOTS:
     void simulated()
     {
         m_folder.write("tb.sv", QByteArray(bench).left(QByteArray(bench).indexOf("  final")) + "endmodule\n");
-        const std::unique_ptr<RTLJEX::Configuration> configuration = configurationOf(false);
+        const Capture configuration(false);
         for (const char *instance : {"", "tb.b.chip"}) {
             Insertion::SimulationOptions options;
             options.bench << m_folder.path("tb.sv");
             options.instance = instance;
-            Insertion::SimulationJob job(m_input, *configuration, *m_netlist, options);
+            Insertion::SimulationJob job(m_input, configuration, *m_netlist, options);
             finish(job);
             QVERIFY2(job.outcome() == Insertion::SimulationJob::Done, qPrintable(job.messages().join('\n')));
             QCOMPARE(job.captured().first().windows.first().samples.size(), 64);

@@ -26,16 +26,6 @@ void addRows(const Hierachy &node, QList<JEX::SignalItem> &rows)
         addRows(*child, rows);
 }
 
-// A Lite core that captures these nets.
-struct Capture
-{
-    Capture(const QString &clock, const QList<JEX::SignalItem> &rows) : configuration(JEX::LiteMode)
-    {
-        addLite(configuration, clock, rows, 16);
-    }
-    RTLJEX::Configuration configuration;
-};
-
 // In place of the cores: writes all that arrives whenever something changed.
 QByteArray monitor(const Insertion::Analyzer &analyzer, int nanoseconds)
 {
@@ -118,8 +108,8 @@ private Q_SLOTS:
         const QString clock = rows.first().members.isEmpty() ? rows.first().name : design + "/clk_a";
         Insertion::InsertionOptions options;
         options.forSimulation = true;
-        const Capture all(clock, rows);
-        Insertion::InsertionJob refusing(input, all.configuration, *netlist, options);
+        const LiteConfiguration all(clock, rows, 16);
+        Insertion::InsertionJob refusing(input, all, *netlist, options);
         finish(refusing);
         const QStringList lost = refusing.messages().filter("cannot be tapped");
         for (const QString &sentence : lost)
@@ -130,8 +120,8 @@ private Q_SLOTS:
             if (lost.join('\n').contains(' ' + rows.at(i).name + ' '))
                 rows.removeAt(i);
         }
-        const Capture capture(clock, rows);
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, options);
+        const LiteConfiguration capture(clock, rows, 16);
+        Insertion::InsertionJob job(input, capture, *netlist, options);
         finish(job);
         QVERIFY2(job.outcome() == Insertion::InsertionJob::Done, qPrintable(job.messages().join('\n')));
 
@@ -160,40 +150,32 @@ private Q_SLOTS:
     {
         // "message": one of those that are told, as a pattern, empty: no error; "written": a pattern for a
         // line of design.v
-        columns<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
-                                                                 "parameters");
-        const auto refused = [](const QByteArray &name, const char *file, const QString &text,
-                                const char *message, const QStringList &parameters = {}) {
-            row(name, file, text, message, "", parameters);
-        };
-        const auto made = [](const QByteArray &name, const char *file, const QString &text,
-                             const char *written, const QStringList &parameters = {}) {
-            row(name, file, text, "", written, parameters);
-        };
-        made("open pins", "a.v",
-             "module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
-             "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\nendmodule",
-             "  assign pins = 4'hz;");
-        refused("an open pin of an instance", "a.v",
-                "module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule",
-                "ERROR: Open bits (z) of the original are not open any more.");
-        made("no definition", "a.v",
-             "module top(input clk, output q);\nPLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule", "  PLL #(");
-        made("parameter", "a.v",
-             "module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
-             "assign q = S == \"y s\" ? N : 8'h0; endmodule",
-             "*8'h4d*", {"N=77", "S=\"y s\""});
-        refused("parameter that is a command", "a.v", "module top #(parameter N = 3) (input clk); endmodule",
-                "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys.", {"N=1;!touch owned"});
-        made("name of an added port", "a.v",
-             "module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule",
-             "  input jexx_ctl_clock;");
-        refused("name of a core", "a.v",
-                "module top(input clk); jex_cores c(clk); endmodule\nmodule jex_cores(input i); endmodule",
-                "ERROR: A module of the design has the name of one of the analyzer's.");
-        made("text that looks like a name", "a.v",
-             "module top(input clk);\nPRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule",
-             "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*");
+        textColumns("file", "text", "message", "written", "parameters");
+        row("open pins", "a.v",
+            "module top(input clk, inout [5:2] pins, output [1:0] mixed, output x);\n"
+            "assign pins = 4'bzzzz; assign mixed = {clk, 1'bz}; assign x = 1'bx;\nendmodule",
+            "", "  assign pins = 4'hz;", "");
+        row("an open pin of an instance", "a.v",
+            "module top(input clk); PRIM p(.io(1'bz), .c(clk)); endmodule",
+            "ERROR: Open bits (z) of the original are not open any more.", "", "");
+        row("no definition", "a.v",
+            "module top(input clk, output q);\nPLL #(.MUL(4)) p(.i(clk), .o(q)); endmodule", "", "  PLL #(",
+            "");
+        row("parameter", "a.v",
+            "module top #(parameter N = 3, S = \"no\") (input clk, output [7:0] q);\n"
+            "assign q = S == \"y s\" ? N : 8'h0; endmodule",
+            "", "*8'h4d*", "N=77|S=\"y s\"");
+        row("parameter that is a command", "a.v", "module top #(parameter N = 3) (input clk); endmodule",
+            "ERROR: The parameter \"N=1;!touch owned\" * cannot be told to Yosys.", "", "N=1;!touch owned");
+        row("name of an added port", "a.v",
+            "module top(input clk, output jex_tap_0); assign jex_tap_0 = clk; endmodule", "",
+            "  input jexx_ctl_clock;", "");
+        row("name of a core", "a.v",
+            "module top(input clk); jex_cores c(clk); endmodule\nmodule jex_cores(input i); endmodule",
+            "ERROR: A module of the design has the name of one of the analyzer's.", "", "");
+        row("text that looks like a name", "a.v",
+            "module top(input clk);\nPRIM #(.INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")) p(.c(clk)); endmodule",
+            "", "*INIT(\"cost $5, \\\"\\\\$a/b\\\" $c\")*", "");
         const auto loop = [](const char *range) {
             return QString(
                        "library ieee; use ieee.std_logic_1164.all;\n"
@@ -205,19 +187,19 @@ private Q_SLOTS:
                 .arg(range);
         };
         // The width of each round tells whether it is the right one.
-        made("rounds upwards", "a.vhd", loop("0 to 2"), "*tap_*(g_n3_s)*");
-        made("rounds downwards", "a.vhd", loop("2 downto 0"), "*tap_*(g_n3_s)*");
-        refused("rounds of a range", "a.vhd", loop("a'range"), "ERROR: top/g[0]/s[0:0] cannot be tapped: *");
-        refused("newer than Yosys", "a.sv",
-                "module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
-                "always_ff @(posedge clk) u.v <= 4'h3; endmodule",
-                "WARNING: There is therefore no design.v. *");
+        row("rounds upwards", "a.vhd", loop("0 to 2"), "", "*tap_*(g_n3_s)*", "");
+        row("rounds downwards", "a.vhd", loop("2 downto 0"), "", "*tap_*(g_n3_s)*", "");
+        row("rounds of a range", "a.vhd", loop("a'range"), "ERROR: top/g[0]/s[0:0] cannot be tapped: *", "",
+            "");
+        row("newer than Yosys", "a.sv",
+            "module top(input logic clk); typedef struct { logic [3:0] v; } t; t u;\n"
+            "always_ff @(posedge clk) u.v <= 4'h3; endmodule",
+            "WARNING: There is therefore no design.v. *", "", "");
     }
     void designs()
     {
         auto [file, text, message, written, parameters] =
-            cells<QString, QString, QString, QString, QStringList>("file", "text", "message", "written",
-                                                                   "parameters");
+            textCells("file", "text", "message", "written", "parameters");
         const Sources folder;
         folder.write(file, text.toUtf8());
         DesignInput input = folder.input({file});
@@ -225,9 +207,9 @@ private Q_SLOTS:
         QVERIFY(netlist);
         QList<JEX::SignalItem> rows;
         addRows(*netlist->topHierarchy, rows);
-        const Capture capture("top/clk", rows);
-        input.parameters = parameters;
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        const LiteConfiguration capture("top/clk", rows);
+        input.parameters = parameters.split('|', Qt::SkipEmptyParts);
+        Insertion::InsertionJob job(input, capture, *netlist, Insertion::InsertionOptions());
         finish(job);
         const QString said = job.messages().join('\n');
         const auto any = [](const QStringList &lines, const QString &pattern) {
@@ -271,8 +253,8 @@ private Q_SLOTS:
         const DesignInput input = folder.input({"two words.sv"});
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(input);
         QVERIFY(netlist);
-        const Capture capture("top/clk", {signalNamed("top/q")});
-        Insertion::InsertionJob job(input, capture.configuration, *netlist, Insertion::InsertionOptions());
+        const LiteConfiguration capture("top/clk", {signalNamed("top/q")});
+        Insertion::InsertionJob job(input, capture, *netlist, Insertion::InsertionOptions());
         finish(job);
         QCOMPARE(job.messages().filter("ERROR"), QStringList());
         QVERIFY(job.files().contains("design.v"));
@@ -287,8 +269,8 @@ private Q_SLOTS:
         folder.write("a.v", "module top(input clk); endmodule");
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         QVERIFY(netlist);
-        const Capture capture("top/clk", {signalNamed("top/clk")});
-        const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+        const LiteConfiguration capture("top/clk", {signalNamed("top/clk")});
+        const Insertion::Analyzer analyzer(capture, RTLJEX::CoreOptions(), *netlist);
         Insertion::FlatNetlist flat;
         QString error;
         const QByteArray text =
@@ -306,9 +288,9 @@ private Q_SLOTS:
         folder.write("a.v", "module top(input clk); endmodule");
         const std::unique_ptr<RtlNetlist> netlist = netlistOf(folder.input({"a.v"}));
         for (int implementation : {JEX::BsramImplementation, JEX::SsramImplementation}) {
-            const Capture capture("top/clk", {signalNamed("top/clk")});
-            capture.configuration.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
-            const Insertion::Analyzer analyzer(capture.configuration, RTLJEX::CoreOptions(), *netlist);
+            const LiteConfiguration capture("top/clk", {signalNamed("top/clk")});
+            capture.cores().first().as<JEX::AOCore_Lite>().implementation = implementation;
+            const Insertion::Analyzer analyzer(capture, RTLJEX::CoreOptions(), *netlist);
             Insertion::InsertionReport report;
             report.noteFamily(analyzer, "ecp5");
             QCOMPARE(report.warnings, QStringList());

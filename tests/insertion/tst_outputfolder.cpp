@@ -4,8 +4,6 @@
 #include "tests/elaboration/sources.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
 class OutputFolderTest : public QObject
 {
     Q_OBJECT
@@ -21,13 +19,12 @@ private Q_SLOTS:
         const QMap<QString, QByteArray> files{{"map.json", map}, {"design.v", "1"}}, less{{"map.json", map}};
         QVERIFY2(output.write(files, &error), qPrintable(error));
         QVERIFY2(output.write(less, &error), qPrintable(error));
-        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
+        QCOMPARE(entriesOf(folder.path("made")), QStringList("map.json"));
         const QMap<QString, QByteArray> bad{{"design.v", "4"}, {"no/folder", "5"}};
         QVERIFY(!output.write(bad, &error));
         QVERIFY2(fits(error, "* cannot be written: *. Nothing was changed."), qPrintable(error));
-        QCOMPARE(QDir(folder.path("made")).entryList(QDir::Files), QStringList("map.json"));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList("made"));
+        QCOMPARE(entriesOf(folder.path("made")), QStringList("map.json"));
+        QCOMPARE(entriesOf(folder.path()), QStringList("made"));
     }
 
     // What somebody else wrote is neither replaced nor removed, when it came before the work and when it came
@@ -55,17 +52,15 @@ private Q_SLOTS:
         Folder folder;
         folder.write("made/" + file, text.toUtf8());
         QFile::link(folder.path("made"), folder.path("link"));
-        const bool isSource = QByteArray(QTest::currentDataTag()) == "source";
-        const Insertion::OutputFolder output(folder.path() + '/' + named,
-                                             isSource ? QStringList(folder.path("made/map.json"))
-                                                      : QStringList());
+        const QByteArray row = QTest::currentDataTag();
+        const QStringList sources(row == "source" ? folder.path("made/map.json") : "/none");
+        const Insertion::OutputFolder output(folder.path() + '/' + named, sources);
         QString error;
         QVERIFY(!output.write({{"map.json", "new"}, {"design.v", "new"}}, &error));
         QVERIFY2(fits(error, message), qPrintable(error));
         QCOMPARE(output.fault(), error);
         QCOMPARE(QString(folder.read("made/" + file)), text);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList({"link", "made"}));
+        QCOMPARE(entriesOf(folder.path()), QStringList({"link", "made"}));
     }
 };
 

@@ -146,14 +146,8 @@ private Q_SLOTS:
         for (bool byNetlist : {false, true}) {
             const auto both = [byNetlist](const char *clock, int edge, int amount, int position, int segments,
                                           const char *value) {
-                row(QString("%1 %2 %3 %4 %5")
-                        .arg(clock)
-                        .arg(edge)
-                        .arg(amount)
-                        .arg(position)
-                        .arg(byNetlist)
-                        .toUtf8(),
-                    clock, edge, amount, position, segments, value, byNetlist);
+                const QString name = QString("%1 %2 %3 %4 %5").arg(clock).arg(edge).arg(amount).arg(position);
+                row(name.arg(byNetlist).toUtf8(), clock, edge, amount, position, segments, value, byNetlist);
             };
             both("top/clk", 0, 64, -1, 1, "");
             both("top/clk", 1, 64, 10, 4, "00010110");
@@ -265,8 +259,7 @@ private Q_SLOTS:
         m_folder.write(
             "tb.v", "module tb; reg clk = 0; always #5 clk = ~clk; top a(.clk(clk));\n"
                     "initial begin $dumpfile(\"own.vcd\"); $dumpvars(0, tb); #20000 $finish; end endmodule");
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        addLite(configuration, "top/clk", {signalNamed("top/clk")});
+        const LiteConfiguration configuration("top/clk", {signalNamed("top/clk")});
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         m_folder.write("tb.v", bench);
         QVERIFY2(job->outcome() == Insertion::SimulationJob::Done, qPrintable(job->messages().join('\n')));
@@ -296,8 +289,7 @@ private Q_SLOTS:
     {
         auto [text, expected] = textCells("text", "expected");
         m_folder.write("tb.v", text.toUtf8());
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        addLite(configuration, "top/clk", {signalNamed("top/rst")});
+        const LiteConfiguration configuration("top/clk", {signalNamed("top/rst")});
         const std::unique_ptr<Insertion::SimulationJob> job = run(configuration, false);
         m_folder.write("tb.v", bench);
         QVERIFY2(job->messages().join('\n').startsWith(expected), qPrintable(job->messages().join('\n')));
@@ -322,8 +314,7 @@ private Q_SLOTS:
                        "module tb; reg clk = 0; top dut(.clk(clk)); " + process.toUtf8() + " endmodule");
         QVERIFY(QDir(m_folder.path()).mkpath("tmp"));
         qputenv("TMPDIR", m_folder.path("tmp").toUtf8());
-        RTLJEX::Configuration configuration(JEX::LiteMode);
-        addLite(configuration, "top/clk", {signalNamed("top/rst")});
+        const LiteConfiguration configuration("top/clk", {signalNamed("top/rst")});
         Insertion::SimulationOptions options;
         options.bench << m_folder.path("tb.v");
         auto job = std::make_unique<Insertion::SimulationJob>(m_input, configuration, *m_netlist, options);
@@ -347,8 +338,7 @@ private Q_SLOTS:
         QCOMPARE(job->messages().join('\n'), isCancelled ? QString() : limit);
         job.reset();
         qunsetenv("TMPDIR");
-        QCOMPARE(QDir(m_folder.path("tmp")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList());
+        QCOMPARE(entriesOf(m_folder.path("tmp")), QStringList());
     }
 
 private:

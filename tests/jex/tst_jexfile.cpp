@@ -1,6 +1,3 @@
-#include <QtTest>
-
-#include <memory>
 #include <sys/stat.h>
 
 #include "host/eventmanager.h"
@@ -9,8 +6,6 @@
 #include "tests/support/tablerow.h"
 
 using namespace JEX;
-
-namespace {
 
 const char liteFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <jexconfig version="1" mode="Lite">
@@ -59,8 +54,6 @@ const char standardFile[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 const char core1[] = "<core number=\"1\"";
 const char m0[] = "<expression text=\"M0\"/>";
-
-} // namespace
 
 class JexFileTest : public QObject
 {

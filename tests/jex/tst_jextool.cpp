@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "host/project.h"
 #include "model/jex/devicetable.h"
 #include "model/jex/jextool.h"
@@ -84,6 +82,7 @@ private Q_SLOTS:
         }
     }
 
+    // The name of a row with a slash is the project's device.
     void requirements_data()
     {
         columns<int, int, QString>("signalCount", "depth", "needs");
@@ -102,8 +101,6 @@ private Q_SLOTS:
         row("unknown/device", 18, 1024, " 1 2 320 320 18432 19456");
         row("beyond an int", INT_MAX, 65536, QString(" 2147483647").repeated(6));
     }
-
-    // The name of a row with a slash is the project's device.
     void requirements()
     {
         auto [signalCount, depth] = cells<int, int>("signalCount", "depth");
@@ -131,21 +128,16 @@ private Q_SLOTS:
     // Of several shapes that need as many memories the first one of the family counts.
     void shapes()
     {
-        const struct
-        {
-            JEX::Implementation implementation;
-            int signalCount, depth;
-            const char *shape;
-        } rows[] = {
+        const Rows<JEX::Implementation, int, int, const char *> rows = {
             {JEX::BsramImplementation, 18, 1024, "1024x18"}, {JEX::BsramImplementation, 9, 2048, "2048x9"},
             {JEX::BsramImplementation, 1, 4, "16384x1"},     {JEX::BsramImplementation, 4, 512, "4096x4"},
             {JEX::SsramImplementation, 4, 32, "16x4"},       {JEX::RegImplementation, 4, 32, "0x0"},
             {JEX::BsramImplementation, 0, 32, "0x0"},
         };
-        for (const auto &row : rows) {
+        for (const auto &[implementation, signalCount, depth, text] : rows) {
             const MemoryShape shape =
-                storageNeed(usualFamily(), row.implementation, row.signalCount, row.depth, false).shape;
-            QCOMPARE(QString("%1x%2").arg(shape.depth).arg(shape.width), QString(row.shape));
+                storageNeed(usualFamily(), implementation, signalCount, depth, false).shape;
+            QCOMPARE(QString("%1x%2").arg(shape.depth).arg(shape.width), QString(text));
         }
     }
 

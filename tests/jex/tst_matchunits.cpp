@@ -1,10 +1,9 @@
-#include <QtTest>
-
 #include "model/jex/matchunitdialog.h"
 #include "model/jex/matchunitmodel.h"
 #include "model/jex/matchvalue.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
 
 using namespace JEX;
 
@@ -90,11 +89,7 @@ private Q_SLOTS:
 
     void faults()
     {
-        const struct
-        {
-            MatchFunction function;
-            const char *value, *upper, *fault;
-        } cases[] = {
+        const Rows<MatchFunction, const char *, const char *, const char *> cases = {
             {MatchNotEqual, "FB", "", ""},
             {MatchLess, "10", "", ""},
             {MatchInRange, "10", "10", ""},
@@ -107,9 +102,9 @@ private Q_SLOTS:
             {MatchInRange, "10", "01", "The lower bound 10 is above the upper bound 01."},
         };
         Desk desk;
-        for (const auto &c : cases) {
-            desk.bind(0, c.function, c.value, c.upper);
-            QCOMPARE(matchUnitFault(*desk.unit), QString(c.fault));
+        for (const auto &[function, value, upper, fault] : cases) {
+            desk.bind(0, function, value, upper);
+            QCOMPARE(matchUnitFault(*desk.unit), QString(fault));
         }
         desk.bind(9, MatchEqual, "");
         QCOMPARE(matchUnitFault(*desk.unit),
@@ -139,18 +134,15 @@ private Q_SLOTS:
     // The largest number of a width, and the next one.
     void decimal()
     {
-        const struct
-        {
-            int width;
-            const char *largest, *next;
-        } cases[] = {{1, "1", "2"},
-                     {63, "9223372036854775807", "9223372036854775808"},
-                     {64, "18446744073709551615", "18446744073709551616"}};
-        for (const auto &c : cases) {
-            QCOMPARE(formFault(c.largest, DecimalForm, c.width, "It"), QString());
-            QCOMPARE(bitsFromForm(c.largest, DecimalForm, c.width), QString(c.width, '1'));
-            QVERIFY(formFault(c.next, DecimalForm, c.width, "It")
-                        .startsWith(QString("It is larger than ") + c.largest + ','));
+        const Rows<int, const char *, const char *> cases = {
+            {1, "1", "2"},
+            {63, "9223372036854775807", "9223372036854775808"},
+            {64, "18446744073709551615", "18446744073709551616"}};
+        for (const auto &[width, largest, next] : cases) {
+            QCOMPARE(formFault(largest, DecimalForm, width, "It"), QString());
+            QCOMPARE(bitsFromForm(largest, DecimalForm, width), QString(width, '1'));
+            QVERIFY(formFault(next, DecimalForm, width, "It")
+                        .startsWith(QString("It is larger than ") + largest + ','));
         }
     }
 
@@ -203,11 +195,7 @@ private Q_SLOTS:
             "The function \"In range\" compares numbers and takes no \"X\": each bit must be 0 or 1.";
         const QString few = "The value has 2 bits, but the trigger port has 6.";
         const QString large = " is larger than 63, the largest number of 6 bits.";
-        const struct
-        {
-            const char *widget, *text;
-            QString shown, stored;
-        } steps[] = {
+        const Rows<const char *, const char *, QString, QString> steps = {
             {"comboPort", "Trigger Port 1 (6 bits)", "XXXXXX | ", ""},
             {"comboPort", "Trigger Port 0 (2 bits)", "XX | ", ""},
             {"editValue", "r_x", "R_X | ", ""},
@@ -262,12 +250,12 @@ private Q_SLOTS:
         QCOMPARE(desk.dialog->findChild<QComboBox *>("comboPort")->count(),
                  3); // those with signals, and none
         QVERIFY(!desk.value->isEnabled());
-        for (const auto &step : steps) {
+        for (const auto &[widget, text, shown, stored] : steps) {
             desk.dialog->show();
-            desk.use(step.widget, step.text);
-            QCOMPARE(desk.shown(), step.shown);
-            if (!step.stored.isEmpty())
-                QCOMPARE(desk.stored(), step.stored);
+            desk.use(widget, text);
+            QCOMPARE(desk.shown(), shown);
+            if (!stored.isEmpty())
+                QCOMPARE(desk.stored(), stored);
         }
         QCOMPARE(desk.dialog->result(), int(QDialog::Accepted));
         QCOMPARE(driver.seen, QStringList({"warning | Warning | " + edge + " | OK",

@@ -4,11 +4,7 @@
 
 #include <QtTest>
 
-#include <memory>
-
 using namespace QUARRY;
-
-namespace {
 
 const char *const design = R"(
   top
@@ -32,8 +28,6 @@ const char *const design = R"(
     u0:uart
       late
 )";
-
-} // namespace
 
 class RtlNetlistTest : public QObject
 {

@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <functional>
-
 #include "model/netlist/rtlnetlist.h"
 #include "netselect/jexsignalselectdialog.h"
 #include "netselect/netsearch.h"
@@ -9,10 +5,8 @@
 #include "netselect/rtlnetlisttreeview.h"
 #include "signals/addedrows.h"
 #include "signals/signalrows.h"
-#include "tests/support/modaldriver.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"
-#include "tests/support/rowtext.h"
 #include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
@@ -163,8 +157,7 @@ private Q_SLOTS:
     }
     void searches()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, pattern);
+        auto [clicks, pattern] = textCells("clicks", "pattern");
         QString shown;
         run([&](QDialog *dialog) {
             click(dialog, clicks.split(' ', Qt::SkipEmptyParts));
@@ -250,8 +243,7 @@ private Q_SLOTS:
     }
     void picksAreReturned()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, chosen);
+        auto [clicks, chosen] = textCells("clicks", "chosen");
         for (const auto leave : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
             const auto steps = [&](QDialog *dialog) {
                 click(dialog, clicks.split(' ', Qt::SkipEmptyParts));

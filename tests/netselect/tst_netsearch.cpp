@@ -3,10 +3,6 @@
 #include "tests/support/netlisttext.h"
 #include "tests/support/tablerow.h"
 
-#include <QtTest>
-
-#include <memory>
-
 using namespace QUARRY;
 using namespace RTLJEX;
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QtTest>
-#include <memory>
-
 #include "host/project.h"
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"

@@ -2,6 +2,7 @@
 #include "model/jex/jextool.h"
 #include "model/jex/zubfields.h"
 #include "tests/options/pages.h"
+#include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 
@@ -117,14 +118,8 @@ private Q_SLOTS:
 
     void implementations()
     {
-        const struct
-        {
-            bool ssram;
-            int bits; // at the smallest number of samples
-            int stored;
-            const char *offered;
-            int saved;
-        } rows[] = {
+        // Shadow memory, bits at the smallest number of samples, what is stored, offered and saved.
+        const Rows<bool, int, int, const char *, int> rows = {
             {true, 1, 0, "BSRAM SSRAM REG:BSRAM", 0},
             {true, 1, 2, "BSRAM SSRAM REG:SSRAM", 2},
             {false, 1, 2, "BSRAM REG:BSRAM", 0}, // not on this device
@@ -134,14 +129,14 @@ private Q_SLOTS:
              standard ? 1 : 0},
             {false, standard ? 128 : 257, 1, "BSRAM:BSRAM", 0},
         };
-        for (const auto &row : rows) {
-            const Device device(row.ssram);
-            CapturePage page(standard, nets(row.bits), standard ? 4 : 2);
-            page.implementationField = row.stored;
+        for (const auto &[ssram, bits, stored, offered, saved] : rows) {
+            const Device device(ssram);
+            CapturePage page(standard, nets(bits), standard ? 4 : 2);
+            page.implementationField = stored;
             page.open();
-            QCOMPARE(Page::offered(page.implementation()), QString(row.offered));
+            QCOMPARE(Page::offered(page.implementation()), QString(offered));
             page.save();
-            QCOMPARE(page.implementationField, row.saved);
+            QCOMPARE(page.implementationField, saved);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "model/jex/devicetable.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
+#include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 
@@ -42,15 +43,7 @@ private Q_SLOTS:
     // What suits device and size, and whether a box that shows something else is filled anew.
     void implementations()
     {
-        const struct
-        {
-            bool ssram;
-            qint64 bits;
-            const char *offered;
-            int count;
-            const char *current;
-            bool kept;
-        } rows[] = {
+        const Rows<bool, qint64, const char *, int, const char *, bool> rows = {
             {false, 513, "BSRAM", 1, "BSRAM", true},
             {false, Q_INT64_C(0x100000000), "BSRAM", 2, "REG", false},
             {false, 512, "BSRAM REG", 2, "REG", true},
@@ -64,11 +57,11 @@ private Q_SLOTS:
         const JEX_TOOL::Device *without = JEX_TOOL::findDevice("iCE40", "iCE40HX8K");
         const JEX_TOOL::Device *with = JEX_TOOL::findDevice("ECP5", "LFE5U-25F");
         QCOMPARE(implementationNames(offeredImplementations(nullptr, 0)).join(' '), QString("BSRAM REG"));
-        for (const auto &row : rows) {
-            const auto offered = offeredImplementations(row.ssram ? with : without, row.bits);
-            QCOMPARE(implementationNames(offered).join(' '), QString(row.offered));
-            const JEX::Implementation current = JEX::implementationNamed(row.current);
-            QCOMPARE(keepsImplementations(offered, row.count, current), row.kept);
+        for (const auto &[ssram, bits, texts, count, name, kept] : rows) {
+            const auto offered = offeredImplementations(ssram ? with : without, bits);
+            QCOMPARE(implementationNames(offered).join(' '), QString(texts));
+            const JEX::Implementation current = JEX::implementationNamed(name);
+            QCOMPARE(keepsImplementations(offered, count, current), kept);
         }
     }
 
@@ -114,12 +107,7 @@ private Q_SLOTS:
 
     void triggerUsage()
     {
-        const struct
-        {
-            const char *implementation;
-            int available, expressions, units;
-            const char *text;
-        } rows[] = {
+        const Rows<const char *, int, int, int, const char *> rows = {
             {"BSRAM", 56, 3, 6, "BSRAM Usage : 3/56"},
             {"BSRAM", 0, 3, 6, "BSRAM Usage : 3"},
             {"REG", 100, 3, 6, "Register Usage : 15/100"},
@@ -132,10 +120,10 @@ private Q_SLOTS:
             {"SSRAM", 0, 3, 0, "SSRAM Usage : 3/0"},
             {"", 5, 3, 6, ""},
         };
-        for (const auto &row : rows)
-            QCOMPARE(triggerUsageText(JEX::implementationNamed(row.implementation), row.available,
-                                      row.expressions, row.units),
-                     QString(row.text));
+        for (const auto &[implementation, available, expressions, units, text] : rows)
+            QCOMPARE(
+                triggerUsageText(JEX::implementationNamed(implementation), available, expressions, units),
+                QString(text));
     }
 };
 

@@ -1,5 +1,3 @@
-#include <QContextMenuEvent>
-
 #include "options/aooptionwidget.h"
 #include "options/liteaooptionwidget.h"
 #include "tests/options/pages.h"
@@ -41,18 +39,14 @@ public:
                                                     : text;
     }
 
-    // A view reports a double click only after a click on the same row. Below the rows when there is none.
-    void doubleClick(QAbstractItemView *view, const QModelIndex &row)
+    void open(QAbstractItemView *view, const QModelIndex &row)
     {
-        const QPoint place =
-            row.isValid() ? view->visualRect(row).center() : view->viewport()->rect().bottomRight();
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);
+        doubleClick(view, row);
         QCoreApplication::processEvents();
     }
-    void openPort(int i) { doubleClick(ports(), ports()->model()->index(i, 0)); }
-    void openUnit(int i) { doubleClick(units(), units()->model()->index(i, 0)); }
-    void openExpression(int i) { doubleClick(list(), list()->model()->index(i, 0)); }
+    void openPort(int i) { open(ports(), ports()->model()->index(i, 0)); }
+    void openUnit(int i) { open(units(), units()->model()->index(i, 0)); }
+    void openExpression(int i) { open(list(), list()->model()->index(i, 0)); }
     void openMenu(int line)
     {
         QTimer::singleShot(0, [line] {
@@ -227,7 +221,7 @@ private Q_SLOTS:
             dialog->findChild<QPushButton *>("btnRemove")->click();
             dialog->accept();
         });
-        page.doubleClick(page.ports(), page.ports()->model()->index(0, 0, page.ports()->currentIndex()));
+        page.open(page.ports(), page.ports()->model()->index(0, 0, page.ports()->currentIndex()));
         QVERIFY(row->isExpanded());
         QCOMPARE(page.ports()->currentItem(), row);
         QCOMPARE(row->childCount(), 1);

@@ -1,9 +1,4 @@
-#include <QMainWindow>
-#include <QPluginLoader>
-#include <QWizard>
-#include <QtTest>
-
-#include <memory>
+#include <QtWidgets>
 
 #include "host/actionmanager.h"
 #include "host/designmanager.h"
@@ -15,10 +10,7 @@
 #include "tests/support/configtext.h"
 #include "tests/support/menudriver.h"
 #include "tests/support/netpicker.h"
-#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
-
-namespace {
 
 const char counterSource[] = R"(
 module counter(input clk, input rst, output reg [3:0] count, output tick);
@@ -45,12 +37,10 @@ module top(input clk, input rst, input [3:0] din, output reg [3:0] dout, output 
 endmodule
 )";
 
-void click(QDialog *dialog, const char *button)
+static void click(QDialog *dialog, const char *button)
 {
     QTest::mouseClick(dialog->findChild<QPushButton *>(button), Qt::LeftButton);
 }
-
-} // namespace
 
 // The editor as it ships: the plug-in's library in a host with a window, on a design that is elaborated
 // from its sources, worked with mouse and keys.
@@ -90,7 +80,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         m_work.reset(new Workspace);
     }
 
@@ -339,14 +329,6 @@ private:
         QCOMPARE(m_work->project.data().files.last().path, path("probe1.zub"));
     }
 
-    // Until the dialogs that it opens are done with.
-    void doubleClick(QAbstractItemView *list, const QPoint &at)
-    {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTRY_VERIFY(m_user.done());
-    }
-
     void fillPort(int port, const QStringList &names)
     {
         m_user.then([](QDialog *dialog) {
@@ -355,9 +337,9 @@ private:
         });
         m_user.then(pickNets("", names));
         QTreeWidget *ports = find<QTreeWidget>("treeTrigger");
-        QTreeWidgetItem *row = ports->topLevelItem(port);
-        ports->scrollToItem(row);
-        doubleClick(ports, ports->visualItemRect(row).center());
+        const QTreeWidgetItem *row = ports->topLevelItem(port);
+        doubleClick(ports, ports->model()->index(port, 0));
+        QTRY_VERIFY(m_user.done());
         QVERIFY(row->isExpanded());
         QCOMPARE(row->childCount(), names.size());
     }
@@ -375,8 +357,8 @@ private:
         });
         QTableView *units = find<QTableView>("tableMu");
         const QModelIndex row = units->model()->index(unit, 0);
-        units->scrollTo(row);
-        doubleClick(units, units->visualRect(row).center());
+        doubleClick(units, row);
+        QTRY_VERIFY(m_user.done());
         QCOMPARE(row.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
     }
 
@@ -387,8 +369,8 @@ private:
                 click(dialog, qPrintable("btn" + button));
             leave(dialog);
         });
-        QListWidget *list = find<QListWidget>("listExpression");
-        doubleClick(list, list->viewport()->rect().bottomRight() - QPoint(5, 5));
+        doubleClick(find<QListWidget>("listExpression"), QModelIndex());
+        QTRY_VERIFY(m_user.done());
     }
 
     void setCapture(const QString &clock, const QStringList &names)

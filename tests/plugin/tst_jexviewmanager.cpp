@@ -1,7 +1,3 @@
-#include <QDir>
-#include <QPointer>
-#include <QTest>
-
 #include "host/actionmanager.h"
 #include "host/iview.h"
 #include "host/viewmanager.h"

@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "plugin/jexfilewizardfactory.h"
 #include "plugin/jexwizard.h"
 #include "tests/support/modaldriver.h"

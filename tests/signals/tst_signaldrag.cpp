@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <QVBoxLayout>
-
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/rowtext.h"

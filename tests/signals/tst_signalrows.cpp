@@ -7,17 +7,11 @@
 #include "signals/signalrules.h"
 #include "tests/support/randomsignals.h"
 #include "tests/support/rowtext.h"
-#include "tests/support/signaltext.h"
 
 using namespace RTLJEX;
 using JEX::SignalItem;
 
 namespace {
-
-QString records(const QTreeWidget &tree)
-{
-    return toText(topLevelRecords(&tree));
-}
 
 QString memberRecords(const QTreeWidgetItem *row)
 {
@@ -258,6 +252,9 @@ private Q_SLOTS:
         QCOMPARE(selection.count(), 1);
         QVERIFY(!removeChosenRows(&tree));
     }
+
+private:
+    static QString records(const QTreeWidget &tree) { return toText(topLevelRecords(&tree)); }
 };
 
 QTEST_MAIN(SignalRowsTest)

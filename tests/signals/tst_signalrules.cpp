@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <algorithm>
-
 #include "model/netlist/rtlnetlist.h"
 #include "signals/groupnames.h"
 #include "signals/repeatrules.h"
@@ -9,13 +5,10 @@
 #include "signals/signalrules.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/randomsignals.h"
-#include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 
 using namespace RTLJEX;
 using JEX::SignalItem;
-
-namespace {
 
 const char design[] = R"(
 top
@@ -28,12 +21,11 @@ top
       odd[0]
 )";
 
-QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses, const QList<SignalItem> &others)
+static QString joined(const QList<SignalItem> &rows, const QList<SignalItem> &buses,
+                      const QList<SignalItem> &others)
 {
     return toText(rows) + " | " + toText(buses) + " | " + toText(others);
 }
-
-} // namespace
 
 class SignalRulesTest : public QObject
 {

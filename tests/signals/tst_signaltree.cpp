@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "signals/signalrows.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/rowtext.h"
@@ -319,30 +317,22 @@ private Q_SLOTS:
     }
 
     // A word beside each colour, and none where there is none.
-    void statesInWords_data()
-    {
-        textColumns("record", "words");
-        row("usual", "s:a", "");
-        row("not captured", "!s:a", "Not captured");
-        row("faulty", "^s:a", "Marked as faulty in the file");
-    }
     void statesInWords()
     {
-        auto [record, words] = textCells("record", "words");
-        signalTreeWidget tree;
-        insertCaptureRows(&tree, signalsFromText(record), 0);
-        QCOMPARE(tree.topLevelItem(0)->toolTip(0), words);
-        const QString read = tree.topLevelItem(0)->data(0, Qt::AccessibleTextRole).toString();
-        QCOMPARE(read, words.isEmpty() ? QString() : "a, " + words);
-    }
-
-    void missingInWords()
-    {
-        QTreeWidget tree; // as in a trigger port
-        insertSignalRows(&tree, signalsFromText("~s:a b:b[1:0]{~b[1],b[0]}"), 0, 0);
-        QCOMPARE(tree.topLevelItem(0)->toolTip(0), QString("Not in the design"));
-        QCOMPARE(tree.topLevelItem(1)->toolTip(0), QString());
-        QCOMPARE(tree.topLevelItem(1)->child(0)->toolTip(0), QString("Not in the design"));
+        signalTreeWidget rows;
+        insertCaptureRows(&rows, signalsFromText("s:a ^s:c !s:b"), 0);
+        const QStringList words{"", "Marked as faulty in the file", "Not captured"};
+        for (int i = 0; i < words.size(); ++i) {
+            const QTreeWidgetItem *row = rows.topLevelItem(i);
+            QCOMPARE(row->toolTip(0), words.at(i));
+            QCOMPARE(row->data(0, Qt::AccessibleTextRole).toString(),
+                     words.at(i).isEmpty() ? QString() : row->text(0) + ", " + words.at(i));
+        }
+        QTreeWidget port;
+        insertSignalRows(&port, signalsFromText("~s:a b:b[1:0]{~b[1],b[0]}"), 0, 0);
+        QCOMPARE(port.topLevelItem(0)->toolTip(0), QString("Not in the design"));
+        QCOMPARE(port.topLevelItem(1)->toolTip(0), QString());
+        QCOMPARE(port.topLevelItem(1)->child(0)->toolTip(0), QString("Not in the design"));
     }
 
     void menuShowsTheKeyOfRenaming()

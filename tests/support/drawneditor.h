@@ -1,8 +1,6 @@
 #pragma once
 
-#include <algorithm>
-
-#include "tests/support/widgets.h"
+#include <QtWidgets>
 
 // What an editor shows, as lines of text.
 
@@ -37,14 +35,9 @@ inline void drawWidget(QWidget *widget, bool all, QStringList &lines)
     const bool isWhole = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
     if (!isWhole || !(isOnPage(widget) || (all && !qobject_cast<QLabel *>(widget))))
         return;
-    if (const auto *box = qobject_cast<QComboBox *>(widget))
-        lines << name + box->currentText();
-    else if (const auto *button = qobject_cast<QAbstractButton *>(widget))
-        lines << name + QString::number(button->isChecked());
-    else if (const auto *line = qobject_cast<QLineEdit *>(widget))
-        lines << name + line->text();
-    else if (const auto *number = qobject_cast<QSpinBox *>(widget))
-        lines << name + QString::number(number->value());
+    const QMetaProperty value = widget->metaObject()->userProperty(); // text, number or mark
+    if (value.isValid() && !qobject_cast<QAbstractItemView *>(widget))
+        lines << name + value.read(widget).toString();
     else if (const auto *label = qobject_cast<QLabel *>(widget))
         lines << name + label->text();
     else if (const auto *list = qobject_cast<QListWidget *>(widget)) {

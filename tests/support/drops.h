@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QMimeData>
 #include <QtTest>
-
-#include "tests/support/widgets.h"
+#include <QtWidgets>
 
 // Drops the data as a mouse would that comes with it. Gives what was done with it; nothing where it is not
 // taken.

@@ -21,6 +21,12 @@ inline QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
 }
 
+// What is in a folder, hidden or not, by name.
+inline QStringList entriesOf(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+}
+
 // A folder that lives as long as this.
 class Folder
 {

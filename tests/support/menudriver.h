@@ -1,10 +1,17 @@
 #pragma once
 
 #include <QtTest>
+#include <QtWidgets>
 
-#include <functional>
-
-#include "tests/support/widgets.h"
+// The one with that text, whose mnemonic does not count: a test has no use for going on without it.
+inline QAction *named(const QString &text, const QList<QAction *> &actions)
+{
+    for (QAction *action : actions) {
+        if (action->text().remove('&') == text)
+            return action;
+    }
+    qFatal("no action %s", qPrintable(text));
+}
 
 // Plays the user of the menu that `opens` brings up, whether it waits for the menu or not: clicks the entry,
 // or leaves. Gives what was offered, disabled entries in brackets; nothing when no menu came up.

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QtTest>
+#include <QtWidgets>
 
-#include "tests/support/widgets.h"
+#include "tests/support/modaldriver.h"
 #include "workbench/messagemodel.h"
 
 // "E error", "W warning", "N note", what is past in brackets.
@@ -38,8 +39,5 @@ inline void doubleClickMessage(const QWidget *pane, const QString &text)
     QListView *list = pane->findChild<QListView *>("messages");
     const QModelIndex index = messageRow(pane, text);
     QVERIFY2(index.isValid(), qPrintable(text));
-    list->scrollTo(index);
-    const QPoint position = list->visualRect(index).center();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, position);
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    doubleClick(list, index);
 }

@@ -1,17 +1,21 @@
 #pragma once
 
-#include <QObject>
-#include <QStringList>
-#include <QTest>
-#include <QTimer>
-#include <functional>
-
-#include "tests/support/widgets.h"
+#include <QtTest>
+#include <QtWidgets>
 
 // Clicks a button of the box that ends a dialog.
 inline void leave(QDialog *dialog, QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)
 {
     QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(button), Qt::LeftButton);
+}
+
+// A view takes a double click only behind a click at the same place; below the rows when there is none.
+inline void doubleClick(QAbstractItemView *view, const QModelIndex &row)
+{
+    view->scrollTo(row);
+    const QPoint at = row.isValid() ? view->visualRect(row).center() : view->viewport()->rect().bottomRight();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
 }
 
 // Chooses a file.
@@ -20,6 +24,27 @@ inline std::function<void(QDialog *)> choosing(const QString &path)
     return [path](QDialog *dialog) {
         qobject_cast<QFileDialog *>(dialog)->selectFile(path);
         QMetaObject::invokeMethod(dialog, "accept");
+    };
+}
+
+// The button that is shown with that text, whose mnemonic does not count; none where there is none.
+inline QAbstractButton *shownButton(const QWidget *parent, const QString &text)
+{
+    for (QAbstractButton *button : parent->findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && button->text().remove('&') == text)
+            return button;
+    }
+    return nullptr;
+}
+
+// Presses that button, or leaves where there is none.
+inline std::function<void(QDialog *)> pressing(const QString &text)
+{
+    return [text](QDialog *dialog) {
+        if (QAbstractButton *button = shownButton(dialog, text))
+            button->click();
+        else
+            dialog->reject();
     };
 }
 
@@ -48,6 +73,11 @@ public:
         };
     }
     bool done() const { return m_steps.isEmpty(); }
+    void beginAnew()
+    {
+        seen.clear();
+        m_steps.clear();
+    }
 
     static QString describe(QDialog *dialog)
     {

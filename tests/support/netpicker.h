@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QtTest>
-
 #include "tests/support/modaldriver.h"
 #include "tests/support/rowtext.h"
-#include "tests/support/widgets.h"
 
 // Clicks the rows with those texts, with Ctrl from the second on.
 inline void clickRows(QTreeWidget *tree, const QStringList &texts)

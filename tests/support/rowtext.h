@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/widgets.h"
+#include <QtWidgets>
 
 namespace rowtext {
 

@@ -33,10 +33,6 @@ Bool letAnybodyIn(char *)
     return True;
 }
 
-void ignoreBrokenPipes(IceConn)
-{
-}
-
 // As the protocol wants it, a new program is asked for its state at once.
 Status registerClient(SmsConn connection, SmPointer data, char *previousId)
 {
@@ -143,7 +139,7 @@ SessionManager::SessionManager() : d(new Private)
     if (!SmsInitialize("test", "1", newClient, d.get(), letAnybodyIn, sizeof error, error) ||
         !IceListenForConnections(&d->listeners, &d->listening, sizeof error, error))
         qFatal("no session manager: %s", error);
-    IceSetIOErrorHandler(ignoreBrokenPipes);
+    IceSetIOErrorHandler([](IceConn) {}); // a broken pipe is no fault
     for (int i = 0; i < d->listeners; ++i) {
         const IceListenObj from = d->listening[i];
         IceSetHostBasedAuthProc(from, letAnybodyIn);

@@ -2,8 +2,6 @@
 
 #include <QtTest>
 
-#include <array>
-
 // Columns of a test's table, by their types, and those of texts alone.
 template <class... Types, class... Names>
 void columns(Names... names)
@@ -32,6 +30,10 @@ void row(const QByteArray &name, const Values &...values)
 {
     (QTest::newRow(name.constData()) << ... << tableCell(values));
 }
+
+// A table that a loop goes through: for (const auto &[name, count] : Rows<QString, int>{{"a", 1}, {"b", 2}})
+template <class... Values>
+using Rows = std::vector<std::tuple<Values...>>;
 
 // A table of one column of texts, in which each row has its text for a name.
 inline void textRows(const char *column, const QStringList &texts)

@@ -1,7 +1,3 @@
-#include <QtTest>
-
-#include <algorithm>
-
 #include "host/translation.h"
 #include "tests/support/tablerow.h"
 
@@ -47,11 +43,7 @@ QStringList all(const QString &text, const QString &pattern)
 
 // What must be in a translation as it is in the source: words for programs and for the eye that guides
 // itself.
-const struct Kept
-{
-    const char *what;
-    const char *pattern;
-} kept[] = {
+const Rows<const char *, const char *> kept = {
     {"placeholders", "%(\\d+|n|[fl](?![a-zA-Z]))"},
     {"the number of mnemonics", "&(?=\\w)"},
     {"tags", "</?[a-z][^>]*>"},
@@ -89,10 +81,10 @@ private Q_SLOTS:
         for (const QFileInfo &file : QDir(TEXTS).entryInfoList({"*.ts"})) {
             for (const Entry &entry : entriesOf(file.filePath())) {
                 ++count;
-                for (const Kept &rule : kept) {
-                    if (all(entry.source, rule.pattern) != all(entry.translation, rule.pattern))
-                        faults << entry.file + ' ' + entry.context + ": " + rule.what + ": \"" +
-                                      entry.source + "\" \"" + entry.translation + '"';
+                for (const auto &[what, pattern] : kept) {
+                    if (all(entry.source, pattern) != all(entry.translation, pattern))
+                        faults << entry.file + ' ' + entry.context + ": " + what + ": \"" + entry.source +
+                                      "\" \"" + entry.translation + '"';
                 }
             }
         }

@@ -1,14 +1,8 @@
-#include <QAccessible>
-#include <QGroupBox>
-#include <QShortcut>
-#include <QStyle>
-#include <QStyleOptionButton>
-#include <QStyleOptionComboBox>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "host/translation.h"
 #include "tests/support/files.h"
-#include "tests/support/widgets.h"
 #include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
 #include "workbench/helptopics.h"
@@ -122,17 +116,12 @@ QStringList cutTexts(QWidget *widget)
 // What a window says of itself, and what no example's file, net or device says.
 QStringList ownTexts(const QWidget *widget)
 {
-    QStringList texts{widget->toolTip(), widget->whatsThis(), widget->statusTip(), widget->accessibleName()};
-    if (const auto *label = qobject_cast<const QLabel *>(widget))
-        texts << label->text();
-    if (const auto *button = qobject_cast<const QAbstractButton *>(widget))
-        texts << button->text();
-    if (const auto *group = qobject_cast<const QGroupBox *>(widget))
-        texts << group->title();
-    if (const auto *line = qobject_cast<const QLineEdit *>(widget))
-        texts << line->placeholderText();
-    if (const auto *box = qobject_cast<const QComboBox *>(widget))
-        texts << box->currentText();
+    QStringList texts;
+    for (const char *name : {"toolTip", "whatsThis", "statusTip", "accessibleName", "text", "title",
+                             "placeholderText", "currentText"}) {
+        if (qstrcmp(name, "text") != 0 || !qobject_cast<const QLineEdit *>(widget)) // which the user writes
+            texts << widget->property(name).toString();
+    }
     if (const auto *tabs = qobject_cast<const QTabBar *>(widget)) {
         for (int i = 0; i < tabs->count(); ++i)
             texts << tabs->tabText(i) << tabs->tabToolTip(i);

@@ -80,11 +80,6 @@ ssize_t write(int file, const void *bytes, size_t size)
     return next(&write, "write")(file, bytes, size);
 }
 
-int fsync(int file)
-{
-    return fails("fsync", file) ? -1 : next(&fsync, "fsync")(file);
-}
-
 int close(int file)
 {
     const bool isFault = fails("close", file);
@@ -95,33 +90,19 @@ int close(int file)
     return isFault ? -1 : result;
 }
 
-int rename(const char *from, const char *to)
-{
-    return fails("rename", from) ? -1 : next(&rename, "rename")(from, to);
-}
+// Fails when it is told to, by the file that it is about, and is itself else.
+#define FAULTY(name, file, parameters, arguments)                                                            \
+    int name parameters                                                                                      \
+    {                                                                                                        \
+        return fails(#name, file) ? -1 : next(&name, #name) arguments;                                       \
+    }
 
-int fchown(int file, uid_t user, gid_t group)
-{
-    return fails("fchown", file) ? -1 : next(&fchown, "fchown")(file, user, group);
-}
-
-int fchmod(int file, mode_t mode)
-{
-    return fails("fchmod", file) ? -1 : next(&fchmod, "fchmod")(file, mode);
-}
-
-int fsetxattr(int file, const char *name, const void *value, size_t size, int flags)
-{
-    return fails("fsetxattr", file) ? -1 : next(&fsetxattr, "fsetxattr")(file, name, value, size, flags);
-}
-
-int fallocate(int file, int mode, off_t from, off_t size)
-{
-    return fails("fallocate", file) ? -1 : next(&fallocate, "fallocate")(file, mode, from, size);
-}
-
-int ftruncate(int file, off_t size)
-{
-    return fails("ftruncate", file) ? -1 : next(&ftruncate, "ftruncate")(file, size);
-}
+FAULTY(fsync, file, (int file), (file))
+FAULTY(rename, from, (const char *from, const char *to), (from, to))
+FAULTY(fchown, file, (int file, uid_t user, gid_t group), (file, user, group))
+FAULTY(fchmod, file, (int file, mode_t mode), (file, mode))
+FAULTY(fsetxattr, file, (int file, const char *name, const void *value, size_t size, int flags),
+       (file, name, value, size, flags))
+FAULTY(fallocate, file, (int file, int mode, off_t from, off_t size), (file, mode, from, size))
+FAULTY(ftruncate, file, (int file, off_t size), (file, size))
 }

@@ -1,4 +1,4 @@
-// Saves: "save PATH SIZE" once, SIZE bytes, and prints why it failed; "loop PATH" two configurations in
+// Saves: "save PATH SIZE" once, SIZE bytes, and prints why it failed; "loop PATH" two states of a file in
 // turns, until it is killed. With "as UID" before, as that user.
 
 #include <QByteArray>
@@ -12,26 +12,14 @@
 #include <unistd.h>
 
 #include "host/atomicfile.h"
-#include "model/jex/zubwriter.h"
 
 namespace {
 
-const int signalCount = 20000; // large enough that a write can be interrupted
-
 void saveInTurns(const QString &path)
 {
-    JEX::AOCore_Lite small, large;
-    for (int i = 0; i < signalCount; ++i) {
-        large.captureSignals.append(JEX::SignalItem());
-        large.captureSignals.last().name = QString::number(i);
-    }
-    large.enabledCaptureSignals = large.captureSignals;
-    QByteArray states[2]; // made before, so that all of the time is spent on saving
-    QString error;
-    JEX::zubFromCores(QList<decltype(&small)>{&small}, &states[0], &error);
-    JEX::zubFromCores(QList<decltype(&large)>{&large}, &states[1], &error);
     for (bool isFirst = true;; isFirst = false) {
-        for (const QByteArray &state : states)
+        // The large one so large that a write can be interrupted.
+        for (const QByteArray &state : {QByteArray(20000, 'o'), QByteArray(2000000, 'n')})
             QUtil::writeFileAtomically(path, state, nullptr);
         if (isFirst && (std::puts("saving") == EOF || std::fflush(stdout) != 0))
             return;

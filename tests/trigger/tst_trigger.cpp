@@ -1,13 +1,8 @@
-#include <QtTest>
-
-#include <memory>
-
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
 #include "signals/signalrows.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/netpicker.h"
-#include "tests/support/rowtext.h"
 #include "tests/support/signaltext.h"
 #include "tests/support/tablerow.h"
 #include "trigger/expressionrules.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "tests/views/shown.h"
 
 // FILE is the file of the editor.

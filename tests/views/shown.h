@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QtTest>
-
-#include <QVBoxLayout>
-
 #include "tests/support/menudriver.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/workspace.h"
@@ -106,11 +102,9 @@ struct Shown
     }
     void answer(const QString &button) const
     {
-        for (QPushButton *found : view->findChild<RTLJEX::ReloadBanner *>()->findChildren<QPushButton *>()) {
-            if (found->text() == button)
-                return found->click();
-        }
-        QFAIL(qPrintable("no button " + button));
+        QAbstractButton *found = shownButton(view->findChild<RTLJEX::ReloadBanner *>(), button);
+        QVERIFY2(found, qPrintable("no button " + button));
+        found->click();
     }
 
     const bool standard;

@@ -1,20 +1,17 @@
 #include <QtTest>
 
-#include <memory>
-
 #include "model/jex/core.h"
 #include "model/netlist/rtlnetlist.h"
 #include "tests/support/netlisttext.h"
 #include "tests/support/signaltext.h"
+#include "tests/support/tablerow.h"
 #include "views/configcheck.h"
 
 using namespace JEX;
 using namespace RTLJEX;
 
-namespace {
-
 // Everything in order: port 2 of three bits, M3 bound to it.
-void fill(AoCore *core)
+static void fill(AoCore *core)
 {
     core->getTrigger(2)->signalItems = signalsFromText("b:top/a[1:0]{top/a[1],top/a[0]} s:top/b");
     MatchUnit *unit = core->matchUnit(3);
@@ -26,8 +23,6 @@ void fill(AoCore *core)
     core->enabledCaptureSignals = signalsFromText("s:top/b");
 }
 
-} // namespace
-
 class ConfigCheckTest : public QObject
 {
     Q_OBJECT
@@ -35,11 +30,7 @@ class ConfigCheckTest : public QObject
 private Q_SLOTS:
     void standard()
     {
-        const struct
-        {
-            void (*change)(AoCore *core);
-            const char *errors;
-        } rows[] = {
+        const Rows<void (*)(AoCore *), const char *> rows = {
             {[](AoCore *) {}, ""},
             {[](AoCore *core) {
                  core->getTrigger(2)->signalItems.clear();
@@ -78,13 +69,13 @@ private Q_SLOTS:
             {[](AoCore *core) { core->enabledCaptureSignals[0].capEnable = false; },
              "Core 5: No capture signals specified"},
         };
-        for (const auto &row : rows) {
+        for (const auto &[change, errors] : rows) {
             AoCore core(5);
             fill(&core);
-            row.change(&core);
+            change(&core);
             QString found = "old";
             const bool ok = checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), &found);
-            QCOMPARE(found, QString(row.errors));
+            QCOMPARE(found, QString(errors));
             QCOMPARE(ok, found.isEmpty());
             QCOMPARE(checkCores(QList<JEX::AoCore *>{&core}, m_netlist.get(), nullptr), ok);
         }

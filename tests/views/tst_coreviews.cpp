@@ -1,5 +1,6 @@
 #include "options/aooptionwidget.h"
 #include "tests/support/configtext.h"
+#include "tests/support/tablerow.h"
 #include "tests/views/shown.h"
 
 namespace {
@@ -125,16 +126,12 @@ private Q_SLOTS:
 
     void dyingEditor()
     {
-        const struct
-        {
-            int cores;
-            const char *entry;
-        } boxes[] = {{16, "Add"}, {2, "Remove"}, {1, "Remove"}};
-        for (const auto &box : boxes) {
-            const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", box.cores));
+        const Rows<int, const char *> boxes = {{16, "Add"}, {2, "Remove"}, {1, "Remove"}};
+        for (const auto &[cores, entry] : boxes) {
+            const Shown shown(JEX::StandardMode, m_work->writeConfig(JEX::StandardMode, "a.zub", cores));
             ModalDriver driver;
             driver.then([&shown](QDialog *) { delete shown.container; });
-            shown.menu(0, box.entry);
+            shown.menu(0, entry);
             QVERIFY(!shown.view);
             QVERIFY(driver.done());
         }

@@ -6,7 +6,6 @@
 
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
-#include "host/project.h"
 #include "tests/support/workspace.h"
 #include "views/designevents.h"
 #include "views/designreading.h"

@@ -28,12 +28,9 @@ private Q_SLOTS:
             "critical | Multiple Top Module | Multiple top, please set top module. | OK");
         row("TS_JTAG", jtag, "", "critical | Error | TS_JTAG used in design conflicts with ZUB. | OK");
     }
-
     void openJudgesTheDesign()
     {
-        QFETCH(QString, design);
-        QFETCH(QString, top);
-        QFETCH(QString, said);
+        auto [design, top, said] = textCells("design", "top", "said");
         if (design.isEmpty())
             m_work->project.removeFile(m_work->path("design.sv"));
         m_work->write("design.sv", design.toUtf8());
@@ -166,35 +163,33 @@ private Q_SLOTS:
     void closing()
     {
         const QMessageBox::StandardButton none = QMessageBox::NoButton, ok = QMessageBox::Ok;
-        const struct
-        {
-            QMessageBox::StandardButton answer; // none: there is nothing to save
-            bool valid, closed, written;
-        } rows[] = {{none, true, true, false},
-                    {ok, true, true, true},
-                    {ok, false, false, false},
-                    {QMessageBox::Discard, true, true, false},
-                    {QMessageBox::Cancel, true, false, false}};
+        // What is answered, none: there is nothing to save; whether that is valid, closes and writes.
+        const Rows<QMessageBox::StandardButton, bool, bool, bool> rows = {
+            {none, true, true, false},
+            {ok, true, true, true},
+            {ok, false, false, false},
+            {QMessageBox::Discard, true, true, false},
+            {QMessageBox::Cancel, true, false, false}};
         m_work->project.setOption("Synthesize_tool", "Synplify"); // closing does not ask for it
-        for (const auto &row : rows) {
+        for (const auto &[answer, valid, closed, written] : rows) {
             Shown shown(m_mode, config("a.zub"));
             const QByteArray before = m_work->read("a.zub");
             ModalDriver driver;
             QStringList said;
-            if (row.answer != none) {
+            if (answer != none) {
                 shown.edit();
-                driver.press(row.answer);
+                driver.press(answer);
                 said << "question | Save | Save changes to \"" + shown.view->file() +
                             "\" ? | Cancel Discard OK*";
             }
-            if (!row.valid) {
+            if (!valid) {
                 shown.find<QLineEdit>("editSampleClock")->clear();
                 driver.press(ok);
                 said << checkFailed("Core 0: No sample clock specified");
             }
-            QCOMPARE(shown.view->close(), row.closed);
+            QCOMPARE(shown.view->close(), closed);
             QCOMPARE(driver.seen, said);
-            QCOMPARE(m_work->read("a.zub") != before, row.written);
+            QCOMPARE(m_work->read("a.zub") != before, written);
         }
 
         // A name that is being typed is a change, too.

@@ -1,5 +1,3 @@
-#include <QScrollBar>
-
 #include "check/configuration.h"
 #include "check/snapshot.h"
 #include "host/isnapshot.h"
@@ -47,7 +45,6 @@ private Q_SLOTS:
                   "remove", "amount",     "storage",    "implementation", "flag",   "core",    "removed core",
                   "mode",   "hidden box", "expression", "grey",           "units",  "port"});
     }
-
     void restoresEachEdit()
     {
         QFETCH(QString, edit);

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QtTest>
-
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
 #include "plugin/jexviewmanager.h"
+#include "tests/support/menudriver.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
-#include "tests/support/widgets.h"
 #include "tests/support/workspace.h"
 #include "workbench/mainwindow.h"
 #include "workbench/messagepane.h"
@@ -63,23 +61,7 @@ protected:
     // Of a menu, by its text without the letter that is underlined.
     QAction *action(const QString &text) const
     {
-        for (QAction *action : m_window->menuBar()->findChildren<QAction *>()) {
-            if (action->text().remove('&') == text)
-                return action;
-        }
-        qFatal("no action %s", qPrintable(text));
-    }
-
-    // Presses the button of that text, whose mnemonic does not count.
-    static ModalDriver::Step pressing(const QString &text)
-    {
-        return [text](QDialog *dialog) {
-            for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
-                if (button->text().remove('&') == text)
-                    return button->click();
-            }
-            dialog->reject();
-        };
+        return named(text, m_window->menuBar()->findChildren<QAction *>());
     }
 
     std::unique_ptr<Folder> m_dir;

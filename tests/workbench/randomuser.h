@@ -1,15 +1,13 @@
 #pragma once
 
-#include <QContextMenuEvent>
 #include <QtTest>
+#include <QtWidgets>
 
-#include <functional>
 #include <random>
 
 #include "elaboration/catchrtl.h"
 #include "host/actionmanager.h"
 #include "host/viewmanager.h"
-#include "tests/support/widgets.h"
 #include "workbench/editmenu.h"
 
 static const char design[] = "module part(input clk, input [3:0] a, output reg [3:0] y, output done);\n"

@@ -1,13 +1,10 @@
-#include <QDir>
-#include <QSignalSpy>
-#include <QtTest>
-
 #include <csignal>
 
 #include "commandline/devicename.h"
 #include "commandline/endsignals.h"
 #include "host/designmanager.h"
 #include "model/jex/devicetable.h"
+#include "tests/host/projecttext.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
 #include "workbench/commandline.h"
@@ -22,36 +19,34 @@ private Q_SLOTS:
     void initTestCase()
     {
         QDir::setCurrent(m_work.dir.path());
-        for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub"})
+        for (const char *file : {"a.v", "b.vhd", "c.zub", "sub/x.v", "sub/d.zub", "tree/b.vhd", "tree/a/c.sv",
+                                 "tree/a/h.svh", "tree/.git/d.v", "tree/notes.txt"})
             m_work.write(file, "");
         m_work.write("p.jexprj", R"({"version": 1, "files": [{"path": "a.v"}], "topModule": "own"})");
         m_work.write("q.jexprj", "{}");
         m_work.write("sub/list.f", "x.v +define+L");
-        for (const char *file :
-             {"tree/b.vhd", "tree/a/c.sv", "tree/a/h.svh", "tree/.git/d.v", "tree/notes.txt"})
-            m_work.write(file, "");
         QDir().mkpath("none");
         m_work.write("sub/r.jexprj", R"({"version": 1, "files": [{"path": "x.v"}]})");
     }
 
     void projects_data()
     {
-        textColumns("expected"); // files, top, device, macros, folders, or what was wrong
-        row("", "|||");
-        row("a.v b.vhd ./a.v --top t", "a.v b.vhd|t||");
-        row("p.jexprj", "a.v|own||");
-        row("p.jexprj b.vhd c.zub --top t", "a.v b.vhd c.zub|t||");
-        row("sub/d.zub --top t", "sub/x.v sub/d.zub|t||"); // the project beside it
-        row("c.zub a.v", "a.v c.zub|||");
-        row("a.v -DX=1 -D Y -Isub -y sub", "a.v|||X=1 Y sub sub");
-        row("-f sub/list.f", "sub/x.v|||L");
-        row("-F sub/list.f a.v", "a.v sub/x.v|||L");
+        textColumns("expected"); // the words of the project, and its device; or what was wrong
+        row("", "");
+        row("a.v b.vhd ./a.v --top t", "a.v:2 b.vhd:4 top:t");
+        row("p.jexprj", "a.v:2 top:own");
+        row("p.jexprj b.vhd c.zub --top t", "a.v:2 b.vhd:4 c.zub:1 top:t");
+        row("sub/d.zub --top t", "sub/x.v:2 sub/d.zub:1 top:t"); // the project beside it
+        row("c.zub a.v", "a.v:2 c.zub:1");
+        row("a.v -DX=1 -D Y -Isub -y sub", "a.v:2 I:sub y:sub D:X=1 D:Y");
+        row("-f sub/list.f", "sub/x.v:2 D:L");
+        row("-F sub/list.f a.v", "a.v:2 sub/x.v:2 D:L");
         row("+define+X=1+Y -UZ +incdir+sub+tree -GN=4 -pvalue+M=2 -v a.v -y sub +libext+.v+.vo --top-module "
             "t",
-            "a.v?|t||X=1 Y sub tree sub -Z N=4 M=2 .v .vo");
-        row("-sv a.v b.vhd -work lib sub/x.v", "a.v:3 b.vhd@lib sub/x.v:3|||");
-        row("tree c.zub", "tree/a/c.sv tree/b.vhd c.zub|||tree/a");
-        row("a.v --device lfe5u-25f", "a.v||LFE5U-25F|");
+            "a.v:2? I:sub I:tree y:sub ext:.v ext:.vo D:X=1 D:Y U:Z G:N=4 G:M=2 top:t");
+        row("-sv a.v b.vhd -work lib sub/x.v", "a.v:3 b.vhd:4@lib sub/x.v:3");
+        row("tree c.zub", "tree/a/c.sv:3 tree/b.vhd:4 c.zub:1 I:tree/a");
+        row("a.v --device lfe5u-25f", "a.v:2 LFE5U-25F");
         row("a.v --device none", "The device \"none\" is not known. Project > Device shows those that are.");
         row("z.v", "There is no file \"z.v\".");
         row("y.v a.v z.v -v x.v",
@@ -63,7 +58,7 @@ private Q_SLOTS:
     }
     void projects()
     {
-        const QString words = QTest::currentDataTag();
+        const QString words = QTest::currentDataTag(), here = QDir::currentPath();
         QFETCH(QString, expected);
         StartOptions options;
         QStringList faults;
@@ -71,35 +66,16 @@ private Q_SLOTS:
         const QStringList arguments = QStringList("jexworkbench") + words.split(' ', Qt::SkipEmptyParts);
         if (parseCommandLine(arguments, options, faults))
             fillProject(options, project, faults);
-        const QDir here(QDir::currentPath());
-        const Core::ProjectData &data = project.data();
-        QStringList files;
-        for (const Core::SourceFile &file : data.files) {
-            const bool isRetyped = file.type != TE::fileTypeFromName(file.path);
-            files << here.relativeFilePath(file.path) + (isRetyped ? ":" + QString::number(file.type) : "") +
-                         (file.library.isEmpty() ? "" : "@" + file.library) + (file.onlyWhenUsed ? "?" : "");
-        }
-        QStringList rest = data.defines;
-        for (const QString &path : data.includePaths + data.libraryPaths)
-            rest << here.relativeFilePath(path);
-        for (const QString &name : data.undefines)
-            rest << "-" + name;
-        rest += data.parameters + data.librarySuffixes;
-        const QString found =
-            files.join(' ') + '|' + data.topModule + '|' + data.device.device + '|' + rest.join(' ');
-        QCOMPARE(faults.isEmpty() ? found : faults.join('\n'), expected.replace("%1", here.path()));
+        const QStringList found = projectWords(project.data(), here) << project.data().device.device;
+        QCOMPARE(faults.isEmpty() ? found.join(' ').trimmed() : faults.join('\n'),
+                 expected.replace("%1", here));
         QVERIFY(!project.isModified());
     }
 
     // A part whose package nobody knows has the figures of its die.
     void devicesByName_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("found"); // device, part number and package
-        QTest::addColumn<QString>("hint");
-        const auto row = [](const char *name, const char *found, const char *hint) {
-            QTest::newRow(name) << QString(name) << QString(found) << QString(hint);
-        };
+        textColumns("found", "hint"); // device, part number and package
         row("LFE5U-25F-6BG256C", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
         row("lfe5u-25f", "LFE5U-25F LFE5U-25F-6BG256C BG256", "");
         row("LFE5U-25F-7BG381I", "LFE5U-25F LFE5U-25F-7BG381I ", "");
@@ -112,23 +88,19 @@ private Q_SLOTS:
         row("a pear", "", "-");
         row("", "", "-");
     }
-
     void devicesByName()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, found);
-        QFETCH(QString, hint);
+        auto [found, hint] = textCells("found", "hint");
         DEV::DeviceArg device;
-        const bool isKnown = CommandLine::findDevice(name, device);
+        const bool isKnown = CommandLine::findDevice(QTest::currentDataTag(), device);
         QCOMPARE(isKnown, !found.isEmpty());
-        if (isKnown)
+        if (isKnown) {
             QCOMPARE(device.device + ' ' + device.partNumber + ' ' + device.package, found);
-        else if (hint == "-")
-            QCOMPARE(CommandLine::deviceHint(name), QString());
-        else
-            QVERIFY2(CommandLine::deviceHint(name).contains(hint), qPrintable(CommandLine::deviceHint(name)));
-        if (isKnown)
             QVERIFY(JEX_TOOL::findDevice(device.series, device.device));
+        } else {
+            const QString said = CommandLine::deviceHint(QTest::currentDataTag());
+            QVERIFY2(hint == "-" ? said.isEmpty() : said.contains(hint), qPrintable(said));
+        }
     }
 
     // Between two jobs nobody looks; the second one hears of it.

@@ -1,11 +1,9 @@
-#include <QTextBlock>
-#include <QTextBrowser>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "model/jex/core.h"
 #include "options/captureoptionwidget.h"
 #include "options/litecaptureoptionwidget.h"
-#include "tests/support/widgets.h"
 #include "workbench/guidewindow.h"
 #include "workbench/helptopics.h"
 #include "workbench/icons.h"

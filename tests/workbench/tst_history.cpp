@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include <random>
 
 #include "tests/support/tablerow.h"
@@ -8,17 +6,13 @@
 using Workbench::ByteDelta;
 using Workbench::History;
 
-namespace {
-
-QByteArray manyLines(int count)
+static QByteArray manyLines(int count)
 {
     QByteArray text;
     for (int i = 0; i < count; ++i)
         text += "line " + QByteArray::number(i) + '\n';
     return text;
 }
-
-} // namespace
 
 class HistoryTest : public QObject
 {

@@ -1,6 +1,4 @@
-#include <QStatusBar>
-
-#include "tests/support/menudriver.h"
+#include "host/ifileeditor.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
@@ -9,8 +7,6 @@
 #include "workbench/projecttree.h"
 #include "workbench/sourceedit.h"
 #include "workbench/sourceview.h"
-
-namespace {
 
 const char design[] = R"(module sub(input clk, output reg [1:0] k, output s);
   assign s = clk;
@@ -41,8 +37,6 @@ const char staleLite[] = R"(<jexconfig version="1" mode="Lite"><core number="0" 
 <signals><signal name="top/clk"/><signal name="top/k[1]"/></signals></core>
 <core number="3" clock="top/clk"><signals><signal name="top/gone"/></signals></core></jexconfig>)";
 
-} // namespace
-
 // From messages to what they are about, in the real editor in the real window.
 class LeadsTest : public EditorWindowTest
 {
@@ -51,7 +45,7 @@ class LeadsTest : public EditorWindowTest
 private Q_SLOTS:
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         makeProject(design);
         m_source = m_dir->path("top.v");
         showWindow();
@@ -106,21 +100,18 @@ private Q_SLOTS:
         edit();
         m_user.press(QMessageBox::Ok);
         save()->trigger();
-        const struct
-        {
-            const char *line;
-            const char *place;
-        } leads[] = {{"E f.zub: Core 0: No available match units", "tableMu: "},
-                     {"E f.zub: Core 0: M7 in expression \"M7\" is not enable", "listExpression: M7"},
-                     {"E f.zub: Core 0: The specified sample clock does not exist", "editSampleClock: "}};
-        for (const auto &lead : leads) {
-            QTRY_VERIFY2(lines().contains(lead.line), qPrintable(lines().join('\n')));
-            doubleClickMessage(m_pane, QString(lead.line).mid(2));
-            QCOMPARE(focused(), QString(lead.place));
+        const QString units = "E f.zub: Core 0: No available match units";
+        for (const auto &[line, place] : Rows<QString, QString>{
+                 {units, "tableMu: "},
+                 {"E f.zub: Core 0: M7 in expression \"M7\" is not enable", "listExpression: M7"},
+                 {"E f.zub: Core 0: The specified sample clock does not exist", "editSampleClock: "}}) {
+            QTRY_VERIFY2(lines().contains(line), qPrintable(lines().join('\n')));
+            doubleClickMessage(m_pane, line.mid(2));
+            QCOMPARE(focused(), place);
         }
         m_user.press(QMessageBox::Discard);
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
-        QVERIFY(lines().contains(QString("(%1)").arg(leads[0].line)));
+        QVERIFY(lines().contains('(' + units + ')'));
     }
 
     void aSaveSaysSo()
@@ -204,9 +195,10 @@ private Q_SLOTS:
         open(QByteArray(stale).replace("top/was/gone", "top/now/k"));
         const QString row = QString(QTest::currentDataTag()).trimmed();
         if (auto *tree = view()->findChild<QTreeWidget *>(widget)) {
-            showTab(tree);
+            const char *const place = widget == "treeTrigger" ? "core 0 tab 0" : "core 0 tab 1";
+            dynamic_cast<Core::IFileEditor *>(view())->showPlace(place);
             tree->setFocus();
-            tree->setCurrentItem(tree->findItems(row, Qt::MatchExactly | Qt::MatchRecursive).first());
+            tree->setCurrentItem(rowNamed(tree, row));
         } else {
             QTRY_VERIFY(messageRow(m_pane, row).isValid());
             auto *list = m_pane->findChild<QListView *>();
@@ -247,12 +239,9 @@ private Q_SLOTS:
         QCOMPARE(candidates.join(' ') + " before " + box->itemText(2), QString("second top before sub"));
 
         auto *files = m_window->findChild<Workbench::ProjectTree *>();
-        files->findItems("more.v", Qt::MatchExactly | Qt::MatchRecursive).first()->setSelected(true);
+        rowNamed(files, "more.v")->setSelected(true);
         const std::unique_ptr<QMenu> menu(files->createFileMenu());
-        for (QAction *action : menu->actions()) {
-            if (action->text() == "Set as To&p: second")
-                action->trigger();
-        }
+        named("Set as Top: second", menu->actions())->trigger();
         QCOMPARE(m_workspace->project()->data().topModule, QString("second"));
     }
 
@@ -286,17 +275,6 @@ private:
         auto *amount = view()->findChild<QComboBox *>("comboCapAmount");
         amount->setCurrentIndex(amount->currentIndex() - 1);
         QVERIFY(view()->editedFile().isModified);
-    }
-
-    static void showTab(QWidget *widget)
-    {
-        for (QWidget *page = widget; page; page = page->parentWidget()) {
-            auto *tabs = page->parentWidget()
-                             ? qobject_cast<QTabWidget *>(page->parentWidget()->parentWidget())
-                             : nullptr;
-            if (tabs && tabs->indexOf(page) >= 0)
-                tabs->setCurrentWidget(page);
-        }
     }
 
     QStringList lines() const { return messageLines(*m_pane->model()); }

@@ -1,7 +1,3 @@
-#include <QClipboard>
-#include <QToolButton>
-#include <QtTest>
-
 #include "host/designmanager.h"
 #include "tests/support/files.h"
 #include "tests/support/intime.h"
@@ -31,15 +27,6 @@ QString shown(const MessagePane &pane)
     for (int row = 0; row < model->rowCount(); ++row)
         lines << model->index(row, 0).data().toString().section("  ", 1);
     return lines.join('|');
-}
-
-QToolButton *button(const MessagePane &pane, const QString &text)
-{
-    for (QToolButton *button : pane.findChildren<QToolButton *>()) {
-        if (button->text() == text)
-            return button;
-    }
-    qFatal("no button %s", qPrintable(text));
 }
 
 } // namespace
@@ -76,10 +63,10 @@ private Q_SLOTS:
         pane.addMessage("WARNING: odd", false);
         pane.addMessage("fine", false);
         QCOMPARE(shown(pane), QString("bad\nreally|WARNING: odd|fine"));
-        button(pane, "Warnings (1)")->click();
+        shownButton(&pane, "Warnings (1)")->click();
         QCOMPARE(shown(pane), QString("bad\nreally|fine"));
 
-        button(pane, "Copy")->click();
+        shownButton(&pane, "Copy")->click();
         const QString copied = QGuiApplication::clipboard()->text();
         QVERIFY(copied.contains("bad\nreally\n") && copied.endsWith("fine\n") && !copied.contains("odd"));
         auto *list = pane.findChild<QListView *>();
@@ -92,9 +79,9 @@ private Q_SLOTS:
 
         ModalDriver user;
         user.then(choosing(dir.path("kept.txt")));
-        button(pane, "Save...")->click();
+        shownButton(&pane, "Save...")->click();
         QCOMPARE(QString(dir.read("kept.txt")), copied);
-        button(pane, "Clear")->click();
+        shownButton(&pane, "Clear")->click();
         QCOMPARE(messageText(pane), QString());
     }
 

@@ -1,7 +1,3 @@
-#include <QClipboard>
-#include <QDockWidget>
-#include <QTextDocument>
-
 #include "host/isignaltarget.h"
 #include "tests/support/drops.h"
 #include "tests/support/intime.h"
@@ -9,8 +5,6 @@
 #include "tests/workbench/editorwindow.h"
 #include "workbench/messagemodel.h"
 #include "workbench/netlistpane.h"
-
-namespace {
 
 // Two levels; "tied" must not be probed.
 const char design[] = "module leaf(input clk, input [3:0] d, output reg [3:0] q);\n"
@@ -20,7 +14,7 @@ const char design[] = "module leaf(input clk, input [3:0] d, output reg [3:0] q)
                       "  leaf u_a(.clk(clk), .d(d), .q(mid)); leaf u_b(.clk(clk), .d(mid), .q(q));\n"
                       "  assign done = &q;\nendmodule\n";
 
-QString rowsOf(const QAbstractItemModel *model)
+static QString rowsOf(const QAbstractItemModel *model)
 {
     QStringList rows;
     for (int row = 0; row < model->rowCount(); ++row) {
@@ -30,8 +24,6 @@ QString rowsOf(const QAbstractItemModel *model)
     }
     return rows.join(' ');
 }
-
-} // namespace
 
 // The real editor in the real window: nets of the design on their way into its lists and from list to list.
 class NetlistPaneTest : public EditorWindowTest

@@ -141,9 +141,14 @@ private:
         }
         Core::ViewManager::instance()->closeView(view());
         Core::ViewManager::instance()->showView(edited);
-        for (int i = 0; i < qMax(shown.size(), read.size()); ++i) {
-            if (shown.value(i) != read.value(i))
-                return "It shows '" + shown.value(i) + "', and from the file comes '" + read.value(i) + "'";
+        return firstDifference(shown, read, "It shows '%1', and from the file comes '%2'");
+    }
+
+    static QString firstDifference(const QStringList &left, const QStringList &right, const char *words)
+    {
+        for (int i = 0; i < qMax(left.size(), right.size()); ++i) {
+            if (left.value(i) != right.value(i))
+                return QString(words).arg(left.value(i), right.value(i));
         }
         return QString();
     }
@@ -207,11 +212,8 @@ private:
     {
         const QStringList before = QString::fromUtf8(qUncompress(packedBefore)).split('\n');
         const QStringList now = QString::fromUtf8(qUncompress(packedNow)).split('\n');
-        for (int i = 0; i < qMax(before.size(), now.size()) && m_fault.isEmpty(); ++i) {
-            if (before.value(i) != now.value(i))
-                m_fault = "It showed '" + before.value(i) + "', and shows '" + now.value(i) +
-                          "' in the same state.";
-        }
+        if (m_fault.isEmpty())
+            m_fault = firstDifference(before, now, "It showed '%1', and shows '%2' in the same state.");
     }
 
     void step(QAction *action)

@@ -1,72 +1,31 @@
-#include <QAction>
-#include <QFileDialog>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTreeWidget>
-#include <QtTest>
-
 #include "host/translation.h"
-#include "host/viewmanager.h"
-#include "plugin/jexinserterview.h"
-#include "plugin/jexviewmanager.h"
-#include "tests/support/messagelist.h"
-#include "tests/support/modaldriver.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
+#include "tests/support/tablerow.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/messagemodel.h"
 #include "workbench/recovery.h"
 #include "workbench/reopenbanner.h"
 #include "workbench/translations.h"
-#include "workbench/workspace.h"
-
-namespace {
-
-// Presses the button of that text, whose mnemonic does not count, and notes what else was shown.
-ModalDriver::Step pressing(const QString &text, QString *list = nullptr)
-{
-    return [text, list](QDialog *dialog) {
-        if (const QTreeWidget *tree = list ? dialog->findChild<QTreeWidget *>() : nullptr) {
-            for (int row = 0; row < tree->topLevelItemCount(); ++row)
-                *list += tree->topLevelItem(row)->text(0) + ": " + tree->topLevelItem(row)->text(3) + '|';
-        }
-        for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
-            if (button->text().remove('&') == text)
-                return button->click();
-        }
-        dialog->reject();
-    };
-}
-
-} // namespace
 
 // What is edited and not saved, over the ends of workbenches, designs and editors.
-class RecoveryTest : public QObject
+class RecoveryTest : public EditorWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { RTLJEX::JexViewManager::instance()->initialize(); }
-    void cleanupTestCase() { RTLJEX::JexViewManager::instance()->deinit(); }
-
     void init()
     {
-        m_user.reset(new ModalDriver);
-        m_dir.reset(new Folder);
-        m_dir->write("top.v", counterDesign);
-        {
-            const Workspace work;
-            m_path = m_dir->write("a.zub", contents(work.writeLite("a.zub", 1)));
-        }
-        m_dir->write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        m_user.beginAnew();
+        makeProject();
+        m_path = writeConfig(JEX::LiteMode, "a.zub");
         m_folder = m_dir->path("kept");
         start();
-        QVERIFY(m_window->workspace()->openProject(m_dir->path("p.jexprj")));
-        QVERIFY(m_window->workspace()->openFile(m_path));
+        QVERIFY(m_workspace->openProject(m_dir->path("p.jexprj")));
+        QVERIFY(m_workspace->openFile(m_path));
     }
     void cleanup()
     {
-        m_window.reset();
-        QVERIFY(m_user->done());
+        EditorWindowTest::cleanup();
+        QVERIFY(m_user.done());
     }
 
     // Some seconds after the first edit of a burst, however long that goes on; gone after a save and a close.
@@ -79,18 +38,16 @@ private Q_SLOTS:
             edit();
         }
         QCOMPARE(kept(), 1);
-        setFalling(true);
-        m_window->recovery()->keepNow();
+        keep(true);
         QVERIFY(m_window->findChild<QAction *>("closeAsDraft")->isEnabled());
         QVERIFY(view()->isVisible());
         QVERIFY(!contents(m_path).contains("falling")); // the file itself is left alone
-        save();
+        save()->trigger();
         m_window->recovery()->keepNow();
         QCOMPARE(kept(), 0);
-        setFalling(false);
-        m_window->recovery()->keepNow();
+        keep(false);
         QCOMPARE(kept(), 1);
-        m_user->then(pressing("Discard"));
+        m_user.then(pressing("Discard"));
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
         QCOMPARE(kept(), 0);
     }
@@ -98,34 +55,26 @@ private Q_SLOTS:
     // Nobody takes what a living workbench keeps; of a dead one it is offered, with what differs in words.
     void afterACrash()
     {
-        setFalling(true);
-        m_window->recovery()->keepNow();
+        keep(true);
         m_window->recovery()->offer();
         Workbench::RecoveryStore other(m_folder);
         QCOMPARE(other.left().size(), 0);
-        die();
-        start();
-        QString list;
-        m_user->then(pressing("Decide Later", &list));
-        m_window->recovery()->offer();
-        QCOMPARE(list, QString("a.zub: Core 0: edge changed from rising to falling|"));
+        dieAndStart();
+        QCOMPARE(offered({"Decide Later"}), QString("a.zub: Core 0: edge changed from rising to falling|"));
         QVERIFY(!view());
         QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 0); // this one has taken it
         QLocale::setDefault(QLocale("de_DE"));
         auto german = std::make_unique<Workbench::Translations>();
         auto plugin = QUtil::installTranslation("jexins", ":/jexins/texts"); // as the plug-in does
-        list.clear();
-        m_user->then(pressing("Später entscheiden", &list));
-        m_window->recovery()->offer();
+        const QString list = offered({"Später entscheiden"});
         german.reset();
         plugin.reset();
         QLocale::setDefault(QLocale::c());
         QCOMPARE(list, QString("a.zub: Core 0: Flanke wurde von steigend in fallend geändert|"));
-        m_user->then(pressing("Recover"));
-        m_window->recovery()->offer();
+        offered({"Recover"});
         QVERIFY(isFalling() && view()->editedFile().isModified);
         QCOMPARE(kept(), 1);
-        save();
+        save()->trigger();
         QVERIFY(contents(m_path).contains("edge=\"falling\""));
         m_window->recovery()->offer(); // nothing is left
     }
@@ -134,55 +83,39 @@ private Q_SLOTS:
     void afterSavingAs()
     {
         const QByteArray before = contents(m_path);
-        setFalling(true);
-        m_window->recovery()->keepNow();
-        m_user->then([this](QDialog *dialog) {
-            static_cast<QFileDialog *>(dialog)->selectFile(m_dir->path("b.zub"));
-            dialog->accept();
-        });
-        m_window->findChild<QAction *>("saveAs")->trigger();
+        keep(true);
+        m_user.then(choosing(m_dir->path("b.zub")));
+        action("Save As...")->trigger();
         QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
         QCOMPARE(kept(), 0);
-        setFalling(false);
-        m_window->recovery()->keepNow();
+        keep(false);
         QCOMPARE(kept(), 1);
-        die();
-        start();
-        QString list;
-        m_user->then(pressing("Recover", &list));
-        m_window->recovery()->offer();
-        QCOMPARE(list, QString("b.zub: Core 0: edge changed from falling to rising|"));
+        dieAndStart();
+        QCOMPARE(offered({"Recover"}), QString("b.zub: Core 0: edge changed from falling to rising|"));
         QCOMPARE(view()->editedFile().path, m_dir->path("b.zub"));
         QVERIFY(!isFalling());
         QCOMPARE(contents(m_path), before);
-        save();
+        save()->trigger();
     }
 
     void damaged_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("isOffered");
-        const QByteArray head =
-            "{\"version\":1,\"file\":\"/nowhere/a.zub\",\"project\":\"\",\"reason\":\"crash\"}\n";
-        QTest::newRow("empty") << QByteArray() << false;
-        QTest::newRow("no head") << QByteArray("snapshot\n") << false;
-        QTest::newRow("another version") << QByteArray(head).replace(":1,", ":2,") << false;
-        QTest::newRow("a relative path") << QByteArray(head).replace("/nowhere/", "") << false;
-        QTest::newRow("no state") << head << true;
-        QTest::newRow("garbage") << head + QByteArray(1000, '\xff') << true;
+        textColumns("bytes", "offered");
+        const QString head = R"({"version":1,"file":"/nowhere/a.zub","project":"","reason":"crash"})";
+        const QString isDamaged = "a.zub: The copy is damaged.|";
+        row("empty", "", "");
+        row("no head", "snapshot\n", "");
+        row("another version", QString(head).replace(":1,", ":2,") + '\n', "");
+        row("a relative path", QString(head).remove("/nowhere/") + '\n', "");
+        row("no state", head + '\n', isDamaged);
+        row("garbage", head + '\n' + QString(1000, QChar(0xff)), isDamaged);
     }
     void damaged()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, isOffered);
-        m_dir->write("kept/session-1-1/a.state", bytes);
-        QString list;
-        if (isOffered)
-            m_user->then(pressing("Recover", &list));
-        if (isOffered)
-            m_user->then(pressing("OK")); // the file is not there
-        m_window->recovery()->offer();
-        QCOMPARE(list, QString(isOffered ? "a.zub: The copy is damaged.|" : ""));
+        auto [bytes, list] = textCells("bytes", "offered");
+        m_dir->write("kept/session-1-1/a.state", bytes.toLatin1());
+        const QStringList buttons{"Recover", "OK"}; // the file is not there
+        QCOMPARE(offered(list.isEmpty() ? QStringList() : buttons), list);
         QVERIFY(QFile::exists(m_dir->path("kept/session-1-1/a.state")));
     }
 
@@ -192,26 +125,25 @@ private Q_SLOTS:
         m_window->findChild<QAction *>("closeAsDraft")->trigger();
         QVERIFY(!view());
         QVERIFY(!contents(m_path).contains("falling"));
-        m_user->then(pressing("Not Now"));
-        QVERIFY(m_window->workspace()->openFile(m_path));
-        QTRY_VERIFY(m_user->done());
+        m_user.then(pressing("Not Now"));
+        QVERIFY(m_workspace->openFile(m_path));
+        QTRY_VERIFY(m_user.done());
         QVERIFY(!isFalling());
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
-        m_user->then(pressing("Open the Draft"));
-        QVERIFY(m_window->workspace()->openFile(m_path));
-        QTRY_VERIFY(m_user->done());
+        m_user.then(pressing("Open the Draft"));
+        QVERIFY(m_workspace->openFile(m_path));
+        QTRY_VERIFY(m_user.done());
         QVERIFY(isFalling() && view()->editedFile().isModified);
-        save();
+        save()->trigger();
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
-        QVERIFY(m_window->workspace()->openFile(m_path)); // asks nothing any more
+        QVERIFY(m_workspace->openFile(m_path)); // asks nothing any more
         QTest::qWait(50);
     }
 
     // Whatever dies while it is needed: an editor that nobody closed, the window below its question.
     void deaths()
     {
-        setFalling(true);
-        m_window->recovery()->keepNow();
+        keep(true);
         delete view();
         m_window->recovery()->keepNow();
         QVERIFY(!m_window->findChild<QAction *>("closeAsDraft")->isEnabled());
@@ -220,7 +152,7 @@ private Q_SLOTS:
         m_window.reset();
         QVERIFY(!QFile::exists(m_folder + "/leaving-session-1-1"));
         start();
-        m_user->then([this](QDialog *) { m_window.reset(); });
+        m_user.then([this](QDialog *) { m_window.reset(); });
         m_window->recovery()->offer();
         QVERIFY(!m_window);
         QCOMPARE(Workbench::RecoveryStore(m_folder).left().size(), 1);
@@ -231,11 +163,10 @@ private Q_SLOTS:
     {
         setFalling(true);
         m_dir->write("top.v", "module top(; endmodule\n");
-        QTRY_VERIFY_WITH_TIMEOUT(messages().contains("not readable yet") && messages().contains("top.v:1"),
-                                 30000);
-        m_user->then([](QDialog *dialog) { dialog->accept(); });
-        QTRY_VERIFY(reload());
-        reload()->click();
+        QTRY_VERIFY_WITH_TIMEOUT(pane().contains("not readable yet") && pane().contains("top.v:1"), 30000);
+        m_user.then([](QDialog *dialog) { dialog->accept(); });
+        QTRY_VERIFY(shownButton(view(), "Reload"));
+        shownButton(view(), "Reload")->click();
         QTRY_VERIFY_WITH_TIMEOUT(!view(), 30000);
         auto *banner = m_window->findChild<Workbench::ReopenBanner *>();
         auto *open = banner->findChild<QPushButton *>();
@@ -255,11 +186,10 @@ private Q_SLOTS:
     // Of two languages one is read when the other cannot be: what would be missing is told before the reload.
     void halfReadableDesign()
     {
-        m_window->workspace()->project()->addFile(
+        m_workspace->project()->addFile(
             m_dir->write("c.vhd", "entity c is end;\narchitecture a of c is begin x <= ; end;\n"));
-        QTRY_VERIFY_WITH_TIMEOUT(messages().contains("can be read, but: ") && messages().contains("c.vhd:2"),
-                                 30000);
-        QVERIFY(!messages().contains("not readable"));
+        QTRY_VERIFY_WITH_TIMEOUT(pane().contains("can be read, but: ") && pane().contains("c.vhd:2"), 30000);
+        QVERIFY(!pane().contains("not readable"));
     }
 
     // As a session manager does that lets nobody be asked.
@@ -270,7 +200,7 @@ private Q_SLOTS:
         QVERIFY(m_window->close()); // asks nobody: there is none who would answer
         m_window.reset();
         QCOMPARE(kept(), 1);
-        m_user->then(pressing("Recover"));
+        m_user.then(pressing("Recover"));
         start();
         m_window->recovery()->offer();
         QVERIFY(view()->editedFile().isModified);
@@ -279,35 +209,46 @@ private Q_SLOTS:
 private:
     void start()
     {
-        m_window.reset(new Workbench::MainWindow(nullptr));
+        showWindow();
         m_window->attend(m_folder);
-        m_window->show();
+    }
+    // What is offered to a user who presses these buttons, one in each dialog.
+    QString offered(const QStringList &buttons)
+    {
+        m_list.clear();
+        for (const QString &button : buttons) {
+            m_user.then([this, button](QDialog *dialog) {
+                const auto *tree = dialog->findChild<QTreeWidget *>();
+                for (int row = 0; tree && row < tree->topLevelItemCount(); ++row)
+                    m_list +=
+                        tree->topLevelItem(row)->text(0) + ": " + tree->topLevelItem(row)->text(3) + '|';
+                pressing(button)(dialog);
+            });
+        }
+        m_window->recovery()->offer();
+        return m_list;
     }
     // As if the program had been killed: its lock names a process that is no more.
-    void die()
+    void dieAndStart()
     {
         m_window->recovery()->keepForNextStart();
-        m_user->then(pressing("Discard"));
+        m_user.then(pressing("Discard"));
         Core::ViewManager::instance()->closeAllViews();
         m_window.reset();
+        start();
     }
-    Core::IView *view() { return Core::ViewManager::instance()->currentView(); }
-    QString messages() { return messageText(*m_window); }
     void setFalling(bool on)
     {
         view()->findChild<QRadioButton *>(on ? "radioButtonFalling" : "radioButtonRising")->click();
     }
     bool isFalling() { return view()->findChild<QRadioButton *>("radioButtonFalling")->isChecked(); }
-    void edit() { setFalling(!isFalling()); }
-    void save() { static_cast<RTLJEX::JexInserterView *>(view())->save(); }
-    QPushButton *reload()
+    void keep(bool isFalling)
     {
-        for (QPushButton *button : view()->findChildren<QPushButton *>()) {
-            if (button->text() == "Reload" && button->isVisible())
-                return button;
-        }
-        return nullptr;
+        setFalling(isFalling);
+        m_window->recovery()->keepNow();
     }
+    void edit() { setFalling(!isFalling()); }
+
     // Files of states in the folders of workbenches.
     int kept()
     {
@@ -317,9 +258,8 @@ private:
         return count;
     }
 
-    std::unique_ptr<ModalDriver> m_user;
-    std::unique_ptr<Folder> m_dir;
-    std::unique_ptr<Workbench::MainWindow> m_window;
+    ModalDriver m_user;
+    QString m_list;
     QString m_path;
     QString m_folder;
 };

@@ -1,16 +1,9 @@
-#include <QLineEdit>
-#include <QtTest>
-
 #include <cstdio>
 
 #include "check/configuration.h"
 #include "check/snapshot.h"
-#include "host/viewmanager.h"
-#include "plugin/jexviewmanager.h"
-#include "tests/support/workspace.h"
-#include "workbench/mainwindow.h"
+#include "tests/workbench/editorwindow.h"
 #include "workbench/recoverystore.h"
-#include "workbench/workspace.h"
 
 namespace {
 
@@ -59,7 +52,7 @@ QString clockOf(const Workbench::KeptState &state)
 } // namespace
 
 // A workbench that is killed at any moment: what is older than some seconds is there, and whole.
-class RecoveryKillTest : public QObject
+class RecoveryKillTest : public EditorWindowTest
 {
     Q_OBJECT
 
@@ -77,16 +70,11 @@ private Q_SLOTS:
 private:
     void kill(int after, int *late)
     {
-        const Folder folder;
-        folder.write("top.v", counterDesign);
-        {
-            const Workspace work;
-            folder.write("a.zub", contents(work.writeLite("a.zub", 1)));
-        }
-        folder.write("p.jexprj", R"({"version": 1, "files": [{"path": "top.v"}], "topModule": "top"})");
+        makeProject();
+        writeConfig(JEX::LiteMode, "a.zub");
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program.start(QCoreApplication::applicationFilePath(), {"--edit", folder.path()});
+        program.start(QCoreApplication::applicationFilePath(), {"--edit", m_dir->path()});
         QVERIFY(program.waitForReadyRead(60000));
         QTest::qWait(after);
         const qint64 end = now();
@@ -97,7 +85,7 @@ private:
             if (!line.isEmpty() && line.split(' ').value(1).toLongLong() <= end - 5000)
                 old = line.split(' ').first().toInt();
         }
-        const QList<Workbench::KeptState> left = Workbench::RecoveryStore(folder.path("kept")).left();
+        const QList<Workbench::KeptState> left = Workbench::RecoveryStore(m_dir->path("kept")).left();
         const QString clock = left.isEmpty() ? QString() : clockOf(left.first());
         const QString text =
             QString("killed after %1 ms: \"%2\", at least edit%3").arg(after).arg(clock).arg(old);

@@ -1,18 +1,13 @@
 #include <QImage>
-#include <QtTest>
 
 #include "tests/support/files.h"
 #include "tests/support/tablerow.h"
-
-namespace {
 
 const QByteArray design = "module top(input clk, input [3:0] a, output [1:0] y);\n"
                           "  child u0(.clk(clk), .d(a[1:0]), .q(y));\n"
                           "  if (1) begin : scope child u1(.clk(clk), .d(a[3:2]), .q()); end\nendmodule\n"
                           "module child(input clk, input [1:0] d, output reg [1:0] q);\n"
                           "  always @(posedge clk) q <= d;\nendmodule\n";
-
-} // namespace
 
 // The program as scripts start it: nobody looks at the screen, and the exit code tells how it went.
 class ReportTest : public QObject
@@ -147,8 +142,7 @@ private Q_SLOTS:
                 run(program, arguments, QProcessEnvironment::systemEnvironment(), folder.path());
             const QString said = ended.output + ended.errors;
             QVERIFY2(said.contains("No sample clock specified"), qPrintable(said)); // it was opened
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                     (QStringList{"a.zub", "p.jexprj", "t.vhd"}));
+            QCOMPARE(entriesOf(folder.path()), (QStringList{"a.zub", "p.jexprj", "t.vhd"}));
         }
     }
 

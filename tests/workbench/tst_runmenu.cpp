@@ -1,9 +1,8 @@
-#include <QtTest>
+#include <QtWidgets>
 
 #include "tests/support/files.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/tablerow.h"
-#include "tests/support/widgets.h"
 #include "workbench/mainwindow.h"
 #include "workbench/runmenu.h"
 #include "workbench/simulatedialog.h"

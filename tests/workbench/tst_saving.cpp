@@ -8,15 +8,11 @@
 #include "tests/workbench/editorwindow.h"
 #include "workbench/projectbanner.h"
 
-namespace {
-
 const char changedText[] = "The file '%1' changed on disk since it was read or saved here.\n"
                            "Overwrite it, or reload it and lose what was edited here?";
 const char linkedText[] =
     "The file '%1' can not be replaced in one step without a loss: it has 2 names (hard links). "
     "It is written in place, and a backup is kept until that has ended.";
-
-} // namespace
 
 // The real editor in the real window, while somebody else works on the same files.
 class SavingTest : public EditorWindowTest
@@ -32,7 +28,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_user.seen.clear();
+        m_user.beginAnew();
         makeProject();
         m_other = contents(writeConfig(JEX::LiteMode, "a.zub", 2));
         m_path = writeConfig(JEX::LiteMode, "a.zub");
@@ -64,8 +60,7 @@ private Q_SLOTS:
     void saveOfAChangedFile()
     {
         auto [pressed, asked] = textCells("pressed", "asked");
-        openAndEdit();
-        disturb(QString(QTest::currentDataTag()).trimmed());
+        openAndDisturb();
         if (!pressed.isEmpty())
             m_user.then(pressing(pressed));
         save()->trigger();
@@ -113,8 +108,7 @@ private Q_SLOTS:
     void closing()
     {
         QFETCH(QString, pressed);
-        openAndEdit();
-        disturb(QString(QTest::currentDataTag()).trimmed());
+        openAndDisturb();
         m_user.then(pressing(pressed));
         Core::ViewManager::instance()->closeView(view());
         QCOMPARE(m_user.seen.size(), 1); // the editor does not ask as well
@@ -224,14 +218,14 @@ private Q_SLOTS:
         QTRY_VERIFY(banner->isVisible());
         QCOMPARE(texts(banner), "The project '" + m_projectPath +
                                     "' changed on disk.\nDo you want to reload it? | Reload | Keep It");
-        press(banner, "Reload");
+        shownButton(banner, "Reload")->click();
         QVERIFY(!banner->isVisible());
         QCOMPARE(m_workspace->project()->data().topModule, QString("theirs"));
         QVERIFY(!m_workspace->project()->isModified());
 
         m_dir->write("p.jexprj", project("again"));
         QTRY_VERIFY(banner->isVisible());
-        press(banner, "Keep It");
+        shownButton(banner, "Keep It")->click();
         QVERIFY(!banner->isVisible());
         m_workspace->project()->setOption("TopModule", "ours");
         m_user.then(pressing("Cancel"));
@@ -247,7 +241,7 @@ private Q_SLOTS:
         QCOMPARE(texts(banner),
                  "The project '" + m_projectPath +
                      "' has been removed on disk.\nDo you still want to keep it? | Keep It | Close");
-        press(banner, "Keep It");
+        shownButton(banner, "Keep It")->click();
         QVERIFY(!banner->isVisible() && m_workspace->project()->isModified());
         QVERIFY(m_workspace->saveProject() && QFile::exists(m_projectPath));
     }
@@ -263,6 +257,11 @@ private:
     {
         QVERIFY(m_workspace->openFile(m_path));
         edit(view());
+    }
+    void openAndDisturb()
+    {
+        openAndEdit();
+        disturb(QString(QTest::currentDataTag()).trimmed());
     }
     void disturb(const QString &how)
     {
@@ -310,14 +309,6 @@ private:
         }
         return texts.join(" | ");
     }
-    static void press(const QWidget *banner, const QString &text)
-    {
-        for (QPushButton *button : banner->findChildren<QPushButton *>()) {
-            if (button->isVisible() && button->text().remove('&') == text)
-                return QTest::mouseClick(button, Qt::LeftButton);
-        }
-    }
-
     QString m_path;
     QString m_projectPath;
     QByteArray m_loaded;

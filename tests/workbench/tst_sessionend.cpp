@@ -1,7 +1,4 @@
-#include <QProcess>
 #include <QtTest>
-
-#include <functional>
 
 #include "tests/support/sessionmanager.h"
 #include "tests/support/workspace.h"
@@ -21,11 +18,6 @@ const QString window = ".*JEX Workbench", question = "Save"; // titles
 QStringList search(const QString &title)
 {
     return {"search", "--onlyvisible", "--name", '^' + title + '$'};
-}
-
-bool isShown(const QString &title)
-{
-    return xdotool(search(title)) == 0;
 }
 
 // There is no window manager that gives a new window the keys, and one that is busy may not get all of them.
@@ -82,6 +74,7 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isShown(const QString &title) { return xdotool(search(title)) == 0; }
     void start(const QStringList &files)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -1,7 +1,3 @@
-#include <QTextBlock>
-#include <QTextLayout>
-#include <QtTest>
-
 #include <sys/stat.h>
 
 #include "host/viewmanager.h"

@@ -1,12 +1,9 @@
-#include <QClipboard>
-
 #include "check/configuration.h"
 #include "host/isignaltarget.h"
 #include "host/isnapshot.h"
 #include "signals/signaltreewidget.h"
 #include "tests/support/drawneditor.h"
 #include "tests/support/drops.h"
-#include "tests/support/menudriver.h"
 #include "tests/support/rowtext.h"
 #include "tests/support/tablerow.h"
 #include "tests/workbench/editorwindow.h"
@@ -129,9 +126,7 @@ private Q_SLOTS:
             QTest::keyClicks(dialog->findChild<QLineEdit *>("editValue"), "0");
             leave(dialog);
         });
-        const QPoint at = units->visualRect(units->model()->index(0, 2)).center();
-        QTest::mouseClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-        QTest::mouseDClick(units->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        doubleClick(units, units->model()->index(0, 2));
         QTRY_VERIFY(driver.done());
         QTRY_COMPARE(texts(), QString("Undo Match Unit M0 | Redo"));
         const QPoint box = units->visualRect(units->model()->index(0, 0)).topLeft() + QPoint(8, 8);
@@ -280,11 +275,7 @@ private Q_SLOTS:
         click(find<QWidget>("btnRemove"));
         const QStringList before = picture();
         static_cast<RTLJEX::EditorView *>(view())->designFileChanged();
-        for (QPushButton *button :
-             view()->findChild<RTLJEX::ReloadBanner *>()->findChildren<QPushButton *>()) {
-            if (button->text() == "Reload")
-                click(button);
-        }
+        click(shownButton(view()->findChild<RTLJEX::ReloadBanner *>(), "Reload"));
         QTRY_COMPARE(rows()->topLevelItemCount(), 4);
         QCoreApplication::processEvents();
         QCOMPARE(texts(), QString("Undo Reload | Redo"));

@@ -1,13 +1,10 @@
-#include <QCloseEvent>
-#include <QStatusBar>
-#include <QtTest>
-
 #include "host/editorregistry.h"
 #include "host/filewizard.h"
 #include "host/iview.h"
 #include "host/project.h"
 #include "host/viewmanager.h"
 #include "tests/support/files.h"
+#include "tests/support/menudriver.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "workbench/devicedialog.h"
@@ -60,11 +57,6 @@ public:
     }
 };
 
-Core::IFileWizardFactory *makeWizard()
-{
-    return new TestWizard;
-}
-
 const char *const projectText =
     R"({"version": 1, "name": "demo", "topModule": "top", "device": {"partNumber": "PN"},
     "files": [{"path": "a.v"}, {"path": "gone.sv"}, {"path": "b.vhd", "enabled": false}, {"path": "c.zub"}]})";
@@ -79,7 +71,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         Core::EditorRegistry::announce("zub", openInEditor);
-        Core::FileWizardRegistry::announce(makeWizard);
+        Core::FileWizardRegistry::announce([]() -> Core::IFileWizardFactory * { return new TestWizard; });
         Core::FileWizardRegistry::createFactories();
     }
     void cleanupTestCase() { Core::FileWizardRegistry::clear(); }
@@ -129,12 +121,8 @@ private Q_SLOTS:
         tree->topLevelItem(0)->child(2)->child(0)->setSelected(true);
         std::unique_ptr<QMenu> menu(tree->createFileMenu());
         QString found;
-        for (const char *entry : {"Part of the &Design", "SystemVerilog", "&Remove from Project"}) {
-            QList<QAction *> actions = menu->actions() + menu->findChild<QMenu *>()->actions();
-            for (QAction *action : qAsConst(actions)) {
-                if (action->text() == entry)
-                    action->trigger();
-            }
+        for (const char *entry : {"Part of the Design", "SystemVerilog", "Remove from Project"}) {
+            named(entry, menu->actions() + menu->findChild<QMenu *>()->actions())->trigger();
             const Core::SourceFile &first = data.files.first();
             found += QString("%1 %2 %3|").arg(data.files.size()).arg(first.type).arg(first.enabled);
         }
@@ -209,11 +197,11 @@ private Q_SLOTS:
             folder->setText(first);
             ok->click();
         });
-        action("&New...")->trigger();
+        action("New...")->trigger();
         QCOMPARE(openedInEditor, QStringList("new.zub"));
-        QVERIFY(action("&Close")->isEnabled());
-        action("&Close")->trigger();
-        QVERIFY(!action("&Close")->isEnabled());
+        QVERIFY(action("Close")->isEnabled());
+        action("Close")->trigger();
+        QVERIFY(!action("Close")->isEnabled());
     }
 
     void optionsAreSetOnOk()
@@ -258,10 +246,7 @@ private Q_SLOTS:
             dialog->accept();
         });
         const std::unique_ptr<QMenu> menu(tree->createFileMenu());
-        for (QAction *action : menu->actions()) {
-            if (action->text() == "&Library...")
-                action->trigger();
-        }
+        named("Library...", menu->actions())->trigger();
         QCOMPARE(workspace->project()->data().files.at(2).library, QString("lib"));
         QCOMPARE(fileItem().first()->text(0), QString("b.vhd [lib] (disabled)"));
     }
@@ -280,7 +265,7 @@ private Q_SLOTS:
         const QString own = m_dir->filePath("own");
         ModalDriver driver;
         driver.then(choosing(own));
-        action("Save Project &As...")->trigger();
+        action("Save Project As...")->trigger();
         QCOMPARE(m_window->workspace()->project()->filePath(), own + ".jexprj");
         QVERIFY(contents(own + ".jexprj").contains("\"path\": \"a.v\""));
         QCOMPARE(contents(path), text);
@@ -318,13 +303,7 @@ private Q_SLOTS:
 private:
     QAction *action(const QString &text)
     {
-        for (const QMenu *menu : m_window->menuBar()->findChildren<QMenu *>()) {
-            for (QAction *action : menu->actions()) {
-                if (action->text() == text)
-                    return action;
-            }
-        }
-        return nullptr;
+        return named(text, m_window->menuBar()->findChildren<QAction *>());
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;

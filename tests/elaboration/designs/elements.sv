@@ -34,16 +34,8 @@ endmodule
 module sub (input [7:0] in [3], input [7:0] one, input [1:0] bit0);
 endmodule
 
-//= top:top clk flags[0] flags[1] flags[2]! flags[3] flags[4] flags[5] flags[6] flags[7] flags[8]
-//= flags[9] flags[10] flags[11] flags[12] flags[13] flags[14] flags[15] flags[16] flags[17]
-//= flags[18] flags[19] flags[20] flags[21] flags[22] flags[23] flags[24] flags[25] flags[26]
-//= flags[27] flags[28] flags[29] flags[30] flags[31] flags[32] flags[33] flags[34] flags[35]
-//= flags[36] flags[37] flags[38] flags[39] flags[40] d[7:0] pair[1][3:0] pair[0][3:0] q[2][1][1:0]
+//= top:top clk flags[0..1] flags[2]! flags[3..40] d[7:0] pair[1][3:0] pair[0][3:0] q[2][1][1:0]
 //= q[2][0][1:0]! q[3][1][1:0] q[3][0][1:0] unused[31:0] count[31:0] last[31:0] from[31:0]
-//= stage[0][7:0] stage[1][7:0]! stage[2][7:0] most[0][7:0] most[1][7:0] most[2][7:0] most[3][7:0]
-//= most[4][7:0] most[5][7:0] most[6][7:0] most[7][7:0] most[8][7:0] most[9][7:0] most[10][7:0]
-//= most[11][7:0] most[12][7:0] most[13][7:0] most[14][7:0] most[15][7:0] most[16][7:0] most[17][7:0]
-//= most[18][7:0] most[19][7:0] most[20][7:0] most[21][7:0] most[22][7:0] most[23][7:0] most[24][7:0]
-//= most[25][7:0] most[26][7:0] most[27][7:0] most[28][7:0] most[29][7:0] most[30][7:0] most[31][7:0]
-//= down[4][7:0]!7!6!5!4 down[3][7:0]!3!2!1!0 states[0][1:0] states[1][1:0] top/u:sub in[0][7:0]
+//= stage[0][7:0] stage[1][7:0]! stage[2][7:0] most[0..31][7:0]
+//= down[4][7:0]!7!6!5!4 down[3][7:0]!3!2!1!0 states[0..1][1:0] top/u:sub in[0][7:0]
 //= in[1][7:0]! in[2][7:0] one[7:0]! bit0[1:0]! top/g:g x[1] x[0]

@@ -4,16 +4,13 @@ interface bus #(parameter W = 8) (input clk);
   modport m(output data);
   modport s(input data);
 endinterface
-
 module from (bus.m port);
   assign port.data = 3;
 endmodule
-
 module to (bus.s ports[1:0]);
   wire w;
   assign w = ports[0].data[0];
 endmodule
-
 module top (input clk);
   bus b(clk);
   bus #(4) bs[1:0](clk);

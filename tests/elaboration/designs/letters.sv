@@ -2,7 +2,6 @@
 module \möd ;
   wire \drähte ;
 endmodule
-
 module top (input \größe );
   wire [1:0] \ß& ;
   \möd \ü ();

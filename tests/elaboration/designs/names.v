@@ -3,18 +3,15 @@ module \part/1 (input a);
     wire x__y, __Vx, a__DOT__b, x__05Fy;
     wire [3:0] \x.y ;
 endmodule
-
 module my__part (input a);
     wire \n[3] , \a/b , \3$#! , c___d;
     wire [1:0] n12_o, __pinNumber1, unnamedblk1;
     \part/1 \u/1 (a);
     \part/1 u__1 (not_declared);
 endmodule
-
 module long_;
     wire a_name_of_more_than_one_hundred_and_twenty_seven_characters_that_one_of_the_tools_would_replace_by_a_hash_if_it_had_its_way_with_it_here;
 endmodule
-
 module top (input a);
     my__part my__instance (a);
     my__part n7_q (.a(a));

@@ -14,7 +14,6 @@ module shifter #(parameter WIDTH = 4, parameter LOW = 0) (
         q <= stage;
     end
 endmodule
-
 module top (input clk, input [31:8] address, input [0:0] one, output [0:7] up, output [5:5] five);
     wire [3:0] a, b;
     wire [8:5] c;

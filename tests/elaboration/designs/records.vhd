@@ -36,11 +36,7 @@ end architecture;
 
 --= top:top clk Ctrl.Lane.Valid Ctrl.Pipe[2].Valid Ctrl.Pipe[1].Valid Never.Lane.Valid
 --= Never.Pipe[2].Valid Never.Pipe[1].Valid Result.Lane.Valid Result.Pipe[2].Valid Result.Pipe[1].Valid Open_R.V
---= Many[0][7:0] Many[1][7:0] Many[2][7:0] Many[3][7:0] Many[4][7:0] Many[5][7:0] Many[6][7:0] 
---= Many[7][7:0] Many[8][7:0] Many[9][7:0] Many[10][7:0] Many[11][7:0] Many[12][7:0] Many[13][7:0] 
---= Many[14][7:0] Many[15][7:0] Many[16][7:0] Many[17][7:0] Many[18][7:0] Many[19][7:0] Many[20][7:0] 
---= Many[21][7:0] Many[22][7:0] Many[23][7:0] Many[24][7:0] Many[25][7:0] Many[26][7:0] Many[27][7:0] 
---= Many[28][7:0] Many[29][7:0] Many[30][7:0] Many[31][7:0] Many[32][7:0] Many[33][7:0]
+--= Many[0..33][7:0]
 --= Ctrl.Alu_Op[3:0]! Ctrl.Op[1:0] Ctrl.Count[2:0] Ctrl.Lane.Pad[0:2]!0 Ctrl.Pipe[2].Pad[0:2] Ctrl.Pipe[1].Pad[0:2]
 --= Never.Alu_Op[3:0] Never.Op[1:0] Never.Count[2:0] Never.Lane.Pad[0:2] Never.Pipe[2].Pad[0:2]
 --= Never.Pipe[1].Pad[0:2] Result.Alu_Op[3:0] Result.Op[1:0] Result.Count[2:0] Result.Lane.Pad[0:2]

@@ -3,7 +3,6 @@ module cell_ #(parameter N = 1) (input [N-1:0] d, output q);
     wire [N-1:0] inverted = ~d;
     assign q = &inverted;
 endmodule
-
 module tree #(parameter DEPTH = 1) (input d, output q);
     generate
         if (DEPTH > 0) begin : branch
@@ -17,7 +16,6 @@ module tree #(parameter DEPTH = 1) (input d, output q);
         end
     endgenerate
 endmodule
-
 module top #(parameter KIND = 2) (input [7:0] d, output [7:0] q, output r);
     genvar i, j;
     generate

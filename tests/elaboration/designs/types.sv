@@ -4,7 +4,6 @@ package shapes;
   typedef struct packed { logic [7:0] data; state_t state; logic last; } beat_t;
   typedef union packed { logic [7:0] byte_; logic [0:7] bits; } both_t;
 endpackage
-
 module holder (input clk, input shapes::beat_t in, output shapes::beat_t out);
   shapes::state_t state;
   shapes::both_t both;
@@ -24,7 +23,6 @@ module holder (input clk, input shapes::beat_t in, output shapes::beat_t out);
     memory[in.data[5:0]] <= in.data;
   end
 endmodule
-
 module top (input logic clk, input logic [10:0] raw, output logic [10:0] q);
   shapes::beat_t beat;
   assign beat = raw;

@@ -1,11 +1,7 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 entity stage is
   port (clk, rst, enable : in std_logic; q : out std_logic; carry : out std_logic);
 end entity;
-
 architecture rtl of stage is
   signal held : std_logic;
 begin
@@ -21,15 +17,10 @@ begin
   q     <= held;
   carry <= enable and held;
 end architecture;
-
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 entity counter is
   port (clk, rst : in std_logic; value : out std_logic_vector(2 downto 0); stages : out std_logic_vector(1 to 3));
 end entity;
-
 architecture rtl of counter is
   signal carry : std_logic_vector(0 to 3);
   signal bits  : unsigned(12 downto 10);

@@ -1,6 +1,5 @@
 // Three clocks, one module several times, generate arrays, ranges that do not end at 0 or run upwards.
 `timescale 1ns / 1ps
-
 module divider #(parameter WIDTH = 4) (input wire clk, input wire rst, output wire slow);
     reg [WIDTH-1:0] count;
     always @(posedge clk or posedge rst)
@@ -8,7 +7,6 @@ module divider #(parameter WIDTH = 4) (input wire clk, input wire rst, output wi
         else count <= count + 1'b1;
     assign slow = count[WIDTH-1];
 endmodule
-
 module lane #(parameter SEED = 1) (
     input wire clk, input wire rst, input wire [11:4] in, output reg [0:7] out);
     reg  [15:8] state = SEED;
@@ -25,7 +23,6 @@ module lane #(parameter SEED = 1) (
     always @(negedge clk)
         odd <= ^out;
 endmodule
-
 module mix (
     input  wire        clk_a,
     input  wire        clk_b,
@@ -42,10 +39,8 @@ module mix (
     integer    i;
     reg        unset;
     wire [7:0] \odd.name/x = seed ^ 8'h0f;
-
     divider #(.WIDTH(3)) u_divide (.clk(clk_a), .rst(rst), .slow(slow));
     assign chain[0] = seed;
-
     genvar g, h;
     generate
         for (g = 0; g < 4; g = g + 1) begin : row
@@ -57,19 +52,15 @@ module mix (
             end
         end
     endgenerate
-
     generate
         if (1) begin
             wire hidden = ^chain[4];
             assign taps[0] = hidden;
         end
     endgenerate
-
     counter u_count (.clk(slow), .rst(rst), .value(taps[3:1]), .stages());
     counter u_again (.clk(clk_b), .rst(rst), .value(), .stages());
-
     assign result = chain[4];
-
     initial for (i = 0; i < 16; i = i + 1) table_words[i] = i * 7;
     always @(posedge clk_b) begin
         if (taps[1]) table_words[seed[3:0]] <= chain[2];

@@ -2,12 +2,10 @@ module requester import bus_pkg::*; #(parameter int ID = 0) (bus_if.master bus, 
   phase_t     state = IDLE, state_next;
   logic [3:0] id = ID;
   logic       accepted;
-
   assign accepted = bus.valid && bus.ready;
   assign bus.valid = state == DATA;
   assign bus.request = '{head: '{write: 1'b1, id: id, phase: state}, data: {bus.reply, 4'h0, id}};
   assign phase = state;
-
   always_comb begin
     state_next = state;
     unique case (state)
@@ -17,12 +15,10 @@ module requester import bus_pkg::*; #(parameter int ID = 0) (bus_if.master bus, 
       RESP: state_next = IDLE;
     endcase
   end
-
   always_ff @(posedge bus.clk) begin
     state <= state_next;
     if (accepted) id <= next_id(id);
   end
-
   default disable iff (start === 1'bx);
   sequence handshake;
     @(posedge bus.clk) bus.valid ##[0:4] bus.ready;

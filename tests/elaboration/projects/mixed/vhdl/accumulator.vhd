@@ -1,9 +1,5 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-library vendorcells;
-use vendorcells.components.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
+library vendorcells; use vendorcells.components.all;
 entity accumulator is
   generic (WIDTH : positive; TAP_COUNT : natural := 2; NOTES : string := "");
   port (
@@ -14,7 +10,6 @@ entity accumulator is
     Hit  : out std_logic
   );
 end entity;
-
 architecture rtl of accumulator is
   type step_t is record
     Sum   : unsigned(WIDTH - 1 downto 0);
@@ -24,13 +19,11 @@ architecture rtl of accumulator is
   signal steps    : steps_t;
   signal BufClk   : std_logic;
   signal matched  : std_logic;
-
   component edge_detect is
     port (clk, d : in std_logic; rise : out std_logic);
   end component;
 begin
   clock_cell : BUFCE port map (I => Clk, CE => '1', O => BufClk);
-
   process (BufClk)
   begin
     if rising_edge(BufClk) then
@@ -39,7 +32,6 @@ begin
       steps(1) <= steps(0);
     end if;
   end process;
-
   Dout <= std_logic_vector(steps(1).Sum);
   Mark <= (others => steps(1).Carry);
   detector : edge_detect port map (clk => BufClk, d => steps(1).Carry, rise => matched);

@@ -1,12 +1,6 @@
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
-library common;
-use common.common_pkg.all;
-library axis;
-use axis.axis_pkg.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
+library common; use common.common_pkg.all;
+library axis; use axis.axis_pkg.all;
 entity control is
   generic (LIMIT : level_t := 12);
   port (

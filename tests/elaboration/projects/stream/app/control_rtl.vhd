@@ -8,7 +8,6 @@ architecture rtl of control is
   -- synthesis translate_on
 begin
   enough <= level >= LIMIT;
-
   next_state : process (State, beat, enough)
   begin
     NextState <= State;
@@ -19,7 +18,6 @@ begin
       when others => NextState <= Fault;
     end case;
   end process;
-
   registers : process (clk)
   begin
     if rising_edge(clk) then
@@ -42,7 +40,6 @@ begin
       -- pragma translate_on
     end if;
   end process;
-
   status.mode <= State;
   status.seen <= flags;
   status.version <= (Major => x"2", Minor => x"1");

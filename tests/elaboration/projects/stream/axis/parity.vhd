@@ -1,12 +1,9 @@
 -- A tree from the highest bit down.
-library ieee;
-use ieee.std_logic_1164.all;
-
+library ieee; use ieee.std_logic_1164.all;
 entity parity is
   generic (WIDTH : positive := 4; KIND : string := "even");
   port (d : in std_logic_vector(WIDTH - 1 downto 0); p : out std_logic);
 end entity;
-
 architecture tree of parity is
   signal sum : std_logic_vector(WIDTH downto 0);
 begin

@@ -1,8 +1,5 @@
-library ieee;
-use ieee.std_logic_1164.all;
-library axis;
-use axis.axis_pkg.all;
-
+library ieee; use ieee.std_logic_1164.all;
+library axis; use axis.axis_pkg.all;
 entity pipeline is
   generic (DEPTH : positive; USER_BITS : natural := 0);
   port (
@@ -13,7 +10,6 @@ entity pipeline is
     Busy   : out std_logic_vector(0 to DEPTH - 1)
   );
 end entity;
-
 architecture rtl of pipeline is
   type users_t is array (0 to DEPTH) of std_logic_vector(USER_BITS - 1 downto 0);
   signal beats : beats_t(0 to DEPTH);
@@ -23,7 +19,6 @@ begin
   beats(0) <= input;
   users(0) <= user;
   go(DEPTH) <= '1';
-
   stages : for i in 0 to DEPTH - 1 generate
     signal odd : std_logic;
   begin
@@ -34,6 +29,5 @@ begin
     odd <= beats(i).data(0);
     Busy(i) <= odd and not go(i);
   end generate;
-
   output <= beats(DEPTH);
 end architecture;

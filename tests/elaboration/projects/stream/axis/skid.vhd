@@ -1,9 +1,6 @@
 -- One register with a side channel that is only there when it has a width.
-library ieee;
-use ieee.std_logic_1164.all;
-
+library ieee; use ieee.std_logic_1164.all;
 use work.axis_pkg.all;
-
 entity skid is
   generic (USER_BITS : natural := 0);
   port (
@@ -16,7 +13,6 @@ entity skid is
     m_ready  : in  std_logic
   );
 end entity;
-
 architecture rtl of skid is
   signal held      : beat_t := NO_BEAT;
   signal held_user : std_logic_vector(USER_BITS - 1 downto 0);

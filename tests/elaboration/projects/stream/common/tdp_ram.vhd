@@ -1,8 +1,5 @@
 -- The usual memory with two ports, each with a clock and a width of its own address.
-library ieee;
-use ieee.std_logic_1164.all;
-use ieee.numeric_std.all;
-
+library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;
 entity tdp_ram is
   generic (DATA_BITS : positive := 8; ADDR_BITS : positive);
   port (
@@ -13,7 +10,6 @@ entity tdp_ram is
     DoutA, DoutB : out std_logic_vector(DATA_BITS - 1 downto 0)
   );
 end entity;
-
 architecture rtl of tdp_ram is
   type memory_t is array (0 to 2**ADDR_BITS - 1) of std_logic_vector(DATA_BITS - 1 downto 0);
   shared variable memory : memory_t := (others => (others => '0'));
@@ -30,7 +26,6 @@ begin
       readA <= memory(to_integer(AddrA));
     end if;
   end process;
-
   port_b : process (ClkB)
   begin
     if rising_edge(ClkB) then
@@ -40,7 +35,6 @@ begin
       readB <= memory(to_integer(AddrB));
     end if;
   end process;
-
   DoutA <= readA;
   DoutB <= readB;
 end architecture;

@@ -2,7 +2,6 @@
 entity control is
   port (obsolete : in bit);
 end entity;
-
 architecture rtl of control is
 begin
 end architecture;
