@@ -134,3 +134,11 @@ function(jex_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
     "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;QT_LOGGING_RULES=;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0;ASAN_OPTIONS=detect_odr_violation=0${unwind};UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
+
+# jex_patience(SECONDS NAMES...): each function of these tests, and each row of its data, is ended when it takes
+# longer. So is what hostile input must not let stand still; no test asserts a time.
+function(jex_patience seconds)
+  foreach(name ${ARGN})
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT QTEST_FUNCTION_TIMEOUT=${seconds}000)
+  endforeach()
+endfunction()

@@ -104,7 +104,7 @@ Json rowsJson(const QList<JEX::SignalItem> &rows)
 
 bool isLacked(const JEX_TOOL::Resource &resource, const QString &family)
 {
-    return resource.lackedBy && family == resource.lackedBy;
+    return QString(resource.lackedBy).split(' ', Qt::SkipEmptyParts).contains(family);
 }
 
 QString resourceLine(const RTLJEX::AnyCore &core, const RTLJEX::CoreLayout &layout,

@@ -12,8 +12,7 @@ namespace RTLJEX {
 QString designFilesQuestion();
 QString topModuleQuestion();
 
-// The question that an event makes it ask; empty when it does not matter: only enabled design sources do, and
-// options whose row says so.
+// The question that an event makes it ask; empty when it does not matter.
 QString designQuestion(const QUtil::IEvent *event);
 
 } // namespace RTLJEX

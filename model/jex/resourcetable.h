@@ -42,7 +42,7 @@ struct Resource
     TriggerNeed triggerNeed;
     bool isAlwaysOffered;  // also for a device that has none
     bool hasInputRegister; // for the initial data of a Lite core
-    const char *lackedBy;  // the family of Yosys that has none; null: all have it
+    const char *lackedBy;  // families of Yosys that have none, with a blank between; empty: all have it
 };
 
 constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
@@ -50,12 +50,12 @@ constexpr qint64 anyCapture = std::numeric_limits<qint64>::max();
 // In the order in which they are offered and listed.
 constexpr Resource resources[] = {
     {JEX::BsramImplementation, "BSRAM", "BSRAM", nullptr, "memory", "memories", "BSRAM", "block", true,
-     anyCapture, OneEach, true, true, nullptr},
+     anyCapture, OneEach, true, true, ""},
     {JEX::SsramImplementation, "SSRAM", "SSRAM", nullptr, "memory", "memories", "SSRAM", "distributed", true,
      anyCapture, TablesEach, false, false, "ice40"},
     {JEX::RegImplementation, "REG", QT_TRANSLATE_NOOP("JEX_TOOL::Resource", "registers"),
      QT_TRANSLATE_NOOP("RTLJEX::CaptureUsage", "Register Usage :"), "registers", "registers", "Logic",
-     "registers", false, 512, TablesAndOneEach, true, false, nullptr},
+     "registers", false, 512, TablesAndOneEach, true, false, ""},
 };
 enum { ResourceCount = sizeof resources / sizeof *resources };
 static_assert(int(ResourceCount) == JEX::ImplementationCount, "each implementation has a row");

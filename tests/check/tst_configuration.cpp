@@ -132,11 +132,13 @@ private Q_SLOTS:
                             "\" has changed since it was read, and is left as it is. Run the command again.");
         QCOMPARE(dir.read("a.zub"), other);
         dir.write("new.zub", loose); // written anew, but the same
-        QVERIFY(QFile::remove(path) && QFile::rename(dir.path("new.zub"), path));
+        QVERIFY(QFile::remove(path));
+        QVERIFY(QFile::rename(dir.path("new.zub"), path));
         QVERIFY2(configuration.rewrite(path, &error), qPrintable(error));
         QVERIFY(dir.read("a.zub").contains("captureAmount"));
         QVERIFY(QFile::remove(path)); // nothing is lost
-        QVERIFY(configuration.rewrite(path, &error) && QFile::exists(path));
+        QVERIFY(configuration.rewrite(path, &error));
+        QVERIFY(QFile::exists(path));
     }
 
     // What a file had wrong before is no reason to refuse a new name; the same fault once more is.

@@ -252,7 +252,8 @@ private Q_SLOTS:
         QVERIFY(dumped.size() + others.size() > 5);
 
         const std::unique_ptr<RtlNetlist> netlist = open(project);
-        QVERIFY(netlist && find(netlist->topHierarchy, node));
+        QVERIFY(netlist);
+        QVERIFY(find(netlist->topHierarchy, node));
         Names ours;
         addOurs(find(netlist->topHierarchy, node), QString(), ours);
         QSet<QString> shown, members;
@@ -284,7 +285,8 @@ private Q_SLOTS:
         const QSet<QString> known =
             knownToYosys("-DSYNTHESIS " PROJECTS "/mixed/" + file, module, asYosysWritesIt(node));
         const std::unique_ptr<RtlNetlist> netlist = open("mixed");
-        QVERIFY(netlist && find(netlist->topHierarchy, node));
+        QVERIFY(netlist);
+        QVERIFY(find(netlist->topHierarchy, node));
         Names ours;
         addOurs(find(netlist->topHierarchy, node), QString(), ours);
         const QSet<QString> shown(ours.all.begin(), ours.all.end());

@@ -156,7 +156,8 @@ private Q_SLOTS:
         QCOMPARE(projectWords(project.data(), dir.path("p")).join(", "),
                  QString(":/a.v:2, :b.v:2, I::inc, I:../-x"));
         QCOMPARE(project.absolutePath(":inc"), dir.path("p/:inc"));
-        QVERIFY2(project.save(&error) && project.load(path, &error), qPrintable(error));
+        QVERIFY2(project.save(&error), qPrintable(error));
+        QVERIFY2(project.load(path, &error), qPrintable(error));
         QCOMPARE(projectWords(project.data(), dir.path("p")).join(", "),
                  QString(":/a.v:2, :b.v:2, I::inc, I:../-x"));
         QVERIFY(project.saveAs(dir.path("q.jexprj"), &error));
@@ -179,7 +180,8 @@ private Q_SLOTS:
         QVERIFY(project.fileMark().isOutdated(path));
         project.setOption("TopModule", "edited");
         recorder.lines.clear();
-        QVERIFY(project.reload(nullptr) && !project.isModified());
+        QVERIFY(project.reload(nullptr));
+        QVERIFY(!project.isModified());
         QVERIFY(!project.fileMark().isOutdated(path));
         QCOMPARE(recorder.lines.join('\n'), QString("TE.File.Add file=next.v\n"
                                                     "TE.File.Change.Type file=a b.v previous=3 type=4\n"
@@ -191,7 +193,8 @@ private Q_SLOTS:
                                                     "TE.Option.Change option=Parameters"));
         dir.write("demo.jexprj", "{");
         QString error;
-        QVERIFY(!project.reload(&error) && project.data().files.size() == 4);
+        QVERIFY(!project.reload(&error));
+        QCOMPARE(project.data().files.size(), 4);
     }
 
     void everyChangePostsItsEvent()

@@ -236,7 +236,8 @@ private Q_SLOTS:
     {
         TriggerPage page;
         const QTableView *table = page.open().units();
-        QVERIFY(table->isColumnHidden(1) && table->verticalHeader()->isHidden());
+        QVERIFY(table->isColumnHidden(1));
+        QVERIFY(table->verticalHeader()->isHidden());
         QVERIFY(!table->horizontalHeader()->highlightSections());
         QCOMPARE(table->selectionBehavior(), QTableView::SelectRows);
         QCOMPARE(table->selectionMode(), QTableView::SingleSelection);

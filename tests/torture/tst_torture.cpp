@@ -278,7 +278,8 @@ private Q_SLOTS:
         const QString path = m_dir->write("folder/a.zub", old);
         QTemporaryDir data;
         const QByteArray name = QFile::encodeName(path);
-        QVERIFY(::chown(name, owner, owner) == 0 && ::chmod(name, mode) == 0);
+        QVERIFY(::chown(name, owner, owner) == 0);
+        QVERIFY(::chmod(name, mode) == 0);
         QVERIFY(::chown(qPrintable(data.path()), user, gid_t(-1)) == 0);
         QCOMPARE(::chmod(qPrintable(m_dir->path("folder")), folder), 0);
         const struct stat before = statusOf(path);

@@ -230,7 +230,8 @@ private Q_SLOTS:
         m_window->close();
         start();
         const QPoint corner = m_window->geometry().topLeft();
-        QVERIFY(corner.x() < room.center().x() && room.contains(corner));
+        QVERIFY(corner.x() < room.center().x());
+        QVERIFY(room.contains(corner));
         const DEV::DeviceArg none;
         {
             Workbench::DeviceDialog dialog(none, m_window.get());
@@ -265,7 +266,8 @@ private:
     void trigger(const char *name)
     {
         auto *action = m_window->menuBar()->findChild<QAction *>(name);
-        QVERIFY2(action && action->isEnabled(), name);
+        QVERIFY2(action, name);
+        QVERIFY2(action->isEnabled(), name);
         action->trigger();
     }
 

@@ -1,6 +1,5 @@
 #include "host/designmanager.h"
 #include "tests/support/files.h"
-#include "tests/support/intime.h"
 #include "tests/support/messagelist.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
@@ -68,7 +67,9 @@ private Q_SLOTS:
 
         shownButton(&pane, "Copy")->click();
         const QString copied = QGuiApplication::clipboard()->text();
-        QVERIFY(copied.contains("bad\nreally\n") && copied.endsWith("fine\n") && !copied.contains("odd"));
+        QVERIFY(copied.contains("bad\nreally\n"));
+        QVERIFY(copied.endsWith("fine\n"));
+        QVERIFY(!copied.contains("odd"));
         auto *list = pane.findChild<QListView *>();
         list->setCurrentIndex(messageRow(&pane, "fine"));
         list->setFocus();
@@ -131,20 +132,15 @@ private Q_SLOTS:
             messages << Message();
             messages.last().text = "Missing: " + QString::number(i);
         }
-        inTime(5000, [&] {
-            for (int i = 0; i < 3; ++i)
-                pane.model()->setCurrent("view", messages);
-        });
+        for (int i = 0; i < 3; ++i)
+            pane.model()->setCurrent("view", messages);
         QCOMPARE(pane.model()->rowCount(), 1001);
         QVERIFY(messageText(pane).endsWith("And 99000 more like that."));
         pane.model()->setCurrent("view", {});
         QVERIFY(pane.model()->isPast(1000));
     }
 
-    void placesOfALongText()
-    {
-        inTime(2000, [] { QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty()); });
-    }
+    void placesOfALongText() { QVERIFY(sourcePlaces(QString(":1").repeated(1000000)).isEmpty()); }
 
     void followsAPlaceByKeyAndClick()
     {

@@ -72,7 +72,8 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale::c());
         QCOMPARE(list, QString("a.zub: Core 0: Flanke wurde von steigend in fallend geändert|"));
         offered({"Recover"});
-        QVERIFY(isFalling() && view()->editedFile().isModified);
+        QVERIFY(isFalling());
+        QVERIFY(view()->editedFile().isModified);
         QCOMPARE(kept(), 1);
         save()->trigger();
         QVERIFY(contents(m_path).contains("edge=\"falling\""));
@@ -133,7 +134,8 @@ private Q_SLOTS:
         m_user.then(pressing("Open the Draft"));
         QVERIFY(m_workspace->openFile(m_path));
         QTRY_VERIFY(m_user.done());
-        QVERIFY(isFalling() && view()->editedFile().isModified);
+        QVERIFY(isFalling());
+        QVERIFY(view()->editedFile().isModified);
         save()->trigger();
         QVERIFY(Core::ViewManager::instance()->closeView(view()));
         QVERIFY(m_workspace->openFile(m_path)); // asks nothing any more
@@ -170,12 +172,15 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!view(), 30000);
         auto *banner = m_window->findChild<Workbench::ReopenBanner *>();
         auto *open = banner->findChild<QPushButton *>();
-        QTRY_VERIFY(banner->isVisible() && !open->isEnabled());
+        QTRY_VERIFY(banner->isVisible());
+        QTRY_VERIFY(!open->isEnabled());
         QCOMPARE(kept(), 1);
         m_dir->write("top.v", counterDesign);
         QTRY_VERIFY_WITH_TIMEOUT(open->isEnabled(), 30000);
         open->click();
-        QVERIFY(view() && isFalling() && view()->editedFile().isModified);
+        QVERIFY(view());
+        QVERIFY(isFalling());
+        QVERIFY(view()->editedFile().isModified);
         QVERIFY(!banner->isVisible());
         const auto *told = m_window->findChild<Workbench::MessageModel *>();
         for (int row = 0; row < told->rowCount(); ++row)

@@ -94,18 +94,22 @@ private Q_SLOTS:
             }
             return false;
         };
-        QVERIFY(!ok->isEnabled() && says("capture.zub is there already"));
+        QVERIFY(!ok->isEnabled());
+        QVERIFY(says("capture.zub is there already"));
         dialog.addBench({"/a/tb.v", "/a/tb.v", "/a/other.v"});
         QCOMPARE(dialog.bench(), QStringList({"/a/tb.v", "/a/other.v"}));
-        QVERIFY(ok->isEnabled() && dialog.simulator() == Insertion::Simulator::Icarus);
+        QVERIFY(ok->isEnabled());
+        QVERIFY(dialog.simulator() == Insertion::Simulator::Icarus);
         qputenv("JEX_MAKE", "/no/make");
         box->setCurrentIndex(1);
         qunsetenv("JEX_MAKE");
-        QVERIFY(!ok->isEnabled() && says("needs make, and /no/make is not there"));
+        QVERIFY(!ok->isEnabled());
+        QVERIFY(says("needs make, and /no/make is not there"));
         box->setCurrentIndex(0);
         QVERIFY(ok->isEnabled());
         box->setCurrentIndex(1);
-        QVERIFY(ok->isEnabled() && says("0 and 1 only"));
+        QVERIFY(ok->isEnabled());
+        QVERIFY(says("0 and 1 only"));
         dialog.accept();
         QVERIFY(SimulateDialog(QString(), &settings, nullptr).simulator() == Insertion::Simulator::Verilator);
     }

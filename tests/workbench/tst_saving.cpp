@@ -242,8 +242,10 @@ private Q_SLOTS:
                  "The project '" + m_projectPath +
                      "' has been removed on disk.\nDo you still want to keep it? | Keep It | Close");
         shownButton(banner, "Keep It")->click();
-        QVERIFY(!banner->isVisible() && m_workspace->project()->isModified());
-        QVERIFY(m_workspace->saveProject() && QFile::exists(m_projectPath));
+        QVERIFY(!banner->isVisible());
+        QVERIFY(m_workspace->project()->isModified());
+        QVERIFY(m_workspace->saveProject());
+        QVERIFY(QFile::exists(m_projectPath));
     }
 
 private:

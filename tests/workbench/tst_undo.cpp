@@ -51,7 +51,8 @@ private Q_SLOTS:
     void namesEachEdit()
     {
         QCOMPARE(texts(), QString("Undo | Redo"));
-        QVERIFY(!m_menu->undoAction()->isEnabled() && !m_menu->redoAction()->isEnabled());
+        QVERIFY(!m_menu->undoAction()->isEnabled());
+        QVERIFY(!m_menu->redoAction()->isEnabled());
         const QList<QPair<QString, std::function<void()>>> edits = {
             {"Capture Initial Data",
              [&] { click(find<QWidget>(m_isStandard ? "chkBoxCaptureInitial" : "capIniDataCheckBox")); }},
@@ -188,10 +189,12 @@ private Q_SLOTS:
         ports->topLevelItem(0)->child(1)->setSelected(true);
         undo();
         QCOMPARE(ports->topLevelItem(0)->childCount(), 2);
-        QVERIFY(ports->topLevelItem(0)->isExpanded() && ports->topLevelItem(0)->child(1)->isSelected());
+        QVERIFY(ports->topLevelItem(0)->isExpanded());
+        QVERIFY(ports->topLevelItem(0)->child(1)->isSelected());
         redo();
         QCOMPARE(ports->topLevelItem(0)->childCount(), 3);
-        QVERIFY(ports->topLevelItem(0)->isExpanded() && ports->topLevelItem(0)->child(1)->isSelected());
+        QVERIFY(ports->topLevelItem(0)->isExpanded());
+        QVERIFY(ports->topLevelItem(0)->child(1)->isSelected());
     }
 
     // Until the box has nothing to take back by itself.
