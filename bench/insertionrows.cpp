@@ -2,6 +2,7 @@
 #include "bench/context.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/tools/elaborator.h"
+#include "host/filetypes.h"
 #include "insertion/insertionjob.h"
 #include "model/netlist/rtlnetlist.h"
 
@@ -115,7 +116,7 @@ void measureInsertion(Context &context)
     DesignInput input;
     DesignSource source;
     source.path = file.fileName();
-    source.type = 2;
+    source.type = TE::VerilogFile;
     input.files << source;
     input.workingDir = context.dir.path();
     QStringList messages;

@@ -3,6 +3,7 @@
 #include "bench/widedesign.h"
 #include "elaboration/elaboration.h"
 #include "elaboration/tools/verilatorflags.h"
+#include "host/filetypes.h"
 
 #include "host/project.h"
 #include "model/netlist/rtlnetlist.h"
@@ -84,7 +85,7 @@ void measureOpening(const Context &context, const QString &row, const QStringLis
     for (const QString &path : sources) {
         DesignSource source;
         source.path = path;
-        source.type = 2;
+        source.type = TE::VerilogFile;
         input.files += source;
     }
     input.workingDir = context.dir.path();
@@ -186,7 +187,7 @@ void measureVhdl(Context &context)
     DesignInput input;
     DesignSource source;
     source.path = path;
-    source.type = 4;
+    source.type = TE::VhdlFile;
     input.files += source;
     input.workingDir = dir;
     const auto openChanged = [&] {

@@ -24,7 +24,7 @@ SignalItem recordOf(const RtlNetBus *bus)
 {
     SignalItem item;
     item.name = bus->fullBusName();
-    item.type = 1;
+    item.type = JEX::BusKind;
     for (const RtlNet *bit : bus->members)
         item.members += recordOf(bit, 1);
     return item;

@@ -261,9 +261,9 @@ private Q_SLOTS:
         QCOMPARE(info.value("LibrarySuffix").toStringList().join(' '), QString(".v .vo"));
         QCOMPARE(info.value("IncludePath").toStringList(), QStringList({dir.path("inc"), "/opt/inc"}));
         QCOMPARE(info.value("Top").toString() + info.value("WorkingDir").toString(), "top" + dir.path());
-        QCOMPARE(manager->getFileInfo("old.vhd").type, 4);
+        QCOMPARE(manager->getFileInfo("old.vhd").type, int(TE::VhdlFile));
         QCOMPARE(manager->getFileInfo(dir.path("old.vhd")).enabled, false);
-        QCOMPARE(manager->getFileInfo("nowhere.v").type, 0);
+        QCOMPARE(manager->getFileInfo("nowhere.v").type, int(TE::UnknownFile));
         QCOMPARE(manager->currentDevice().package, QString("P"));
     }
 

@@ -332,7 +332,7 @@ private:
         finish(elaborator);
         const std::unique_ptr<Elaboration> design = elaborator.takeResult();
         for (const DesignSource &source : input.files) {
-            if (source.type != 4)
+            if (source.type != TE::VhdlFile)
                 files << source.path;
         }
         if (!design->readOptions.generated.isEmpty()) {

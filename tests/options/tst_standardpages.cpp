@@ -146,7 +146,7 @@ private Q_SLOTS:
             return QString("%1 %2 ").arg(core.triggerMode).arg(core.triggerImplementation) +
                    core.expressions.join(',');
         };
-        core.triggerMode = 1;
+        core.triggerMode = JEX::StaticTrigger;
         core.triggerImplementation = JEX::RegImplementation;
         core.expressions = QStringList{"M1&M2", "M11&M2", "M3"};
         for (int unit : {1, 2, 3, 4, 5, 12})
@@ -176,7 +176,7 @@ private Q_SLOTS:
         for (int stored = 0; stored < 4; ++stored) {
             Device device(true);
             TriggerPage page;
-            page.aoCore.triggerMode = 1;
+            page.aoCore.triggerMode = JEX::StaticTrigger;
             page.aoCore.triggerImplementation = stored;
             QCOMPARE(Page::offered(page.open().implementation()),
                      QString("BSRAM SSRAM REG:") + shown[stored]);
@@ -259,7 +259,7 @@ private Q_SLOTS:
     void expressions()
     {
         TriggerPage page;
-        page.aoCore.triggerMode = 1;
+        page.aoCore.triggerMode = JEX::StaticTrigger;
         page.open();
         page.press({"btnM1", "btnAND", "btnM11", "btnM2"}); // M11 is disabled
         page.openExpression(-1);
@@ -403,9 +403,9 @@ private Q_SLOTS:
         for (const QTabWidget *tab : pages)
             QCOMPARE(toText(topLevelRecords(tab->findChild<signalTreeWidget *>())), classified);
         QCOMPARE(toText(core.triggerPorts[2]->signalItems), QString("s:top/clk b:top/data[2]"));
-        core.captureSignals[1].type = 0;
+        core.captureSignals[1].type = JEX::NetKind;
         page.setNlsdata(nullptr); // nothing is known about the rows, and nothing is judged
-        QCOMPARE(core.captureSignals[1].type, 0);
+        QCOMPARE(core.captureSignals[1].type, int(JEX::NetKind));
         QCOMPARE(modified.size() + liteModified.size(), 0);
 
         for (const QTabWidget *tab : pages)

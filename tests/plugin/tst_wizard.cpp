@@ -80,7 +80,7 @@ private Q_SLOTS:
         wizard.next();
         wizard.next();
         QCOMPARE(summary->toPlainText(), text.arg("Lite"));
-        QCOMPARE(wizard.jexMode(), 10088);
+        QCOMPARE(wizard.jexMode(), int(JEX::LiteMode));
         QCOMPARE(wizard.jexConfigFile(), QString("/some/folder/fpga_project.zub"));
     }
 

@@ -148,10 +148,10 @@ private Q_SLOTS:
             CheckRepeat(&atOnce, buses, others);
             for (int i = 0; i < oneByOne.topLevelItemCount(); ++i) {
                 SignalItem item = recordOf(oneByOne.topLevelItem(i));
-                if (item.type == 0) {
+                if (item.type == JEX::NetKind) {
                     CheckRepeatSignal(item, otherList);
                     setRecord(oneByOne.topLevelItem(i), item);
-                } else if (item.type == -1) {
+                } else if (item.type == JEX::GroupKind) {
                     CheckRepeatGroupBus(&oneByOne, i, otherList, busList);
                 } else {
                     CheckRepeatBus(&oneByOne, i, busList);

@@ -166,14 +166,14 @@ private Q_SLOTS:
 
             QList<SignalItem> chosen = random.list(), already = random.list(), others, one, rest;
             for (SignalItem &item : already)
-                item.type = 1;
+                item.type = JEX::BusKind;
             one = already;
             Grouped(chosen, already, others);
             for (SignalItem item : chosen) {
                 const auto isInvalid = [](const SignalItem &member) { return !member.valid; };
                 item.members.erase(std::remove_if(item.members.begin(), item.members.end(), isInvalid),
                                    item.members.end());
-                item.type == 1 ? CheckBus(one, item) : rest.append(item);
+                item.type == JEX::BusKind ? CheckBus(one, item) : rest.append(item);
             }
             QVERIFY2(joined({}, already, others) == joined({}, one, rest), qPrintable(QString::number(seed)));
         }

@@ -62,7 +62,8 @@ private Q_SLOTS:
     void openRefusesOtherFiles()
     {
         const QString text = m_work->write("text.zub", "not a configuration\n");
-        JEX::fillInfoForEmptyJexConfig(m_work->path("other.zub"), JEX::JexMode(10087 + 10088 - m_mode));
+        JEX::fillInfoForEmptyJexConfig(m_work->path("other.zub"),
+                                       m_mode == JEX::LiteMode ? JEX::StandardMode : JEX::LiteMode);
         for (const QString &file : {text, m_work->path("other.zub"), m_work->path("missing.zub")}) {
             const Shown shown(m_mode, file);
             QVERIFY(!shown.opened);

@@ -40,7 +40,7 @@ private Q_SLOTS:
             QVERIFY2(shown.view->isModified(), "a reload keeps the mark");
             QVERIFY(!shown.initialData()->isChecked());
             const QVariant row = shown.captureRows()->topLevelItem(0)->data(0, Qt::UserRole);
-            QVERIFY(row.value<JEX::SignalItem>().type != 0);
+            QVERIFY(row.value<JEX::SignalItem>().type != JEX::NetKind);
         }
         config("<b>%1 & 2.zub", 0);
         QTRY_COMPARE(shown.banners(), QStringList(changedText));
