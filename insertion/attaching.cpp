@@ -2,10 +2,16 @@
 
 #include <QRegularExpression>
 
+#include "host/filetypes.h"
 #include "insertion/analyzer.h"
 
 namespace Insertion {
 namespace {
+
+TE::FileType languageOf(const Tap &tap)
+{
+    return TE::fileTypeFromName(tap.file);
+}
 
 // A round of a loop and a member of a structure are written as they are, anything else that is no plain name
 // is escaped.
@@ -31,10 +37,13 @@ QByteArray connections(const Analyzer &analyzer, const QByteArray &before)
     QByteArray text;
     const QList<Tap> &taps = analyzer.taps().taps();
     for (int i = 0; i < taps.size(); ++i) {
-        const QByteArray path = verilogPath(taps.at(i));
-        const QByteArray unknown = '{' + QByteArray::number(taps.at(i).width()) + "{1'bx}} /* in VHDL */";
-        text += (i == 0 ? "    .tap_" : ",\n    .tap_") + QByteArray::number(i) + '(' +
-                (path.isEmpty() ? unknown : before + path) + ')';
+        QByteArray path = verilogPath(taps.at(i));
+        if (path.isEmpty())
+            path = '{' + QByteArray::number(taps.at(i).width()) + "{1'bx}} /* in " +
+                   TE::sourceType(languageOf(taps.at(i)))->name + " */";
+        else
+            path.prepend(before);
+        text += (i == 0 ? "    .tap_" : ",\n    .tap_") + QByteArray::number(i) + '(' + path + ')';
     }
     return "/* verilator lint_off PINCONNECTEMPTY */\n" + text + tied(analyzer) +
            ");\n/* verilator lint_on PINCONNECTEMPTY */\n";
@@ -44,7 +53,7 @@ QByteArray connections(const Analyzer &analyzer, const QByteArray &before)
 
 QByteArray verilogPath(const Tap &tap)
 {
-    if (tap.isVhdl)
+    if (!TE::verilogSuffix(languageOf(tap)))
         return QByteArray();
     QByteArray path;
     for (const QString &scope : tap.path)

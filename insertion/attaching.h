@@ -16,7 +16,8 @@ QByteArray bindText(const Analyzer &analyzer, const QString &topModule);
 // Empty: the macro JEX_INSTANCE names it.
 QByteArray probeText(const Analyzer &analyzer, const QString &instance);
 
-// The net as Verilog sees it from the top module, "u_gpio.channel[0].changed"; empty for what VHDL declares.
+// The net as Verilog sees it from the top module, "u_gpio.channel[0].changed"; empty for what no Verilog
+// declares.
 QByteArray verilogPath(const Tap &tap);
 
 } // namespace Insertion
