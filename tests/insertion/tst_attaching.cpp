@@ -4,6 +4,7 @@
 
 #include "gateware/windowtext.h"
 #include "insertion/analyzer.h"
+#include "insertion/attaching.h"
 #include "insertion/insertionjob.h"
 #include "tests/insertion/captures.h"
 #include "tests/support/tablerow.h"
@@ -162,6 +163,27 @@ private Q_SLOTS:
             QVERIFY2(job.outcome() == Insertion::SimulationJob::Done, qPrintable(job.messages().join('\n')));
             QCOMPARE(job.captured().first().windows.first().samples.size(), 64);
         }
+    }
+
+    // What VHDL declares has no name in Verilog.
+    void netsOfVhdl()
+    {
+        m_folder.write("counter.vhd",
+                       "library ieee; use ieee.std_logic_1164.all; use ieee.numeric_std.all;\n"
+                       "entity counter is port (clk : in std_logic; q : out unsigned(7 downto 0)); end;\n"
+                       "architecture a of counter is signal count : unsigned(7 downto 0) := x\"00\";\n"
+                       "begin count <= count + 1 when rising_edge(clk); q <= count; end;\n");
+        m_folder.write("mixed.v", "module mixed(input clk, output [7:0] q, r); wire [7:0] w;\n"
+                                  "counter u(.clk(clk), .q(w)); assign {q, r} = {w, ~w}; endmodule\n");
+        const std::unique_ptr<RtlNetlist> netlist = netlistOf(m_folder.input({"counter.vhd", "mixed.v"}));
+        QVERIFY(netlist);
+        const LiteConfiguration configuration(
+            "mixed/clk", {signalNamed("mixed/u/count[7:0]"), signalNamed("mixed/w[7:0]")}, 64);
+        const Insertion::Analyzer analyzer(configuration, RTLJEX::CoreOptions(), *netlist);
+        const QByteArray text = probeText(analyzer, "tb.chip");
+        QVERIFY2(text.contains("({8{1'bx}} /* in VHDL */)"), text);
+        QVERIFY2(text.contains("(tb.chip.w)"), text);
+        QVERIFY2(!text.contains("count"), text);
     }
 
 private:
