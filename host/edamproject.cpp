@@ -3,6 +3,7 @@
 #include <QMap>
 #include <QSet>
 
+#include "host/absolutepath.h"
 #include "host/filetypes.h"
 #include "host/foreignproject.h"
 #include "host/yamltext.h"
@@ -97,7 +98,7 @@ private:
         if (name.isEmpty())
             return fail(entry, QLatin1String("a file has no \"name\""));
         SourceFile file;
-        file.path = absoluteIn(m_folder, name);
+        file.path = QUtil::absoluteIn(m_folder, name);
         file.type = fileType.isEmpty() ? TE::fileTypeFromName(name) : typeOf(fileType);
         if (isTrue(entry.value(QLatin1String("is_include_file"))))
             return addIncludeFolder(textOf(entry, "include_path"), name);

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include "host/absolutepath.h"
 #include "host/designmanager.h"
 #include "host/listwords.h"
 #include "host/regularfile.h"
@@ -36,7 +37,7 @@ public:
     {
         // A list that another one names is a file: the streams are the user's.
         const bool isStream = m_open.isEmpty() && QUtil::isStreamName(listPath);
-        const QString list = isStream ? listPath : absoluteIn(QDir::currentPath(), listPath);
+        const QString list = isStream ? listPath : QUtil::absoluteIn(QDir::currentPath(), listPath);
         QByteArray bytes;
         QString reason;
         if (m_open.contains(list))
@@ -182,12 +183,13 @@ private:
     // As it stands where that is there, in the list's own folder, with the separators of another system.
     QString find(const QString &path) const
     {
-        const QString first = absoluteIn(m_folder, path);
+        const QString first = QUtil::absoluteIn(m_folder, path);
         const QString own = QFileInfo(m_list).absolutePath();
         QString slashes = path;
         slashes.replace(QLatin1Char('\\'), QLatin1Char('/'));
-        const QStringList others = QStringList() << absoluteIn(own, path) << absoluteIn(m_folder, slashes)
-                                                 << absoluteIn(own, slashes);
+        const QStringList others = QStringList()
+                                   << QUtil::absoluteIn(own, path) << QUtil::absoluteIn(m_folder, slashes)
+                                   << QUtil::absoluteIn(own, slashes);
         if (QFileInfo(first).exists())
             return first;
         for (const QString &other : others) {

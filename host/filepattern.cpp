@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QRegExp>
 
+#include "host/absolutepath.h"
 #include "host/project.h"
 
 namespace Core {
@@ -16,7 +17,7 @@ bool FilePattern::isPattern(const QString &text)
 QStringList FilePattern::files(const QString &folder, const QString &pattern)
 {
     if (!isPattern(pattern))
-        return QStringList(absoluteIn(folder, pattern));
+        return QStringList(QUtil::absoluteIn(folder, pattern));
     QStringList found;
     const bool isAbsolute = pattern.startsWith(QLatin1Char('/'));
     descend(isAbsolute ? QString(QLatin1Char('/')) : folder,
@@ -33,7 +34,7 @@ void FilePattern::descend(const QString &folder, const QStringList &parts, int a
     if (gaveUp())
         return;
     if (!isPattern(part)) {
-        const QString path = absoluteIn(folder, part);
+        const QString path = QUtil::absoluteIn(folder, part);
         if (isLast && QFileInfo(path).isFile())
             found.append(path);
         else if (!isLast && QFileInfo(path).isDir())
@@ -49,7 +50,7 @@ void FilePattern::descend(const QString &folder, const QStringList &parts, int a
         descend(folder, parts, at + 1, found);
     for (const QFileInfo &entry : entries) {
         ++m_looked;
-        const QString path = absoluteIn(folder, entry.fileName());
+        const QString path = QUtil::absoluteIn(folder, entry.fileName());
         const bool fits = isDeep || form.exactMatch(entry.fileName());
         if (fits && isLast && entry.isFile())
             found.append(path);

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QVariant>
 
+#include "host/absolutepath.h"
 #include "host/atomicfile.h"
 #include "host/backupfile.h"
 #include "host/designmanager.h"
@@ -90,7 +91,7 @@ void moveRelativePaths(QStringList &paths, const QString &oldFolder, const QStri
 {
     for (QString &path : paths) {
         if (!path.startsWith(QLatin1Char('/')))
-            path = QDir(newFolder).relativeFilePath(absoluteIn(oldFolder, path));
+            path = QDir(newFolder).relativeFilePath(QUtil::absoluteIn(oldFolder, path));
     }
 }
 
@@ -114,11 +115,6 @@ bool readProject(const QString &path, ProjectData &data, QUtil::FileMark &mark, 
 }
 
 } // namespace
-
-QString absoluteIn(const QString &folder, const QString &path)
-{
-    return QDir::cleanPath(path.startsWith(QLatin1Char('/')) ? path : folder + QLatin1Char('/') + path);
-}
 
 Project::Project(QObject *parent) : QObject(parent), m_modified(false)
 {
@@ -159,7 +155,7 @@ bool Project::isModified() const
 
 QString Project::absolutePath(const QString &path) const
 {
-    return absoluteIn(workingDir(), path);
+    return QUtil::absoluteIn(workingDir(), path);
 }
 
 bool Project::load(const QString &filePath, QString *errorMessage)

@@ -16,10 +16,6 @@ inline const char *projectFileSuffix()
     return "jexprj";
 }
 
-// A path of a project file, or of a list of sources, as seen from a folder: absolute and clean. The toolkit's
-// own functions take a name that begins with a colon for something else than a file.
-QString absoluteIn(const QString &folder, const QString &path);
-
 // The open project. Every single change posts the host event that belongs to it (see TE::DesignManager)
 // and marks the project modified; nothing reaches the disk before save().
 class Project : public QObject

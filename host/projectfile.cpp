@@ -7,6 +7,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "host/absolutepath.h"
 #include "host/filetypes.h"
 #include "host/jsonfault.h"
 #include "host/utf8.h"
@@ -168,7 +169,7 @@ QString readFile(const Json &entry, int index, const QString &folder, SourceFile
     file.enabled = reader.flag("enabled", true);
     file.library = reader.text("library");
     file.onlyWhenUsed = reader.flag("onlyWhenUsed", false);
-    file.path = absoluteIn(folder, path);
+    file.path = QUtil::absoluteIn(folder, path);
     file.type = type.isEmpty() ? TE::fileTypeFromName(path) : typeFromText(type);
     if (path.isEmpty())
         reader.setFault(QString::fromLatin1("%1 is missing.").arg(reader.name("path")));

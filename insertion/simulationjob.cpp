@@ -10,6 +10,7 @@
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/sourcetext.h"
+#include "host/absolutepath.h"
 #include "host/atomicfile.h"
 #include "host/designmanager.h"
 #include "host/regularfile.h"
@@ -153,7 +154,7 @@ QStringList SimulationJob::includeFolders()
 {
     QStringList folders;
     for (const QString &path : m_input.includePaths + QStringList("."))
-        folders << m_names->folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
+        folders << m_names->folder(QUtil::absoluteIn(m_input.workingDir, path));
     for (const QString &bench : m_options.bench)
         folders << m_names->folder(QFileInfo(bench).absolutePath());
     return folders;
@@ -166,8 +167,7 @@ void SimulationJob::addSources(SimulatedSources &sources)
             sources.defines << define;
     }
     for (const QString &folder : m_input.libraryPaths)
-        sources.libraryFolders << m_names->folder(
-            QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(folder)));
+        sources.libraryFolders << m_names->folder(QUtil::absoluteIn(m_input.workingDir, folder));
     const QStringList usual{".v", ".sv"};
     sources.librarySuffixes = m_input.librarySuffixes.isEmpty() ? usual : m_input.librarySuffixes;
     // Icarus Verilog takes no second definition of a module, so of the libraries only what is used is read.

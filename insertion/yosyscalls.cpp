@@ -11,6 +11,7 @@
 #include "elaboration/tools/elaborator.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorrun.h"
+#include "host/absolutepath.h"
 #include "host/designmanager.h"
 
 using namespace QUARRY;
@@ -49,7 +50,7 @@ QStringList libraryFiles(const DesignInput &input, const QStringList &filesRead)
     QStringList files;
     for (const QString &file : filesRead) {
         for (const QString &folder : input.libraryPaths) {
-            const QString absolute = QDir::cleanPath(QDir(input.workingDir).absoluteFilePath(folder));
+            const QString absolute = QUtil::absoluteIn(input.workingDir, folder);
             if (QFileInfo(file).absolutePath() == absolute && !files.contains(file))
                 files << file;
         }
@@ -141,7 +142,7 @@ QString YosysCalls::readingScript(bool forSimulation)
     QString folders;
     QStringList includePaths = m_input.includePaths;
     for (const QString &path : includePaths << ".")
-        folders += " -I " + m_names.folder(QDir::cleanPath(QDir(m_input.workingDir).absoluteFilePath(path)));
+        folders += " -I " + m_names.folder(QUtil::absoluteIn(m_input.workingDir, path));
     QByteArray defines;
     for (const QString &define : m_input.defines)
         defines += ("`define " + define.section('=', 0, 0) + ' ' + define.section('=', 1) + '\n').toUtf8();

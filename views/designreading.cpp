@@ -1,11 +1,11 @@
 #include "views/designreading.h"
 
-#include <QDir>
 #include <QPointer>
 #include <QScopedPointer>
 
 #include "elaboration/catchrtl.h"
 #include "elaboration/elaboration.h"
+#include "host/absolutepath.h"
 #include "host/designmanager.h"
 #include "host/eventmanager.h"
 #include "host/modal.h"
@@ -85,10 +85,8 @@ QStringList projectIncludePaths()
 {
     const TE::DesignManager *manager = TE::TaskEngine::instance()->designManager();
     QStringList paths = manager->getOptionValue("IncludePath").toStringList();
-    for (QString &path : paths) {
-        if (QDir::isRelativePath(path))
-            path = QDir::cleanPath(manager->workingDir() + "/" + path);
-    }
+    for (QString &path : paths)
+        path = QUtil::absoluteIn(manager->workingDir(), path);
     return paths;
 }
 

@@ -1,6 +1,7 @@
 #include "elaboration/reading/verilatordesign.h"
 
 #include "elaboration/reading/vhdldeclarations.h"
+#include "host/absolutepath.h"
 
 #include "elaboration/reading/verilatornames.h"
 #include "elaboration/reading/verilatorties.h"
@@ -9,7 +10,6 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QRegExp>
 
@@ -98,7 +98,7 @@ void VerilatorDesign::addFiles(const pugi::xml_node &files)
         QString seen = QString::fromUtf8(node.attribute("filename").value());
         seen = whole.value(seen, seen);
         File file;
-        file.source = QDir::cleanPath(QDir(m_options.workingDir).absoluteFilePath(seen));
+        file.source = QUtil::absoluteIn(m_options.workingDir, seen);
         file.maker = m_options.generated.value(seen, m_options.generated.value(file.source));
         if (m_options.fileNames.contains(seen))
             file.name = m_options.fileNames.value(seen);

@@ -11,6 +11,7 @@
 #include "elaboration/tools/readingsentences.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorerrors.h"
+#include "host/absolutepath.h"
 #include "host/regularfile.h"
 
 namespace QUARRY {
@@ -32,7 +33,7 @@ QStringList absolute(const QStringList &paths, const QString &folder)
 {
     QStringList all;
     for (const QString &path : paths)
-        all.append(QDir::cleanPath(QDir(folder).absoluteFilePath(path)));
+        all.append(QUtil::absoluteIn(folder, path));
     return all;
 }
 

@@ -14,6 +14,7 @@
 #include "elaboration/tools/verilatorrun.h"
 #include "elaboration/tools/verilogmodules.h"
 #include "elaboration/tools/verilogtokens.h"
+#include "host/absolutepath.h"
 
 #include <algorithm>
 
@@ -108,7 +109,7 @@ bool ReadingRepairs::tryAgain(const QStringList &filesRead)
     m_guess = NoGuess;
     QStringList files;
     for (const QString &file : filesRead)
-        files.append(m_names.real(QDir(m_verilator.workingDir()).absoluteFilePath(file)));
+        files.append(m_names.real(QUtil::absoluteIn(m_verilator.workingDir(), file)));
     return lookLate(files, false);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QByteArrayMatcher>
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include "elaboration/tools/safenames.h"
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/verilogmodules.h"
+#include "host/absolutepath.h"
 
 namespace QUARRY {
 namespace {
@@ -131,7 +131,7 @@ QString SourceCopies::include(const QString &name, const QString &includer) cons
         suffixes << QLatin1String(".v") << QLatin1String(".sv");
     for (const QString &folder : m_folders + QStringList(QFileInfo(includer).absolutePath())) {
         for (const QString &suffix : suffixes) {
-            const QString path = QDir::cleanPath(QDir(folder).absoluteFilePath(name + suffix));
+            const QString path = QUtil::absoluteIn(folder, name + suffix);
             const QFileInfo info(path);
             if (info.exists() && !info.isDir())
                 return path;

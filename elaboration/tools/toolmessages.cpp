@@ -1,11 +1,11 @@
 #include "elaboration/tools/toolmessages.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QHash>
 #include <QRegExp>
 
 #include "elaboration/tools/safenames.h"
+#include "host/absolutepath.h"
 
 namespace QUARRY {
 namespace {
@@ -96,7 +96,7 @@ namespace {
 
 QString real(const QString &file, const SafeNames &names, const QString &workingDir)
 {
-    return file.isEmpty() ? file : names.real(QDir::cleanPath(QDir(workingDir).absoluteFilePath(file)));
+    return file.isEmpty() ? file : names.real(QUtil::absoluteIn(workingDir, file));
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "elaboration/tools/scratchdir.h"
 #include "elaboration/tools/sourceorder.h"
 #include "elaboration/tools/verilatorflags.h"
+#include "host/absolutepath.h"
 #include "host/designmanager.h"
 
 namespace QUARRY {
@@ -39,11 +40,6 @@ QString parameterArgument(const QString &setting)
         return QLatin1String("-G") + setting;
     return QLatin1String("-G") + setting.section(QLatin1Char('='), 0, 0) + QLatin1String("=\"") + value +
            QLatin1Char('"');
-}
-
-QString absolute(const QString &path, const QString &workingDir)
-{
-    return QDir::cleanPath(QDir(workingDir).absoluteFilePath(path));
 }
 
 } // namespace
@@ -82,7 +78,7 @@ VerilatorRun::VerilatorRun(const DesignInput &input, const ScratchDir &scratch, 
     if (!QFileInfo(m_workingDir).isDir())
         m_workingDir = m_files.isEmpty() ? scratch.path() : QFileInfo(m_files.first()).absolutePath();
     for (const QString &folder : input.libraryPaths + input.includePaths)
-        m_folders.append(absolute(folder, m_workingDir));
+        m_folders.append(QUtil::absoluteIn(m_workingDir, folder));
     m_folders.append(m_workingDir);
     m_parameters = input.parameters;
 }
@@ -206,11 +202,11 @@ QStringList VerilatorRun::folderArguments() const
     if (!m_hidden.isEmpty())
         arguments << QLatin1String("-y") << m_scratch.file(QLatin1String(hiddenFolder));
     for (const QString &path : m_input.libraryPaths)
-        arguments << QLatin1String("-y") << m_names.folder(absolute(path, m_workingDir));
+        arguments << QLatin1String("-y") << m_names.folder(QUtil::absoluteIn(m_workingDir, path));
     for (const QString &suffix : m_input.librarySuffixes)
         arguments << QLatin1String("+libext+") + suffix;
     for (const QString &path : m_input.includePaths)
-        arguments << QLatin1String("-I") + m_names.folder(absolute(path, m_workingDir));
+        arguments << QLatin1String("-I") + m_names.folder(QUtil::absoluteIn(m_workingDir, path));
     arguments << QLatin1String("-I") + m_names.folder(m_workingDir);
     for (const QString &folder : m_names.includeFolders())
         arguments << QLatin1String("-I") + folder;
