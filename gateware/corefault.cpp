@@ -6,6 +6,7 @@
 #include "gateware/expressiontext.h"
 #include "model/jex/matchvalue.h"
 #include "model/jex/zubfields.h"
+#include "model/jex/zubrule.h"
 #include "options/capturemath.h"
 #include "options/triggermath.h"
 
@@ -21,11 +22,6 @@ struct Texts
 // What the identity word of a core can say, and the address of a sample.
 const int widestSample = 65535;
 const int largestStorage = 65536;
-
-bool isPowerOfTwo(int number)
-{
-    return number > 0 && !(number & (number - 1));
-}
 
 QString unitFault(const JEX::MatchUnit &unit)
 {
@@ -75,7 +71,7 @@ QString triggerFault(const JEX::AoCore &core)
 
 QString ownFault(const JEX::AoCore &core)
 {
-    if (!isPowerOfTwo(core.storageSize) || core.storageSize > largestStorage)
+    if (!JEX::isPowerOfTwo(core.storageSize) || core.storageSize > largestStorage)
         return Texts::tr("a storage of %1 samples cannot be made: the size is a power of two up to %2.")
             .arg(core.storageSize)
             .arg(largestStorage);

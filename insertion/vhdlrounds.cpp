@@ -2,27 +2,16 @@
 
 #include <QRegularExpression>
 
-#include "host/regularfile.h"
+#include "elaboration/tools/sourcetext.h"
 #include "insertion/taps.h"
 #include "model/netlist/rtlnetlist.h"
 
 namespace Insertion {
-namespace {
-
-QString sourceOf(const QString &file)
-{
-    QByteArray bytes;
-    QString reason;
-    return QUtil::readRegularFile(file, 64 * QUtil::MiB, &bytes, &reason) ? QString::fromUtf8(bytes)
-                                                                          : QString();
-}
-
-} // namespace
 
 // "gen : for i in 0 to 3 generate"
 VhdlRounds::Direction VhdlRounds::readDirection(const QString &file, const QString &label)
 {
-    const QString source = sourceOf(file);
+    const QString source = QString::fromUtf8(QUARRY::sourceOf(file));
     const QRegularExpression loop(
         "\\b" + QRegularExpression::escape(label) + "\\s*:\\s*for\\s+\\w+\\s+in\\s+(.*?)\\bgenerate\\b",
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);

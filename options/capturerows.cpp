@@ -18,8 +18,6 @@ namespace RTLJEX {
 
 namespace {
 
-const int captureRowType = 0;
-
 bool areAlike(const JEX::SignalItem &a, const JEX::SignalItem &b)
 {
     return a.valid == b.valid;

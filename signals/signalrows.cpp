@@ -12,8 +12,6 @@ namespace RTLJEX {
 
 namespace {
 
-const int captureRowType = 0;
-
 void showText(QTreeWidgetItem *row, const QString &text, bool italic)
 {
     row->setText(0, text);

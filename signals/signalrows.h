@@ -26,6 +26,7 @@ void signal2TreeItemForHierarchy(QTreeWidgetItem *parent, JEX::SignalItem item, 
 // Many rows at once, in order, which saves a search and a notice for each.
 void insertSignalRows(QTreeWidget *tree, const QList<JEX::SignalItem> &items, int index, int type);
 // The same for a capture tree, whose rows come as updateCapEnable() would leave them.
+const int captureRowType = 0;
 void insertCaptureRows(QTreeWidget *tree, const QList<JEX::SignalItem> &items, int index);
 
 // The row as the functions above make it, not yet in a tree.

@@ -17,16 +17,9 @@ struct Texts
 
 const int mostPackages = 100; // for each, files are searched
 
-QString bareText(const QString &file)
+QString bareTextOf(const QString &file)
 {
-    return QString::fromLatin1(withoutComments(sourceOf(file), VerilogSource));
-}
-
-void collect(const QString &text, const QRegExp &pattern, QSet<QString> &names)
-{
-    QRegExp words(pattern);
-    for (int at = words.indexIn(text); at >= 0; at = words.indexIn(text, at + words.matchedLength()))
-        names.insert(words.cap(words.captureCount()));
+    return bareText(sourceOf(file), VerilogSource);
 }
 
 QRegExp declarationOf(const QString &name)
@@ -56,11 +49,11 @@ QSet<QString> scopesOf(const QStringList &sources)
     QSet<QString> scopes;
     for (const char *word : {"std", "local", "super", "this", "$unit", "randomize"})
         scopes.insert(QLatin1String(word));
-    const QRegExp declared(
-        QLatin1String("\\b(package|class|interface|covergroup|type)\\s+(?:automatic\\s+|static\\s+)?(\\w+)"));
+    const char *const declared =
+        "\\b(package|class|interface|covergroup|type)\\s+(?:automatic\\s+|static\\s+)?(\\w+)";
     for (const QString &source : sources) {
-        const QString text = bareText(source);
-        collect(text, declared, scopes);
+        const QString text = bareTextOf(source);
+        collectWords(text, declared, scopes);
         collectTypes(text, scopes);
     }
     return scopes;
@@ -73,7 +66,7 @@ public:
     QString line(const QString &file, int number)
     {
         if (!m_files.contains(file))
-            m_files.insert(file, bareText(file).split(QLatin1Char('\n')));
+            m_files.insert(file, bareTextOf(file).split(QLatin1Char('\n')));
         return m_files.value(file).value(number - 1);
     }
 
@@ -84,11 +77,10 @@ private:
 QSet<QString> namedIn(const ToolMessage &error, Lines &lines)
 {
     QSet<QString> names;
-    collect(error.text, QRegExp(QLatin1String("(?:missing package|Package/class) '(\\w+)'")), names);
+    collectWords(error.text, "(?:missing package|Package/class) '(\\w+)'", names);
     if (names.isEmpty() &&
         (error.text.startsWith(QLatin1String("syntax error")) || error.code == QLatin1String("PKGNODECL")))
-        collect(lines.line(error.file, error.line), QRegExp(QLatin1String("(\\$?\\b[A-Za-z_]\\w*)\\s*::")),
-                names);
+        collectWords(lines.line(error.file, error.line), "(\\$?\\b[A-Za-z_]\\w*)\\s*::", names);
     return names;
 }
 
@@ -128,7 +120,7 @@ QString fileOfPackage(const QString &package, const QStringList &files)
 {
     const QRegExp declaration = declarationOf(package);
     for (const QString &file : files) {
-        if (sourceOf(file).contains(package.toUtf8()) && bareText(file).contains(declaration))
+        if (sourceOf(file).contains(package.toUtf8()) && bareTextOf(file).contains(declaration))
             return file;
     }
     return QString();

@@ -18,11 +18,6 @@ struct SourceWords
     bool isForAll = false; // only types and macros outside of everything: any file may need them
 };
 
-QString bareText(const QByteArray &source, SourceLanguage language)
-{
-    return QString::fromLatin1(withoutComments(source, language));
-}
-
 QStringList entitiesOf(const VhdlScan &scan)
 {
     QStringList names;
@@ -33,13 +28,6 @@ QStringList entitiesOf(const VhdlScan &scan)
     return names;
 }
 
-void collect(const QString &text, const char *pattern, QSet<QString> &names)
-{
-    QRegExp words(QLatin1String(pattern), Qt::CaseInsensitive);
-    for (int at = words.indexIn(text); at >= 0; at = words.indexIn(text, at + words.matchedLength()))
-        names.insert(words.cap(1));
-}
-
 SourceWords wordsOf(const QString &path, SourceLanguage language)
 {
     SourceWords words;
@@ -48,15 +36,15 @@ SourceWords wordsOf(const QString &path, SourceLanguage language)
         return words;
     QString text = bareText(source, language);
     if (language == VerilogSource) {
-        collect(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
-        collect(text, "\\b(\\w+)\\s*::", words.uses);
+        collectWords(text, "\\bpackage\\s+(?:automatic\\s+|static\\s+)?(\\w+)\\s*;", words.declares);
+        collectWords(text, "\\b(\\w+)\\s*::", words.uses);
         words.isForAll = !text.contains(QRegExp(QLatin1String("\\b(?:module|package|interface|program)\\b")));
         return words;
     }
     text = text.toLower();
-    collect(text, "\\b(?:package|entity|configuration|context)\\s+(\\w+)\\s+is\\b", words.declares);
-    collect(text, "\\b\\w+\\.(\\w+)", words.uses);
-    collect(text, "\\b(?:body|of)\\s+(\\w+)\\s+is\\b", words.uses);
+    collectWords(text, "\\b(?:package|entity|configuration|context)\\s+(\\w+)\\s+is\\b", words.declares);
+    collectWords(text, "\\b\\w+\\.(\\w+)", words.uses);
+    collectWords(text, "\\b(?:body|of)\\s+(\\w+)\\s+is\\b", words.uses);
     return words;
 }
 
@@ -135,8 +123,8 @@ QSet<QString> includedNames(const QStringList &files)
 {
     QSet<QString> names;
     for (const QString &path : files)
-        collect(bareText(sourceOf(path), VerilogSource), "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)",
-                names);
+        collectWords(bareText(sourceOf(path), VerilogSource),
+                     "`include\\s+[\"<](?:[^\"<>\n]*/)?([^\"<>/\n]+)", names);
     return names;
 }
 
@@ -147,7 +135,7 @@ SourceNeeds::SourceNeeds(const QStringList &files)
     for (const QString &file : files) {
         const QString text = bareText(sourceOf(file), VerilogSource);
         QSet<QString> &words = m_words[file];
-        collect(text, "\\b([A-Za-z_]\\w*)", words);
+        collectWords(text, "\\b([A-Za-z_]\\w*)", words);
         int at = declared.indexIn(text);
         if (at < 0)
             m_forAll.insert(file);

@@ -75,7 +75,7 @@ Fence fenceIn(const QByteArray &line)
 
 int wordCount(const QByteArray &text, const char *words)
 {
-    return QString::fromLatin1(withoutComments(text, VerilogSource)).count(QRegExp(QLatin1String(words)));
+    return bareText(text, VerilogSource).count(QRegExp(QLatin1String(words)));
 }
 
 // Where the envelope took more of a construct than its inside, what is missing takes the envelope's place.

@@ -1,6 +1,6 @@
 #include "elaboration/tools/sourcetext.h"
 
-#include <QString>
+#include <QRegExp>
 
 #include "host/regularfile.h"
 
@@ -90,6 +90,18 @@ QByteArray withoutComments(QByteArray text, SourceLanguage language)
     for (const TextRange &comment : commentsOf(text, language))
         blank(text, comment);
     return text;
+}
+
+QString bareText(const QByteArray &source, SourceLanguage language)
+{
+    return QString::fromLatin1(withoutComments(source, language));
+}
+
+void collectWords(const QString &text, const char *pattern, QSet<QString> &words)
+{
+    QRegExp word((QLatin1String(pattern)));
+    for (int at = word.indexIn(text); at >= 0; at = word.indexIn(text, at + word.matchedLength()))
+        words.insert(word.cap(word.captureCount()));
 }
 
 } // namespace QUARRY

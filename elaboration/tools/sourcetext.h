@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSet>
+#include <QString>
 
 #include <vector>
 
@@ -28,5 +30,11 @@ void blank(QByteArray &text, TextRange range);
 
 // The text with blanks in place of its comments.
 QByteArray withoutComments(QByteArray text, SourceLanguage language);
+
+// The same as a text of as many letters as the source has bytes.
+QString bareText(const QByteArray &source, SourceLanguage language);
+
+// Adds what the last bracket of a pattern holds, wherever it is found.
+void collectWords(const QString &text, const char *pattern, QSet<QString> &words);
 
 } // namespace QUARRY

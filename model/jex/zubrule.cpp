@@ -6,14 +6,10 @@
 
 namespace JEX {
 
-namespace {
-
 bool isPowerOfTwo(int value)
 {
     return value > 0 && (value & (value - 1)) == 0;
 }
-
-} // namespace
 
 bool Rule::holds(int value) const
 {

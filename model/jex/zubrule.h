@@ -22,6 +22,8 @@ inline bool isWord(const QStringRef &text, const char *word)
     return c == end && !*word;
 }
 
+bool isPowerOfTwo(int value); // not of what is below 1
+
 // The values that a field may hold, and how the ".zub" format spells them.
 struct Rule
 {
