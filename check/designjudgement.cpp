@@ -10,7 +10,7 @@ namespace {
 
 struct Texts
 {
-    Q_DECLARE_TR_FUNCTIONS(RTLJEX::DesignReading)
+    Q_DECLARE_TR_FUNCTIONS(RTLJEX::DesignJudgement)
 };
 
 DesignFault fault(const QString &title, const QString &text)

@@ -106,7 +106,7 @@ void TriggerOptionWidget::setUpPorts()
 void TriggerOptionWidget::setUpMatchUnits()
 {
     m_ui->tableMu->setModel(m_units);
-    m_ui->tableMu->hideColumn(1);
+    m_ui->tableMu->hideColumn(JEX::MatchUnitModel::NumberColumn);
     QUtil::useRowDelegate(m_ui->tableMu);
     m_ui->tableMu->verticalHeader()->hide();
     m_ui->tableMu->horizontalHeader()->setHighlightSections(false);
@@ -339,7 +339,8 @@ void TriggerOptionWidget::editMatchUnit(const QModelIndex &index)
 // Rows are selected whole, so that the key means the box of the row in whatever column the cursor is.
 void TriggerOptionWidget::toggleUnit()
 {
-    const QModelIndex box = m_units->index(m_ui->tableMu->currentIndex().row(), 0);
+    const QModelIndex box =
+        m_units->index(m_ui->tableMu->currentIndex().row(), JEX::MatchUnitModel::EnabledColumn);
     const bool enabled = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     m_units->setData(box, enabled ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
@@ -415,7 +416,10 @@ int TriggerOptionWidget::checkedUnits() const
 {
     int count = 0;
     for (int row = 0; row < m_units->rowCount(); ++row)
-        count += m_units->index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked ? 1 : 0;
+        count += m_units->index(row, JEX::MatchUnitModel::EnabledColumn).data(Qt::CheckStateRole).toInt() ==
+                         Qt::Checked
+                     ? 1
+                     : 0;
     return count;
 }
 

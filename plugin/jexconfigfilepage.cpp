@@ -34,7 +34,7 @@ public:
 } // namespace
 
 JexConfigFilePage::JexConfigFilePage(QMap<QString, QVariant> *fields, QWidget *parent)
-    : QWizardPage(parent), m_fields(fields), m_ui(new Ui::JexConfigFilePage)
+    : QWizardPage(parent), m_fields(fields), m_ui(new Ui_JexConfigFilePage)
 {
     m_ui->setupUi(this);
     // What no file system takes in a name, and the dot: the extension is fixed.

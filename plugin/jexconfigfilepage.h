@@ -1,16 +1,14 @@
 #pragma once
 
 #include <QMap>
-#include <QScopedPointer>
 #include <QString>
 #include <QVariant>
 #include <QWizardPage>
+#include <memory>
 
 namespace RTLJEX {
 
-namespace Ui {
-class JexConfigFilePage;
-}
+class Ui_JexConfigFilePage;
 
 // Asks for the name of the new file in the folder "jex_config_path"; writes the full path as
 // "jex_config_file". An existing file is accepted only after a question.
@@ -29,7 +27,7 @@ private:
     static QString findProperName();
 
     QMap<QString, QVariant> *m_fields; // the wizard's
-    QScopedPointer<Ui::JexConfigFilePage> m_ui;
+    std::unique_ptr<Ui_JexConfigFilePage> m_ui;
 };
 
 } // namespace RTLJEX

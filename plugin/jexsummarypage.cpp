@@ -8,7 +8,7 @@
 namespace RTLJEX {
 
 JexSummaryPage::JexSummaryPage(QMap<QString, QVariant> *fields, QWidget *parent)
-    : QWizardPage(parent), m_fields(fields), m_ui(new Ui::JexSummaryPage)
+    : QWizardPage(parent), m_fields(fields), m_ui(new Ui_JexSummaryPage)
 {
     m_ui->setupUi(this);
     m_ui->textEdit->setWordWrapMode(QTextOption::NoWrap);

@@ -1,16 +1,14 @@
 #pragma once
 
 #include <QMap>
-#include <QScopedPointer>
 #include <QString>
 #include <QVariant>
 #include <QWizardPage>
+#include <memory>
 
 namespace RTLJEX {
 
-namespace Ui {
-class JexSummaryPage;
-}
+class Ui_JexSummaryPage;
 
 // Shows what the pages before it wrote.
 class JexSummaryPage : public QWizardPage
@@ -25,7 +23,7 @@ public:
 
 private:
     QMap<QString, QVariant> *m_fields; // the wizard's
-    QScopedPointer<Ui::JexSummaryPage> m_ui;
+    std::unique_ptr<Ui_JexSummaryPage> m_ui;
 };
 
 } // namespace RTLJEX

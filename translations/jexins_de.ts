@@ -617,29 +617,6 @@
     </message>
 </context>
 <context>
-    <name>QUARRY::Findings</name>
-    <message>
-        <source>WARNING: No module is named &quot;%1&quot;. The top modules of the design are: %2</source>
-        <translation>WARNING: Kein Modul heißt „%1“. Die Top-Module des Designs sind: %2</translation>
-    </message>
-    <message>
-        <source>WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1</source>
-        <translation>WARNING: Was in diesen Dateien verschlüsselt ist, wird nicht gezeigt, als läge es in einer Blackbox: %1</translation>
-    </message>
-    <message>
-        <source>WARNING: These modules have no definition and are shown as black boxes, with nothing inside: %1</source>
-        <translation>WARNING: Diese Module haben keine Definition und werden als leere Blackboxes gezeigt: %1</translation>
-    </message>
-    <message>
-        <source>WARNING: Module %1 is in %2, which the project has disabled.</source>
-        <translation>WARNING: Modul %1 steht in %2, das im Projekt deaktiviert ist.</translation>
-    </message>
-    <message>
-        <source>WARNING: Module %1 is in %2, which is no source of the project.</source>
-        <translation>WARNING: Modul %1 steht in %2, das keine Quelle des Projekts ist.</translation>
-    </message>
-</context>
-<context>
     <name>QUARRY::MissingPackages</name>
     <message>
         <source>package %1 is in no file of the project</source>
@@ -727,6 +704,29 @@
     <message>
         <source>What is bound to a single instance is not shown. Bind it to the module.</source>
         <translation>Was an eine einzelne Instanz gebunden ist, wird nicht gezeigt. Binden Sie es an das Modul.</translation>
+    </message>
+</context>
+<context>
+    <name>QUARRY::ReadingSentences</name>
+    <message>
+        <source>WARNING: No module is named &quot;%1&quot;. The top modules of the design are: %2</source>
+        <translation>WARNING: Kein Modul heißt „%1“. Die Top-Module des Designs sind: %2</translation>
+    </message>
+    <message>
+        <source>WARNING: What is encrypted in these files is not shown, as if it were in a black box: %1</source>
+        <translation>WARNING: Was in diesen Dateien verschlüsselt ist, wird nicht gezeigt, als läge es in einer Blackbox: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: These modules have no definition and are shown as black boxes, with nothing inside: %1</source>
+        <translation>WARNING: Diese Module haben keine Definition und werden als leere Blackboxes gezeigt: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: Module %1 is in %2, which the project has disabled.</source>
+        <translation>WARNING: Modul %1 steht in %2, das im Projekt deaktiviert ist.</translation>
+    </message>
+    <message>
+        <source>WARNING: Module %1 is in %2, which is no source of the project.</source>
+        <translation>WARNING: Modul %1 steht in %2, das keine Quelle des Projekts ist.</translation>
     </message>
 </context>
 <context>
@@ -1295,7 +1295,7 @@
     </message>
 </context>
 <context>
-    <name>RTLJEX::DesignReading</name>
+    <name>RTLJEX::DesignJudgement</name>
     <message>
         <source>Error</source>
         <translation>Fehler</translation>

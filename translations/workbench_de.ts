@@ -1644,6 +1644,25 @@ Overwrite it, or discard what was edited here?</source>
     </message>
 </context>
 <context>
+    <name>Workbench::ShownSource</name>
+    <message>
+        <source>Can not show %1: %2.</source>
+        <translation>%1 kann nicht gezeigt werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 is a binary file, which is not shown.</source>
+        <translation>%1 ist eine Binärdatei, die nicht gezeigt wird.</translation>
+    </message>
+    <message>
+        <source>The first %1 lines are shown.</source>
+        <translation>Es werden die ersten %1 Zeilen gezeigt.</translation>
+    </message>
+    <message>
+        <source>Lines are shown up to their first %1 letters.</source>
+        <translation>Zeilen werden bis zu ihren ersten %1 Zeichen gezeigt.</translation>
+    </message>
+</context>
+<context>
     <name>Workbench::SignalTransfer</name>
     <message>
         <source>&amp;Copy Signals</source>
@@ -1775,25 +1794,6 @@ Ist er leer, werden Quelldateien in einem Reiter der Workbench gezeigt:</transla
     <message>
         <source>Nothing was changed.</source>
         <translation>Es wurde nichts geändert.</translation>
-    </message>
-</context>
-<context>
-    <name>Workbench::SourceText</name>
-    <message>
-        <source>Can not show %1: %2.</source>
-        <translation>%1 kann nicht gezeigt werden: %2.</translation>
-    </message>
-    <message>
-        <source>%1 is a binary file, which is not shown.</source>
-        <translation>%1 ist eine Binärdatei, die nicht gezeigt wird.</translation>
-    </message>
-    <message>
-        <source>The first %1 lines are shown.</source>
-        <translation>Es werden die ersten %1 Zeilen gezeigt.</translation>
-    </message>
-    <message>
-        <source>Lines are shown up to their first %1 letters.</source>
-        <translation>Zeilen werden bis zu ihren ersten %1 Zeichen gezeigt.</translation>
     </message>
 </context>
 <context>

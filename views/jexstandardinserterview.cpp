@@ -18,7 +18,7 @@ namespace RTLJEX {
 using private_impl::JexStandardInserterViewPrivate;
 
 JexStandardInserterView::JexStandardInserterView(QWidget *parent)
-    : EditorView(parent), ui(new Ui::JexStandardInserterView), m_changedBanner(nullptr)
+    : EditorView(parent), ui(new Ui_JexStandardInserterView), m_changedBanner(nullptr)
 {
     ui->setupUi(this);
     d.reset(new JexStandardInserterViewPrivate(this, ui->bannerContainer));

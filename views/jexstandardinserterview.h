@@ -2,6 +2,7 @@
 
 #include <QModelIndex>
 #include <QScopedPointer>
+#include <memory>
 
 #include "views/editorview.h"
 
@@ -10,9 +11,7 @@ class QPoint;
 namespace RTLJEX {
 
 class AoOptionWidget;
-namespace Ui {
-class JexStandardInserterView;
-}
+class Ui_JexStandardInserterView;
 namespace private_impl {
 class JexStandardInserterViewPrivate;
 }
@@ -62,7 +61,7 @@ private Q_SLOTS:
 private:
     QString coreTitle(int index) const;
 
-    QScopedPointer<Ui::JexStandardInserterView> ui;
+    std::unique_ptr<Ui_JexStandardInserterView> ui;
     // After the form: it takes its pages out of it when it dies.
     QScopedPointer<private_impl::JexStandardInserterViewPrivate> d;
     QWidget *m_changedBanner; // child

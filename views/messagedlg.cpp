@@ -8,7 +8,7 @@
 
 namespace RTLJEX {
 
-MessageDlg::MessageDlg(QWidget *parent) : QDialog(parent), m_ui(new Ui::MessageDlg)
+MessageDlg::MessageDlg(QWidget *parent) : QDialog(parent), m_ui(new Ui_MessageDlg)
 {
     m_ui->setupUi(this);
     connect(m_ui->buttonBox, SIGNAL(accepted()), this, SLOT(accept()));

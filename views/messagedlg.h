@@ -1,14 +1,12 @@
 #pragma once
 
 #include <QDialog>
-#include <QScopedPointer>
 #include <QStringList>
+#include <memory>
 
 namespace RTLJEX {
 
-namespace Ui {
-class MessageDlg;
-}
+class Ui_MessageDlg;
 
 // Lists the messages of the design parser. A double click selects the whole line that it hits, so that
 // one message can be copied; Ctrl and the wheel zoom, as in every read-only text.
@@ -25,7 +23,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QScopedPointer<Ui::MessageDlg> m_ui;
+    std::unique_ptr<Ui_MessageDlg> m_ui;
 };
 
 } // namespace RTLJEX

@@ -25,7 +25,7 @@ public:
     void setNlsData(QUARRY::RtlNetlist *fresh) override;
     QWidget *showPage(int core) override; // what the box of cores does not do
 
-    Ui::JexLiteInserterView ui;
+    Ui_JexLiteInserterView ui;
 
 protected:
     void makePages(); // for the cores of the file

@@ -8,7 +8,7 @@
 namespace RTLJEX {
 
 ReloadBanner::ReloadBanner(CheckType type, const QString &fileName, QWidget *parent)
-    : QWidget(parent), m_ui(new Ui::ReloadBanner)
+    : QWidget(parent), m_ui(new Ui_ReloadBanner)
 {
     m_ui->setupUi(this);
     const bool removed = type == Removed;

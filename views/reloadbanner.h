@@ -1,17 +1,15 @@
 #pragma once
 
 #include <QHash>
-#include <QScopedPointer>
 #include <QString>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace RTLJEX {
 
-namespace Ui {
-class ReloadBanner;
-}
+class Ui_ReloadBanner;
 
 // A strip above an editor that asks what to do about a file, or a design, that others changed. It only
 // asks: whoever gets the answer hides it and deletes it later.
@@ -43,7 +41,7 @@ private Q_SLOTS:
     void giveAnswer();
 
 private:
-    QScopedPointer<Ui::ReloadBanner> m_ui;
+    std::unique_ptr<Ui_ReloadBanner> m_ui;
     QHash<const QObject *, std::function<void()>> m_answers; // by button
 };
 

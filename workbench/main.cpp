@@ -18,7 +18,6 @@
 #include "host/modal.h"
 #include "host/pluginmanager.h"
 #include "workbench/boxrecorder.h"
-#include "workbench/commandline.h"
 #include "workbench/crashnote.h"
 #include "workbench/icons.h"
 #include "workbench/logfile.h"
@@ -27,6 +26,7 @@
 #include "workbench/report.h"
 #include "workbench/runmenu.h"
 #include "workbench/sessionend.h"
+#include "workbench/startoptions.h"
 #include "workbench/translations.h"
 #include "workbench/workspace.h"
 

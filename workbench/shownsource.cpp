@@ -1,4 +1,4 @@
-#include "workbench/sourcetext.h"
+#include "workbench/shownsource.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -10,7 +10,7 @@ namespace {
 
 struct Texts
 {
-    Q_DECLARE_TR_FUNCTIONS(Workbench::SourceText)
+    Q_DECLARE_TR_FUNCTIONS(Workbench::ShownSource)
 };
 
 const qint64 sizeLimit = 8 * QUtil::MiB;
@@ -69,9 +69,9 @@ bool cutLines(QString &text)
 
 } // namespace
 
-SourceText readSourceText(const QString &path)
+ShownSource readShownSource(const QString &path)
 {
-    SourceText source;
+    ShownSource source;
     QByteArray bytes;
     QString reason;
     const QString shown = QDir::toNativeSeparators(path);

@@ -6,7 +6,7 @@ namespace Workbench {
 
 // A source as the user gets to see it: lines are those of the tools, whatever ends them, and what would keep
 // a window busy is bounded.
-struct SourceText
+struct ShownSource
 {
     QString text;
     QString notice;       // what is not shown, or why nothing is; empty: all is shown
@@ -14,6 +14,6 @@ struct SourceText
 };
 
 // Opens nothing but a regular file, and waits for nothing.
-SourceText readSourceText(const QString &path);
+ShownSource readShownSource(const QString &path);
 
 } // namespace Workbench

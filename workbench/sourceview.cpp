@@ -13,9 +13,9 @@
 #include "host/viewmanager.h"
 #include "workbench/findbar.h"
 #include "workbench/projectwatch.h"
+#include "workbench/shownsource.h"
 #include "workbench/sourceedit.h"
 #include "workbench/sourceplace.h"
-#include "workbench/sourcetext.h"
 
 namespace Workbench {
 namespace {
@@ -74,7 +74,7 @@ void SourceView::open(const SourcePlace &place)
 // What is in view stays there when the file changed.
 void SourceView::load()
 {
-    const SourceText source = readSourceText(m_path);
+    const ShownSource source = readShownSource(m_path);
     m_notice->setText(source.notice);
     m_notice->setVisible(!source.notice.isEmpty());
     if (source.text == m_edit->toPlainText())

@@ -1,4 +1,4 @@
-#include "workbench/commandline.h"
+#include "workbench/startoptions.h"
 
 #include <QCommandLineParser>
 

@@ -9,7 +9,7 @@ namespace {
 
 struct Texts
 {
-    Q_DECLARE_TR_FUNCTIONS(QUARRY::Findings)
+    Q_DECLARE_TR_FUNCTIONS(QUARRY::ReadingSentences)
 };
 
 QStringList sentences(const QString &text, const QStringList &names)

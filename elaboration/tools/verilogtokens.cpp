@@ -69,12 +69,13 @@ int VerilogTokens::take(int at)
     if (!isLetter(c) && c != '`' && c != '\\')
         return std::isspace(uchar(c)) ? at + 1 : add(at, at + 1);
     int end = at + 1;
-    if (c == '\\') // an escaped name ends at a blank; in front of a line end it is no name
+    if (c == '\\') { // an escaped name ends at a blank; in front of a line end it is no name
         while (end < m_text.size() && !std::isspace(uchar(m_text.at(end))))
             ++end;
-    else
+    } else {
         while (end < m_text.size() && isLetter(m_text.at(end)))
             ++end;
+    }
     if (c == '\\' && end == at + 1)
         return end;
     if (c == '`' && m_text.mid(at, end - at) == "`define")

@@ -144,23 +144,24 @@ private Q_SLOTS:
         columns<QString, int, int, int, int, QString, bool>("clock", "edge", "amount", "position", "segments",
                                                             "value", "byNetlist");
         for (bool byNetlist : {false, true}) {
+            using namespace JEX;
             const auto both = [byNetlist](const char *clock, int edge, int amount, int position, int segments,
                                           const char *value) {
                 const QString name = QString("%1 %2 %3 %4 %5").arg(clock).arg(edge).arg(amount).arg(position);
                 row(name.arg(byNetlist).toUtf8(), clock, edge, amount, position, segments, value, byNetlist);
             };
-            both("top/clk", 0, 64, -1, 1, "");
-            both("top/clk", 1, 64, 10, 4, "00010110");
-            both("top/clk2", 0, 32, 0, 2, "XXXX01XX");
-            both("top/clk", 0, 16, 12, 8, "XXX00000");
-            both("top/clk2", 1, 128, -1, 1, "");
-            both("top/clk", 0, 256, 252, 1, "1XXXXXXX");
-            both("top/clk2", 0, 16, -1, 1, "");
-            both("top/clk", 1, 512, -1, 1, "");
-            both("top/clk", 0, 32, 28, 4, "XXXXXX11");
-            both("top/clk2", 1, 64, 31, 4, "XXXXX00X");
-            both("top/clk", 1, 4, 0, 16, "XXXX1111");
-            both("top/clk2", 1, 256, 1, 1, "0XXXXXX1");
+            both("top/clk", RisingEdge, 64, -1, 1, "");
+            both("top/clk", FallingEdge, 64, 10, 4, "00010110");
+            both("top/clk2", RisingEdge, 32, 0, 2, "XXXX01XX");
+            both("top/clk", RisingEdge, 16, 12, 8, "XXX00000");
+            both("top/clk2", FallingEdge, 128, -1, 1, "");
+            both("top/clk", RisingEdge, 256, 252, 1, "1XXXXXXX");
+            both("top/clk2", RisingEdge, 16, -1, 1, "");
+            both("top/clk", FallingEdge, 512, -1, 1, "");
+            both("top/clk", RisingEdge, 32, 28, 4, "XXXXXX11");
+            both("top/clk2", FallingEdge, 64, 31, 4, "XXXXX00X");
+            both("top/clk", FallingEdge, 4, 0, 16, "XXXX1111");
+            both("top/clk2", FallingEdge, 256, 1, 1, "0XXXXXX1");
         }
     }
     void windows()
@@ -195,7 +196,7 @@ private Q_SLOTS:
         Insertion::Analyzer analyzer(configuration, RTLJEX::CoreOptions(), *m_netlist);
         const Insertion::Analyzer::Core &made = analyzer.cores().first();
         const Record record(job->record());
-        const char level = edge == 0 ? '1' : '0';
+        const char level = edge == JEX::RisingEdge ? '1' : '0';
         const QList<QByteArray> all = record.samples(made.clock, level, made.ports.first().bits);
         QVERIFY(all.size() > 300);
         const QList<RTLJEX::CapturedWindow> captured = job->captured().first().windows;

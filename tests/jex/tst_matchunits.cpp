@@ -152,22 +152,25 @@ private Q_SLOTS:
         MatchUnitModel model(desk.core.matchUnits);
         QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         desk.bind(1, MatchInRange, "000001", "0000R1");
-        QString texts = model.headerData(2, Qt::Horizontal).toString();
+        QString texts = model.headerData(MatchUnitModel::UnitColumn, Qt::Horizontal).toString();
         for (int i = 0; i < 2 * model.columnCount(); ++i)
             texts += '|' + model.index(i % 2 ? 15 : 3, i / 2).data().toString();
         QCOMPARE(texts, QString("Unit|||3|15|M3|M15|1 (6 bits)|Not bound|In range||"
                                 "000001 to 0000R1|"));
-        QCOMPARE(model.index(3, 5).data(Qt::ToolTipRole).toString(), matchUnitFault(*desk.unit));
+        QCOMPARE(model.index(3, MatchUnitModel::ValueColumn).data(Qt::ToolTipRole).toString(),
+                 matchUnitFault(*desk.unit));
 
         QSignalSpy matchChange(&model, SIGNAL(matchChange()));
         QSignalSpy layoutChanged(&model, SIGNAL(layoutChanged()));
         QSignalSpy dataChanged(&model, SIGNAL(dataChanged(QModelIndex, QModelIndex)));
-        QVERIFY(model.flags(model.index(3, 0)) & Qt::ItemIsUserCheckable);
+        QVERIFY(model.flags(model.index(3, MatchUnitModel::EnabledColumn)) & Qt::ItemIsUserCheckable);
         for (int i = 0; i < 2; ++i) // the second time nothing changes
-            QVERIFY(model.setData(model.index(3, 0), Qt::Checked, Qt::CheckStateRole));
-        QCOMPARE(model.index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+            QVERIFY(model.setData(model.index(3, MatchUnitModel::EnabledColumn), Qt::Checked,
+                                  Qt::CheckStateRole));
+        QCOMPARE(model.index(3, MatchUnitModel::EnabledColumn).data(Qt::CheckStateRole).toInt(),
+                 int(Qt::Checked));
         QVERIFY(desk.unit->enabled);
-        QVERIFY(!model.setData(model.index(3, 5), "1"));
+        QVERIFY(!model.setData(model.index(3, MatchUnitModel::ValueColumn), "1"));
         QCOMPARE(matchChange.size(), 1);
         model.updateRow(9);
         model.updateRow(16);
@@ -178,7 +181,7 @@ private Q_SLOTS:
         model.setMatcherList(desk.core.matchUnits.mid(0, 10));
         QCOMPARE(reset.size(), 1);
         QCOMPARE(model.rowCount(), 10);
-        QCOMPARE(model.muFromIndex(model.index(9, 3)), desk.core.matchUnit(9));
+        QCOMPARE(model.muFromIndex(model.index(9, MatchUnitModel::PortColumn)), desk.core.matchUnit(9));
         QVERIFY(!model.muFromIndex(QModelIndex()));
         QCOMPARE(matchChange.size() + layoutChanged.size(), 1);
     }

@@ -58,9 +58,10 @@ private Q_SLOTS:
         CapturePage page(standard, "g:group_0[1:0]=both{s:top/clk,^s:top/rst} s:top/u0/ready !s:top/x");
         JEX::AoCore &ao = page.aoCore;
         JEX::AOCore_Lite &lite = page.liteCore;
-        QList<QPair<qint32 *, qint32>> numbers{{standard ? &ao.sampleEdge : &lite.sampleEdge, 1},
-                                               {&page.implementationField, 2},
-                                               {standard ? &ao.captureAmount : &lite.captureAmount, 512}};
+        QList<QPair<qint32 *, qint32>> numbers{
+            {standard ? &ao.sampleEdge : &lite.sampleEdge, JEX::FallingEdge},
+            {&page.implementationField, 2},
+            {standard ? &ao.captureAmount : &lite.captureAmount, 512}};
         if (standard)
             numbers << qMakePair(&ao.storageSize, 4096) << qMakePair(&ao.windowNumber, 3)
                     << qMakePair(&ao.triggerPosition, 77);

@@ -1,3 +1,4 @@
+#include "model/jex/matchunitmodel.h"
 #include "options/aooptionwidget.h"
 #include "options/liteaooptionwidget.h"
 #include "tests/options/pages.h"
@@ -153,7 +154,8 @@ private Q_SLOTS:
             core.matchUnits[unit]->enabled = true;
         page.open();
         QCOMPARE(page.shown(), QString("Static 10: M1&M2,-M11&M2,M3; BSRAM REG:REG; Register Usage : 6/0"));
-        page.units()->model()->setData(page.units()->model()->index(6, 0), Qt::Checked, Qt::CheckStateRole);
+        QAbstractItemModel *units = page.units()->model();
+        units->setData(units->index(6, JEX::MatchUnitModel::EnabledColumn), Qt::Checked, Qt::CheckStateRole);
         QCOMPARE(page.child<QLabel>("UsageValue")->text(), QString("Register Usage : 10/0"));
         QCOMPARE(page.modified->size(), 1);
 

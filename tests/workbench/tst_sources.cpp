@@ -4,10 +4,10 @@
 #include "tests/support/files.h"
 #include "tests/support/modaldriver.h"
 #include "tests/support/tablerow.h"
+#include "workbench/shownsource.h"
 #include "workbench/sourceedit.h"
 #include "workbench/sourceopener.h"
 #include "workbench/sourceplace.h"
-#include "workbench/sourcetext.h"
 #include "workbench/sourceview.h"
 
 using namespace Workbench;
@@ -44,7 +44,7 @@ private Q_SLOTS:
         auto [bytes, notice] = textCells("bytes", "notice");
         const Folder dir;
         const QString path = dir.write("a.v", bytes.toLatin1());
-        const SourceText source = readSourceText(path);
+        const ShownSource source = readShownSource(path);
         QTEST(source.text, "text");
         QCOMPARE(source.notice, notice.replace("%1", path));
     }
@@ -55,10 +55,10 @@ private Q_SLOTS:
         const QString pipe = dir.path("pipe"), big = dir.write("big.v", "x");
         QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
         QVERIFY(QFile::resize(big, qint64(1) << 32));
-        QCOMPARE(readSourceText(pipe).notice,
+        QCOMPARE(readShownSource(pipe).notice,
                  "Can not show " + pipe + ": it is a named pipe, not a regular file.");
-        QVERIFY(readSourceText(big).notice.startsWith("Can not show " + big + ": "));
-        QVERIFY(readSourceText(dir.path("gone")).notice.startsWith("Can not show "));
+        QVERIFY(readShownSource(big).notice.startsWith("Can not show " + big + ": "));
+        QVERIFY(readShownSource(dir.path("gone")).notice.startsWith("Can not show "));
     }
 
     // The work grows with more than the length of a line.
@@ -66,9 +66,9 @@ private Q_SLOTS:
     {
         const Folder dir;
         const QByteArray word = "wire a; ";
-        QVERIFY(!readSourceText(dir.write("a.v", word.repeated(120) + '\n' + word)).isLarge);
-        QVERIFY(readSourceText(dir.write("b.v", word + '\n' + word.repeated(130) + '\n' + word)).isLarge);
-        QVERIFY(readSourceText(dir.write("c.v", word + '\n' + word.repeated(130))).isLarge);
+        QVERIFY(!readShownSource(dir.write("a.v", word.repeated(120) + '\n' + word)).isLarge);
+        QVERIFY(readShownSource(dir.write("b.v", word + '\n' + word.repeated(130) + '\n' + word)).isLarge);
+        QVERIFY(readShownSource(dir.write("c.v", word + '\n' + word.repeated(130))).isLarge);
     }
 
     // Each line takes the widget some hundred bytes, and some time.

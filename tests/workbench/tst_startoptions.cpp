@@ -7,11 +7,11 @@
 #include "tests/host/projecttext.h"
 #include "tests/support/tablerow.h"
 #include "tests/support/workspace.h"
-#include "workbench/commandline.h"
+#include "workbench/startoptions.h"
 
 using namespace Workbench;
 
-class CommandLineTest : public QObject
+class StartOptionsTest : public QObject
 {
     Q_OBJECT
 
@@ -119,5 +119,5 @@ private:
     Workspace m_work;
 };
 
-QTEST_GUILESS_MAIN(CommandLineTest)
-#include "tst_commandline.moc"
+QTEST_GUILESS_MAIN(StartOptionsTest)
+#include "tst_startoptions.moc"
