@@ -58,6 +58,7 @@ DeviceDialog::DeviceDialog(const DEV::DeviceArg &current, QWidget *parent)
       m_note(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
+    setProperty("helpTopic", "project");
     setWindowTitle(tr("Device"));
     resize(840, 460);
     m_filter->setPlaceholderText(tr("Filter, or a part number"));

@@ -10,54 +10,15 @@ static void initializeResources()
 }
 
 namespace Workbench {
-namespace {
-
-const char *const noTopic = "index";
-
-// Windows of the workbench. Those of the editor say theirs by the property.
-const struct
-{
-    const char *className;
-    const char *topic;
-} topics[] = {
-    {"Workbench::DeviceDialog", "project"},  {"Workbench::MainWindow", "window"},
-    {"Workbench::MessagePane", "messages"},  {"Workbench::NewFileDialog", "new"},
-    {"Workbench::NetlistPane", "netlist"},   {"Workbench::OptionsDialog", "project"},
-    {"Workbench::ProjectTree", "project"},   {"Workbench::RecoveryDialog", "recovery"},
-    {"Workbench::ReopenBanner", "recovery"}, {"Workbench::SimulateDialog", "run"},
-};
-
-QString ownTopic(const QWidget *widget)
-{
-    const QString said = widget->property("helpTopic").toString();
-    if (!said.isEmpty())
-        return said;
-    for (const auto &entry : topics) {
-        if (widget->inherits(entry.className))
-            return entry.topic;
-    }
-    return QString();
-}
-
-} // namespace
 
 QString helpTopic(const QWidget *widget)
 {
     for (; widget; widget = widget->parentWidget()) {
-        const QString topic = ownTopic(widget);
+        const QString topic = widget->property("helpTopic").toString();
         if (!topic.isEmpty())
             return topic;
     }
-    return noTopic;
-}
-
-QStringList helpTopics()
-{
-    QStringList all = {noTopic};
-    for (const auto &entry : topics)
-        all << entry.topic;
-    all.removeDuplicates();
-    return all;
+    return "index";
 }
 
 QString guidePage(const QString &topic)

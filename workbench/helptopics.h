@@ -1,18 +1,14 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 class QWidget;
 
 namespace Workbench {
 
 // The page of the guide that is about this widget, "trigger": what the nearest widget around it says of
-// itself by its property "helpTopic", or else by its class. "index" where none does.
+// itself by its property "helpTopic". "index" where none does.
 QString helpTopic(const QWidget *widget);
-
-// All that the above can give of itself.
-QStringList helpTopics();
 
 // The page's text in Markdown, without the pictures, which are larger than a window beside another; empty for
 // one that there is not.

@@ -77,6 +77,7 @@ MainWindow::MainWindow(QSettings *settings, QWidget *parent)
       m_topLabel(new QLabel),
       m_deviceLabel(new QLabel)
 {
+    setProperty("helpTopic", "window");
     Core::ViewManager *views = Core::ViewManager::instance();
     m_center->addWidget(m_hint);
     m_center->addWidget(views->tabWidget());

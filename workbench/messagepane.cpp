@@ -149,6 +149,7 @@ MessagePane::MessagePane(QWidget *parent)
       m_filter(new MessageFilter(this)),
       m_list(new MessageList([this] { copy(); }))
 {
+    setProperty("helpTopic", "messages");
     m_filter->setSourceModel(m_model);
     m_list->setModel(m_filter);
     m_list->setItemDelegate(new MessageDelegate(m_list));

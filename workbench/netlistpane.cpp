@@ -50,6 +50,7 @@ NetlistPane::NetlistPane(DesignNetlist *design, QSettings *settings, QWidget *pa
       m_list(new QTreeView),
       m_status(new QLabel)
 {
+    setProperty("helpTopic", "netlist");
     createFilter();
     createLists();
     auto *filter = new QHBoxLayout;

@@ -21,6 +21,7 @@ NewFileDialog::NewFileDialog(const QString &folder, QWidget *parent)
       m_folder(new QLineEdit(QDir::toNativeSeparators(folder))),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
+    setProperty("helpTopic", "new");
     setWindowTitle(tr("New File"));
     resize(480, 320);
     for (const Core::IFileWizardFactory *factory : Core::FileWizardRegistry::factories()) {

@@ -50,6 +50,7 @@ QWidget *newList(const Core::Project &project, const Core::ProjectOption &option
 
 OptionsDialog::OptionsDialog(Core::Project *project, QWidget *parent) : QDialog(parent), m_project(project)
 {
+    setProperty("helpTopic", "project");
     setWindowTitle(tr("Project Options"));
     resize(560, 420);
     auto *form = new QFormLayout;

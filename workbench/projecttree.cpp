@@ -88,6 +88,7 @@ QString topText(const QString &top)
 
 ProjectTree::ProjectTree(QWidget *parent) : QTreeWidget(parent)
 {
+    setProperty("helpTopic", "project");
     setHeaderHidden(true);
     setColumnCount(2);
     header()->setStretchLastSection(false);

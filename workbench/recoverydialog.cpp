@@ -55,6 +55,7 @@ QString differenceText(const KeptState &state, int lines)
 RecoveryDialog::RecoveryDialog(const QList<KeptState> &states, QWidget *parent)
     : QDialog(parent), m_states(states), m_list(new QTreeWidget)
 {
+    setProperty("helpTopic", "recovery");
     setWindowTitle(tr("Recover Files"));
     auto *text = new QLabel(
         tr("A workbench ended before these files were saved. What was edited is kept. Recovering opens "

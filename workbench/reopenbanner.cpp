@@ -17,6 +17,7 @@ ReopenBanner::ReopenBanner(Recovery *recovery, DesignNetlist *design, QWidget *p
       m_text(new QLabel),
       m_open(new QPushButton(tr("&Open Again")))
 {
+    setProperty("helpTopic", "recovery");
     auto *icon = new QLabel;
     icon->setPixmap(QPixmap(":/utils/image/attention.png"));
     m_text->setTextFormat(Qt::PlainText);

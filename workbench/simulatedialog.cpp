@@ -38,6 +38,7 @@ SimulateDialog::SimulateDialog(const QString &waveform, QSettings *settings, QWi
       m_note(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
+    setProperty("helpTopic", "run");
     setWindowTitle(tr("Simulate Capture"));
     resize(600, 320);
     m_bench->setAccessibleName(tr("Test Bench")); // a list does not take that of its label

@@ -11,15 +11,18 @@
 
 using namespace Workbench;
 
-// Of all windows: those of the editor say theirs in their forms.
+// Of all windows, which say theirs in forms and constructors.
 static QStringList allTopics()
 {
-    QStringList topics = helpTopics();
-    const QRegularExpression said("\"helpTopic\".*<string notr=\"true\">(.*)</string>");
-    for (const QFileInfo &form : QDir(FORMS).entryInfoList({"*.ui"})) {
-        QFile file(form.filePath());
-        if (file.open(QIODevice::ReadOnly))
-            topics << said.match(file.readAll()).captured(1);
+    QStringList topics = {"index"};
+    const QRegularExpression said("\"helpTopic\"(?:, \"|.*<string notr=\"true\">)([a-z]+)");
+    for (const char *folder : {"forms", "plugin", "trigger", "workbench"}) {
+        for (const QFileInfo &source :
+             QDir(QDir(SOURCES).filePath(folder)).entryInfoList({"*.ui", "*.cpp"})) {
+            QFile file(source.filePath());
+            if (file.open(QIODevice::ReadOnly))
+                topics << said.match(file.readAll()).captured(1);
+        }
     }
     topics.removeAll(QString());
     return topics;
