@@ -21,7 +21,13 @@ struct Desk
 
     void bind(int port, MatchFunction function, const char *value, const char *upper = "")
     {
-        *unit = {3, false, core.getTrigger(port), function, value, upper, &core};
+        *unit = MatchUnit();
+        unit->unitNumber = 3;
+        unit->triggerPort = core.getTrigger(port);
+        unit->function = function;
+        unit->value = value;
+        unit->upperValue = upper;
+        unit->core = &core;
     }
 
     void open(bool readOnly = false)

@@ -2,6 +2,7 @@
 #include <QtWidgets>
 
 #include "host/translation.h"
+#include "model/jex/resourcetable.h"
 #include "tests/support/files.h"
 #include "tools/pseudotexts.h"
 #include "tools/windowtour.h"
@@ -267,18 +268,24 @@ private:
         return found;
     }
 
+    static bool isResource(const QString &text)
+    {
+        return std::any_of(std::begin(JEX_TOOL::resources), std::end(JEX_TOOL::resources),
+                           [&](const JEX_TOOL::Resource &resource) { return text == resource.name; });
+    }
+
     // What went past the translation.
     QStringList plainIn(QWidget *window, const QString &name)
     {
         static const QRegularExpression word("[A-Za-z]{3}"),
             data("[/"
-                 "\\[]|\\.(zub|jexprj|v|vhd|sv)\\b|^(BSRAM|SSRAM|REG|XOR|LFE5U.*|soc|group_\\d+)$|^1[38]"
+                 "\\[]|\\.(zub|jexprj|v|vhd|sv)\\b|^(XOR|LFE5U.*|soc|group_\\d+)$|^1[38]"
                  "\\d\\d-"
                  "|^qt_|^QWidget|JEX Workbench|TarselSynthesis|Verilog|VHDL|count|ready");
         QStringList found;
         for (const QWidget *widget : widgetsOf(window)) {
             for (const QString &text : ownTexts(widget)) {
-                if (text.contains(word) && !text.contains(data))
+                if (text.contains(word) && !text.contains(data) && !isResource(text))
                     found << name + ": not translated: " + widget->metaObject()->className() + ' ' +
                                  widget->objectName() + ": " + text;
             }
