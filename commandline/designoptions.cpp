@@ -7,6 +7,7 @@
 
 #include "commandline/devicename.h"
 #include "elaboration/tools/toollimits.h"
+#include "host/absolutepath.h"
 #include "host/designmanager.h"
 #include "host/filelist.h"
 #include "host/foreignproject.h"
@@ -22,7 +23,7 @@ QStringList absolutePaths(const QStringList &paths)
 {
     QStringList result;
     for (const QString &path : paths)
-        result << QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+        result << QUtil::absoluteIn(QDir::currentPath(), path);
     return result;
 }
 

@@ -51,6 +51,11 @@ void showPortRows(QTreeWidgetItem *port, const QList<JEX::SignalItem> &items)
     port->setExpanded(isExpanded);
 }
 
+bool isChecked(const QModelIndex &box)
+{
+    return box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+}
+
 } // namespace
 
 TriggerOptionWidget::TriggerOptionWidget(JEX::AoCore *core, QUARRY::RtlNetlist *netlist, QWidget *parent)
@@ -341,8 +346,7 @@ void TriggerOptionWidget::toggleUnit()
 {
     const QModelIndex box =
         m_units->index(m_ui->tableMu->currentIndex().row(), JEX::MatchUnitModel::EnabledColumn);
-    const bool enabled = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    m_units->setData(box, enabled ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    m_units->setData(box, isChecked(box) ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 // Units show how wide their port is, and whether their value still fits it.
@@ -416,10 +420,7 @@ int TriggerOptionWidget::checkedUnits() const
 {
     int count = 0;
     for (int row = 0; row < m_units->rowCount(); ++row)
-        count += m_units->index(row, JEX::MatchUnitModel::EnabledColumn).data(Qt::CheckStateRole).toInt() ==
-                         Qt::Checked
-                     ? 1
-                     : 0;
+        count += isChecked(m_units->index(row, JEX::MatchUnitModel::EnabledColumn));
     return count;
 }
 
